@@ -1,0 +1,21 @@
+# What every target of the project is compiled with: all warnings on and fatal, sanitizers where asked for.
+
+function(drukkeuring_compile_options target)
+  target_compile_options(${target} PRIVATE
+    -Wall -Wextra -Wconversion -Wsign-conversion -Wshadow -Werror)
+  if(DRUKKEURING_SANITIZE)
+    target_compile_options(${target} PRIVATE -fsanitize=address,undefined -fno-sanitize-recover=undefined
+                           -fno-omit-frame-pointer)
+    target_link_options(${target} PRIVATE -fsanitize=address,undefined)
+  endif()
+endfunction()
+
+# A library of one folder of src/. Headers are named from src/ on ("payment/Iban.h"), so a reader sees the
+# folder that a name comes from.
+function(drukkeuring_library name)
+  cmake_parse_arguments(ARG "" "" "SOURCES;DEPENDS" ${ARGN})
+  add_library(${name} STATIC ${ARG_SOURCES})
+  target_include_directories(${name} PUBLIC ${CMAKE_SOURCE_DIR}/src)
+  target_link_libraries(${name} PUBLIC ${ARG_DEPENDS})
+  drukkeuring_compile_options(${name})
+endfunction()

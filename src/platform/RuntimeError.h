@@ -1,0 +1,31 @@
+#pragma once
+
+#include <stdexcept>
+#include <string>
+
+namespace platform {
+
+/// A failing operation of the machine (printer, spooler, store, window system) or a conversion that does not
+/// fit, as one type with the number that users and support know it by. Callers that promise to go on all the
+/// same do so through Resume(); everybody else lets it pass.
+class RuntimeError : public std::runtime_error {
+  public:
+    RuntimeError(int number, const std::string& description)
+        : std::runtime_error(description), number_(number) {}
+
+    int Number() const noexcept { return number_; }
+    std::string Description() const { return what(); }
+
+  private:
+    int number_;
+};
+
+// The numbers that the program tells apart or raises itself.
+inline constexpr int ErrorOverflow = 6;
+inline constexpr int ErrorSubscriptOutOfRange = 9;
+inline constexpr int ErrorTypeMismatch = 13;
+inline constexpr int ErrorInvalidPropertyValue = 380;
+inline constexpr int ErrorDuplicateKey = 457;
+inline constexpr int ErrorPrinter = 482;
+
+} // namespace platform
