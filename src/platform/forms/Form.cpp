@@ -1,0 +1,240 @@
+#include "platform/forms/Form.h"
+
+#include <algorithm>
+#include <utility>
+
+#include "platform/Desktop.h"
+#include "platform/forms/CommandButton.h"
+
+namespace forms {
+
+Form::Form(Session& session, std::string name) : session_(session), name_(std::move(name)) {}
+
+Form::~Form() {
+    std::erase(session_.forms_, this);
+    std::erase(session_.modal_, this);
+}
+
+void Form::TellPeer() {
+    if (peer_) {
+        peer_->FormChanged();
+    }
+}
+
+void Form::SetCaption(const std::string& caption) {
+    caption_ = caption;
+    TellPeer();
+}
+
+void Form::Move(double left, double top) {
+    left_ = left;
+    top_ = top;
+    placed_ = true;
+    TellPeer();
+}
+
+void Form::Resize(double width, double height) {
+    if (width == width_ && height == height_) {
+        return;
+    }
+    width_ = width;
+    height_ = height;
+    TellPeer();
+    if (loaded_) {
+        Dispatch([this] { OnResize(); });
+    }
+}
+
+void Form::UserResize(double width, double height) {
+    if (width == width_ && height == height_) {
+        return;
+    }
+    width_ = width;
+    height_ = height;
+    Dispatch([this] { OnResize(); });
+}
+
+void Form::Load() {
+    if (loaded_) {
+        return;
+    }
+    loaded_ = true;
+    session_.forms_.push_back(this);
+    peer_ = session_.Desktop().CreatePeer(*this);
+    OnLoad();
+    Dispatch([this] { OnResize(); });
+}
+
+void Form::Show() {
+    Load();
+    if (visible_ || !loaded_) {
+        return;
+    }
+    visible_ = true;
+    peer_->Show(session_.ModalForm() == this);
+    Dispatch([this] { OnActivate(); });
+    if (active_ == nullptr) {
+        if (Control* first = NextInTabOrder(false)) {
+            MoveFocus(*first);
+        }
+    }
+}
+
+void Form::ShowModal() {
+    Load();
+    if (visible_ || !loaded_) {
+        return;
+    }
+    session_.modal_.push_back(this);
+    Show();
+    if (visible_) {
+        session_.Desktop().RunModal(*this);
+    }
+    std::erase(session_.modal_, this);
+}
+
+bool Form::Unload() {
+    if (!loaded_ || unloading_) {
+        return true;
+    }
+    unloading_ = true;
+    bool agreed = true;
+    Dispatch([&] { agreed = OnQueryUnload(); });
+    if (agreed) {
+        Dispatch([this] { OnUnload(); });
+        visible_ = false;
+        loaded_ = false;
+        active_ = nullptr;
+        std::erase(session_.forms_, this);
+        std::erase(session_.modal_, this);
+        peer_->Hide();
+    }
+    unloading_ = false;
+    return agreed;
+}
+
+void Form::Afdrukken(std::int16_t /*iMethod*/, std::int16_t /*num_copies*/, bool /*blnPrintPreview*/) {
+    throw platform::RuntimeError(438, "Object doesn't support this property or method");
+}
+
+bool Form::MoveFocus(Control& control) {
+    if (active_ == &control) {
+        return true;
+    }
+    if (!visible_ || !control.CanFocus()) {
+        return false;
+    }
+    Control* previous = active_;
+    active_ = &control;
+    peer_->FocusMoved(active_);
+    if (previous != nullptr) {
+        previous->LostFocus();
+    }
+    if (active_ == &control) {
+        control.GotFocus();
+    }
+    return active_ == &control;
+}
+
+Control* Form::NextInTabOrder(bool backward) const {
+    std::vector<Control*> order;
+    std::copy_if(controls_.begin(), controls_.end(), std::back_inserter(order),
+                 [this](const Control* control) { return control == active_ || control->CanFocus(); });
+    std::stable_sort(order.begin(), order.end(),
+                     [](const Control* a, const Control* b) { return a->TabIndex() < b->TabIndex(); });
+    if (backward) {
+        std::reverse(order.begin(), order.end());
+    }
+    if (order.empty()) {
+        return nullptr;
+    }
+    const auto present = std::find(order.begin(), order.end(), active_);
+    const auto next = present == order.end() ? order.begin() : std::next(present);
+    Control* candidate = next == order.end() ? order.front() : *next;
+    return candidate->CanFocus() ? candidate : nullptr;
+}
+
+CommandButton* Form::ButtonFor(bool (*wanted)(const CommandButton&)) const {
+    for (Control* control : controls_) {
+        if (control->Kind() == ControlKind::CommandButton) {
+            auto* button = static_cast<CommandButton*>(control);
+            if (wanted(*button) && button->IsShown()) {
+                return button;
+            }
+        }
+    }
+    return nullptr;
+}
+
+void Form::UserKey(int virtualKey, bool shift) {
+    Dispatch([&] { OnKeyDown(virtualKey); });
+    if (!visible_) {
+        return;
+    }
+    switch (virtualKey) {
+    case 0:
+        break;
+    case platform::key::Escape:
+        if (CommandButton* button = ButtonFor([](const CommandButton& b) { return b.Cancel(); })) {
+            button->Press();
+        }
+        break;
+    case platform::key::Enter: {
+        const bool onButton = active_ != nullptr && active_->Kind() == ControlKind::CommandButton;
+        CommandButton* button = onButton ? static_cast<CommandButton*>(active_)
+                                         : ButtonFor([](const CommandButton& b) { return b.Default(); });
+        if (button != nullptr) {
+            button->Press();
+        }
+        break;
+    }
+    case platform::key::Tab:
+        if (Control* next = NextInTabOrder(shift)) {
+            MoveFocus(*next);
+        }
+        break;
+    case platform::key::Backspace:
+    case ' ':
+        UserCharacter(static_cast<char32_t>(virtualKey));
+        break;
+    default:
+        if (virtualKey >= '0' && virtualKey <= '9') {
+            UserCharacter(static_cast<char32_t>(virtualKey));
+        } else if (virtualKey >= 'A' && virtualKey <= 'Z') {
+            UserCharacter(static_cast<char32_t>(virtualKey + (shift ? 0 : 'a' - 'A')));
+        }
+        break;
+    }
+}
+
+void Form::UserCharacter(char32_t character) {
+    if (active_ != nullptr) {
+        active_->TypeKey(character);
+    }
+}
+
+void Form::ControlChanged(Control& control, Aspect aspect) {
+    if (peer_) {
+        peer_->ControlChanged(control, aspect);
+    }
+    if (aspect == Aspect::Visible || aspect == Aspect::Enabled) {
+        RescueFocus();
+    }
+}
+
+// A control that can no longer have the focus passes it on, as the window system does.
+void Form::RescueFocus() {
+    if (!visible_ || active_ == nullptr || active_->CanFocus()) {
+        return;
+    }
+    if (Control* next = NextInTabOrder(false)) {
+        MoveFocus(*next);
+        return;
+    }
+    Control* previous = active_;
+    active_ = nullptr;
+    peer_->FocusMoved(nullptr);
+    previous->LostFocus();
+}
+
+} // namespace forms

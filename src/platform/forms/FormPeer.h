@@ -1,0 +1,27 @@
+#pragma once
+
+#include <cstdint>
+
+#include "platform/forms/Control.h"
+
+namespace forms {
+
+/// The real window behind a form. The form tells it what the program has changed; it turns what the user does
+/// into the public User... calls of the controls and of the form. Peers are made when a form loads, with all its
+/// controls, and go with the form.
+class FormPeer {
+  public:
+    virtual ~FormPeer() = default;
+
+    virtual void ControlChanged(Control& control, Aspect aspect) = 0;
+    /// Caption, place or size of the form itself has changed.
+    virtual void FormChanged() = 0;
+    virtual void Show(bool modal) = 0;
+    virtual void Hide() = 0;
+    /// The focus has moved to this control, or to none.
+    virtual void FocusMoved(Control* control) = 0;
+    /// Handle of the window, pointer-wide.
+    virtual std::uintptr_t Handle() = 0;
+};
+
+} // namespace forms

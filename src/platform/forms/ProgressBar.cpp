@@ -1,0 +1,15 @@
+#include "platform/forms/ProgressBar.h"
+
+#include "platform/RuntimeError.h"
+
+namespace forms {
+
+void ProgressBar::SetValue(int value) {
+    if (value < Min() || value > Max()) {
+        throw platform::RuntimeError(platform::ErrorInvalidPropertyValue, "Invalid property value");
+    }
+    value_ = value;
+    Changed(Aspect::Value);
+}
+
+} // namespace forms

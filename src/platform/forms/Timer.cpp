@@ -1,0 +1,13 @@
+#include "platform/forms/Timer.h"
+
+#include "platform/forms/Form.h"
+
+namespace forms {
+
+void Timer::Tick() {
+    if (Enabled() && OnTimer) {
+        Owner().Dispatch(OnTimer);
+    }
+}
+
+} // namespace forms
