@@ -1,0 +1,154 @@
+#include "platform/memory/MemoryPrinter.h"
+
+#include "platform/RuntimeError.h"
+
+namespace platform {
+
+namespace {
+constexpr double ownFontSize = 12;
+constexpr double twipsPerInch = 1440;
+constexpr std::int16_t portrait = 1;
+constexpr std::int16_t landscape = 2;
+constexpr const char* printerError = "Printer error";
+constexpr const char* invalidValue = "Invalid property value";
+} // namespace
+
+PrintQueue& MemoryPrinter::Current() {
+    if (index_ < 0) {
+        throw RuntimeError(ErrorPrinter, printerError);
+    }
+    return printers_.Queue(index_);
+}
+
+void MemoryPrinter::Take(int index) {
+    const PrintQueue& queue = printers_.Queue(index);
+    index_ = index;
+    settings_ = queue.Defaults;
+    Drawing = {0, 0, {queue.Font, ownFontSize, false}};
+}
+
+void MemoryPrinter::TakeDefault() {
+    if (index_ < 0) {
+        Take(0);
+    }
+}
+
+void MemoryPrinter::Assign(int index) {
+    recorder_.RaiseFailure("Printer", ErrorPrinter, printerError);
+    Take(index);
+    recorder_.Record(
+        {"set", {{"object", "Printer"}, {"property", "Printer"}, {"value", printers_.Queue(index).Name}}});
+}
+
+void MemoryPrinter::RecordSet(const char* property, std::int16_t value) {
+    recorder_.Record({"set", {{"object", "Printer"}, {"property", property}, {"value", value}}});
+}
+
+std::string MemoryPrinter::DeviceName() {
+    recorder_.RaiseFailure("DeviceName", ErrorPrinter, printerError);
+    return Current().Name;
+}
+
+std::string MemoryPrinter::Port() {
+    return Current().Port;
+}
+
+std::int16_t MemoryPrinter::Orientation() {
+    Current();
+    return settings_.Orientation;
+}
+
+void MemoryPrinter::SetOrientation(std::int16_t orientation) {
+    Current();
+    recorder_.RaiseFailure("Orientation", ErrorInvalidPropertyValue, invalidValue);
+    if (orientation != portrait && orientation != landscape) {
+        throw RuntimeError(ErrorInvalidPropertyValue, invalidValue);
+    }
+    settings_.Orientation = orientation;
+    RecordSet("Orientation", orientation);
+}
+
+std::int16_t MemoryPrinter::PaperSize() {
+    Current();
+    return settings_.PaperSize;
+}
+
+void MemoryPrinter::SetPaperSize(std::int16_t paper) {
+    Current();
+    recorder_.RaiseFailure("PaperSize", ErrorInvalidPropertyValue, invalidValue);
+    settings_.PaperSize = paper;
+    RecordSet("PaperSize", paper);
+}
+
+std::int16_t MemoryPrinter::PaperBin() {
+    Current();
+    return settings_.DefaultSource;
+}
+
+void MemoryPrinter::SetPaperBin(std::int16_t bin) {
+    Current();
+    recorder_.RaiseFailure("PaperBin", ErrorInvalidPropertyValue, invalidValue);
+    settings_.DefaultSource = bin;
+    RecordSet("PaperBin", bin);
+}
+
+std::int16_t MemoryPrinter::Copies() {
+    Current();
+    recorder_.RaiseFailure("Copies", ErrorPrinter, printerError);
+    return settings_.Copies;
+}
+
+Dots MemoryPrinter::Turned(Dots upright) {
+    return settings_.Orientation == landscape ? Dots{upright.Y, upright.X} : upright;
+}
+
+double MemoryPrinter::Twips(int dots) {
+    return dots * twipsPerInch / Current().Dpi;
+}
+
+double MemoryPrinter::Width() {
+    return Twips(Turned(Current().Sheet).X);
+}
+
+double MemoryPrinter::Height() {
+    return Twips(Turned(Current().Sheet).Y);
+}
+
+double MemoryPrinter::ScaleLeft() {
+    Current();
+    recorder_.RaiseFailure("ScaleLeft", ErrorPrinter, printerError);
+    return 0;
+}
+
+double MemoryPrinter::ScaleTop() {
+    Current();
+    recorder_.RaiseFailure("ScaleTop", ErrorPrinter, printerError);
+    return 0;
+}
+
+double MemoryPrinter::ScaleWidth() {
+    recorder_.RaiseFailure("ScaleWidth", ErrorPrinter, printerError);
+    return Twips(Turned(Current().Printable).X);
+}
+
+double MemoryPrinter::ScaleHeight() {
+    recorder_.RaiseFailure("ScaleHeight", ErrorPrinter, printerError);
+    return Twips(Turned(Current().Printable).Y);
+}
+
+int MemoryPrinter::GetDeviceCaps(int item) {
+    recorder_.RaiseFailure("GetDeviceCaps", ErrorPrinter, printerError);
+    switch (item) {
+    case CapsLogPixelsX:
+    case CapsLogPixelsY:
+        return Current().Dpi;
+    case CapsPhysicalOffsetX:
+        return Turned(Current().Offset).X;
+    case CapsPhysicalOffsetY:
+        return Turned(Current().Offset).Y;
+    default:
+        return 0;
+    }
+}
+
+} // namespace platform

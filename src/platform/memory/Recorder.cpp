@@ -1,0 +1,69 @@
+#include "platform/memory/Recorder.h"
+
+#include <algorithm>
+#include <iterator>
+
+#include "platform/RuntimeError.h"
+
+namespace platform {
+
+namespace {
+
+constexpr std::string_view callsThatCanFail[] = {
+    "OpenPrinterA",
+    "ClosePrinter",
+    "DocumentPropertiesA",
+    "GetPrinterA",
+    "SetPrinterA",
+    "RegOpenKeyA",
+    "DeviceCapabilitiesA",
+    "RegQueryValueExA",
+    "RegCloseKey",
+    "RegSetValueExA",
+    "MeasureText",
+    "DrawText",
+    "DrawLine",
+    "NewPage",
+    "EndDocument",
+    "Printer",
+    "Orientation",
+    "PaperSize",
+    "PaperBin",
+    "Copies",
+    "ScaleLeft",
+    "ScaleTop",
+    "ScaleWidth",
+    "ScaleHeight",
+    "GetDeviceCaps",
+    "DeviceName",
+    "Printers",
+    "GetLocaleInfoA",
+};
+
+} // namespace
+
+bool Recorder::Fail(std::string_view call, int count) {
+    if (std::find(std::begin(callsThatCanFail), std::end(callsThatCanFail), call) ==
+        std::end(callsThatCanFail)) {
+        return false;
+    }
+    failures_[std::string(call)] = count;
+    return true;
+}
+
+bool Recorder::TakeFailure(std::string_view call) {
+    const auto found = failures_.find(call);
+    if (found == failures_.end() || found->second <= 0) {
+        return false;
+    }
+    --found->second;
+    return true;
+}
+
+void Recorder::RaiseFailure(std::string_view call, int number, const char* description) {
+    if (TakeFailure(call)) {
+        throw RuntimeError(number, description);
+    }
+}
+
+} // namespace platform

@@ -1,0 +1,38 @@
+#pragma once
+
+#include <array>
+#include <map>
+#include <string>
+#include <string_view>
+#include <utility>
+
+#include "platform/memory/Event.h"
+
+namespace platform {
+
+/// What all parts of the memory platform share: where events go, and which calls are to fail.
+class Recorder {
+  public:
+    /// Receives each event as it happens; events without a sink are lost.
+    EventSink Sink;
+
+    void Record(const Event& event) const {
+        if (Sink) {
+            Sink(event);
+        }
+    }
+
+    /// Lets the next `count` calls of this name fail. False if no such call can fail.
+    bool Fail(std::string_view call, int count = 1);
+
+    /// True if this call is to fail; counts it.
+    bool TakeFailure(std::string_view call);
+
+    /// TakeFailure, raised as an error with this number and description.
+    void RaiseFailure(std::string_view call, int number, const char* description);
+
+  private:
+    std::map<std::string, int, std::less<>> failures_;
+};
+
+} // namespace platform
