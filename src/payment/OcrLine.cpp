@@ -1,0 +1,74 @@
+#include "payment/OcrLine.h"
+
+#include "payment/CheckDigits.h"
+#include "platform/Numbers.h"
+#include "platform/Text.h"
+
+namespace payment {
+
+namespace text = platform::text;
+
+namespace {
+
+constexpr std::size_t referenceWidth = 16; // check digit and 15 digits
+constexpr std::size_t amountWidth = 9;     // euros, cents and check digit
+constexpr std::int16_t euroWidth = 6;
+constexpr std::size_t centWidth = 2;
+constexpr std::size_t groupWidth = 4;
+
+// Exactly `width` characters: the last ones, or with zeros put in front.
+void FitRight(std::string& tekst, std::size_t width) {
+    tekst.erase(0, tekst.size() - text::Right(tekst, width).size());
+    const std::size_t length = text::Length(tekst);
+    tekst.insert(0, width - length, '0');
+}
+
+void MakeReference(std::string_view kenmerk, std::string& reference) {
+    reference.assign(kenmerk);
+    reference.insert(0, KenmerkControle(reference));
+    FitRight(reference, referenceWidth);
+    reference.push_back('+');
+}
+
+void MakeAmount(std::string_view euro, std::string_view cent, std::string& amount) {
+    amount.assign(cent).append("000");
+    amount.erase(text::Left(amount, centWidth).size());
+    amount.insert(0, NulVulling(platform::Int32OfText(euro), euroWidth));
+    amount.append(BedragControle(amount));
+    if (platform::NumericValue(amount) == 0) {
+        amount.clear();
+        return;
+    }
+    FitRight(amount, amountWidth);
+    amount.push_back('<');
+}
+
+void MakeClosed(std::string_view tekst, std::string& field) {
+    field.assign(tekst);
+    if (!field.empty()) {
+        field.push_back('+');
+    }
+}
+
+void MakeGroups(std::string_view reference, std::string& grouped) {
+    grouped.clear();
+    for (std::size_t start = 1; start <= referenceWidth; start += groupWidth) {
+        if (!grouped.empty()) {
+            grouped.push_back(' ');
+        }
+        grouped.append(text::Mid(reference, start, groupWidth));
+    }
+}
+
+} // namespace
+
+void MakeOcrLine(const OcrValues& values, OcrLine& line) {
+    MakeReference(values.kenmerk, line.reference);
+    MakeAmount(values.euro, values.cent, line.amount);
+    MakeClosed(values.bic, line.bic);
+    MakeClosed(values.contractVorm == contractWithoutAccount ? std::string_view() : values.rekening,
+               line.account);
+    MakeGroups(line.reference, line.groupedReference);
+}
+
+} // namespace payment

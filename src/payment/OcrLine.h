@@ -1,0 +1,55 @@
+#pragma once
+
+#include <array>
+#include <cstdint>
+#include <string>
+#include <string_view>
+
+namespace payment {
+
+/// What one form's OCR line is made of.
+struct OcrValues {
+    std::string_view kenmerk;  ///< the 15 digits of MaakBetalingskenmerk
+    std::string_view euro;     ///< whole euros; empty counts as "0"
+    std::string_view cent;     ///< one or two digits; "5" counts as "50"
+    std::string_view rekening; ///< the creditor's account as stored, or empty
+    std::string_view bic;      ///< the creditor's BIC, or empty
+    std::int16_t contractVorm = 0;
+};
+
+/// The content of one OCR line, field by field, each with its closing mark. A record that is used from form
+/// to form keeps its memory, so a run allocates for its first form only.
+struct OcrLine {
+    std::string mark = "X";
+    std::string reference; ///< check digit, the digits, "+"
+    std::string amount;    ///< 6 digits of euros, 2 of cents, check digit, "<"; empty for an amount of 0
+    std::string bic;       ///< with "+", or empty
+    std::string account;   ///< with "+", or empty
+    std::string trailer = "17>";
+
+    std::string
+        groupedReference; ///< the reference for the reader's eye: four groups of four, without the "+"
+};
+
+/// Fills `line`. RuntimeError with ErrorOverflow if the euros do not fit 32 bits; `line` then holds no line.
+void MakeOcrLine(const OcrValues& values, OcrLine& line);
+
+/// Where each field stands on the form, left to right, in centimetres from the form's left edge. The scheme's
+/// form fixes each place by itself: a field that is absent or short moves no other.
+struct OcrField {
+    double xCm;
+    std::string OcrLine::*text;
+};
+inline constexpr std::array<OcrField, 6> ocrFields = {{
+    {3.2, &OcrLine::mark},
+    {4.45, &OcrLine::reference},
+    {9.02, &OcrLine::amount},
+    {11.82, &OcrLine::bic},
+    {14.37, &OcrLine::account},
+    {19.48, &OcrLine::trailer},
+}};
+
+/// The contract form under which the bank's reader is given no account.
+inline constexpr std::int16_t contractWithoutAccount = 2;
+
+} // namespace payment

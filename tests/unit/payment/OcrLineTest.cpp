@@ -1,0 +1,150 @@
+#include "payment/OcrLine.h"
+
+#include "HostileTexts.h"
+#include "payment/Iban.h"
+#include "platform/RuntimeError.h"
+#include "platform/Text.h"
+
+#include <gtest/gtest.h>
+
+#include <string>
+#include <vector>
+
+namespace payment {
+namespace {
+
+OcrValues UsualValues() {
+    return {.kenmerk = "100000012010326",
+            .euro = "123",
+            .cent = "45",
+            .rekening = "NL13ABNA0500000018",
+            .bic = "ABNANL2A",
+            .contractVorm = 31};
+}
+
+OcrLine Made(const OcrValues& values) {
+    OcrLine line;
+    MakeOcrLine(values, line);
+    return line;
+}
+
+std::string AmountOf(std::string_view euro, std::string_view cent) {
+    OcrValues values = UsualValues();
+    values.euro = euro;
+    values.cent = cent;
+    return Made(values).amount;
+}
+
+TEST(OcrLine, HoldsTheFieldsInTheirOrder) {
+    const OcrLine line = Made(UsualValues());
+    std::vector<std::string> texts;
+    std::vector<double> places;
+    for (const OcrField& field : ocrFields) {
+        texts.push_back(line.*field.text);
+        places.push_back(field.xCm);
+    }
+    EXPECT_EQ(texts, (std::vector<std::string>{"X", "7100000012010326+", "000123457<", "ABNANL2A+",
+                                               "NL13ABNA0500000018+", "17>"}));
+    EXPECT_EQ(places, (std::vector<double>{3.2, 4.45, 9.02, 11.82, 14.37, 19.48}));
+}
+
+TEST(OcrLine, GroupsTheReferenceForTheReader) {
+    EXPECT_EQ(Made(UsualValues()).groupedReference, "7100 0000 1201 0326");
+}
+
+TEST(OcrLine, FillsAShortReferenceAndCutsALongOne) {
+    OcrValues values = UsualValues();
+    values.kenmerk = "5";
+    EXPECT_EQ(Made(values).reference, "0000000000000015+");
+    values.kenmerk = " 5 ";
+    EXPECT_EQ(Made(values).reference, "0000000000000015+");
+    values.kenmerk = "99100000012010326";
+    EXPECT_EQ(Made(values).reference, "9100000012010326+");
+}
+
+TEST(OcrLineAmount, HasTwoDigitsOfCents) {
+    EXPECT_EQ(AmountOf("123", "45"), "000123457<");
+    EXPECT_EQ(AmountOf("0", "5"), AmountOf("", "50"));
+    EXPECT_EQ(AmountOf("0", "5").substr(0, 8), "00000050");
+    EXPECT_EQ(AmountOf("1", "07").substr(0, 8), "00000107");
+    EXPECT_EQ(AmountOf("1", "").substr(0, 8), "00000100");
+    EXPECT_EQ(AmountOf("1", "459").substr(0, 8), "00000145");
+}
+
+TEST(OcrLineAmount, LosesDigitsOfTooManyEuros) {
+    EXPECT_EQ(AmountOf("1234567", "89").substr(0, 8), "12345689");
+    EXPECT_THROW(AmountOf("99999999999", "00"), platform::RuntimeError);
+}
+
+TEST(OcrLineAmount, IsAbsentForAnAmountOfZero) {
+    OcrValues values = UsualValues();
+    values.euro = "";
+    values.cent = "";
+    const OcrLine line = Made(values);
+    EXPECT_EQ(line.amount, "");
+    EXPECT_EQ(line.reference, "7100000012010326+");
+    EXPECT_EQ(line.bic, "ABNANL2A+");
+    EXPECT_EQ(line.account, "NL13ABNA0500000018+");
+    EXPECT_EQ(line.trailer, "17>");
+    EXPECT_EQ(AmountOf("0", "00"), "");
+    EXPECT_EQ(AmountOf("x", "0"), "");
+}
+
+TEST(OcrLine, LacksTheBicOfAnUnknownBankOnly) {
+    OcrValues values = UsualValues();
+    values.rekening = "NL71ZZZZ0500000018";
+    values.bic = IBAN2BIC(values.rekening);
+    const OcrLine line = Made(values);
+    EXPECT_EQ(line.bic, "");
+    EXPECT_EQ(line.account, "NL71ZZZZ0500000018+");
+}
+
+TEST(OcrLine, HasNoFieldForAnAccountThatIsMissing) {
+    OcrValues values = UsualValues();
+    values.rekening = "";
+    EXPECT_EQ(Made(values).account, "");
+}
+
+TEST(OcrLine, GivesNoAccountUnderTheContractWithoutOne) {
+    OcrValues values = UsualValues();
+    values.contractVorm = 2;
+    const OcrLine line = Made(values);
+    EXPECT_EQ(line.account, "");
+    EXPECT_EQ(line.bic, "ABNANL2A+");
+    EXPECT_EQ(line.trailer, "17>");
+}
+
+TEST(OcrLine, KeepsNothingOfTheFormBefore) {
+    OcrLine line;
+    MakeOcrLine(UsualValues(), line);
+    MakeOcrLine({.kenmerk = "", .euro = "", .cent = "", .rekening = "", .bic = ""}, line);
+    EXPECT_EQ(line.reference, "0000000000000000+");
+    EXPECT_EQ(line.groupedReference, "0000 0000 0000 0000");
+    EXPECT_EQ(line.amount, "");
+    EXPECT_EQ(line.bic, "");
+    EXPECT_EQ(line.account, "");
+    MakeOcrLine(UsualValues(), line);
+    EXPECT_EQ(line.reference, "7100000012010326+");
+}
+
+TEST(OcrLine, StandsHostileTexts) {
+    for (const std::string& text : HostileTexts()) {
+        OcrValues values{.kenmerk = text, .euro = "1", .cent = text, .rekening = text, .bic = text};
+        OcrLine line;
+        MakeOcrLine(values, line);
+        EXPECT_EQ(platform::text::Length(line.reference), 17U);
+        EXPECT_EQ(platform::text::Length(line.groupedReference), 19U);
+        EXPECT_LE(platform::text::Length(line.amount), 10U);
+        EXPECT_EQ(line.account, text.empty() ? "" : text + "+");
+
+        values.euro = text;
+        try {
+            MakeOcrLine(values, line);
+        } catch (const platform::RuntimeError& error) {
+            EXPECT_EQ(error.Number(), platform::ErrorOverflow);
+        }
+    }
+}
+
+} // namespace
+} // namespace payment

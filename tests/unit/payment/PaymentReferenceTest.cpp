@@ -1,0 +1,49 @@
+#include "payment/PaymentReference.h"
+
+#include "HostileTexts.h"
+#include "platform/RuntimeError.h"
+
+#include <gtest/gtest.h>
+
+namespace payment {
+namespace {
+
+TEST(MaakBetalingskenmerk, HasFifteenDigits) {
+    EXPECT_EQ(MaakBetalingskenmerk("00000012", "1", "03", "2026"), "100000012010326");
+    EXPECT_EQ(MaakBetalingskenmerk("00030000", "1", "12", "1999"), "100030000011299");
+}
+
+TEST(MaakBetalingskenmerk, ChangesTheKindForADocumentNumberOfZero) {
+    EXPECT_EQ(MaakBetalingskenmerk("00000000", "1", "03", "2026"), "100000000000326");
+    EXPECT_EQ(MaakBetalingskenmerk("-5", "1", "03", "2026"), "1000000-5000326");
+}
+
+TEST(MaakBetalingskenmerk, PutsZerosForWhatIsMissing) {
+    EXPECT_EQ(MaakBetalingskenmerk("12", "", "", ""), "100000012000000");
+    EXPECT_EQ(MaakBetalingskenmerk("12", "-1", "-1", "-1"), "100000012000000");
+    EXPECT_EQ(MaakBetalingskenmerk("12", "1", "3", "5"), "10000001201035"); // the year is not filled up
+}
+
+TEST(MaakBetalingskenmerk, CutsLongNumbers) {
+    EXPECT_EQ(MaakBetalingskenmerk("123456789", "123", "123", "12026"), "112345678121226");
+}
+
+TEST(MaakBetalingskenmerk, RefusesANumberBeyondThirtyTwoBits) {
+    EXPECT_THROW(MaakBetalingskenmerk("99999999999", "1", "03", "2026"), platform::RuntimeError);
+    EXPECT_THROW(MaakBetalingskenmerk("1", "99999999999", "03", "2026"), platform::RuntimeError);
+    EXPECT_THROW(MaakBetalingskenmerk("1", "1", "99999999999", "2026"), platform::RuntimeError);
+}
+
+TEST(MaakBetalingskenmerk, StandsHostileTexts) {
+    for (const std::string& text : HostileTexts()) {
+        try {
+            MaakBetalingskenmerk(text, text, text, text);
+        } catch (const platform::RuntimeError& error) {
+            EXPECT_EQ(error.Number(), platform::ErrorOverflow);
+        }
+        EXPECT_EQ(MaakBetalingskenmerk("12", "1", "03", "1" + text).substr(0, 13), "1000000120103");
+    }
+}
+
+} // namespace
+} // namespace payment
