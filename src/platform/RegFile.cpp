@@ -1,0 +1,192 @@
+#include "platform/RegFile.h"
+
+#include "platform/RegistryKeys.h"
+#include "platform/Text.h"
+
+#include <algorithm>
+#include <utility>
+#include <vector>
+
+namespace platform {
+namespace {
+
+constexpr std::uint32_t typeText = 1;
+constexpr std::uint32_t typeExpandable = 2;
+constexpr std::uint32_t typeSeveralTexts = 7;
+
+constexpr std::size_t maximumDepth = 512; // levels of keys that Windows allows
+
+bool IsControl(char c) {
+    return static_cast<unsigned char>(c) < 0x20 || c == 0x7F;
+}
+
+bool HasControls(std::string_view text) {
+    return std::any_of(text.begin(), text.end(), IsControl);
+}
+
+std::string Quoted(std::string_view text) {
+    return '"' + regfile::Escaped(text) + '"';
+}
+
+} // namespace
+
+bool IsTextType(std::uint32_t type) {
+    return type == typeText || type == typeExpandable || type == typeSeveralTexts;
+}
+
+RegFile::RegFile(std::string bytes) : bytes_(std::move(bytes)), encoding_(bytes_) {
+    Read();
+}
+
+void RegFile::Read() {
+    const std::string text = encoding_.Narrow(bytes_, {0, encoding_.Units(bytes_)});
+    const std::size_t firstEnd = text.find('\n');
+    lineEnd_ = firstEnd != std::string::npos && (firstEnd == 0 || text[firstEnd - 1] != '\r') ? "\n" : "\r\n";
+
+    Key* key = nullptr;
+    for (std::size_t at = 0; at < text.size(); at = regfile::NextLine(text, at)) {
+        at = regfile::SkipBlanks(text, at);
+        if (at == text.size()) {
+            break;
+        }
+        if (text[at] == '[') {
+            key = ReadHeader(text, at);
+        } else if (key != nullptr && (text[at] == '"' || text[at] == '@')) {
+            ReadEntry(text, at, *key);
+        }
+    }
+}
+
+/// The key that the values below belong to: none below a damaged line or a key taken away.
+RegFile::Key* RegFile::ReadHeader(std::string_view text, std::size_t at) {
+    const std::optional<regfile::Header> header = regfile::ReadHeader(text, at);
+    if (!header) {
+        return nullptr;
+    }
+    const std::string path = FoldedName(encoding_.Decode(bytes_, header->path));
+    const std::vector<std::string_view> names = KeyNames(path);
+    if (names.empty() || names.size() > maximumDepth) {
+        return nullptr;
+    }
+    Key* key = &root_;
+    if (header->deletes) {
+        for (std::size_t i = 0; i + 1 < names.size(); ++i) {
+            const auto found = key->keys.find(names[i]);
+            if (found == key->keys.end()) {
+                return nullptr;
+            }
+            key = found->second.get();
+        }
+        const auto found = key->keys.find(names.back());
+        if (names.size() > 1 && found != key->keys.end()) { // a root cannot be taken away
+            key->keys.erase(found);
+        }
+        return nullptr;
+    }
+    for (const std::string_view name : names) {
+        std::unique_ptr<Key>& child = key->keys[std::string(name)];
+        if (!child) {
+            child = std::make_unique<Key>();
+        }
+        key = child.get();
+    }
+    key->end = regfile::LineEnd(text, at);
+    return key;
+}
+
+void RegFile::ReadEntry(std::string_view text, std::size_t& at, Key& key) const {
+    const std::optional<regfile::Entry> entry = regfile::ReadEntry(text, at);
+    if (!entry) {
+        return;
+    }
+    const std::string name = FoldedName(regfile::Unescaped(encoding_.Decode(bytes_, entry->name)));
+    if (entry->notation == regfile::Notation::Deleted) {
+        key.values.erase(name);
+    } else {
+        key.values.insert_or_assign(name, Value{entry->notation, entry->type, entry->data});
+    }
+    at = entry->data.end;
+    key.end = regfile::LineEnd(text, at);
+}
+
+const RegFile::Key* RegFile::FindKey(std::string_view path) const {
+    const std::string folded = FoldedName(path);
+    const Key* key = &root_;
+    for (const std::string_view name : KeyNames(folded)) {
+        const auto found = key->keys.find(name);
+        if (found == key->keys.end()) {
+            return nullptr;
+        }
+        key = found->second.get();
+    }
+    return key == &root_ ? nullptr : key;
+}
+
+bool RegFile::HasKey(std::string_view path) const {
+    return FindKey(path) != nullptr;
+}
+
+std::optional<RegValue> RegFile::Find(std::string_view path, std::string_view name) const {
+    const Key* key = FindKey(path);
+    if (key == nullptr) {
+        return std::nullopt;
+    }
+    const auto found = key->values.find(FoldedName(name));
+    if (found == key->values.end()) {
+        return std::nullopt;
+    }
+    const Value& value = found->second;
+    if (value.notation == regfile::Notation::Quoted) {
+        const regfile::Span inside{value.data.begin + 1, value.data.end - 1};
+        return RegValue{value.type, regfile::Unescaped(encoding_.Decode(bytes_, inside)) + '\0'};
+    }
+    const std::string data = encoding_.Narrow(bytes_, value.data);
+    if (value.notation == regfile::Notation::Dword) {
+        return RegValue{value.type, regfile::DwordBytes(data)};
+    }
+    const std::string bytes = regfile::HexBytes(data);
+    return RegValue{value.type, IsTextType(value.type) ? encoding_.DecodeHex(bytes) : bytes};
+}
+
+/// A plain text goes between quotes; what a line of text cannot hold goes out byte by byte.
+std::string RegFile::Notation(const RegValue& value) const {
+    const std::string_view data = value.data;
+    if (value.type == typeText && data.ends_with('\0') && !HasControls(data.substr(0, data.size() - 1))) {
+        return Quoted(data.substr(0, data.size() - 1));
+    }
+    const std::string bytes = IsTextType(value.type) ? encoding_.EncodeHex(data) : value.data;
+    return regfile::HexNotation(value.type, bytes, lineEnd_);
+}
+
+std::optional<std::string> RegFile::WithValue(std::string_view path, std::string_view name,
+                                              const RegValue& value) const {
+    const Key* key = FindKey(path);
+    if (key == nullptr || HasControls(name) || text::Length(name) > regfile::MaximumName) {
+        return std::nullopt;
+    }
+    const auto found = key->values.find(FoldedName(name));
+    if (found != key->values.end()) {
+        return Replaced(found->second.data, Notation(value));
+    }
+    const std::string line = (name.empty() ? std::string("@") : Quoted(name)) + '=' + Notation(value);
+    if (key->end) {
+        return Replaced({*key->end, *key->end}, lineEnd_ + line);
+    }
+    const std::size_t units = encoding_.Units(bytes_);
+    const bool lineIsOpen = encoding_.Narrow(bytes_, {units - 1, units}) != "\n";
+    std::string section = (lineIsOpen ? lineEnd_ : "") + lineEnd_ + '[';
+    const char* separator = "";
+    for (const std::string_view keyName : KeyNames(path)) {
+        section.append(separator).append(keyName);
+        separator = "\\";
+    }
+    return Replaced({units, units}, section + ']' + lineEnd_ + line + lineEnd_);
+}
+
+std::string RegFile::Replaced(regfile::Span span, std::string_view utf8) const {
+    std::string bytes = bytes_.substr(0, encoding_.Offset(span.begin));
+    bytes += encoding_.Encode(utf8);
+    return bytes.append(bytes_, encoding_.Offset(span.end));
+}
+
+} // namespace platform
