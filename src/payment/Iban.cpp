@@ -17,7 +17,6 @@ constexpr std::size_t shortestIban = 10;
 constexpr std::size_t headLength = 4;     // country and check digits, which move behind the rest for the test
 constexpr std::size_t bankCodeLength = 4; // the letters of a BIC that name the bank
 constexpr std::int16_t largestDivisor = 1000;
-constexpr std::string_view marksBetween = R"(/:\+-*)";
 
 // In alphabetical order, so that a bank is found by halving. A bank's code is the first four letters of its
 // BIC.
@@ -37,39 +36,52 @@ bool IsFigure(char c) {
 }
 
 // Remainder of a number that is taken in from its front. A number of any length is reduced on the way, each
-// time before the next digit could pass 64 bits.
+// time before the next two digits could pass 64 bits.
 class Remainder {
   public:
     explicit Remainder(std::uint64_t divisor) : divisor_(divisor) {}
 
-    void AppendDigit(unsigned digit) {
-        if (value_ > reduceAbove) {
-            value_ %= divisor_;
-        }
-        value_ = value_ * 10 + digit;
-    }
+    void AppendDigit(unsigned digit) { Append(10, digit); }
+    void AppendTwoDigits(unsigned number) { Append(100, number); }
 
     std::int16_t Value() const { return static_cast<std::int16_t>(value_ % divisor_); }
 
   private:
     static constexpr std::uint64_t reduceAbove = 100'000'000'000'000'000;
 
+    void Append(unsigned factor, unsigned number) {
+        if (value_ > reduceAbove) {
+            value_ %= divisor_;
+        }
+        value_ = value_ * factor + number;
+    }
+
     std::uint64_t divisor_;
     std::uint64_t value_ = 0;
 };
 
+bool IsMarkBetween(char c) {
+    switch (c) {
+    case '/':
+    case ':':
+    case '\\':
+    case '+':
+    case '-':
+    case '*':
+        return true;
+    default:
+        return false;
+    }
+}
+
 // Takes in the digits of a text and the two digits of each letter (a = 10 to z = 35); all else is dropped.
 void AppendIbanCharacters(std::string_view part, Remainder& remainder) {
     for (const char c : part) {
+        const char small = static_cast<char>(c | 0x20);
         if (IsFigure(c)) {
             remainder.AppendDigit(static_cast<unsigned>(c - '0'));
-            continue;
-        }
-        const char small = static_cast<char>(c | 0x20);
-        if (small >= 'a' && small <= 'z') {
-            const unsigned value = static_cast<unsigned>(small - 'a') + 10;
-            remainder.AppendDigit(value / 10);
-            remainder.AppendDigit(value % 10);
+        } else if (small >= 'a' && small <= 'z') {
+            remainder.AppendTwoDigits(static_cast<unsigned>(small - 'a') + 10);
         }
     }
 }
@@ -81,7 +93,7 @@ std::size_t HeadBytes(std::string_view tekst) {
         if (at == tekst.size()) {
             return std::string_view::npos;
         }
-        if (marksBetween.find(tekst[at]) == std::string_view::npos) {
+        if (!IsMarkBetween(tekst[at])) {
             ++count;
         }
         at += text::DecodeFirst(tekst.substr(at)).bytes;

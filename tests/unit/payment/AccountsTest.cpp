@@ -2,8 +2,8 @@
 
 #include "HostileTexts.h"
 #include "payment/TextRoutines.h"
-#include "platform/Clock.h"
 #include "platform/SeededRandom.h"
+#include "support/HeldChance.h"
 
 #include <gtest/gtest.h>
 
@@ -18,29 +18,8 @@ namespace {
 
 using namespace std::string_view_literals;
 
-class HeldClock final : public platform::Clock {
-  public:
-    platform::DateTime Now() const override { return {2026, 3, 14, 12, 30, 15, 250}; }
-};
-
-// Gives the listed values in turn, over and over, and counts the seeds.
-class ListedRandom final : public platform::RandomSource {
-  public:
-    explicit ListedRandom(std::vector<double> values) : values_(std::move(values)) {}
-
-    void Randomize(double seed) override {
-        ++seeds;
-        lastSeed = seed;
-    }
-    double Rnd() override { return values_[draws++ % values_.size()]; }
-
-    std::size_t draws = 0;
-    int seeds = 0;
-    double lastSeed = 0;
-
-  private:
-    std::vector<double> values_;
-};
+using support::HeldClock;
+using support::ListedRandom;
 
 // The value that makes the draw give `number`, of 1 to 99.
 double ValueFor(int number) {

@@ -1,0 +1,47 @@
+#include "testdata/Tables.h"
+
+#include "platform/RuntimeError.h"
+
+namespace testdata {
+namespace {
+
+// The rows are written by tools/generate_tables; a change of the data is a change of the generator.
+constexpr char accountRows[] =
+#include "testdata/generated/AccountRows.inc"
+    ;
+constexpr char personRows[] =
+#include "testdata/generated/PersonRows.inc"
+    ;
+
+template <std::size_t size>
+constexpr std::string_view TextOf(const char (&literal)[size]) {
+    return {literal, size - 1};
+}
+
+constexpr TextTable accounts(TextOf(accountRows), 38, 25000);
+constexpr TextTable persons(TextOf(personRows), 148, 250);
+static_assert(sizeof accountRows == 22654 * 38 + 1);
+static_assert(sizeof personRows == 250 * 148 + 1);
+
+} // namespace
+
+std::string_view TextTable::operator[](std::int32_t index) const {
+    if (index < 0 || index > lastIndex_) {
+        throw platform::RuntimeError(platform::ErrorSubscriptOutOfRange, "Subscript out of range");
+    }
+    if (index >= FilledRows()) {
+        return {};
+    }
+    const auto width = static_cast<std::size_t>(rowWidth_);
+    return rows_.substr(static_cast<std::size_t>(index) * width, width);
+}
+
+const TextTable& AccountTable() {
+    return accounts;
+}
+
+const TextTable& PersonTable() {
+    return persons;
+}
+
+} // namespace testdata

@@ -1,0 +1,79 @@
+#include "testdata/TestDocument.h"
+
+#include "payment/CheckDigits.h"
+#include "platform/Clock.h"
+#include "platform/Numbers.h"
+#include "platform/RandomSource.h"
+#include "platform/Text.h"
+
+#include <exception>
+
+namespace testdata {
+namespace {
+
+constexpr int drawnRows = 22500; // the rows behind these stand in the table and are never drawn
+constexpr std::size_t ibanLength = 18;
+constexpr std::int32_t lastRowWithoutCount = 5;
+constexpr std::int16_t formsBetweenEmpty = 25;
+constexpr std::int16_t numberWidth = 8;
+
+// A whole number from 1 to `count`, after a seed from the clock.
+int DrawNumber(int count, platform::RandomSource& random, const platform::Clock& clock) {
+    random.Randomize(clock.Now().SecondsSinceMidnight());
+    return static_cast<int>(random.Rnd() * count) + 1;
+}
+
+void TakePerson(DrawState& state, const TextTable& persons, TestDocument& document) {
+    if (state.Volgnummer <= persons.LastIndex()) {
+        state.personRow = persons[state.Volgnummer];
+    }
+    ++state.Volgnummer;
+    SplitPerson(state.personRow, document);
+}
+
+// "account,IBAN,BIC". A row with one comma keeps the BIC of the form before, and one without stays whole.
+void SplitAccount(std::string_view row, TestDocument& document) {
+    document.rekening = row;
+    if (const std::size_t comma = row.find(','); comma != std::string_view::npos) {
+        document.rekening = row.substr(comma + 1);
+        if (const std::size_t next = document.rekening.find(','); next != std::string_view::npos) {
+            document.bic = document.rekening.substr(next + 1);
+            document.rekening = document.rekening.substr(0, next);
+        }
+    }
+    if (!document.rekening.empty() && platform::text::Length(document.rekening) != ibanLength) {
+        std::terminate(); // the table itself is wrong: a batch made from it would be worth nothing
+    }
+}
+
+void LeaveAccountOut(DrawState& state, TestDocument& document) {
+    if (state.Rij <= lastRowWithoutCount) {
+        return;
+    }
+    if (++state.LeegTeller > formsBetweenEmpty) {
+        state.LeegTeller = 0;
+        document.rekening = {};
+        document.bic = {};
+    }
+}
+
+} // namespace
+
+void DrawTestDocument(DrawState& state, const DrawSources& sources, TestDocument& document) {
+    TakePerson(state, sources.persons, document);
+    SplitAccount(sources.accounts[DrawNumber(drawnRows, sources.random, sources.clock)], document);
+    LeaveAccountOut(state, document);
+    document.volgnummertekst = payment::NulVulling(state.Volgnummer, numberWidth);
+    document.euro = TrekEuro(sources.random, sources.clock);
+    document.cent = TrekCent(sources.random, sources.clock);
+}
+
+std::string TrekEuro(platform::RandomSource& random, const platform::Clock& clock) {
+    return platform::NumberText(DrawNumber(998, random, clock));
+}
+
+std::string TrekCent(platform::RandomSource& random, const platform::Clock& clock) {
+    return payment::NulVulling(DrawNumber(98, random, clock), 2);
+}
+
+} // namespace testdata

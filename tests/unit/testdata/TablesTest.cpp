@@ -1,0 +1,54 @@
+#include "testdata/Tables.h"
+
+#include "platform/RuntimeError.h"
+
+#include <gtest/gtest.h>
+
+#include <cstdint>
+#include <initializer_list>
+#include <limits>
+
+namespace testdata {
+namespace {
+
+TEST(Tables, HaveEmptyRowsBehindTheFilledOnes) {
+    EXPECT_EQ(AccountTable().FilledRows(), 22654);
+    EXPECT_EQ(PersonTable().FilledRows(), 250);
+    EXPECT_NE(AccountTable()[22653], "");
+    EXPECT_EQ(AccountTable()[22654], "");
+    EXPECT_EQ(AccountTable()[25000], "");
+    EXPECT_NE(PersonTable()[249], "");
+    EXPECT_EQ(PersonTable()[250], "");
+}
+
+TEST(Tables, RefuseAnIndexOutsideTheirBounds) {
+    const auto errorOf = [](const TextTable& table, std::int32_t index) {
+        try {
+            table[index];
+            return 0;
+        } catch (const platform::RuntimeError& error) {
+            return error.Number();
+        }
+    };
+    for (const std::int32_t index :
+         {-1, 25001, std::numeric_limits<std::int32_t>::min(), std::numeric_limits<std::int32_t>::max()}) {
+        EXPECT_EQ(errorOf(AccountTable(), index), platform::ErrorSubscriptOutOfRange) << index;
+    }
+    for (const std::int32_t index : {-1, 251}) {
+        EXPECT_EQ(errorOf(PersonTable(), index), platform::ErrorSubscriptOutOfRange) << index;
+    }
+}
+
+TEST(TextTable, CutsRowsOfOneWidth) {
+    constexpr TextTable table("abcdef", 3, 4);
+    EXPECT_EQ(table.FilledRows(), 2);
+    EXPECT_EQ(table.LastIndex(), 4);
+    EXPECT_EQ(table[0], "abc");
+    EXPECT_EQ(table[1], "def");
+    EXPECT_EQ(table[2], "");
+    EXPECT_EQ(table[4], "");
+    EXPECT_THROW(table[5], platform::RuntimeError);
+}
+
+} // namespace
+} // namespace testdata

@@ -1,0 +1,229 @@
+#include "Chance.h"
+#include "Rows.h"
+
+#include "payment/Accounts.h"
+#include "payment/CheckDigits.h"
+#include "payment/Iban.h"
+#include "platform/Clock.h"
+
+#include <algorithm>
+#include <initializer_list>
+#include <set>
+#include <stdexcept>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace generate {
+namespace {
+
+constexpr std::uint64_t start = 20260301;
+
+// Bank numbers have 9 figures; a band is their first two.
+struct Band {
+    int from;
+    int to;
+};
+
+// Different numbers of one bank, drawn from one or several bands. `doubled` of them stand in the table twice,
+// so the rows are `numbers` + `doubled`.
+struct Quota {
+    std::string_view bank;
+    int numbers;
+    int doubled;
+    std::initializer_list<Band> bands;
+};
+
+// What is scattered keeps out of the bands in which the same bank has a count of its own.
+const Quota quotas[] = {
+    {"SNSB", 4958, 7, {{90, 96}}},
+    {"SNSB", 491, 0, {{80, 89}}},
+    {"SNSB", 116, 0, {{10, 79}, {97, 98}}},
+    {"RABO", 1949, 2, {{10, 10}}},
+    {"RABO", 998, 1, {{11, 11}}},
+    {"RABO", 1200, 1, {{12, 12}}},
+    {"RABO", 668, 1, {{13, 13}}},
+    {"RABO", 180, 0, {{14, 14}}},
+    {"ABNA", 4788, 6, {{40, 47}}},
+    {"ABNA", 206, 0, {{16, 37}}},
+    {"FRBK", 686, 1, {{29, 29}}},
+    {"FRBK", 44, 0, {{91, 91}}},
+    {"FRBK", 42, 0, {{95, 95}}},
+    {"FRBK", 18, 0, {{10, 28}, {30, 90}, {92, 94}, {96, 98}}},
+    {"ASNB", 433, 1, {{70, 70}}},
+    {"ASNB", 33, 0, {{85, 97}}},
+    {"RBRB", 149, 0, {{64, 69}}},
+    {"RBRB", 27, 0, {{78, 79}}},
+    {"RBRB", 108, 0, {{82, 98}}},
+    {"TRIO", 106, 0, {{78, 78}}},
+    {"TRIO", 69, 0, {{39, 39}}},
+    {"TRIO", 30, 0, {{19, 19}}},
+    {"TRIO", 13, 0, {{25, 25}}},
+    {"TRIO", 9, 0, {{21, 21}}},
+    {"FVLB", 114, 0, {{22, 22}}},
+    {"FVLB", 37, 0, {{69, 69}}},
+    {"FVLB", 34, 0, {{26, 26}}},
+    {"FVLB", 17, 0, {{63, 63}}},
+    {"DEUT", 76, 0, {{40, 63}}},
+    {"STAL", 8, 0, {{10, 98}}},
+    {"ARSN", 6, 0, {{77, 78}}},
+    {"INSI", 4, 0, {{10, 98}}},
+    {"BNGH", 4, 0, {{28, 28}}},
+    {"FTSB", 3, 0, {{10, 98}}},
+    {"ARTE", 2, 0, {{63, 63}}},
+    {"GILL", 1, 0, {{10, 98}}},
+    {"DLBK", 1, 0, {{10, 98}}},
+    {"BOFA", 1, 0, {{10, 98}}},
+    {"RGRB", 1, 0, {{10, 98}}},
+    {"RBOS", 1, 0, {{10, 98}}},
+    {"NWAB", 1, 0, {{10, 98}}},
+};
+
+// Giro numbers, which stand under no test: how many of each length pass the 11-test by chance and how many do
+// not.
+struct GiroQuota {
+    int from;
+    int to;
+    int passing;
+    int failing;
+    int doubledFailing;
+};
+constexpr GiroQuota giroQuotas[] = {
+    {100, 999, 2, 19, 0},
+    {1000, 9999, 16, 159, 0},
+    {10000, 99999, 93, 900, 0},
+    {100000, 433700, 358, 3449, 4},
+};
+
+// A number of row 0, which stands before the giro numbers and so out of order.
+constexpr std::string_view firstRowBand = "84";
+constexpr std::string_view firstRowBank = "RBRB";
+constexpr std::string_view giroBank = "INGB";
+
+// The one test account in the list, of a bank that no table of BICs holds.
+constexpr std::string_view testBank = "TEST";
+constexpr std::string_view testBic = "TESTNL2A";
+constexpr int testNumber = 123456789;
+
+struct Account {
+    int number;
+    std::string_view bank;
+
+    bool operator<(const Account& other) const { return number < other.number; }
+};
+
+class StandingClock final : public platform::Clock {
+  public:
+    platform::DateTime Now() const override { return {2026, 3, 1}; }
+};
+
+bool PassesElevenTest(int number) {
+    // In nine characters a number is too short to pass as an IBAN, so this is the 11-test alone.
+    return payment::BankGiroCheck(payment::NulVulling(number, 9));
+}
+
+// A band, each number of them as likely as any other.
+int DrawBand(const Quota& quota, Chance& chance) {
+    int count = 0;
+    for (const Band& band : quota.bands) {
+        count += band.to - band.from + 1;
+    }
+    int place = chance.Between(0, count - 1);
+    for (const Band& band : quota.bands) {
+        if (place <= band.to - band.from) {
+            return band.from + place;
+        }
+        place -= band.to - band.from + 1;
+    }
+    throw std::logic_error("a band beyond the last");
+}
+
+int DrawBankNumber(std::string_view band, Chance& chance) {
+    const std::string number = payment::NieuwRekeningnummer(band, chance.Source(), StandingClock());
+    if (number.empty()) {
+        throw std::logic_error("no number begins with " + std::string(band));
+    }
+    return std::stoi(number);
+}
+
+// `used` holds every number so far, so no number stands in two rows but for those that are doubled.
+std::vector<Account> DrawBankAccounts(Chance& chance, std::set<int>& used) {
+    std::vector<Account> accounts;
+    for (const Quota& quota : quotas) {
+        for (int drawn = 0; drawn < quota.numbers;) {
+            const int number = DrawBankNumber(std::to_string(DrawBand(quota, chance)), chance);
+            if (!used.insert(number).second) {
+                continue;
+            }
+            accounts.push_back({number, quota.bank});
+            if (drawn < quota.doubled) {
+                accounts.push_back({number, quota.bank});
+            }
+            ++drawn;
+        }
+    }
+    accounts.push_back({testNumber, testBank});
+    std::sort(accounts.begin(), accounts.end());
+    return accounts;
+}
+
+std::vector<Account> DrawGiroAccounts(Chance& chance) {
+    std::vector<Account> accounts;
+    std::set<int> used;
+    for (const GiroQuota& quota : giroQuotas) {
+        int passing = 0;
+        int failing = 0;
+        while (passing < quota.passing || failing < quota.failing) {
+            const int number = chance.Between(quota.from, quota.to);
+            const bool passes = PassesElevenTest(number);
+            int& count = passes ? passing : failing;
+            if (count == (passes ? quota.passing : quota.failing) || !used.insert(number).second) {
+                continue;
+            }
+            accounts.push_back({number, giroBank});
+            if (!passes && count < quota.doubledFailing) {
+                accounts.push_back({number, giroBank});
+            }
+            ++count;
+        }
+    }
+    std::sort(accounts.begin(), accounts.end());
+    return accounts;
+}
+
+std::string Iban(std::string_view bank, std::string_view digits) {
+    for (int check = 2; check <= 98; ++check) { // what 98 less a remainder of 97 can be
+        std::string iban = "NL" + payment::NulVulling(check, 2);
+        iban.append(bank).append(digits);
+        if (payment::IBANCheck(iban)) {
+            return iban;
+        }
+    }
+    throw std::logic_error("no check digits for " + std::string(digits));
+}
+
+std::string Row(const Account& account) {
+    const std::string digits = payment::NulVulling(account.number, 10);
+    const std::string_view bic = account.bank == testBank ? testBic : payment::BankCode2BIC({}, account.bank);
+    return digits + ',' + Iban(account.bank, digits) + ',' + std::string(bic);
+}
+
+} // namespace
+
+std::vector<std::string> AccountRows() {
+    Chance chance(start);
+    std::set<int> used = {testNumber};
+    const int first = DrawBankNumber(firstRowBand, chance);
+    used.insert(first);
+
+    std::vector<std::string> rows = {Row({first, firstRowBank})};
+    for (const Account& account : DrawGiroAccounts(chance)) {
+        rows.push_back(Row(account));
+    }
+    for (const Account& account : DrawBankAccounts(chance, used)) {
+        rows.push_back(Row(account));
+    }
+    return rows;
+}
+
+} // namespace generate

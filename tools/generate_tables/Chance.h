@@ -1,0 +1,41 @@
+#pragma once
+
+#include "platform/SeededRandom.h"
+
+#include <cstddef>
+#include <cstdint>
+#include <utility>
+#include <vector>
+
+namespace generate {
+
+/// The chance in the tables. It starts from a fixed number, so every run on every machine writes the same
+/// rows.
+class Chance {
+  public:
+    explicit Chance(std::uint64_t start) : random_(start) {}
+
+    platform::RandomSource& Source() { return random_; }
+
+    /// A whole number from `low` to `high`, both included.
+    int Between(int low, int high);
+
+    template <class T, std::size_t size>
+    const T& OneOf(const T (&items)[size]) {
+        return items[Index(size)];
+    }
+
+    template <class T>
+    void Shuffle(std::vector<T>& items) {
+        for (std::size_t i = items.size(); i > 1; --i) {
+            std::swap(items[i - 1], items[Index(i)]);
+        }
+    }
+
+  private:
+    std::size_t Index(std::size_t size);
+
+    platform::SeededRandom random_;
+};
+
+} // namespace generate
