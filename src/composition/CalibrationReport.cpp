@@ -1,0 +1,170 @@
+#include "composition/CalibrationReport.h"
+
+#include <array>
+#include <cstdint>
+#include <span>
+#include <string>
+
+#include "composition/ContractTexts.h"
+#include "composition/ListSteps.h"
+#include "composition/SurfaceRules.h"
+#include "platform/Numbers.h"
+#include "platform/Text.h"
+#include "wizard/AppState.h"
+
+namespace composition {
+
+namespace text = platform::text;
+
+namespace {
+
+constexpr double rightColumnTwips = 5000; ///< from the left margin
+constexpr double labelIndentTwips = 150;
+constexpr double valueIndentTwips = 1500;
+constexpr double linesBelowTitle = 1.5;
+constexpr double linesBelowValues = 0.2;
+
+constexpr std::array<std::string_view, 4> places = {"Acceptgiro 1", "Acceptgiro 2", "Acceptgiro 3",
+                                                    "Acceptgiro onder brief"};
+
+/// The calibration of one part of the form.
+struct Section {
+    std::string_view title;
+    std::span<const std::string> x;
+    std::span<const std::string> y;
+    bool withCorrection = false; ///< also tells what each value means in twips
+};
+
+class Report {
+  public:
+    Report(const wizard::AppState& state, platform::Locale& locale)
+        : state_(state), locale_(locale), steps_(state) {}
+
+    void Print() {
+        const double left = state_.LeftMargin;
+        const std::array<Section, 4> leftSections = {{
+            {"OCR regel", state_.OCRLinks, state_.OCRTop},
+            {"Integrale acceptgiro (behalve OCR-regel)", state_.AcceptGiroLinks, state_.AcceptGiroTop},
+            {"Naam/adres/woonplaatsgegevens", state_.AcceptGiroNAWLinks, state_.AcceptGiroNAWTop},
+            {"Betalingskenmerk (linkersouche)", state_.AcceptGiroBKSoucheLinks, state_.AcceptGiroBKSoucheTop},
+        }};
+        const std::array<Section, 3> rightSections = {{
+            {"Betalingskenmerk op acceptgiro", state_.AcceptGiroBKAcceptLinks, state_.AcceptGiroBKAcceptTop},
+            {"Incassant/begunstigde op linker souche", state_.AcceptGiroBGSoucheLinks,
+             state_.AcceptGiroBGSoucheTop},
+            {"Incassant/begunstigde op acceptgiro", state_.AcceptGiroBGAcceptLinks,
+             state_.AcceptGiroBGAcceptTop, true},
+        }};
+
+        steps_.RegelVerder();
+        steps_.Print(left, "Instellingen calibratie acceptgiro in millimeters");
+        steps_.RegelVerder();
+        steps_.TrekLijn();
+        steps_.RegelVerder();
+        double columnTop = 0;
+        steps_.OnSurface([&](PrintSurface& surface) { columnTop = surface.CurrentY(); });
+        PrintColumn(leftSections, left);
+        PrintNotes(left);
+        PrintFontSample(left);
+        steps_.OnSurface([&](PrintSurface& surface) { surface.SetCurrentY(columnTop); });
+        PrintColumn(rightSections, left + rightColumnTwips);
+    }
+
+  private:
+    void PrintColumn(std::span<const Section> sections, double x) {
+        for (const Section& section : sections) {
+            if (&section != &sections.front()) {
+                steps_.RegelVerder();
+            }
+            PrintSection(section, x);
+        }
+    }
+
+    void PrintSection(const Section& section, double x) {
+        steps_.OnSurface([](PrintSurface& surface) { surface.SetFontBold(true); });
+        steps_.Print(x, section.title);
+        steps_.OnSurface([](PrintSurface& surface) { surface.SetFontBold(false); });
+        steps_.RegelVerder(linesBelowTitle);
+        // The first X value alone tells whether this part was ever calibrated.
+        if (section.x.front().empty()) {
+            steps_.PrintLine(x, "Geen calibratie ingegeven !");
+            return;
+        }
+        for (std::size_t i = 0; i < places.size(); ++i) {
+            steps_.PrintLine(x, places[i]);
+            PrintValue("X-waarde :", section.x[i], section.withCorrection, x);
+            PrintValue("Y-waarde :", section.y[i], section.withCorrection, x);
+            steps_.RegelVerder(linesBelowValues);
+        }
+    }
+
+    void PrintValue(std::string_view label, std::string_view value, bool withCorrection, double x) {
+        value = text::Trim(value);
+        steps_.Print(x + labelIndentTwips, label);
+        if (!withCorrection) {
+            steps_.PrintLine(x + valueIndentTwips, value);
+            return;
+        }
+        std::string line(value);
+        line.append("  - Correctie naar printer: ");
+        line.append(std::to_string(Kalibreer(state_, locale_, 0, value)));
+        steps_.PrintLine(x + valueIndentTwips, line);
+    }
+
+    void PrintNotes(double left) {
+        TwoLines();
+        steps_.Print(left,
+                     "NB: De calibratie X (naar links/rechts) en de Y (naar boven/beneden) waarde worden "
+                     "bepaald vanaf de basispositie op de acceptgiro.");
+        steps_.RegelVerder();
+        steps_.Print(left,
+                     "Bij een X van 1,00 en een Y van -1,00 wordt vanaf de basispositie 1 mm. naar rechts "
+                     "en 1 mm. naar boven afgedrukt.");
+        TwoLines();
+        steps_.Print(left, "Contractvorm: ");
+        steps_.Print(ContractReportText(state_.GMUContractVorm));
+        steps_.RegelVerder();
+        steps_.Print(left, "Acceptgiro type: ");
+        const std::string_view type = AcceptgiroTypeText(state_.AcceptgiroType);
+        if (!type.empty()) {
+            steps_.PrintLine(type);
+        }
+        TwoLines();
+    }
+
+    void PrintFontSample(double left) {
+        std::string font;
+        double size = 0;
+        steps_.Print(left, "OCR-B schrift :     ");
+        steps_.OnSurface([&](PrintSurface& surface) {
+            font = surface.Font();
+            size = surface.FontSize();
+            surface.SetFont(state_.GMUFontName);
+            surface.SetFontSize(platform::NumericValue(state_.GMUFontSize));
+        });
+        steps_.PrintLine("1234567890+><ABCDEFGHIJKLMNOPQRSTUVWXYZ");
+        steps_.OnSurface([&](PrintSurface& surface) {
+            surface.SetFont(font);
+            surface.SetFontSize(size);
+        });
+        TwoLines();
+        steps_.PrintLine(left, "Bovenstaand is het door u gekozen OCR-B schrift");
+    }
+
+    void TwoLines() {
+        steps_.RegelVerder();
+        steps_.RegelVerder();
+    }
+
+    const wizard::AppState& state_;
+    platform::Locale& locale_;
+    ListSteps steps_;
+};
+
+} // namespace
+
+void PrintCalibrationReport(const wizard::AppState& state, platform::Locale& locale) {
+    Report(state, locale).Print();
+}
+
+} // namespace composition

@@ -1,0 +1,80 @@
+#include "composition/DocumentRun.h"
+
+#include "composition/CalibrationReport.h"
+#include "composition/NameList.h"
+#include "composition/PrintSurface.h"
+#include "composition/TestFormRun.h"
+#include "platform/Numbers.h"
+#include "platform/Platform.h"
+#include "platform/Resume.h"
+#include "wizard/AppState.h"
+
+namespace composition {
+
+using platform::Resume;
+
+namespace {
+
+constexpr std::int16_t paperLegal = 5;
+constexpr double listFontPoints = 8;
+constexpr std::int16_t previewOpen = 0;
+constexpr std::int16_t previewClose = 1;
+constexpr std::int16_t allDone = 100; ///< percent
+
+/// The printable area begins at the offset, so the corner of the paper lies before it.
+std::int32_t PaperCorner(std::int32_t physicalOffset) {
+    return platform::ToInt32(-static_cast<double>(physicalOffset));
+}
+
+} // namespace
+
+void Afdrukken(wizard::AppState& state, platform::Platform& platform, RunHost& host, std::int16_t iMethod,
+               std::int16_t num_copies, bool blnPrintPreview) {
+    host.HourglassOn();
+    host.LaadInstellingen();
+
+    if (blnPrintPreview) {
+        Resume([&] { host.OpenPreview(previewOpen); });
+    } else {
+        Resume([&] { host.OpenPrinter(); });
+        if (!state.MatrixPrinter && state.OverrulePaperSize) {
+            Resume([&] { SurfaceOf(state).SetPaperSize(paperLegal); });
+        }
+    }
+
+    Twips corner;
+    Resume([&] { corner.y = PaperCorner(state.PhysicalOffsetY); });
+    Resume([&] { corner.x = PaperCorner(state.PhysicalOffsetX); });
+    std::int32_t aantal = 0;
+    Resume([&] {
+        if (host.CountText().empty()) {
+            host.SetCountText("1");
+        }
+    });
+    Resume([&] { aantal = platform::Int32OfText(host.CountText()); });
+
+    switch (iMethod) {
+    case documentTestForms:
+        TestFormRun(state, platform, host, corner).Print(aantal, num_copies);
+        break;
+    case documentNameList:
+        PrintNameList(state);
+        break;
+    case documentCalibration:
+        PrintCalibrationReport(state, platform.Locale);
+        break;
+    default:
+        break;
+    }
+
+    Resume([&] { host.UpdatePercentage(allDone); });
+    Resume([&] { SurfaceOf(state).SetFontSize(listFontPoints); });
+    Resume([&] { SurfaceOf(state).EndDoc(); });
+    if (blnPrintPreview) {
+        Resume([&] { host.ShowPreview(); });
+        Resume([&] { host.OpenPreview(previewClose); });
+    }
+    Resume([&] { host.HourglassOff(); });
+}
+
+} // namespace composition

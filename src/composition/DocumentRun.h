@@ -1,0 +1,28 @@
+#pragma once
+
+#include <cstdint>
+
+#include "composition/RunHost.h"
+
+namespace platform {
+struct Platform;
+}
+namespace wizard {
+struct AppState;
+}
+
+namespace composition {
+
+// Numbers of the documents, in the order in which the wizard offers them.
+inline constexpr std::int16_t documentTestForms = 1;
+inline constexpr std::int16_t documentNameList = 2;
+inline constexpr std::int16_t documentCalibration = 3;
+
+/// Composes one document as one print job, on paper or in the preview, which the user then sees until he
+/// leaves it. `num_copies` counts for the test forms alone. From the opening of the surface on, a step that
+/// fails is given up without a message and the next one runs, so a job once begun goes to its end. A number
+/// that is no document gives an empty one.
+void Afdrukken(wizard::AppState& state, platform::Platform& platform, RunHost& host, std::int16_t iMethod,
+               std::int16_t num_copies, bool blnPrintPreview);
+
+} // namespace composition

@@ -1,0 +1,76 @@
+#pragma once
+
+#include <cstddef>
+#include <limits>
+#include <optional>
+#include <span>
+#include <string_view>
+
+#include "composition/FormPlace.h"
+
+namespace platform {
+struct Platform;
+}
+
+/// A form's layout is a table: one row for each text on the stationery, in the order of drawing. A row names
+/// its text, font and shift by their number among the values that one form brings along.
+namespace composition {
+
+enum class RowWay {
+    Print,     ///< the cursor stays on the line
+    PrintLine, ///< the cursor moves below the text
+    RightEdge, ///< printed so that it ends at x
+    LineFeed,  ///< no text: moves down by `lines`
+};
+
+enum class RowWhen {
+    Always,
+    Filled,           ///< only if the row's text is not empty
+    NoPaymentTraffic, ///< only on forms without a payment reference, in whose place the text stands
+};
+
+inline constexpr std::size_t rowHasNone = static_cast<std::size_t>(-1);
+
+struct FormRow {
+    std::size_t text = rowHasNone;
+    RowWhen when = RowWhen::Always;
+    /// What changes in the font before the row.
+    std::size_t font = rowHasNone;
+    /// From the form's calibrated corner; without one the cursor stays where it is.
+    std::optional<double> xCm = std::nullopt;
+    std::optional<double> yCm = std::nullopt;
+    std::size_t shift = rowHasNone;
+    RowWay way = RowWay::Print;
+    /// Cut off at the right edge of the stub.
+    bool clip = false;
+    double leastXTwips = -std::numeric_limits<double>::infinity();
+    double lines = 0;
+};
+
+/// A change of the font. What is left out stays as it is.
+struct FontChange {
+    std::optional<std::string_view> name = std::nullopt;
+    std::optional<double> points = std::nullopt;
+    std::optional<bool> bold = std::nullopt;
+    bool newLineHeight = false;
+};
+
+/// What one form brings along.
+struct RowValues {
+    std::span<const std::string_view> texts;
+    std::span<const FontChange> fonts;
+    std::span<const RowShift> shifts;
+    Twips corner;
+    /// Line heights come from the printer also during a preview, in the font that the printer then has. The
+    /// forms with a narrow stub were calibrated so.
+    bool measureOnPrinter = false;
+};
+
+/// Draws the rows. A failing row ends the drawing; the caller's run goes on behind it.
+void DrawRows(wizard::AppState& state, platform::Platform& platform, std::span<const FormRow> rows,
+              const RowValues& values);
+
+void ChangeFont(wizard::AppState& state, platform::Platform& platform, const FontChange& change,
+                bool measureOnPrinter);
+
+} // namespace composition

@@ -1,0 +1,41 @@
+#pragma once
+
+#include <string_view>
+
+#include "composition/PrintSurface.h"
+#include "platform/Resume.h"
+
+namespace wizard {
+struct AppState;
+}
+
+namespace composition {
+
+/// The steps of a list document on the run's surface. Each is given up by itself if it fails, and the next
+/// one runs: a list with a gap still tells more than none. Lengths are twips.
+class ListSteps {
+  public:
+    explicit ListSteps(const wizard::AppState& state) : state_(state) {}
+
+    /// Draws from `x` on and leaves the line open.
+    void Print(double x, std::string_view text);
+    /// Draws behind what stands on the line.
+    void Print(std::string_view text);
+    /// Draws from `x` on and ends the line.
+    void PrintLine(double x, std::string_view text);
+    void PrintLine(std::string_view text);
+    void RegelVerder(double lines = 1);
+    /// A black rule between equal margins.
+    void TrekLijn();
+
+    /// Any other step on the surface.
+    template <class Step>
+    void OnSurface(Step&& step) {
+        platform::Resume([&] { step(SurfaceOf(state_)); });
+    }
+
+  private:
+    const wizard::AppState& state_;
+};
+
+} // namespace composition

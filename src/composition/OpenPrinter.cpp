@@ -1,0 +1,87 @@
+#include "composition/OpenPrinter.h"
+
+#include <string>
+
+#include "composition/PrintSurface.h"
+#include "platform/Desktop.h"
+#include "platform/Numbers.h"
+#include "platform/Platform.h"
+#include "platform/Printer.h"
+#include "wizard/AppState.h"
+
+namespace composition {
+
+namespace {
+
+constexpr double listFontPoints = 8;
+constexpr const char* lineBreak = "\r\n";
+
+/// Step numbers as users have always reported them.
+enum Regel : int {
+    regelCount = 1,
+    regelGet = 2,
+    regelMessages = 22,
+    regelSurface = 3,
+    regelFontSize = 4,
+    regelWidth = 5,
+    regelLeft = 6,
+    regelTop = 7,
+    regelHeight = 8,
+};
+
+struct FailureMessage {
+    platform::MessageIcon icon;
+    std::string text;
+};
+
+FailureMessage MessageOf(const platform::RuntimeError& error) {
+    switch (error.Number()) {
+    case platform::ErrorInvalidPropertyValue:
+        return {platform::MessageIcon::Exclamation,
+                std::string("Fout tijdens de initialisatie van de printer.") + lineBreak +
+                    "Waarschijnlijk kan de gekozen printer niet in de gekozen modus afdrukken."};
+    case platform::ErrorPrinter:
+        return {
+            platform::MessageIcon::Exclamation,
+            "De printer kon niet worden gevonden of de initialisatie van de printer is op dit moment niet "
+            "mogelijk."};
+    default:
+        return {platform::MessageIcon::Critical,
+                std::string("Fout tijdens de initialisatie van de printer.") + lineBreak +
+                    "Mocht u deze fout niet zelf kunnen oplossen en u kunt deze fout reproduceren neem dan "
+                    "contact op met Ondor BV." +
+                    lineBreak + lineBreak + "Foutnummer: " + std::to_string(error.Number()) + " - " +
+                    error.Description()};
+    }
+}
+
+} // namespace
+
+void OpenPrinter(wizard::AppState& state, platform::Platform& platform, PrinterSurface& surface) {
+    platform::Printer& printer = platform.Printer;
+    const auto step = [&](Regel regel, auto&& action) {
+        try {
+            action();
+        } catch (const platform::RuntimeError& error) {
+            const FailureMessage message = MessageOf(error);
+            platform.Desktop.MsgBox(message.text + lineBreak + "Regel: " + std::to_string(regel),
+                                    message.icon, state.MessageTitle);
+        }
+    };
+
+    bool noPrinter = false;
+    step(regelCount, [&] { noPrinter = platform.Printers.Count() == 0; });
+    if (noPrinter) {
+        return;
+    }
+    step(regelGet, [&] { printer.DeviceName(); }); // a printer that is gone shows itself here
+    step(regelMessages, [&] { platform.Desktop.Yield(); });
+    step(regelSurface, [&] { state.Surface = &surface; });
+    step(regelFontSize, [&] { SurfaceOf(state).SetFontSize(listFontPoints); });
+    step(regelWidth, [&] { state.SurfaceWidth = state.PageWidth; });
+    step(regelLeft, [&] { state.SurfaceLeft = platform::ToInt32(printer.ScaleLeft()); });
+    step(regelTop, [&] { state.SurfaceTop = platform::ToInt32(printer.ScaleTop()); });
+    step(regelHeight, [&] { state.SurfaceHeight = state.PageHeight; });
+}
+
+} // namespace composition

@@ -1,0 +1,19 @@
+#pragma once
+
+namespace platform {
+struct Platform;
+}
+namespace wizard {
+struct AppState;
+}
+
+namespace composition {
+
+class PrinterSurface;
+
+/// Makes the printer the surface, in its own font at size 8, and sets the surface's rectangle. Without a
+/// printer the surface stays as it was. Each step that fails is told to the user with its number, and the
+/// step behind it follows.
+void OpenPrinter(wizard::AppState& state, platform::Platform& platform, PrinterSurface& printer);
+
+} // namespace composition

@@ -1,0 +1,136 @@
+#include "composition/PrintFormulier.h"
+
+#include <algorithm>
+#include <array>
+#include <string>
+
+#include "composition/FormRows.h"
+#include "composition/SurfaceRules.h"
+#include "platform/Numbers.h"
+#include "platform/Platform.h"
+#include "platform/modRegistry.h"
+#include "wizard/AppState.h"
+
+namespace composition {
+
+namespace {
+
+constexpr std::string_view plainFont = "Tahoma";
+
+enum Text : std::size_t {
+    omschrijving1,
+    omschrijving2,
+    omschrijvingen, ///< both, with a blank between
+    euro,
+    cent,
+    rekening,
+    regel0,
+    naam,
+    partner,
+    regel3,
+    adres,
+    plaats,
+    textCount
+};
+enum Font : std::size_t { plain9, plain10, plain11, ocr, aboveName, nameAndAddress, fontCount };
+enum Shift : std::size_t { payer, shiftCount };
+
+constexpr std::array<FormRow, 15> narrowRows = {{
+    {.text = omschrijving1,
+     .when = RowWhen::NoPaymentTraffic,
+     .xCm = 0.5,
+     .yCm = 1.3,
+     .clip = true,
+     .leastXTwips = 0},
+    {.text = omschrijving2,
+     .when = RowWhen::NoPaymentTraffic,
+     .xCm = 0.5,
+     .yCm = 1.8,
+     .clip = true,
+     .leastXTwips = 0},
+    {.text = euro, .xCm = 2.1, .yCm = 3, .way = RowWay::RightEdge},
+    {.text = cent, .xCm = 3.2, .way = RowWay::RightEdge},
+    {.text = omschrijvingen, .xCm = 10.3, .yCm = 0.8},
+    {.text = euro, .font = ocr, .xCm = 6.9, .yCm = 1.75, .way = RowWay::RightEdge},
+    {.text = cent, .xCm = 8.1},
+    {.text = rekening, .when = RowWhen::Filled, .xCm = 4.5, .yCm = 3},
+    {.text = regel0, .font = aboveName, .xCm = 6.5, .yCm = 4, .shift = payer},
+    {.text = regel0, .when = RowWhen::Filled, .way = RowWay::LineFeed, .lines = 1},
+    {.text = naam, .font = nameAndAddress, .xCm = 6.5, .shift = payer, .way = RowWay::PrintLine},
+    {.text = partner, .when = RowWhen::Filled, .xCm = 6.5, .shift = payer, .way = RowWay::PrintLine},
+    {.text = regel3, .when = RowWhen::Filled, .xCm = 6.5, .shift = payer, .way = RowWay::PrintLine},
+    {.text = adres, .xCm = 6.5, .shift = payer, .way = RowWay::PrintLine},
+    {.text = plaats, .xCm = 6.5, .shift = payer, .way = RowWay::PrintLine},
+}};
+
+constexpr std::array<FormRow, 13> wideRows = {{
+    {.text = omschrijving1, .when = RowWhen::NoPaymentTraffic, .xCm = 0.5, .yCm = 1.3, .leastXTwips = 0},
+    {.text = omschrijving2, .when = RowWhen::NoPaymentTraffic, .xCm = 0.5, .yCm = 1.8, .leastXTwips = 0},
+    {.text = euro, .xCm = 3, .yCm = 3, .way = RowWay::RightEdge},
+    {.text = cent, .xCm = 4.2, .way = RowWay::RightEdge},
+    {.text = omschrijvingen, .xCm = 11, .yCm = 1},
+    {.text = euro, .font = plain11, .xCm = 8.2, .yCm = 1.75, .way = RowWay::RightEdge},
+    {.text = cent, .xCm = 10, .way = RowWay::RightEdge},
+    {.text = rekening, .when = RowWhen::Filled, .xCm = 8.5, .yCm = 3, .way = RowWay::RightEdge},
+    {.text = regel0, .font = plain9, .xCm = 7.5, .yCm = 4, .shift = payer},
+    {.way = RowWay::LineFeed, .lines = 1},
+    {.text = naam, .font = plain10, .xCm = 7.5, .shift = payer, .way = RowWay::PrintLine},
+    {.text = adres, .xCm = 7.5, .shift = payer, .way = RowWay::PrintLine},
+    {.text = plaats, .xCm = 7.5, .shift = payer, .way = RowWay::PrintLine},
+}};
+
+/// Sizes of the payer's block that an organisation can set for itself, in points.
+struct SizeSetting {
+    std::string name;
+    double standardPoints;
+};
+const SizeSetting sizeAboveName = {"AcceptFontSizeNAW1", 9};
+const SizeSetting sizeNameAndAddress = {"AcceptFontSizeNAW2", 10};
+
+double ReadSize(const wizard::AppState& state, platform::Platform& platform, const SizeSetting& setting) {
+    std::string text = platform::modRegistry(platform.Registry)
+                           .GetRegistryValue(platform::HkeyCurrentUser, state.SettingsKey, setting.name);
+    std::erase(text, '\0');
+    const double points = platform::NumericValue(text);
+    return points == 0 ? setting.standardPoints : points;
+}
+
+} // namespace
+
+void PrintFormulier(wizard::AppState& state, platform::Platform& platform, bool smalleStub, Twips corner,
+                    const FormulierTekst& tekst, std::int16_t positie) {
+    positie = PlaceOf(state, positie);
+    std::array<FontChange, fontCount> fonts = {};
+    fonts[plain9] = {.name = plainFont, .points = 9, .newLineHeight = true};
+    fonts[plain10] = {.name = plainFont, .points = 10, .newLineHeight = true};
+    fonts[plain11] = {.name = plainFont, .points = 11, .newLineHeight = true};
+    ChangeFont(state, platform, fonts[plain9], true);
+
+    platform::Locale& locale = platform.Locale;
+    const std::array<RowShift, shiftCount> shifts = {
+        CalibratedShift(state, locale, state.AcceptGiroNAWLinks, state.AcceptGiroNAWTop, positie)};
+    std::string both;
+    both.append(tekst.omschrijving1).append(" ").append(tekst.omschrijving2);
+    const std::array<std::string_view, textCount> texts = {
+        tekst.omschrijving1, tekst.omschrijving2, both,          tekst.euro,   tekst.cent,  tekst.rekening,
+        tekst.regel0,        tekst.naam,          tekst.partner, tekst.regel3, tekst.adres, tekst.plaats};
+    const RowValues values = {.texts = texts,
+                              .fonts = fonts,
+                              .shifts = shifts,
+                              .corner = CalibratedForm(state, locale, corner, positie),
+                              .measureOnPrinter = smalleStub};
+    if (!smalleStub) {
+        DrawRows(state, platform, wideRows, values);
+        return;
+    }
+    fonts[ocr] = {.name = state.GMUFontName,
+                  .points = platform::NumericValue(state.GMUFontSize),
+                  .newLineHeight = true};
+    fonts[aboveName] = {
+        .name = plainFont, .points = ReadSize(state, platform, sizeAboveName), .newLineHeight = true};
+    fonts[nameAndAddress] = {
+        .name = plainFont, .points = ReadSize(state, platform, sizeNameAndAddress), .newLineHeight = true};
+    DrawRows(state, platform, narrowRows, values);
+}
+
+} // namespace composition

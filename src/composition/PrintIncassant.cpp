@@ -1,0 +1,110 @@
+#include "composition/PrintIncassant.h"
+
+#include <array>
+#include <string>
+
+#include "composition/ContractTexts.h"
+#include "composition/FormRows.h"
+#include "composition/SurfaceRules.h"
+#include "payment/TextRoutines.h"
+#include "platform/Platform.h"
+#include "wizard/AppState.h"
+
+namespace composition {
+
+namespace {
+
+enum Text : std::size_t { rekening, naam, plaats, adresregel, textCount };
+enum Font : std::size_t { account8, stub6Bold, regular, accept9, accept7, accept7Bold, fontCount };
+enum Shift : std::size_t { stub, accept, shiftCount };
+
+constexpr double stubLeastXTwips = 10;
+constexpr double wideStubCm = 1; ///< by which the accept part begins further to the right
+constexpr double stubPoints = 6;
+
+constexpr std::array<FontChange, fontCount> fonts = {{
+    {.points = 8},
+    {.points = 6, .bold = true},
+    {.bold = false},
+    {.points = 9, .newLineHeight = true},
+    {.points = 7, .newLineHeight = true},
+    {.points = 7, .bold = true},
+}};
+
+constexpr std::array<FormRow, 12> rows = {{
+    {.text = rekening,
+     .font = account8,
+     .xCm = 0.25,
+     .yCm = 7,
+     .shift = stub,
+     .leastXTwips = stubLeastXTwips},
+    {.way = RowWay::LineFeed, .lines = 1.2},
+    {.text = naam,
+     .font = stub6Bold,
+     .xCm = 0.25,
+     .shift = stub,
+     .clip = true,
+     .leastXTwips = stubLeastXTwips},
+    {.way = RowWay::LineFeed, .lines = 1},
+    {.text = plaats, .xCm = 0.25, .shift = stub, .clip = true, .leastXTwips = stubLeastXTwips},
+    {.font = regular, .way = RowWay::LineFeed, .lines = 1},
+    {.text = rekening, .font = accept9, .xCm = 6.5, .yCm = 6.5, .shift = accept},
+    {.font = accept7, .way = RowWay::LineFeed, .lines = 1.3},
+    {.text = naam, .font = accept7Bold, .xCm = 6.5, .shift = accept},
+    {.way = RowWay::LineFeed, .lines = 1},
+    {.text = adresregel, .when = RowWhen::Filled, .xCm = 6.5, .shift = accept},
+    {.font = regular},
+}};
+
+bool IsOnStationery(std::int16_t contractVorm) {
+    return contractVorm == contractNone || contractVorm == contractA || contractVorm == contractB ||
+           contractVorm == contractCPreprinted;
+}
+
+std::string AddressLine(const IncassantTekst& incassant) {
+    std::string line;
+    if (!incassant.adres.empty() && !incassant.postcode.empty() && !incassant.plaats.empty()) {
+        std::string postcode(incassant.postcode);
+        line.append(incassant.adres).append(", ");
+        line.append(payment::PostcodeFormaat(postcode)).append("  ").append(incassant.plaats);
+    }
+    return line;
+}
+
+} // namespace
+
+void PrintIncassant(wizard::AppState& state, platform::Platform& platform, bool smalleStub, Twips corner,
+                    IncassantTekst incassant, std::int16_t positie) {
+    if (IsOnStationery(state.GMUContractVorm) || !state.IncassantAfdrukken) {
+        return;
+    }
+    if (state.GMUContractVorm == contractCAccount) {
+        incassant.naam = incassant.adres = incassant.postcode = incassant.plaats = {};
+    }
+
+    positie = PlaceOf(state, positie);
+    platform::Locale& locale = platform.Locale;
+    std::array<RowShift, shiftCount> shifts;
+    shifts[stub] =
+        CalibratedShift(state, locale, state.AcceptGiroBGSoucheLinks, state.AcceptGiroBGSoucheTop, positie);
+    // The calibration to the right also moves the accept part's block down: settings in use were found so.
+    shifts[accept] =
+        CalibratedShift(state, locale, state.AcceptGiroBGAcceptLinks, state.AcceptGiroBGAcceptLinks, positie);
+    if (!smalleStub) {
+        shifts[accept].x += wideStubCm * state.TwipsPerCm;
+    }
+    const std::string addressLine = AddressLine(incassant);
+    const std::array<std::string_view, textCount> texts = {incassant.rekening, incassant.naam,
+                                                           incassant.plaats, addressLine};
+
+    // The stub's lines stand at the height of its small print, the account among them.
+    ChangeFont(state, platform, {.points = stubPoints, .newLineHeight = true}, true);
+    DrawRows(state, platform, rows,
+             {.texts = texts,
+              .fonts = fonts,
+              .shifts = shifts,
+              .corner = CalibratedForm(state, locale, corner, positie),
+              .measureOnPrinter = true});
+}
+
+} // namespace composition

@@ -1,0 +1,29 @@
+#pragma once
+
+#include <cstdint>
+#include <string_view>
+
+#include "composition/FormPlace.h"
+
+namespace platform {
+struct Platform;
+}
+
+namespace composition {
+
+/// The creditor as it stands on a form.
+struct IncassantTekst {
+    std::string_view rekening;
+    std::string_view naam;
+    std::string_view adres;
+    std::string_view postcode;
+    std::string_view plaats;
+};
+
+/// Draws the creditor on stub and accept part, as far as the contract form leaves it to the program: nothing
+/// where the stationery bears it, the account alone under contractCAccount. It uses the font that is set, and
+/// leaves it at size 7. `positie` is the place on the sheet, 1 to 3. The first failure ends the drawing.
+void PrintIncassant(wizard::AppState& state, platform::Platform& platform, bool smalleStub, Twips corner,
+                    IncassantTekst incassant, std::int16_t positie);
+
+} // namespace composition

@@ -1,0 +1,102 @@
+#include "composition/PrintOCRRegel.h"
+
+#include <array>
+#include <string>
+
+#include "composition/ContractTexts.h"
+#include "composition/FormRows.h"
+#include "composition/PrintSurface.h"
+#include "composition/SurfaceRules.h"
+#include "platform/Numbers.h"
+#include "platform/Platform.h"
+#include "platform/Text.h"
+#include "wizard/AppState.h"
+
+namespace composition {
+
+namespace text = platform::text;
+
+namespace {
+
+enum Text : std::size_t { wholeReference, firstHalf, secondHalf, serviceNumber, textCount };
+enum Font : std::size_t { ocr, ocr9, plain, plain5, fontCount };
+enum Shift : std::size_t { accept, stub, shiftCount };
+
+constexpr std::array<FormRow, 5> referenceRows = {{
+    {.text = wholeReference, .font = ocr, .xCm = 10, .yCm = 1.75, .shift = accept},
+    {.text = firstHalf, .font = ocr9, .xCm = 0.5, .yCm = 1.3, .shift = stub, .leastXTwips = 0},
+    {.text = secondHalf, .xCm = 0.5, .yCm = 1.8, .shift = stub, .leastXTwips = 0},
+    {.font = plain},
+    {.text = serviceNumber, .when = RowWhen::Filled, .font = plain5, .xCm = 15.7, .yCm = 6.44},
+}};
+
+constexpr double referencePoints = 11;
+constexpr double ocrLineYCm = 8.975;
+constexpr std::size_t firstHalfLength = 9;
+constexpr std::size_t secondHalfStart = 11;
+constexpr std::string_view serviceMark = "S";
+
+/// How a setting reads that was stored without a text.
+bool IsNul(std::string_view setting) {
+    return setting == std::string_view("\0", 1);
+}
+
+} // namespace
+
+void PrintOCRRegel(wizard::AppState& state, platform::Platform& platform, Twips corner,
+                   payment::OcrValues values, std::int16_t& positie, payment::OcrLine& line) {
+    if (state.GMUContractVorm == contractNone || state.GMUContractVorm == contractA || !state.GMUVerkeer) {
+        return;
+    }
+    PrintSurface& surface = SurfaceOf(state);
+    const std::string fontBefore = surface.Font();
+    const double sizeBefore = surface.FontSize();
+    values.contractVorm = state.GMUContractVorm;
+    payment::MakeOcrLine(values, line);
+    if (state.GMUFontName.empty() || IsNul(state.GMUFontName)) {
+        return;
+    }
+    if (IsNul(state.GMUCode)) {
+        state.GMUCode.clear();
+    }
+
+    positie = PlaceOf(state, positie);
+    platform::Locale& locale = platform.Locale;
+    const double ocrPoints = platform::NumericValue(state.GMUFontSize);
+    const std::array<RowShift, shiftCount> shifts = {
+        CalibratedShift(state, locale, state.AcceptGiroBKAcceptLinks, state.AcceptGiroBKAcceptTop, positie),
+        CalibratedShift(state, locale, state.AcceptGiroBKSoucheLinks, state.AcceptGiroBKSoucheTop, positie)};
+    const std::array<FontChange, fontCount> fonts = {{
+        {.name = state.GMUFontName, .points = ocrPoints},
+        {.points = 9, .newLineHeight = true},
+        {.name = fontBefore},
+        {.points = 5, .newLineHeight = true},
+    }};
+    std::string service;
+    if (state.GMUContractVorm == contractSBlank && !text::Trim(state.GMUServiceNr).empty()) {
+        service.append(state.GMUServiceNr).append(serviceMark);
+    }
+    const std::array<std::string_view, textCount> texts = {
+        line.groupedReference, text::Trim(text::Left(line.groupedReference, firstHalfLength)),
+        text::Trim(text::Mid(line.groupedReference, secondHalfStart)), service};
+    ChangeFont(state, platform, {.points = referencePoints, .newLineHeight = true}, false);
+    DrawRows(state, platform, referenceRows,
+             {.texts = texts,
+              .fonts = fonts,
+              .shifts = shifts,
+              .corner = CalibratedForm(state, locale, corner, positie)});
+
+    // The line has a calibration of its own, from the form's bare corner: the reader takes it at a fixed
+    // height of the paper, wherever the rest of the form was moved to.
+    corner.y = Kalibreer(state, locale, corner.y, SettingAt(state.OCRTop, positie));
+    corner.x = Kalibreer(state, locale, corner.x, SettingAt(state.OCRLinks, positie));
+    ChangeFont(state, platform, fonts[ocr], false);
+    surface.SetCurrentY(ocrLineYCm * state.TwipsPerCm + corner.y);
+    for (const payment::OcrField& field : payment::ocrFields) {
+        surface.SetCurrentX(field.xCm * state.TwipsPerCm + corner.x);
+        surface.Print(line.*field.text);
+    }
+    ChangeFont(state, platform, {.name = fontBefore, .points = sizeBefore}, false);
+}
+
+} // namespace composition

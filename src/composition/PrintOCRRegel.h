@@ -1,0 +1,23 @@
+#pragma once
+
+#include <cstdint>
+#include <string_view>
+
+#include "composition/FormPlace.h"
+#include "payment/OcrLine.h"
+
+namespace platform {
+struct Platform;
+}
+
+namespace composition {
+
+/// Draws the line that the banks' readers take in, and the payment reference for the human eye on accept part
+/// and stub; under contractSBlank also the number of the service bureau. Nothing under contractNone or
+/// contractA, without payment traffic or without an OCR font. `values.contractVorm` is set here. `positie` is
+/// the place on the sheet, 1 to 3; under a letter it becomes 4. `line` is room that a run keeps from form to
+/// form. The first failure ends the drawing.
+void PrintOCRRegel(wizard::AppState& state, platform::Platform& platform, Twips corner,
+                   payment::OcrValues values, std::int16_t& positie, payment::OcrLine& line);
+
+} // namespace composition

@@ -1,0 +1,23 @@
+#pragma once
+
+#include <cstdint>
+
+namespace platform {
+struct Platform;
+}
+namespace wizard {
+struct AppState;
+}
+
+namespace composition {
+
+/// Gives the printer the orientation that is asked for and reads its measures into `state`: PageWidth,
+/// PageHeight and LineHeight in twips, PhysicalOffsetX and PhysicalOffsetY in 1400ths of an inch. Does
+/// nothing without a printer. A measure that cannot be read keeps its value.
+void LeesPrinterMaten(wizard::AppState& state, platform::Platform& platform);
+
+/// Height of a text line in twips, measured on the printer in the font that it has now, whatever the surface
+/// is.
+std::int32_t PrinterLineHeight(platform::Platform& platform);
+
+} // namespace composition

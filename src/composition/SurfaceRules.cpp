@@ -1,0 +1,94 @@
+#include "composition/SurfaceRules.h"
+
+#include <algorithm>
+#include <limits>
+#include <optional>
+#include <string>
+
+#include "composition/PrintSurface.h"
+#include "platform/Locale.h"
+#include "platform/Numbers.h"
+#include "platform/RuntimeError.h"
+#include "platform/Text.h"
+#include "wizard/AppState.h"
+
+namespace composition {
+
+namespace {
+
+constexpr double lineSpacing = 1.1;
+constexpr int linesKeptFree = 2;
+constexpr double mmPerCm = 10;
+
+/// Value of a plain decimal number as the user writes it: blanks around it, one sign, digits, one decimal
+/// mark.
+std::optional<double> PlainDecimal(std::string_view text, char decimalMark) {
+    std::string number(platform::text::Trim(text));
+    const std::size_t firstDigit = !number.empty() && (number[0] == '-' || number[0] == '+') ? 1 : 0;
+    bool digits = false;
+    bool mark = false;
+    for (std::size_t i = firstDigit; i < number.size(); ++i) {
+        if (number[i] >= '0' && number[i] <= '9') {
+            digits = true;
+        } else if (number[i] == decimalMark && !mark) {
+            mark = true;
+            number[i] = '.';
+        } else {
+            return std::nullopt;
+        }
+    }
+    return digits ? std::optional(platform::NumericValue(number)) : std::nullopt;
+}
+
+} // namespace
+
+bool PaginaVol(const wizard::AppState& state, std::int16_t regels) {
+    const double below = static_cast<double>(regels + linesKeptFree) * state.LineHeight;
+    return SurfaceOf(state).CurrentY() + below > state.PageHeight;
+}
+
+void RegelVerder(const wizard::AppState& state, double aantal) {
+    PrintSurface& surface = SurfaceOf(state);
+    surface.SetCurrentY(surface.CurrentY() + aantal * state.LineHeight * lineSpacing);
+    surface.SetCurrentX(0);
+}
+
+void RegelVerder(const wizard::AppState& state, platform::Locale& locale, std::string_view aantal) {
+    const std::optional<double> lines =
+        aantal.empty() ? std::optional(1.0) : PlainDecimal(aantal, locale.DecimalMark());
+    if (!lines) {
+        throw platform::RuntimeError(platform::ErrorTypeMismatch, "Type mismatch");
+    }
+    RegelVerder(state, *lines);
+}
+
+void TrekLijn(const wizard::AppState& state, std::int32_t x1, std::int32_t& x2, std::int32_t kleur) {
+    PrintSurface& surface = SurfaceOf(state);
+    const auto rightMargin = [&] {
+        return platform::ToInt32(static_cast<double>(state.SurfaceWidth) - state.LeftMargin);
+    };
+    const double y = surface.CurrentY();
+    if (x1 == 0) {
+        surface.SetCurrentX(state.LeftMargin);
+        surface.Line(state.LeftMargin, y, rightMargin(), y, kleur);
+    } else {
+        surface.SetCurrentX(x1);
+        if (x2 == 0) {
+            x2 = rightMargin();
+        }
+        surface.Line(x1, y, x2, y, kleur);
+    }
+    surface.SetCurrentX(state.SurfaceLeft);
+}
+
+std::int32_t Kalibreer(const wizard::AppState& state, platform::Locale& locale, std::int32_t basis,
+                       std::string_view waarde) {
+    const double twipsPerMm = state.TwipsPerCm / mmPerCm;
+    const double place = platform::RoundTiesToEven(
+        basis + twipsPerMm * PlainDecimal(waarde, locale.DecimalMark()).value_or(0));
+    const bool fits = place >= std::numeric_limits<std::int32_t>::min() &&
+                      place <= std::numeric_limits<std::int32_t>::max();
+    return fits ? static_cast<std::int32_t>(place) : basis;
+}
+
+} // namespace composition

@@ -1,0 +1,135 @@
+#include "composition/TestFormRun.h"
+
+#include <array>
+
+#include "composition/ContractTexts.h"
+#include "composition/PrintFormulier.h"
+#include "composition/PrintIncassant.h"
+#include "composition/PrintOCRRegel.h"
+#include "composition/PrintSurface.h"
+#include "composition/RunHost.h"
+#include "payment/CheckDigits.h"
+#include "payment/Iban.h"
+#include "payment/PaymentReference.h"
+#include "platform/Clock.h"
+#include "platform/Numbers.h"
+#include "platform/Platform.h"
+#include "platform/Resume.h"
+#include "wizard/AppState.h"
+
+namespace composition {
+
+using platform::Resume;
+
+namespace {
+
+constexpr std::int32_t lastRij = 248;
+constexpr std::string_view soort = "1";
+
+/// Tops of the forms on the stationery. The three of a sheet do not stand at one pitch.
+constexpr std::array<double, 3> sheetTopsCm = {0, 10.158, 20.317};
+constexpr double underLetterTopCm = 19.8;
+
+} // namespace
+
+TestFormRun::TestFormRun(wizard::AppState& state, platform::Platform& platform, RunHost& host, Twips corner)
+    : state_(state), platform_(platform), host_(host), corner_(corner) {}
+
+void TestFormRun::Print(std::int32_t aantal, std::int16_t copies) {
+    if (aantal <= 0) {
+        return;
+    }
+    const testdata::DrawSources sources = {platform_.Random, platform_.Clock, *state_.PersonTable,
+                                           *state_.AccountTable};
+    while (draw_.Volgnummer < aantal) {
+        Resume([&] { testdata::DrawTestDocument(draw_, sources, document_); });
+        for (int copy = 1; copy <= copies; ++copy) {
+            Formulier();
+        }
+        Resume([&] {
+            host_.UpdatePercentage(platform::ToInt16(static_cast<double>(draw_.Volgnummer) / aantal * 100));
+        });
+        draw_.Rij = draw_.Rij < lastRij ? draw_.Rij + 1 : 0;
+    }
+}
+
+void TestFormRun::Formulier() {
+    if (nieuwePagina_) {
+        Resume([&] { SurfaceOf(state_).Newpage(); });
+        nieuwePagina_ = false;
+    }
+    if (state_.AcceptgiroType == typeUnderLetter) {
+        Resume([&] { corner_.y = TopAt(underLetterTopCm); });
+    }
+    switch (state_.AcceptgiroType) {
+    case typeNarrowStub:
+    case typeUnderLetter:
+        DrawPayerAndCreditor(true);
+        break;
+    case typeWideStub:
+        DrawPayerAndCreditor(false);
+        break;
+    default:
+        break; // stationery that is not known gets what every form has, the OCR line
+    }
+    DrawOcrLine();
+    TakeNextPlace();
+}
+
+void TestFormRun::DrawPayerAndCreditor(bool smalleStub) {
+    adresPlaats_.assign(document_.postcode).append("  ").append(document_.woonplaats);
+    const FormulierTekst tekst = {.omschrijving1 = "DRUKKEURING",
+                                  .omschrijving2 = {},
+                                  .euro = document_.euro,
+                                  .cent = document_.cent,
+                                  .rekening = document_.rekening,
+                                  .regel0 = {},
+                                  .naam = document_.naam,
+                                  .partner = document_.partner,
+                                  .regel3 = {},
+                                  .adres = document_.adres,
+                                  .plaats = adresPlaats_};
+    Resume([&] { PrintFormulier(state_, platform_, smalleStub, corner_, tekst, Positie()); });
+
+    const IncassantTekst incassant = {.rekening = state_.IncassantBankGiro,
+                                      .naam = state_.IncassantBegunstigde,
+                                      .adres = state_.IncassantAdres,
+                                      .postcode = state_.IncassantPostCode,
+                                      .plaats = state_.IncassantWoonplaats};
+    Resume([&] { PrintIncassant(state_, platform_, smalleStub, corner_, incassant, Positie()); });
+}
+
+void TestFormRun::DrawOcrLine() {
+    Resume([&] {
+        const platform::DateTime now = platform_.Clock.Now();
+        kenmerk_ =
+            payment::MaakBetalingskenmerk(document_.volgnummertekst, soort, payment::NulVulling(now.Month, 2),
+                                          payment::NulVulling(now.Year, 4));
+    });
+    const payment::OcrValues values = {.kenmerk = kenmerk_,
+                                       .euro = document_.euro,
+                                       .cent = document_.cent,
+                                       .rekening = state_.IncassantBankGiro,
+                                       .bic = payment::IBAN2BIC(state_.IncassantBankGiro)};
+    std::int16_t positie = Positie();
+    Resume([&] { PrintOCRRegel(state_, platform_, corner_, values, positie, line_); });
+}
+
+void TestFormRun::TakeNextPlace() {
+    if (state_.AcceptgiroType == typeUnderLetter) {
+        nieuwePagina_ = true;
+        return;
+    }
+    ++plaats_;
+    if (plaats_ == static_cast<std::int16_t>(sheetTopsCm.size())) {
+        nieuwePagina_ = true;
+        plaats_ = 0;
+    }
+    Resume([&] { corner_.y = TopAt(sheetTopsCm[static_cast<std::size_t>(plaats_)]); });
+}
+
+std::int32_t TestFormRun::TopAt(double cm) const {
+    return platform::ToInt32(cm * state_.TwipsPerCm - state_.PhysicalOffsetY);
+}
+
+} // namespace composition
