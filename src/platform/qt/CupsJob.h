@@ -1,0 +1,34 @@
+#pragma once
+
+#include "platform/qt/CupsConnection.h"
+#include "platform/qt/PrintQueue.h"
+
+#include <QSaveFile>
+
+#include <string>
+
+namespace platform::qt {
+
+/// A document on its way to a queue, kept meanwhile in a file that no other user can read.
+class CupsJob : public PrintJob {
+  public:
+    /// Options name paper and bin and whatever the user has set for the queue. The document turns its own
+    /// pages, has its copies in it and is never scaled, so options about these do not go along.
+    CupsJob(const std::string& queue, const std::string& title, const CupsOptions& options);
+    ~CupsJob() override;
+
+    QIODevice* Output() override { return &file_; }
+    void Finish() override;
+
+  private:
+    std::string queue_;
+    std::string title_;
+    CupsOptions options_;
+    QSaveFile file_;
+};
+
+/// Where documents wait until the server has them: a folder of the user's own. Files that an earlier run left
+/// there a day ago or more are removed when a document begins.
+QString SpoolFolder();
+
+} // namespace platform::qt

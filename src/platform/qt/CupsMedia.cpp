@@ -1,0 +1,180 @@
+#include "platform/qt/CupsMedia.h"
+
+#include "platform/qt/CupsPpd.h"
+#include "platform/qt/PaperTable.h"
+
+#include <cups/pwg.h>
+
+#include <algorithm>
+#include <array>
+#include <cstddef>
+#include <cstdio>
+#include <memory>
+#include <string_view>
+
+namespace platform::qt {
+
+namespace {
+
+constexpr double TwipsPerHundredthMillimetre = 1440.0 / 2540.0;
+
+struct FreeIpp {
+    void operator()(ipp_t* message) const { ippDelete(message); }
+};
+using IppMessage = std::unique_ptr<ipp_t, FreeIpp>;
+
+constexpr std::array<const char*, 4> WantedAttributes = {"media-supported", "media-default",
+                                                         "media-col-default", "media-source-supported"};
+
+struct BinWording {
+    std::string_view Source;
+    const char* Name;
+};
+constexpr std::array<BinWording, 14> BinWordings = {{
+    {"auto", "Automatisch"},
+    {"main", "Hoofdlade"},
+    {"manual", "Handmatige invoer"},
+    {"by-pass-tray", "Multifunctionele lade"},
+    {"top", "Bovenste lade"},
+    {"middle", "Middelste lade"},
+    {"bottom", "Onderste lade"},
+    {"large-capacity", "Grote lade"},
+    {"envelope", "Enveloppeninvoer"},
+    {"tray-1", "Lade 1"},
+    {"tray-2", "Lade 2"},
+    {"tray-3", "Lade 3"},
+    {"tray-4", "Lade 4"},
+    {"rear", "Achterste lade"},
+}};
+
+IppMessage AskAttributes(http_t* http, const std::string& queue) {
+    ipp_t* request = ippNewRequest(IPP_OP_GET_PRINTER_ATTRIBUTES);
+    std::array<char, HTTP_MAX_URI> uri = {};
+    httpAssembleURIf(HTTP_URI_CODING_ALL, uri.data(), static_cast<int>(uri.size()), "ipp", nullptr,
+                     "localhost", 0, "/printers/%s", queue.c_str());
+    ippAddString(request, IPP_TAG_OPERATION, IPP_TAG_URI, "printer-uri", nullptr, uri.data());
+    ippAddString(request, IPP_TAG_OPERATION, IPP_TAG_NAME, "requesting-user-name", nullptr, cupsUser());
+    ippAddStrings(request, IPP_TAG_OPERATION, IPP_CONST_TAG(IPP_TAG_KEYWORD), "requested-attributes",
+                  static_cast<int>(WantedAttributes.size()), nullptr, WantedAttributes.data());
+    return IppMessage(cupsDoRequest(http, request, "/")); // takes the request with it
+}
+
+std::vector<std::string> Keywords(ipp_t* attributes, const char* name) {
+    std::vector<std::string> keywords;
+    if (ipp_attribute_t* attribute = ippFindAttribute(attributes, name, IPP_TAG_ZERO)) {
+        for (int i = 0; i < ippGetCount(attribute); ++i) {
+            if (const char* keyword = ippGetString(attribute, i, nullptr)) {
+                keywords.emplace_back(keyword);
+            }
+        }
+    }
+    return keywords;
+}
+
+double MarginOf(ipp_t* collection, const char* name) {
+    ipp_attribute_t* margin = ippFindAttribute(collection, name, IPP_TAG_INTEGER);
+    return margin == nullptr ? 0 : ippGetInteger(margin, 0) * TwipsPerHundredthMillimetre;
+}
+
+std::string WordingOfBin(const std::string& source) {
+    const auto found =
+        std::find_if(BinWordings.begin(), BinWordings.end(),
+                     [&source](const BinWording& wording) { return wording.Source == source; });
+    return found == BinWordings.end() ? source : found->Name;
+}
+
+/// A number that is not negative and not taken by a code.
+template <class Item>
+void Number(std::vector<Item>& items) {
+    for (std::size_t i = 0; i < items.size(); ++i) {
+        const std::int16_t code = items[i].Id;
+        const auto before = items.begin() + static_cast<std::ptrdiff_t>(i);
+        const bool taken =
+            std::any_of(items.begin(), before, [code](const Item& item) { return item.Id == code; });
+        if (code == 0 || taken) {
+            items[i].Id = static_cast<std::int16_t>(FirstPrivateId + static_cast<int>(i));
+        }
+    }
+}
+
+} // namespace
+
+void NumberMedia(CupsMedia& media) {
+    // More than any printer has; beyond it the numbers would leave 16 bits.
+    constexpr std::size_t Most = 8192;
+    media.Papers.resize(std::min(media.Papers.size(), Most));
+    media.Bins.resize(std::min(media.Bins.size(), Most));
+    Number(media.Papers);
+    Number(media.Bins);
+}
+
+CupsMedia MediaOfAttributes(ipp_t* attributes) {
+    CupsMedia media;
+    Paper margins;
+    if (ipp_attribute_t* preset =
+            ippFindAttribute(attributes, "media-col-default", IPP_TAG_BEGIN_COLLECTION)) {
+        ipp_t* collection = ippGetCollection(preset, 0);
+        margins.Left = MarginOf(collection, "media-left-margin");
+        margins.Top = MarginOf(collection, "media-top-margin");
+        margins.Right = MarginOf(collection, "media-right-margin");
+        margins.Bottom = MarginOf(collection, "media-bottom-margin");
+    }
+    for (const std::string& keyword : Keywords(attributes, "media-supported")) {
+        const pwg_media_t* size = pwgMediaForPWG(keyword.c_str());
+        if (size == nullptr || size->width <= 0 || size->length <= 0 || keyword.starts_with("custom_")) {
+            continue; // a type of media, or the bounds of sizes that one can make up
+        }
+        Paper paper = margins;
+        paper.Id = PaperCode(keyword);
+        paper.Name = size->ppd != nullptr && *size->ppd != 0 ? size->ppd : keyword;
+        paper.PwgMedia = keyword;
+        paper.Width = size->width * TwipsPerHundredthMillimetre;
+        paper.Height = size->length * TwipsPerHundredthMillimetre;
+        media.Papers.push_back(paper);
+    }
+    for (const std::string& source : Keywords(attributes, "media-source-supported")) {
+        Bin bin;
+        bin.Id = BinCode(source);
+        bin.Name = WordingOfBin(source);
+        bin.PwgSource = source;
+        media.Bins.push_back(bin);
+    }
+    NumberMedia(media);
+    const std::vector<std::string> preset = Keywords(attributes, "media-default");
+    for (const Paper& paper : media.Papers) {
+        if (!preset.empty() && paper.PwgMedia == preset.front()) {
+            media.DefaultPaper = paper.Id;
+        }
+    }
+    if (media.DefaultPaper == 0 && !media.Papers.empty()) {
+        media.DefaultPaper = media.Papers.front().Id;
+    }
+    if (!media.Bins.empty()) {
+        media.DefaultBin = media.Bins.front().Id;
+    }
+    return media;
+}
+
+CupsMedia ReadCupsMedia(http_t* http, const std::string& queue) {
+    const IppMessage answer = AskAttributes(http, queue);
+    CupsMedia byAttributes;
+    if (answer != nullptr) {
+        byAttributes = MediaOfAttributes(answer.get());
+    }
+    if (std::string file = FetchPpd(http, queue); !file.empty()) {
+        CupsMedia byPpd = MediaOfPpd(file);
+        std::remove(file.c_str());
+        // The server derives media-source-supported from the PPD's bins, one by one.
+        if (byPpd.Bins.size() == byAttributes.Bins.size()) {
+            for (std::size_t i = 0; i < byPpd.Bins.size(); ++i) {
+                byPpd.Bins[i].PwgSource = byAttributes.Bins[i].PwgSource;
+            }
+        }
+        if (!byPpd.Papers.empty()) {
+            return byPpd;
+        }
+    }
+    return byAttributes;
+}
+
+} // namespace platform::qt

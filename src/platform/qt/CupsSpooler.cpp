@@ -1,0 +1,245 @@
+#include "platform/qt/CupsSpooler.h"
+
+#include "platform/Text.h"
+
+#include <algorithm>
+#include <array>
+#include <cmath>
+#include <cstring>
+#include <vector>
+
+namespace platform::qt {
+
+namespace {
+
+constexpr std::uint32_t InfoLevel = 2;
+constexpr std::int32_t Succeeded = 1;
+constexpr std::int32_t Failed = -1;
+constexpr std::size_t PaperNameBytes = 64;
+constexpr std::size_t BinNameBytes = 24;
+constexpr double TwipsPerTenthMillimetre = 1440.0 / 254.0;
+constexpr std::uint16_t DevModeVersion = 0x0401;
+
+/// A text in the code page into a field of `size` bytes, closed by a NUL.
+void PutText(char* field, std::size_t size, const std::string& utf8) {
+    const std::string bytes = text::ToCodePage(utf8);
+    std::memset(field, 0, size);
+    std::memcpy(field, bytes.data(), std::min(size - 1, bytes.size()));
+}
+
+constexpr std::uint32_t Bit(std::int32_t field) {
+    return static_cast<std::uint32_t>(field);
+}
+
+DEVMODE DevModeOf(PrintQueue& queue, const QueueSettings& settings) {
+    DEVMODE mode{};
+    PutText(mode.dmDeviceName, sizeof mode.dmDeviceName, queue.Name());
+    mode.dmSpecVersion = DevModeVersion;
+    mode.dmSize = sizeof(DEVMODE);
+    mode.dmFields = Bit(DM_ORIENTATION);
+    if (!queue.Papers().empty()) {
+        mode.dmFields |= Bit(DM_PAPERSIZE);
+    }
+    if (!queue.Bins().empty()) {
+        mode.dmFields |= Bit(DM_DEFAULTSOURCE);
+    }
+    mode.dmOrientation = settings.Orientation;
+    mode.dmPaperSize = settings.PaperId;
+    mode.dmDefaultSource = settings.BinId;
+    mode.dmCopies = settings.Copies;
+    return mode;
+}
+
+DEVMODE ReadDevMode(const void* bytes) {
+    DEVMODE mode;
+    std::memcpy(&mode, bytes, sizeof mode);
+    return mode;
+}
+
+template <class Item>
+bool Offers(const std::vector<Item>& items, std::int16_t id) {
+    return std::any_of(items.begin(), items.end(), [id](const Item& item) { return item.Id == id; });
+}
+
+/// The stored settings with those of `mode` in their place that the queue offers.
+QueueSettings Merged(PrintQueue& queue, const DEVMODE& mode) {
+    QueueSettings settings = queue.ReadSettings();
+    const auto has = [&mode](std::int32_t field) { return (mode.dmFields & Bit(field)) != 0; };
+    if (has(DM_ORIENTATION) && (mode.dmOrientation == Portrait || mode.dmOrientation == Landscape)) {
+        settings.Orientation = mode.dmOrientation;
+    }
+    if (has(DM_PAPERSIZE) && Offers(queue.Papers(), mode.dmPaperSize)) {
+        settings.PaperId = mode.dmPaperSize;
+    }
+    if (has(DM_DEFAULTSOURCE) && Offers(queue.Bins(), mode.dmDefaultSource)) {
+        settings.BinId = mode.dmDefaultSource;
+    }
+    return settings;
+}
+
+struct InfoText {
+    char* PRINTER_INFO_2::*Member;
+    std::string Bytes;
+};
+
+/// Copies a value to a place in a caller's buffer, which need not be aligned, and moves the place on.
+template <class Value>
+void Put(char*& at, const Value& value) {
+    std::memcpy(at, &value, sizeof value);
+    at += sizeof value;
+}
+
+std::int32_t TenthsOfMillimetre(double twips) {
+    return static_cast<std::int32_t>(std::lround(twips / TwipsPerTenthMillimetre));
+}
+
+struct PutId {
+    template <class Item>
+    void operator()(char*& at, const Item& item) const {
+        Put(at, item.Id);
+    }
+};
+
+struct PutName {
+    std::size_t Size;
+
+    template <class Item>
+    void operator()(char*& at, const Item& item) const {
+        PutText(at, Size, item.Name);
+        at += Size;
+    }
+};
+
+struct PutPaperSize {
+    void operator()(char*& at, const Paper& paper) const {
+        Put(at, TenthsOfMillimetre(paper.Width));
+        Put(at, TenthsOfMillimetre(paper.Height));
+    }
+};
+
+/// The number of items and, where there is a buffer, their data.
+template <class Item, class Write>
+std::int32_t List(void* output, const std::vector<Item>& items, Write write) {
+    if (char* at = static_cast<char*>(output)) {
+        for (const Item& item : items) {
+            write(at, item);
+        }
+    }
+    return static_cast<std::int32_t>(items.size());
+}
+
+} // namespace
+
+PrintQueue* CupsSpooler::OfHandle(PrinterHandle handle) const {
+    const auto found = open_.find(handle);
+    return found == open_.end() ? nullptr : found->second;
+}
+
+bool CupsSpooler::OpenPrinterA(const std::string& printer, PrinterHandle& handle, const PRINTER_DEFAULTS&) {
+    handle = 0;
+    PrintQueue* queue = printers_.Find(text::FromCodePage(printer));
+    if (queue == nullptr || !queue->Reachable()) {
+        return false;
+    }
+    handle = ++last_;
+    open_[handle] = queue;
+    return true;
+}
+
+bool CupsSpooler::ClosePrinter(PrinterHandle handle) {
+    return open_.erase(handle) == 1;
+}
+
+std::int32_t CupsSpooler::DocumentPropertiesA(PrinterHandle handle, const std::string&, void* output,
+                                              const void* input, std::uint32_t mode) {
+    PrintQueue* queue = OfHandle(handle);
+    if (queue == nullptr) {
+        return Failed;
+    }
+    if (mode == 0) {
+        return sizeof(DEVMODE);
+    }
+    if (output == nullptr) {
+        return Failed;
+    }
+    DEVMODE answer;
+    if (mode == DM_OUT_BUFFER) {
+        answer = DevModeOf(*queue, queue->ReadSettings());
+    } else if (mode == (DM_IN_BUFFER | DM_OUT_BUFFER) && input != nullptr) {
+        answer = DevModeOf(*queue, Merged(*queue, ReadDevMode(input)));
+    } else {
+        return Failed;
+    }
+    std::memcpy(output, &answer, sizeof answer);
+    return Succeeded;
+}
+
+bool CupsSpooler::GetPrinterA(PrinterHandle handle, std::uint32_t level, void* buffer, std::uint32_t size,
+                              std::uint32_t& needed) {
+    needed = 0;
+    PrintQueue* queue = OfHandle(handle);
+    if (queue == nullptr || level != InfoLevel) {
+        return false;
+    }
+    const std::array<InfoText, 4> texts = {{
+        {&PRINTER_INFO_2::pPrinterName, text::ToCodePage(queue->Name())},
+        {&PRINTER_INFO_2::pPortName, text::ToCodePage(queue->Port())},
+        {&PRINTER_INFO_2::pDriverName, text::ToCodePage(queue->Driver())},
+        {&PRINTER_INFO_2::pComment, text::ToCodePage(queue->Comment())},
+    }};
+    std::size_t total = sizeof(PRINTER_INFO_2) + sizeof(DEVMODE);
+    for (const InfoText& each : texts) {
+        total += each.Bytes.size() + 1;
+    }
+    needed = static_cast<std::uint32_t>(total);
+    if (buffer == nullptr || size < needed) {
+        return false;
+    }
+    PRINTER_INFO_2 info{};
+    info.Status = queue->Status();
+    char* at = static_cast<char*>(buffer) + sizeof info;
+    info.pDevMode = reinterpret_cast<DEVMODE*>(at);
+    Put(at, DevModeOf(*queue, queue->ReadSettings()));
+    for (const InfoText& each : texts) {
+        info.*each.Member = at;
+        std::memcpy(at, each.Bytes.c_str(), each.Bytes.size() + 1);
+        at += each.Bytes.size() + 1;
+    }
+    std::memcpy(buffer, &info, sizeof info);
+    return true;
+}
+
+bool CupsSpooler::SetPrinterA(PrinterHandle handle, std::uint32_t level, const void* buffer,
+                              std::uint32_t command) {
+    PrintQueue* queue = OfHandle(handle);
+    if (queue == nullptr || level != InfoLevel || buffer == nullptr || command != 0) {
+        return false;
+    }
+    PRINTER_INFO_2 info;
+    std::memcpy(&info, buffer, sizeof info);
+    return info.pDevMode != nullptr && queue->WriteSettings(Merged(*queue, ReadDevMode(info.pDevMode)));
+}
+
+std::int32_t CupsSpooler::DeviceCapabilitiesA(const std::string& printer, const std::string&,
+                                              std::uint16_t capability, void* output) {
+    PrintQueue* queue = printers_.Find(text::FromCodePage(printer));
+    if (queue == nullptr) {
+        return Failed;
+    }
+    switch (capability) {
+    case DC_PAPERS:
+        return List(output, queue->Papers(), PutId{});
+    case DC_PAPERSIZE:
+        return List(output, queue->Papers(), PutPaperSize{});
+    case DC_PAPERNAMES:
+        return List(output, queue->Papers(), PutName{PaperNameBytes});
+    case DC_BINS:
+        return List(output, queue->Bins(), PutId{});
+    case DC_BINNAMES:
+        return List(output, queue->Bins(), PutName{BinNameBytes});
+    default:
+        return Failed;
+    }
+}
+
+} // namespace platform::qt

@@ -1,0 +1,39 @@
+#pragma once
+
+#include "platform/Spooler.h"
+#include "platform/qt/QtPrinters.h"
+
+#include <map>
+#include <string>
+
+namespace platform::qt {
+
+/// The spooler's calls, answered from the queues of this machine and the PDF printer. The stored defaults of
+/// a printer are the user's own for that queue; no administrator's right is needed to change them.
+class CupsSpooler : public Spooler {
+  public:
+    explicit CupsSpooler(QtPrinters& printers) : printers_(printers) {}
+
+    bool OpenPrinterA(const std::string& printer, PrinterHandle& handle,
+                      const PRINTER_DEFAULTS& defaults) override;
+    bool ClosePrinter(PrinterHandle handle) override;
+
+    std::int32_t DocumentPropertiesA(PrinterHandle handle, const std::string& printer, void* output,
+                                     const void* input, std::uint32_t mode) override;
+    bool GetPrinterA(PrinterHandle handle, std::uint32_t level, void* buffer, std::uint32_t size,
+                     std::uint32_t& needed) override;
+    bool SetPrinterA(PrinterHandle handle, std::uint32_t level, const void* buffer,
+                     std::uint32_t command) override;
+    /// Names are cut so that each is closed by a NUL.
+    std::int32_t DeviceCapabilitiesA(const std::string& printer, const std::string& port,
+                                     std::uint16_t capability, void* output) override;
+
+  private:
+    PrintQueue* OfHandle(PrinterHandle handle) const;
+
+    QtPrinters& printers_;
+    std::map<PrinterHandle, PrintQueue*> open_;
+    PrinterHandle last_ = 0;
+};
+
+} // namespace platform::qt

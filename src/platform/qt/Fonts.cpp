@@ -1,0 +1,96 @@
+#include "platform/qt/Fonts.h"
+
+#include "platform/Text.h"
+
+#include <QFile>
+#include <QFontDatabase>
+
+#include <algorithm>
+#include <array>
+#include <cmath>
+#include <mutex>
+
+namespace platform::qt {
+
+namespace {
+
+struct PackagedFont {
+    const char* Family;
+    std::array<const char*, 2> Files;
+};
+
+// Wine's own fonts are ordinary TrueType files, but its package leaves them where the desktop does not look.
+constexpr std::array<const char*, 3> FontFolders = {"/usr/share/wine/fonts/", "/usr/local/share/wine/fonts/",
+                                                    "/opt/wine-stable/share/wine/fonts/"};
+constexpr std::array<PackagedFont, 1> PackagedFonts = {{
+    {"Tahoma", {"tahoma.ttf", "tahomabd.ttf"}},
+}};
+
+bool AddFile(const char* file) {
+    for (const char* folder : FontFolders) {
+        const QString path = QString::fromLatin1(folder) + QString::fromLatin1(file);
+        if (QFile::exists(path)) {
+            return QFontDatabase::addApplicationFont(path) >= 0;
+        }
+    }
+    return false;
+}
+
+QString Comparable(const QString& family) {
+    QString bare;
+    for (const QChar c : family) {
+        if (c != u' ' && c != u'-') {
+            bare += c.toCaseFolded();
+        }
+    }
+    return bare;
+}
+
+} // namespace
+
+void LoadPackagedFonts() {
+    static std::once_flag once;
+    std::call_once(once, [] {
+        for (const PackagedFont& font : PackagedFonts) {
+            if (QFontDatabase::hasFamily(QString::fromLatin1(font.Family))) {
+                continue;
+            }
+            for (const char* file : font.Files) {
+                AddFile(file);
+            }
+        }
+    });
+}
+
+std::string ResolveFamily(const std::string& wanted) {
+    LoadPackagedFonts();
+    const QString name = QString::fromStdString(wanted);
+    if (QFontDatabase::hasFamily(name)) {
+        return wanted;
+    }
+    const QString comparable = Comparable(name);
+    if (comparable.isEmpty()) {
+        return wanted;
+    }
+    for (const QString& family : QFontDatabase::families()) {
+        if (Comparable(family) == comparable) {
+            return family.toStdString();
+        }
+    }
+    return wanted;
+}
+
+QFont DesignFont(const FontSpec& font) {
+    QFont design;
+    design.setFamilies({QString::fromStdString(ResolveFamily(font.Name))});
+    // Negated so that a size that is no number counts as the smallest.
+    const double size = !(font.Size > 0) ? 0 : std::min(font.Size, LargestFontSize);
+    design.setPixelSize(std::max(1, static_cast<int>(std::lround(size * UnitsPerPoint))));
+    design.setBold(font.Bold);
+    design.setKerning(false);
+    design.setStyleStrategy(QFont::PreferNoShaping);
+    design.setHintingPreference(QFont::PreferNoHinting);
+    return design;
+}
+
+} // namespace platform::qt

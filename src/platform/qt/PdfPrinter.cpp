@@ -1,0 +1,178 @@
+#include "platform/qt/PdfPrinter.h"
+
+#include "platform/RuntimeError.h"
+#include "platform/qt/PaperTable.h"
+
+#include <QApplication>
+#include <QDir>
+#include <QFile>
+#include <QFileDialog>
+#include <QFileInfo>
+#include <QSaveFile>
+#include <QStandardPaths>
+
+#include <algorithm>
+#include <array>
+#include <utility>
+
+namespace platform::qt {
+
+namespace {
+
+constexpr qsizetype LongestFileName = 100; // characters; a name must stay below 255 bytes
+
+/// A name and where it stands in the settings.
+struct Setting {
+    const char* Name;
+    std::int16_t QueueSettings::*Value;
+};
+constexpr std::array<Setting, 3> StoredSettings = {{
+    {"orientation", &QueueSettings::Orientation},
+    {"paper", &QueueSettings::PaperId},
+    {"bin", &QueueSettings::BinId},
+}};
+
+constexpr qint64 LongestSettingsFile = 4096;
+
+Paper PaperOf(std::int16_t id, const char* name, double width, double height) {
+    Paper paper;
+    paper.Id = id;
+    paper.Name = name;
+    paper.Width = width;
+    paper.Height = height;
+    return paper;
+}
+
+double TwipsOfMillimetres(double millimetres) {
+    return millimetres / 25.4 * 1440;
+}
+
+double TwipsOfInches(double inches) {
+    return inches * 1440;
+}
+
+/// A document on its way into a file. The file is written beside the one that is meant and takes its place
+/// when it is complete.
+class FileJob : public PrintJob {
+  public:
+    explicit FileJob(const std::optional<QString>& path) : file_(path.value_or(QString())) {
+        if (path && !file_.open(QIODevice::WriteOnly)) {
+            throw Failure();
+        }
+    }
+
+    QIODevice* Output() override { return file_.isOpen() ? &file_ : nullptr; }
+
+    void Finish() override {
+        if (file_.isOpen() && !file_.commit()) {
+            throw Failure();
+        }
+    }
+
+  private:
+    RuntimeError Failure() const {
+        const QString text = QStringLiteral("Het bestand kon niet worden geschreven.\n%1\n%2")
+                                 .arg(QDir::toNativeSeparators(file_.fileName()), file_.errorString());
+        return RuntimeError(ErrorPrinter, text.toStdString());
+    }
+
+    QSaveFile file_;
+};
+
+} // namespace
+
+std::optional<QString> AskForPdfFile(const QString& proposed) {
+    static QString folder = QStandardPaths::writableLocation(QStandardPaths::DocumentsLocation);
+    QFileDialog dialog(QApplication::activeWindow(), QStringLiteral("Opslaan als PDF-bestand"), folder,
+                       QStringLiteral("PDF-bestanden (*.pdf);;Alle bestanden (*)"));
+    dialog.setAcceptMode(QFileDialog::AcceptSave);
+    dialog.setFileMode(QFileDialog::AnyFile);
+    dialog.setDefaultSuffix(QStringLiteral("pdf"));
+    dialog.setLabelText(QFileDialog::LookIn, QStringLiteral("Map:"));
+    dialog.setLabelText(QFileDialog::FileName, QStringLiteral("Bestandsnaam:"));
+    dialog.setLabelText(QFileDialog::FileType, QStringLiteral("Bestandstype:"));
+    dialog.setLabelText(QFileDialog::Accept, QStringLiteral("Opslaan"));
+    dialog.setLabelText(QFileDialog::Reject, QStringLiteral("Annuleren"));
+    dialog.selectFile(proposed);
+    if (dialog.exec() != QDialog::Accepted || dialog.selectedFiles().isEmpty()) {
+        return std::nullopt;
+    }
+    folder = dialog.directory().absolutePath();
+    return dialog.selectedFiles().front();
+}
+
+QString FileNameForTitle(const std::string& title) {
+    QString name;
+    for (const QChar c : QString::fromStdString(title).left(LongestFileName)) {
+        name += c.category() == QChar::Other_Control || QStringLiteral("/\\:*?\"<>|").contains(c)
+                    ? QChar(u'-')
+                    : c;
+    }
+    name = name.trimmed();
+    while (name.startsWith(u'.')) {
+        name.remove(0, 1);
+    }
+    return (name.isEmpty() ? QStringLiteral("Document") : name) + QStringLiteral(".pdf");
+}
+
+PdfPrinter::PdfPrinter(FileAsker asker, const QString& settingsFile)
+    : asker_(std::move(asker)), settingsFile_(settingsFile),
+      papers_{PaperOf(PaperA4, "A4", TwipsOfMillimetres(210), TwipsOfMillimetres(297)),
+              PaperOf(PaperA5, "A5", TwipsOfMillimetres(148), TwipsOfMillimetres(210)),
+              PaperOf(PaperLetter, "Letter", TwipsOfInches(8.5), TwipsOfInches(11)),
+              PaperOf(PaperLegal, "Legal", TwipsOfInches(8.5), TwipsOfInches(14))} {
+    Bin bin;
+    bin.Id = BinAutomatic;
+    bin.Name = "Automatisch";
+    bins_.push_back(bin);
+    if (settingsFile_.isEmpty()) {
+        settingsFile_ = QStandardPaths::writableLocation(QStandardPaths::GenericConfigLocation) +
+                        QStringLiteral("/drukkeuring/pdf-bestand.conf");
+    }
+}
+
+std::string PdfPrinter::Comment() {
+    return "Elk document wordt een PDF-bestand";
+}
+
+QueueSettings PdfPrinter::ReadSettings() {
+    QueueSettings settings{Portrait, PaperA4, BinAutomatic, 1};
+    QFile file(settingsFile_);
+    if (file.open(QIODevice::ReadOnly)) {
+        for (const QByteArray& line : file.read(LongestSettingsFile).split('\n')) {
+            const qsizetype mark = line.indexOf('=');
+            bool isNumber = false;
+            const short value = line.mid(mark + 1).trimmed().toShort(&isNumber);
+            for (const Setting& setting : StoredSettings) {
+                if (isNumber && mark > 0 && line.left(mark).trimmed() == setting.Name) {
+                    settings.*setting.Value = value;
+                }
+            }
+        }
+    }
+    if (settings.Orientation != Landscape) {
+        settings.Orientation = Portrait;
+    }
+    return settings;
+}
+
+bool PdfPrinter::WriteSettings(const QueueSettings& settings) {
+    if (settings == ReadSettings()) {
+        return true;
+    }
+    QDir().mkpath(QFileInfo(settingsFile_).absolutePath());
+    QSaveFile file(settingsFile_);
+    if (!file.open(QIODevice::WriteOnly)) {
+        return false;
+    }
+    for (const Setting& setting : StoredSettings) {
+        file.write(QByteArray(setting.Name) + '=' + QByteArray::number(settings.*setting.Value) + '\n');
+    }
+    return file.commit();
+}
+
+std::unique_ptr<PrintJob> PdfPrinter::BeginJob(const std::string& title, const Paper&, const Bin*) {
+    return std::make_unique<FileJob>(asker_(FileNameForTitle(title)));
+}
+
+} // namespace platform::qt

@@ -1,0 +1,223 @@
+#include "platform/qt/QtPrinter.h"
+
+#include <QApplication>
+#include <QMessageBox>
+
+#include <algorithm>
+#include <cmath>
+#include <utility>
+
+namespace platform::qt {
+
+namespace {
+
+constexpr int DotsPerInch = 600;
+constexpr double TwipsPerDot = 1440.0 / DotsPerInch;
+constexpr double UnitsPerDot = 7200.0 / DotsPerInch;
+
+/// What a printer has of its own until a font is set.
+const FontSpec OwnFont = {"Tahoma", 12, false};
+
+int Dots(double twips) {
+    return static_cast<int>(std::lround(twips / TwipsPerDot));
+}
+
+} // namespace
+
+void TellPrintFailure(const std::string& text) {
+    QMessageBox box(QMessageBox::Critical, QStringLiteral("Afdrukken"), QString::fromStdString(text),
+                    QMessageBox::Ok, QApplication::activeWindow());
+    box.exec();
+}
+
+QtPrinter::QtPrinter(QtPrinters& printers, PrintFailureTeller teller)
+    : printers_(printers), teller_(std::move(teller)), canvas_(static_cast<PageDevice&>(*this)) {
+    Drawing.Font = OwnFont;
+}
+
+PrintQueue& QtPrinter::Queue() {
+    if (queue_ == nullptr) {
+        Assign(printers_.DefaultIndex());
+    }
+    return *queue_;
+}
+
+void QtPrinter::Assign(int index) {
+    queue_ = &printers_.Queue(index);
+    settings_ = queue_->ReadSettings();
+    Drawing = DrawingState{0, 0, OwnFont};
+}
+
+std::string QtPrinter::DeviceName() {
+    return Queue().Name();
+}
+
+std::string QtPrinter::Port() {
+    return Queue().Port();
+}
+
+std::int16_t QtPrinter::Orientation() {
+    Queue();
+    return settings_.Orientation;
+}
+
+void QtPrinter::SetOrientation(std::int16_t orientation) {
+    Queue();
+    if (orientation != Portrait && orientation != Landscape) {
+        throw RuntimeError(ErrorInvalidPropertyValue, "De afdrukrichting is ongeldig.");
+    }
+    settings_.Orientation = orientation;
+}
+
+std::int16_t QtPrinter::PaperSize() {
+    return CurrentPaper().Id;
+}
+
+void QtPrinter::SetPaperSize(std::int16_t paper) {
+    const auto& papers = Queue().Papers();
+    if (std::none_of(papers.begin(), papers.end(), [paper](const Paper& each) { return each.Id == paper; })) {
+        throw RuntimeError(ErrorInvalidPropertyValue, "De printer kent dit papierformaat niet.");
+    }
+    settings_.PaperId = paper;
+}
+
+std::int16_t QtPrinter::PaperBin() {
+    Queue();
+    return settings_.BinId;
+}
+
+void QtPrinter::SetPaperBin(std::int16_t bin) {
+    const auto& bins = Queue().Bins();
+    if (std::none_of(bins.begin(), bins.end(), [bin](const Bin& each) { return each.Id == bin; })) {
+        throw RuntimeError(ErrorInvalidPropertyValue, "De printer kent deze papierlade niet.");
+    }
+    settings_.BinId = bin;
+}
+
+std::int16_t QtPrinter::Copies() {
+    Queue();
+    return settings_.Copies;
+}
+
+const Paper& QtPrinter::CurrentPaper() {
+    const auto& papers = Queue().Papers();
+    if (papers.empty()) {
+        throw RuntimeError(ErrorPrinter, "De printer kent geen papierformaten.");
+    }
+    const auto found = std::find_if(papers.begin(), papers.end(),
+                                    [this](const Paper& paper) { return paper.Id == settings_.PaperId; });
+    return found == papers.end() ? papers.front() : *found;
+}
+
+const Bin* QtPrinter::CurrentBin() {
+    const auto& bins = Queue().Bins();
+    const auto found =
+        std::find_if(bins.begin(), bins.end(), [this](const Bin& bin) { return bin.Id == settings_.BinId; });
+    return found == bins.end() ? nullptr : &*found;
+}
+
+QtPrinter::Measures QtPrinter::Measure() {
+    const Paper& paper = CurrentPaper();
+    if (settings_.Orientation != Landscape) {
+        return {paper.Width, paper.Height, paper.Left, paper.Top, paper.Right, paper.Bottom};
+    }
+    // A sheet on its side has its foot at the left.
+    return {paper.Height, paper.Width, paper.Bottom, paper.Left, paper.Top, paper.Right};
+}
+
+double QtPrinter::Width() {
+    return Measure().Width;
+}
+
+double QtPrinter::Height() {
+    return Measure().Height;
+}
+
+double QtPrinter::ScaleWidth() {
+    const Measures sheet = Measure();
+    return sheet.Width - sheet.Left - sheet.Right;
+}
+
+double QtPrinter::ScaleHeight() {
+    const Measures sheet = Measure();
+    return sheet.Height - sheet.Top - sheet.Bottom;
+}
+
+int QtPrinter::GetDeviceCaps(int item) {
+    switch (item) {
+    case CapsLogPixelsX:
+    case CapsLogPixelsY:
+        return DotsPerInch;
+    case CapsPhysicalOffsetX:
+        return Dots(Measure().Left);
+    case CapsPhysicalOffsetY:
+        return Dots(Measure().Top);
+    default:
+        return 0;
+    }
+}
+
+Sheet QtPrinter::SheetNow() {
+    // The origin in whole dots, as GetDeviceCaps tells it.
+    const Measures sheet = Measure();
+    return {sheet.Width, sheet.Height, Dots(sheet.Left) * TwipsPerDot, Dots(sheet.Top) * TwipsPerDot};
+}
+
+QPainter* QtPrinter::Painter() {
+    if (!begun_) {
+        Begin();
+    }
+    return document_ == nullptr ? nullptr : &document_->Painter();
+}
+
+void QtPrinter::Begin() {
+    begun_ = true; // whatever comes of it, the user is asked and told once
+    try {
+        job_ = Queue().BeginJob(title_, CurrentPaper(), CurrentBin());
+        if (QIODevice* output = job_->Output()) {
+            document_ = std::make_unique<PdfDocument>(*output, title_, SheetNow());
+        }
+    } catch (const RuntimeError& error) {
+        Fail(error);
+    }
+}
+
+void QtPrinter::NewPage() {
+    if (Painter() == nullptr) {
+        return;
+    }
+    try {
+        document_->NewPage(SheetNow());
+    } catch (const RuntimeError& error) {
+        Fail(error);
+    }
+}
+
+void QtPrinter::EndDocument() {
+    const bool begun = std::exchange(begun_, false);
+    if (!begun || document_ == nullptr) {
+        job_.reset();
+        return;
+    }
+    document_->End();
+    document_.reset();
+    try {
+        job_->Finish();
+    } catch (const RuntimeError& error) {
+        Fail(error);
+    }
+    job_.reset();
+}
+
+void QtPrinter::Fail(const RuntimeError& error) {
+    document_.reset();
+    job_.reset();
+    teller_(error.Description());
+    throw error;
+}
+
+double QtPrinter::LineWidth() {
+    return UnitsPerDot;
+}
+
+} // namespace platform::qt

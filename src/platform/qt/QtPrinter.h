@@ -1,0 +1,85 @@
+#pragma once
+
+#include "platform/Printer.h"
+#include "platform/RuntimeError.h"
+#include "platform/qt/PageDevice.h"
+#include "platform/qt/PdfDocument.h"
+#include "platform/qt/QtCanvas.h"
+#include "platform/qt/QtPrinters.h"
+
+#include <functional>
+#include <memory>
+#include <string>
+
+namespace platform::qt {
+
+/// Tells the user that a document has not come on paper, as the program's own run goes on past any failure.
+using PrintFailureTeller = std::function<void(const std::string& text)>;
+
+/// Tells it in a message box.
+void TellPrintFailure(const std::string& text);
+
+/// The current printer. Until one is assigned it is the user's default.
+class QtPrinter : public Printer, private PageDevice {
+  public:
+    explicit QtPrinter(QtPrinters& printers, PrintFailureTeller teller = TellPrintFailure);
+
+    void Assign(int index) override;
+
+    std::string DeviceName() override;
+    std::string Port() override;
+
+    std::int16_t Orientation() override;
+    void SetOrientation(std::int16_t orientation) override;
+    std::int16_t PaperSize() override;
+    void SetPaperSize(std::int16_t paper) override;
+    std::int16_t PaperBin() override;
+    void SetPaperBin(std::int16_t bin) override;
+    std::int16_t Copies() override;
+
+    double Width() override;
+    double Height() override;
+    double ScaleLeft() override { return 0; }
+    double ScaleTop() override { return 0; }
+    double ScaleWidth() override;
+    double ScaleHeight() override;
+
+    int GetDeviceCaps(int item) override;
+
+    void SetDocumentTitle(const std::string& title) override { title_ = title; }
+    Canvas& Page() override { return canvas_; }
+
+  private:
+    /// A sheet with the strips that the printer cannot reach, turned as it is drawn on; twips.
+    struct Measures {
+        double Width, Height, Left, Top, Right, Bottom;
+    };
+
+    PrintQueue& Queue();
+    const Paper& CurrentPaper();
+    const Bin* CurrentBin();
+    Measures Measure();
+    Sheet SheetNow();
+
+    QPainter* Painter() override;
+    void NewPage() override;
+    void EndDocument() override;
+    double LineWidth() override;
+
+    void Begin();
+    /// Ends the document without a trace, tells the user why and passes the failure on.
+    [[noreturn]] void Fail(const RuntimeError& error);
+
+    QtPrinters& printers_;
+    PrintFailureTeller teller_;
+    PrintQueue* queue_ = nullptr;
+    QueueSettings settings_;
+    std::string title_;
+    QtCanvas canvas_;
+
+    bool begun_ = false; ///< from the document's first output to its end, also if it goes nowhere
+    std::unique_ptr<PrintJob> job_;
+    std::unique_ptr<PdfDocument> document_; // behind job_, as it writes there to its end
+};
+
+} // namespace platform::qt

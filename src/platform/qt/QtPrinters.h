@@ -1,0 +1,47 @@
+#pragma once
+
+#include "platform/Printer.h"
+#include "platform/qt/PdfPrinter.h"
+#include "platform/qt/PrintQueue.h"
+
+#include <functional>
+#include <memory>
+#include <string>
+#include <vector>
+
+namespace platform::qt {
+
+/// The queues of a print server, and which of them is the user's default (-1: none).
+struct FoundQueues {
+    std::vector<std::unique_ptr<PrintQueue>> Queues;
+    int Default = -1;
+};
+using QueueFinder = std::function<FoundQueues()>;
+
+/// The printers of this machine: the queues that its print server has when they are first asked for, then the
+/// PDF printer. Without a server the PDF printer is the only one.
+class QtPrinters : public Printers {
+  public:
+    explicit QtPrinters(std::unique_ptr<PdfPrinter> pdf = std::make_unique<PdfPrinter>());
+    QtPrinters(std::unique_ptr<PdfPrinter> pdf, QueueFinder find);
+
+    int Count() override;
+    PrinterEntry Item(int index) override;
+
+    /// ErrorSubscriptOutOfRange outside 0 to Count() - 1.
+    PrintQueue& Queue(int index);
+    /// Nothing if no printer has this name.
+    PrintQueue* Find(const std::string& name);
+    /// Index of the user's default printer, else of the PDF printer.
+    int DefaultIndex();
+
+  private:
+    void Load();
+
+    std::unique_ptr<PdfPrinter> pdf_;
+    QueueFinder find_;
+    std::vector<std::unique_ptr<PrintQueue>> queues_;
+    int default_ = -1;
+};
+
+} // namespace platform::qt
