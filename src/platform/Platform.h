@@ -2,6 +2,7 @@
 
 namespace platform {
 
+class Bitmaps;
 class Clock;
 class Desktop;
 class Locale;
@@ -10,6 +11,7 @@ class Printers;
 class RandomSource;
 class Registry;
 class Spooler;
+class WindowProcedures;
 
 /// Everything outside the program that it works with, as one desktop or a test gives it.
 struct Platform {
@@ -21,6 +23,8 @@ struct Platform {
     platform::Spooler& Spooler;
     platform::Printers& Printers;
     platform::Printer& Printer;
+    platform::Bitmaps& Bitmaps;
+    platform::WindowProcedures& WindowProcedures;
 };
 
 } // namespace platform

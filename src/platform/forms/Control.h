@@ -14,14 +14,19 @@ enum class ControlKind {
     CheckBox,
     ComboBox,
     CommandButton,
+    FlatButton,
     Label,
     Line,
     ListBox,
+    MenuBar,
     OptionButton,
     PictureBox,
     ProgressBar,
+    ScrollBar,
+    StatusBar,
     TextBox,
     Timer,
+    Toolbar,
     UpDown,
 };
 
@@ -51,9 +56,10 @@ struct ControlFont {
     bool operator==(const ControlFont&) const = default;
 };
 
-/// A control of a form: its properties, and the calls by which a user reaches it. Lengths are twips, positions
-/// count from the top left of the container. A control belongs to its form as a member and registers itself
-/// there; a peer of the platform mirrors it. A setter that changes nothing tells nobody, but for those that say so.
+/// A control of a form: its properties, and the calls by which a user reaches it. Lengths are twips,
+/// positions count from the top left of the container. A control belongs to its form as a member and
+/// registers itself there; a peer of the platform mirrors it. A setter that changes nothing tells nobody, but
+/// for those that say so.
 class Control {
   public:
     Control(Form& form, ControlKind kind, std::string name, int index, Control* container);
@@ -114,7 +120,8 @@ class Control {
     /// The program moves the focus here. Nothing happens if CanFocus() is false.
     void SetFocus();
 
-    /// Name that assistive technology reads for a control without a text of its own; empty: the label before it.
+    /// Name that assistive technology reads for a control without a text of its own; empty: the label before
+    /// it.
     const std::string& AccessibleName() const { return accessibleName_; }
     void SetAccessibleName(const std::string& name) { accessibleName_ = name; }
 
@@ -123,11 +130,13 @@ class Control {
     // What the form tells a control. Handlers are set by the form that owns it.
     virtual void GotFocus() {}
     virtual void LostFocus() {}
-    /// A character that the keyboard gives this control while it has the focus; false if it has no use for it.
+    /// A character that the keyboard gives this control while it has the focus; false if it has no use for
+    /// it.
     virtual bool TypeKey(char32_t /*character*/) { return false; }
 
-    /// A click of the user with the mouse or the control's access key: moves the focus here first, and is lost if
-    /// the focus does not stay here. False if a user could not click (hidden, disabled, no such kind).
+    /// A click of the user with the mouse or the control's access key: moves the focus here first, and is
+    /// lost if the focus does not stay here. False if a user could not click (hidden, disabled, no such
+    /// kind).
     virtual bool UserClick() { return false; }
 
   protected:

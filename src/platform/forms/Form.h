@@ -12,9 +12,9 @@
 
 namespace forms {
 
-/// A window of the program. A form is a class whose members are its controls; it overrides the On... members for
-/// what it does. It loads at its first Show or at Load(), stands among the session's open forms until it is
-/// unloaded, and is not used again after that. Lengths are twips.
+/// A window of the program. A form is a class whose members are its controls; it overrides the On... members
+/// for what it does. It loads at its first Show or at Load(), stands among the session's open forms until it
+/// is unloaded, and is not used again after that. Lengths are twips.
 class Form {
   public:
     Form(Session& session, std::string name);
@@ -56,15 +56,15 @@ class Form {
     bool Visible() const { return visible_; }
     std::uintptr_t hWnd() const { return peer_ ? peer_->Handle() : 0; }
 
-    /// Composes one document: what a print manager calls on the form that asked for it. `iMethod` is the number of
-    /// the document; the copies and whether it is a preview as chosen by the user. A form that prints nothing
-    /// raises an error.
+    /// Composes one document: what a print manager calls on the form that asked for it. `iMethod` is the
+    /// number of the document; the copies and whether it is a preview as chosen by the user. A form that
+    /// prints nothing raises an error.
     virtual void Afdrukken(std::int16_t iMethod, std::int16_t num_copies, bool blnPrintPreview);
 
     // The focus.
     Control* ActiveControl() const { return active_; }
-    /// Moves the focus: the control that had it is told first. False if the focus does not end there, because the
-    /// control cannot take it or the one that lost it took it back.
+    /// Moves the focus: the control that had it is told first. False if the focus does not end there, because
+    /// the control cannot take it or the one that lost it took it back.
     bool MoveFocus(Control& control);
     /// The control that the Tab key goes to.
     Control* NextInTabOrder(bool backward) const;
@@ -78,6 +78,9 @@ class Form {
 
     /// Runs a handler under the session's rule for failures that nobody traps.
     void Dispatch(const std::function<void()>& handler) { session_.Dispatch(handler); }
+
+    /// True if the mouse pointer stands on this control.
+    bool PointerIsOver(const Control& control) const { return peer_ && peer_->PointerIsOver(control); }
 
     // For controls.
     void Register(Control& control) { controls_.push_back(&control); }

@@ -6,9 +6,13 @@
 
 namespace forms {
 
+/// Twips of a form's height that count for its title bar; the controls fill what is below. A fixed number of
+/// the design, as the title bars of desktops differ. The width counts no frame.
+inline constexpr double TitleBarHeight = 375;
+
 /// The real window behind a form. The form tells it what the program has changed; it turns what the user does
-/// into the public User... calls of the controls and of the form. Peers are made when a form loads, with all its
-/// controls, and go with the form.
+/// into the public User... calls of the controls and of the form. Peers are made when a form loads, with all
+/// its controls, and go with the form.
 class FormPeer {
   public:
     virtual ~FormPeer() = default;
@@ -20,6 +24,8 @@ class FormPeer {
     virtual void Hide() = 0;
     /// The focus has moved to this control, or to none.
     virtual void FocusMoved(Control* control) = 0;
+    /// True if the mouse pointer stands within the control's rectangle on the screen.
+    virtual bool PointerIsOver(const Control& /*control*/) { return false; }
     /// Handle of the window, pointer-wide.
     virtual std::uintptr_t Handle() = 0;
 };

@@ -1,7 +1,10 @@
 #pragma once
 
+#include <memory>
 #include <string>
+#include <utility>
 
+#include "platform/Bitmaps.h"
 #include "platform/forms/Control.h"
 
 namespace forms {
@@ -21,8 +24,21 @@ class PictureBox : public Control {
         }
     }
 
+    /// The bitmap of a page, shared with whoever made it; it takes the place of the named picture.
+    const std::shared_ptr<const platform::PageBitmap>& Page() const { return page_; }
+    void SetPage(std::shared_ptr<const platform::PageBitmap> page) {
+        if (page != page_) {
+            page_ = std::move(page);
+            Changed(Aspect::Picture);
+        }
+    }
+
+    /// Draws the picture again at once.
+    void Refresh() { Changed(Aspect::Picture); }
+
   private:
     std::string picture_;
+    std::shared_ptr<const platform::PageBitmap> page_;
 };
 
 } // namespace forms

@@ -13,8 +13,8 @@ namespace {
 /// The window of a form: it shows nothing, and tells when the form comes, goes or makes progress.
 class MemoryPeer final : public forms::FormPeer {
   public:
-    MemoryPeer(Recorder& recorder, forms::Form& form, std::uintptr_t handle)
-        : recorder_(recorder), form_(form), handle_(handle) {}
+    MemoryPeer(Recorder& recorder, MemoryDesktop& desktop, forms::Form& form, std::uintptr_t handle)
+        : recorder_(recorder), desktop_(desktop), form_(form), window_(desktop.Windows(), handle) {}
 
     void ControlChanged(forms::Control& control, forms::Aspect aspect) override {
         if (control.Kind() == forms::ControlKind::ProgressBar && aspect == forms::Aspect::Value) {
@@ -25,12 +25,14 @@ class MemoryPeer final : public forms::FormPeer {
     void Show(bool modal) override { recorder_.Record({"show", {{"form", form_.Name()}, {"modal", modal}}}); }
     void Hide() override { recorder_.Record({"unload", {{"form", form_.Name()}}}); }
     void FocusMoved(forms::Control* /*control*/) override {}
-    std::uintptr_t Handle() override { return handle_; }
+    bool PointerIsOver(const forms::Control& control) override { return desktop_.PointedAt() == &control; }
+    std::uintptr_t Handle() override { return window_.Handle(); }
 
   private:
     Recorder& recorder_;
+    MemoryDesktop& desktop_;
     forms::Form& form_;
-    std::uintptr_t handle_;
+    forms::WindowProcedureTable::Window window_;
 };
 
 const char* IconName(MessageIcon icon) {
@@ -48,7 +50,7 @@ const char* IconName(MessageIcon icon) {
 } // namespace
 
 std::unique_ptr<forms::FormPeer> MemoryDesktop::CreatePeer(forms::Form& form) {
-    return std::make_unique<MemoryPeer>(recorder_, form, ++lastHandle_);
+    return std::make_unique<MemoryPeer>(recorder_, *this, form, ++lastHandle_);
 }
 
 void MemoryDesktop::RunModal(forms::Form& form) {

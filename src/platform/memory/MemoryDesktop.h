@@ -6,7 +6,12 @@
 #include <vector>
 
 #include "platform/Desktop.h"
+#include "platform/forms/WindowProcedureTable.h"
 #include "platform/memory/Recorder.h"
+
+namespace forms {
+class Control;
+}
 
 namespace platform {
 
@@ -47,6 +52,11 @@ class MemoryDesktop final : public Desktop {
 
     void PressKey(int virtualKey) { keysDown_.insert(virtualKey); }
     void ReleaseKey(int virtualKey) { keysDown_.erase(virtualKey); }
+    /// The control that the mouse pointer stands on, or nullptr.
+    void PointAt(const forms::Control* control) { pointedAt_ = control; }
+    const forms::Control* PointedAt() const { return pointedAt_; }
+    /// The windows of the loaded forms, and the way to send them messages.
+    forms::WindowProcedureTable& Windows() { return windows_; }
     /// Twips. The screen has no task bar: all of it is work area.
     void SetWorkArea(double width, double height);
 
@@ -57,6 +67,8 @@ class MemoryDesktop final : public Desktop {
 
   private:
     Recorder& recorder_;
+    forms::WindowProcedureTable windows_;
+    const forms::Control* pointedAt_ = nullptr;
     std::set<int> keysDown_;
     std::vector<ShownMessage> messages_;
     std::uintptr_t lockedWindow_ = 0;

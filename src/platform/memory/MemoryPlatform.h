@@ -1,6 +1,7 @@
 #pragma once
 
 #include "platform/Platform.h"
+#include "platform/memory/MemoryBitmaps.h"
 #include "platform/memory/MemoryClock.h"
 #include "platform/memory/MemoryDesktop.h"
 #include "platform/memory/MemoryLocale.h"
@@ -36,9 +37,11 @@ class MemoryPlatform {
     MemoryPrinters printers{recorder};
     MemorySpooler spooler{recorder, printers};
     MemoryPrinter printer{recorder, printers};
+    MemoryBitmaps bitmaps{recorder};
 
   private:
-    platform::Platform services_{desktop, registry, locale, clock, random, spooler, printers, printer};
+    platform::Platform services_{desktop, registry, locale,  clock,   random,
+                                 spooler, printers, printer, bitmaps, desktop.Windows()};
 };
 
 } // namespace platform

@@ -24,6 +24,8 @@ constexpr std::string_view callsThatCanFail[] = {
     "DrawText",
     "DrawLine",
     "NewPage",
+    "CreatePage",
+    "Image",
     "EndDocument",
     "Printer",
     "Orientation",

@@ -1,0 +1,199 @@
+#include "platform/cmdButtonXP.h"
+
+#include <algorithm>
+#include <utility>
+
+#include "platform/ImageList.h"
+#include "platform/RuntimeError.h"
+#include "platform/forms/Form.h"
+
+namespace platform {
+
+namespace {
+
+constexpr double startSize = 240; // twips
+constexpr int timerInterval = 5;  // milliseconds
+
+/// Where the pictures of a style stand: consecutive images from `first` on fill the looks from `firstLook`
+/// on.
+struct StylePictures {
+    std::int16_t style;
+    const ImageList& list;
+    int first;
+    std::int16_t firstLook;
+};
+
+constexpr StylePictures stylePictures[] = {
+    {1, imgResourceSmall, 1, cmdButtonXP::LookDisabled}, {2, imgResourceSmall, 5, cmdButtonXP::LookDisabled},
+    {3, imgResourceSmall, 9, cmdButtonXP::LookNormal},   {4, imgResourceSmall, 12, cmdButtonXP::LookNormal},
+    {5, imgResourceSmall, 15, cmdButtonXP::LookNormal},  {10, imgResourceLarge, 1, cmdButtonXP::LookNormal},
+    {11, imgResourceLarge, 4, cmdButtonXP::LookNormal},  {12, imgResourceLarge, 7, cmdButtonXP::LookNormal},
+    {13, imgResourceLarge, 10, cmdButtonXP::LookNormal}, {14, imgResourceLarge, 13, cmdButtonXP::LookNormal},
+    {15, imgResourceLarge, 16, cmdButtonXP::LookNormal}, {16, imgResourceLarge, 19, cmdButtonXP::LookNormal},
+};
+
+} // namespace
+
+cmdButtonXP::cmdButtonXP(forms::Form& form, std::string name, Control* container)
+    : Control(form, forms::ControlKind::FlatButton, name, NoIndex, container),
+      Timer(form, std::move(name) + ".Timer", timerInterval), pictureSize_(startSize) {
+    Timer.OnTimer = [this] { TimerTick(); };
+    SetWidth(startSize);
+    SetHeight(startSize);
+    ShowLook();
+}
+
+void cmdButtonXP::ReleaseButton() {
+    blnStuck_ = true;
+    blnBusy_ = true;
+    ApplyClick();
+    DisableTimer();
+}
+
+void cmdButtonXP::StickButton() {
+    blnStuck_ = true;
+    UpdateLook();
+}
+
+void cmdButtonXP::SetButtonStyle(std::int16_t Style) {
+    iButtonStyle_ = Style;
+    LoadStylePictures();
+    ShowLook();
+}
+
+void cmdButtonXP::SetEnabled(bool blnEnabled) {
+    iState_ = blnEnabled ? LookNormal : LookDisabled;
+    ShowLook();
+    Control::SetEnabled(blnEnabled);
+}
+
+void cmdButtonXP::DisableTimer() {
+    Timer.SetEnabled(false);
+    blnBusy_ = false;
+    EnableWindow(true);
+}
+
+void cmdButtonXP::ShowLook() {
+    if (iState_ < LookDisabled || iState_ > LookDown) { // a sticky style may be any number
+        throw RuntimeError(ErrorSubscriptOutOfRange, "Subscript out of range");
+    }
+    const std::string& picture = pictButtonXP_[static_cast<std::size_t>(iState_)];
+    if (picture != pictNormal_) {
+        pictNormal_ = picture;
+        Changed(forms::Aspect::Picture);
+    }
+}
+
+std::int16_t cmdButtonXP::WantedLook() const {
+    if (blnOver_) {
+        return blnMouseDown_ || IsStuck() ? LookDown : LookHot;
+    }
+    if (IsStuck()) {
+        return iStickyStyle_;
+    }
+    return blnMouseDown_ ? LookHot : LookNormal;
+}
+
+void cmdButtonXP::UpdateLook() {
+    if (blnBusy_ || !Enabled()) {
+        return;
+    }
+    const std::int16_t look = WantedLook();
+    if (look != iState_) {
+        iState_ = look;
+        ShowLook();
+    }
+}
+
+void cmdButtonXP::LoadStylePictures() {
+    const auto found =
+        std::find_if(std::begin(stylePictures), std::end(stylePictures),
+                     [this](const StylePictures& pictures) { return pictures.style == iButtonStyle_; });
+    if (found != std::end(stylePictures)) {
+        for (std::int16_t look = found->firstLook; look <= LookDown; ++look) {
+            pictButtonXP_[static_cast<std::size_t>(look)] =
+                found->list.Picture(found->first + look - found->firstLook);
+        }
+        pictureSize_ = found->list.ImageSize;
+    }
+    Move(Left(), Top(), pictureSize_, pictureSize_);
+}
+
+void cmdButtonXP::ApplyClick() {
+    EnableWindow(false);
+    blnOver_ = false;
+    blnMouseDown_ = false;
+    if (blnSticky_ && !blnStuck_) {
+        blnStuck_ = true;
+        iState_ = iStickyStyle_;
+    } else {
+        blnStuck_ = false;
+        iState_ = LookNormal;
+    }
+    ShowLook();
+}
+
+void cmdButtonXP::EnableWindow(bool enabled) {
+    if (enabled != windowEnabled_) {
+        windowEnabled_ = enabled;
+        Changed(forms::Aspect::Enabled);
+    }
+}
+
+void cmdButtonXP::DeliverClick(const std::function<void()>& event) {
+    if (!Enabled()) {
+        return;
+    }
+    blnBusy_ = true;
+    ApplyClick();
+    if (event) {
+        Owner().Dispatch(event);
+    }
+    DisableTimer();
+}
+
+void cmdButtonXP::TimerTick() {
+    if (blnBusy_ || !Enabled()) {
+        return;
+    }
+    blnOver_ = Owner().PointerIsOver(*this);
+    UpdateLook();
+    if (!blnOver_ && !blnMouseDown_) {
+        Timer.SetEnabled(false);
+    }
+}
+
+void cmdButtonXP::UserMouseMove() {
+    if (!blnBusy_ && Enabled()) {
+        blnOver_ = true;
+        Timer.SetEnabled(true);
+    }
+}
+
+void cmdButtonXP::UserMouseDown() {
+    if (windowEnabled_) {
+        blnMouseDown_ = true;
+    }
+}
+
+void cmdButtonXP::UserMouseUp() {
+    blnMouseDown_ = false;
+}
+
+bool cmdButtonXP::UserClick() {
+    if (!CanTakeMouse()) {
+        return false;
+    }
+    DeliverClick(Click);
+    return true;
+}
+
+bool cmdButtonXP::UserDblClick() {
+    if (!CanTakeMouse()) {
+        return false;
+    }
+    DeliverClick(DblClick);
+    return true;
+}
+
+} // namespace platform

@@ -1,0 +1,32 @@
+#include "platform/forms/ScrollBar.h"
+
+#include <algorithm>
+
+#include "platform/RuntimeError.h"
+#include "platform/forms/Form.h"
+
+namespace forms {
+
+void ScrollBar::SetValue(int value) {
+    if (value < min_ || value > max_) {
+        throw platform::RuntimeError(platform::ErrorInvalidPropertyValue, "Invalid property value");
+    }
+    if (value == value_) {
+        return;
+    }
+    value_ = value;
+    Changed(Aspect::Value);
+    if (OnChange) {
+        Owner().Dispatch(OnChange);
+    }
+}
+
+bool ScrollBar::UserScroll(int value) {
+    if (!IsShown() || !IsUsable()) {
+        return false;
+    }
+    SetValue(std::clamp(value, min_, max_));
+    return true;
+}
+
+} // namespace forms

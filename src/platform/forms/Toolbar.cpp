@@ -1,0 +1,47 @@
+#include "platform/forms/Toolbar.h"
+
+#include <utility>
+
+#include "platform/RuntimeError.h"
+#include "platform/forms/Form.h"
+
+namespace forms {
+
+void Toolbar::AddButton(ToolbarButton button) {
+    buttons_.push_back(std::move(button));
+    Changed(Aspect::Items);
+}
+
+const ToolbarButton& Toolbar::Button(int number) const {
+    if (number < 1 || number > ButtonCount()) {
+        throw platform::RuntimeError(platform::ErrorSubscriptOutOfRange, "Subscript out of range");
+    }
+    return buttons_[static_cast<std::size_t>(number - 1)];
+}
+
+void Toolbar::SetButtonEnabled(int number, bool enabled) {
+    if (Button(number).Enabled != enabled) {
+        buttons_[static_cast<std::size_t>(number - 1)].Enabled = enabled;
+        Changed(Aspect::Items);
+    }
+}
+
+void Toolbar::SetButtonToolTipText(int number, const std::string& text) {
+    if (Button(number).ToolTipText != text) {
+        buttons_[static_cast<std::size_t>(number - 1)].ToolTipText = text;
+        Changed(Aspect::Items);
+    }
+}
+
+bool Toolbar::UserClickButton(int number) {
+    if (number < 1 || number > ButtonCount() || Button(number).Separator || !Button(number).Enabled ||
+        !IsShown() || !IsUsable()) {
+        return false;
+    }
+    if (OnButtonClick) {
+        Owner().Dispatch([&] { OnButtonClick(number); });
+    }
+    return true;
+}
+
+} // namespace forms
