@@ -3,7 +3,7 @@
 namespace generate {
 
 int Chance::Between(int low, int high) {
-    return low + static_cast<int>(Index(static_cast<std::size_t>(high - low + 1)));
+    return low + static_cast<int>(Index(static_cast<std::size_t>(high - low) + 1));
 }
 
 std::size_t Chance::Index(std::size_t size) {
