@@ -125,7 +125,7 @@ std::int16_t Modulus(std::string& getal, std::int16_t deler) {
         throw platform::RuntimeError(platform::ErrorTypeMismatch, "Type mismatch");
     }
     if (getal.empty()) {
-        getal = "0";
+        getal.assign(1, '0');
     }
     // The sign of the divisor has no say in the remainder of a number that is not negative.
     Remainder remainder(static_cast<std::uint64_t>(deler < 0 ? -deler : deler));
