@@ -11,13 +11,13 @@ struct QueuePaper {
     std::int16_t Id = 0;
     std::int32_t Width = 0;
     std::int32_t Height = 0;
-    std::string Name;
+    std::string Name{};
 };
 
 /// A bin that a printer offers.
 struct QueueBin {
     std::int16_t Id = 0;
-    std::string Name;
+    std::string Name{};
 };
 
 /// A measure in device dots, as it stands in portrait.
@@ -36,12 +36,12 @@ struct QueueDefaults {
 
 /// A printer that is installed on the memory platform. Texts are UTF-8.
 struct PrintQueue {
-    std::string Name;
+    std::string Name{};
     std::string Port = "LPT1:";
-    std::string Comment;
+    std::string Comment{};
     /// PRINTER_STATUS_... bits of the spooler.
     std::uint32_t Status = 0;
-    QueueDefaults Defaults;
+    QueueDefaults Defaults{};
     /// The settings that the driver offers, as bits of dmFields.
     std::uint32_t Fields = 0x303;
     std::vector<QueuePaper> Papers = {{9, 2100, 2970, "A4"}, {5, 2159, 3556, "Legal"}};

@@ -1,0 +1,28 @@
+#pragma once
+
+#include <string>
+#include <vector>
+
+#include "platform/memory/Event.h"
+#include "platform/memory/MemoryPlatform.h"
+
+/// A memory platform whose events are kept.
+struct WatchedPlatform {
+    WatchedPlatform() {
+        memory.recorder.Sink = [this](const platform::Event& event) { events.push_back(event); };
+    }
+
+    std::vector<platform::Event> events;
+    platform::MemoryPlatform memory;
+};
+
+/// The value of an event's field, or the text "?" if it has no such field.
+inline std::variant<std::string, std::int64_t, double, bool> FieldOf(const platform::Event& event,
+                                                                     const std::string& name) {
+    for (const platform::EventField& field : event.Fields) {
+        if (field.Name == name) {
+            return field.Value;
+        }
+    }
+    return std::string("?");
+}

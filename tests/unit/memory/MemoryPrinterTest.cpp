@@ -1,0 +1,141 @@
+#include "platform/memory/MemoryPrinter.h"
+
+#include <gmock/gmock.h>
+
+#include "platform/RuntimeError.h"
+#include "unit/memory/Events.h"
+
+namespace {
+
+using platform::Event;
+using platform::PrintQueue;
+using testing::ElementsAre;
+using testing::IsEmpty;
+
+class MemoryPrinterTest : public testing::Test {
+  protected:
+    WatchedPlatform watched;
+    platform::MemoryPrinter& printer = watched.memory.printer;
+};
+
+template <class Call>
+int ErrorOf(Call call) {
+    try {
+        call();
+    } catch (const platform::RuntimeError& error) {
+        return error.Number();
+    }
+    return 0;
+}
+
+TEST_F(MemoryPrinterTest, WithoutAPrinterEveryMemberFails) {
+    EXPECT_EQ(watched.memory.printers.Count(), 0);
+    EXPECT_EQ(ErrorOf([&] { printer.DeviceName(); }), platform::ErrorPrinter);
+    EXPECT_EQ(ErrorOf([&] { printer.SetOrientation(1); }), platform::ErrorPrinter);
+    EXPECT_EQ(ErrorOf([&] { printer.ScaleWidth(); }), platform::ErrorPrinter);
+    EXPECT_EQ(ErrorOf([&] { printer.ScaleLeft(); }), platform::ErrorPrinter);
+    EXPECT_EQ(ErrorOf([&] { printer.Copies(); }), platform::ErrorPrinter);
+    EXPECT_EQ(ErrorOf([&] { printer.Assign(0); }), platform::ErrorSubscriptOutOfRange);
+    EXPECT_EQ(ErrorOf([&] { watched.memory.printers.Item(0); }), platform::ErrorSubscriptOutOfRange);
+}
+
+TEST_F(MemoryPrinterTest, TheFirstInstalledIsTheDefault) {
+    watched.memory.InstallPrinter({.Name = "Laser"});
+    watched.memory.InstallPrinter({.Name = "Matrix", .Port = "LPT2:"});
+    EXPECT_EQ(printer.DeviceName(), "Laser");
+    EXPECT_EQ(watched.memory.printers.Count(), 2);
+    EXPECT_EQ(watched.memory.printers.Item(1).DeviceName, "Matrix");
+    EXPECT_EQ(watched.memory.printers.Item(1).Port, "LPT2:");
+    EXPECT_THAT(watched.events, IsEmpty());
+}
+
+TEST_F(MemoryPrinterTest, MeasuresAreTwipsOfTheDeviceDots) {
+    watched.memory.InstallPrinter({.Name = "Laser", .Offset = {100, 50}});
+    EXPECT_DOUBLE_EQ(printer.Width(), 11904);
+    EXPECT_DOUBLE_EQ(printer.Height(), 16838.4);
+    EXPECT_DOUBLE_EQ(printer.ScaleWidth(), 11424);
+    EXPECT_DOUBLE_EQ(printer.ScaleHeight(), 16358.4);
+    EXPECT_EQ(printer.ScaleLeft(), 0);
+    EXPECT_EQ(printer.ScaleTop(), 0);
+    EXPECT_EQ(printer.GetDeviceCaps(platform::CapsLogPixelsX), 600);
+    EXPECT_EQ(printer.GetDeviceCaps(platform::CapsLogPixelsY), 600);
+    EXPECT_EQ(printer.GetDeviceCaps(platform::CapsPhysicalOffsetX), 100);
+    EXPECT_EQ(printer.GetDeviceCaps(platform::CapsPhysicalOffsetY), 50);
+}
+
+TEST_F(MemoryPrinterTest, LandscapeTurnsTheMeasures) {
+    watched.memory.InstallPrinter({.Name = "Laser", .Offset = {100, 50}});
+    printer.SetOrientation(2);
+    EXPECT_DOUBLE_EQ(printer.Width(), 16838.4);
+    EXPECT_DOUBLE_EQ(printer.ScaleWidth(), 16358.4);
+    EXPECT_DOUBLE_EQ(printer.ScaleHeight(), 11424);
+    EXPECT_EQ(printer.GetDeviceCaps(platform::CapsPhysicalOffsetX), 50);
+    EXPECT_EQ(printer.GetDeviceCaps(platform::CapsPhysicalOffsetY), 100);
+}
+
+TEST_F(MemoryPrinterTest, AnAssignmentTakesTheStoredDefaultsAfresh) {
+    PrintQueue& queue = watched.memory.InstallPrinter({.Name = "Laser", .Font = "Courier"});
+    printer.SetPaperSize(5);
+    printer.Drawing.CurrentX = 7;
+    printer.Drawing.Font = {"Tahoma", 8, true};
+    queue.Defaults.DefaultSource = 1;
+    queue.Defaults.Copies = 3;
+    EXPECT_EQ(printer.PaperBin(), 15) << "stored defaults do not reach the object by themselves";
+
+    printer.Assign(0);
+    EXPECT_EQ(printer.PaperSize(), 9);
+    EXPECT_EQ(printer.PaperBin(), 1);
+    EXPECT_EQ(printer.Copies(), 3);
+    EXPECT_EQ(printer.Drawing.CurrentX, 0);
+    EXPECT_EQ(printer.Drawing.Font, (platform::FontSpec{"Courier", 12, false}));
+}
+
+TEST_F(MemoryPrinterTest, WritingAPropertyLeavesTheStoredDefaults) {
+    const PrintQueue& queue = watched.memory.InstallPrinter({.Name = "Laser"});
+    printer.SetPaperSize(5);
+    printer.SetPaperBin(1);
+    printer.SetOrientation(2);
+    EXPECT_EQ(queue.Defaults.PaperSize, 9);
+    EXPECT_EQ(queue.Defaults.DefaultSource, 15);
+    EXPECT_EQ(queue.Defaults.Orientation, 1);
+    printer.Assign(0);
+    const auto set = [](const char* property, std::int64_t value) {
+        return Event{"set", {{"object", "Printer"}, {"property", property}, {"value", value}}};
+    };
+    EXPECT_THAT(
+        watched.events,
+        ElementsAre(set("PaperSize", 5), set("PaperBin", 1), set("Orientation", 2),
+                    Event{"set", {{"object", "Printer"}, {"property", "Printer"}, {"value", "Laser"}}}));
+}
+
+TEST_F(MemoryPrinterTest, RefusesAnOrientationThatIsNone) {
+    watched.memory.InstallPrinter({.Name = "Laser"});
+    EXPECT_EQ(ErrorOf([&] { printer.SetOrientation(0); }), platform::ErrorInvalidPropertyValue);
+    EXPECT_EQ(printer.Orientation(), 1);
+    EXPECT_THAT(watched.events, IsEmpty());
+}
+
+TEST_F(MemoryPrinterTest, EachMemberCanBeMadeToFail) {
+    watched.memory.InstallPrinter({.Name = "Laser"});
+    const auto failing = [&](const char* call, auto member) {
+        EXPECT_TRUE(watched.memory.recorder.Fail(call)) << call;
+        return ErrorOf(member);
+    };
+    EXPECT_EQ(failing("Printer", [&] { printer.Assign(0); }), platform::ErrorPrinter);
+    EXPECT_EQ(failing("PaperSize", [&] { printer.SetPaperSize(5); }), platform::ErrorInvalidPropertyValue);
+    EXPECT_EQ(failing("PaperBin", [&] { printer.SetPaperBin(1); }), platform::ErrorInvalidPropertyValue);
+    EXPECT_EQ(failing("Orientation", [&] { printer.SetOrientation(2); }),
+              platform::ErrorInvalidPropertyValue);
+    EXPECT_EQ(failing("ScaleWidth", [&] { printer.ScaleWidth(); }), platform::ErrorPrinter);
+    EXPECT_EQ(failing("ScaleHeight", [&] { printer.ScaleHeight(); }), platform::ErrorPrinter);
+    EXPECT_EQ(failing("ScaleLeft", [&] { printer.ScaleLeft(); }), platform::ErrorPrinter);
+    EXPECT_EQ(failing("ScaleTop", [&] { printer.ScaleTop(); }), platform::ErrorPrinter);
+    EXPECT_EQ(failing("GetDeviceCaps", [&] { printer.GetDeviceCaps(88); }), platform::ErrorPrinter);
+    EXPECT_EQ(failing("Copies", [&] { printer.Copies(); }), platform::ErrorPrinter);
+    EXPECT_EQ(failing("DeviceName", [&] { printer.DeviceName(); }), platform::ErrorPrinter);
+    EXPECT_EQ(failing("Printers", [&] { watched.memory.printers.Count(); }), platform::ErrorPrinter);
+    EXPECT_THAT(watched.events, IsEmpty());
+    EXPECT_FALSE(watched.memory.recorder.Fail("NoSuchCall"));
+}
+
+} // namespace
