@@ -1,0 +1,84 @@
+#include "preview/PrintPreview.h"
+
+#include "composition/OpenPrinter.h"
+#include "composition/PrintSurface.h"
+#include "platform/Numbers.h"
+#include "platform/forms/Session.h"
+#include "preview/frmPrintPreview.h"
+#include "preview/frmPrintPreviewGhost.h"
+
+namespace preview {
+
+namespace {
+
+constexpr std::int16_t faseOpen = 0;
+constexpr std::int16_t faseClose = 1;
+constexpr double listFontPoints = 8;
+
+} // namespace
+
+/// Each form knows the other.
+struct PrintPreview::Forms {
+    Forms(forms::Session& session, platform::Platform& platform, wizard::AppState& state)
+        : ghost(session, platform, state, window), window(session, platform, state, ghost) {}
+
+    frmPrintPreviewGhost ghost;
+    frmPrintPreview window;
+};
+
+PrintPreview::PrintPreview(forms::Session& session, platform::Platform& platform, wizard::AppState& state,
+                           composition::PrinterSurface& printer)
+    : session_(session), platform_(platform), state_(state), printer_(printer) {}
+
+PrintPreview::~PrintPreview() {
+    if (forms_ != nullptr) {
+        Close();
+    }
+}
+
+void PrintPreview::OpenPreview(std::int16_t fase) {
+    if (fase == faseOpen) {
+        Open();
+    } else if (fase == faseClose) {
+        Close();
+    }
+}
+
+void PrintPreview::Open() {
+    composition::OpenPrinter(state_, platform_, printer_);
+    if (forms_ == nullptr) {
+        forms_ = std::make_unique<Forms>(session_, platform_, state_);
+    }
+    composition::PrintSurface& surface = forms_->ghost.Surface();
+    state_.Surface = &surface;
+    forms_->ghost.Load();
+    surface.SetFont(state_.ListFontName);
+    surface.SetFontSize(listFontPoints);
+    state_.LineHeight = platform::ToInt32(surface.TextHeight("X"));
+    session_.HourglassOn();
+}
+
+void PrintPreview::Close() {
+    if (forms_ != nullptr) {
+        forms_->window.Unload();
+        forms_->ghost.Unload();
+        forms_.reset();
+    }
+    state_.Surface = nullptr;
+}
+
+void PrintPreview::Show() {
+    if (forms_ != nullptr) {
+        forms_->window.ShowModal();
+    }
+}
+
+frmPrintPreviewGhost* PrintPreview::Ghost() const {
+    return forms_ == nullptr ? nullptr : &forms_->ghost;
+}
+
+frmPrintPreview* PrintPreview::Window() const {
+    return forms_ == nullptr ? nullptr : &forms_->window;
+}
+
+} // namespace preview

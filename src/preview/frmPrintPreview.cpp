@@ -1,0 +1,372 @@
+#include "preview/frmPrintPreview.h"
+
+#include <algorithm>
+#include <cmath>
+
+#include "platform/Desktop.h"
+#include "platform/Numbers.h"
+#include "platform/Printer.h"
+#include "platform/Resume.h"
+#include "platform/Text.h"
+#include "preview/frmPrintPreviewGhost.h"
+
+namespace preview {
+
+namespace {
+
+enum ToolbarButton : int {
+    buttonPrint = 1,
+    buttonFirst = 3,
+    buttonPrevious = 4,
+    buttonNext = 5,
+    buttonLast = 6,
+    buttonClose = 8,
+};
+
+constexpr int scrollStart = 0;
+constexpr int scrollEnd = 100;
+
+/// Where the page stands at the start of the scroll range, and its shadow; twips.
+constexpr double pageAtStart = 1020;
+constexpr double shadowAtStart = 1050;
+
+constexpr forms::Colour gripColour = forms::colour::Rgb(160, 152, 135);
+
+/// How far the page has moved at a scroll position, twips. Rounded from the far end, ties to even.
+double ShiftAt(int value, std::int32_t span) {
+    return span - platform::ToInt32((1 - value / 100.0) * span);
+}
+
+std::int16_t HighWord(std::intptr_t value) {
+    return static_cast<std::int16_t>(value >> 16);
+}
+
+} // namespace
+
+frmPrintPreview::frmPrintPreview(forms::Session& session, platform::Platform& platform,
+                                 wizard::AppState& state, frmPrintPreviewGhost& ghost)
+    : Form(session, "frmPrintPreview"),                                                       //
+      pictShadow(*this, "pictShadow"),                                                        //
+      pictPageContainer(*this, "pictPageContainer"),                                          //
+      pictCurrentPage(*this, "pictCurrentPage", forms::Control::NoIndex, &pictPageContainer), //
+      pictHScroll(*this, "pictHScroll"),                                                      //
+      HScroll(*this, "HScroll", forms::ScrollBar::Direction::Horizontal, scrollStart, scrollEnd,
+              &pictHScroll),
+      pictVScroll(*this, "pictVScroll"), //
+      VScroll(*this, "VScroll", forms::ScrollBar::Direction::Vertical, scrollStart, scrollEnd, &pictVScroll),
+      cmdUp(*this, "cmdUp", &pictVScroll),                                                   //
+      cmdDown(*this, "cmdDown", &pictVScroll),                                               //
+      Line5(*this, "Line5"),                                                                 //
+      ToolbarContainer(*this, "ToolbarContainer"),                                           //
+      Line1(*this, "Line1", forms::Control::NoIndex, &ToolbarContainer),                     //
+      Line2(*this, "Line2", forms::Control::NoIndex, &ToolbarContainer),                     //
+      pictMoveToolbar(*this, "pictMoveToolbar", forms::Control::NoIndex, &ToolbarContainer), //
+      ToolbarLine(*this, "ToolbarLine", {0, 1, 2, 3, 4, 5, 6, 7, 8, 9, 10, 11, 12, 13}, &pictMoveToolbar),
+      Toolbar(*this, "Toolbar", &ToolbarContainer), //
+      StatusBar(*this, "StatusBar", 2),             //
+      SSActiveToolBars(*this, "SSActiveToolBars"),  //
+      platform_(platform), state_(state), ghost_(ghost) {
+    LayOut();
+    Toolbar.OnButtonClick = [this](int number) { ToolbarClick(number); };
+    SSActiveToolBars.OnToolClick = [this](const std::string& id) { MenuClick(id); };
+    cmdUp.Click = [this] { cmdUpClick(); };
+    cmdDown.Click = [this] { cmdDownClick(); };
+    VScroll.OnChange = [this] { VScrollChange(); };
+    HScroll.OnChange = [this] { HScrollChange(); };
+}
+
+void frmPrintPreview::OnLoad() {
+    GetSession().HourglassOn();
+    Msg = std::make_unique<platform::MsgHook>(platform_.WindowProcedures);
+    Msg->Before = [this](auto& uMsg, auto& wParam, auto& lParam, auto& retVal) {
+        Msg_Before(uMsg, wParam, lParam, retVal);
+    };
+    Msg->Hook(hWnd(), {platform::WM_MOUSEWHEEL});
+
+    const platform::ScreenArea workArea = Desktop().WorkArea();
+    Move(workArea.Left, workArea.Top);
+    Resize(workArea.Width, workArea.Height);
+    SetTooltip();
+    cmdUp.SetButtonStyle(1);
+    cmdUp.SetToolTip(" Vorige pagina... ");
+    cmdDown.SetButtonStyle(2);
+    cmdDown.SetToolTip(" Volgende pagina... ");
+    blnHScroll = false;
+    if (platform_.Printers.Count() == 0) {
+        Toolbar.SetButtonEnabled(buttonPrint, false);
+    }
+
+    PlaceSheet();
+    StatusBar.SetPanelWidth(1, 2000);
+    StatusBar.SetPanelWidth(2, Width());
+
+    iCurrentPage = 1;
+    iTotalPages = platform::Int16OfText(ghost_.Tag);
+    SetButtons(iCurrentPage);
+    HScroll.SetValue(scrollStart);
+    if (blnHScroll) {
+        HScrollChange();
+    }
+    VScroll.SetValue(scrollStart);
+    pictCurrentPage.BringToFront();
+    state_.PrintAfterPreview = false;
+    GetSession().HourglassOff();
+}
+
+void frmPrintPreview::OnActivate() {
+    for (const auto& [number, line] : ToolbarLine) {
+        line->SetForeColor(gripColour);
+    }
+    GetSession().HourglassOff();
+}
+
+void frmPrintPreview::OnUnload() {
+    GetSession().HourglassOn();
+    ghost_.ClearPages();
+    Desktop().Yield();
+    GetSession().HourglassOff();
+}
+
+void frmPrintPreview::SetiTotalPages(std::int16_t Aantal) {
+    iTotalPages = Aantal;
+    StatusBar.SetPanelText(1, "Pagina: " + std::to_string(iCurrentPage));
+    StatusBar.SetPanelText(2, "Totaal aantal pagina's : " + std::to_string(Aantal));
+}
+
+void frmPrintPreview::SetToolbarButtons(std::initializer_list<int> numbers, bool enabled) {
+    for (const int number : numbers) {
+        Toolbar.SetButtonEnabled(number, enabled);
+    }
+}
+
+// Three tests, of which a later one overrides an earlier one.
+void frmPrintPreview::SetButtons(std::int16_t WhichPage) {
+    StatusBar.SetPanelText(1, "Pagina: " + std::to_string(iCurrentPage));
+
+    const bool isFirst = WhichPage == 1;
+    const bool isLast = WhichPage == iTotalPages;
+    if (isLast) {
+        cmdDown.SetEnabled(false);
+        SetToolbarButtons({buttonFirst, buttonPrevious}, true);
+    } else {
+        cmdDown.SetEnabled(true);
+        if (isFirst) {
+            SetToolbarButtons({buttonFirst, buttonPrevious}, false);
+        } else {
+            SetToolbarButtons({buttonFirst, buttonPrevious, buttonNext, buttonLast}, true);
+        }
+    }
+
+    if (isFirst) {
+        cmdUp.SetEnabled(false);
+        SetToolbarButtons({buttonNext, buttonLast}, true);
+    } else {
+        cmdUp.SetEnabled(true);
+        if (isLast) {
+            SetToolbarButtons({buttonNext, buttonLast}, false);
+        }
+    }
+
+    if (iTotalPages == 0 || iTotalPages == 1) {
+        cmdUp.SetEnabled(false);
+        cmdDown.SetEnabled(false);
+        SetToolbarButtons({buttonFirst, buttonPrevious, buttonNext, buttonLast}, false);
+    }
+}
+
+void frmPrintPreview::SetTooltip() {
+    if (platform_.Printers.Count() > 0) {
+        const std::string name(platform::text::Trim(platform_.Printer.DeviceName()));
+        Toolbar.SetButtonToolTipText(buttonPrint, "Afdrukken (" + name + ")");
+    }
+}
+
+void frmPrintPreview::Msg_Before(std::int32_t& uMsg, std::intptr_t& wParam, std::intptr_t& /*lParam*/,
+                                 std::intptr_t& /*retVal*/) {
+    if (uMsg != platform::WM_MOUSEWHEEL) {
+        return;
+    }
+    const int step = HighWord(wParam) >= 0 ? -VScroll.SmallChange() : VScroll.SmallChange();
+    VScroll.SetValue(std::clamp(VScroll.Value() + step, VScroll.Min(), VScroll.Max()));
+}
+
+// Scrolling
+
+void frmPrintPreview::VScrollChange() {
+    const double shift = ShiftAt(VScroll.Value(), lScrollSpanY);
+    pictPageContainer.SetTop(pageAtStart - shift);
+    pictShadow.SetTop(shadowAtStart - shift);
+    platform::Resume([this] { pictCurrentPage.Refresh(); });
+}
+
+void frmPrintPreview::HScrollChange() {
+    const double shift = ShiftAt(HScroll.Value(), lScrollSpanX);
+    pictPageContainer.SetLeft(pageAtStart - shift);
+    pictShadow.SetLeft(shadowAtStart - shift);
+    platform::Resume([this] { pictCurrentPage.Refresh(); });
+}
+
+void frmPrintPreview::ScrollToStart() {
+    VScroll.SetValue(scrollStart);
+    HScroll.SetValue(scrollStart);
+}
+
+// Keys. The bars are asked whether they are enabled, and they always are: the keys move the page also where
+// the horizontal bar is hidden.
+
+void frmPrintPreview::OnKeyDown(int& virtualKey) {
+    constexpr int pageStep = 25;
+    constexpr int lineStep = 10;
+    const auto back = [](forms::ScrollBar& bar, int step) {
+        if (bar.Enabled()) {
+            bar.SetValue(bar.Value() > step ? bar.Value() - step : scrollStart);
+        }
+    };
+    const auto forth = [](forms::ScrollBar& bar, int step) {
+        if (bar.Enabled()) {
+            bar.SetValue(bar.Value() < scrollEnd - step ? bar.Value() + step : scrollEnd);
+        }
+    };
+    const auto to = [](forms::ScrollBar& bar, int value) {
+        if (bar.Enabled()) {
+            bar.SetValue(value);
+        }
+    };
+
+    switch (virtualKey) {
+    case platform::key::PageUp:
+        if (VScroll.Value() != scrollStart) {
+            back(VScroll, pageStep);
+        } else if (VScroll.Enabled() && cmdUp.Enabled()) {
+            cmdUpClick();
+        }
+        break;
+    case platform::key::PageDown:
+        if (VScroll.Value() != scrollEnd) {
+            forth(VScroll, pageStep);
+        } else if (VScroll.Enabled() && cmdDown.Enabled()) {
+            cmdDownClick();
+        }
+        break;
+    case platform::key::End:
+        to(VScroll, scrollEnd);
+        to(HScroll, scrollEnd);
+        break;
+    case platform::key::Home:
+        to(VScroll, scrollStart);
+        to(HScroll, scrollStart);
+        break;
+    case platform::key::Left:
+        back(HScroll, lineStep);
+        break;
+    case platform::key::Up:
+        back(VScroll, lineStep);
+        break;
+    case platform::key::Right:
+        forth(HScroll, lineStep);
+        break;
+    case platform::key::Down:
+        forth(VScroll, lineStep);
+        break;
+    case platform::key::Escape:
+        Leave(false);
+        break;
+    default:
+        break;
+    }
+}
+
+// Turning pages and leaving
+
+void frmPrintPreview::ToolbarClick(int number) {
+    GetSession().HourglassOn();
+    switch (number) {
+    case buttonPrint:
+        Leave(true);
+        break;
+    case buttonFirst:
+        FirstPage();
+        break;
+    case buttonPrevious:
+        PreviousPage();
+        break;
+    case buttonNext:
+        NextPage();
+        break;
+    case buttonLast:
+        LastPage();
+        break;
+    case buttonClose:
+        Leave(false);
+        break;
+    default:
+        break;
+    }
+    GetSession().HourglassOff();
+}
+
+void frmPrintPreview::MenuClick(const std::string& id) {
+    GetSession().HourglassOn();
+    if (id == "ID_Afdrukken") {
+        Leave(true);
+    } else if (id == "ID_Sluiten") {
+        Leave(false);
+    }
+    GetSession().HourglassOff();
+}
+
+void frmPrintPreview::Leave(bool print) {
+    state_.PrintAfterPreview = print;
+    Unload();
+}
+
+void frmPrintPreview::ShowCurrentPage() {
+    ghost_.DisplayOnScreen(iCurrentPage);
+    ShowButtonsOfCurrentPage();
+}
+
+void frmPrintPreview::ShowButtonsOfCurrentPage() {
+    SetButtons(iCurrentPage);
+    pictCurrentPage.Refresh();
+}
+
+void frmPrintPreview::FirstPage() {
+    ScrollToStart();
+    ghost_.DisplayOnScreen(1);
+    iCurrentPage = 1;
+    ShowButtonsOfCurrentPage();
+}
+
+void frmPrintPreview::PreviousPage() {
+    ScrollToStart();
+    --iCurrentPage;
+    ShowCurrentPage();
+}
+
+void frmPrintPreview::NextPage() {
+    ScrollToStart();
+    ++iCurrentPage;
+    ShowCurrentPage();
+}
+
+void frmPrintPreview::LastPage() {
+    ScrollToStart();
+    ghost_.DisplayOnScreen(iTotalPages);
+    iCurrentPage = iTotalPages;
+    ShowButtonsOfCurrentPage();
+}
+
+// Page Down at the bottom goes on at the top of the next page; Page Up at the top stays at the top, and a
+// click on the arrow keeps the position.
+void frmPrintPreview::cmdDownClick() {
+    VScroll.SetValue(scrollStart);
+    ++iCurrentPage;
+    ShowCurrentPage();
+}
+
+void frmPrintPreview::cmdUpClick() {
+    --iCurrentPage;
+    ShowCurrentPage();
+}
+
+} // namespace preview

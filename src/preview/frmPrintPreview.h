@@ -1,0 +1,111 @@
+#pragma once
+
+#include <cstdint>
+#include <memory>
+#include <string>
+
+#include "platform/MsgHook.h"
+#include "platform/Platform.h"
+#include "platform/cmdButtonXP.h"
+#include "platform/forms/ControlArray.h"
+#include "platform/forms/Form.h"
+#include "platform/forms/LineControl.h"
+#include "platform/forms/MenuBar.h"
+#include "platform/forms/PictureBox.h"
+#include "platform/forms/ScrollBar.h"
+#include "platform/forms/StatusBar.h"
+#include "platform/forms/Toolbar.h"
+#include "wizard/AppState.h"
+
+namespace preview {
+
+class frmPrintPreviewGhost;
+
+/// The window of a preview: the pages that frmPrintPreviewGhost holds, one at a time and at their true size,
+/// on a white sheet with a shadow. It turns pages and scrolls; its one result is AppState.PrintAfterPreview,
+/// set if the user wants the document on paper. One object serves one preview.
+class frmPrintPreview : public forms::Form {
+  public:
+    frmPrintPreview(forms::Session& session, platform::Platform& platform, wizard::AppState& state,
+                    frmPrintPreviewGhost& ghost);
+
+    // In the order of depth: the sheet slides beneath the bars.
+    forms::PictureBox pictShadow;
+    forms::PictureBox pictPageContainer;
+    forms::PictureBox pictCurrentPage;
+
+    forms::PictureBox pictHScroll;
+    forms::ScrollBar HScroll;
+    forms::PictureBox pictVScroll;
+    forms::ScrollBar VScroll;
+    platform::cmdButtonXP cmdUp;
+    platform::cmdButtonXP cmdDown;
+    forms::LineControl Line5;
+
+    forms::PictureBox ToolbarContainer;
+    forms::LineControl Line1;
+    forms::LineControl Line2;
+    forms::PictureBox pictMoveToolbar;
+    /// 0 to 13: the toolbar's grip.
+    forms::ControlArray<forms::LineControl> ToolbarLine;
+    forms::Toolbar Toolbar;
+
+    /// Panel 1 the page on display, panel 2 the number of pages.
+    forms::StatusBar StatusBar;
+    forms::MenuBar SSActiveToolBars;
+
+    /// The page on display, from 1, and the pages on offer.
+    std::int16_t iCurrentPage = 0;
+    std::int16_t iTotalPages = 0;
+    /// Travel of the page over a scroll range of 0 to 100, in twips.
+    std::int32_t lScrollSpanY = 0;
+    std::int32_t lScrollSpanX = 0;
+    /// The sheet did not fit in the width when the window was loaded.
+    bool blnHScroll = false;
+    std::unique_ptr<platform::MsgHook> Msg;
+
+    void SetiTotalPages(std::int16_t Aantal);
+    /// Turns the navigation on and off for page `WhichPage`.
+    void SetButtons(std::int16_t WhichPage);
+    void SetTooltip();
+    /// The mouse wheel.
+    void Msg_Before(std::int32_t& uMsg, std::intptr_t& wParam, std::intptr_t& lParam, std::intptr_t& retVal);
+
+  protected:
+    void OnLoad() override;
+    void OnActivate() override;
+    void OnResize() override;
+    void OnKeyDown(int& virtualKey) override;
+    void OnUnload() override;
+
+  private:
+    // The look: frmPrintPreviewLayout.cpp.
+    void LayOut();
+    void FillToolbar();
+    void FillMenu();
+    void PlaceSheet();
+
+    // What it does: frmPrintPreview.cpp.
+    void ToolbarClick(int number);
+    void MenuClick(const std::string& id);
+    void cmdUpClick();
+    void cmdDownClick();
+    void VScrollChange();
+    void HScrollChange();
+
+    void FirstPage();
+    void PreviousPage();
+    void NextPage();
+    void LastPage();
+    void ScrollToStart();
+    void ShowCurrentPage();
+    void ShowButtonsOfCurrentPage();
+    void Leave(bool print);
+    void SetToolbarButtons(std::initializer_list<int> numbers, bool enabled);
+
+    platform::Platform& platform_;
+    wizard::AppState& state_;
+    frmPrintPreviewGhost& ghost_;
+};
+
+} // namespace preview

@@ -1,0 +1,155 @@
+#include "preview/frmPrintPreviewGhost.h"
+
+#include <cstring>
+
+#include "platform/Desktop.h"
+#include "platform/Numbers.h"
+#include "platform/Resume.h"
+#include "platform/RuntimeError.h"
+#include "preview/frmPrintPreview.h"
+
+namespace preview {
+
+namespace {
+
+constexpr std::int16_t mostPages = 40;
+constexpr std::int32_t smallestTrack = 200; // dots
+constexpr int noSuchElement = 340;
+
+} // namespace
+
+frmPrintPreviewGhost::frmPrintPreviewGhost(forms::Session& session, platform::Platform& platform,
+                                           const wizard::AppState& state, frmPrintPreview& preview)
+    : Form(session, "frmPrintPreviewGhost"), platform_(platform), state_(state), preview_(preview) {
+    SetCaption("Preview Ghost");
+}
+
+void frmPrintPreviewGhost::OnLoad() {
+    platform::Printer& printer = platform_.Printer;
+    Tag = "0";
+    ThisPage[0] = {};
+
+    lPageWidth = platform::ToInt32(printer.Width());
+    lPageHeight = platform::ToInt32(printer.Height());
+    lMarginLeft = platform::ToInt32((lPageWidth - printer.ScaleWidth()) / 2);
+    lMarginTop = platform::ToInt32((lPageHeight - printer.ScaleHeight()) / 2);
+    lMaxTrackX = platform::ToInt32(printer.Width());
+    lMaxTrackY = platform::ToInt32(printer.Height());
+
+    preview_.Load();
+
+    Msg = std::make_unique<platform::MsgHook>(platform_.WindowProcedures);
+    Msg->Before = [this](auto& uMsg, auto& wParam, auto& lParam, auto& retVal) {
+        Msg_Before(uMsg, wParam, lParam, retVal);
+    };
+    Msg->Hook(hWnd(), {platform::WM_GETMINMAXINFO});
+
+    const double width = printer.ScaleWidth();
+    Resize(width, lPageHeight);
+    Move(Left(), 0);
+    page_ = platform_.Bitmaps.CreatePage(width, lPageHeight);
+
+    iPage = 0;
+    iDisplayPage = 1;
+    Newpage();
+}
+
+platform::Canvas& frmPrintPreviewGhost::Drawing() {
+    if (page_ == nullptr) {
+        throw platform::RuntimeError(composition::ErrorNoSurface, "Object variable not set");
+    }
+    return page_->Drawing();
+}
+
+void frmPrintPreviewGhost::Cls() {
+    page_->Cls();
+    drawing_.CurrentX = 0;
+    drawing_.CurrentY = 0;
+}
+
+frmPrintPreviewGhost::PageHolder& frmPrintPreviewGhost::Holder(std::int16_t page) {
+    const auto found = ThisPage.find(page);
+    if (found == ThisPage.end()) {
+        throw platform::RuntimeError(noSuchElement,
+                                     "Control array element '" + std::to_string(page) + "' doesn't exist");
+    }
+    return found->second;
+}
+
+void frmPrintPreviewGhost::Newpage() {
+    platform::Resume([this] {
+        const double tally = platform::NumericValue(Tag);
+        if (tally > mostPages) {
+            return;
+        }
+        Tag = platform::NumberText(tally + 1);
+        Drawing();
+        Desktop().Yield();
+        Holder(iPage).Picture = page_->Image();
+        Desktop().Yield();
+        Cls();
+        ++iPage;
+        PageHolder& next = ThisPage[iPage];
+        next.Width = platform_.Printer.ScaleWidth();
+        next.Height = lPageHeight;
+    });
+}
+
+void frmPrintPreviewGhost::EndDoc() {
+    Drawing().EndDocument();
+    Holder(iPage).Picture = page_->Image();
+    FinishPages();
+    if (iPage > mostPages) {
+        iPage = mostPages;
+        ThisPage.erase(mostPages + 1);
+    }
+}
+
+void frmPrintPreviewGhost::FinishPages() {
+    if (platform::NumericValue(Tag) > mostPages) {
+        Desktop().MsgBox("Er zijn meer dan 40 pagina's gevonden, in het afdrukvoorbeeld worden maximaal 40 "
+                         "pagina's getoond.",
+                         platform::MessageIcon::Information, state_.MessageTitle);
+        Tag = platform::NumberText(mostPages);
+    }
+    preview_.SetiTotalPages(platform::Int16OfText(Tag));
+    preview_.SetButtons(1);
+    DisplayOnScreen(1);
+}
+
+void frmPrintPreviewGhost::DisplayVolgende() {
+    DisplayOnScreen(++iDisplayPage);
+}
+
+void frmPrintPreviewGhost::DisplayVorige() {
+    DisplayOnScreen(--iDisplayPage);
+}
+
+void frmPrintPreviewGhost::DisplayOnScreen(std::int16_t WhichPage) {
+    GetSession().HourglassOn();
+    preview_.pictCurrentPage.SetPage(Holder(WhichPage).Picture);
+    GetSession().HourglassOff();
+}
+
+void frmPrintPreviewGhost::Msg_Before(std::int32_t& uMsg, std::intptr_t& /*wParam*/, std::intptr_t& lParam,
+                                      std::intptr_t& retVal) {
+    if (uMsg != platform::WM_GETMINMAXINFO || lParam == 0) {
+        return;
+    }
+    void* address = reinterpret_cast<void*>(lParam);
+    platform::MINMAXINFO bounds;
+    std::memcpy(&bounds, address, sizeof bounds);
+    bounds.ptMinTrackSize = {smallestTrack, smallestTrack};
+    bounds.ptMaxTrackSize = {lMaxTrackX, lMaxTrackY};
+    std::memcpy(address, &bounds, sizeof bounds);
+    retVal = 0;
+}
+
+void frmPrintPreviewGhost::ClearPages() {
+    const std::int16_t highest = ThisPage.empty() ? std::int16_t{0} : ThisPage.rbegin()->first;
+    for (std::int16_t page = 1; page <= highest; ++page) {
+        ThisPage.erase(page);
+    }
+}
+
+} // namespace preview

@@ -1,0 +1,104 @@
+#pragma once
+
+#include <cstdint>
+#include <map>
+#include <memory>
+#include <string>
+
+#include "composition/PrintSurface.h"
+#include "platform/Bitmaps.h"
+#include "platform/MsgHook.h"
+#include "platform/Platform.h"
+#include "platform/Printer.h"
+#include "platform/forms/Form.h"
+#include "wizard/AppState.h"
+
+namespace preview {
+
+class frmPrintPreview;
+
+/// The stand-in for the printer while a document is previewed. It is never shown: what is drawn on its
+/// surface lands on one page off the screen, as wide as the printable area and as high as the sheet, which is
+/// kept as a bitmap at each page break and wiped for the next page. It holds 40 pages at most. One object
+/// serves one preview.
+class frmPrintPreviewGhost : public forms::Form {
+  public:
+    frmPrintPreviewGhost(forms::Session& session, platform::Platform& platform, const wizard::AppState& state,
+                         frmPrintPreview& preview);
+
+    /// What the document is drawn on. Drawing before the form is loaded is an error (ErrorNoSurface).
+    composition::PrintSurface& Surface() { return surface_; }
+
+    /// Ends the page and begins the next one. Nothing happens after page 41, and a failing step ends it
+    /// silently.
+    void Newpage();
+    /// Ends the document: tells the preview window how many pages there are and shows it the first.
+    void EndDoc();
+    /// Show the next or the previous page of this form's own counting; out of range is an error.
+    void DisplayVolgende();
+    void DisplayVorige();
+    /// Number of the page that is being drawn.
+    std::int16_t Page() const { return iPage; }
+    /// Shows page `WhichPage` in the preview window. RuntimeError if there is no such page.
+    void DisplayOnScreen(std::int16_t WhichPage);
+    /// Lets the window grow beyond the screen.
+    void Msg_Before(std::int32_t& uMsg, std::intptr_t& wParam, std::intptr_t& lParam, std::intptr_t& retVal);
+    /// Lets all pages go.
+    void ClearPages();
+
+    /// A page that is kept. Lengths are twips.
+    struct PageHolder {
+        std::shared_ptr<const platform::PageBitmap> Picture;
+        double Width = 0;
+        double Height = 0;
+    };
+
+    /// Tally of the pages, as text; after EndDoc the number of pages on offer.
+    std::string Tag;
+    std::int16_t iPage = 0;
+    std::int16_t iDisplayPage = 0;
+    /// The sheet, and half of what it is larger than the printable area.
+    std::int32_t lPageWidth = 0;
+    std::int32_t lPageHeight = 0;
+    std::int32_t lMarginLeft = 0;
+    std::int32_t lMarginTop = 0;
+    /// Upper bound of the window. Twips that serve as dots: generous on purpose, as it only has to be out of
+    /// the way.
+    std::int32_t lMaxTrackX = 0;
+    std::int32_t lMaxTrackY = 0;
+    /// Page k stands at k; 0 holds the blank page from before the document and is never shown.
+    std::map<std::int16_t, PageHolder> ThisPage;
+    std::unique_ptr<platform::MsgHook> Msg;
+
+  protected:
+    void OnLoad() override;
+
+  private:
+    class PageSurface final : public composition::PrintSurface {
+      public:
+        explicit PageSurface(frmPrintPreviewGhost& form) : PrintSurface(form.drawing_), form_(form) {}
+
+        void Newpage() override { form_.Newpage(); }
+        void EndDoc() override { form_.EndDoc(); }
+
+      protected:
+        platform::Canvas& Page() override { return form_.Drawing(); }
+
+      private:
+        frmPrintPreviewGhost& form_;
+    };
+
+    platform::Canvas& Drawing();
+    void Cls();
+    void FinishPages();
+    PageHolder& Holder(std::int16_t page);
+
+    platform::Platform& platform_;
+    const wizard::AppState& state_;
+    frmPrintPreview& preview_;
+    platform::DrawingState drawing_;
+    std::unique_ptr<platform::OffscreenPage> page_;
+    PageSurface surface_{*this};
+};
+
+} // namespace preview
