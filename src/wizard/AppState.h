@@ -13,13 +13,13 @@ class TextTable;
 
 namespace wizard {
 
-/// One calibration value for each place where a form can stand: 0 to 2 the top, middle and bottom form of a sheet,
-/// 3 the form under a letter. Millimetres as text in the user's locale ("1,00"); empty for none. Element 4 is
-/// never loaded.
+/// One calibration value for each place where a form can stand: 0 to 2 the top, middle and bottom form of a
+/// sheet, 3 the form under a letter. Millimetres as text in the user's locale ("1,00"); empty for none.
+/// Element 4 is never loaded.
 using Calibration = std::array<std::string, 5>;
 
-/// The one record of settings, measures and tables that the whole program works on, from its start to its end. It
-/// belongs to no form. Lengths are twips unless said otherwise.
+/// The one record of settings, measures and tables that the whole program works on, from its start to its
+/// end. It belongs to no form. Lengths are twips unless said otherwise.
 struct AppState {
     // The user's regional settings. Nothing reads them after the start.
     std::string CurrencySymbol;

@@ -1,0 +1,111 @@
+#pragma once
+
+#include <cstdint>
+#include <memory>
+#include <string>
+#include <vector>
+
+#include "composition/PrintSurface.h"
+#include "platform/Platform.h"
+#include "platform/forms/CommandButton.h"
+#include "platform/forms/ControlArray.h"
+#include "platform/forms/Form.h"
+#include "platform/forms/Label.h"
+#include "platform/forms/LineControl.h"
+#include "platform/forms/OptionButton.h"
+#include "platform/forms/PictureBox.h"
+#include "platform/forms/TextBox.h"
+#include "platform/forms/UpDown.h"
+#include "wizard/AppState.h"
+
+namespace printmanager {
+class frmPrintManager;
+}
+
+namespace wizard {
+
+/// The wizard: four pages that lead the user to the number of test forms which the scheme asks of this
+/// organisation, and then hand the three documents to the print manager. It is the program's first form, its
+/// loading is the program's start, and it composes the documents when the print manager calls it back.
+class frmMain : public forms::Form {
+  public:
+    frmMain(forms::Session& session, platform::Platform& platform, AppState& state);
+    ~frmMain() override;
+
+    // The heading and the buttons, on the form itself.
+    forms::PictureBox pictHeading;
+    forms::PictureBox pictLogo;
+    forms::Label lblHeading;
+    forms::LineControl lineHeading;
+    forms::LineControl lineButtons;
+    forms::CommandButton Terug;
+    forms::CommandButton Verder;
+    forms::CommandButton Cancel;
+
+    // The pages, 0 to 3, and what carries logic on them.
+    forms::ControlArray<forms::PictureBox> WizardPanel;
+    forms::Label lblOCRFont;
+    forms::Label lblOCR;
+    forms::Label lblContractsoort;
+    /// 0 the number of forms; 70 to 74 the creditor's name, address, postcode, town and account.
+    forms::ControlArray<forms::TextBox> UserText;
+    /// 0 general procedure, 1 short procedure.
+    forms::ControlArray<forms::OptionButton> optProcedure;
+    /// 0 service bureau, 1 more than 20.000 forms a year, 2 fewer.
+    forms::ControlArray<forms::OptionButton> optTestpartij;
+    forms::UpDown UpDown;
+    forms::CommandButton cmdPrinten;
+
+    /// Page on show, 0 to 3.
+    std::int16_t Page = 0;
+    /// No box has had the focus since the start: the first one selects its text.
+    bool FirstFocus = false;
+
+    /// The print manager, while it is open.
+    printmanager::frmPrintManager* PrintManager() const { return printManager_.get(); }
+
+    void Afdrukken(std::int16_t iMethod, std::int16_t num_copies, bool blnPrintPreview) override;
+
+    /// Reads the settings; the creditor's, if asked for, go into the boxes as well.
+    void LaadInstellingen(bool metIncassant);
+
+  protected:
+    void OnLoad() override;
+    bool OnQueryUnload() override;
+
+  private:
+    class Host;
+
+    // The look: frmMainLayout.cpp.
+    void LayOut();
+
+    // The start: frmMainLoad.cpp.
+    void LeesGMUFontSize();
+    void ToonLettertype();
+
+    // Going through the pages: frmMain.cpp.
+    void VerderClick();
+    void TerugClick();
+    void VanIncassant();
+    void VanProcedure();
+    void VanTestpartij();
+    void NaarAfdrukken(const std::string& aantal);
+    void ToonPagina(std::int16_t page);
+    void Melding(const std::string& text);
+
+    // The boxes: frmMainEntry.cpp.
+    void BoxGotFocus(int index);
+    void BoxLostFocus(int index);
+
+    // Printing: frmMainPrint.cpp.
+    void cmdPrintenClick();
+
+    platform::Platform& platform_;
+    AppState& state_;
+    composition::PrinterSurface printerSurface_;
+    /// Texts and pictures that only stand there.
+    std::vector<std::unique_ptr<forms::Control>> decoration_;
+    std::unique_ptr<printmanager::frmPrintManager> printManager_;
+};
+
+} // namespace wizard

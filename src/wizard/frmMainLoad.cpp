@@ -1,0 +1,131 @@
+// The start of the program: settings, measures and the first page. A step that fails is given up, and the
+// next one runs.
+#include "composition/ContractTexts.h"
+#include "composition/PrinterMeasures.h"
+#include "payment/Accounts.h"
+#include "platform/Locale.h"
+#include "platform/Numbers.h"
+#include "platform/Printer.h"
+#include "platform/Resume.h"
+#include "platform/Text.h"
+#include "platform/modRegistry.h"
+#include "testdata/Tables.h"
+#include "wizard/Settings.h"
+#include "wizard/frmMain.h"
+
+namespace wizard {
+
+using platform::Resume;
+
+namespace {
+
+constexpr const char* SampleDigits = "1234567890123456";
+constexpr double SampleSize = 12;
+constexpr double PanelTop = 540;
+constexpr const char* DefaultFontSize = "12";
+constexpr double LargestFontSize = 48;
+
+bool IsOn(const std::string& setting) {
+    return setting == "1";
+}
+
+} // namespace
+
+void frmMain::OnLoad() {
+    platform::Registry& registry = platform_.Registry;
+    const auto read = [&](const char* name) { return LeesInstelling(state_, registry, name); };
+    const auto readTrimmed = [&](const char* name) { return std::string(platform::text::Trim(read(name))); };
+    const auto write = [&](const char* name, const char* value) {
+        platform::modRegistry(registry).SetRegistryValue(platform::HkeyCurrentUser, state_.SettingsKey, name,
+                                                         value);
+    };
+
+    // Some drivers only report true measures once they have been asked for their settings.
+    Resume([&] { platform_.Printers.Count(); });
+    Resume([&] { platform_.Printer.Orientation(); });
+    Resume([&] { composition::LeesPrinterMaten(state_, platform_); });
+
+    state_.Blank = " ";
+    state_.CrLf = "\r\n";
+    state_.MessageTitle = "Drukkeuring acceptgiro's";
+    state_.SettingsKey = "Software\\Ondor\\Tarvik\\CurrentVersion";
+
+    // The stored orientation has no effect on a run: the print manager alone chooses it.
+    if (GetalInstelling(read("PrinterOrientation")) == 0) {
+        write("PrinterOrientation", "1");
+    }
+    state_.PrinterOrientation = 1;
+
+    state_.LeftMargin = 100;
+    state_.TwipsPerCm = 567;
+    state_.PrinterInit = 100;
+    UserText(0).SetText("100");
+    FirstFocus = true;
+    LaadInstellingen(true);
+
+    const std::int32_t lcid = platform_.Locale.GetUserDefaultLCID();
+    state_.CurrencySymbol = LeesLocaleTekst(platform_.Locale, lcid, platform::LocaleCurrencySymbol);
+    state_.MonetaryDecimal = LeesLocaleTekst(platform_.Locale, lcid, platform::LocaleMonetaryDecimal);
+    state_.MonetaryThousand = LeesLocaleTekst(platform_.Locale, lcid, platform::LocaleMonetaryThousand);
+
+    state_.GMUFontName = readTrimmed("GMUFontName");
+    state_.GMUCode = readTrimmed("GMUCode");
+    state_.GMUServiceNr = read("GMUServiceNr");
+    if (read("GMUFontSize").empty()) {
+        write("GMUFontSize", DefaultFontSize);
+    }
+    LeesGMUFontSize();
+    state_.GMUVerkeer = IsOn(read("GMUVerkeer"));
+    state_.OverrulePaperSize =
+        read("UseSpecificPrinterSettings") == "0" && IsOn(read("PrinterOverrulePaperSize"));
+    if (state_.GMUFontName.empty()) {
+        state_.GMUFontName = "Tahoma";
+    }
+    ToonLettertype();
+
+    state_.GMUContractVorm = GetalInstelling(readTrimmed("GMUContractVorm"));
+    lblContractsoort.SetCaption(std::string(composition::ContractScreenText(state_.GMUContractVorm)));
+
+    for (const auto& [index, panel] : WizardPanel) {
+        panel->SetVisible(false);
+        panel->SetLeft(0);
+        panel->SetTop(PanelTop);
+    }
+    WizardPanel(0).SetVisible(true);
+    Terug.SetEnabled(false);
+    Verder.SetDefault(true);
+
+    state_.PersonTable = &testdata::PersonTable();
+    state_.AccountTable = &testdata::AccountTable();
+    state_.MatrixPrinter = IsOn(read("MatrixPrinter"));
+    state_.ListFontName = "Tahoma";
+    GetSession().HourglassOff();
+}
+
+void frmMain::LaadInstellingen(bool metIncassant) {
+    wizard::LaadInstellingen(state_, platform_.Registry, metIncassant);
+    if (metIncassant) {
+        UserText(70).SetText(state_.IncassantBegunstigde);
+        UserText(71).SetText(state_.IncassantAdres);
+        UserText(72).SetText(state_.IncassantPostCode);
+        UserText(73).SetText(state_.IncassantWoonplaats);
+        UserText(74).SetText(payment::Text2Rekening(state_.IncassantBankGiro));
+    }
+}
+
+void frmMain::LeesGMUFontSize() {
+    state_.GMUFontSize = LeesInstelling(state_, platform_.Registry, "GMUFontSize");
+    const double points = platform::NumericValue(state_.GMUFontSize);
+    if (points <= 0 || points > LargestFontSize) {
+        state_.GMUFontSize = DefaultFontSize;
+    }
+}
+
+// The user sees at once whether a true OCR-B font is set.
+void frmMain::ToonLettertype() {
+    lblOCRFont.SetCaption(state_.GMUFontName);
+    lblOCR.SetFont({.Name = state_.GMUFontName, .Size = SampleSize, .Bold = false});
+    lblOCR.SetCaption(SampleDigits);
+}
+
+} // namespace wizard

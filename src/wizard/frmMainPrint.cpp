@@ -1,0 +1,78 @@
+// The end of the wizard's own work: the documents go to the print manager, which calls back for each of them.
+#include <algorithm>
+
+#include "composition/DocumentRun.h"
+#include "composition/OpenPrinter.h"
+#include "platform/Desktop.h"
+#include "platform/Numbers.h"
+#include "preview/PrintPreview.h"
+#include "printmanager/frmPrintManager.h"
+#include "wizard/frmMain.h"
+
+namespace wizard {
+
+namespace {
+
+constexpr double MostForms = 30000;
+
+} // namespace
+
+/// What a run needs of the wizard and of the forms around it.
+class frmMain::Host : public composition::RunHost {
+  public:
+    explicit Host(frmMain& form)
+        : form_(form), preview_(form.GetSession(), form.platform_, form.state_, form.printerSurface_) {}
+
+    std::string CountText() override { return form_.UserText(0).Text(); }
+    void SetCountText(const std::string& text) override { form_.UserText(0).SetText(text); }
+    void LaadInstellingen() override { form_.LaadInstellingen(false); }
+    void UpdatePercentage(std::int16_t iNewPerc) override {
+        if (form_.PrintManager() != nullptr) {
+            form_.PrintManager()->UpdatePercentage(iNewPerc);
+        }
+    }
+    void OpenPrinter() override {
+        composition::OpenPrinter(form_.state_, form_.platform_, form_.printerSurface_);
+    }
+    void OpenPreview(std::int16_t fase) override { preview_.OpenPreview(fase); }
+    void ShowPreview() override { preview_.Show(); }
+    void HourglassOn() override { form_.GetSession().HourglassOn(); }
+    void HourglassOff() override { form_.GetSession().HourglassOff(); }
+
+  private:
+    frmMain& form_;
+    preview::PrintPreview preview_;
+};
+
+void frmMain::cmdPrintenClick() {
+    if (state_.PrintManagerOpen) {
+        return;
+    }
+    const double aantal = platform::NumericValue(UserText(0).Text());
+    if (aantal <= 0) {
+        Melding("Er valt niets af te drukken, geef eerst het aantal acceptgiro's in.");
+        return;
+    }
+    if (aantal > MostForms) {
+        Melding("U kunt maximaal 30.000 acceptgiro's afdrukken.");
+        return;
+    }
+    std::fill(state_.DocumentTitle.begin() + 1, state_.DocumentTitle.end(), std::string());
+    state_.DocumentTitle[1] = "Acceptgiroformulieren voor de drukkeuring";
+    state_.DocumentTitle[2] = "Namenlijst";
+    state_.DocumentTitle[3] = "Instellingen calibratie";
+    state_.CallerFormName = Name();
+
+    if (printManager_ == nullptr) {
+        printManager_ = std::make_unique<printmanager::frmPrintManager>(GetSession(), platform_, state_);
+    }
+    printManager_->ShowModal();
+    printManager_.reset();
+}
+
+void frmMain::Afdrukken(std::int16_t iMethod, std::int16_t num_copies, bool blnPrintPreview) {
+    Host host(*this);
+    composition::Afdrukken(state_, platform_, host, iMethod, num_copies, blnPrintPreview);
+}
+
+} // namespace wizard

@@ -1,0 +1,109 @@
+#include "WizardFixture.h"
+
+namespace wizard {
+namespace {
+
+class EntryFields : public WizardTest {};
+
+TEST_F(EntryFields, AnEmptyAccountPassesOnLeaving) {
+    Start();
+    form->MoveFocus(form->UserText(74));
+    form->MoveFocus(form->UserText(70));
+    EXPECT_TRUE(MessageTexts().empty());
+    EXPECT_EQ(form->UserText(74).Text(), "");
+}
+
+TEST_F(EntryFields, TabbingShowsTheBareAccountSelectedAndItsScreenFormAfterwards) {
+    Set("IncassantBankGiro", "123456789");
+    Start();
+    EXPECT_EQ(form->UserText(74).Text(), "12.34.56.789");
+    for (int i = 0; i < 4; ++i) {
+        Tab();
+    }
+    forms::TextBox& account = form->UserText(74);
+    ASSERT_EQ(form->ActiveControl(), &account);
+    EXPECT_EQ(account.Text(), "123456789");
+    EXPECT_EQ(account.SelStart(), 0);
+    EXPECT_EQ(account.SelLength(), 9);
+    Tab();
+    EXPECT_NE(form->ActiveControl(), &account);
+    EXPECT_EQ(account.Text(), "12.34.56.789");
+}
+
+TEST_F(EntryFields, TheFirstFocusSelectsAndALaterClickDoesNot) {
+    Set("IncassantBegunstigde", "Naam");
+    Set("IncassantAdres", "Adres");
+    Start();
+    EXPECT_EQ(form->UserText(70).SelLength(), 4);
+    EXPECT_FALSE(form->FirstFocus);
+    form->UserText(71).UserClick();
+    EXPECT_EQ(form->UserText(71).SelLength(), 0);
+    form->UserText(70).UserClick();
+    EXPECT_EQ(form->UserText(70).SelLength(), 0);
+}
+
+TEST_F(EntryFields, CancelWithAWrongAccountBringsTheMessageAndIsLost) {
+    Start();
+    Type(74, "123456780");
+    form->Cancel.UserClick();
+    EXPECT_EQ(MessageTexts(), std::vector<std::string>{WrongAccount});
+    EXPECT_TRUE(form->Visible());
+    EXPECT_EQ(form->UserText(74).Text(), "");
+    EXPECT_EQ(form->ActiveControl(), &form->UserText(74));
+    form->Cancel.UserClick();
+    EXPECT_FALSE(form->Visible());
+}
+
+TEST_F(EntryFields, VerderWithAWrongAccountTellsItOnce) {
+    Start();
+    Type(74, "123456780");
+    form->Verder.UserClick();
+    EXPECT_EQ(MessageTexts(), std::vector<std::string>{WrongAccount});
+    EXPECT_EQ(form->Page, 0);
+    form->Verder.UserClick();
+    EXPECT_EQ(form->Page, 1);
+}
+
+TEST_F(EntryFields, AnAcceptedAccountIsShownInItsScreenForm) {
+    Start();
+    Type(74, "NL13abna0500000018");
+    form->MoveFocus(form->UserText(70));
+    EXPECT_EQ(form->UserText(74).Text(), "NL13 ABNA 0500 0000 18");
+    form->MoveFocus(form->UserText(74));
+    EXPECT_EQ(form->UserText(74).Text(), "NL13ABNA0500000018");
+}
+
+TEST_F(EntryFields, TheCountTakesFourDigits) {
+    Start();
+    GoToPrinting();
+    Type(0, "a-1b23\b456x7");
+    EXPECT_EQ(form->UserText(0).Text(), "1245");
+}
+
+TEST_F(EntryFields, TheCreditorsBoxesTakeEveryKeyUpToTheirLength) {
+    Start();
+    const std::pair<int, std::size_t> limits[] = {{70, 60}, {71, 60}, {72, 9}, {73, 60}, {74, 34}};
+    for (const auto& [box, limit] : limits) {
+        Type(box, std::string(100, '7'));
+        EXPECT_EQ(form->UserText(box).Text(), std::string(limit, '7')) << box;
+        form->UserText(box).SetText("");
+    }
+    form->MoveFocus(form->UserText(70));
+    form->UserText(70).TypeKey(U'é');
+    form->UserText(70).TypeKey(U'ł');
+    form->UserText(70).TypeKey(U'-');
+    EXPECT_EQ(form->UserText(70).Text(), "éł-");
+}
+
+TEST_F(EntryFields, HaveTheirPlaceInTheTabOrder) {
+    Start();
+    const std::pair<int, int> order[] = {{70, 0}, {71, 1}, {72, 2}, {73, 3}, {74, 4}, {0, 40}};
+    for (const auto& [box, index] : order) {
+        EXPECT_EQ(form->UserText(box).TabIndex(), index) << box;
+    }
+    EXPECT_EQ(form->UserText(0).Tag(), "numeriek");
+    EXPECT_EQ(form->UserText(74).Tag(), "");
+}
+
+} // namespace
+} // namespace wizard

@@ -1,0 +1,116 @@
+#include "WizardFixture.h"
+
+namespace wizard {
+namespace {
+
+class PrintCommand : public WizardTest {
+  protected:
+    PrintCommand() {
+        memory.desktop.OnModal = [this](forms::Form& opened) {
+            modal.push_back(opened.Name());
+            if (WhileOpen) {
+                WhileOpen();
+            }
+            return false;
+        };
+    }
+
+    std::function<void()> WhileOpen;
+    std::vector<std::string> modal;
+};
+
+constexpr const char* NothingToPrint = "Er valt niets af te drukken, geef eerst het aantal acceptgiro's in.";
+
+class NoCount : public PrintCommand, public testing::WithParamInterface<const char*> {};
+
+TEST_P(NoCount, IsRefused) {
+    InstallPrinter();
+    Start();
+    GoToPrinting();
+    form->UserText(0).SetText(GetParam());
+    form->cmdPrinten.UserClick();
+    EXPECT_EQ(MessageTexts(), std::vector<std::string>{NothingToPrint});
+    EXPECT_EQ(memory.desktop.Messages()[0].Title, Title);
+    EXPECT_EQ(memory.desktop.Messages()[0].Icon, platform::MessageIcon::Information);
+    EXPECT_TRUE(modal.empty());
+}
+
+INSTANTIATE_TEST_SUITE_P(Cases, NoCount, testing::Values("", "0", "abc", "-1", "0.0", ",5"));
+
+TEST_F(PrintCommand, RefusesMoreThan30000) {
+    Start();
+    GoToPrinting();
+    form->UserText(0).SetText("30001");
+    form->cmdPrinten.UserClick();
+    EXPECT_EQ(MessageTexts(), std::vector<std::string>{"U kunt maximaal 30.000 acceptgiro's afdrukken."});
+    EXPECT_TRUE(modal.empty());
+}
+
+TEST_F(PrintCommand, TakesExactly30000) {
+    Start();
+    GoToPrinting();
+    form->UserText(0).SetText("30000");
+    form->cmdPrinten.UserClick();
+    EXPECT_EQ(modal, std::vector<std::string>{"frmPrintManager"});
+}
+
+TEST_F(PrintCommand, NamesTheDocumentsAndTheCaller) {
+    InstallPrinter();
+    Start();
+    GoToPrinting();
+    state.DocumentTitle[7] = "oud";
+    WhileOpen = [&] {
+        EXPECT_EQ(state.CallerFormName, "frmMain");
+        EXPECT_TRUE(state.PrintManagerOpen);
+        EXPECT_EQ(state.DocumentTitle[0], "");
+        EXPECT_EQ(state.DocumentTitle[1], "Acceptgiroformulieren voor de drukkeuring");
+        EXPECT_EQ(state.DocumentTitle[2], "Namenlijst");
+        EXPECT_EQ(state.DocumentTitle[3], "Instellingen calibratie");
+        EXPECT_EQ(state.DocumentTitle[7], "");
+        EXPECT_EQ(form->PrintManager()->lstAfdrukken.ListCount(), 3);
+    };
+    form->cmdPrinten.UserClick();
+    EXPECT_EQ(modal.size(), 1U);
+    EXPECT_FALSE(state.PrintManagerOpen);
+    EXPECT_EQ(form->PrintManager(), nullptr);
+    EXPECT_EQ(form->Page, 3);
+}
+
+TEST_F(PrintCommand, DoesNothingWhileThePrintManagerIsOpen) {
+    InstallPrinter();
+    Start();
+    GoToPrinting();
+    WhileOpen = [&] { form->cmdPrinten.Press(); };
+    form->cmdPrinten.UserClick();
+    EXPECT_EQ(modal.size(), 1U);
+}
+
+TEST_F(PrintCommand, PrintsTheBatchThroughThePrintManager) {
+    Set("AcceptgiroType", "1");
+    InstallPrinter();
+    int ends = 0;
+    int forms = 0;
+    memory.recorder.Sink = [&](const platform::Event& event) {
+        ends += event.Kind == "end" ? 1 : 0;
+        if (event.Kind == "text") {
+            for (const platform::EventField& field : event.Fields) {
+                const auto* text = std::get_if<std::string>(&field.Value);
+                forms += text != nullptr && *text == "DRUKKEURING " ? 1 : 0;
+            }
+        }
+    };
+    Start();
+    GoToPrinting();
+    form->UserText(0).SetText("4");
+    WhileOpen = [&] {
+        form->PrintManager()->lstAfdrukken.UserPick(0);
+        form->PrintManager()->cmdPrint.UserClick();
+    };
+    form->cmdPrinten.UserClick();
+    EXPECT_EQ(forms, 4);
+    EXPECT_EQ(ends, 1);
+    EXPECT_TRUE(MessageTexts().empty());
+}
+
+} // namespace
+} // namespace wizard

@@ -1,0 +1,86 @@
+#include "wizard/ToetsFilter.h"
+
+#include <gtest/gtest.h>
+
+#include <set>
+#include <string>
+
+namespace wizard {
+namespace {
+
+std::int16_t Filtered(std::int16_t key, std::string_view kind) {
+    return ToetsFilter(key, kind);
+}
+
+/// The codes from 1 to 255 that a kind lets through.
+std::set<int> Passing(std::string_view kind) {
+    std::set<int> passing;
+    for (std::int16_t key = 1; key < 256; ++key) {
+        if (Filtered(key, kind) != 0) {
+            passing.insert(key);
+        }
+    }
+    return passing;
+}
+
+std::set<int> Codes(std::string_view characters) {
+    std::set<int> codes;
+    for (const char c : characters) {
+        codes.insert(static_cast<unsigned char>(c));
+    }
+    return codes;
+}
+
+TEST(ToetsFilter, TelephoneTakesASmallMButNoCapital) {
+    EXPECT_EQ(Passing("TELEFOON"), Codes("\b0123456789 +-().m"));
+    EXPECT_EQ(Filtered('m', "TELEFOON"), 'm');
+    EXPECT_EQ(Filtered('M', "TELEFOON"), 0);
+}
+
+TEST(ToetsFilter, NumbersAndDatesTakeDigitsAndBackspaceAlone) {
+    for (const char* kind : {"NUMERIEK", "NUMERIEK/VOLLEDIG", "DATUM", "DATUM/VOLLEDIG"}) {
+        EXPECT_EQ(Passing(kind), Codes("\b0123456789")) << kind;
+    }
+    EXPECT_EQ(Filtered('-', "NUMERIEK"), 0);
+    EXPECT_EQ(Filtered('/', "DATUM"), 0);
+}
+
+TEST(ToetsFilter, NumtekenTurnsACommaIntoAPoint) {
+    EXPECT_EQ(Passing("NUMTEKEN"), Codes("\b0123456789.,"));
+    EXPECT_EQ(Filtered(',', "NUMTEKEN"), '.');
+    EXPECT_EQ(Filtered('.', "NUMTEKEN"), '.');
+    EXPECT_EQ(Filtered('7', "NUMTEKEN"), '7');
+}
+
+TEST(ToetsFilter, AlphaTakesAccentsAndNoDigits) {
+    std::set<int> expected = Codes("\b-' .ABCDEFGHIJKLMNOPQRSTUVWXYZabcdefghijklmnopqrstuvwxyz");
+    for (int code = 128; code < 256; ++code) {
+        expected.insert(code);
+    }
+    EXPECT_EQ(Passing("ALPHA"), expected);
+    EXPECT_EQ(Filtered(233, "ALPHA"), 233);
+    EXPECT_EQ(Filtered('5', "ALPHA"), 0);
+}
+
+TEST(ToetsFilter, AnyOtherKindPassesEverything) {
+    for (const char* kind : {"", "postcode", "NUMERIEK/ANDERS"}) {
+        EXPECT_EQ(Passing(kind).size(), 255U) << kind;
+    }
+    EXPECT_EQ(Filtered(-1, ""), -1);
+    EXPECT_EQ(Filtered(8217, ""), 8217);
+}
+
+TEST(ToetsFilter, ComparesTheKindInCapitalsAndTrimmed) {
+    EXPECT_EQ(Filtered('a', "numeriek"), 0);
+    EXPECT_EQ(Filtered('a', "  NumerieK "), 0);
+    EXPECT_EQ(Filtered('1', "numeriek"), '1');
+}
+
+TEST(ToetsFilter, LeavesItsArgumentAsItIs) {
+    std::int16_t key = ',';
+    ToetsFilter(key, "NUMTEKEN");
+    EXPECT_EQ(key, ',');
+}
+
+} // namespace
+} // namespace wizard
