@@ -23,9 +23,13 @@ void ChoiceControl::Clear() {
     Changed(Aspect::Items);
 }
 
-const std::string& ChoiceControl::List(int index) const { return At(index).Text; }
+const std::string& ChoiceControl::List(int index) const {
+    return At(index).Text;
+}
 
-std::int32_t ChoiceControl::ItemData(int index) const { return At(index).ItemData; }
+std::int32_t ChoiceControl::ItemData(int index) const {
+    return At(index).ItemData;
+}
 
 void ChoiceControl::SetListIndex(int index) {
     if (index != -1) {

@@ -9,8 +9,8 @@
 
 namespace forms {
 
-/// What a list and a combo have in common: entries counted from 0, each with a number of its own, and at most one
-/// of them selected. A selection made by the program acts as a click, as one made by the user does.
+/// What a list and a combo have in common: entries counted from 0, each with a number of its own, and at most
+/// one of them selected. A selection made by the program acts as a click, as one made by the user does.
 class ChoiceControl : public Control {
   public:
     using Control::Control;
@@ -26,8 +26,8 @@ class ChoiceControl : public Control {
     const std::string& List(int index) const;
     std::int32_t ItemData(int index) const;
 
-    /// -1: none. Selecting an entry acts as a click; selecting none does not. ErrorInvalidPropertyValue outside the
-    /// list.
+    /// -1: none. Selecting an entry acts as a click; selecting none does not. ErrorInvalidPropertyValue
+    /// outside the list.
     int ListIndex() const { return listIndex_; }
     void SetListIndex(int index);
 
@@ -36,8 +36,8 @@ class ChoiceControl : public Control {
 
     bool TakesFocus() const override { return true; }
     bool UserClick() override;
-    /// The user picks an entry: the focus comes here first, and the pick is lost if it does not stay. False if a
-    /// user could not (hidden, disabled, no such entry).
+    /// The user picks an entry: the focus comes here first, and the pick is lost if it does not stay. False
+    /// if a user could not (hidden, disabled, no such entry).
     bool UserPick(int index);
 
   private:

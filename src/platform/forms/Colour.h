@@ -4,8 +4,8 @@
 
 namespace forms {
 
-/// A colour as forms keep it: red in the lowest byte, then green, then blue; or, with the highest bit set, the
-/// number of a colour of the system's theme, so that a form follows the user's desktop.
+/// A colour as forms keep it: red in the lowest byte, then green, then blue; or, with the highest bit set,
+/// the number of a colour of the system's theme, so that a form follows the user's desktop.
 using Colour = std::uint32_t;
 
 namespace colour {

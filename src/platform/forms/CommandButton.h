@@ -27,8 +27,8 @@ class CommandButton : public Control {
     bool Cancel() const { return cancel_; }
     void SetCancel(bool on) { cancel_ = on; }
 
-    /// Presses the button without the mouse, as Enter and Escape do: the focus stays where it is. Nothing happens
-    /// while the button is hidden or disabled.
+    /// Presses the button without the mouse, as Enter and Escape do: the focus stays where it is. Nothing
+    /// happens while the button is hidden or disabled.
     void Press();
 
     bool TakesFocus() const override { return true; }

@@ -11,7 +11,9 @@ Control::Control(Form& form, ControlKind kind, std::string name, int index, Cont
     form_.Register(*this);
 }
 
-void Control::Changed(Aspect aspect) { form_.ControlChanged(*this, aspect); }
+void Control::Changed(Aspect aspect) {
+    form_.ControlChanged(*this, aspect);
+}
 
 void Control::Move(double left, double top, double width, double height) {
     if (left == left_ && top == top_ && width == width_ && height == height_) {
@@ -38,9 +40,13 @@ void Control::SetEnabled(bool enabled) {
     }
 }
 
-bool Control::IsShown() const { return visible_ && (container_ == nullptr || container_->IsShown()); }
+bool Control::IsShown() const {
+    return visible_ && (container_ == nullptr || container_->IsShown());
+}
 
-bool Control::IsUsable() const { return enabled_ && (container_ == nullptr || container_->IsUsable()); }
+bool Control::IsUsable() const {
+    return enabled_ && (container_ == nullptr || container_->IsUsable());
+}
 
 void Control::SetToolTipText(const std::string& text) {
     if (text != toolTip_) {
@@ -70,8 +76,12 @@ void Control::SetBackColor(Colour colour) {
     }
 }
 
-void Control::SetFocus() { form_.MoveFocus(*this); }
+void Control::SetFocus() {
+    form_.MoveFocus(*this);
+}
 
-void Control::BringToFront() { Changed(Aspect::ZOrder); }
+void Control::BringToFront() {
+    Changed(Aspect::ZOrder);
+}
 
 } // namespace forms

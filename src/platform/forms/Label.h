@@ -4,8 +4,8 @@
 
 namespace forms {
 
-/// A text that the user reads. Long texts wrap within the label's width. "&" marks the access key of the control
-/// that follows in the tab order, unless UseMnemonic is off.
+/// A text that the user reads. Long texts wrap within the label's width. "&" marks the access key of the
+/// control that follows in the tab order, unless UseMnemonic is off.
 class Label : public Control {
   public:
     Label(Form& form, std::string name, int index = NoIndex, Control* container = nullptr)

@@ -12,9 +12,13 @@ namespace text = platform::text;
 
 namespace {
 
-int CharCount(const std::string& s) { return static_cast<int>(text::Length(s)); }
+int CharCount(const std::string& s) {
+    return static_cast<int>(text::Length(s));
+}
 
-std::size_t Count(int n) { return static_cast<std::size_t>(n); }
+std::size_t Count(int n) {
+    return static_cast<std::size_t>(n);
+}
 
 } // namespace
 
@@ -39,7 +43,9 @@ void TextBox::Select(int start, int length) {
     }
 }
 
-void TextBox::SelectAll() { Select(0, CharCount(text_)); }
+void TextBox::SelectAll() {
+    Select(0, CharCount(text_));
+}
 
 void TextBox::GotFocus() {
     if (OnGotFocus) {

@@ -7,8 +7,8 @@
 
 namespace forms {
 
-/// A box of one line that the user types in. Lengths and positions count characters. MaxLength holds for what is
-/// typed; a text that the program sets may be longer.
+/// A box of one line that the user types in. Lengths and positions count characters. MaxLength holds for what
+/// is typed; a text that the program sets may be longer.
 class TextBox : public Control {
   public:
     TextBox(Form& form, std::string name, int index = NoIndex, Control* container = nullptr)
@@ -16,8 +16,8 @@ class TextBox : public Control {
 
     std::function<void()> OnGotFocus;
     std::function<void()> OnLostFocus;
-    /// A typed character by its code in the machine's code page; a handler that makes it 0 swallows it, any other
-    /// change is what the box receives.
+    /// A typed character by its code in the machine's code page; a handler that makes it 0 swallows it, any
+    /// other change is what the box receives.
     std::function<void(std::int16_t& KeyAscii)> OnKeyPress;
 
     const std::string& Text() const { return text_; }
@@ -49,8 +49,9 @@ class TextBox : public Control {
     bool TypeKey(char32_t character) override;
     bool UserClick() override;
 
-    /// The toolkit's own editing (paste, cut, delete, input method) has left this text and selection. No more than
-    /// MaxLength characters are taken unless the box held more before. True if the text was taken as it is.
+    /// The toolkit's own editing (paste, cut, delete, input method) has left this text and selection. No more
+    /// than MaxLength characters are taken unless the box held more before. True if the text was taken as it
+    /// is.
     bool UserEdit(const std::string& text, int selStart, int selLength);
     /// The user has moved the caret or the selection.
     void UserSelect(int start, int length);
