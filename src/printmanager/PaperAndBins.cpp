@@ -1,0 +1,121 @@
+#include "printmanager/PaperAndBins.h"
+
+#include <cstddef>
+#include <string_view>
+
+#include "platform/Printer.h"
+#include "platform/RuntimeError.h"
+#include "platform/Spooler.h"
+#include "platform/Text.h"
+#include "printmanager/DevModeField.h"
+
+namespace printmanager {
+
+namespace {
+
+/// A list's positions are 16-bit numbers.
+constexpr std::size_t MostEntries = 32767;
+constexpr std::size_t PaperNameBytes = 64;
+constexpr std::size_t BinNameBytes = 24;
+
+[[noreturn]] void OutOfRange() {
+    throw platform::RuntimeError(platform::ErrorSubscriptOutOfRange, "Subscript out of range");
+}
+
+/// The driver's answers for one printer. The driver knows no size of a buffer and may tell more at one call
+/// than at the one before, so each buffer has room for the longest list.
+class Capabilities {
+  public:
+    Capabilities(platform::Spooler& spooler, const platform::PrinterEntry& printer)
+        : spooler_(spooler), name_(platform::text::ToCodePage(printer.DeviceName)),
+          port_(platform::text::ToCodePage(printer.Port)) {}
+
+    /// Number of entries, at least one.
+    std::size_t Count(std::uint16_t capability) const {
+        const std::int32_t count = Ask(capability, nullptr);
+        if (count < 1 || static_cast<std::size_t>(count) > MostEntries) {
+            OutOfRange();
+        }
+        return static_cast<std::size_t>(count);
+    }
+
+    /// `count` values; `returned` is the number that the driver told with them.
+    template <class Value>
+    std::vector<Value> Read(std::uint16_t capability, std::size_t count, std::int32_t& returned) const {
+        std::vector<Value> values(MostEntries);
+        returned = Ask(capability, values.data());
+        values.resize(count);
+        return values;
+    }
+
+    /// `count` names, of which the driver fills the first `told`, `width` bytes each. A name has to end in a
+    /// NUL.
+    std::vector<std::string> ReadNames(std::uint16_t capability, std::size_t width, std::size_t count,
+                                       std::int32_t told) const {
+        if (told < 0 || static_cast<std::size_t>(told) > count) {
+            OutOfRange();
+        }
+        std::string text(MostEntries * width, '\0');
+        Ask(capability, text.data());
+        std::vector<std::string> names(count);
+        for (std::size_t i = 0; i < static_cast<std::size_t>(told); ++i) {
+            const std::string_view name = std::string_view(text).substr(i * width, width);
+            const std::size_t end = name.find('\0');
+            if (end == std::string_view::npos) {
+                OutOfRange();
+            }
+            names[i] = platform::text::FromCodePage(name.substr(0, end));
+        }
+        return names;
+    }
+
+  private:
+    std::int32_t Ask(std::uint16_t capability, void* output) const {
+        return spooler_.DeviceCapabilitiesA(name_, port_, capability, output);
+    }
+
+    platform::Spooler& spooler_;
+    std::string name_;
+    std::string port_;
+};
+
+void ReadLists(platform::Platform& platform, const std::string& printer, PaperAndBins& lists) {
+    const platform::PrinterEntry entry = platform.Printers.Item(FindPrinter(platform.Printers, printer));
+    const Capabilities driver(platform.Spooler, entry);
+    std::int32_t told = 0;
+
+    const std::size_t papers = driver.Count(platform::DC_PAPERNAMES);
+    lists.PaperIds = driver.Read<std::int16_t>(platform::DC_PAPERS, papers, told);
+    lists.PaperNames = driver.ReadNames(platform::DC_PAPERNAMES, PaperNameBytes, papers, told);
+    lists.PaperSizes = driver.Read<PaperDimensions>(platform::DC_PAPERSIZE, papers, told);
+
+    const std::size_t bins = driver.Count(platform::DC_BINS);
+    lists.BinIds = driver.Read<std::int16_t>(platform::DC_BINS, bins, told);
+    lists.BinNames = driver.ReadNames(platform::DC_BINNAMES, BinNameBytes, bins, told);
+
+    lists.CurrentPaper = GetDevModeField(platform.Spooler, printer, platform::DM_PAPERSIZE);
+    lists.CurrentBin = GetDevModeField(platform.Spooler, printer, platform::DM_DEFAULTSOURCE);
+}
+
+} // namespace
+
+std::int16_t GetPaperAndBins(platform::Platform& platform, const std::string& printer, PaperAndBins& lists) {
+    try {
+        ReadLists(platform, printer, lists);
+        return 0;
+    } catch (const platform::RuntimeError&) { // the result tells
+        return -1;
+    }
+}
+
+int FindPrinter(platform::Printers& printers, const std::string& name) {
+    const int count = printers.Count();
+    for (int i = 0; i < count; ++i) {
+        if (printers.Item(i).DeviceName == name) {
+            return i;
+        }
+    }
+    return -1;
+}
+
+} // namespace printmanager

@@ -1,0 +1,35 @@
+#include "printmanager/SpoolerAccess.h"
+
+#include <algorithm>
+
+#include "platform/RuntimeError.h"
+#include "platform/Text.h"
+
+namespace printmanager {
+
+namespace {
+
+constexpr std::uint64_t BytesBehind = 128;
+/// Settings of a driver take 128 KB at most; a larger number is an error of the driver and not worth the
+/// memory.
+constexpr std::uint64_t MostBytes = 16U << 20U;
+constexpr int ErrorOutOfMemory = 7;
+
+} // namespace
+
+platform::PrinterHandle OpenForDefaults(platform::Spooler& spooler, const std::string& printer) {
+    const platform::PRINTER_DEFAULTS defaults{nullptr, nullptr, platform::PrinterAccessUse};
+    platform::PrinterHandle handle = 0;
+    return spooler.OpenPrinterA(platform::text::ToCodePage(printer), handle, defaults) ? handle : 0;
+}
+
+std::vector<std::byte> SpoolerBuffer(std::uint64_t reported) {
+    if (reported > MostBytes) {
+        throw platform::RuntimeError(ErrorOutOfMemory, "Out of memory");
+    }
+    const std::uint64_t size =
+        std::max<std::uint64_t>(reported + BytesBehind, sizeof(platform::PRINTER_INFO_2));
+    return std::vector<std::byte>(static_cast<std::size_t>(size));
+}
+
+} // namespace printmanager

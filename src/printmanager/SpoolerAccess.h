@@ -1,0 +1,40 @@
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <string>
+#include <vector>
+
+#include "platform/Spooler.h"
+
+namespace printmanager {
+
+/// Opens a printer for reading and writing one's own defaults. 0 if there is no connection.
+platform::PrinterHandle OpenForDefaults(platform::Spooler& spooler, const std::string& printer);
+
+/// A printer that is open for as long as this object lives.
+class OpenedPrinter {
+  public:
+    OpenedPrinter(platform::Spooler& spooler, const std::string& printer)
+        : spooler_(spooler), handle_(OpenForDefaults(spooler, printer)) {}
+    ~OpenedPrinter() {
+        if (handle_ != 0) {
+            spooler_.ClosePrinter(handle_);
+        }
+    }
+    OpenedPrinter(const OpenedPrinter&) = delete;
+    OpenedPrinter& operator=(const OpenedPrinter&) = delete;
+
+    explicit operator bool() const { return handle_ != 0; }
+    platform::PrinterHandle Handle() const { return handle_; }
+
+  private:
+    platform::Spooler& spooler_;
+    platform::PrinterHandle handle_;
+};
+
+/// Room for data of a reported size, in bytes. Some drivers write more than they report: 128 bytes stand
+/// behind it. RuntimeError for a size that no driver can mean.
+std::vector<std::byte> SpoolerBuffer(std::uint64_t reported);
+
+} // namespace printmanager

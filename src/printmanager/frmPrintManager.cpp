@@ -1,0 +1,270 @@
+// The job: the commands, the call back to the form that prints, and the closing.
+
+#include "printmanager/frmPrintManager.h"
+
+#include <algorithm>
+
+#include "composition/PrinterMeasures.h"
+#include "platform/Desktop.h"
+#include "platform/Numbers.h"
+#include "platform/Registry.h"
+#include "platform/Resume.h"
+#include "platform/RuntimeError.h"
+#include "printmanager/DrawingLock.h"
+#include "printmanager/frmPrintManagerLayout.h"
+
+namespace printmanager {
+
+namespace {
+
+constexpr int NoIndex = forms::Control::NoIndex;
+constexpr std::int16_t Portrait = 1;
+constexpr std::int16_t Landscape = 2;
+constexpr std::int32_t LeftMarginPortrait = 450;
+constexpr std::int32_t LeftMarginLandscape = 175;
+/// A document whose title holds this word is landscape whatever the user has chosen.
+constexpr const char* LandscapeTitle = "Landscape";
+
+/// Takes a flag down on every way out, so that a failure cannot leave a form that never closes.
+class ClearAtEnd {
+  public:
+    explicit ClearAtEnd(bool& flag) : flag_(flag) {}
+    ~ClearAtEnd() { flag_ = false; }
+    ClearAtEnd(const ClearAtEnd&) = delete;
+    ClearAtEnd& operator=(const ClearAtEnd&) = delete;
+
+  private:
+    bool& flag_;
+};
+
+void ShowProgress(forms::ProgressBar& bar, std::int16_t percent) {
+    bar.SetValue(std::min<int>(percent, bar.Max()));
+}
+
+std::string UnknownErrorText(const platform::RuntimeError& error) {
+    return "Een onbekende fout is opgetreden !\r\n"
+           "Mocht u deze fout kunnen reproduceren neem dan contact op met Ondor BV.\r\n"
+           "\r\n"
+           "Sluit dit onderdeel af en herstart het weer.\r\n"
+           "\r\n"
+           "Error: " +
+           std::to_string(error.Number()) + " - " + error.Description();
+}
+
+} // namespace
+
+frmPrintManager::frmPrintManager(forms::Session& session, platform::Platform& platform,
+                                 wizard::AppState& state)
+    : Form(session, "frmPrintManager"), Header1(*this, "Header1"), lstAfdrukken(*this, "lstAfdrukken"),
+      cmdPrint(*this, "cmdPrint"), cmdPrintVoorbeeld(*this, "cmdPrintVoorbeeld"), cmdSetup(*this, "cmdSetup"),
+      cmdAnnuleren(*this, "cmdAnnuleren"), Label4(*this, "Label4"), UserText(*this, "UserText", {0}),
+      UpDown(*this, "UpDown", UserText(0), 1, 99), pictMyOrientation(*this, "pictMyOrientation"),
+      pictOrientation(*this, "pictOrientation", {0, 1}), Label3(*this, "Label3"),
+      cboPrinterSelect(*this, "cboPrinterSelect", {0}), pictError(*this, "pictError"),
+      chkMatrixPrinter(*this, "chkMatrixPrinter"), Label6(*this, "Label6"), ProgressBar(*this, "ProgressBar"),
+      cmdDetails(*this, "cmdDetails"), Line1(*this, "Line1"), Line2(*this, "Line2"),
+      pictPrinter(*this, "pictPrinter"), lblPaperSize(*this, "lblPaperSize"),
+      lblPaperBin(*this, "lblPaperBin"), tmrSetPaperSize(*this, "tmrSetPaperSize", 100),
+      pictDetails(*this, "pictDetails"), Label2(*this, "Label2", NoIndex, &pictDetails),
+      lblPrinterSelect(*this, "lblPrinterSelect", {1, 2, 3, 4, 5, 6, 7, 8}, &pictDetails),
+      Label8(*this, "Label8", NoIndex, &pictDetails), Label7(*this, "Label7", NoIndex, &pictDetails),
+      Label5(*this, "Label5", NoIndex, &pictDetails), pictFakeForm(*this, "pictFakeForm"),
+      Picture3(*this, "Picture3", NoIndex, &pictFakeForm), Label10(*this, "Label10", NoIndex, &pictFakeForm),
+      ProgressBarSort(*this, "ProgressBarSort", NoIndex, &pictFakeForm),
+      lFormX1(*this, "lFormX1", NoIndex, &pictFakeForm), lFormX2(*this, "lFormX2", NoIndex, &pictFakeForm),
+      lFormX3(*this, "lFormX3", NoIndex, &pictFakeForm), lFormX4(*this, "lFormX4", NoIndex, &pictFakeForm),
+      lFormY1(*this, "lFormY1", NoIndex, &pictFakeForm), lFormY2(*this, "lFormY2", NoIndex, &pictFakeForm),
+      lFormY3(*this, "lFormY3", NoIndex, &pictFakeForm), lFormY4(*this, "lFormY4", NoIndex, &pictFakeForm),
+      platform_(platform), state_(state), registry_(platform.Registry) {
+    for (const int index : {1, 2, 3}) {
+        cboPrinterSelect.Add(*this, "cboPrinterSelect", index, &pictDetails);
+    }
+    LayOut(*this);
+    ConnectHandlers();
+}
+
+void frmPrintManager::ConnectHandlers() {
+    lstAfdrukken.OnClick = [this] { lstAfdrukken_Click(); };
+    cmdPrint.OnClick = [this] { cmdPrint_Click(); };
+    cmdPrintVoorbeeld.OnClick = [this] { cmdPrintVoorbeeld_Click(); };
+    cmdSetup.OnClick = [this] { GetSession().HourglassOff(); };
+    cmdAnnuleren.OnClick = [this] { cmdAnnuleren_Click(); };
+    cmdDetails.OnClick = [this] { cmdDetails_Click(); };
+    UserText(0).OnGotFocus = [this] { UserText_GotFocus(); };
+    tmrSetPaperSize.OnTimer = [this] { tmrSetPaperSize_Timer(); };
+    for (const auto& [index, combo] : cboPrinterSelect) {
+        combo->OnClick = [this, number = index] { cboPrinterSelect_Click(number); };
+    }
+}
+
+void frmPrintManager::UpdatePercentage(std::int16_t iNewPerc) {
+    ShowProgress(ProgressBar, iNewPerc);
+    Desktop().Yield();
+}
+
+void frmPrintManager::UpdatePercentageSort(std::int16_t iNewPerc) {
+    ShowProgress(ProgressBarSort, iNewPerc);
+    Desktop().Yield();
+}
+
+void frmPrintManager::FakeFormVisible(bool blnVisible) {
+    pictFakeForm.SetVisible(blnVisible);
+}
+
+void frmPrintManager::lstAfdrukken_Click() {
+    if (platform_.Printers.Count() > 0) {
+        cmdPrint.SetEnabled(true);
+        cmdPrintVoorbeeld.SetEnabled(true);
+    }
+    cmdSetup.SetEnabled(false);
+    GetSession().HourglassOff();
+}
+
+void frmPrintManager::UserText_GotFocus() {
+    forms::TextBox& copies = UserText(0);
+    if (Desktop().GetKeyState(platform::key::Tab) < 0) {
+        copies.SelectAll();
+    } else {
+        copies.SetSelLength(0);
+    }
+}
+
+bool frmPrintManager::MayStart() const {
+    return !blnBusy && !blnClosing && lstAfdrukken.ListIndex() != -1;
+}
+
+/// What a print and a preview have in common before the call back. `orientation` takes the value that the
+/// user's choice gives, to be put back after the run. False if there is nothing to print.
+bool frmPrintManager::PrepareRun(bool preview, std::int16_t& orientation) {
+    PreparePrinter(cboPrinterSelect(0).Text());
+    blnRestorePending = true;
+    blnUserChanged = false;
+    Desktop().Yield();
+    blnIsPreview = preview;
+    blnBusy = true;
+
+    orientation = static_cast<std::int16_t>(cboPrinterSelect(3).ListIndex() + 1);
+    state_.PrinterOrientation = orientation;
+    if (lstAfdrukken.Text().find(LandscapeTitle) != std::string::npos) {
+        state_.PrinterOrientation = Landscape;
+    }
+    if (state_.PrinterOrientation == Portrait) {
+        state_.LeftMargin = LeftMarginPortrait;
+    } else if (state_.PrinterOrientation == Landscape) {
+        state_.LeftMargin = LeftMarginLandscape;
+    }
+    composition::LeesPrinterMaten(state_, platform_);
+    UpdatePercentage(0);
+
+    iCopies = platform::Int16OfText(UserText(0).Text());
+    if (iCopies == 0) {
+        Desktop().MsgBox("U kunt geen 0 afdrukken maken.", platform::MessageIcon::Exclamation,
+                         state_.MessageTitle);
+        blnBusy = false;
+        return false;
+    }
+    return true;
+}
+
+void frmPrintManager::ForEachCaller(const std::function<void(forms::Form&)>& call) {
+    const std::vector<forms::Form*>& open = GetSession().OpenForms();
+    const std::size_t count = open.size();
+    for (std::size_t i = 0; i < count; ++i) {
+        if (i >= open.size()) {
+            throw platform::RuntimeError(platform::ErrorSubscriptOutOfRange, "Subscript out of range");
+        }
+        if (open[i]->Name() == state_.CallerFormName) {
+            call(*open[i]);
+        }
+    }
+}
+
+void frmPrintManager::CallBack(forms::Form& caller, bool preview) {
+    if (!preview) {
+        platform_.Printer.SetDocumentTitle(lstAfdrukken.Text());
+    }
+    const std::int32_t document = lstAfdrukken.ItemData(lstAfdrukken.ListIndex());
+    caller.Afdrukken(platform::ToInt16(document), iCopies, preview);
+}
+
+void frmPrintManager::cmdPrint_Click() {
+    if (!MayStart()) {
+        return;
+    }
+    GetSession().HourglassOn();
+    std::int16_t orientation = state_.PrinterOrientation;
+    try {
+        if (!PrepareRun(false, orientation)) {
+            return;
+        }
+        ForEachCaller([this](forms::Form& caller) { CallBack(caller, false); });
+        state_.PrinterOrientation = orientation;
+        blnBusy = false;
+        GetSession().HourglassOff();
+        Desktop().Yield();
+        Unload();
+    } catch (const platform::RuntimeError& error) {
+        state_.PrinterOrientation = orientation;
+        blnBusy = false;
+        GetSession().HourglassOff();
+        Desktop().MsgBox(UnknownErrorText(error), platform::MessageIcon::Critical, state_.MessageTitle);
+    }
+}
+
+void frmPrintManager::cmdPrintVoorbeeld_Click() {
+    if (!MayStart()) {
+        return;
+    }
+    GetSession().HourglassOn();
+    std::int16_t orientation = 0;
+    const ClearAtEnd notBusy(blnBusy);
+    if (!PrepareRun(true, orientation)) {
+        return;
+    }
+    ForEachCaller([this](forms::Form& caller) {
+        CallBack(caller, true);
+        if (state_.PrintAfterPreview) {
+            blnIsPreview = false;
+            CallBack(caller, false);
+            // Still busy, so the form refuses: after a preview the user goes on here.
+            Unload();
+        }
+    });
+    state_.PrinterOrientation = orientation;
+    GetSession().HourglassOff();
+}
+
+void frmPrintManager::cmdAnnuleren_Click() {
+    if (!blnClosing && !blnBusy) {
+        Unload();
+    }
+}
+
+bool frmPrintManager::OnQueryUnload() {
+    if (blnBusy) {
+        return false;
+    }
+    platform::Resume([this] { CloseCheck(); });
+    return true;
+}
+
+/// The steps of a closing. A failure ends them, and the form closes all the same.
+void frmPrintManager::CloseCheck() {
+    blnClosing = true;
+    tmrSetPaperSize.SetEnabled(false);
+    const DrawingUnlock unlock(Desktop());
+    if (blnRestorePending) {
+        Desktop().LockWindowUpdate(hWnd());
+        RestorePrinterState();
+    }
+    strCurrentPrinter = RestoreState.Printer.empty() ? cboPrinterSelect(0).Text() : RestoreState.Printer;
+    if (!strCurrentPrinter.empty()) {
+        registry_.SetRegistryValue(platform::HkeyCurrentUser, state_.SettingsKey, "CurrentPrinter",
+                                   strCurrentPrinter);
+    }
+    state_.CallerFormName.clear();
+    state_.PrintManagerOpen = false;
+    blnClosing = false;
+}
+
+} // namespace printmanager

@@ -1,0 +1,292 @@
+#include "printmanager/frmPrintManagerLayout.h"
+
+#include "printmanager/frmPrintManager.h"
+
+namespace printmanager {
+
+namespace {
+
+constexpr double ClientWidth = 6840;
+
+// Columns. The panel stands in the left column, so its own columns count from there.
+constexpr double ListLeft = 120;
+constexpr double ListWidth = 4920;
+constexpr double FieldLeft = 1710;
+constexpr double RuleLeft = 5160;
+constexpr double ButtonLeft = 5280;
+constexpr double ButtonWidth = 1440;
+constexpr double ButtonHeight = 390;
+constexpr double LabelHeight = 240;
+constexpr double BoxHeight = 330;
+constexpr double PanelFieldLeft = FieldLeft - ListLeft;
+constexpr double PanelFieldWidth = ListWidth - PanelFieldLeft;
+constexpr double PanelBoxLeft = 2400;
+constexpr double PanelBoxWidth = ListWidth - PanelBoxLeft;
+
+constexpr double FakeFormWidth = 5500;
+constexpr double FakeFormHeight = 1035;
+
+struct Place {
+    forms::Control& Control;
+    double Left;
+    double Top;
+    double Width;
+    double Height;
+};
+
+struct LabelText {
+    forms::Label& Label;
+    const char* Text;
+};
+
+struct ButtonText {
+    forms::CommandButton& Button;
+    const char* Text;
+};
+
+struct ToolTip {
+    forms::Control& Control;
+    const char* Text;
+};
+
+struct SpokenName {
+    forms::Control& Control;
+    const char* Name;
+};
+
+struct PictureName {
+    forms::PictureBox& Box;
+    const char* Name;
+};
+
+void PlaceControls(frmPrintManager& form) {
+    const Place places[] = {
+        {form.Header1, ListLeft, 120, ListWidth, LabelHeight},
+        {form.lstAfdrukken, ListLeft, 405, ListWidth, 1110},
+        {form.Label4, ListLeft, 1710, 3450, LabelHeight},
+        {form.UserText(0), 3570, 1665, 600, BoxHeight},
+        {form.UpDown, 4170, 1665, 255, BoxHeight},
+        {form.pictMyOrientation, 4560, 1590, 480, 480},
+        {form.pictOrientation(0), 4560, 1590, 480, 480},
+        {form.pictOrientation(1), 4560, 1590, 480, 480},
+        {form.Label3, ListLeft, 2220, 1530, LabelHeight},
+        {form.cboPrinterSelect(0), FieldLeft, 2175, 2910, BoxHeight},
+        {form.pictError, 4710, 2175, BoxHeight, BoxHeight},
+        {form.chkMatrixPrinter, ListLeft, 2610, ListWidth, 285},
+        {form.Label6, ListLeft, 3060, 1530, LabelHeight},
+        {form.ProgressBar, FieldLeft, 3045, 3330, 270},
+        {form.cmdDetails, 3600, 3570, ButtonWidth, ButtonHeight},
+        {form.lblPaperSize, ListLeft, 3570, 1440, LabelHeight},
+        {form.lblPaperBin, 1680, 3570, 1440, LabelHeight},
+
+        {form.Line1, RuleLeft, 120, 0, 3915},
+        {form.Line2, RuleLeft + 15, 120, 0, 3915},
+        {form.cmdPrint, ButtonLeft, 120, ButtonWidth, ButtonHeight},
+        {form.cmdPrintVoorbeeld, ButtonLeft, 630, ButtonWidth, ButtonHeight},
+        {form.cmdSetup, ButtonLeft, 1140, ButtonWidth, ButtonHeight},
+        {form.cmdAnnuleren, ButtonLeft, 1650, ButtonWidth, ButtonHeight},
+        {form.pictPrinter, 5580, DetailsClosed.PrinterTop, 840, 840},
+
+        {form.pictDetails, ListLeft, 4155, ListWidth, 3180},
+        {form.Label2, 0, 0, ListWidth, LabelHeight},
+        {form.lblPrinterSelect(2), 0, 330, 1530, LabelHeight},
+        {form.lblPrinterSelect(6), PanelFieldLeft, 330, PanelFieldWidth, LabelHeight},
+        {form.lblPrinterSelect(1), 0, 615, 1530, LabelHeight},
+        {form.lblPrinterSelect(5), PanelFieldLeft, 615, PanelFieldWidth, LabelHeight},
+        {form.lblPrinterSelect(3), 0, 900, 1530, LabelHeight},
+        {form.lblPrinterSelect(7), PanelFieldLeft, 900, PanelFieldWidth, LabelHeight},
+        {form.lblPrinterSelect(4), 0, 1185, 1530, LabelHeight},
+        {form.lblPrinterSelect(8), PanelFieldLeft, 1185, PanelFieldWidth, 2 * LabelHeight},
+        {form.Label8, 0, 1905, 2340, LabelHeight},
+        {form.cboPrinterSelect(3), PanelBoxLeft, 1860, PanelBoxWidth, BoxHeight},
+        {form.Label7, 0, 2325, 2340, LabelHeight},
+        {form.cboPrinterSelect(1), PanelBoxLeft, 2280, PanelBoxWidth, BoxHeight},
+        {form.Label5, 0, 2745, 2340, LabelHeight},
+        {form.cboPrinterSelect(2), PanelBoxLeft, 2700, PanelBoxWidth, BoxHeight},
+
+        {form.Picture3, 180, 285, 480, 480},
+        {form.Label10, 780, 225, 4540, LabelHeight},
+        {form.ProgressBarSort, 780, 555, 4540, 270},
+    };
+    for (const Place& place : places) {
+        place.Control.Move(place.Left, place.Top, place.Width, place.Height);
+    }
+}
+
+void SetTexts(frmPrintManager& form) {
+    const LabelText labels[] = {
+        {form.Header1, "Afdrukken:"},
+        {form.Label4, "Aantal copieën afdrukken: "},
+        {form.Label3, "Printer:"},
+        {form.Label6, "Progressie:"},
+        {form.Label2, "Printerdetails:"},
+        {form.lblPrinterSelect(2), "Printer:"},
+        {form.lblPrinterSelect(1), "Status:"},
+        {form.lblPrinterSelect(3), "Locatie:"},
+        {form.lblPrinterSelect(4), "Commentaar:"},
+        {form.Label8, "Papier oriëntatie"},
+        {form.Label7, "Papierformaat:"},
+        {form.Label5, "Papierlade:"},
+        {form.Label10, "De gegevens worden gesorteerd..."},
+    };
+    for (const LabelText& row : labels) {
+        row.Label.SetCaption(row.Text);
+    }
+    const ButtonText buttons[] = {
+        {form.cmdPrint, "Af&drukken"},    {form.cmdPrintVoorbeeld, "&Voorbeeld"},
+        {form.cmdSetup, "&Instellen..."}, {form.cmdAnnuleren, "&Sluiten"},
+        {form.cmdDetails, "Details >>"},
+    };
+    for (const ButtonText& row : buttons) {
+        row.Button.SetCaption(row.Text);
+    }
+    form.chkMatrixPrinter.SetCaption("Deze printer is een matrix printer.");
+    form.UserText(0).SetText("1");
+
+    const ToolTip toolTips[] = {
+        {form.cmdSetup, "Opmaak instellingen..."},
+        {form.cboPrinterSelect(0), "Geselecteerde printer"},
+        {form.cmdDetails, "Printer details..."},
+        {form.pictMyOrientation, "Papier oriëntatie"},
+        {form.pictError, "Geen verbinding met deze printer..."},
+        {form.cboPrinterSelect(1), "Formaat van het papier..."},
+        {form.cboPrinterSelect(2), "De te gebruiken printerlade..."},
+        {form.cboPrinterSelect(3), "Orientatie van het papier..."},
+    };
+    for (const ToolTip& row : toolTips) {
+        row.Control.SetToolTipText(row.Text);
+    }
+    const SpokenName names[] = {
+        {form.lstAfdrukken, "Afdrukken"},
+        {form.UserText(0), "Aantal copieën afdrukken"},
+        {form.cboPrinterSelect(0), "Printer"},
+        {form.ProgressBar, "Progressie"},
+        {form.cboPrinterSelect(1), "Papierformaat"},
+        {form.cboPrinterSelect(2), "Papierlade"},
+        {form.cboPrinterSelect(3), "Papier oriëntatie"},
+        {form.ProgressBarSort, "De gegevens worden gesorteerd"},
+    };
+    for (const SpokenName& row : names) {
+        row.Control.SetAccessibleName(row.Name);
+    }
+    // What a printer or its driver calls itself may hold a "&".
+    for (const auto& [index, label] : form.lblPrinterSelect) {
+        label->SetUseMnemonic(false);
+    }
+}
+
+void SetLooks(frmPrintManager& form) {
+    const PictureName pictures[] = {
+        {form.pictPrinter, "printer"},
+        {form.Picture3, "printer"},
+        {form.pictOrientation(0), "sheet-portrait"},
+        {form.pictOrientation(1), "sheet-landscape"},
+        {form.pictError, "no-connection"},
+    };
+    for (const PictureName& row : pictures) {
+        row.Box.SetPicture(row.Name);
+    }
+    for (forms::Label* heading : {&form.Header1, &form.Label2}) {
+        heading->SetFont({.Name = {}, .Size = 0, .Bold = true});
+    }
+    forms::Control* const white[] = {&form.lstAfdrukken, &form.UserText(0), &form.cboPrinterSelect(0),
+                                     &form.cboPrinterSelect(1), &form.cboPrinterSelect(2)};
+    for (forms::Control* box : white) {
+        box->SetBackColor(forms::colour::WindowBackground);
+    }
+    form.cboPrinterSelect(3).SetBackColor(forms::colour::ButtonFace);
+    form.Line1.SetForeColor(forms::colour::ButtonShadow);
+    form.Line2.SetForeColor(forms::colour::WindowBackground);
+
+    // Light falls on the panel's border from the top left.
+    form.pictFakeForm.SetBackColor(forms::colour::ButtonFace);
+    for (forms::LineControl* line : {&form.lFormX1, &form.lFormY1}) {
+        line->SetForeColor(forms::colour::ButtonFace);
+    }
+    for (forms::LineControl* line : {&form.lFormX2, &form.lFormY2}) {
+        line->SetForeColor(forms::colour::WindowBackground);
+    }
+    for (forms::LineControl* line : {&form.lFormX3, &form.lFormY3}) {
+        line->SetForeColor(forms::colour::ButtonShadow);
+    }
+    for (forms::LineControl* line : {&form.lFormX4, &form.lFormY4}) {
+        line->SetForeColor(forms::colour::DarkShadow);
+    }
+}
+
+void SetStates(frmPrintManager& form) {
+    forms::Control* const disabled[] = {&form.cmdPrint, &form.cmdPrintVoorbeeld, &form.cmdSetup,
+                                        &form.cboPrinterSelect(3), &form.pictDetails};
+    for (forms::Control* control : disabled) {
+        control->SetEnabled(false);
+    }
+    forms::Control* const hidden[] = {&form.pictOrientation(0), &form.pictOrientation(1), &form.lblPaperSize,
+                                      &form.lblPaperBin,        &form.pictDetails,        &form.pictFakeForm};
+    for (forms::Control* control : hidden) {
+        control->SetVisible(false);
+    }
+    form.cmdPrint.SetDefault(true);
+    form.cmdAnnuleren.SetCancel(true);
+
+    forms::Control* const tabOrder[] = {
+        &form.lstAfdrukken,
+        &form.UserText(0),
+        &form.cboPrinterSelect(0),
+        &form.chkMatrixPrinter,
+        &form.cmdDetails,
+        &form.cboPrinterSelect(3),
+        &form.cboPrinterSelect(1),
+        &form.cboPrinterSelect(2),
+        &form.cmdPrint,
+        &form.cmdPrintVoorbeeld,
+        &form.cmdSetup,
+        &form.cmdAnnuleren,
+    };
+    int place = 0;
+    for (forms::Control* control : tabOrder) {
+        control->SetTabIndex(place++);
+    }
+}
+
+} // namespace
+
+void LayOut(frmPrintManager& form) {
+    form.SetCaption("Afdrukbeheer");
+    form.Resize(ClientWidth, DetailsClosed.FormHeight);
+    PlaceControls(form);
+    SetTexts(form);
+    SetLooks(form);
+    SetStates(form);
+}
+
+void LayOutFakeForm(frmPrintManager& form) {
+    form.pictFakeForm.SetVisible(false);
+    form.pictFakeForm.Move(form.Width() / 2 - FakeFormWidth / 2, form.Height() / 3 - FakeFormHeight / 2,
+                           FakeFormWidth, FakeFormHeight);
+    form.pictFakeForm.BringToFront();
+
+    struct BorderLine {
+        forms::LineControl& Line;
+        double X1;
+        double X2;
+        double Y1;
+        double Y2;
+    };
+    constexpr double W = FakeFormWidth;
+    constexpr double H = FakeFormHeight;
+    const BorderLine border[] = {
+        {form.lFormX1, 0, 0, 0, H - 15},
+        {form.lFormX2, 15, 15, 30, H - 30},
+        {form.lFormX3, W - 30, W - 30, 15, H - 15},
+        {form.lFormX4, W - 15, W - 15, 0, H},
+        {form.lFormY1, 15, W - 15, 0, 0},
+        {form.lFormY2, 15, W - 30, 15, 15},
+        {form.lFormY3, 15, W - 15, H - 30, H - 30},
+        {form.lFormY4, 0, W, H - 15, H - 15},
+    };
+    for (const BorderLine& row : border) {
+        row.Line.SetEnds(row.X1, row.Y1, row.X2, row.Y2);
+    }
+}
+
+} // namespace printmanager

@@ -1,0 +1,50 @@
+#include "printmanager/frmPrintManagerSetup.h"
+
+#include <string>
+
+#include "platform/Desktop.h"
+#include "platform/Numbers.h"
+#include "platform/modRegistry.h"
+
+namespace printmanager {
+
+namespace {
+constexpr int NoIndex = forms::Control::NoIndex;
+} // namespace
+
+frmPrintManagerSetup::frmPrintManagerSetup(forms::Session& session, platform::Platform& platform,
+                                           wizard::AppState& state)
+    : Form(session, "frmPrintManagerSetup"), Picture1(*this, "Picture1"),
+      Label1(*this, "Label1", NoIndex, &Picture1), Label2(*this, "Label2"), Label3(*this, "Label3"),
+      Label4(*this, "Label4"), UserText(*this, "UserText", {1, 0}),
+      UpDown(*this, "UpDown", UserText(0), 10, 999999), cmdOK(*this, "cmdOK"), cmdClose(*this, "cmdClose"),
+      platform_(platform), state_(state) {
+    LayOut();
+    cmdOK.OnClick = [this] { cmdOK_Click(); };
+    cmdClose.OnClick = [this] { Unload(); };
+}
+
+void frmPrintManagerSetup::OnLoad() {
+    for (const int index : {0, 1}) {
+        UserText(index).SetText(std::to_string(state_.PrinterInit));
+    }
+}
+
+void frmPrintManagerSetup::cmdOK_Click() {
+    const auto tell = [this](const char* text) {
+        Desktop().MsgBox(text, platform::MessageIcon::Information, state_.MessageTitle);
+    };
+    const double value = platform::NumericValue(UserText(0).Text());
+    if (value <= 0) {
+        tell("Er is nog geen initialisatiewaarde ingegeven.");
+        return;
+    }
+    const std::string text = platform::NumberText(value);
+    platform::modRegistry(platform_.Registry)
+        .SetRegistryValue(platform::HkeyCurrentUser, state_.SettingsKey, "PrinterInit", text);
+    state_.PrinterInit = platform::Int32OfText(text);
+    tell("De initialisatiewaarde is ingesteld.");
+    Unload();
+}
+
+} // namespace printmanager

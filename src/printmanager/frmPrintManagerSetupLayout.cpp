@@ -1,0 +1,83 @@
+// What the form for the initialisation time looks like; twips.
+
+#include "printmanager/frmPrintManagerSetup.h"
+
+namespace printmanager {
+
+namespace {
+
+constexpr double ClientWidth = 6240;
+constexpr double ClientHeight = 2670;
+constexpr double Margin = 180;
+constexpr double HeadingHeight = 480;
+constexpr double FieldLeft = 3600;
+constexpr double LabelHeight = 240;
+constexpr double BoxHeight = 330;
+constexpr double ButtonTop = 2130;
+constexpr double ButtonHeight = 390;
+
+} // namespace
+
+void frmPrintManagerSetup::LayOut() {
+    SetCaption("Printer initialisatie");
+    Resize(ClientWidth, ClientHeight);
+
+    struct Place {
+        forms::Control& Control;
+        double Left;
+        double Top;
+        double Width;
+        double Height;
+    };
+    const Place places[] = {
+        {Picture1, 0, 0, ClientWidth, HeadingHeight},
+        {Label1, Margin, 120, ClientWidth - 2 * Margin, LabelHeight},
+        {Label2, Margin, 585, ClientWidth - 2 * Margin, 3 * LabelHeight},
+        {Label3, Margin, 1395, 3300, LabelHeight},
+        {UserText(1), FieldLeft, 1350, 1080, BoxHeight},
+        {Label4, Margin, 1770, 3300, LabelHeight},
+        {UserText(0), FieldLeft, 1725, 1080, BoxHeight},
+        {UpDown, FieldLeft + 1080, 1725, 255, BoxHeight},
+        {cmdOK, 3240, ButtonTop, 1350, ButtonHeight},
+        {cmdClose, 4710, ButtonTop, 1350, ButtonHeight},
+    };
+    for (const Place& place : places) {
+        place.Control.Move(place.Left, place.Top, place.Width, place.Height);
+    }
+
+    struct LabelText {
+        forms::Label& Label;
+        const char* Text;
+    };
+    const LabelText labels[] = {
+        {Label1, "Printer initialisatie"},
+        {Label2,
+         "Wanneer uw printer eventuele lade wijzigingen c.q. papierformaat wijzigingen niet correct verwerkt "
+         "dan kunt u hier de initialisatietijd wijzigen."},
+        {Label3, "Huidige initialisatietijd:"},
+        {Label4, "Nieuwe initialisatietijd:"},
+    };
+    for (const LabelText& row : labels) {
+        row.Label.SetCaption(row.Text);
+    }
+    cmdOK.SetCaption("OK");
+    cmdClose.SetCaption("&Annuleren");
+    cmdOK.SetDefault(true);
+    cmdClose.SetCancel(true);
+
+    Picture1.SetBackColor(forms::colour::WindowBackground);
+    Label1.SetFont({.Name = {}, .Size = 0, .Bold = true});
+    UserText(0).SetBackColor(forms::colour::WindowBackground);
+    UserText(0).SetAccessibleName("Nieuwe initialisatietijd");
+    UserText(1).SetBackColor(forms::colour::ButtonFace);
+    UserText(1).SetAccessibleName("Huidige initialisatietijd");
+    UserText(1).SetLocked(true);
+
+    forms::Control* const tabOrder[] = {&UserText(0), &cmdOK, &cmdClose, &UserText(1)};
+    int place = 0;
+    for (forms::Control* control : tabOrder) {
+        control->SetTabIndex(place++);
+    }
+}
+
+} // namespace printmanager
