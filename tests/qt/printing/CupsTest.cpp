@@ -1,0 +1,220 @@
+#include "platform/RuntimeError.h"
+#include "platform/qt/CupsJob.h"
+#include "platform/qt/CupsQueue.h"
+#include "platform/qt/CupsSpooler.h"
+#include "platform/qt/QtPrinter.h"
+#include "platform/qt/QtPrinters.h"
+#include "qt/printing/PdfReader.h"
+#include "qt/printing/PrintServer.h"
+
+#include <QDateTime>
+#include <QDir>
+#include <QFile>
+
+#include <gtest/gtest.h>
+
+#include <cstring>
+
+namespace platform::qt {
+namespace {
+
+const FontSpec Tahoma9 = {"Tahoma", 9, false};
+
+class CupsTest : public testing::Test {
+  protected:
+    void SetUp() override {
+        if (!Server.IsUp()) {
+            GTEST_SKIP() << "no print server can be started here";
+        }
+    }
+
+    const Paper* PaperNamed(const std::string& name) {
+        for (const Paper& paper : Printers.Queue(0).Papers()) {
+            if (paper.Name == name) {
+                return &paper;
+            }
+        }
+        return nullptr;
+    }
+
+    const Bin* BinNamed(const std::string& name) {
+        for (const Bin& bin : Printers.Queue(0).Bins()) {
+            if (bin.Name == name) {
+                return &bin;
+            }
+        }
+        return nullptr;
+    }
+
+    PrintServer Server;
+    std::vector<std::string> Told;
+    QtPrinters Printers;
+    QtPrinter Printer{Printers, [this](const std::string& text) { Told.push_back(text); }};
+    CupsSpooler Spooler{Printers};
+};
+
+TEST_F(CupsTest, ListsTheQueuesBeforeThePdfPrinterAndTakesTheDefault) {
+    ASSERT_EQ(Printers.Count(), 2);
+    EXPECT_EQ(Printers.Item(0).DeviceName, "Kantoor");
+    EXPECT_EQ(Printers.Item(0).Port, "save:/dev/null");
+    EXPECT_EQ(Printers.Item(1).DeviceName, "PDF-bestand");
+    EXPECT_EQ(Printer.DeviceName(), "Kantoor");
+}
+
+TEST_F(CupsTest, ReadsPapersBinsAndMarginsAsThePpdWordsThem) {
+    const std::vector<Paper>& papers = Printers.Queue(0).Papers();
+    ASSERT_EQ(papers.size(), 4U);
+    EXPECT_EQ(papers[0].Name, "A4 blanco");
+    EXPECT_EQ(papers[0].Id, 9);
+    EXPECT_EQ(papers[1].Name, "A4 zonder rand");
+    EXPECT_EQ(papers[1].Id, 257);
+    EXPECT_EQ(papers[2].Id, 5);
+    EXPECT_EQ(papers[3].Name, "Acceptgiro 3 op 1");
+    EXPECT_EQ(papers[3].Id, 259);
+    EXPECT_NEAR(papers[3].Height, 864 * 20, 1);
+    const std::vector<Bin>& bins = Printers.Queue(0).Bins();
+    ASSERT_EQ(bins.size(), 3U);
+    EXPECT_EQ(bins[0].Name, "Lade boven");
+    EXPECT_EQ(bins[0].Id, 1);
+    EXPECT_EQ(bins[1].Name, "Lade 3 met formulieren");
+    EXPECT_EQ(bins[1].Id, 257);
+    EXPECT_EQ(bins[1].PwgSource, "tray-3");
+    EXPECT_EQ(bins[2].Id, 4);
+
+    EXPECT_EQ(Printer.PaperSize(), 9);
+    EXPECT_EQ(Printer.PaperBin(), 1);
+    EXPECT_EQ(Printer.GetDeviceCaps(CapsPhysicalOffsetX), 150);      // 18 points
+    EXPECT_NEAR(Printer.GetDeviceCaps(CapsPhysicalOffsetY), 150, 1); // 842 - 824
+    EXPECT_NEAR(Printer.ScaleWidth(), (577 - 18) * 20, 10);
+    EXPECT_NEAR(Printer.ScaleHeight(), (824 - 36) * 20, 10);
+    Printer.SetOrientation(2);
+    EXPECT_EQ(Printer.GetDeviceCaps(CapsPhysicalOffsetX), 300); // the foot of the sheet
+}
+
+TEST_F(CupsTest, SendsTheDocumentWithPaperAndTray) {
+    Printer.SetDocumentTitle("Namenlijst");
+    Printer.SetPaperSize(PaperNamed("Acceptgiro 3 op 1")->Id);
+    Printer.SetPaperBin(BinNamed("Lade 3 met formulieren")->Id);
+    Printer.Page().DrawText(0, 0, "Regel", Tahoma9);
+    Printer.Page().EndDocument();
+    EXPECT_TRUE(Told.empty());
+
+    const QMap<QString, QString> options = Server.LastOptions();
+    EXPECT_EQ(options["PageSize"].toStdString(), "Acceptgiro");
+    EXPECT_EQ(options["InputSlot"].toStdString(), "Tray3");
+    EXPECT_EQ(options["media-source"].toStdString(), "tray-3");
+    EXPECT_EQ(options["print-scaling"].toStdString(), "none");
+    EXPECT_FALSE(options.contains("orientation-requested"));
+
+    const QString copy = Server.Folder() + "/copy.pdf";
+    QFile file(copy);
+    ASSERT_TRUE(file.open(QIODevice::WriteOnly));
+    file.write(Server.LastDocument());
+    file.close();
+    EXPECT_EQ(pdf::Info(copy, "Title"), "Namenlijst");
+    const std::vector<pdf::Word> words = pdf::Words(copy);
+    ASSERT_EQ(words.size(), 1U);
+    EXPECT_NEAR(words[0].Left, 18 / 72.0 * 25.4, 0.01); // where the printable area begins
+    EXPECT_TRUE(QDir(SpoolFolder()).isEmpty());
+}
+
+TEST_F(CupsTest, StoresTheUsersDefaultsAndKeepsThoseOfOthers) {
+    ASSERT_TRUE(Server.Run(
+        "lpadmin", {"-p", "Archief", "-E", "-v", "save:/dev/null", "-P", Server.Folder() + "/kantoor.ppd"}));
+    ASSERT_TRUE(Server.Run("lpoptions", {"-p", "Archief", "-o", "InputSlot=Manual"}));
+    ASSERT_TRUE(Server.Run("lpoptions", {"-p", "Kantoor", "-o", "x-afdeling=4"}));
+    PrinterHandle handle = 0;
+    ASSERT_TRUE(Spooler.OpenPrinterA("Kantoor", handle, {nullptr, nullptr, PrinterAccessUse}));
+    DEVMODE mode{};
+    ASSERT_EQ(Spooler.DocumentPropertiesA(handle, "Kantoor", &mode, nullptr, DM_OUT_BUFFER), 1);
+    EXPECT_EQ(mode.dmPaperSize, 9);
+    mode.dmPaperSize = 5;
+    mode.dmDefaultSource = 257;
+    PRINTER_INFO_2 info{};
+    info.pDevMode = &mode;
+    ASSERT_TRUE(Spooler.SetPrinterA(handle, 2, &info, 0));
+
+    DEVMODE stored{};
+    ASSERT_EQ(Spooler.DocumentPropertiesA(handle, "Kantoor", &stored, nullptr, DM_OUT_BUFFER), 1);
+    EXPECT_EQ(stored.dmPaperSize, 5);
+    EXPECT_EQ(stored.dmDefaultSource, 257);
+    QtPrinters another;
+    EXPECT_EQ(another.Find("Kantoor")->ReadSettings().PaperId, 5);
+    EXPECT_EQ(another.Find("Archief")->ReadSettings().BinId, 4);
+    EXPECT_EQ(another.Find("Archief")->ReadSettings().PaperId, 9);
+
+    Printer.Assign(1); // behind Archief
+    EXPECT_EQ(Printer.PaperSize(), 5);
+    EXPECT_EQ(Printer.PaperBin(), 257);
+    Printer.Page().DrawText(0, 0, "x", Tahoma9);
+    Printer.Page().EndDocument();
+    const QMap<QString, QString> options = Server.LastOptions();
+    EXPECT_EQ(options["PageSize"].toStdString(), "Legal");
+    EXPECT_EQ(options["InputSlot"].toStdString(), "Tray3");
+    EXPECT_EQ(options["x-afdeling"].toStdString(), "4");
+}
+
+TEST_F(CupsTest, TellsAPausedQueue) {
+    EXPECT_EQ(Printers.Queue(0).Status(), 0U);
+    ASSERT_TRUE(Server.Run("cupsdisable", {"Kantoor"}));
+    EXPECT_EQ(Printers.Queue(0).Status() & 1U, 1U);
+    ASSERT_TRUE(Server.Run("cupsreject", {"Kantoor"}));
+    EXPECT_EQ(Printers.Queue(0).Status() & 4096U, 4096U);
+    EXPECT_EQ(Printers.Queue(0).Comment(), "Printer op kantoor");
+}
+
+TEST_F(CupsTest, TellsThatAQueueTakesNoDocuments) {
+    ASSERT_TRUE(Server.Run("cupsreject", {"Kantoor"}));
+    Printer.Page().DrawText(0, 0, "x", Tahoma9);
+    EXPECT_THROW(Printer.Page().EndDocument(), RuntimeError);
+    ASSERT_EQ(Told.size(), 1U);
+    EXPECT_NE(Told[0].find("Kantoor"), std::string::npos);
+    EXPECT_TRUE(QDir(SpoolFolder()).isEmpty());
+}
+
+TEST_F(CupsTest, GoesOnWithThePdfPrinterWhereTheServerIsDown) {
+    Server.Stop();
+    ASSERT_EQ(Printers.Count(), 1);
+    EXPECT_EQ(Printer.DeviceName(), "PDF-bestand");
+}
+
+TEST_F(CupsTest, SurvivesTheServersEnd) {
+    ASSERT_EQ(Printers.Count(), 2);
+    EXPECT_EQ(Printer.PaperSize(), 9);
+    Server.Stop();
+    PrinterHandle handle = 0;
+    EXPECT_FALSE(Spooler.OpenPrinterA("Kantoor", handle, {nullptr, nullptr, PrinterAccessUse}));
+    EXPECT_FALSE(Printers.Queue(0).Reachable());
+    EXPECT_FALSE(Printers.Queue(0).WriteSettings({Landscape, 5, 1, 1}));
+    Printer.Assign(0);
+    EXPECT_EQ(Printer.PaperSize(), 9);
+    Printer.Page().DrawText(0, 0, "x", Tahoma9);
+    EXPECT_THROW(Printer.Page().EndDocument(), RuntimeError);
+    EXPECT_EQ(Told.size(), 1U);
+    EXPECT_TRUE(QDir(SpoolFolder()).isEmpty());
+}
+
+TEST_F(CupsTest, KeepsAWaitingDocumentToTheUserAndRemovesStaleOnes) {
+    QDir().mkpath(SpoolFolder());
+    const auto leave = [](const QString& name, int days) {
+        QFile file(SpoolFolder() + "/" + name);
+        EXPECT_TRUE(file.open(QIODevice::WriteOnly));
+        EXPECT_TRUE(
+            file.setFileTime(QDateTime::currentDateTime().addDays(-days), QFileDevice::FileModificationTime));
+    };
+    leave("oud.pdf", 2);
+    leave("nieuw.pdf", 0);
+    Printer.Page().DrawText(0, 0, "x", Tahoma9);
+    EXPECT_FALSE(QFile::exists(SpoolFolder() + "/oud.pdf"));
+    EXPECT_TRUE(QFile::exists(SpoolFolder() + "/nieuw.pdf"));
+    const auto others = QFile::ReadGroup | QFile::ReadOther | QFile::WriteGroup | QFile::WriteOther;
+    EXPECT_FALSE(QFileInfo(SpoolFolder()).permissions() & (others | QFile::ExeGroup | QFile::ExeOther));
+    for (const QFileInfo& file : QDir(SpoolFolder()).entryInfoList(QDir::Files)) {
+        EXPECT_TRUE(file.fileName() == "nieuw.pdf" || !(file.permissions() & others));
+    }
+    Printer.Page().EndDocument();
+    EXPECT_EQ(QDir(SpoolFolder()).entryList(QDir::Files), QStringList{"nieuw.pdf"});
+}
+
+} // namespace
+} // namespace platform::qt

@@ -1,0 +1,51 @@
+#pragma once
+
+#include <QImage>
+#include <QString>
+#include <QStringList>
+
+#include <string>
+#include <vector>
+
+/// Reads a PDF with poppler's tools, so what a test sees is what another program makes of the file.
+namespace pdf {
+
+/// A word with its box; millimetres from the top left of the sheet.
+struct Word {
+    int Page = 0; ///< from 1 on
+    std::string Text;
+    double Left = 0;
+    double Top = 0;
+    double Right = 0;
+    double Bottom = 0;
+};
+
+std::vector<Word> Words(const QString& file);
+
+struct Font {
+    std::string Name;
+    bool Embedded = false;
+};
+std::vector<Font> Fonts(const QString& file);
+
+/// The text of the whole file, as one copies it out of a viewer.
+std::string Text(const QString& file);
+
+/// A line of pdfinfo, such as "Title" or "Page size"; empty if it is missing.
+std::string Info(const QString& file, const std::string& name);
+
+/// A box; millimetres from the top left of the sheet.
+struct Box {
+    double Left = 0;
+    double Top = 0;
+    double Right = 0;
+    double Bottom = 0;
+};
+
+/// A square of a page's top left corner as a picture; `side` is in millimetres.
+QImage Corner(const QString& file, int page, int dotsPerInch, double side);
+
+/// The box around all that is not white.
+Box Ink(const QImage& picture, int dotsPerInch);
+
+} // namespace pdf
