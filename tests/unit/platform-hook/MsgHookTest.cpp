@@ -1,0 +1,270 @@
+#include "HookFixture.h"
+
+namespace {
+
+using testing::ElementsAre;
+using testing::IsEmpty;
+
+constexpr std::int32_t bounds = platform::WM_GETMINMAXINFO;
+constexpr std::int32_t sameBucket = bounds + 257;
+constexpr std::int32_t wheel = platform::WM_MOUSEWHEEL;
+
+class MsgHookTest : public HookTest {
+  protected:
+    MsgHookTest() {
+        watcher.Before = [this](auto& uMsg, auto&, auto&, auto&) { before.push_back(uMsg); };
+        watcher.After = [this](auto& uMsg, auto&, auto&) { after.push_back(uMsg); };
+    }
+
+    std::unique_ptr<Window> window = NewWindow();
+    platform::MsgHook watcher{table};
+    std::vector<std::int32_t> before;
+    std::vector<std::int32_t> after;
+};
+
+TEST_F(MsgHookTest, ReportsAWatchedMessageBeforeAndAfterTheWindow) {
+    std::vector<std::string> order;
+    watcher.Before = [&](auto&, auto&, auto&, auto& retVal) {
+        EXPECT_EQ(retVal, 0);
+        EXPECT_THAT(Handled(), IsEmpty());
+        order.push_back("before");
+    };
+    watcher.After = [&](auto&, auto&, auto&) {
+        EXPECT_THAT(Handled(), ElementsAre(Message{wheel, 7, 8}));
+        order.push_back("after");
+    };
+    watcher.Hook(window->Handle(), {wheel});
+    EXPECT_EQ(table.Send(window->Handle(), wheel, 7, 8), 100 + wheel);
+    EXPECT_THAT(order, ElementsAre("before", "after"));
+}
+
+TEST_F(MsgHookTest, PassesOtherMessagesOnUnreported) {
+    watcher.Hook(window->Handle(), {wheel});
+    EXPECT_EQ(table.Send(window->Handle(), 15, 1, 2), 115);
+    EXPECT_THAT(before, IsEmpty());
+    EXPECT_THAT(after, IsEmpty());
+    EXPECT_THAT(Handled(), ElementsAre(Message{15, 1, 2}));
+}
+
+TEST_F(MsgHookTest, AMessageOfTheSameBucketIsAnotherMessage) {
+    watcher.Hook(window->Handle(), {bounds});
+    EXPECT_EQ(table.Send(window->Handle(), sameBucket, 0, 0), 100 + sameBucket);
+    EXPECT_THAT(before, IsEmpty());
+    table.Send(window->Handle(), bounds, 0, 0);
+    EXPECT_THAT(before, ElementsAre(bounds));
+}
+
+TEST_F(MsgHookTest, BothMessagesOfABucketCanBeWatched) {
+    watcher.Hook(window->Handle(), {bounds, sameBucket});
+    table.Send(window->Handle(), bounds, 0, 0);
+    table.Send(window->Handle(), sameBucket, 0, 0);
+    table.Send(window->Handle(), sameBucket + 257, 0, 0);
+    EXPECT_THAT(before, ElementsAre(bounds, sameBucket));
+}
+
+TEST_F(MsgHookTest, NoMessagesStandForAllOfThem) {
+    watcher.Hook(window->Handle());
+    for (const std::int32_t message : {1, 36, 257, 522, 0x7fff, -1}) {
+        table.Send(window->Handle(), message, 0, 0);
+    }
+    EXPECT_THAT(before, ElementsAre(1, 36, 257, 522, 0x7fff, -1));
+    EXPECT_EQ(after, before);
+}
+
+TEST_F(MsgHookTest, MessageZeroIsReportedAndGoesNoFurther) {
+    watcher.Hook(window->Handle());
+    EXPECT_EQ(table.Send(window->Handle(), 0, 0, 0), 0);
+    EXPECT_THAT(before, ElementsAre(0));
+    EXPECT_THAT(after, IsEmpty());
+    EXPECT_THAT(Handled(), IsEmpty());
+}
+
+TEST_F(MsgHookTest, ANegativeMessageNumberCanBeWatched) {
+    watcher.Hook(window->Handle(), {-5});
+    table.Send(window->Handle(), -5, 0, 0);
+    table.Send(window->Handle(), 5, 0, 0);
+    EXPECT_THAT(before, ElementsAre(-5));
+}
+
+TEST_F(MsgHookTest, AHandlerThatClearsTheMessageKeepsItFromTheWindow) {
+    watcher.Before = [](auto& uMsg, auto&, auto&, auto& retVal) {
+        uMsg = 0;
+        retVal = 4711;
+    };
+    watcher.Hook(window->Handle(), {wheel});
+    EXPECT_EQ(table.Send(window->Handle(), wheel, 0, 0), 4711);
+    EXPECT_THAT(Handled(), IsEmpty());
+    EXPECT_THAT(after, IsEmpty());
+}
+
+TEST_F(MsgHookTest, TheWindowGetsWhatTheHandlerMadeOfTheMessage) {
+    Message seenAfter;
+    watcher.Before = [](auto& uMsg, auto& wParam, auto& lParam, auto& retVal) {
+        uMsg = 99;
+        wParam = 5;
+        lParam = 6;
+        retVal = 4711; // counts only for a message that is kept from the window
+    };
+    watcher.After = [&](auto& uMsg, auto& wParam, auto& lParam) { seenAfter = {uMsg, wParam, lParam}; };
+    watcher.Hook(window->Handle(), {wheel});
+    EXPECT_EQ(table.Send(window->Handle(), wheel, 1, 2), 199);
+    EXPECT_THAT(Handled(), ElementsAre(Message{99, 5, 6}));
+    EXPECT_EQ(seenAfter, (Message{99, 5, 6}));
+}
+
+TEST_F(MsgHookTest, ArgumentsKeepTheFullPointerWidth) {
+    const auto wide = static_cast<std::intptr_t>(std::uintptr_t{1} << (sizeof(std::uintptr_t) * 8 - 2));
+    watcher.Before = [wide](auto& uMsg, auto& wParam, auto&, auto& retVal) {
+        EXPECT_EQ(wParam, wide);
+        uMsg = 0;
+        retVal = wide + 1;
+    };
+    watcher.Hook(window->Handle(), {wheel});
+    EXPECT_EQ(table.Send(window->Handle(), wheel, wide, 0), wide + 1);
+}
+
+TEST_F(MsgHookTest, WithoutHandlersTheMessageJustPasses) {
+    platform::MsgHook silent(table);
+    silent.Hook(window->Handle(), {wheel});
+    EXPECT_EQ(table.Send(window->Handle(), wheel, 0, 0), 100 + wheel);
+}
+
+TEST_F(MsgHookTest, UnhookGivesTheWindowItsProcedureBack) {
+    watcher.Hook(window->Handle(), {wheel});
+    EXPECT_NE(watcher.lSlot(), 0);
+    EXPECT_FALSE(HasOwnProcedure(*window));
+    watcher.Unhook();
+    EXPECT_EQ(watcher.lSlot(), 0);
+    EXPECT_TRUE(HasOwnProcedure(*window));
+    table.Send(window->Handle(), wheel, 0, 0);
+    EXPECT_THAT(before, IsEmpty());
+}
+
+TEST_F(MsgHookTest, UnhookWithoutAHookDoesNothing) {
+    watcher.Unhook();
+    watcher.Unhook();
+    EXPECT_EQ(watcher.lSlot(), 0);
+}
+
+TEST_F(MsgHookTest, AHookThatGoesAwayLetsTheWindowGo) {
+    {
+        platform::MsgHook passing(table);
+        passing.Hook(window->Handle());
+        EXPECT_FALSE(HasOwnProcedure(*window));
+    }
+    EXPECT_TRUE(HasOwnProcedure(*window));
+}
+
+TEST_F(MsgHookTest, ASecondHookLetsTheFirstWindowGoAndMayTakeItsSlot) {
+    const auto other = NewWindow();
+    watcher.Hook(window->Handle(), {wheel});
+    const std::int32_t slot = watcher.lSlot();
+    watcher.Hook(other->Handle(), {bounds});
+    EXPECT_EQ(watcher.lSlot(), slot);
+    EXPECT_TRUE(HasOwnProcedure(*window));
+    table.Send(window->Handle(), bounds, 0, 0);
+    EXPECT_THAT(before, IsEmpty());
+    table.Send(other->Handle(), wheel, 0, 0);
+    EXPECT_THAT(before, IsEmpty()) << "the messages of the first hook are forgotten";
+    table.Send(other->Handle(), bounds, 0, 0);
+    EXPECT_THAT(before, ElementsAre(bounds));
+}
+
+TEST_F(MsgHookTest, AMessageListedTwiceIsAnErrorAndLeavesNothingHooked) {
+    watcher.Hook(window->Handle(), {wheel});
+    EXPECT_EQ(ErrorOf([&] {
+                  watcher.Hook(window->Handle(), {bounds, wheel, bounds});
+              }),
+              platform::ErrorDuplicateKey);
+    EXPECT_EQ(watcher.lSlot(), 0);
+    EXPECT_TRUE(HasOwnProcedure(*window));
+    watcher.Hook(window->Handle(), {wheel});
+    table.Send(window->Handle(), wheel, 0, 0);
+    EXPECT_THAT(before, ElementsAre(wheel));
+}
+
+TEST_F(MsgHookTest, TwoHooksOnOneWindowBothSeeTheMessage) {
+    std::vector<std::string> order;
+    platform::MsgHook outer(table);
+    outer.Before = [&](auto&, auto&, auto&, auto&) { order.push_back("outer"); };
+    watcher.Before = [&](auto&, auto&, auto&, auto&) { order.push_back("inner"); };
+    watcher.Hook(window->Handle(), {wheel});
+    outer.Hook(window->Handle(), {wheel});
+    table.Send(window->Handle(), wheel, 0, 0);
+    EXPECT_THAT(order, ElementsAre("outer", "inner"));
+    outer.Unhook();
+    table.Send(window->Handle(), wheel, 0, 0);
+    EXPECT_THAT(order, ElementsAre("outer", "inner", "inner"));
+}
+
+TEST_F(MsgHookTest, TwoHooksOnOneWindowMayGoInTheWrongOrder) {
+    platform::MsgHook outer(table);
+    watcher.Hook(window->Handle());
+    outer.Hook(window->Handle(), {wheel});
+    watcher.Unhook();
+    outer.Unhook(); // puts back the procedure of a slot that is free by now
+    EXPECT_EQ(table.Send(window->Handle(), wheel, 0, 0), 100 + wheel);
+    EXPECT_THAT(before, IsEmpty());
+}
+
+TEST_F(MsgHookTest, AMessageWithinAMessageComesThroughTheSameHook) {
+    watcher.Before = [&](auto& uMsg, auto& wParam, auto&, auto&) {
+        before.push_back(uMsg);
+        if (wParam > 0) {
+            EXPECT_EQ(table.Send(window->Handle(), wheel, wParam - 1, 0), 100 + wheel);
+        }
+    };
+    watcher.Hook(window->Handle(), {wheel});
+    EXPECT_EQ(table.Send(window->Handle(), wheel, 3, 0), 100 + wheel);
+    EXPECT_EQ(before.size(), 4U);
+    EXPECT_THAT(Handled(), ElementsAre(Message{wheel, 0, 0}, Message{wheel, 1, 0}, Message{wheel, 2, 0},
+                                       Message{wheel, 3, 0}));
+}
+
+TEST_F(MsgHookTest, AHandlerMayUnhookAndIsStillToldWhatFollows) {
+    watcher.Before = [this](auto&, auto&, auto&, auto&) { watcher.Unhook(); };
+    watcher.Hook(window->Handle(), {wheel});
+    EXPECT_EQ(table.Send(window->Handle(), wheel, 0, 0), 100 + wheel);
+    EXPECT_THAT(after, ElementsAre(wheel));
+    EXPECT_TRUE(HasOwnProcedure(*window));
+}
+
+TEST_F(MsgHookTest, AHookMayBeDestroyedByItsOwnHandler) {
+    auto passing = std::make_unique<platform::MsgHook>(table);
+    std::string told = "nothing";
+    passing->Before = [&passing, &told](auto&, auto&, auto&, auto&) {
+        passing.reset();
+        told = "before";
+    };
+    passing->After = [&told](auto&, auto&, auto&) { told = "after"; };
+    passing->Hook(window->Handle());
+    EXPECT_EQ(table.Send(window->Handle(), wheel, 0, 0), 100 + wheel);
+    EXPECT_EQ(told, "before");
+    EXPECT_TRUE(HasOwnProcedure(*window));
+}
+
+TEST_F(MsgHookTest, AFailingHandlerSurfacesAndLeavesTheTableUsable) {
+    watcher.Before = [](auto&, auto&, auto&, auto&) { throw platform::RuntimeError(5, "no"); };
+    watcher.Hook(window->Handle(), {wheel});
+    EXPECT_EQ(ErrorOf([&] { table.Send(window->Handle(), wheel, 0, 0); }), 5);
+    watcher.Before = nullptr;
+    EXPECT_EQ(table.Send(window->Handle(), wheel, 0, 0), 100 + wheel);
+    EXPECT_THAT(after, ElementsAre(wheel));
+}
+
+TEST_F(MsgHookTest, AWindowThatDoesNotExistIsNotNoticed) {
+    constexpr platform::WindowHandle nobody = 5;
+    watcher.Hook(nobody, {wheel});
+    EXPECT_EQ(hook::Slot(watcher.lSlot()).lOldProc, 0U);
+    EXPECT_EQ(hook::HookDispatch(watcher.lSlot(), nobody, 15, 0, 0), 0);
+    watcher.Unhook();
+}
+
+TEST_F(MsgHookTest, AWindowMayGoWhileItIsHooked) {
+    watcher.Hook(window->Handle(), {wheel});
+    window.reset();
+    watcher.Unhook();
+    EXPECT_EQ(watcher.lSlot(), 0);
+}
+
+} // namespace
