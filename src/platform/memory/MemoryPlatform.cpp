@@ -13,8 +13,11 @@ MemoryPlatform::MemoryPlatform() {
 }
 
 PrintQueue& MemoryPlatform::InstallPrinter(PrintQueue queue) {
+    const bool first = printers.Empty();
     PrintQueue& installed = printers.Install(std::move(queue));
-    printer.TakeDefault();
+    if (first) {
+        printer.TakeDefault();
+    }
     return installed;
 }
 

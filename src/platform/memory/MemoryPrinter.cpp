@@ -28,7 +28,7 @@ void MemoryPrinter::Take(int index) {
 }
 
 void MemoryPrinter::TakeDefault() {
-    if (index_ < 0) {
+    if (!printers_.Empty()) {
         Take(0);
     }
 }

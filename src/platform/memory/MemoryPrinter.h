@@ -36,7 +36,8 @@ class MemoryPrinter final : public Printer {
     void SetDocumentTitle(const std::string& title) override { documentTitle_ = title; }
     Canvas& Page() override { return page_; }
 
-    /// Makes the first installed printer the current one if none is yet, without an event.
+    /// Makes the first installed printer the current one, if there is one: what a program finds at its start.
+    /// No event.
     void TakeDefault();
 
     /// What the next document is called.

@@ -15,6 +15,8 @@ class MemoryPrinters final : public Printers {
 
     PrintQueue& Install(PrintQueue queue);
 
+    bool Empty() const { return queues_.empty(); }
+
     int Count() override;
     PrinterEntry Item(int index) override;
 

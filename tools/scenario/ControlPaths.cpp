@@ -1,0 +1,238 @@
+#include <optional>
+
+#include "Paths.h"
+#include "ScriptError.h"
+#include "platform/cmdButtonXP.h"
+#include "platform/forms/CheckBox.h"
+#include "platform/forms/ChoiceControl.h"
+#include "platform/forms/CommandButton.h"
+#include "platform/forms/Label.h"
+#include "platform/forms/LineControl.h"
+#include "platform/forms/OptionButton.h"
+#include "platform/forms/PictureBox.h"
+#include "platform/forms/ProgressBar.h"
+#include "platform/forms/ScrollBar.h"
+#include "platform/forms/StatusBar.h"
+#include "platform/forms/TextBox.h"
+#include "platform/forms/Timer.h"
+#include "platform/forms/Toolbar.h"
+#include "platform/forms/UpDown.h"
+
+namespace scenario {
+
+namespace {
+
+using namespace forms;
+using platform::cmdButtonXP;
+
+template <class Kind>
+struct Property {
+    std::string_view Name;
+    Json (*Get)(const Kind&);
+};
+
+constexpr Property<Control> commonProperties[] = {
+    {"Left", [](const Control& c) { return Number(c.Left()); }},
+    {"Top", [](const Control& c) { return Number(c.Top()); }},
+    {"Width", [](const Control& c) { return Number(c.Width()); }},
+    {"Height", [](const Control& c) { return Number(c.Height()); }},
+    {"Visible", [](const Control& c) { return Json(c.Visible()); }},
+    {"Enabled", [](const Control& c) { return Json(c.Enabled()); }},
+    {"ToolTipText", [](const Control& c) { return Json(c.ToolTipText()); }},
+    {"TabIndex", [](const Control& c) { return Json(c.TabIndex()); }},
+    {"ForeColor", [](const Control& c) { return Json(c.ForeColor()); }},
+    {"BackColor", [](const Control& c) { return Json(c.BackColor()); }},
+    {"FontName", [](const Control& c) { return Json(c.Font().Name); }},
+    {"FontSize", [](const Control& c) { return Number(c.Font().Size); }},
+    {"FontBold", [](const Control& c) { return Json(c.Font().Bold); }},
+};
+
+constexpr Property<CheckBox> checkBoxProperties[] = {
+    {"Caption", [](const CheckBox& c) { return Json(c.Caption()); }},
+    {"Value", [](const CheckBox& c) { return Json(c.Value()); }},
+};
+
+constexpr Property<ChoiceControl> choiceProperties[] = {
+    {"Text", [](const ChoiceControl& c) { return Json(c.Text()); }},
+    {"ListIndex", [](const ChoiceControl& c) { return Json(c.ListIndex()); }},
+    {"ListCount", [](const ChoiceControl& c) { return Json(c.ListCount()); }},
+};
+
+constexpr Property<CommandButton> commandButtonProperties[] = {
+    {"Caption", [](const CommandButton& c) { return Json(c.Caption()); }},
+    {"Default", [](const CommandButton& c) { return Json(c.Default()); }},
+    {"Cancel", [](const CommandButton& c) { return Json(c.Cancel()); }},
+};
+
+constexpr Property<cmdButtonXP> flatButtonProperties[] = {
+    {"ButtonDown", [](const cmdButtonXP& c) { return Json(c.ButtonDown()); }},
+    {"ButtonStyle", [](const cmdButtonXP& c) { return Json(c.ButtonStyle()); }},
+    {"pictNormal", [](const cmdButtonXP& c) { return Json(c.pictNormal()); }},
+    {"iState", [](const cmdButtonXP& c) { return Json(c.iState()); }},
+    {"blnOver", [](const cmdButtonXP& c) { return Json(c.blnOver()); }},
+    {"blnMouseDown", [](const cmdButtonXP& c) { return Json(c.blnMouseDown()); }},
+};
+
+constexpr Property<Label> labelProperties[] = {
+    {"Caption", [](const Label& c) { return Json(c.Caption()); }},
+};
+
+constexpr Property<LineControl> lineProperties[] = {
+    {"X1", [](const LineControl& c) { return Number(c.X1()); }},
+    {"Y1", [](const LineControl& c) { return Number(c.Y1()); }},
+    {"X2", [](const LineControl& c) { return Number(c.X2()); }},
+    {"Y2", [](const LineControl& c) { return Number(c.Y2()); }},
+};
+
+constexpr Property<OptionButton> optionProperties[] = {
+    {"Caption", [](const OptionButton& c) { return Json(c.Caption()); }},
+    {"Value", [](const OptionButton& c) { return Json(c.Value()); }},
+};
+
+constexpr Property<PictureBox> pictureProperties[] = {
+    {"Picture", [](const PictureBox& c) { return Json(c.Picture()); }},
+    {"HasPage", [](const PictureBox& c) { return Json(c.Page() != nullptr); }},
+};
+
+constexpr Property<ProgressBar> progressProperties[] = {
+    {"Value", [](const ProgressBar& c) { return Json(c.Value()); }},
+    {"Min", [](const ProgressBar& c) { return Json(c.Min()); }},
+    {"Max", [](const ProgressBar& c) { return Json(c.Max()); }},
+};
+
+constexpr Property<ScrollBar> scrollProperties[] = {
+    {"Value", [](const ScrollBar& c) { return Json(c.Value()); }},
+    {"Min", [](const ScrollBar& c) { return Json(c.Min()); }},
+    {"Max", [](const ScrollBar& c) { return Json(c.Max()); }},
+    {"SmallChange", [](const ScrollBar& c) { return Json(c.SmallChange()); }},
+    {"LargeChange", [](const ScrollBar& c) { return Json(c.LargeChange()); }},
+};
+
+constexpr Property<TextBox> textBoxProperties[] = {
+    {"Text", [](const TextBox& c) { return Json(c.Text()); }},
+    {"SelStart", [](const TextBox& c) { return Json(c.SelStart()); }},
+    {"SelLength", [](const TextBox& c) { return Json(c.SelLength()); }},
+    {"MaxLength", [](const TextBox& c) { return Json(c.MaxLength()); }},
+    {"Tag", [](const TextBox& c) { return Json(c.Tag()); }},
+    {"Locked", [](const TextBox& c) { return Json(c.Locked()); }},
+};
+
+constexpr Property<Timer> timerProperties[] = {
+    {"Interval", [](const Timer& c) { return Json(c.Interval()); }},
+};
+
+constexpr Property<UpDown> upDownProperties[] = {
+    {"Min", [](const UpDown& c) { return Json(c.Min()); }},
+    {"Max", [](const UpDown& c) { return Json(c.Max()); }},
+};
+
+constexpr Property<StatusPanel> panelProperties[] = {
+    {"Text", [](const StatusPanel& c) { return Json(c.Text); }},
+    {"Width", [](const StatusPanel& c) { return Number(c.Width); }},
+};
+
+constexpr Property<ToolbarButton> toolbarButtonProperties[] = {
+    {"Enabled", [](const ToolbarButton& c) { return Json(c.Enabled); }},
+    {"ToolTipText", [](const ToolbarButton& c) { return Json(c.ToolTipText); }},
+    {"Image", [](const ToolbarButton& c) { return Json(c.Image); }},
+    {"HotImage", [](const ToolbarButton& c) { return Json(c.HotImage); }},
+};
+
+template <class Kind, class Table>
+std::optional<Json> Read(const Kind& object, const Table& table, const std::string& name) {
+    for (const auto& property : table) {
+        if (property.Name == name) {
+            return property.Get(object);
+        }
+    }
+    return std::nullopt;
+}
+
+std::optional<Json> ReadChoice(const ChoiceControl& control, const PathPart& property) {
+    if (!property.HasIndex()) {
+        return Read(control, choiceProperties, property.Name);
+    }
+    if (property.Index < 0 || property.Index >= control.ListCount()) {
+        return std::nullopt;
+    }
+    if (property.Name == "List") {
+        return Json(control.List(property.Index));
+    }
+    if (property.Name == "ItemData") {
+        return Json(control.ItemData(property.Index));
+    }
+    return std::nullopt;
+}
+
+/// The properties that a kind has beyond the common ones.
+std::optional<Json> ReadOwn(const Control& control, const PathPart& property) {
+    const std::string& name = property.Name;
+    switch (control.Kind()) {
+    case ControlKind::CheckBox:
+        return Read(static_cast<const CheckBox&>(control), checkBoxProperties, name);
+    case ControlKind::ComboBox:
+    case ControlKind::ListBox:
+        return ReadChoice(static_cast<const ChoiceControl&>(control), property);
+    case ControlKind::CommandButton:
+        return Read(static_cast<const CommandButton&>(control), commandButtonProperties, name);
+    case ControlKind::FlatButton:
+        return Read(static_cast<const cmdButtonXP&>(control), flatButtonProperties, name);
+    case ControlKind::Label:
+        return Read(static_cast<const Label&>(control), labelProperties, name);
+    case ControlKind::Line:
+        return Read(static_cast<const LineControl&>(control), lineProperties, name);
+    case ControlKind::OptionButton:
+        return Read(static_cast<const OptionButton&>(control), optionProperties, name);
+    case ControlKind::PictureBox:
+        return Read(static_cast<const PictureBox&>(control), pictureProperties, name);
+    case ControlKind::ProgressBar:
+        return Read(static_cast<const ProgressBar&>(control), progressProperties, name);
+    case ControlKind::ScrollBar:
+        return Read(static_cast<const ScrollBar&>(control), scrollProperties, name);
+    case ControlKind::TextBox:
+        return Read(static_cast<const TextBox&>(control), textBoxProperties, name);
+    case ControlKind::Timer:
+        return Read(static_cast<const Timer&>(control), timerProperties, name);
+    case ControlKind::UpDown:
+        return Read(static_cast<const UpDown&>(control), upDownProperties, name);
+    case ControlKind::MenuBar:
+    case ControlKind::StatusBar:
+    case ControlKind::Toolbar:
+        break;
+    }
+    return std::nullopt;
+}
+
+std::optional<Json> ReadElement(const Target& target, const std::string& name) {
+    if (target.Control->Kind() == ControlKind::StatusBar) {
+        const auto& bar = static_cast<const StatusBar&>(*target.Control);
+        return target.Element < 1 || target.Element > bar.PanelCount()
+                   ? std::nullopt
+                   : Read(bar.Panel(target.Element), panelProperties, name);
+    }
+    const auto& bar = static_cast<const Toolbar&>(*target.Control);
+    return target.Element < 1 || target.Element > bar.ButtonCount()
+               ? std::nullopt
+               : Read(bar.Button(target.Element), toolbarButtonProperties, name);
+}
+
+} // namespace
+
+Json PropertyOf(const Target& target, const PathPart& property) {
+    std::optional<Json> value;
+    if (target.Element != Control::NoIndex) {
+        value = ReadElement(target, property.Name);
+    } else {
+        value = ReadOwn(*target.Control, property);
+        if (!value) {
+            value = Read(*target.Control, commonProperties, property.Name);
+        }
+    }
+    if (!value) {
+        throw ScriptError("no such property of " + target.Form->Name() + "." + FullName(*target.Control) +
+                          ": " + property.Name);
+    }
+    return *value;
+}
+
+} // namespace scenario

@@ -1,0 +1,72 @@
+#include "Player.h"
+
+#include "CommandLine.h"
+#include "Commands.h"
+#include "ScriptError.h"
+
+namespace scenario {
+
+Player::Player(std::istream& script, std::ostream& out, std::ostream& complaints)
+    : script_(script), complaints_(complaints), record_(out), world_(record_) {
+    world_.memory.desktop.OnModal = [this](forms::Form&) { return Step(); };
+}
+
+int Player::Run() {
+    int status = statusDone;
+    try {
+        while (Step()) {
+        }
+    } catch (const ScriptError& error) {
+        complaints_ << "line " << failedLine_ << ": " << error.what() << '\n';
+        status = statusScriptError;
+    } catch (const ExpectationFailed& error) {
+        complaints_ << "line " << failedLine_ << ": " << error.what() << '\n';
+        status = statusExpectationFailed;
+    }
+    record_.Flush();
+    return status;
+}
+
+bool Player::Step() {
+    std::string line;
+    while (std::getline(script_, line)) {
+        ++lineNumber_;
+        if (line.ends_with('\r')) {
+            line.pop_back();
+        }
+        const std::size_t first = line.find_first_not_of(" \t");
+        if (first == std::string::npos || line[first] == '#') {
+            continue;
+        }
+        const int number = lineNumber_;
+        try {
+            Play(line);
+        } catch (const std::runtime_error&) {
+            // Lines that were played inside this one have told theirs before.
+            if (failedLine_ == 0) {
+                failedLine_ = number;
+            }
+            throw;
+        }
+        record_.Flush();
+        return true;
+    }
+    return false;
+}
+
+void Player::Play(const std::string& line) {
+    CommandLine words(line);
+    const std::string name = words.Word("command");
+    for (const auto commands : {MachineCommands(), UserCommands(), QuestionCommands()}) {
+        for (const Command& command : commands) {
+            if (command.Name == name) {
+                world_.session.Dispatch([&] { command.Run(world_, words); });
+                words.End();
+                return;
+            }
+        }
+    }
+    throw ScriptError("no such command: " + name);
+}
+
+} // namespace scenario
