@@ -1,0 +1,123 @@
+#include "platform/qt/AccessibleNames.h"
+
+#include <algorithm>
+#include <limits>
+#include <vector>
+
+#include "platform/forms/CheckBox.h"
+#include "platform/forms/CommandButton.h"
+#include "platform/forms/Form.h"
+#include "platform/forms/Label.h"
+#include "platform/forms/OptionButton.h"
+
+namespace platform::qt {
+
+using forms::Control;
+using forms::ControlKind;
+
+namespace {
+
+// A label above a control may stand a little higher than the line before it.
+constexpr double NearAbove = 450;
+
+const std::string* OwnText(const Control& control) {
+    switch (control.Kind()) {
+    case ControlKind::CheckBox:
+        return &static_cast<const forms::CheckBox&>(control).Caption();
+    case ControlKind::CommandButton:
+        return &static_cast<const forms::CommandButton&>(control).Caption();
+    case ControlKind::Label:
+        return &static_cast<const forms::Label&>(control).Caption();
+    case ControlKind::OptionButton:
+        return &static_cast<const forms::OptionButton&>(control).Caption();
+    default:
+        return nullptr;
+    }
+}
+
+// How far a label is from being the one that names a control: by its distance at the left in the same line,
+// or above; infinite if it is neither.
+double DistanceOf(const Control& label, const Control& control) {
+    constexpr double none = std::numeric_limits<double>::infinity();
+    const double labelMiddle = label.Top() + std::min(label.Height(), control.Height()) / 2;
+    if (labelMiddle > control.Top() && labelMiddle < control.Top() + control.Height()) {
+        return label.Left() < control.Left() ? control.Left() - label.Left() : none;
+    }
+    const double gap = control.Top() - (label.Top() + label.Height());
+    const bool above = gap > -label.Height() / 2 && gap < NearAbove &&
+                       label.Left() < control.Left() + control.Width() &&
+                       control.Left() < label.Left() + label.Width();
+    return above ? 100000 + gap : none;
+}
+
+const forms::Label* NearestLabel(const Control& control) {
+    const forms::Label* nearest = nullptr;
+    double best = std::numeric_limits<double>::infinity();
+    for (const Control* candidate : control.Owner().Controls()) {
+        if (candidate->Kind() != ControlKind::Label || candidate->Container() != control.Container()) {
+            continue;
+        }
+        const double distance = DistanceOf(*candidate, control);
+        if (distance < best) {
+            best = distance;
+            nearest = static_cast<const forms::Label*>(candidate);
+        }
+    }
+    return nearest;
+}
+
+std::string WithoutColon(std::string text) {
+    while (!text.empty() && (text.back() == ' ' || text.back() == ':')) {
+        text.pop_back();
+    }
+    return text;
+}
+
+} // namespace
+
+std::string WithoutAccessKey(const std::string& caption) {
+    std::string plain;
+    for (std::size_t at = 0; at < caption.size(); ++at) {
+        if (caption[at] == '&' && at + 1 < caption.size()) {
+            ++at;
+        }
+        plain += caption[at];
+    }
+    return plain;
+}
+
+std::string AccessibleNameOf(const Control& control) {
+    if (!control.AccessibleName().empty()) {
+        return control.AccessibleName();
+    }
+    if (const std::string* text = OwnText(control); text != nullptr && !text->empty()) {
+        const bool marked =
+            control.Kind() != ControlKind::Label || static_cast<const forms::Label&>(control).UseMnemonic();
+        return marked ? WithoutAccessKey(*text) : *text;
+    }
+    if (control.TakesFocus() || control.Kind() == ControlKind::ProgressBar ||
+        control.Kind() == ControlKind::UpDown) {
+        if (const forms::Label* label = NearestLabel(control)) {
+            return WithoutColon(WithoutAccessKey(label->Caption()));
+        }
+    }
+    return control.ToolTipText().empty() ? control.Name() : control.ToolTipText();
+}
+
+Control* AccessKeyTarget(const forms::Label& label) {
+    const std::size_t mark = label.Caption().find('&');
+    if (!label.UseMnemonic() || mark == std::string::npos || mark + 1 == label.Caption().size() ||
+        label.Caption()[mark + 1] == '&') {
+        return nullptr;
+    }
+    std::vector<Control*> order = label.Owner().Controls();
+    if (label.TabIndex() != Control::NoTabIndex) {
+        std::stable_sort(order.begin(), order.end(),
+                         [](const Control* a, const Control* b) { return a->TabIndex() < b->TabIndex(); });
+    }
+    const auto self = std::find(order.begin(), order.end(), static_cast<const Control*>(&label));
+    const auto target = std::find_if(self, order.end(), [](const Control* c) { return c->TakesFocus(); });
+    return target == order.end() ? nullptr : *target;
+}
+
+} // namespace platform::qt

@@ -1,0 +1,31 @@
+#pragma once
+
+#include <QSvgRenderer>
+#include <QWidget>
+
+#include <memory>
+
+#include "platform/Bitmaps.h"
+
+namespace platform::qt {
+
+/// Shows one of the program's own pictures as large as its place allows, sharp at each density.
+class PictureWidget final : public QWidget {
+  public:
+    explicit PictureWidget(QWidget* parent);
+
+    /// Name of the picture; empty, or a name that the program does not have, shows none.
+    void SetPicture(const QString& name);
+    /// Shows the page over the whole place instead; nullptr for none.
+    void SetPage(std::shared_ptr<const PageBitmap> page);
+
+  protected:
+    void paintEvent(QPaintEvent* event) override;
+
+  private:
+    QSvgRenderer renderer_;
+    bool named_ = false;
+    std::shared_ptr<const PageBitmap> page_;
+};
+
+} // namespace platform::qt

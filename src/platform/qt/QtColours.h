@@ -1,0 +1,13 @@
+#pragma once
+
+#include <QColor>
+#include <QPalette>
+
+#include "platform/forms/Colour.h"
+
+namespace platform::qt {
+
+/// A colour of a form as it looks in this palette; the system's colours follow the user's theme.
+QColor ToQColor(forms::Colour colour, const QPalette& palette);
+
+} // namespace platform::qt

@@ -1,0 +1,232 @@
+#include "platform/qt/QtControl.h"
+
+#include <QApplication>
+#include <QFontInfo>
+#include <QMouseEvent>
+#include <QShortcutEvent>
+#include <QSignalBlocker>
+
+#include <algorithm>
+#include <array>
+
+#include "platform/RuntimeError.h"
+#include "platform/forms/Form.h"
+#include "platform/qt/AccessibleNames.h"
+#include "platform/qt/Fonts.h"
+#include "platform/qt/QtCheckBox.h"
+#include "platform/qt/QtColours.h"
+#include "platform/qt/QtComboBox.h"
+#include "platform/qt/QtCommandButton.h"
+#include "platform/qt/QtForm.h"
+#include "platform/qt/QtLabel.h"
+#include "platform/qt/QtLine.h"
+#include "platform/qt/QtListBox.h"
+#include "platform/qt/QtOptionButton.h"
+#include "platform/qt/QtPictureBox.h"
+#include "platform/qt/QtProgressBar.h"
+#include "platform/qt/QtText.h"
+#include "platform/qt/QtTextBox.h"
+#include "platform/qt/QtTimer.h"
+#include "platform/qt/QtUpDown.h"
+#include "platform/qt/Scale.h"
+
+namespace platform::qt {
+
+using forms::Aspect;
+using forms::ControlKind;
+
+namespace {
+
+template <class ControlType, class QtControlType>
+std::unique_ptr<QtControl> Make(forms::Control& control, QtForm& form, QWidget* parent) {
+    return std::make_unique<QtControlType>(static_cast<ControlType&>(control), form, parent);
+}
+
+struct Maker {
+    ControlKind Kind;
+    std::unique_ptr<QtControl> (*Make)(forms::Control&, QtForm&, QWidget*);
+};
+
+constexpr std::array<Maker, 12> Makers{{
+    {ControlKind::CheckBox, Make<forms::CheckBox, QtCheckBox>},
+    {ControlKind::ComboBox, Make<forms::ComboBox, QtComboBox>},
+    {ControlKind::CommandButton, Make<forms::CommandButton, QtCommandButton>},
+    {ControlKind::Label, Make<forms::Label, QtLabel>},
+    {ControlKind::Line, Make<forms::LineControl, QtLine>},
+    {ControlKind::ListBox, Make<forms::ListBox, QtListBox>},
+    {ControlKind::OptionButton, Make<forms::OptionButton, QtOptionButton>},
+    {ControlKind::PictureBox, Make<forms::PictureBox, QtPictureBox>},
+    {ControlKind::ProgressBar, Make<forms::ProgressBar, QtProgressBar>},
+    {ControlKind::TextBox, Make<forms::TextBox, QtTextBox>},
+    {ControlKind::Timer, Make<forms::Timer, QtTimer>},
+    {ControlKind::UpDown, Make<forms::UpDown, QtUpDown>},
+}};
+
+// All that a new widget has to show. The selection belongs to the text and the order of depth to the making.
+constexpr std::array AllAspects{Aspect::Font,    Aspect::Colours, Aspect::Geometry, Aspect::Caption,
+                                Aspect::Picture, Aspect::Items,   Aspect::Text,     Aspect::Value,
+                                Aspect::ToolTip, Aspect::Enabled, Aspect::Visible};
+
+QString ObjectName(const forms::Control& control) {
+    const QString name = ToQString(control.Name());
+    return control.Index() == forms::Control::NoIndex
+               ? name
+               : QStringLiteral("%1(%2)").arg(name).arg(control.Index());
+}
+
+constexpr double DesignFontSize = 9;
+
+} // namespace
+
+std::unique_ptr<QtControl> MakeQtControl(forms::Control& control, QtForm& form, QWidget* parent) {
+    const auto maker = std::find_if(Makers.begin(), Makers.end(),
+                                    [&](const Maker& candidate) { return candidate.Kind == control.Kind(); });
+    if (maker == Makers.end()) {
+        throw RuntimeError(ErrorInvalidPropertyValue, "No such kind of control");
+    }
+    return maker->Make(control, form, parent);
+}
+
+QtControl::QtControl(forms::Control& control, QtForm& form, QWidget* widget)
+    : model_(control), form_(form), widget_(widget) {
+    if (widget_ == nullptr) {
+        return;
+    }
+    widget_->setObjectName(ObjectName(control));
+    widget_->setFocusPolicy(control.TakesFocus() ? Qt::TabFocus : Qt::NoFocus);
+    Watch(widget_);
+}
+
+void QtControl::MirrorAll() {
+    for (const Aspect aspect : AllAspects) {
+        Mirror(aspect);
+    }
+}
+
+void QtControl::Mirror(Aspect aspect) {
+    if (widget_ == nullptr) {
+        MirrorContent(aspect);
+        return;
+    }
+    const QSignalBlocker silent(widget_);
+    switch (aspect) {
+    case Aspect::Geometry:
+        Place();
+        break;
+    case Aspect::Visible:
+        widget_->setVisible(model_.Visible());
+        break;
+    case Aspect::Enabled:
+        widget_->setEnabled(model_.Enabled());
+        break;
+    case Aspect::ToolTip:
+        widget_->setToolTip(ToQString(model_.ToolTipText()));
+        break;
+    case Aspect::Font:
+        MirrorFont();
+        break;
+    case Aspect::Colours:
+        Colour();
+        break;
+    case Aspect::ZOrder:
+        widget_->raise();
+        break;
+    default:
+        MirrorContent(aspect);
+        break;
+    }
+    if (aspect == Aspect::Caption || aspect == Aspect::ToolTip) {
+        widget_->setAccessibleName(ToQString(AccessibleNameOf(model_)));
+    }
+}
+
+void QtControl::Place() {
+    widget_->setGeometry(ToDots(model_.Left(), model_.Top(), model_.Width(), model_.Height()));
+}
+
+// Sizes in points are those of the design; a user with a larger font sees all of them grow alike.
+void QtControl::MirrorFont() {
+    const forms::ControlFont& wanted = model_.Font();
+    QFont font = QApplication::font(widget_);
+    if (!wanted.Name.empty()) {
+        font.setFamily(QString::fromStdString(ResolveFamily(wanted.Name)));
+    }
+    if (wanted.Size > 0) {
+        const double growth = std::max(1.0, QFontInfo(QApplication::font()).pointSizeF() / DesignFontSize);
+        font.setPointSizeF(wanted.Size * growth);
+    }
+    font.setBold(wanted.Bold);
+    widget_->setFont(font);
+}
+
+void QtControl::Colour() {
+    const QPalette theme = QApplication::palette(widget_);
+    QPalette palette = theme;
+    if (model_.ForeColor() != forms::colour::WindowText) {
+        const QColor colour = ToQColor(model_.ForeColor(), theme);
+        for (const QPalette::ColorRole role : {QPalette::WindowText, QPalette::Text, QPalette::ButtonText}) {
+            palette.setColor(QPalette::Active, role, colour);
+            palette.setColor(QPalette::Inactive, role, colour);
+        }
+    }
+    const bool filled = model_.BackColor() != forms::colour::Transparent;
+    if (filled) {
+        const QColor colour = ToQColor(model_.BackColor(), theme);
+        for (const QPalette::ColorRole role : {QPalette::Window, QPalette::Base}) {
+            palette.setColor(role, colour);
+        }
+        widget_->setAutoFillBackground(true);
+    }
+    widget_->setPalette(palette);
+}
+
+void QtControl::TakeFocus() {
+    if (widget_ != nullptr) {
+        widget_->setFocus(Qt::OtherFocusReason);
+    }
+}
+
+void QtControl::Click() {
+    model_.UserClick();
+    Mirror(Aspect::Value);
+}
+
+bool QtControl::KeyPressed(const QKeyEvent& event, int virtualKey) {
+    if (virtualKey != 0) {
+        model_.Owner().UserKey(virtualKey, (event.modifiers() & Qt::ShiftModifier) != 0);
+    }
+    return false;
+}
+
+// The focus is settled before the widget sees the press. If the control that had it takes it back (perhaps
+// after a message box that ran inside this call), the press is lost, and with it the click.
+bool QtControl::MousePressed(const QMouseEvent& event) {
+    if (event.button() != Qt::LeftButton || !model_.CanFocus()) {
+        return false;
+    }
+    return !model_.Owner().MoveFocus(model_);
+}
+
+bool QtControl::eventFilter(QObject* watched, QEvent* event) {
+    switch (event->type()) {
+    case QEvent::KeyPress:
+        return form_.KeyPressed(*static_cast<QKeyEvent*>(event), this);
+    case QEvent::MouseButtonPress:
+    case QEvent::MouseButtonDblClick:
+        return MousePressed(*static_cast<QMouseEvent*>(event));
+    case QEvent::Shortcut:
+        if (!static_cast<QShortcutEvent*>(event)->isAmbiguous()) {
+            Click();
+            return true;
+        }
+        break;
+    case QEvent::FocusIn:
+        form_.SettleFocusLater();
+        break;
+    default:
+        break;
+    }
+    return QObject::eventFilter(watched, event);
+}
+
+} // namespace platform::qt

@@ -1,0 +1,318 @@
+#include "platform/qt/QtForm.h"
+
+#include <QCursor>
+#include <QGuiApplication>
+#include <QKeyEvent>
+#include <QScopedValueRollback>
+#include <QScreen>
+#include <QTimer>
+#include <QWindow>
+
+#include <algorithm>
+#include <array>
+#include <limits>
+
+#include "platform/Desktop.h"
+#include "platform/forms/Form.h"
+#include "platform/qt/AccessibleNames.h"
+#include "platform/qt/QtDesktop.h"
+#include "platform/qt/QtText.h"
+#include "platform/qt/QtWindow.h"
+#include "platform/qt/Scale.h"
+
+namespace platform::qt {
+
+namespace {
+
+constexpr double TwipsPerDesignDot = 15;
+
+struct KeyCode {
+    int Key;
+    int VirtualKey;
+};
+
+constexpr std::array<KeyCode, 15> KeyCodes{{
+    {Qt::Key_Backspace, key::Backspace},
+    {Qt::Key_Tab, key::Tab},
+    {Qt::Key_Backtab, key::Tab},
+    {Qt::Key_Return, key::Enter},
+    {Qt::Key_Enter, key::Enter},
+    {Qt::Key_Escape, key::Escape},
+    {Qt::Key_PageUp, key::PageUp},
+    {Qt::Key_PageDown, key::PageDown},
+    {Qt::Key_End, key::End},
+    {Qt::Key_Home, key::Home},
+    {Qt::Key_Left, key::Left},
+    {Qt::Key_Up, key::Up},
+    {Qt::Key_Right, key::Right},
+    {Qt::Key_Down, key::Down},
+    {Qt::Key_Delete, 46},
+}};
+
+int VirtualKeyOf(const QKeyEvent& event) {
+    for (const KeyCode& code : KeyCodes) {
+        if (code.Key == event.key()) {
+            return code.VirtualKey;
+        }
+    }
+    return 0;
+}
+
+Qt::WindowFlags FlagsFor(const forms::Form& form, bool first) {
+    const Qt::WindowFlags common =
+        Qt::CustomizeWindowHint | Qt::WindowTitleHint | Qt::WindowSystemMenuHint | Qt::WindowCloseButtonHint;
+    const Qt::WindowFlags kind =
+        first ? Qt::Window | Qt::WindowMinimizeButtonHint : Qt::WindowFlags(Qt::Dialog);
+    return common | kind | (form.Resizable() ? Qt::WindowMaximizeButtonHint : Qt::WindowFlags());
+}
+
+// Bounds are exchanged in dots of the design, and count the title bar.
+std::int32_t DesignDots(int dots) {
+    return static_cast<std::int32_t>(ToTwips(dots) / TwipsPerDesignDot);
+}
+
+QSize InnerSize(const MINMAXINFO::POINT& outer) {
+    const QSize size(ToDots(outer.x * TwipsPerDesignDot),
+                     ToDots(outer.y * TwipsPerDesignDot - forms::TitleBarHeight));
+    return size.expandedTo(QSize(0, 0));
+}
+
+} // namespace
+
+QtForm::QtForm(forms::Form& form, QtDesktop& desktop)
+    : form_(form), desktop_(desktop),
+      window_(std::make_unique<QtWindow>(*this, FlagsFor(form, desktop.TopWindow() == nullptr))),
+      procedure_(desktop.Windows(), Handle()) {
+    window_->setObjectName(ToQString(form.Name()));
+    for (forms::Control* control : form.Controls()) {
+        Find(*control);
+    }
+    // A label finds the control that its access key goes to only when all are there.
+    for (const auto& control : controls_) {
+        control->Mirror(forms::Aspect::Caption);
+    }
+    FormChanged();
+    desktop_.Opened(form_, *this);
+}
+
+QtForm::~QtForm() {
+    desktop_.Gone(form_);
+    controls_.clear();
+}
+
+QtControl& QtForm::Find(forms::Control& control) {
+    const auto found = byModel_.find(&control);
+    return found == byModel_.end() ? Add(control) : *found->second;
+}
+
+QtControl& QtForm::Add(forms::Control& control) {
+    QWidget* parent = control.Container() == nullptr ? window_.get() : Find(*control.Container()).Widget();
+    QtControl& added = *controls_.emplace_back(MakeQtControl(control, *this, parent));
+    byModel_[&control] = &added;
+    added.MirrorAll();
+    return added;
+}
+
+QWidget* QtForm::WidgetOf(const forms::Control& control) const {
+    const auto found = byModel_.find(&control);
+    return found == byModel_.end() ? nullptr : found->second->Widget();
+}
+
+void QtForm::ControlChanged(forms::Control& control, forms::Aspect aspect) {
+    Find(control).Mirror(aspect);
+}
+
+void QtForm::FormChanged() {
+    window_->setWindowTitle(ToQString(form_.Caption()));
+    ShowSize();
+    ShowPlace();
+}
+
+void QtForm::ShowSize() {
+    const QScopedValueRollback rollback(showingSize_, true);
+    const QSize size(ToDots(form_.Width()), ToDots(form_.Height() - forms::TitleBarHeight));
+    if (size.isEmpty()) {
+        return;
+    }
+    if (form_.Resizable()) {
+        window_->resize(size);
+    } else {
+        window_->setFixedSize(size);
+    }
+}
+
+void QtForm::ShowPlace() {
+    if (!form_.Placed() || (form_.Left() == shownLeft_ && form_.Top() == shownTop_)) {
+        return;
+    }
+    shownLeft_ = form_.Left();
+    shownTop_ = form_.Top();
+    window_->move(ToDots(shownLeft_), ToDots(shownTop_));
+}
+
+void QtForm::MoveToMiddle() {
+    const QWidget* below = desktop_.TopWindow();
+    const QScreen* screen = below == nullptr ? QGuiApplication::primaryScreen() : below->screen();
+    const QPoint middle =
+        below == nullptr ? screen->availableGeometry().center() : below->frameGeometry().center();
+    QRect frame = window_->frameGeometry();
+    frame.moveCenter(middle);
+    const QRect room = screen->availableGeometry();
+    frame.moveLeft(std::max(room.left(), std::min(frame.left(), room.right() - frame.width())));
+    frame.moveTop(std::max(room.top(), std::min(frame.top(), room.bottom() - frame.height())));
+    window_->move(frame.topLeft());
+}
+
+// A form that the user may resize is asked how small and how large it may become.
+void QtForm::ShowBounds() {
+    if (!form_.Resizable()) {
+        return;
+    }
+    const QSize screen = window_->screen()->size();
+    MINMAXINFO bounds{};
+    bounds.ptMaxTrackSize = {DesignDots(screen.width()), DesignDots(screen.height())};
+    bounds.ptMaxSize = bounds.ptMaxTrackSize;
+    bounds = desktop_.Windows().AskBounds(procedure_.Handle(), bounds);
+    window_->setMinimumSize(InnerSize(bounds.ptMinTrackSize));
+    window_->setMaximumSize(InnerSize(bounds.ptMaxTrackSize).expandedTo(window_->minimumSize()));
+}
+
+void QtForm::NameControls() {
+    for (const auto& control : controls_) {
+        if (QWidget* widget = control->Widget()) {
+            widget->setAccessibleName(ToQString(AccessibleNameOf(control->Model())));
+        }
+    }
+}
+
+void QtForm::Show(bool modal) {
+    NameControls();
+    ShowBounds();
+    if (!form_.Placed()) {
+        MoveToMiddle();
+    }
+    QWidget* below = desktop_.TopWindow();
+    if (modal) {
+        window_->setWindowModality(Qt::ApplicationModal);
+    }
+    if (below != nullptr) {
+        Handle();
+        window_->windowHandle()->setTransientParent(below->windowHandle());
+    }
+    desktop_.Shown(form_);
+    window_->show();
+    window_->raise();
+    window_->activateWindow();
+}
+
+void QtForm::Hide() {
+    window_->hide();
+    desktop_.Hidden(form_);
+    if (loop_ != nullptr) {
+        loop_->quit();
+    }
+}
+
+void QtForm::RunModal() {
+    QEventLoop loop;
+    const QScopedValueRollback rollback(loop_, &loop);
+    loop.exec();
+}
+
+std::uintptr_t QtForm::Handle() {
+    return static_cast<std::uintptr_t>(window_->winId());
+}
+
+bool QtForm::KeyPressed(const QKeyEvent& event, QtControl* control) {
+    if ((event.modifiers() & (Qt::ControlModifier | Qt::AltModifier | Qt::MetaModifier)) != 0) {
+        return false;
+    }
+    SettleFocus();
+    const int virtualKey = VirtualKeyOf(event);
+    const bool shift = (event.modifiers() & Qt::ShiftModifier) != 0;
+    switch (virtualKey) {
+    case key::Tab:
+        window_->setAttribute(Qt::WA_KeyboardFocusChange);
+        form_.UserKey(virtualKey, shift);
+        return true;
+    case key::Enter:
+    case key::Escape:
+        // A key held down must not run through the window that comes next.
+        if (!event.isAutoRepeat()) {
+            form_.UserKey(virtualKey, shift);
+        }
+        return true;
+    default:
+        break;
+    }
+    if (control != nullptr) {
+        return control->KeyPressed(event, virtualKey);
+    }
+    if (virtualKey != 0 && form_.ActiveControl() == nullptr) {
+        form_.UserKey(virtualKey, shift);
+    }
+    return false;
+}
+
+void QtForm::FocusMoved(forms::Control* control) {
+    if (control != nullptr) {
+        Find(*control).TakeFocus();
+    } else if (QWidget* holder = window_->focusWidget()) {
+        holder->clearFocus();
+    }
+}
+
+void QtForm::SettleFocusLater() {
+    if (!settling_) {
+        settling_ = true;
+        QTimer::singleShot(0, window_.get(), [this] { SettleFocus(); });
+    }
+}
+
+void QtForm::SettleFocus() {
+    settling_ = false;
+    if (!form_.Visible()) {
+        return;
+    }
+    const QWidget* holder = window_->focusWidget();
+    for (const auto& control : controls_) {
+        if (control->Widget() == holder && holder != nullptr && &control->Model() != form_.ActiveControl()) {
+            form_.MoveFocus(control->Model());
+            break;
+        }
+    }
+    if (forms::Control* active = form_.ActiveControl();
+        active != nullptr && WidgetOf(*active) != window_->focusWidget()) {
+        Find(*active).TakeFocus();
+    }
+}
+
+bool QtForm::CloseRequested() {
+    return form_.UserClose();
+}
+
+void QtForm::Resized() {
+    if (form_.Visible() && !showingSize_) {
+        form_.UserResize(ToTwips(window_->width()), ToTwips(window_->height()) + forms::TitleBarHeight);
+    }
+}
+
+void QtForm::WheelTurned(int delta) {
+    constexpr int limit = std::numeric_limits<std::int16_t>::max();
+    desktop_.Windows().SendWheel(procedure_.Handle(),
+                                 static_cast<std::int16_t>(std::clamp(delta, -limit, limit)));
+}
+
+bool QtForm::PointerIsOver(const forms::Control& control) {
+    const QWidget* widget = WidgetOf(control);
+    return widget != nullptr && widget->isVisible() &&
+           widget->rect().contains(widget->mapFromGlobal(QCursor::pos()));
+}
+
+void QtForm::ThemeChanged() {
+    for (const auto& control : controls_) {
+        control->Mirror(forms::Aspect::Colours);
+    }
+}
+
+} // namespace platform::qt

@@ -1,0 +1,77 @@
+#pragma once
+
+#include <QEventLoop>
+#include <QWidget>
+
+#include <memory>
+#include <unordered_map>
+#include <vector>
+
+#include "platform/forms/FormPeer.h"
+#include "platform/forms/WindowProcedureTable.h"
+#include "platform/qt/QtControl.h"
+
+namespace platform::qt {
+
+class QtDesktop;
+
+/// The real window of a form.
+class QtForm final : public forms::FormPeer {
+  public:
+    QtForm(forms::Form& form, QtDesktop& desktop);
+    ~QtForm() override;
+
+    void ControlChanged(forms::Control& control, forms::Aspect aspect) override;
+    void FormChanged() override;
+    void Show(bool modal) override;
+    void Hide() override;
+    void FocusMoved(forms::Control* control) override;
+    bool PointerIsOver(const forms::Control& control) override;
+    std::uintptr_t Handle() override;
+
+    QWidget* Window() const { return window_.get(); }
+    /// The widget of one of the form's controls; nullptr if it has none.
+    QWidget* WidgetOf(const forms::Control& control) const;
+
+    /// Runs the message loop until Hide().
+    void RunModal();
+
+    /// A key that reaches a control, or the window itself (nullptr). True: it has been dealt with.
+    bool KeyPressed(const QKeyEvent& event, QtControl* control);
+
+    /// The toolkit has moved its focus by itself (a screen reader asked it to, a window came back to the
+    /// front). Once all waiting events are done, the form's focus and the window's are made one again.
+    void SettleFocusLater();
+
+    // What the window tells.
+    /// False if the form refuses to close.
+    bool CloseRequested();
+    void Resized();
+    /// The mouse wheel, in eighths of a degree as the toolkit reports it: 120 to the notch.
+    void WheelTurned(int delta);
+    void ThemeChanged();
+
+  private:
+    QtControl& Find(forms::Control& control);
+    QtControl& Add(forms::Control& control);
+    void SettleFocus();
+    void ShowSize();
+    void ShowPlace();
+    void MoveToMiddle();
+    void ShowBounds();
+    void NameControls();
+
+    forms::Form& form_;
+    QtDesktop& desktop_;
+    std::unique_ptr<QWidget> window_;
+    forms::WindowProcedureTable::Window procedure_;
+    std::vector<std::unique_ptr<QtControl>> controls_;
+    std::unordered_map<const forms::Control*, QtControl*> byModel_;
+    QEventLoop* loop_ = nullptr;
+    bool settling_ = false;
+    bool showingSize_ = false;
+    double shownLeft_ = 0; // where the program last put the form; the user may have moved it since
+    double shownTop_ = 0;
+};
+
+} // namespace platform::qt

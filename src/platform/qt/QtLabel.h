@@ -1,0 +1,24 @@
+#pragma once
+
+#include "platform/forms/Label.h"
+#include "platform/qt/QtControl.h"
+
+class QLabel;
+
+namespace platform::qt {
+
+class QtLabel final : public QtControl {
+  public:
+    QtLabel(forms::Label& control, QtForm& form, QWidget* parent);
+
+    bool eventFilter(QObject* watched, QEvent* event) override;
+
+  protected:
+    void MirrorContent(forms::Aspect aspect) override;
+
+  private:
+    forms::Label& model_;
+    QLabel* label_;
+};
+
+} // namespace platform::qt

@@ -1,0 +1,24 @@
+#include "platform/qt/QtPlatform.h"
+
+#include <QIcon>
+#include <QLibraryInfo>
+#include <QTranslator>
+
+// Resources of a static library are not there until they are asked for, and that from outside any namespace.
+static void LoadPictures() {
+    Q_INIT_RESOURCE(pictures);
+}
+
+namespace platform::qt {
+
+DutchApplication::DutchApplication(int& argc, char** argv) : QApplication(argc, argv) {
+    LoadPictures();
+    auto* translator = new QTranslator(this);
+    if (translator->load(QStringLiteral("qtbase_nl"), QLibraryInfo::path(QLibraryInfo::TranslationsPath))) {
+        installTranslator(translator);
+    }
+    setWindowIcon(QIcon(QStringLiteral(":/pictures/program.svg")));
+    setDesktopFileName(QStringLiteral("drukkeuring"));
+}
+
+} // namespace platform::qt

@@ -1,0 +1,53 @@
+#pragma once
+
+#include <QApplication>
+
+#include "platform/Platform.h"
+#include "platform/RegFileStore.h"
+#include "platform/SeededRandom.h"
+#include "platform/qt/CupsSpooler.h"
+#include "platform/qt/QtBitmaps.h"
+#include "platform/qt/QtClock.h"
+#include "platform/qt/QtDesktop.h"
+#include "platform/qt/QtLocale.h"
+#include "platform/qt/QtPrinter.h"
+#include "platform/qt/QtPrinters.h"
+
+namespace platform::qt {
+
+/// The application object of the toolkit, speaking Dutch in its own windows as the program does.
+class DutchApplication final : public QApplication {
+  public:
+    /// Both must live as long as the object.
+    DutchApplication(int& argc, char** argv);
+};
+
+/// The Linux desktop: everything outside the program that it works with.
+class QtPlatform {
+  public:
+    /// Both must live as long as the object.
+    QtPlatform(int& argc, char** argv) : application_(argc, argv) {}
+    QtPlatform(const QtPlatform&) = delete;
+    QtPlatform& operator=(const QtPlatform&) = delete;
+
+    platform::Platform& Services() { return services_; }
+
+    /// Runs the message loop until the last form is gone.
+    void Run() { desktop_.Run(); }
+
+  private:
+    DutchApplication application_;
+    QtDesktop desktop_;
+    RegFileStore registry_{DefaultSettingsPath()};
+    QtLocale locale_;
+    QtClock clock_;
+    SeededRandom random_;
+    QtPrinters printers_;
+    QtPrinter printer_{printers_};
+    CupsSpooler spooler_{printers_};
+    QtBitmaps bitmaps_;
+    platform::Platform services_{desktop_, registry_, locale_,  clock_,   random_,
+                                 spooler_, printers_, printer_, bitmaps_, desktop_.Windows()};
+};
+
+} // namespace platform::qt

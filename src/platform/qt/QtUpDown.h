@@ -1,0 +1,28 @@
+#pragma once
+
+#include "platform/forms/UpDown.h"
+#include "platform/qt/QtControl.h"
+
+class QToolButton;
+
+namespace platform::qt {
+
+/// The two arrows; a press held down repeats. They take no focus themselves, the box beside them does.
+class QtUpDown final : public QtControl {
+  public:
+    QtUpDown(forms::UpDown& control, QtForm& form, QWidget* parent);
+
+    bool eventFilter(QObject* watched, QEvent* event) override;
+
+  protected:
+    void Place() override;
+
+  private:
+    QToolButton* MakeArrow(int direction);
+
+    forms::UpDown& model_;
+    QToolButton* up_;
+    QToolButton* down_;
+};
+
+} // namespace platform::qt
