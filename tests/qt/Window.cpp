@@ -1,0 +1,120 @@
+#include "qt/Window.h"
+
+#include <gtest/gtest.h>
+
+#include <QApplication>
+#include <QElapsedTimer>
+#include <QMessageBox>
+#include <QPushButton>
+#include <QTest>
+#include <QWindow>
+
+namespace window {
+
+namespace {
+
+constexpr int PatienceMs = 5000;
+
+QPoint MiddleIn(const QWidget* widget) {
+    return widget->mapTo(widget->window(), widget->rect().center());
+}
+
+} // namespace
+
+QWidget* Of(const QString& form) {
+    for (QWidget* widget : QApplication::topLevelWidgets()) {
+        if (widget->objectName() == form && widget->isVisible()) {
+            return widget;
+        }
+    }
+    return nullptr;
+}
+
+QWidget* Find(const QString& form, const QString& control) {
+    QWidget* top = Of(form);
+    QWidget* found = top == nullptr ? nullptr : top->findChild<QWidget*>(control);
+    EXPECT_NE(found, nullptr) << form.toStdString() << "." << control.toStdString();
+    return found;
+}
+
+bool WaitFor(const std::function<bool()>& condition) {
+    QElapsedTimer clock;
+    clock.start();
+    while (!condition()) {
+        if (clock.elapsed() > PatienceMs) {
+            return false;
+        }
+        QCoreApplication::processEvents(QEventLoop::AllEvents, 5);
+    }
+    return true;
+}
+
+void Settle() {
+    for (int round = 0; round < 3; ++round) {
+        QCoreApplication::processEvents();
+    }
+}
+
+void Press(QWidget* widget) {
+    QTest::mousePress(widget->window()->windowHandle(), Qt::LeftButton, {}, MiddleIn(widget));
+}
+
+void Release(QWidget* widget) {
+    QTest::mouseRelease(widget->window()->windowHandle(), Qt::LeftButton, {}, MiddleIn(widget));
+    Settle();
+}
+
+void Click(QWidget* widget) {
+    Press(widget);
+    Release(widget);
+}
+
+void Key(Qt::Key key, Qt::KeyboardModifiers modifiers) {
+    const bool ready = WaitFor([] {
+        const QWidget* modal = QApplication::activeModalWidget();
+        return QApplication::activeWindow() != nullptr &&
+               (modal == nullptr || modal == QApplication::activeWindow());
+    });
+    if (!ready) {
+        ADD_FAILURE() << "no window takes keys";
+        return;
+    }
+    QWidget* active = QApplication::activeWindow();
+    QTest::keyClick(active->windowHandle(), key, modifiers);
+    Settle();
+}
+
+void Type(const QString& text) {
+    for (const QChar character : text) {
+        QWidget* target = QApplication::focusWidget();
+        if (target == nullptr) {
+            ADD_FAILURE() << "nothing has the focus";
+            return;
+        }
+        QKeyEvent press(QEvent::KeyPress, 0, Qt::NoModifier, QString(character));
+        QKeyEvent release(QEvent::KeyRelease, 0, Qt::NoModifier, QString(character));
+        QApplication::sendEvent(target, &press);
+        QApplication::sendEvent(target, &release);
+    }
+    Settle();
+}
+
+MessageBoxes::MessageBoxes() {
+    QObject::connect(&timer_, &QTimer::timeout, [this] { Answer(); });
+    timer_.start(1);
+}
+
+void MessageBoxes::Answer() {
+    auto* box = qobject_cast<QMessageBox*>(QApplication::activeModalWidget());
+    if (box == nullptr || !box->isVisible() || box->property("seen").toBool()) {
+        return;
+    }
+    box->setProperty("seen", true);
+    seen_.push_back({box->windowTitle(), box->text(), box->button(QMessageBox::Ok)->text(), box->icon()});
+    if (OnShow) {
+        OnShow();
+    }
+    QTest::keyClick(box, Qt::Key_Return);
+}
+
+} // namespace window

@@ -1,0 +1,138 @@
+// Plays a user of the desktop program: goes through the wizard, prints the three documents as PDF files and
+// saves a picture of every window. drukkeuring-demo FOLDER [--200]
+#include <QDir>
+#include <QFile>
+#include <QStringList>
+#include <QTemporaryDir>
+
+#include <cstdio>
+#include <cstdlib>
+
+#include "Player.h"
+#include "platform/forms/Session.h"
+#include "platform/qt/QtPlatform.h"
+#include "wizard/AppState.h"
+#include "wizard/frmMain.h"
+
+namespace {
+
+constexpr const char* Wizard = "frmMain";
+constexpr const char* Manager = "frmPrintManager";
+
+struct Document {
+    int Row;
+    const char* Title;
+};
+
+constexpr Document Documents[] = {
+    {0, "Acceptgiroformulieren voor de drukkeuring"},
+    {1, "Namenlijst"},
+    {2, "Instellingen calibratie"},
+};
+
+QString FileOf(const QDir& folder, const Document& document) {
+    return folder.filePath(QString::fromUtf8(document.Title) + QStringLiteral(".pdf"));
+}
+
+// From the settings to the last page, with an account that is refused and the choices that nobody made yet.
+void GoThroughThePages(Player& player) {
+    player.WaitForWindow(Wizard);
+    player.Picture(Wizard, "1-incassant");
+    player.Type(Wizard, "UserText(74)", "123456789");
+    player.Click(Wizard, "Verder");
+    player.AnswerMessage("2-melding-banknummer");
+    player.Type(Wizard, "UserText(74)", "NL13ABNA0500000018");
+    player.Click(Wizard, "Verder");
+    player.Click(Wizard, "Verder");
+    player.AnswerMessage("3-melding-procedure");
+    player.Click(Wizard, "optProcedure(0)");
+    player.Picture(Wizard, "4-procedure");
+    player.Click(Wizard, "Verder");
+    player.Click(Wizard, "optTestpartij(0)");
+    player.Picture(Wizard, "5-omvang");
+    player.Click(Wizard, "Verder");
+    player.Picture(Wizard, "6-afdrukken");
+}
+
+void Print(Player& player, const Document& document, const QString& file) {
+    const bool first = document.Row == 0;
+    player.Click(Wizard, "cmdPrinten");
+    player.WaitForWindow(Manager);
+    if (first) {
+        player.Picture(Manager, "7-afdrukbeheer");
+        player.Click(Manager, "cmdDetails");
+        player.Picture(Manager, "8-afdrukbeheer-details");
+        player.Click(Manager, "cmdDetails");
+    }
+    player.PickRow(Manager, "lstAfdrukken", document.Row);
+    if (first) {
+        player.Picture(Manager, "9-afdrukbeheer-gekozen");
+    }
+    player.Click(Manager, "cmdPrint");
+    player.AnswerFile(file, first ? QStringLiteral("10-bestand") : QString());
+}
+
+bool IsWholePdf(const QString& name) {
+    QFile file(name);
+    if (!file.open(QIODevice::ReadOnly)) {
+        return false;
+    }
+    const QByteArray content = file.readAll();
+    return content.startsWith("%PDF-") && content.trimmed().endsWith("%%EOF");
+}
+
+} // namespace
+
+int main(int argc, char** argv) {
+    QStringList arguments;
+    for (int i = 1; i < argc; ++i) {
+        arguments << QString::fromLocal8Bit(argv[i]);
+    }
+    const bool doubled = arguments.removeAll(QStringLiteral("--200")) > 0;
+    if (arguments.size() != 1 || !QDir().mkpath(arguments[0])) {
+        std::fprintf(stderr, "drukkeuring-demo FOLDER [--200]\n");
+        return 2;
+    }
+    const QDir folder(QDir(arguments[0]).absolutePath());
+
+    // Nothing of the user's own machine: no screen, no settings, no print server.
+    const QTemporaryDir home;
+    QDir(home.path()).mkpath(QStringLiteral("tarvik"));
+    QFile::copy(QStringLiteral(EXAMPLE_SETTINGS), home.filePath(QStringLiteral("tarvik/settings.reg")));
+    qputenv("XDG_CONFIG_HOME", home.path().toLocal8Bit());
+    qputenv("QT_QPA_PLATFORM", "offscreen");
+    qputenv("CUPS_SERVER", "localhost:1");
+    if (doubled) {
+        qputenv("QT_SCALE_FACTOR", "2");
+    }
+
+    platform::qt::QtPlatform platform(argc, argv);
+    wizard::AppState state;
+    forms::Session session(platform.Services().Desktop);
+    wizard::frmMain form(session, platform.Services(), state);
+
+    Player player(folder.path(), doubled ? QStringLiteral("-200") : QString());
+    player.OnFailure = [&] {
+        std::fprintf(stderr, "This step failed: %s\n", player.Failure().c_str());
+        std::_Exit(1); // the step may have left windows that wait
+    };
+    GoThroughThePages(player);
+    for (const Document& document : Documents) {
+        QFile::remove(FileOf(folder, document));
+        Print(player, document, FileOf(folder, document));
+    }
+    player.Picture(Wizard, "11-gereed");
+    player.Close(Wizard);
+    player.Start();
+
+    session.Dispatch([&] { form.Show(); });
+    platform.Run();
+
+    for (const Document& document : Documents) {
+        if (!IsWholePdf(FileOf(folder, document))) {
+            std::fprintf(stderr, "This document is not complete: %s\n", document.Title);
+            return 1;
+        }
+    }
+    return player.Done() ? 0 : 1;
+}
