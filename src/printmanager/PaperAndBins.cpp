@@ -15,6 +15,7 @@ namespace {
 
 /// A list's positions are 16-bit numbers.
 constexpr std::size_t MostEntries = 32767;
+constexpr std::size_t EntriesBehind = 1024;
 constexpr std::size_t PaperNameBytes = 64;
 constexpr std::size_t BinNameBytes = 24;
 
@@ -42,7 +43,7 @@ class Capabilities {
     /// `count` values; `returned` is the number that the driver told with them.
     template <class Value>
     std::vector<Value> Read(std::uint16_t capability, std::size_t count, std::int32_t& returned) const {
-        std::vector<Value> values(MostEntries);
+        std::vector<Value> values(count + EntriesBehind);
         returned = Ask(capability, values.data());
         values.resize(count);
         return values;
@@ -55,7 +56,7 @@ class Capabilities {
         if (told < 0 || static_cast<std::size_t>(told) > count) {
             OutOfRange();
         }
-        std::string text(MostEntries * width, '\0');
+        std::string text((count + EntriesBehind) * width, '\0');
         Ask(capability, text.data());
         std::vector<std::string> names(count);
         for (std::size_t i = 0; i < static_cast<std::size_t>(told); ++i) {

@@ -1,0 +1,127 @@
+#include "ManagerFixture.h"
+
+namespace printmanager {
+
+using testing::ElementsAre;
+using testing::IsEmpty;
+
+namespace {
+
+class CloseTest : public ManagerTest {
+  protected:
+    CloseTest() { InstallTwo(); }
+};
+
+TEST_F(CloseTest, StoresThePrinterSeenFirst) {
+    Open();
+    manager->cboPrinterSelect(0).UserPick(1);
+    EXPECT_EQ(manager->strCurrentPrinter, "Inkt");
+    EXPECT_TRUE(manager->cmdAnnuleren.UserClick());
+    EXPECT_EQ(Stored("CurrentPrinter"), "Laser");
+    EXPECT_EQ(manager->strCurrentPrinter, "Laser");
+}
+
+TEST_F(CloseTest, StoredPrinterStays) {
+    Set("CurrentPrinter", "Inkt");
+    Open();
+    manager->cboPrinterSelect(0).UserPick(0);
+    manager->Unload();
+    EXPECT_EQ(Stored("CurrentPrinter"), "Inkt");
+}
+
+TEST_F(CloseTest, WithoutARememberedPrinterTheSelectedOneIsStored) {
+    Open();
+    manager->RestoreState = {};
+    manager->cboPrinterSelect(0).UserPick(1);
+    manager->RestoreState = {};
+    manager->Unload();
+    EXPECT_EQ(Stored("CurrentPrinter"), "Inkt");
+}
+
+TEST_F(CloseTest, WithoutAnyPrinterNothingIsStored) {
+    Open();
+    manager->RestoreState = {};
+    manager->cboPrinterSelect(0).SetListIndex(-1);
+    manager->Unload();
+    EXPECT_EQ(Stored("CurrentPrinter"), "(missing)");
+}
+
+TEST_F(CloseTest, LeavesTheStateForTheNextOpening) {
+    Open();
+    manager->Unload();
+    EXPECT_FALSE(state.PrintManagerOpen);
+    EXPECT_EQ(state.CallerFormName, "");
+    EXPECT_FALSE(manager->blnClosing);
+    EXPECT_FALSE(manager->tmrSetPaperSize.Enabled());
+    EXPECT_EQ(memory.desktop.LockedWindow(), 0U);
+    Open();
+    EXPECT_EQ(manager->cboPrinterSelect(1).ListCount(), 0); // known from now on, so not loaded
+}
+
+TEST_F(CloseTest, IsRefusedWhileBusy) {
+    Open();
+    manager->blnBusy = true;
+    EXPECT_FALSE(manager->UserClose());
+    manager->cmdAnnuleren.UserClick();
+    EXPECT_TRUE(manager->Visible());
+    EXPECT_FALSE(manager->blnClosing);
+    EXPECT_TRUE(manager->tmrSetPaperSize.Enabled());
+    EXPECT_TRUE(state.PrintManagerOpen);
+}
+
+TEST_F(CloseTest, EscapeCloses) {
+    Open();
+    manager->UserKey(platform::key::Escape);
+    EXPECT_FALSE(manager->Loaded());
+}
+
+TEST_F(CloseTest, NothingElseWorksWhileItRestores) {
+    AddCaller("frmCaller");
+    OpenAndPick();
+    manager->cmdPrintVoorbeeld.UserClick();
+    calls.clear();
+    bool closing = true;
+    memory.desktop.OnYield = [&] {
+        closing = closing && manager->blnClosing;
+        manager->cmdPrint.Press();
+        manager->cmdDetails.Press();
+        manager->cmdAnnuleren.Press();
+        manager->cboPrinterSelect(0).SetListIndex(1);
+    };
+    EXPECT_TRUE(manager->UserClose());
+    EXPECT_TRUE(closing);
+    EXPECT_THAT(calls, IsEmpty());
+    EXPECT_EQ(manager->objPrinter.DeviceName, "Laser");
+}
+
+TEST_F(CloseTest, FailureSkipsTheRestWithoutAMessageAndTheFormCloses) {
+    AddCaller("frmCaller");
+    OpenAndPick();
+    manager->cmdPrintVoorbeeld.UserClick();
+    memory.recorder.Fail("PaperSize");
+    events.clear();
+    EXPECT_TRUE(manager->UserClose());
+    EXPECT_FALSE(manager->Loaded());
+    EXPECT_THAT(Messages(), IsEmpty());
+    EXPECT_THAT(Trace(), testing::Not(testing::Contains("error 380")));
+    EXPECT_THAT(Trace(), testing::Not(testing::Contains("store CurrentPrinter=Laser")));
+    EXPECT_EQ(memory.desktop.LockedWindow(), 0U);
+}
+
+TEST_F(CloseTest, SettingsThatCannotBeWrittenDoNotHoldIt) {
+    memory.registry.RemoveKey(SettingsPath);
+    Open();
+    EXPECT_TRUE(manager->UserClose());
+    EXPECT_FALSE(state.PrintManagerOpen);
+}
+
+TEST_F(CloseTest, ModalShowEndsWithIt) {
+    manager = std::make_unique<frmPrintManager>(session, memory.Services(), state);
+    events.clear();
+    manager->ShowModal();
+    EXPECT_THAT(Traced({events.back()}), ElementsAre("unload frmPrintManager"));
+    EXPECT_FALSE(manager->Loaded());
+}
+
+} // namespace
+} // namespace printmanager

@@ -1,0 +1,158 @@
+#include "printmanager/PrinterInfo.h"
+
+#include "ManagerFixture.h"
+#include "StubSpooler.h"
+#include "printmanager/PrinterStatus.h"
+
+namespace printmanager {
+
+using testing::ElementsAre;
+
+namespace {
+
+class PrinterInfoTest : public ManagerTest {
+  protected:
+    PrinterInfoTest() { Install("Laser"); }
+    platform::PrintQueue& Laser() { return *memory.printers.Find("Laser"); }
+    bool Ask() { return GetPrinterInfo(memory.spooler, "Laser", info); }
+
+    PrinterInfo info;
+};
+
+TEST_F(PrinterInfoTest, TellsNamePortCommentAndStatus) {
+    Laser().Comment = "Derde verdieping, één hoog";
+    EXPECT_TRUE(Ask());
+    EXPECT_EQ(info.Name, "Laser");
+    EXPECT_EQ(info.Port, "Laser:");
+    EXPECT_EQ(info.Comment, "Derde verdieping, één hoog");
+    EXPECT_EQ(info.Status, "Ready");
+}
+
+TEST_F(PrinterInfoTest, LeavesThePrinterOpen) {
+    EXPECT_THAT(TraceOf([&] { Ask(); }), ElementsAre("open Laser", "info size", "info"));
+    EXPECT_EQ(memory.spooler.OpenHandles(), 1U);
+}
+
+TEST_F(PrinterInfoTest, FalseWithoutAConnection) {
+    Laser().Reachable = false;
+    info.Name = "oud";
+    EXPECT_FALSE(Ask());
+    EXPECT_EQ(info.Name, "");
+}
+
+TEST_F(PrinterInfoTest, TrueWithoutTextsWhereThereIsNoData) {
+    memory.recorder.Fail("GetPrinterA", 1);
+    EXPECT_TRUE(Ask());
+    EXPECT_EQ(info.Name + info.Port + info.Comment + info.Status, "");
+}
+
+TEST_F(PrinterInfoTest, CommentIsCutAt128Bytes) {
+    Laser().Comment = std::string(128, 'a');
+    Ask();
+    EXPECT_EQ(info.Comment.size(), 128U);
+    Laser().Comment = std::string(129, 'a');
+    Ask();
+    EXPECT_EQ(info.Comment.size(), 128U);
+}
+
+TEST_F(PrinterInfoTest, AnyStatusBitLeavesTheStatusEmpty) {
+    for (const std::uint32_t status : {1U, 128U, 32768U, 4194304U, 0x7FFFFFFFU}) {
+        Laser().Status = status;
+        Ask();
+        EXPECT_EQ(info.Status, "") << status;
+    }
+    Laser().Status = 0x80000000U;
+    Ask();
+    EXPECT_EQ(info.Status, "Ready");
+}
+
+TEST(PrinterStatus, TextIsReadyOrEmpty) {
+    std::string text = "oud";
+    PrinterStatusText(text, 0);
+    EXPECT_EQ(text, "Ready");
+    PrinterStatusText(text, 1);
+    EXPECT_EQ(text, "");
+    PrinterStatusText(text, -5);
+    EXPECT_EQ(text, "Ready");
+}
+
+struct StatusRow {
+    std::int32_t Value;
+    const char* Name;
+};
+
+class StatusNameTest : public testing::TestWithParam<StatusRow> {};
+
+TEST_P(StatusNameTest, BitHasItsName) {
+    EXPECT_EQ(StatusNames(GetParam().Value), std::string("\r\n") + GetParam().Name);
+}
+
+INSTANTIATE_TEST_SUITE_P(Reached, StatusNameTest,
+                         testing::Values(StatusRow{1, "Paused"}, StatusRow{2, "Error"},
+                                         StatusRow{4, "Pending Deletion"}, StatusRow{8, "Paper Jam"},
+                                         StatusRow{16, "Paper Out"}, StatusRow{32, "Manual Feed"},
+                                         StatusRow{64, "Paper Problem"}, StatusRow{128, "Offline"},
+                                         StatusRow{256, "IO Active"}, StatusRow{512, "Busy"},
+                                         StatusRow{1024, "Printing"}, StatusRow{2048, "Output Bin Full"},
+                                         StatusRow{4096, "Not Available"}, StatusRow{8192, "Waiting"},
+                                         StatusRow{16384, "Processing"}));
+
+TEST(PrinterStatus, BitsFromFifteenOnHaveNoName) {
+    for (int bit = 15; bit < 31; ++bit) {
+        EXPECT_EQ(StatusNames(1 << bit), "") << bit;
+    }
+}
+
+TEST(PrinterStatus, NamesStandInTheOrderOfTheirBits) {
+    EXPECT_EQ(StatusNames(128 + 1 + 65536), "\r\nPaused\r\nOffline");
+}
+
+TEST(PointerToString, ReadsUpToTheFirstNulWithinTheLimit) {
+    const std::string text("abc\0def", 7);
+    const std::span<const std::byte> data = std::as_bytes(std::span(text));
+    EXPECT_EQ(PointerToString(text.data(), 128, data), "abc");
+    EXPECT_EQ(PointerToString(text.data(), 2, data), "ab");
+    EXPECT_EQ(PointerToString(text.data() + 4, 128, data), "def");
+}
+
+TEST(PointerToString, PointerThatCannotBeReadIsTheEmptyText) {
+    const std::string text = "abc";
+    const std::span<const std::byte> data = std::as_bytes(std::span(text));
+    EXPECT_EQ(PointerToString(nullptr, 128, data), "");
+    EXPECT_EQ(PointerToString(text.data() + 3, 128, data), "");
+    EXPECT_EQ(PointerToString(text.data() - 1, 128, data), "");
+    EXPECT_EQ(PointerToString(reinterpret_cast<const char*>(std::uintptr_t{8}), 128, data), "");
+}
+
+TEST(HostilePrinterInfo, PointersOutsideTheDataAndHugeSizesDoNoHarm) {
+    StubSpooler stub;
+    PrinterInfo info;
+    stub.Info.pPrinterName = reinterpret_cast<char*>(std::uintptr_t{16});
+    stub.Info.pComment = reinterpret_cast<char*>(~std::uintptr_t{0});
+    EXPECT_TRUE(GetPrinterInfo(stub, "Laser", info));
+    EXPECT_EQ(info.Name + info.Comment, "");
+    stub.InfoSize = 0x80000000U;
+    EXPECT_FALSE(GetPrinterInfo(stub, "Laser", info));
+    stub.InfoSize = 1;
+    EXPECT_TRUE(GetPrinterInfo(stub, "Laser", info));
+}
+
+TEST(HostilePrinterInfo, TextWithoutNulEndsWithTheData) {
+    StubSpooler stub;
+    PrinterInfo info;
+    stub.InfoText = std::string(128, 'z'); // as many bytes as stand behind the record
+    EXPECT_TRUE(GetPrinterInfo(stub, "Laser", info));
+    EXPECT_EQ(info.Comment, std::string(128, 'z'));
+}
+
+TEST(HostilePrinterInfo, FailedReadLeavesTheTextsEmpty) {
+    StubSpooler stub;
+    PrinterInfo info;
+    stub.InfoText = "x";
+    stub.InfoResult = false;
+    EXPECT_TRUE(GetPrinterInfo(stub, "Laser", info));
+    EXPECT_EQ(info.Name + info.Status, "");
+}
+
+} // namespace
+} // namespace printmanager

@@ -1,0 +1,105 @@
+#pragma once
+
+#include <cstring>
+#include <map>
+#include <string>
+#include <vector>
+
+#include "platform/Spooler.h"
+
+namespace printmanager {
+
+/// A spooler that answers whatever a test tells it to, sense or nonsense, and lists the calls.
+class StubSpooler : public platform::Spooler {
+  public:
+    platform::PrinterHandle Handle = 1;
+    std::int32_t DevModeSize = sizeof(platform::DEVMODE);
+    std::int32_t FetchResult = 1;
+    std::int32_t MergeResult = 1;
+    platform::DEVMODE Mode = WithAllFields();
+    platform::DEVMODE Merged{};
+    std::uint32_t InfoSize = sizeof(platform::PRINTER_INFO_2);
+    bool InfoResult = true;
+    platform::PRINTER_INFO_2 Info{};
+    /// Text of Info, put behind the record in the caller's buffer as name, port and comment.
+    std::string InfoText;
+    platform::PRINTER_INFO_2 Written{};
+    platform::DEVMODE WrittenMode{};
+    /// By capability: the number answered without and with a buffer, and the bytes that go into it.
+    struct Capability {
+        std::int32_t Count = -1;
+        std::int32_t Told = -1;
+        std::string Bytes;
+    };
+    std::map<int, Capability> Capabilities;
+    std::vector<std::string> Calls;
+
+    bool OpenPrinterA(const std::string& /*printer*/, platform::PrinterHandle& handle,
+                      const platform::PRINTER_DEFAULTS& /*defaults*/) override {
+        Calls.emplace_back("open");
+        handle = Handle;
+        return true;
+    }
+    bool ClosePrinter(platform::PrinterHandle /*handle*/) override {
+        Calls.emplace_back("close");
+        return true;
+    }
+    std::int32_t DocumentPropertiesA(platform::PrinterHandle /*handle*/, const std::string& /*printer*/,
+                                     void* output, const void* input, std::uint32_t mode) override {
+        if (mode == 0) {
+            Calls.emplace_back("size");
+            return DevModeSize;
+        }
+        if (mode == platform::DM_OUT_BUFFER) {
+            Calls.emplace_back("fetch");
+            if (FetchResult >= 0) {
+                std::memcpy(output, &Mode, sizeof Mode);
+            }
+            return FetchResult;
+        }
+        Calls.emplace_back("merge");
+        std::memcpy(&Merged, input, sizeof Merged);
+        return MergeResult;
+    }
+    bool GetPrinterA(platform::PrinterHandle /*handle*/, std::uint32_t /*level*/, void* buffer,
+                     std::uint32_t size, std::uint32_t& needed) override {
+        Calls.emplace_back(size == 0 ? "info size" : "info");
+        needed = InfoSize;
+        if (size == 0 || !InfoResult) {
+            return false;
+        }
+        char* text = static_cast<char*>(buffer) + sizeof Info;
+        if (!InfoText.empty()) {
+            std::memcpy(text, InfoText.data(), InfoText.size());
+            Info.pPrinterName = Info.pPortName = Info.pComment = text;
+        }
+        std::memcpy(buffer, &Info, sizeof Info);
+        return true;
+    }
+    bool SetPrinterA(platform::PrinterHandle /*handle*/, std::uint32_t /*level*/, const void* buffer,
+                     std::uint32_t /*command*/) override {
+        Calls.emplace_back("set");
+        std::memcpy(&Written, buffer, sizeof Written);
+        std::memcpy(&WrittenMode, Written.pDevMode, sizeof WrittenMode);
+        return true;
+    }
+    std::int32_t DeviceCapabilitiesA(const std::string& /*printer*/, const std::string& /*port*/,
+                                     std::uint16_t capability, void* output) override {
+        Calls.push_back("caps " + std::to_string(capability));
+        const Capability& answer = Capabilities[capability];
+        if (output == nullptr) {
+            return answer.Count;
+        }
+        std::memcpy(output, answer.Bytes.data(), answer.Bytes.size());
+        return answer.Told;
+    }
+
+  private:
+    static platform::DEVMODE WithAllFields() {
+        platform::DEVMODE mode{};
+        mode.dmFields = 0xFFFFFFFFU;
+        return mode;
+    }
+};
+
+} // namespace printmanager
