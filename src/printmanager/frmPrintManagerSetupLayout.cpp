@@ -1,5 +1,6 @@
 // What the form for the initialisation time looks like; twips.
 
+#include "platform/forms/FormPeer.h"
 #include "printmanager/frmPrintManagerSetup.h"
 
 namespace printmanager {
@@ -20,7 +21,7 @@ constexpr double ButtonHeight = 390;
 
 void frmPrintManagerSetup::LayOut() {
     SetCaption("Printer initialisatie");
-    Resize(ClientWidth, ClientHeight);
+    Resize(ClientWidth, ClientHeight + forms::TitleBarHeight);
 
     struct Place {
         forms::Control& Control;

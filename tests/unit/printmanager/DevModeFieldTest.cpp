@@ -99,9 +99,7 @@ TEST_F(DevModeFieldTest, WritingStopsWhereTheSpoolerKnowsNoData) {
 class StubbedDevModeTest : public ManagerTest {
   protected:
     StubSpooler stub;
-    platform::Platform services{
-        memory.desktop, memory.registry, memory.locale,  memory.clock,   memory.random,
-        stub,           memory.printers, memory.printer, memory.bitmaps, memory.desktop.Windows()};
+    platform::Platform services = WithSpooler(memory.Services(), stub);
 
     std::int16_t Put(std::int16_t value) {
         return SetDevModeField(services, "Laser", platform::DM_PAPERSIZE, value);

@@ -1,4 +1,5 @@
 #include "ManagerFixture.h"
+#include "platform/forms/FormPeer.h"
 #include "printmanager/frmPrintManagerSetup.h"
 
 namespace printmanager {
@@ -143,7 +144,7 @@ TEST_F(LayoutTest, SetupFormHoldsTogether) {
     frmPrintManagerSetup setup(session, memory.Services(), state);
     setup.Show();
     EXPECT_EQ(setup.Width(), 6240);
-    EXPECT_EQ(setup.Height(), 2670);
+    EXPECT_EQ(setup.Height() - forms::TitleBarHeight, 2670);
     EXPECT_THAT(Overlaps(setup), IsEmpty());
     EXPECT_THAT(StickingOut(setup, 2670), IsEmpty());
 }

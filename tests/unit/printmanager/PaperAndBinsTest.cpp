@@ -109,9 +109,7 @@ class StubbedListsTest : public ManagerTest {
     std::int16_t Ask() { return GetPaperAndBins(services, "Laser", lists); }
 
     StubSpooler stub;
-    platform::Platform services{
-        memory.desktop, memory.registry, memory.locale,  memory.clock,   memory.random,
-        stub,           memory.printers, memory.printer, memory.bitmaps, memory.desktop.Windows()};
+    platform::Platform services = WithSpooler(memory.Services(), stub);
     PaperAndBins lists;
 };
 

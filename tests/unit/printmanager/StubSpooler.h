@@ -5,6 +5,7 @@
 #include <string>
 #include <vector>
 
+#include "platform/Platform.h"
 #include "platform/Spooler.h"
 
 namespace printmanager {
@@ -101,5 +102,19 @@ class StubSpooler : public platform::Spooler {
         return mode;
     }
 };
+
+/// A platform with this spooler in the place of its own.
+inline platform::Platform WithSpooler(const platform::Platform& base, platform::Spooler& spooler) {
+    return {.Desktop = base.Desktop,
+            .Registry = base.Registry,
+            .Locale = base.Locale,
+            .Clock = base.Clock,
+            .Random = base.Random,
+            .Spooler = spooler,
+            .Printers = base.Printers,
+            .Printer = base.Printer,
+            .Bitmaps = base.Bitmaps,
+            .WindowProcedures = base.WindowProcedures};
+}
 
 } // namespace printmanager
