@@ -1,0 +1,83 @@
+#pragma once
+
+#include <cstdint>
+#include <functional>
+#include <string>
+#include <vector>
+
+#include "composition/OpenPrinter.h"
+#include "composition/PrintSurface.h"
+#include "composition/RunHost.h"
+#include "platform/Numbers.h"
+#include "platform/Platform.h"
+#include "support/FakeCanvas.h"
+#include "wizard/AppState.h"
+
+namespace support {
+
+/// A page of the preview that keeps what is drawn on it.
+class FakePreviewSurface final : public composition::PrintSurface {
+  public:
+    FakePreviewSurface() : PrintSurface(drawing) {}
+
+    platform::DrawingState drawing;
+    FakeCanvas canvas;
+
+  protected:
+    platform::Canvas& Page() override { return canvas; }
+};
+
+/// The forms around a run, as a list of what was asked of them.
+class FakeRunHost final : public composition::RunHost {
+  public:
+    FakeRunHost(wizard::AppState& state, platform::Platform& platform)
+        : printer(platform.Printer), state_(state), platform_(platform) {}
+
+    std::string count = "1";
+    std::vector<std::string> asked;
+    std::vector<int> percentages;
+    composition::PrinterSurface printer;
+    FakePreviewSurface preview;
+    /// Called for each entry of `asked`.
+    std::function<void(const std::string& call)> OnCall;
+
+    std::string CountText() override { return count; }
+    void SetCountText(const std::string& text) override { count = text; }
+    void LaadInstellingen() override { Note("LaadInstellingen"); }
+    void UpdatePercentage(std::int16_t iNewPerc) override {
+        percentages.push_back(iNewPerc);
+        Note("UpdatePercentage " + std::to_string(iNewPerc));
+    }
+    void OpenPrinter() override {
+        Note("OpenPrinter");
+        composition::OpenPrinter(state_, platform_, printer);
+    }
+    void OpenPreview(std::int16_t fase) override {
+        Note("OpenPreview " + std::to_string(fase));
+        if (fase != 0) {
+            state_.Surface = nullptr;
+            return;
+        }
+        composition::OpenPrinter(state_, platform_, printer);
+        state_.Surface = &preview;
+        preview.SetFont(state_.ListFontName);
+        preview.SetFontSize(8);
+        state_.LineHeight = platform::ToInt32(preview.TextHeight("X"));
+    }
+    void ShowPreview() override { Note("ShowPreview"); }
+    void HourglassOn() override { Note("HourglassOn"); }
+    void HourglassOff() override { Note("HourglassOff"); }
+
+  private:
+    void Note(const std::string& call) {
+        asked.push_back(call);
+        if (OnCall) {
+            OnCall(call);
+        }
+    }
+
+    wizard::AppState& state_;
+    platform::Platform& platform_;
+};
+
+} // namespace support

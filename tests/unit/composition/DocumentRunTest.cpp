@@ -1,0 +1,173 @@
+#include "composition/DocumentRun.h"
+
+#include "CompositionTest.h"
+
+namespace composition {
+
+using testing::Contains;
+using testing::ElementsAre;
+using testing::IsEmpty;
+using testing::Not;
+
+class DocumentRunTest : public CompositionTest {
+  protected:
+    DocumentRunTest() {
+        state.Surface = nullptr;
+        printer.Drawing.Font.Size = 12;
+    }
+    void Print(std::int16_t iMethod, std::int16_t copies = 1) {
+        Afdrukken(state, services, host, iMethod, copies, false);
+    }
+    void Preview(std::int16_t iMethod) { Afdrukken(state, services, host, iMethod, 1, true); }
+    std::vector<support::DrawnText>& Shown() { return host.preview.canvas.texts; }
+};
+
+TEST_F(DocumentRunTest, FrameOfAPrint) {
+    Print(1);
+    EXPECT_THAT(host.asked, ElementsAre("HourglassOn", "LaadInstellingen", "OpenPrinter",
+                                        "UpdatePercentage 100", "UpdatePercentage 100", "HourglassOff"));
+    EXPECT_EQ(printer.canvas.documents, 1);
+    EXPECT_EQ(state.Surface, &host.printer);
+    EXPECT_EQ(printer.Drawing.Font.Size, 8);
+}
+
+TEST_F(DocumentRunTest, FrameOfAPreview) {
+    std::size_t pagesAtShow = 0;
+    host.OnCall = [&](const std::string& call) {
+        if (call == "ShowPreview") {
+            pagesAtShow = static_cast<std::size_t>(host.preview.canvas.documents);
+            EXPECT_EQ(state.Surface, &host.preview);
+        }
+    };
+    Preview(1);
+    EXPECT_THAT(host.asked,
+                ElementsAre("HourglassOn", "LaadInstellingen", "OpenPreview 0", "UpdatePercentage 100",
+                            "UpdatePercentage 100", "ShowPreview", "OpenPreview 1", "HourglassOff"));
+    EXPECT_EQ(pagesAtShow, 1U); // the document has ended before it is shown
+    EXPECT_EQ(printer.canvas.documents, 0);
+    EXPECT_THAT(Texts(), IsEmpty());
+    EXPECT_FALSE(Shown().empty());
+    EXPECT_EQ(state.Surface, nullptr);
+}
+
+TEST_F(DocumentRunTest, ListsTakeTheFontOfTheSurface) {
+    Print(2);
+    EXPECT_EQ(Texts().front().font, "Printer");
+    EXPECT_EQ(Texts().front().size, 8);
+    EXPECT_THAT(host.percentages, ElementsAre(100));
+    Preview(2);
+    EXPECT_EQ(Shown().front().font, "Tahoma");
+    EXPECT_EQ(Shown().front().size, 8);
+}
+
+TEST_F(DocumentRunTest, ListIsTheSameForEveryCountAndCopies) {
+    host.count = "5";
+    Print(2);
+    const std::vector<std::string> first = Words();
+    Texts().clear();
+    host.count = "250";
+    Print(2, 3);
+    EXPECT_EQ(Words(), first);
+}
+
+TEST_F(DocumentRunTest, ReportIsOneDocument) {
+    Print(3, 4);
+    EXPECT_EQ(Texts().front().text, "Instellingen calibratie acceptgiro in millimeters");
+    EXPECT_EQ(printer.canvas.documents, 1);
+    EXPECT_THAT(host.percentages, ElementsAre(100));
+}
+
+TEST_F(DocumentRunTest, SettingsAreReadBeforeTheDocument) {
+    host.OnCall = [&](const std::string& call) {
+        if (call == "LaadInstellingen") {
+            state.AcceptgiroType = 3;
+            state.GMUContractVorm = 34;
+        }
+    };
+    Print(3);
+    EXPECT_TRUE(IsDrawn("Acceptgiro onder brief, smalle souche"));
+    EXPECT_TRUE(IsDrawn("C-contract - Voorbedrukte acceptgiro, rekeningnr. incassant afdrukken."));
+}
+
+TEST_F(DocumentRunTest, AnyOtherNumberIsAnEmptyDocument) {
+    for (const std::int16_t iMethod : Numbers{4, 0, -1, 32767}) {
+        printer.canvas.documents = 0;
+        Print(iMethod);
+        EXPECT_THAT(Texts(), IsEmpty());
+        EXPECT_EQ(printer.canvas.documents, 1);
+        EXPECT_EQ(host.percentages.back(), 100);
+    }
+}
+
+TEST_F(DocumentRunTest, EmptyCountIsOne) {
+    host.count = "";
+    Print(1);
+    EXPECT_EQ(host.count, "1");
+    EXPECT_THAT(host.percentages, ElementsAre(100, 100));
+}
+
+TEST_F(DocumentRunTest, CountIsTheValueOfItsText) {
+    const std::pair<const char*, std::size_t> rows[] = {{"2", 2},   {" 3 ", 3}, {"2,9", 2},
+                                                        {"1.5", 2}, {"2.5", 2}, {"abc", 0},
+                                                        {"0", 0},   {"-4", 0},  {"99999999999", 0}};
+    for (const auto& [text, forms] : rows) {
+        host.count = text;
+        host.percentages.clear();
+        Print(1);
+        EXPECT_EQ(host.percentages.size(), forms + 1) << text; // one more at the end
+    }
+}
+
+TEST_F(DocumentRunTest, CopiesReachTheForms) {
+    host.count = "2";
+    Print(1, 3);
+    EXPECT_EQ(printer.canvas.pages, 2);
+}
+
+TEST_F(DocumentRunTest, FormsStandAtTheCornerOfThePaper) {
+    state.PhysicalOffsetX = 233;
+    state.PhysicalOffsetY = 200;
+    Print(1);
+    EXPECT_DOUBLE_EQ(Drawn("X").x, 3.2 * 567 - 233);
+    EXPECT_DOUBLE_EQ(Drawn("X").y, 8.975 * 567 - 200);
+}
+
+TEST_F(DocumentRunTest, PaperIsForcedOnAPrinterAlone) {
+    state.OverrulePaperSize = true;
+    Print(4);
+    EXPECT_THAT(printer.papers, ElementsAre(5));
+    Preview(4);
+    state.MatrixPrinter = true;
+    Print(4);
+    state.MatrixPrinter = false;
+    state.OverrulePaperSize = false;
+    Print(4);
+    EXPECT_EQ(printer.papers.size(), 1U);
+}
+
+TEST_F(DocumentRunTest, PreviewAndPrintHaveTheSamePersonsAndOtherValues) {
+    host.count = "3";
+    Preview(1);
+    Print(1);
+    ASSERT_EQ(Shown().size(), Texts().size());
+    std::size_t different = 0;
+    for (std::size_t i = 0; i < Texts().size(); ++i) {
+        different += Shown()[i].text != Texts()[i].text ? 1U : 0U;
+    }
+    EXPECT_GT(different, 0U);
+    for (const int row : {0, 1, 2}) {
+        EXPECT_TRUE(IsDrawn(std::string(testdata::PersonTable()[row].substr(88, 50))));
+    }
+}
+
+TEST_F(DocumentRunTest, MachineWithoutAPrinterComesToItsEnd) {
+    printers.count = 0;
+    for (const std::int16_t iMethod : Numbers{1, 2, 3}) {
+        Print(iMethod);
+    }
+    EXPECT_EQ(printer.canvas.calls, 0);
+    EXPECT_EQ(state.Surface, nullptr);
+    EXPECT_EQ(host.asked.back(), "HourglassOff");
+}
+
+} // namespace composition

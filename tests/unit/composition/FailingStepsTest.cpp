@@ -1,0 +1,192 @@
+// A machine that fails in the middle of a job: the job comes to its end, nothing crashes, and what can be
+// drawn is drawn.
+#include "CompositionTest.h"
+#include "composition/DocumentRun.h"
+
+namespace composition {
+
+using testing::Contains;
+
+class FailingStepsTest : public CompositionTest {
+  protected:
+    static constexpr double ocrLineY = 8.975 * 567;
+
+    void Print(std::int16_t iMethod) { Afdrukken(state, services, host, iMethod, 1, false); }
+    void Restart() {
+        printer.canvas = {};
+        printer.Drawing = {0, 0, {"Printer", 12, false}};
+        host.asked.clear();
+        host.percentages.clear();
+    }
+    void ExpectEnd() { EXPECT_EQ(host.asked.back(), "HourglassOff"); }
+};
+
+TEST_F(FailingStepsTest, CanvasThatFailsAtEveryCall) {
+    host.count = "5";
+    for (const std::int16_t type : Numbers{0, 1, 2, 3}) {
+        state.AcceptgiroType = type;
+        for (const std::int16_t iMethod : Numbers{1, 2, 3}) {
+            Restart();
+            printer.canvas.Fails = [](int) { return true; };
+            Print(iMethod);
+            ExpectEnd();
+            EXPECT_TRUE(Texts().empty());
+            EXPECT_EQ(host.percentages.back(), 100);
+        }
+    }
+}
+
+TEST_F(FailingStepsTest, PrinterThatIsGoneForEveryCall) {
+    host.count = "2";
+    printer.failures = {{"Page", {482, ""}}, {"ScaleLeft", {482, ""}}, {"ScaleTop", {482, ""}}};
+    state.OverrulePaperSize = true;
+    printer.failures["PaperSize"] = {380, ""};
+    for (const std::int16_t iMethod : Numbers{1, 2, 3}) {
+        Print(iMethod);
+        ExpectEnd();
+    }
+    EXPECT_EQ(memory.desktop.Messages().size(), 6U); // two of each opening, and none besides
+}
+
+TEST_F(FailingStepsTest, FormsKeepTheirPlacesWhicheverCallFails) {
+    host.count = "4";
+    Print(1);
+    const int calls = printer.canvas.calls;
+    for (int failing = 1; failing <= calls; ++failing) {
+        Restart();
+        printer.canvas.Fails = [failing](int call) { return call == failing; };
+        Print(1);
+        ExpectEnd();
+        EXPECT_EQ(host.percentages.size(), 5U);
+        // The forms that were not hit stand where they always do; at most one mark is missing.
+        std::vector<support::DrawnText> marks;
+        std::copy_if(Texts().begin(), Texts().end(), std::back_inserter(marks),
+                     [](const support::DrawnText& drawn) { return drawn.text == "X"; });
+        ASSERT_GE(marks.size(), 3U) << failing;
+        const double places[] = {0, 5760, 11520};
+        for (const support::DrawnText& mark : marks) {
+            const double top = mark.y - ocrLineY;
+            EXPECT_THAT(places, Contains(testing::DoubleNear(top, 0.01))) << failing;
+        }
+    }
+}
+
+TEST_F(FailingStepsTest, RoutineThatFailsEndsAndTheNextOneRuns) {
+    // The first drawing of a form is the payer's: the rest of that routine is lost, creditor and OCR line are
+    // not.
+    bool failed = false;
+    printer.canvas.Fails = [&](int) {
+        const bool now = !failed && printer.canvas.texts.empty() && printer.Drawing.Font.Size == 9;
+        failed = failed || now;
+        return now;
+    };
+    Print(1);
+    EXPECT_FALSE(IsDrawn("DRUKKEURING "));
+    EXPECT_TRUE(IsDrawn("Stichting Proef"));
+    EXPECT_TRUE(IsDrawn("17>"));
+}
+
+TEST_F(FailingStepsTest, ListsLoseOneStepAlone) {
+    for (const std::int16_t iMethod : Numbers{2, 3}) {
+        Restart();
+        Print(iMethod);
+        const std::size_t all = Texts().size();
+        const int calls = printer.canvas.calls;
+        for (int failing = 1; failing <= calls; failing += iMethod == 2 ? 97 : 1) {
+            Restart();
+            printer.canvas.Fails = [failing](int call) { return call == failing; };
+            Print(iMethod);
+            ExpectEnd();
+            EXPECT_GE(Texts().size() + 1, all) << failing;
+        }
+    }
+}
+
+TEST_F(FailingStepsTest, PageBreakThatFailsIsNotTriedAgain) {
+    host.count = "4";
+    class BreakFails final : public PrintSurface {
+      public:
+        explicit BreakFails(platform::DrawingState& drawing, platform::Canvas& canvas)
+            : PrintSurface(drawing), canvas_(canvas) {}
+        void Newpage() override {
+            ++breaks;
+            throw platform::RuntimeError(482, "");
+        }
+        int breaks = 0;
+
+      protected:
+        platform::Canvas& Page() override { return canvas_; }
+
+      private:
+        platform::Canvas& canvas_;
+    } surface(printer.Drawing, printer.canvas);
+    host.OnCall = [&](const std::string& call) {
+        if (call == "UpdatePercentage 25") {
+            state.Surface = &surface;
+        }
+    };
+    Print(1);
+    EXPECT_EQ(surface.breaks, 1);
+    EXPECT_EQ(host.percentages.size(), 5U);
+}
+
+TEST_F(FailingStepsTest, FormsAroundTheRunMayFail) {
+    for (const char* failing : {"OpenPrinter", "UpdatePercentage 100", "HourglassOff"}) {
+        Restart();
+        host.OnCall = [failing](const std::string& call) {
+            if (call == failing) {
+                throw platform::RuntimeError(5, "");
+            }
+        };
+        Print(1);
+        ExpectEnd();
+    }
+    for (const char* failing : {"OpenPreview 0", "ShowPreview", "OpenPreview 1"}) {
+        host.OnCall = [failing](const std::string& call) {
+            if (call == failing) {
+                throw platform::RuntimeError(5, "");
+            }
+        };
+        Afdrukken(state, services, host, 1, 1, true);
+        ExpectEnd();
+    }
+}
+
+TEST_F(FailingStepsTest, HostileStateComesToItsEnd) {
+    const std::string garbage("\xff\xfe\0\r\n\t ,.-+e99", 15);
+    state.GMUFontName = garbage;
+    state.GMUFontSize = garbage;
+    state.GMUServiceNr = garbage;
+    state.GMUCode = garbage;
+    state.IncassantBankGiro = state.IncassantPostCode = state.IncassantAdres = garbage;
+    state.IncassantBegunstigde = std::string(3000, '\xe9');
+    state.IncassantWoonplaats = std::string(3000, 'W');
+    state.OCRLinks.fill(garbage);
+    state.OCRTop.fill("2147483647");
+    state.AcceptGiroLinks.fill("-37000000");
+    state.AcceptGiroTop.fill("37000000");
+    state.AcceptGiroNAWLinks.fill(std::string(5000, '9'));
+    state.AcceptGiroBGAcceptLinks.fill("37870000");
+    state.AcceptGiroBGSoucheLinks.fill("37870000");
+    memory.registry.SetText(settingsKey, "AcceptFontSizeNAW1", garbage);
+    memory.registry.SetText(settingsKey, "AcceptFontSizeNAW2", "1e400");
+    host.count = "3";
+    constexpr std::int32_t least = std::numeric_limits<std::int32_t>::min();
+    constexpr std::int32_t most = std::numeric_limits<std::int32_t>::max();
+    for (const std::int32_t number : {least, -1, 0, most}) {
+        state.PhysicalOffsetX = state.PhysicalOffsetY = number;
+        state.LeftMargin = number;
+        state.PageWidth = state.PageHeight = state.LineHeight = number;
+        state.GMUContractVorm = 32;
+        for (const std::int16_t type : Numbers{0, 1, 2, 3}) {
+            state.AcceptgiroType = type;
+            for (const std::int16_t iMethod : Numbers{1, 2, 3}) {
+                Print(iMethod);
+                Afdrukken(state, services, host, iMethod, 1, true);
+                ExpectEnd();
+            }
+        }
+    }
+}
+
+} // namespace composition
