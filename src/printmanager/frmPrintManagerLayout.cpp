@@ -95,7 +95,7 @@ void PlaceControls(frmPrintManager& form) {
         {form.lblPrinterSelect(5), PanelFieldLeft, 615, PanelFieldWidth, LabelHeight},
         {form.lblPrinterSelect(3), 0, 900, 1530, LabelHeight},
         {form.lblPrinterSelect(7), PanelFieldLeft, 900, PanelFieldWidth, LabelHeight},
-        {form.lblPrinterSelect(4), 0, 1185, 1530, LabelHeight},
+        {form.lblPrinterSelect(4), 0, 1185, 1530, 2 * LabelHeight},
         {form.lblPrinterSelect(8), PanelFieldLeft, 1185, PanelFieldWidth, 2 * LabelHeight},
         {form.Label8, 0, 1905, 2340, LabelHeight},
         {form.cboPrinterSelect(3), PanelBoxLeft, 1860, PanelBoxWidth, BoxHeight},

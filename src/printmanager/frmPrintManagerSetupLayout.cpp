@@ -14,7 +14,7 @@ constexpr double HeadingHeight = 480;
 constexpr double FieldLeft = 3600;
 constexpr double LabelHeight = 240;
 constexpr double BoxHeight = 330;
-constexpr double ButtonTop = 2130;
+constexpr double ButtonTop = 2145;
 constexpr double ButtonHeight = 390;
 
 } // namespace
@@ -33,12 +33,12 @@ void frmPrintManagerSetup::LayOut() {
     const Place places[] = {
         {Picture1, 0, 0, ClientWidth, HeadingHeight},
         {Label1, Margin, 120, ClientWidth - 2 * Margin, LabelHeight},
-        {Label2, Margin, 585, ClientWidth - 2 * Margin, 3 * LabelHeight},
-        {Label3, Margin, 1395, 3300, LabelHeight},
-        {UserText(1), FieldLeft, 1350, 1080, BoxHeight},
-        {Label4, Margin, 1770, 3300, LabelHeight},
-        {UserText(0), FieldLeft, 1725, 1080, BoxHeight},
-        {UpDown, FieldLeft + 1080, 1725, 255, BoxHeight},
+        {Label2, Margin, 555, ClientWidth - 2 * Margin, 3 * LabelHeight},
+        {Label3, Margin, 1320, 3300, LabelHeight},
+        {UserText(1), FieldLeft, 1275, 1080, BoxHeight},
+        {Label4, Margin, 1695, 3300, LabelHeight},
+        {UserText(0), FieldLeft, 1650, 1080, BoxHeight},
+        {UpDown, FieldLeft + 1080, 1650, 255, BoxHeight},
         {cmdOK, 3240, ButtonTop, 1350, ButtonHeight},
         {cmdClose, 4710, ButtonTop, 1350, ButtonHeight},
     };
