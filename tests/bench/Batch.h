@@ -1,0 +1,57 @@
+#pragma once
+
+#include "composition/DocumentRun.h"
+#include "composition/PrinterMeasures.h"
+#include "platform/Printer.h"
+#include "platform/SeededRandom.h"
+#include "platform/memory/MemoryPlatform.h"
+#include "support/FakeRunHost.h"
+#include "testdata/Tables.h"
+#include "wizard/AppState.h"
+
+#include <string>
+
+namespace bench {
+
+/// A batch of test forms with a narrow stub and everything on it that a contract can ask for, on any printer.
+class Batch {
+  public:
+    Batch(platform::Printers& printers, platform::Printer& printer)
+        : services_{memory_.desktop, memory_.registry,         memory_.locale, memory_.clock,
+                    chance_,         memory_.spooler,          printers,       printer,
+                    memory_.bitmaps, memory_.desktop.Windows()} {
+        state_.SettingsKey = "Software\\Ondor\\Tarvik\\CurrentVersion";
+        memory_.registry.CreateKey(state_.SettingsKey);
+        state_.TwipsPerCm = 567;
+        state_.PersonTable = &testdata::PersonTable();
+        state_.AccountTable = &testdata::AccountTable();
+        state_.AcceptgiroType = 1;
+        state_.GMUContractVorm = 32;
+        state_.GMUVerkeer = true;
+        state_.GMUFontName = "OCR-B";
+        state_.GMUFontSize = "10";
+        state_.GMUServiceNr = "4711";
+        state_.IncassantAfdrukken = true;
+        state_.IncassantBegunstigde = "Stichting Voorbeeld";
+        state_.IncassantAdres = "Dorpsstraat 12";
+        state_.IncassantPostCode = "1234AB";
+        state_.IncassantWoonplaats = "Proefdorp";
+        state_.IncassantBankGiro = "NL13ABNA0500000018";
+        composition::LeesPrinterMaten(state_, services_);
+    }
+
+    /// The host keeps a note of each call, so a new one serves each run.
+    void Print(int forms) {
+        support::FakeRunHost host(state_, services_);
+        host.count = std::to_string(forms);
+        composition::Afdrukken(state_, services_, host, composition::documentTestForms, 1, false);
+    }
+
+  private:
+    platform::MemoryPlatform memory_;
+    platform::SeededRandom chance_{1};
+    platform::Platform services_;
+    wizard::AppState state_;
+};
+
+} // namespace bench

@@ -1,0 +1,63 @@
+"""Compares the program's PDF batch with the least that its toolkit needs for the same texts, in one run side by side.
+
+compare.py PDF_BATCH [BENCH_COMPOSITION]
+"""
+
+import json
+import os
+import statistics
+import subprocess
+import sys
+import tempfile
+
+BATCH, ROUNDS = 250, 9
+LONG, LONG_ROUNDS = 30000, 1
+
+
+def measure(program, way, forms, folder):
+    file = os.path.join(folder, way + ".pdf")
+    output = subprocess.run([program, way, str(forms), file], check=True, capture_output=True, text=True).stdout
+    os.remove(file)
+    return json.loads(output)
+
+
+def medians(program, forms, rounds, folder):
+    """Medians by way; the ways take turns, so that a busy moment of the machine falls on both."""
+    runs = {"program": [], "floor": []}
+    for _ in range(rounds):
+        for way, list_ in runs.items():
+            list_.append(measure(program, way, forms, folder))
+    return {way: {key: statistics.median(run[key] for run in list_) for key in ("ms", "peak_kb")}
+            for way, list_ in runs.items()}
+
+
+def verdict(name, value, goal, unit=""):
+    print(f"{name:32} {value:10.3f} {unit:3} goal {goal:8.3f}  {'ok' if value <= goal else 'MISSED'}")
+    return value <= goal
+
+
+def main():
+    program = sys.argv[1]
+    with tempfile.TemporaryDirectory() as folder:
+        batch = medians(program, BATCH, ROUNDS, folder)
+        long = medians(program, LONG, LONG_ROUNDS, folder)
+    for way in batch:
+        print(f"{way:8} {BATCH} forms {batch[way]['ms']:9.1f} ms {batch[way]['peak_kb'] / 1024:6.1f} MB, "
+              f"{LONG} forms {long[way]['ms']:9.1f} ms {long[way]['peak_kb'] / 1024:6.1f} MB")
+    growth = {way: long[way]["ms"] / batch[way]["ms"] for way in batch}
+    good = verdict("batch against the floor", batch["program"]["ms"] / batch["floor"]["ms"], 1.15)
+    good &= verdict("peak memory of the batch", batch["program"]["peak_kb"] / 1024, 40, "MB")
+    good &= verdict("peak memory of the long batch", long["program"]["peak_kb"] / 1024, 40, "MB")
+    good &= verdict("growth against the floor's", growth["program"] / growth["floor"], 1.05)
+    if len(sys.argv) > 2:
+        output = subprocess.run([sys.argv[2], "--benchmark_format=json"], check=True, capture_output=True, text=True)
+        for run in json.loads(output.stdout)["benchmarks"]:
+            if run["name"] == "StartUp":
+                good &= verdict("start-up without windows", run["real_time"] / 1000, 2, "ms")
+            else:
+                print(f"composing: {run['per_form'] * 1e6:.2f} us a form, {run['per_text'] * 1e9:.0f} ns a text")
+    return 0 if good else 1
+
+
+if __name__ == "__main__":
+    sys.exit(main())

@@ -1,0 +1,169 @@
+// Prints a batch to a PDF file and tells time and memory as JSON.
+//
+// pdf_batch program|floor FORMS FILE
+//
+// "program" goes through the whole run. "floor" is the least that a program on the same toolkit must do: it
+// makes the same texts at the same places with the toolkit's plainest calls, and nothing else.
+
+#include "bench/Batch.h"
+
+#include "platform/qt/Fonts.h"
+#include "platform/qt/PdfPrinter.h"
+#include "platform/qt/QtPrinter.h"
+#include "platform/qt/QtPrinters.h"
+
+#include <QApplication>
+#include <QPainter>
+#include <QPdfWriter>
+#include <QTemporaryDir>
+
+#include <chrono>
+#include <cstdio>
+#include <cstdlib>
+#include <cstring>
+#include <fstream>
+#include <string>
+#include <vector>
+
+namespace {
+
+constexpr int recordedForms = 249; // whole sheets
+constexpr int formsOnSheet = 3;
+constexpr double unitsPerTwip = 5;
+
+/// Peak memory of this process in kilobytes.
+long PeakMemory() {
+    std::ifstream status("/proc/self/status");
+    for (std::string line; std::getline(status, line);) {
+        if (line.starts_with("VmHWM:")) {
+            return std::atol(line.c_str() + std::strlen("VmHWM:"));
+        }
+    }
+    return 0;
+}
+
+/// Starts the count of the peak anew.
+void ForgetPeak() {
+    std::ofstream("/proc/self/clear_refs") << '5';
+}
+
+platform::qt::QtPrinters PrintersFor(const QString& file, const QString& folder) {
+    return platform::qt::QtPrinters(std::make_unique<platform::qt::PdfPrinter>(
+                                        [file](const QString&) { return file; }, folder + "/settings"),
+                                    [] { return platform::qt::FoundQueues{}; });
+}
+
+void PrintWithProgram(int forms, const QString& file, const QString& folder) {
+    platform::qt::QtPrinters printers = PrintersFor(file, folder);
+    platform::qt::QtPrinter printer(printers);
+    bench::Batch(printers, printer).Print(forms);
+}
+
+struct RecordedText {
+    QPointF at;
+    QString text;
+    std::size_t font;
+};
+
+/// What a run draws, for the floor to draw again.
+class Recording final : public platform::Printer, private platform::Canvas {
+  public:
+    explicit Recording(platform::Printer& measures) : measures_(measures) { Drawing = measures.Drawing; }
+
+    std::vector<std::vector<RecordedText>> Pages{1};
+    std::vector<QFont> Fonts;
+
+    void Assign(int) override {}
+    std::string DeviceName() override { return measures_.DeviceName(); }
+    std::string Port() override { return measures_.Port(); }
+    std::int16_t Orientation() override { return measures_.Orientation(); }
+    void SetOrientation(std::int16_t) override {}
+    std::int16_t PaperSize() override { return measures_.PaperSize(); }
+    void SetPaperSize(std::int16_t) override {}
+    std::int16_t PaperBin() override { return measures_.PaperBin(); }
+    void SetPaperBin(std::int16_t) override {}
+    std::int16_t Copies() override { return 1; }
+    double Width() override { return measures_.Width(); }
+    double Height() override { return measures_.Height(); }
+    double ScaleLeft() override { return 0; }
+    double ScaleTop() override { return 0; }
+    double ScaleWidth() override { return measures_.ScaleWidth(); }
+    double ScaleHeight() override { return measures_.ScaleHeight(); }
+    int GetDeviceCaps(int item) override { return measures_.GetDeviceCaps(item); }
+    void SetDocumentTitle(const std::string&) override {}
+    platform::Canvas& Page() override { return *this; }
+
+  private:
+    platform::TextSize MeasureText(std::string_view text, const platform::FontSpec& font) override {
+        return measures_.Page().MeasureText(text, font);
+    }
+    void DrawText(double x, double y, std::string_view text, const platform::FontSpec& font) override {
+        std::size_t index = 0;
+        while (index < specs_.size() && !(specs_[index] == font)) {
+            ++index;
+        }
+        if (index == specs_.size()) {
+            specs_.push_back(font);
+            Fonts.push_back(platform::qt::DesignFont(font));
+        }
+        Pages.back().push_back({QPointF(x, y) * unitsPerTwip,
+                                QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size())), index});
+    }
+    void DrawLine(double, double, double, double, std::int32_t) override {}
+    void NewPage() override { Pages.emplace_back(); }
+    void EndDocument() override {}
+
+    platform::Printer& measures_;
+    std::vector<platform::FontSpec> specs_;
+};
+
+void PrintFloor(const Recording& recording, int forms, const QString& file) {
+    QPdfWriter writer(file);
+    writer.setResolution(7200);
+    writer.setPageLayout(QPageLayout(QPageSize(QPageSize::A4), QPageLayout::Portrait, QMarginsF()));
+    QPainter painter(&writer);
+    const int pages = (forms + formsOnSheet - 1) / formsOnSheet;
+    for (int page = 0; page < pages; ++page) {
+        if (page > 0) {
+            writer.newPage();
+        }
+        for (const RecordedText& text :
+             recording.Pages[static_cast<std::size_t>(page) % recording.Pages.size()]) {
+            painter.setFont(recording.Fonts[text.font]);
+            painter.drawText(text.at, text.text);
+        }
+    }
+}
+
+} // namespace
+
+int main(int argc, char** argv) {
+    if (argc != 4) {
+        std::fputs("pdf_batch program|floor FORMS FILE\n", stderr);
+        return 2;
+    }
+    qputenv("QT_QPA_PLATFORM", "offscreen");
+    const QApplication application(argc, argv);
+    const QTemporaryDir folder;
+    const bool isFloor = std::string(argv[1]) == "floor";
+    const int forms = std::atoi(argv[2]);
+    const QString file = QString::fromLocal8Bit(argv[3]);
+
+    platform::qt::LoadPackagedFonts();
+    platform::qt::QtPrinters printers = PrintersFor(QString(), folder.path());
+    platform::qt::QtPrinter measures(printers);
+    Recording recording(measures);
+    if (isFloor) {
+        bench::Batch(printers, recording).Print(recordedForms);
+    }
+    ForgetPeak();
+    const auto start = std::chrono::steady_clock::now();
+    if (isFloor) {
+        PrintFloor(recording, forms, file);
+    } else {
+        PrintWithProgram(forms, file, folder.path());
+    }
+    const std::chrono::duration<double, std::milli> took = std::chrono::steady_clock::now() - start;
+    std::printf("{\"ms\": %.2f, \"peak_kb\": %ld}\n", took.count(), PeakMemory());
+    return 0;
+}
