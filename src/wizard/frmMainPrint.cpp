@@ -68,6 +68,8 @@ void frmMain::cmdPrintenClick() {
     }
     printManager_->ShowModal();
     printManager_.reset();
+    // It is gone, also where its closing broke off halfway: the wizard must not stay locked.
+    state_.PrintManagerOpen = false;
 }
 
 void frmMain::Afdrukken(std::int16_t iMethod, std::int16_t num_copies, bool blnPrintPreview) {
