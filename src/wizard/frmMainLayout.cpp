@@ -64,28 +64,28 @@ constexpr PageText PageTexts[] = {
     {1,
      "Een testpartij aanmaken en deze ter goedkeuring aanbieden aan een door Acceptgiro B.V. aangewezen "
      "testinstituut.",
-     Indent, 900, 9300, 480},
+     Indent, 870, 9300, 240},
     {1,
      "Met deze test wordt nagegaan u IBAN-Acceptgiro’s kan aanmaken, die zonder problemen door de bancaire "
      "instellingen kunnen worden verwerkt.",
-     Indent, 1395, 9300, 480},
+     Indent, 1155, 9300, 480},
     {1,
      "Indien u al over een B-of C-Acceptgirocontract beschikt, maar met een ander rekeningnummer "
      "Acceptgiro’s wil "
      "verspreiden, kan een verkorte procedure worden gevolgd. ",
-     Indent, 2430, 9300, 480},
-    {1, "De verkorte procedure wijkt op de volgende punten af van de algemene procedure:", Indent, 2985, 9300,
+     Indent, 2145, 9300, 480},
+    {1, "De verkorte procedure wijkt op de volgende punten af van de algemene procedure:", Indent, 2715, 9300,
      240},
     {1,
      "In plaats van een testpartij kan worden volstaan met vijf nieuwe en volgens de richtlijnen geprinte "
      "IBAN-Acceptgiroformulieren.",
-     900, 3315, 9000, 480},
+     900, 3045, 9000, 480},
     {1,
      "U vermeldt op het formulier ‘Aanvraag drukkeuring’ naast het nieuwe rekeningnummer (IBAN) ook het "
      "rekeningnummer (IBAN) waarop u al een bestaand contract heeft.",
-     900, 3855, 9000, 480},
-    {1, "Let op:", Indent, 4545, 960, 240, Style::Bold},
-    {1, "Dit contract moet reeds verkregen zijn met Tarvik en met dezelfde printer.", 1620, 4545, 8280, 240},
+     900, 3585, 9000, 480},
+    {1, "Let op:", Indent, 4245, 960, 240, Style::Bold},
+    {1, "Dit contract moet reeds verkregen zijn met Tarvik en met dezelfde printer.", 1620, 4245, 8280, 240},
 
     {2,
      "De omvang van de testpartij welke u moet aanleveren hangt af van het soort acceptgirocontract en de "
@@ -112,18 +112,18 @@ constexpr PageText PageTexts[] = {
      "gebruikte hardware i.c. printer danwel de door u gedane instellingen/calibratie.",
      NoteIndent, 2130, 8580, 480},
     {3, "Ondor BV kan geen aansprakelijkheid aanvaarden voor de door u gebruikte hardware en instellingen.",
-     NoteIndent, 2685, 8580, 480},
-    {3, "Schema aantal af te drukken acceptgiro's:", Margin, 3330, TextWidth, 240, Style::Bold},
-    {3, "Servicebureau's:", Margin, 3645, 4950, 240},
-    {3, "250 testdocumenten", 5400, 3645, 4500, 240},
-    {3, "Verspreiding van meer dan 20.000 acceptgiro's:", Margin, 3930, 4950, 240},
-    {3, "250 testdocumenten", 5400, 3930, 4500, 240},
-    {3, "Verspreiding van minder dan 20.000 acceptgiro's:", Margin, 4215, 4950, 240},
-    {3, "100 testdocumenten", 5400, 4215, 4500, 240},
+     NoteIndent, 2685, 8580, 240},
+    {3, "Schema aantal af te drukken acceptgiro's:", Margin, 3180, TextWidth, 240, Style::Bold},
+    {3, "Servicebureau's:", Margin, 3480, 4950, 240},
+    {3, "250 testdocumenten", 5400, 3480, 4500, 240},
+    {3, "Verspreiding van meer dan 20.000 acceptgiro's:", Margin, 3765, 4950, 240},
+    {3, "250 testdocumenten", 5400, 3765, 4500, 240},
+    {3, "Verspreiding van minder dan 20.000 acceptgiro's:", Margin, 4050, 4950, 240},
+    {3, "100 testdocumenten", 5400, 4050, 4500, 240},
     {3,
      "Het formulier 'Aanvraag drukkeuring' moet u volledig invullen en samen met de testpartij opsturen ter "
      "beoordeling van de testinstantie",
-     Margin, 4770, TextWidth, 480},
+     Margin, 4560, TextWidth, 480},
 };
 
 /// Small pictures before the lines of a list.
@@ -136,15 +136,15 @@ struct PagePicture {
 };
 
 constexpr PagePicture PagePictures[] = {
-    {1, "bullet", Indent, 3345, 180},
-    {1, "bullet", Indent, 3885, 180},
+    {1, "bullet", Indent, 3075, 180},
+    {1, "bullet", Indent, 3615, 180},
 };
 
 /// The line at the foot of the pages that the user leaves with the button; its middle is bold.
 constexpr PageText NextHint[] = {
-    {0, "Klik op ", Margin, 5595, 660, 240},
-    {0, "&Volgende >", 960, 5595, 1140, 240, Style::Bold},
-    {0, "om verder te gaan", 2100, 5595, 3000, 240},
+    {0, "Klik op ", Margin, 5595, 540, 240},
+    {0, "&Volgende >", 840, 5595, 990, 240, Style::Bold},
+    {0, "om verder te gaan", 1830, 5595, 3000, 240},
 };
 constexpr int LastPageWithHint = 2;
 
@@ -244,7 +244,7 @@ void frmMain::LayOut() {
     };
     const Option options[] = {
         {optProcedure(0), "Algemene procedure", 570, 10, true},
-        {optProcedure(1), "Verkorte procedure", 2100, 11, true},
+        {optProcedure(1), "Verkorte procedure", 1830, 11, true},
         {optTestpartij(0), "Wij zijn een servicebureau.", 1215, 20, false},
         {optTestpartij(1),
          "Wij zijn geen servicebureau maar verspreiden wel meer dan 20.000 IBAN-acceptgiroformulieren per "

@@ -45,7 +45,8 @@ class frmMain::Host : public composition::RunHost {
 };
 
 void frmMain::cmdPrintenClick() {
-    if (state_.PrintManagerOpen) {
+    // A manager that is gone from the screen may still be finishing its last command.
+    if (state_.PrintManagerOpen || printManager_ != nullptr) {
         return;
     }
     const double aantal = platform::NumericValue(UserText(0).Text());
@@ -63,9 +64,7 @@ void frmMain::cmdPrintenClick() {
     state_.DocumentTitle[3] = "Instellingen calibratie";
     state_.CallerFormName = Name();
 
-    if (printManager_ == nullptr) {
-        printManager_ = std::make_unique<printmanager::frmPrintManager>(GetSession(), platform_, state_);
-    }
+    printManager_ = std::make_unique<printmanager::frmPrintManager>(GetSession(), platform_, state_);
     printManager_->ShowModal();
     printManager_.reset();
     // It is gone, also where its closing broke off halfway: the wizard must not stay locked.

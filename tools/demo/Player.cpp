@@ -7,6 +7,7 @@
 #include <QListWidget>
 #include <QMessageBox>
 #include <QTest>
+#include <QTimer>
 
 #include <cstdio>
 #include <utility>
@@ -47,21 +48,29 @@ Dialog* ShownDialog() {
 
 } // namespace
 
-Player::Player(QString folder, QString suffix) : folder_(std::move(folder)), suffix_(std::move(suffix)) {
-    QObject::connect(&timer_, &QTimer::timeout, [this] { Next(); });
-}
+Player::Player(QString folder, QString suffix) : folder_(std::move(folder)), suffix_(std::move(suffix)) {}
 
 void Player::Step(const std::string& what, std::function<bool()> ready, std::function<void()> act) {
     steps_.push_back({what, std::move(ready), std::move(act)});
 }
 
 void Player::Start() {
-    timer_.start(RhythmMs);
+    Later();
+}
+
+// A timer of its own for each step: one that is still being handled would not come again inside a modal
+// window.
+void Player::Later() {
+    QTimer::singleShot(RhythmMs, &context_, [this] { Next(); });
 }
 
 void Player::Fail(const std::string& what) {
     failure_ = what;
-    timer_.stop();
+    for (QWidget* widget : QApplication::topLevelWidgets()) {
+        if (widget->isVisible()) {
+            Save(widget, QStringLiteral("fout-") + widget->metaObject()->className() + widget->objectName());
+        }
+    }
     if (OnFailure) {
         OnFailure();
     }
@@ -69,13 +78,14 @@ void Player::Fail(const std::string& what) {
 
 void Player::Next() {
     if (steps_.empty() || !failure_.empty()) {
-        timer_.stop();
         return;
     }
     if (!steps_.front().Ready()) {
         waited_ += RhythmMs;
         if (waited_ > PatienceMs) {
             Fail(steps_.front().What);
+        } else {
+            Later();
         }
         return;
     }
@@ -83,12 +93,14 @@ void Player::Next() {
     const Waiting step = std::move(steps_.front());
     steps_.pop_front();
     std::printf("%s\n", step.What.c_str());
+    std::fflush(stdout);
+    Later();
     step.Act();
 }
 
 void Player::Save(QWidget* widget, const QString& name) {
     const QString file = QDir(folder_).filePath(QStringLiteral("scherm-%1%2.png").arg(name, suffix_));
-    if (!widget->grab().save(file)) {
+    if (!widget->grab().save(file) && failure_.empty()) {
         Fail("cannot write " + file.toStdString());
     }
 }
@@ -158,8 +170,7 @@ void Player::AnswerFile(const QString& file, const QString& pictureName) {
             if (!pictureName.isEmpty()) {
                 Save(dialog, pictureName);
             }
-            name->clear();
-            QTest::keyClicks(name, file);
+            name->setText(file); // typed, it would open a list of proposals
             QTest::keyClick(name, Qt::Key_Return);
         });
 }

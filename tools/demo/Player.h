@@ -1,7 +1,7 @@
 #pragma once
 
+#include <QObject>
 #include <QString>
-#include <QTimer>
 #include <QWidget>
 
 #include <deque>
@@ -45,6 +45,7 @@ class Player {
         std::function<void()> Act;
     };
 
+    void Later();
     void Next();
     void Fail(const std::string& what);
     void Save(QWidget* widget, const QString& name);
@@ -52,7 +53,7 @@ class Player {
     QString folder_;
     QString suffix_;
     std::deque<Waiting> steps_;
-    QTimer timer_;
+    QObject context_; // steps end with the player
     int waited_ = 0;
     std::string failure_;
 };

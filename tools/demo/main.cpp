@@ -38,7 +38,7 @@ QString FileOf(const QDir& folder, const Document& document) {
 void GoThroughThePages(Player& player) {
     player.WaitForWindow(Wizard);
     player.Picture(Wizard, "1-incassant");
-    player.Type(Wizard, "UserText(74)", "123456789");
+    player.Type(Wizard, "UserText(74)", "123456780");
     player.Click(Wizard, "Verder");
     player.AnswerMessage("2-melding-banknummer");
     player.Type(Wizard, "UserText(74)", "NL13ABNA0500000018");
@@ -54,8 +54,10 @@ void GoThroughThePages(Player& player) {
     player.Picture(Wizard, "6-afdrukken");
 }
 
-void Print(Player& player, const Document& document, const QString& file) {
+void Print(Player& player, const wizard::frmMain& form, const Document& document, const QString& file) {
     const bool first = document.Row == 0;
+    player.Step(
+        "wait for the last print to end", [&form] { return form.PrintManager() == nullptr; }, [] {});
     player.Click(Wizard, "cmdPrinten");
     player.WaitForWindow(Manager);
     if (first) {
@@ -119,7 +121,7 @@ int main(int argc, char** argv) {
     GoThroughThePages(player);
     for (const Document& document : Documents) {
         QFile::remove(FileOf(folder, document));
-        Print(player, document, FileOf(folder, document));
+        Print(player, form, document, FileOf(folder, document));
     }
     player.Picture(Wizard, "11-gereed");
     player.Close(Wizard);

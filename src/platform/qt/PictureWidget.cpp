@@ -8,12 +8,16 @@
 
 namespace platform::qt {
 
+QString PictureFile(const QString& name) {
+    return QStringLiteral(":/pictures/%1.svg").arg(name);
+}
+
 PictureWidget::PictureWidget(QWidget* parent) : QWidget(parent) {
     renderer_.setAspectRatioMode(Qt::KeepAspectRatio);
 }
 
 void PictureWidget::SetPicture(const QString& name) {
-    const QString file = QStringLiteral(":/pictures/%1.svg").arg(name);
+    const QString file = PictureFile(name);
     named_ = QFile::exists(file) && renderer_.load(file);
     update();
 }

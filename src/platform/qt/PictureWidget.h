@@ -9,6 +9,9 @@
 
 namespace platform::qt {
 
+/// File of one of the program's own pictures, whether there is such a picture or not.
+QString PictureFile(const QString& name);
+
 /// Shows one of the program's own pictures as large as its place allows, sharp at each density.
 class PictureWidget final : public QWidget {
   public:

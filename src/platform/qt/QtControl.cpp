@@ -17,16 +17,21 @@
 #include "platform/qt/QtColours.h"
 #include "platform/qt/QtComboBox.h"
 #include "platform/qt/QtCommandButton.h"
+#include "platform/qt/QtFlatButton.h"
 #include "platform/qt/QtForm.h"
 #include "platform/qt/QtLabel.h"
 #include "platform/qt/QtLine.h"
 #include "platform/qt/QtListBox.h"
+#include "platform/qt/QtMenuBar.h"
 #include "platform/qt/QtOptionButton.h"
 #include "platform/qt/QtPictureBox.h"
 #include "platform/qt/QtProgressBar.h"
+#include "platform/qt/QtScrollBar.h"
+#include "platform/qt/QtStatusBar.h"
 #include "platform/qt/QtText.h"
 #include "platform/qt/QtTextBox.h"
 #include "platform/qt/QtTimer.h"
+#include "platform/qt/QtToolbar.h"
 #include "platform/qt/QtUpDown.h"
 #include "platform/qt/Scale.h"
 
@@ -47,18 +52,23 @@ struct Maker {
     std::unique_ptr<QtControl> (*Make)(forms::Control&, QtForm&, QWidget*);
 };
 
-constexpr std::array<Maker, 12> Makers{{
+constexpr std::array<Maker, 17> Makers{{
     {ControlKind::CheckBox, Make<forms::CheckBox, QtCheckBox>},
     {ControlKind::ComboBox, Make<forms::ComboBox, QtComboBox>},
     {ControlKind::CommandButton, Make<forms::CommandButton, QtCommandButton>},
+    {ControlKind::FlatButton, Make<cmdButtonXP, QtFlatButton>},
     {ControlKind::Label, Make<forms::Label, QtLabel>},
     {ControlKind::Line, Make<forms::LineControl, QtLine>},
     {ControlKind::ListBox, Make<forms::ListBox, QtListBox>},
+    {ControlKind::MenuBar, Make<forms::MenuBar, QtMenuBar>},
     {ControlKind::OptionButton, Make<forms::OptionButton, QtOptionButton>},
     {ControlKind::PictureBox, Make<forms::PictureBox, QtPictureBox>},
     {ControlKind::ProgressBar, Make<forms::ProgressBar, QtProgressBar>},
+    {ControlKind::ScrollBar, Make<forms::ScrollBar, QtScrollBar>},
+    {ControlKind::StatusBar, Make<forms::StatusBar, QtStatusBar>},
     {ControlKind::TextBox, Make<forms::TextBox, QtTextBox>},
     {ControlKind::Timer, Make<forms::Timer, QtTimer>},
+    {ControlKind::Toolbar, Make<forms::Toolbar, QtToolbar>},
     {ControlKind::UpDown, Make<forms::UpDown, QtUpDown>},
 }};
 
@@ -124,6 +134,7 @@ void QtControl::Mirror(Aspect aspect) {
         break;
     case Aspect::Font:
         MirrorFont();
+        Place();
         break;
     case Aspect::Colours:
         Colour();

@@ -74,7 +74,7 @@ std::int32_t DesignDots(int dots) {
 QSize InnerSize(const MINMAXINFO::POINT& outer) {
     const QSize size(ToDots(outer.x * TwipsPerDesignDot),
                      ToDots(outer.y * TwipsPerDesignDot - forms::TitleBarHeight));
-    return size.expandedTo(QSize(0, 0));
+    return size.expandedTo(QSize(0, 0)).boundedTo(QSize(QWIDGETSIZE_MAX, QWIDGETSIZE_MAX));
 }
 
 } // namespace
@@ -82,8 +82,14 @@ QSize InnerSize(const MINMAXINFO::POINT& outer) {
 QtForm::QtForm(forms::Form& form, QtDesktop& desktop)
     : form_(form), desktop_(desktop),
       window_(std::make_unique<QtWindow>(*this, FlagsFor(form, desktop.TopWindow() == nullptr))),
-      procedure_(desktop.Windows(), Handle()) {
+      area_(window_.get()), procedure_(desktop.Windows(), Handle()) {
     window_->setObjectName(ToQString(form.Name()));
+    for (forms::Control* control : form.Controls()) {
+        if (control->Kind() == forms::ControlKind::MenuBar) {
+            menuBar_ = control;
+            area_ = new QWidget(window_.get());
+        }
+    }
     for (forms::Control* control : form.Controls()) {
         Find(*control);
     }
@@ -106,7 +112,7 @@ QtControl& QtForm::Find(forms::Control& control) {
 }
 
 QtControl& QtForm::Add(forms::Control& control) {
-    QWidget* parent = control.Container() == nullptr ? window_.get() : Find(*control.Container()).Widget();
+    QWidget* parent = control.Container() == nullptr ? area_ : Find(*control.Container()).Widget();
     QtControl& added = *controls_.emplace_back(MakeQtControl(control, *this, parent));
     byModel_[&control] = &added;
     added.MirrorAll();
@@ -128,9 +134,13 @@ void QtForm::FormChanged() {
     ShowPlace();
 }
 
+QSize QtForm::WantedSize() const {
+    return {ToDots(form_.Width()), ToDots(form_.Height() - forms::TitleBarHeight)};
+}
+
 void QtForm::ShowSize() {
     const QScopedValueRollback rollback(showingSize_, true);
-    const QSize size(ToDots(form_.Width()), ToDots(form_.Height() - forms::TitleBarHeight));
+    const QSize size = WantedSize();
     if (size.isEmpty()) {
         return;
     }
@@ -188,6 +198,7 @@ void QtForm::NameControls() {
 void QtForm::Show(bool modal) {
     NameControls();
     ShowBounds();
+    PlaceBars();
     if (!form_.Placed()) {
         MoveToMiddle();
     }
@@ -287,12 +298,26 @@ void QtForm::SettleFocus() {
     }
 }
 
+void QtForm::PlaceBars() {
+    if (menuBar_ != nullptr) {
+        Find(*menuBar_).Mirror(forms::Aspect::Geometry);
+        const int top = WidgetOf(*menuBar_)->height();
+        area_->setGeometry(0, top, window_->width(), window_->height() - top);
+    }
+    for (const auto& control : controls_) {
+        if (control->Model().Kind() == forms::ControlKind::StatusBar) {
+            control->Mirror(forms::Aspect::Geometry);
+        }
+    }
+}
+
 bool QtForm::CloseRequested() {
     return form_.UserClose();
 }
 
 void QtForm::Resized() {
-    if (form_.Visible() && !showingSize_) {
+    PlaceBars();
+    if (form_.Visible() && !showingSize_ && window_->size() != WantedSize()) {
         form_.UserResize(ToTwips(window_->width()), ToTwips(window_->height()) + forms::TitleBarHeight);
     }
 }

@@ -55,15 +55,19 @@ class QtForm final : public forms::FormPeer {
     QtControl& Find(forms::Control& control);
     QtControl& Add(forms::Control& control);
     void SettleFocus();
+    QSize WantedSize() const;
     void ShowSize();
     void ShowPlace();
     void MoveToMiddle();
     void ShowBounds();
+    void PlaceBars();
     void NameControls();
 
     forms::Form& form_;
     QtDesktop& desktop_;
     std::unique_ptr<QWidget> window_;
+    QWidget* area_; // where the controls are: the window, or what a menu bar leaves of it
+    forms::Control* menuBar_ = nullptr;
     forms::WindowProcedureTable::Window procedure_;
     std::vector<std::unique_ptr<QtControl>> controls_;
     std::unordered_map<const forms::Control*, QtControl*> byModel_;

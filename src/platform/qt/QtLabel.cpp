@@ -3,9 +3,12 @@
 #include <QEvent>
 #include <QLabel>
 
+#include <algorithm>
+
 #include "platform/qt/AccessibleNames.h"
 #include "platform/qt/QtForm.h"
 #include "platform/qt/QtText.h"
+#include "platform/qt/Scale.h"
 
 namespace platform::qt {
 
@@ -14,6 +17,16 @@ QtLabel::QtLabel(forms::Label& control, QtForm& form, QWidget* parent)
     label_->setTextFormat(Qt::PlainText);
     label_->setWordWrap(true);
     label_->setAlignment(Qt::AlignLeft | Qt::AlignTop);
+}
+
+// The first line keeps its middle where the design put it, beside the middle of its box and of other labels,
+// also where the real font is lower than the line that the design gave it.
+void QtLabel::Place() {
+    QtControl::Place();
+    constexpr double line = 240;
+    const double first = model_.Height() < 2 * line ? model_.Height() : line;
+    const int room = ToDots(first) - label_->fontMetrics().height();
+    label_->setContentsMargins(0, std::max(0, room / 2), 0, 0);
 }
 
 void QtLabel::MirrorContent(forms::Aspect aspect) {

@@ -14,6 +14,7 @@ class QtLabel final : public QtControl {
     bool eventFilter(QObject* watched, QEvent* event) override;
 
   protected:
+    void Place() override;
     void MirrorContent(forms::Aspect aspect) override;
 
   private:

@@ -11,6 +11,7 @@ QtListBox::QtListBox(forms::ListBox& control, QtForm& form, QWidget* parent)
     : QtControl(control, form, new QListWidget(parent)), model_(control),
       list_(static_cast<QListWidget*>(Widget())) {
     list_->setUniformItemSizes(true);
+    list_->setSpacing(1);
     Watch(list_->viewport());
     // The toolkit makes an entry current when the list gets the focus; only a selected one has been picked.
     connect(list_, &QListWidget::itemSelectionChanged, this, [this] {

@@ -1,0 +1,40 @@
+#include "platform/qt/QtMenuBar.h"
+
+#include <QMenu>
+#include <QMenuBar>
+
+#include "platform/qt/QtForm.h"
+#include "platform/qt/QtText.h"
+
+namespace platform::qt {
+
+QtMenuBar::QtMenuBar(forms::MenuBar& control, QtForm& form, QWidget* /*parent*/)
+    : QtControl(control, form, new QMenuBar(form.Window())), model_(control),
+      bar_(static_cast<QMenuBar*>(Widget())) {
+    bar_->setNativeMenuBar(false);
+}
+
+void QtMenuBar::MirrorContent(forms::Aspect aspect) {
+    if (aspect != forms::Aspect::Items) {
+        return;
+    }
+    bar_->clear();
+    for (const forms::Menu& menu : model_.Menus()) {
+        QMenu* shown = bar_->addMenu(ToQString(menu.Caption));
+        for (const forms::MenuTool& tool : menu.Tools) {
+            if (tool.Separator) {
+                shown->addSeparator();
+                continue;
+            }
+            QAction* action = shown->addAction(ToQString(tool.Caption));
+            action->setObjectName(ToQString(tool.Id));
+            connect(action, &QAction::triggered, this, [this, id = tool.Id] { model_.UserChoose(id); });
+        }
+    }
+}
+
+void QtMenuBar::Place() {
+    bar_->setGeometry(0, 0, Form().Window()->width(), bar_->sizeHint().height());
+}
+
+} // namespace platform::qt

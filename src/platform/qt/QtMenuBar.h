@@ -1,0 +1,24 @@
+#pragma once
+
+#include "platform/forms/MenuBar.h"
+#include "platform/qt/QtControl.h"
+
+class QMenuBar;
+
+namespace platform::qt {
+
+/// The form's window puts it above the form's own area.
+class QtMenuBar final : public QtControl {
+  public:
+    QtMenuBar(forms::MenuBar& control, QtForm& form, QWidget* parent);
+
+  protected:
+    void MirrorContent(forms::Aspect aspect) override;
+    void Place() override;
+
+  private:
+    forms::MenuBar& model_;
+    QMenuBar* bar_;
+};
+
+} // namespace platform::qt

@@ -1,0 +1,24 @@
+#pragma once
+
+#include "platform/forms/ScrollBar.h"
+#include "platform/qt/QtControl.h"
+
+class QScrollBar;
+
+namespace platform::qt {
+
+class QtScrollBar final : public QtControl {
+  public:
+    QtScrollBar(forms::ScrollBar& control, QtForm& form, QWidget* parent);
+
+    bool eventFilter(QObject* watched, QEvent* event) override;
+
+  protected:
+    void MirrorContent(forms::Aspect aspect) override;
+
+  private:
+    forms::ScrollBar& model_;
+    QScrollBar* bar_;
+};
+
+} // namespace platform::qt

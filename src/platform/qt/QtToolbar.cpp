@@ -1,0 +1,77 @@
+#include "platform/qt/QtToolbar.h"
+
+#include <QFrame>
+#include <QIcon>
+#include <QToolButton>
+
+#include "platform/qt/PictureWidget.h"
+#include "platform/qt/QtText.h"
+#include "platform/qt/Scale.h"
+
+namespace platform::qt {
+
+namespace {
+
+// Twips. A button is as wide as the toolbar is high.
+constexpr double RuleWidth = 150;
+constexpr double PictureMargin = 90;
+
+} // namespace
+
+QtToolbar::QtToolbar(forms::Toolbar& control, QtForm& form, QWidget* parent)
+    : QtControl(control, form, new QWidget(parent)), model_(control) {}
+
+QWidget* QtToolbar::MakeButton(int number) {
+    const forms::ToolbarButton& model = model_.Button(number);
+    if (model.Separator) {
+        auto* rule = new QFrame(Widget());
+        rule->setFrameStyle(static_cast<int>(QFrame::VLine) | static_cast<int>(QFrame::Sunken));
+        return rule;
+    }
+    auto* button = new QToolButton(Widget());
+    button->setObjectName(QStringLiteral("%1(%2)").arg(ToQString(model_.Name())).arg(number));
+    button->setAutoRaise(true);
+    button->setFocusPolicy(Qt::NoFocus);
+    QIcon icon(PictureFile(ToQString(model.Image)));
+    icon.addFile(PictureFile(ToQString(model.HotImage)), {}, QIcon::Active);
+    button->setIcon(icon);
+    connect(button, &QToolButton::clicked, this, [this, number] { model_.UserClickButton(number); });
+    return button;
+}
+
+void QtToolbar::MirrorContent(forms::Aspect aspect) {
+    if (aspect != forms::Aspect::Items) {
+        return;
+    }
+    while (static_cast<int>(buttons_.size()) < model_.ButtonCount()) {
+        buttons_.push_back(MakeButton(static_cast<int>(buttons_.size()) + 1));
+        buttons_.back()->show();
+    }
+    for (int number = 1; number <= model_.ButtonCount(); ++number) {
+        const forms::ToolbarButton& model = model_.Button(number);
+        QWidget* button = buttons_[static_cast<std::size_t>(number - 1)];
+        button->setEnabled(model.Enabled);
+        button->setToolTip(ToQString(model.ToolTipText));
+        button->setAccessibleName(
+            ToQString(model.AccessibleName.empty() ? model.ToolTipText : model.AccessibleName).trimmed());
+    }
+    Place();
+}
+
+void QtToolbar::Place() {
+    QtControl::Place();
+    const double side = model_.Height();
+    const int picture = ToDots(side - 2 * PictureMargin);
+    double left = 0;
+    for (QWidget* button : buttons_) {
+        auto* pressable = qobject_cast<QToolButton*>(button);
+        const double width = pressable == nullptr ? RuleWidth : side;
+        button->setGeometry(ToDots(left, 0, width, side));
+        if (pressable != nullptr) {
+            pressable->setIconSize({picture, picture});
+        }
+        left += width;
+    }
+}
+
+} // namespace platform::qt

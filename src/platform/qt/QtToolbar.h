@@ -1,0 +1,28 @@
+#pragma once
+
+#include <vector>
+
+#include "platform/forms/Toolbar.h"
+#include "platform/qt/QtControl.h"
+
+class QToolButton;
+
+namespace platform::qt {
+
+/// A row of buttons that light up under the mouse.
+class QtToolbar final : public QtControl {
+  public:
+    QtToolbar(forms::Toolbar& control, QtForm& form, QWidget* parent);
+
+  protected:
+    void MirrorContent(forms::Aspect aspect) override;
+    void Place() override;
+
+  private:
+    QWidget* MakeButton(int number);
+
+    forms::Toolbar& model_;
+    std::vector<QWidget*> buttons_; // the button or the rule at each place
+};
+
+} // namespace platform::qt
