@@ -140,14 +140,13 @@ CupsMedia MediaOfAttributes(ipp_t* attributes) {
         media.Bins.push_back(bin);
     }
     NumberMedia(media);
-    const std::vector<std::string> preset = Keywords(attributes, "media-default");
-    for (const Paper& paper : media.Papers) {
-        if (!preset.empty() && paper.PwgMedia == preset.front()) {
-            media.DefaultPaper = paper.Id;
-        }
-    }
-    if (media.DefaultPaper == 0 && !media.Papers.empty()) {
-        media.DefaultPaper = media.Papers.front().Id;
+    if (!media.Papers.empty()) {
+        const std::vector<std::string> preset = Keywords(attributes, "media-default");
+        const auto found =
+            std::find_if(media.Papers.begin(), media.Papers.end(), [&preset](const Paper& paper) {
+                return !preset.empty() && paper.PwgMedia == preset.front();
+            });
+        media.DefaultPaper = found == media.Papers.end() ? media.Papers.front().Id : found->Id;
     }
     if (!media.Bins.empty()) {
         media.DefaultBin = media.Bins.front().Id;

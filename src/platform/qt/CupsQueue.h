@@ -3,7 +3,6 @@
 #include "platform/qt/CupsConnection.h"
 #include "platform/qt/CupsMedia.h"
 #include "platform/qt/PrintQueue.h"
-#include "platform/qt/QtPrinters.h"
 
 #include <string>
 #include <vector>

@@ -1,6 +1,7 @@
 #include "platform/qt/PdfPrinter.h"
 
 #include "platform/RuntimeError.h"
+#include "platform/qt/ArrowPointer.h"
 #include "platform/qt/PaperTable.h"
 
 #include <QApplication>
@@ -94,6 +95,7 @@ std::optional<QString> AskForPdfFile(const QString& proposed) {
     dialog.setLabelText(QFileDialog::Accept, QStringLiteral("Opslaan"));
     dialog.setLabelText(QFileDialog::Reject, QStringLiteral("Annuleren"));
     dialog.selectFile(proposed);
+    const ArrowPointer arrow;
     if (dialog.exec() != QDialog::Accepted || dialog.selectedFiles().isEmpty()) {
         return std::nullopt;
     }

@@ -83,4 +83,10 @@ class PrintQueue {
                                                const Bin* bin) = 0;
 };
 
+/// The queues of a print server, and which of them is the user's default (-1: none).
+struct FoundQueues {
+    std::vector<std::unique_ptr<PrintQueue>> Queues;
+    int Default = -1;
+};
+
 } // namespace platform::qt

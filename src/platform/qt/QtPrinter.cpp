@@ -1,5 +1,7 @@
 #include "platform/qt/QtPrinter.h"
 
+#include "platform/qt/ArrowPointer.h"
+
 #include <QApplication>
 #include <QMessageBox>
 
@@ -27,6 +29,7 @@ int Dots(double twips) {
 void TellPrintFailure(const std::string& text) {
     QMessageBox box(QMessageBox::Critical, QStringLiteral("Afdrukken"), QString::fromStdString(text),
                     QMessageBox::Ok, QApplication::activeWindow());
+    const ArrowPointer arrow;
     box.exec();
 }
 

@@ -11,11 +11,6 @@
 
 namespace platform::qt {
 
-/// The queues of a print server, and which of them is the user's default (-1: none).
-struct FoundQueues {
-    std::vector<std::unique_ptr<PrintQueue>> Queues;
-    int Default = -1;
-};
 using QueueFinder = std::function<FoundQueues()>;
 
 /// The printers of this machine: the queues that its print server has when they are first asked for, then the

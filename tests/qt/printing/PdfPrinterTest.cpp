@@ -8,14 +8,17 @@
 #include <QApplication>
 #include <QDir>
 #include <QFile>
+#include <QFileDialog>
 #include <QFileInfo>
 #include <QMessageBox>
+#include <QPushButton>
 #include <QTemporaryDir>
 #include <QTimer>
 
 #include <gtest/gtest.h>
 
 #include <csignal>
+#include <functional>
 #include <sys/resource.h>
 
 namespace platform::qt {
@@ -276,6 +279,54 @@ TEST(FileNameForTitle, IsAPlainFileName) {
     EXPECT_EQ(FileNameForTitle(" "), "Document.pdf");
     EXPECT_EQ(FileNameForTitle(""), "Document.pdf");
     EXPECT_EQ(FileNameForTitle(std::string(5000, 'x')).size(), 104);
+}
+
+/// Answers the file dialog that the step opens.
+std::optional<QString> AskAndAnswer(const QString& proposed,
+                                    const std::function<void(QFileDialog&)>& answer) {
+    QTimer::singleShot(0, [&answer] {
+        auto* dialog = qobject_cast<QFileDialog*>(QApplication::activeModalWidget());
+        ASSERT_NE(dialog, nullptr);
+        answer(*dialog);
+    });
+    return AskForPdfFile(proposed);
+}
+
+TEST(AskForPdfFile, ProposesTheNameAndAddsTheEnding) {
+    const QTemporaryDir folder;
+    const std::optional<QString> path = AskAndAnswer("Namenlijst.pdf", [&folder](QFileDialog& dialog) {
+        EXPECT_EQ(QFileInfo(dialog.selectedFiles().value(0)).fileName(), "Namenlijst.pdf");
+        EXPECT_EQ(dialog.windowTitle(), "Opslaan als PDF-bestand");
+        dialog.setDirectory(folder.path());
+        dialog.selectFile("eigen naam");
+        static_cast<QDialog&>(dialog).accept();
+    });
+    EXPECT_EQ(path, folder.filePath("eigen naam.pdf"));
+}
+
+TEST(AskForPdfFile, GivesNothingWhenItIsCancelled) {
+    EXPECT_EQ(AskAndAnswer("x.pdf", [](QFileDialog& dialog) { dialog.reject(); }), std::nullopt);
+}
+
+TEST(AskForPdfFile, HasTheUserConfirmToReplaceAFile) {
+    const QTemporaryDir folder;
+    QFile file(folder.filePath("oud.pdf"));
+    ASSERT_TRUE(file.open(QIODevice::WriteOnly));
+    bool asked = false;
+    const std::optional<QString> path = AskAndAnswer("x.pdf", [&](QFileDialog& dialog) {
+        dialog.setDirectory(folder.path());
+        dialog.selectFile("oud.pdf");
+        QTimer::singleShot(0, [&] {
+            auto* box = qobject_cast<QMessageBox*>(QApplication::activeModalWidget());
+            ASSERT_NE(box, nullptr);
+            asked = true;
+            box->button(QMessageBox::No)->click();
+            dialog.reject();
+        });
+        static_cast<QDialog&>(dialog).accept();
+    });
+    EXPECT_TRUE(asked);
+    EXPECT_EQ(path, std::nullopt);
 }
 
 TEST(TellPrintFailure, ShowsAMessageBox) {

@@ -113,15 +113,28 @@ constexpr const char* Ppd = R"ppd(*PPD-Adobe: "4.3"
 *Font Courier: Standard "(1.05)" Standard ROM
 )ppd";
 
-/// One for the whole process, emptied for each server: the client library asks the environment only once.
-QString EmptyFolder() {
+/// One for the whole process.
+QString ServerFolder() {
     static const QTemporaryDir folder;
-    QDir(folder.path()).removeRecursively();
-    QDir().mkpath(folder.path());
     return folder.path();
 }
 
+QString EmptyFolder() {
+    QDir(ServerFolder()).removeRecursively();
+    QDir().mkpath(ServerFolder());
+    return ServerFolder();
+}
+
 } // namespace
+
+void PrintServer::PrepareEnvironment() {
+    const QDir folder(ServerFolder());
+    qputenv("CUPS_SERVER", folder.filePath("cups.sock").toLocal8Bit());
+    qputenv("CUPS_SERVERROOT", folder.path().toLocal8Bit()); // where root keeps the users' defaults
+    qputenv("HOME", folder.path().toLocal8Bit());
+    qputenv("XDG_CACHE_HOME", folder.filePath("user-cache").toLocal8Bit());
+    qputenv("XDG_CONFIG_HOME", folder.filePath("user-config").toLocal8Bit());
+}
 
 PrintServer::PrintServer() : folder_(EmptyFolder()) {
     for (const char* name : {"bin/backend", "bin/daemon", "bin/filter", "bin/notifier", "share/mime",
@@ -137,10 +150,6 @@ PrintServer::PrintServer() : folder_(EmptyFolder()) {
     Write("share/mime/local.types", Types);
     Write("bin/backend/save", Backend, true);
     Write("kantoor.ppd", Ppd);
-    qputenv("CUPS_SERVER", folder_.filePath("cups.sock").toLocal8Bit());
-    qputenv("CUPS_SERVERROOT", folder_.path().toLocal8Bit()); // where root keeps the users' defaults
-    qputenv("HOME", folder_.path().toLocal8Bit());
-    qputenv("XDG_CACHE_HOME", folder_.filePath("user-cache").toLocal8Bit());
     Start();
 }
 

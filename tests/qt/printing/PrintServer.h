@@ -10,6 +10,10 @@
 /// leaves it alone. Its queue "Kantoor" has a PPD and a backend that saves what would go to the printer.
 class PrintServer {
   public:
+    /// Points the whole process at the server and at folders of its own. To be called first of all: the
+    /// client library asks the environment only once.
+    static void PrepareEnvironment();
+
     PrintServer();
     ~PrintServer();
 

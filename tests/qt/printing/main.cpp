@@ -1,8 +1,11 @@
+#include "qt/printing/PrintServer.h"
+
 #include <QApplication>
 
 #include <gtest/gtest.h>
 
 int main(int argc, char** argv) {
+    PrintServer::PrepareEnvironment();
     qputenv("QT_QPA_PLATFORM", "offscreen");
     const QApplication application(argc, argv);
     testing::InitGoogleTest(&argc, argv);

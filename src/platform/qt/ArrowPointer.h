@@ -1,0 +1,18 @@
+#pragma once
+
+#include <QCursor>
+#include <QGuiApplication>
+
+namespace platform::qt {
+
+/// The plain mouse pointer for as long as it lives: a run shows the hourglass, a question to the user in its
+/// midst does not.
+class ArrowPointer {
+  public:
+    ArrowPointer() { QGuiApplication::setOverrideCursor(Qt::ArrowCursor); }
+    ~ArrowPointer() { QGuiApplication::restoreOverrideCursor(); }
+    ArrowPointer(const ArrowPointer&) = delete;
+    ArrowPointer& operator=(const ArrowPointer&) = delete;
+};
+
+} // namespace platform::qt
