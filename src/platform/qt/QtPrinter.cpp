@@ -17,8 +17,10 @@ constexpr int DotsPerInch = 600;
 constexpr double TwipsPerDot = 1440.0 / DotsPerInch;
 constexpr double UnitsPerDot = 7200.0 / DotsPerInch;
 
-/// What a printer has of its own until a font is set.
-const FontSpec OwnFont = {"Tahoma", 12, false};
+/// What a printer has of its own until a font is set. The lists take their line height from it before they
+/// choose a size: at 8 points, the size that they choose, the report of the calibration fits on a sheet of
+/// A4.
+const FontSpec OwnFont = {"Tahoma", 8, false};
 
 int Dots(double twips) {
     return static_cast<int>(std::lround(twips / TwipsPerDot));
