@@ -24,8 +24,8 @@ using FullDevMode = std::vector<char>;
 /// Copies a text into a field of fixed size; a text that fills it has no closing NUL.
 void PutName(char* field, std::size_t size, const std::string& name) {
     const std::string bytes = text::ToCodePage(name);
-    std::memset(field, 0, size);
-    std::memcpy(field, bytes.data(), std::min(size, bytes.size()));
+    std::fill_n(field, size, '\0');
+    std::copy_n(bytes.begin(), std::min(size, bytes.size()), field);
 }
 
 FullDevMode StoredDevMode(const PrintQueue& queue) {
