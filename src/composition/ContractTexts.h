@@ -7,7 +7,7 @@
 /// texts by which screen and report name them.
 namespace composition {
 
-/// An old code of the settings for no contract form.
+/// A code of the settings under which neither creditor nor payment reference is printed.
 inline constexpr std::int16_t contractNone = -1;
 inline constexpr std::int16_t contractA = 1;
 inline constexpr std::int16_t contractB = 2;

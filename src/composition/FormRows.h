@@ -61,8 +61,8 @@ struct RowValues {
     std::span<const FontChange> fonts;
     std::span<const RowShift> shifts;
     Twips corner;
-    /// Line heights come from the printer also during a preview, in the font that the printer then has. The
-    /// forms with a narrow stub were calibrated so.
+    /// Line heights come from the printer also during a preview, in the font that the printer then has; else
+    /// from the surface.
     bool measureOnPrinter = false;
 };
 

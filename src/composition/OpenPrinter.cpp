@@ -16,7 +16,7 @@ namespace {
 constexpr double listFontPoints = 8;
 constexpr const char* lineBreak = "\r\n";
 
-/// Step numbers as users have always reported them.
+/// Numbers of the steps, by which a message names the one that failed.
 enum Regel : int {
     regelCount = 1,
     regelGet = 2,

@@ -1,11 +1,9 @@
 #include "composition/PrintFormulier.h"
 
-#include <algorithm>
 #include <array>
 #include <string>
 
 #include "composition/FormRows.h"
-#include "composition/SurfaceRules.h"
 #include "platform/Numbers.h"
 #include "platform/Platform.h"
 #include "platform/modRegistry.h"

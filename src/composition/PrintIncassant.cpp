@@ -5,7 +5,6 @@
 
 #include "composition/ContractTexts.h"
 #include "composition/FormRows.h"
-#include "composition/SurfaceRules.h"
 #include "payment/TextRoutines.h"
 #include "platform/Platform.h"
 #include "wizard/AppState.h"
@@ -87,7 +86,8 @@ void PrintIncassant(wizard::AppState& state, platform::Platform& platform, bool 
     std::array<RowShift, shiftCount> shifts;
     shifts[stub] =
         CalibratedShift(state, locale, state.AcceptGiroBGSoucheLinks, state.AcceptGiroBGSoucheTop, positie);
-    // The calibration to the right also moves the accept part's block down: settings in use were found so.
+    // The calibration to the right also moves the accept part's block down, and its own setting for that has
+    // no effect: settings that organisations have depend on it.
     shifts[accept] =
         CalibratedShift(state, locale, state.AcceptGiroBGAcceptLinks, state.AcceptGiroBGAcceptLinks, positie);
     if (!smalleStub) {

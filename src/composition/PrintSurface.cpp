@@ -57,7 +57,7 @@ void PrintSurface::MoveToTopLeft() {
 
 PrintSurface& SurfaceOf(const wizard::AppState& state) {
     if (state.Surface == nullptr) {
-        throw platform::RuntimeError(ErrorNoSurface, "Object variable not set");
+        throw platform::RuntimeError(platform::ErrorNoObject, "Object variable not set");
     }
     return *state.Surface;
 }

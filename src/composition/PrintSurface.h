@@ -79,10 +79,8 @@ class PrinterSurface final : public PrintSurface {
     platform::Printer& printer_;
 };
 
-/// Number of the error for drawing without a surface, as on a machine without a printer.
-inline constexpr int ErrorNoSurface = 91;
-
-/// The surface that the run draws on; RuntimeError with ErrorNoSurface if there is none.
+/// The surface that the run draws on; RuntimeError with ErrorNoObject if there is none, as on
+/// a machine without a printer.
 PrintSurface& SurfaceOf(const wizard::AppState& state);
 
 } // namespace composition

@@ -12,7 +12,7 @@ using platform::Resume;
 
 namespace {
 
-/// Not 1440: the offsets of all calibrations in use were measured with this factor.
+/// Not 1440: existing calibrations depend on this factor.
 constexpr double offsetUnitsPerInch = 1400;
 
 std::int32_t PhysicalOffset(platform::Printer& printer, int offsetItem, int dotsPerInchItem) {

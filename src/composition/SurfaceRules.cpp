@@ -1,6 +1,5 @@
 #include "composition/SurfaceRules.h"
 
-#include <algorithm>
 #include <limits>
 #include <optional>
 #include <string>

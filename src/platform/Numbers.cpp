@@ -37,8 +37,8 @@ double NumericValue(std::string_view text) {
         text.remove_prefix(1);
     }
 
-    // The extent of the number; up to 15 digits are exact in `digits`, and so is their quotient by a power of
-    // ten.
+    // The extent of the number. Up to 15 digits are exact in `digits`, and so is the power of ten: their
+    // quotient is rounded once, to the nearest double.
     static constexpr std::array<double, significantDigits + 1> powersOfTen = {
         1e0, 1e1, 1e2, 1e3, 1e4, 1e5, 1e6, 1e7, 1e8, 1e9, 1e10, 1e11, 1e12, 1e13, 1e14, 1e15};
     std::int64_t digits = 0;

@@ -24,7 +24,9 @@ class RuntimeError : public std::runtime_error {
 inline constexpr int ErrorOverflow = 6;
 inline constexpr int ErrorSubscriptOutOfRange = 9;
 inline constexpr int ErrorTypeMismatch = 13;
+inline constexpr int ErrorNoObject = 91;
 inline constexpr int ErrorInvalidPropertyValue = 380;
+inline constexpr int ErrorNoSuchMember = 438;
 inline constexpr int ErrorDuplicateKey = 457;
 inline constexpr int ErrorPrinter = 482;
 

@@ -56,7 +56,7 @@ void frmPrintPreviewGhost::OnLoad() {
 
 platform::Canvas& frmPrintPreviewGhost::Drawing() {
     if (page_ == nullptr) {
-        throw platform::RuntimeError(composition::ErrorNoSurface, "Object variable not set");
+        throw platform::RuntimeError(platform::ErrorNoObject, "Object variable not set");
     }
     return page_->Drawing();
 }

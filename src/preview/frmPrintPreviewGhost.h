@@ -26,7 +26,7 @@ class frmPrintPreviewGhost : public forms::Form {
     frmPrintPreviewGhost(forms::Session& session, platform::Platform& platform, const wizard::AppState& state,
                          frmPrintPreview& preview);
 
-    /// What the document is drawn on. Drawing before the form is loaded is an error (ErrorNoSurface).
+    /// What the document is drawn on. Drawing before the form is loaded is an error (ErrorNoObject).
     composition::PrintSurface& Surface() { return surface_; }
 
     /// Ends the page and begins the next one. Nothing happens after page 41, and a failing step ends it

@@ -21,7 +21,8 @@ constexpr Range One(std::int16_t code) {
 }
 
 constexpr Range Digits{'0', '9'};
-constexpr Range Nothing{-1, -1};
+/// Fills a row up: a range that holds no code.
+constexpr Range Nothing{1, 0};
 
 /// A kind of text and the characters that it takes.
 struct Filter {

@@ -76,10 +76,14 @@ class frmMain : public forms::Form {
   private:
     class Host;
 
+    /// Height of the heading, below which the pages stand; twips.
+    static constexpr double PanelTop = 540;
+
     // The look: frmMainLayout.cpp.
     void LayOut();
 
     // The start: frmMainLoad.cpp.
+    void LeesLocale();
     void LeesGMUFontSize();
     void ToonLettertype();
 

@@ -8,7 +8,6 @@ namespace {
 
 constexpr double FormWidth = 10200;
 constexpr double ClientHeight = 7200;
-constexpr double PanelTop = 540;
 constexpr double PanelHeight = 6015;
 constexpr double ButtonTop = 6675;
 constexpr double ButtonHeight = 390;
@@ -205,7 +204,8 @@ void frmMain::LayOut() {
         label->SetUseMnemonic(false);
     }
 
-    /// A box: its element, top, width, longest text, key filter, place in the tab order and spoken name.
+    /// A box: its element, left, top, width, longest text, key filter, place in the tab order and spoken
+    /// name.
     struct Box {
         int Element;
         double Left;
@@ -267,12 +267,13 @@ void frmMain::LayOut() {
         double Top;
         int TabIndex;
     };
-    // "Verder" stands right before the count in the tab order: when the last page hides what had the focus
-    // and disables the button, the focus goes on to the count and never to a button that leads away.
+    // A button that a page disables passes the focus on to the next in this order. "Verder" stands right
+    // before the count, and "Terug" last of all, before the first box: the focus never falls on the button
+    // that closes.
     const Button buttons[] = {
         {Terug, "< &Terug", 5385, ButtonTop, 51},
         {Verder, "&Volgende >", 6825, ButtonTop, 39},
-        {Cancel, "&Sluiten", 8460, ButtonTop, 52},
+        {Cancel, "&Sluiten", 8460, ButtonTop, 50},
         {cmdPrinten, "Af&drukken", 6300, 570, 41},
     };
     for (const Button& button : buttons) {
@@ -281,6 +282,7 @@ void frmMain::LayOut() {
         button.Control.SetTabIndex(button.TabIndex);
     }
     Cancel.SetCancel(true);
+    Verder.SetDefault(true);
 }
 
 } // namespace wizard

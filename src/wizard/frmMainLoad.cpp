@@ -21,7 +21,6 @@ namespace {
 
 constexpr const char* SampleDigits = "1234567890123456";
 constexpr double SampleSize = 12;
-constexpr double PanelTop = 540;
 constexpr const char* DefaultFontSize = "12";
 constexpr double LargestFontSize = 48;
 
@@ -63,10 +62,7 @@ void frmMain::OnLoad() {
     FirstFocus = true;
     LaadInstellingen(true);
 
-    const std::int32_t lcid = platform_.Locale.GetUserDefaultLCID();
-    state_.CurrencySymbol = LeesLocaleTekst(platform_.Locale, lcid, platform::LocaleCurrencySymbol);
-    state_.MonetaryDecimal = LeesLocaleTekst(platform_.Locale, lcid, platform::LocaleMonetaryDecimal);
-    state_.MonetaryThousand = LeesLocaleTekst(platform_.Locale, lcid, platform::LocaleMonetaryThousand);
+    Resume([&] { LeesLocale(); });
 
     state_.GMUFontName = readTrimmed("GMUFontName");
     state_.GMUCode = readTrimmed("GMUCode");
@@ -81,7 +77,7 @@ void frmMain::OnLoad() {
     if (state_.GMUFontName.empty()) {
         state_.GMUFontName = "Tahoma";
     }
-    ToonLettertype();
+    Resume([&] { ToonLettertype(); });
 
     state_.GMUContractVorm = GetalInstelling(readTrimmed("GMUContractVorm"));
     lblContractsoort.SetCaption(std::string(composition::ContractScreenText(state_.GMUContractVorm)));
@@ -93,7 +89,6 @@ void frmMain::OnLoad() {
     }
     WizardPanel(0).SetVisible(true);
     Terug.SetEnabled(false);
-    Verder.SetDefault(true);
 
     state_.PersonTable = &testdata::PersonTable();
     state_.AccountTable = &testdata::AccountTable();
@@ -111,6 +106,14 @@ void frmMain::LaadInstellingen(bool metIncassant) {
         UserText(73).SetText(state_.IncassantWoonplaats);
         UserText(74).SetText(payment::Text2Rekening(state_.IncassantBankGiro));
     }
+}
+
+void frmMain::LeesLocale() {
+    platform::Locale& locale = platform_.Locale;
+    const std::int32_t lcid = locale.GetUserDefaultLCID();
+    state_.CurrencySymbol = LeesLocaleTekst(locale, lcid, platform::LocaleCurrencySymbol);
+    state_.MonetaryDecimal = LeesLocaleTekst(locale, lcid, platform::LocaleMonetaryDecimal);
+    state_.MonetaryThousand = LeesLocaleTekst(locale, lcid, platform::LocaleMonetaryThousand);
 }
 
 void frmMain::LeesGMUFontSize() {

@@ -149,7 +149,9 @@ void Key(World& world, CommandLine& line) {
     OnForm(world, line, "key", [&](forms::Form& form, bool reachable) {
         const int code = line.WholeNumber("key code");
         if (reachable) {
+            world.memory.desktop.PressKey(code);
             form.UserKey(code);
+            world.memory.desktop.ReleaseKey(code);
         }
         return reachable;
     });

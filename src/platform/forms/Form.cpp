@@ -8,6 +8,13 @@
 
 namespace forms {
 
+namespace {
+
+/// Virtual key code of the numeric pad's 0; 1 to 9 follow.
+constexpr int NumericPad0 = 96;
+
+} // namespace
+
 Form::Form(Session& session, std::string name) : session_(session), name_(std::move(name)) {}
 
 Form::~Form() {
@@ -114,7 +121,8 @@ bool Form::Unload() {
 }
 
 void Form::Afdrukken(std::int16_t /*iMethod*/, std::int16_t /*num_copies*/, bool /*blnPrintPreview*/) {
-    throw platform::RuntimeError(438, "Object doesn't support this property or method");
+    throw platform::RuntimeError(platform::ErrorNoSuchMember,
+                                 "Object doesn't support this property or method");
 }
 
 bool Form::MoveFocus(Control& control) {
@@ -198,7 +206,9 @@ void Form::UserKey(int virtualKey, bool shift) {
         UserCharacter(static_cast<char32_t>(virtualKey));
         break;
     default:
-        if (virtualKey >= '0' && virtualKey <= '9') {
+        if (virtualKey >= NumericPad0 && virtualKey <= NumericPad0 + 9) {
+            UserCharacter(static_cast<char32_t>(virtualKey - NumericPad0 + '0'));
+        } else if (virtualKey >= '0' && virtualKey <= '9') {
             UserCharacter(static_cast<char32_t>(virtualKey));
         } else if (virtualKey >= 'A' && virtualKey <= 'Z') {
             UserCharacter(static_cast<char32_t>(virtualKey + (shift ? 0 : 'a' - 'A')));

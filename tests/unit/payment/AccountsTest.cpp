@@ -61,8 +61,7 @@ TEST(BankGiroCheck, CountsWhatIsNoDigitAsZero) {
     EXPECT_TRUE(BankGiroCheck("X123456789"));
     EXPECT_TRUE(BankGiroCheck("é123456789"));
     EXPECT_FALSE(BankGiroCheck("ABCDEFGHI"));
-    // The sixth character weighs 5 whatever it is: 10 + 1 gives 11, but for a text of nine with é as its
-    // first.
+    // Of ten characters the first weighs 10 and the last 1, which makes 11; of nine the first weighs 9.
     EXPECT_TRUE(BankGiroCheck("1éééééééé1"));
     EXPECT_FALSE(BankGiroCheck("1ééééééé1"));
 }

@@ -42,11 +42,40 @@ TEST_F(EntryFields, TheFirstFocusSelectsAndALaterClickDoesNot) {
     EXPECT_EQ(form->UserText(70).SelLength(), 0);
 }
 
+TEST_F(EntryFields, AClickLeavesTheCaretWhereItIs) {
+    Set("IncassantAdres", "Adres 12");
+    Start();
+    form->UserText(71).Select(3, 4);
+    form->UserText(71).UserClick();
+    EXPECT_EQ(form->UserText(71).SelStart(), 3);
+    EXPECT_EQ(form->UserText(71).SelLength(), 0);
+}
+
+TEST_F(EntryFields, TabbingInLeavesTheMarkOfTheFirstFocus) {
+    memory.desktop.PressKey(platform::key::Tab);
+    Start();
+    memory.desktop.ReleaseKey(platform::key::Tab);
+    EXPECT_TRUE(form->FirstFocus);
+}
+
+TEST_F(EntryFields, TheArrowsStepTheCountUpToAThousand) {
+    Start();
+    GoToPrinting();
+    form->UpDown.UserStep(1);
+    EXPECT_EQ(form->UserText(0).Text(), "101");
+    form->UserText(0).SetText("1000");
+    form->UpDown.UserStep(1);
+    EXPECT_EQ(form->UserText(0).Text(), "1000");
+    form->UserText(0).SetText("1");
+    form->UpDown.UserStep(-1);
+    EXPECT_EQ(form->UserText(0).Text(), "1");
+}
+
 TEST_F(EntryFields, CancelWithAWrongAccountBringsTheMessageAndIsLost) {
     Start();
     Type(74, "123456780");
     form->Cancel.UserClick();
-    EXPECT_EQ(MessageTexts(), std::vector<std::string>{WrongAccount});
+    EXPECT_EQ(memory.desktop.Messages(), Information(WrongAccount));
     EXPECT_TRUE(form->Visible());
     EXPECT_EQ(form->UserText(74).Text(), "");
     EXPECT_EQ(form->ActiveControl(), &form->UserText(74));

@@ -42,8 +42,18 @@ TEST_F(PrintCommand, RefusesMoreThan30000) {
     GoToPrinting();
     form->UserText(0).SetText("30001");
     form->cmdPrinten.UserClick();
-    EXPECT_EQ(MessageTexts(), std::vector<std::string>{"U kunt maximaal 30.000 acceptgiro's afdrukken."});
+    EXPECT_EQ(memory.desktop.Messages(), Information("U kunt maximaal 30.000 acceptgiro's afdrukken."));
     EXPECT_TRUE(modal.empty());
+}
+
+// A part of a form is more than nothing, and the run then rounds it to none.
+TEST_F(PrintCommand, TakesAFraction) {
+    InstallPrinter();
+    Start();
+    GoToPrinting();
+    form->UserText(0).SetText("0.5");
+    form->cmdPrinten.UserClick();
+    EXPECT_EQ(modal, std::vector<std::string>{"frmPrintManager"});
 }
 
 TEST_F(PrintCommand, TakesExactly30000) {

@@ -77,6 +77,11 @@ class WizardTest : public testing::Test {
         return texts;
     }
 
+    /// The one message box that there was, with the program's title.
+    static std::vector<platform::ShownMessage> Information(const std::string& text) {
+        return {{text, platform::MessageIcon::Information, Title}};
+    }
+
     int VisiblePage() const {
         int visible = -1;
         for (const auto& [index, panel] : form->WizardPanel) {

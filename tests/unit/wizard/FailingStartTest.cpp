@@ -1,0 +1,37 @@
+#include "WizardFixture.h"
+
+namespace wizard {
+namespace {
+
+class FailingStart : public WizardTest, public testing::WithParamInterface<const char*> {};
+
+// Whichever call of the machine fails while the program starts, its first page stands there with what could
+// be read, and says nothing about it.
+TEST_P(FailingStart, GoesOnWithTheNextStep) {
+    Set("IncassantBegunstigde", "Naam");
+    Set("GMUFontName", "OCR-B");
+    InstallPrinter();
+    ASSERT_TRUE(memory.recorder.Fail(GetParam(), 2));
+    Start();
+    EXPECT_EQ(VisiblePage(), 0);
+    EXPECT_EQ(form->UserText(70).Text(), "Naam");
+    EXPECT_EQ(form->lblOCRFont.Caption(), "OCR-B");
+    EXPECT_TRUE(MessageTexts().empty());
+    EXPECT_EQ(memory.desktop.MousePointer(), platform::PointerDefault);
+}
+
+INSTANTIATE_TEST_SUITE_P(Calls, FailingStart,
+                         testing::Values("Printers", "Orientation", "MeasureText", "ScaleWidth",
+                                         "ScaleHeight", "GetDeviceCaps", "GetLocaleInfoA", "RegCloseKey",
+                                         "RegSetValueExA"));
+
+TEST_F(WizardTest, StartsWithoutGivingThePrinterAnOrientation) {
+    InstallPrinter();
+    int set = 0;
+    memory.recorder.Sink = [&](const platform::Event& event) { set += event.Kind == "set" ? 1 : 0; };
+    Start();
+    EXPECT_EQ(set, 0);
+}
+
+} // namespace
+} // namespace wizard
