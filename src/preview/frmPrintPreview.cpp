@@ -45,27 +45,21 @@ std::int16_t HighWord(std::intptr_t value) {
 
 frmPrintPreview::frmPrintPreview(forms::Session& session, platform::Platform& platform,
                                  wizard::AppState& state, frmPrintPreviewGhost& ghost)
-    : Form(session, "frmPrintPreview"),                                                       //
-      pictShadow(*this, "pictShadow"),                                                        //
-      pictPageContainer(*this, "pictPageContainer"),                                          //
-      pictCurrentPage(*this, "pictCurrentPage", forms::Control::NoIndex, &pictPageContainer), //
-      pictHScroll(*this, "pictHScroll"),                                                      //
-      HScroll(*this, "HScroll", forms::ScrollBar::Direction::Horizontal, scrollStart, scrollEnd,
-              &pictHScroll),
-      pictVScroll(*this, "pictVScroll"), //
+    : Form(session, "frmPrintPreview"), pictShadow(*this, "pictShadow"),
+      pictPageContainer(*this, "pictPageContainer"),
+      pictCurrentPage(*this, "pictCurrentPage", forms::Control::NoIndex, &pictPageContainer),
+      pictHScroll(*this, "pictHScroll"), HScroll(*this, "HScroll", forms::ScrollBar::Direction::Horizontal,
+                                                 scrollStart, scrollEnd, &pictHScroll),
+      pictEdge(*this, "pictEdge"), pictBottom(*this, "pictBottom"), pictVScroll(*this, "pictVScroll"),
       VScroll(*this, "VScroll", forms::ScrollBar::Direction::Vertical, scrollStart, scrollEnd, &pictVScroll),
-      cmdUp(*this, "cmdUp", &pictVScroll),                                                   //
-      cmdDown(*this, "cmdDown", &pictVScroll),                                               //
-      Line5(*this, "Line5"),                                                                 //
-      ToolbarContainer(*this, "ToolbarContainer"),                                           //
-      Line1(*this, "Line1", forms::Control::NoIndex, &ToolbarContainer),                     //
-      Line2(*this, "Line2", forms::Control::NoIndex, &ToolbarContainer),                     //
-      pictMoveToolbar(*this, "pictMoveToolbar", forms::Control::NoIndex, &ToolbarContainer), //
+      cmdUp(*this, "cmdUp", &pictVScroll), cmdDown(*this, "cmdDown", &pictVScroll), Line5(*this, "Line5"),
+      ToolbarContainer(*this, "ToolbarContainer"),
+      Line1(*this, "Line1", forms::Control::NoIndex, &ToolbarContainer),
+      Line2(*this, "Line2", forms::Control::NoIndex, &ToolbarContainer),
+      pictMoveToolbar(*this, "pictMoveToolbar", forms::Control::NoIndex, &ToolbarContainer),
       ToolbarLine(*this, "ToolbarLine", {0, 1, 2, 3, 4, 5, 6, 7, 8, 9, 10, 11, 12, 13}, &pictMoveToolbar),
-      Toolbar(*this, "Toolbar", &ToolbarContainer), //
-      StatusBar(*this, "StatusBar", 2),             //
-      SSActiveToolBars(*this, "SSActiveToolBars"),  //
-      platform_(platform), state_(state), ghost_(ghost) {
+      Toolbar(*this, "Toolbar", &ToolbarContainer), StatusBar(*this, "StatusBar", 2),
+      SSActiveToolBars(*this, "SSActiveToolBars"), platform_(platform), state_(state), ghost_(ghost) {
     LayOut();
     Toolbar.OnButtonClick = [this](int number) { ToolbarClick(number); };
     SSActiveToolBars.OnToolClick = [this](const std::string& id) { MenuClick(id); };

@@ -36,6 +36,9 @@ class frmPrintPreview : public forms::Form {
 
     forms::PictureBox pictHScroll;
     forms::ScrollBar HScroll;
+    /// Keep the sheet out of the strips beside the vertical bar and below the rule.
+    forms::PictureBox pictEdge;
+    forms::PictureBox pictBottom;
     forms::PictureBox pictVScroll;
     forms::ScrollBar VScroll;
     platform::cmdButtonXP cmdUp;

@@ -65,6 +65,8 @@ void frmPrintPreview::LayOut() {
     pictHScroll.SetBackColor(forms::colour::ButtonFace);
     HScroll.Move(0, 0, 6555, 255);
     HScroll.SetAccessibleName("Horizontaal schuiven");
+    pictEdge.SetBackColor(forms::colour::ButtonFace);
+    pictBottom.SetBackColor(forms::colour::ButtonFace);
     pictVScroll.Move(7020, 720, 315, 3615);
     pictVScroll.SetBackColor(forms::colour::ButtonFace);
     VScroll.Move(0, 180, 255, 2535);
@@ -89,6 +91,7 @@ void frmPrintPreview::LayOut() {
     FillToolbar();
 
     StatusBar.Move(0, 0, 0, statusBarHeight);
+    StatusBar.SetBackColor(forms::colour::ButtonFace);
     FillMenu();
 }
 
@@ -169,6 +172,8 @@ void frmPrintPreview::OnResize() {
     SetHeight(pictVScroll,
               Height() - pictVScroll.Top() - ToolbarContainer.Height() - StatusBar.Height() - 90);
 
+    pictEdge.Move(pictVScroll.Left(), pictVScroll.Top(), Width(), Height());
+
     pictHScroll.SetLeft(0);
     SetWidth(pictHScroll, Width() - pictVScroll.Width() - 135);
     pictHScroll.SetTop(Height() - ToolbarContainer.Height() - StatusBar.Height() - pictHScroll.Height() - 90);
@@ -186,6 +191,7 @@ void frmPrintPreview::OnResize() {
     const double below =
         cmdDown.Top() + cmdDown.Height() + ToolbarContainer.Height() + ToolbarContainer.Top() + 15;
     Line5.SetEnds(Line5.X1(), below, Width(), below);
+    pictBottom.Move(0, below, Width(), Height());
     Line5.BringToFront();
 }
 

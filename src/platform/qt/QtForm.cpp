@@ -16,6 +16,7 @@
 #include "platform/forms/Form.h"
 #include "platform/qt/AccessibleNames.h"
 #include "platform/qt/QtDesktop.h"
+#include "platform/qt/QtMenuBar.h"
 #include "platform/qt/QtText.h"
 #include "platform/qt/QtWindow.h"
 #include "platform/qt/Scale.h"
@@ -86,7 +87,7 @@ QtForm::QtForm(forms::Form& form, QtDesktop& desktop)
     window_->setObjectName(ToQString(form.Name()));
     for (forms::Control* control : form.Controls()) {
         if (control->Kind() == forms::ControlKind::MenuBar) {
-            menuBar_ = control;
+            menuBar_ = static_cast<QtMenuBar*>(&Find(*control));
             area_ = new QWidget(window_.get());
         }
     }
@@ -300,8 +301,8 @@ void QtForm::SettleFocus() {
 
 void QtForm::PlaceBars() {
     if (menuBar_ != nullptr) {
-        Find(*menuBar_).Mirror(forms::Aspect::Geometry);
-        const int top = WidgetOf(*menuBar_)->height();
+        menuBar_->Mirror(forms::Aspect::Geometry);
+        const int top = menuBar_->StripHeight();
         area_->setGeometry(0, top, window_->width(), window_->height() - top);
     }
     for (const auto& control : controls_) {
@@ -323,6 +324,9 @@ void QtForm::Resized() {
 }
 
 void QtForm::WheelTurned(int delta) {
+    if (delta == 0) { // it was turned sideways
+        return;
+    }
     constexpr int limit = std::numeric_limits<std::int16_t>::max();
     desktop_.Windows().SendWheel(procedure_.Handle(),
                                  static_cast<std::int16_t>(std::clamp(delta, -limit, limit)));
