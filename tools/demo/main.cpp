@@ -18,6 +18,7 @@ namespace {
 
 constexpr const char* Wizard = "frmMain";
 constexpr const char* Manager = "frmPrintManager";
+constexpr const char* Preview = "frmPrintPreview";
 
 struct Document {
     int Row;
@@ -74,6 +75,35 @@ void Print(Player& player, const wizard::frmMain& form, const Document& document
     player.AnswerFile(file, first ? QStringLiteral("10-bestand") : QString());
 }
 
+// A look at the forms on the screen, and back to the wizard.
+void LookAtThePreview(Player& player, const wizard::frmMain& form) {
+    player.Step(
+        "wait for the last print to end", [&form] { return form.PrintManager() == nullptr; }, [] {});
+    player.Click(Wizard, "cmdPrinten");
+    player.PickRow(Manager, "lstAfdrukken", 0);
+    player.Click(Manager, "cmdPrintVoorbeeld");
+    player.AnswerMessage("11-melding-paginas");
+    player.WaitForWindow(Preview);
+    player.Picture(Preview, "12-afdrukvoorbeeld");
+    player.Click(Preview, "Toolbar(5)");
+    player.Click(Preview, "cmdDown");
+    player.Picture(Preview, "13-afdrukvoorbeeld-pagina-3");
+    player.Click(Preview, "Toolbar(8)");
+    player.Click(Manager, "cmdAnnuleren");
+}
+
+// The screen that is not there: an ordinary one of 1280 by 1024, or one of twice the density.
+void DescribeScreen(const QString& name, int density) {
+    QFile file(name);
+    if (file.open(QIODevice::WriteOnly)) {
+        file.write(QStringLiteral(R"({"screens": [{"name": "demo", "x": 0, "y": 0, "width": %1, "height": %2,
+            "logicalDpi": 96, "logicalBaseDpi": 96, "dpr": 1}]})")
+                       .arg(1280 * density)
+                       .arg(1024 * density)
+                       .toUtf8());
+    }
+}
+
 bool IsWholePdf(const QString& name) {
     QFile file(name);
     if (!file.open(QIODevice::ReadOnly)) {
@@ -99,14 +129,15 @@ int main(int argc, char** argv) {
 
     // Nothing of the user's own machine: no screen, no settings, no print server.
     const QTemporaryDir home;
+    const int density = doubled ? 2 : 1;
+    const QString screen = home.filePath(QStringLiteral("screen.json"));
+    DescribeScreen(screen, density);
     QDir(home.path()).mkpath(QStringLiteral("tarvik"));
     QFile::copy(QStringLiteral(EXAMPLE_SETTINGS), home.filePath(QStringLiteral("tarvik/settings.reg")));
     qputenv("XDG_CONFIG_HOME", home.path().toLocal8Bit());
-    qputenv("QT_QPA_PLATFORM", "offscreen");
+    qputenv("QT_QPA_PLATFORM", "offscreen:configfile=" + screen.toLocal8Bit());
     qputenv("CUPS_SERVER", "localhost:1");
-    if (doubled) {
-        qputenv("QT_SCALE_FACTOR", "2");
-    }
+    qputenv("QT_SCALE_FACTOR", QByteArray::number(density));
 
     platform::qt::QtPlatform platform(argc, argv);
     wizard::AppState state;
@@ -123,7 +154,8 @@ int main(int argc, char** argv) {
         QFile::remove(FileOf(folder, document));
         Print(player, form, document, FileOf(folder, document));
     }
-    player.Picture(Wizard, "11-gereed");
+    LookAtThePreview(player, form);
+    player.Picture(Wizard, "14-gereed");
     player.Close(Wizard);
     player.Start();
 

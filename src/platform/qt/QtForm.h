@@ -14,6 +14,7 @@
 namespace platform::qt {
 
 class QtDesktop;
+class QtMenuBar;
 
 /// The real window of a form.
 class QtForm final : public forms::FormPeer {
@@ -67,7 +68,7 @@ class QtForm final : public forms::FormPeer {
     QtDesktop& desktop_;
     std::unique_ptr<QWidget> window_;
     QWidget* area_; // where the controls are: the window, or what a menu bar leaves of it
-    forms::Control* menuBar_ = nullptr;
+    QtMenuBar* menuBar_ = nullptr;
     forms::WindowProcedureTable::Window procedure_;
     std::vector<std::unique_ptr<QtControl>> controls_;
     std::unordered_map<const forms::Control*, QtControl*> byModel_;

@@ -3,8 +3,11 @@
 #include <QMenu>
 #include <QMenuBar>
 
+#include <algorithm>
+
 #include "platform/qt/QtForm.h"
 #include "platform/qt/QtText.h"
+#include "platform/qt/Scale.h"
 
 namespace platform::qt {
 
@@ -33,8 +36,13 @@ void QtMenuBar::MirrorContent(forms::Aspect aspect) {
     }
 }
 
+int QtMenuBar::StripHeight() const {
+    constexpr double designHeight = 390;
+    return std::max(ToDots(designHeight), bar_->sizeHint().height());
+}
+
 void QtMenuBar::Place() {
-    bar_->setGeometry(0, 0, Form().Window()->width(), bar_->sizeHint().height());
+    bar_->setGeometry(0, 0, Form().Window()->width(), StripHeight());
 }
 
 } // namespace platform::qt

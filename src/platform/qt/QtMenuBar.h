@@ -7,10 +7,14 @@ class QMenuBar;
 
 namespace platform::qt {
 
-/// The form's window puts it above the form's own area.
+/// The form's window puts it above the form's own area, in a strip as high as a design with menus leaves for
+/// it.
 class QtMenuBar final : public QtControl {
   public:
     QtMenuBar(forms::MenuBar& control, QtForm& form, QWidget* parent);
+
+    /// Dots.
+    int StripHeight() const;
 
   protected:
     void MirrorContent(forms::Aspect aspect) override;

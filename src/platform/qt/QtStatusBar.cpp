@@ -8,10 +8,17 @@
 
 namespace platform::qt {
 
+namespace {
+
+constexpr double SideMargin = 75; // twips
+
+} // namespace
+
 QtStatusBar::QtStatusBar(forms::StatusBar& control, QtForm& form, QWidget* parent)
     : QtControl(control, form, new QStatusBar(parent)), model_(control),
       bar_(static_cast<QStatusBar*>(Widget())) {
     bar_->setSizeGripEnabled(false);
+    bar_->setContentsMargins(ToDots(SideMargin), 0, ToDots(SideMargin), 0);
     for (int number = 1; number <= control.PanelCount(); ++number) {
         auto* panel = new QLabel(bar_);
         panel->setTextFormat(Qt::PlainText);

@@ -14,7 +14,8 @@ namespace {
 
 // Twips. A button is as wide as the toolbar is high.
 constexpr double RuleWidth = 150;
-constexpr double PictureMargin = 90;
+constexpr double PictureMargin = 120;
+constexpr double RuleMargin = 90;
 
 } // namespace
 
@@ -66,7 +67,8 @@ void QtToolbar::Place() {
     for (QWidget* button : buttons_) {
         auto* pressable = qobject_cast<QToolButton*>(button);
         const double width = pressable == nullptr ? RuleWidth : side;
-        button->setGeometry(ToDots(left, 0, width, side));
+        const double margin = pressable == nullptr ? RuleMargin : 0;
+        button->setGeometry(ToDots(left, margin, width, side - 2 * margin));
         if (pressable != nullptr) {
             pressable->setIconSize({picture, picture});
         }
