@@ -15,10 +15,6 @@ namespace {
 
 constexpr int PatienceMs = 5000;
 
-QPoint MiddleIn(const QWidget* widget) {
-    return widget->mapTo(widget->window(), widget->rect().center());
-}
-
 } // namespace
 
 QWidget* Of(const QString& form) {
@@ -49,24 +45,31 @@ bool WaitFor(const std::function<bool()>& condition) {
     return true;
 }
 
+void WhenShown(const QString& form, const std::function<void()>& act) {
+    QTimer::singleShot(1, qApp, [form, act] {
+        if (Of(form) == nullptr) {
+            WhenShown(form, act);
+            return;
+        }
+        Settle();
+        act();
+    });
+}
+
 void Settle() {
     for (int round = 0; round < 3; ++round) {
         QCoreApplication::processEvents();
     }
 }
 
-void Press(QWidget* widget) {
-    QTest::mousePress(widget->window()->windowHandle(), Qt::LeftButton, {}, MiddleIn(widget));
-}
-
-void Release(QWidget* widget) {
-    QTest::mouseRelease(widget->window()->windowHandle(), Qt::LeftButton, {}, MiddleIn(widget));
-    Settle();
-}
-
 void Click(QWidget* widget) {
-    Press(widget);
-    Release(widget);
+    Click(widget, widget->rect().center());
+}
+
+void Click(QWidget* widget, const QPoint& at) {
+    QTest::mouseClick(widget->window()->windowHandle(), Qt::LeftButton, {},
+                      widget->mapTo(widget->window(), at));
+    Settle();
 }
 
 void Key(Qt::Key key, Qt::KeyboardModifiers modifiers) {

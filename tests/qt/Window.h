@@ -24,13 +24,15 @@ WidgetType* Find(const QString& form, const QString& control) {
 /// Handles waiting events until `condition` holds. False if it does not come to hold in time.
 bool WaitFor(const std::function<bool()>& condition);
 
+/// Runs `act` once the form's window is on show, from whatever message loop runs then.
+void WhenShown(const QString& form, const std::function<void()>& act);
+
 /// Handles what waits now, queued calls included.
 void Settle();
 
 /// A press and release of the left button in the middle of a widget, as the window system reports it.
 void Click(QWidget* widget);
-void Press(QWidget* widget);
-void Release(QWidget* widget);
+void Click(QWidget* widget, const QPoint& at);
 
 /// A key to whatever has the focus in the active window.
 void Key(Qt::Key key, Qt::KeyboardModifiers modifiers = Qt::NoModifier);

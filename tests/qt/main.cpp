@@ -1,10 +1,18 @@
 #include <gtest/gtest.h>
 
 #include <QApplication>
+#include <QFont>
+
+#include "platform/qt/QtPlatform.h"
 
 int main(int argc, char** argv) {
     qputenv("QT_QPA_PLATFORM", "offscreen");
     testing::InitGoogleTest(&argc, argv);
-    const QApplication application(argc, argv);
+    const platform::qt::DutchApplication application(argc, argv);
+    if (const int points = qEnvironmentVariableIntValue("DRUKKEURING_TEST_POINTS"); points > 0) {
+        QFont font = QApplication::font();
+        font.setPointSize(points);
+        QApplication::setFont(font);
+    }
     return RUN_ALL_TESTS();
 }
