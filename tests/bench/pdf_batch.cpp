@@ -36,7 +36,7 @@ long PeakMemory() {
     std::ifstream status("/proc/self/status");
     for (std::string line; std::getline(status, line);) {
         if (line.starts_with("VmHWM:")) {
-            return std::atol(line.c_str() + std::strlen("VmHWM:"));
+            return std::strtol(line.c_str() + std::strlen("VmHWM:"), nullptr, 10);
         }
     }
     return 0;
@@ -146,7 +146,7 @@ int main(int argc, char** argv) {
     const QApplication application(argc, argv);
     const QTemporaryDir folder;
     const bool isFloor = std::string(argv[1]) == "floor";
-    const int forms = std::atoi(argv[2]);
+    const int forms = static_cast<int>(std::strtol(argv[2], nullptr, 10));
     const QString file = QString::fromLocal8Bit(argv[3]);
 
     platform::qt::LoadPackagedFonts();

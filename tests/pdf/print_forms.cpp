@@ -148,7 +148,7 @@ int main(int argc, char** argv) {
     qputenv("QT_QPA_PLATFORM", "offscreen");
     const QApplication application(argc, argv);
     const QString folder = QString::fromLocal8Bit(argv[1]);
-    const int count = std::atoi(argv[5]);
+    const int count = static_cast<int>(std::strtol(argv[5], nullptr, 10));
 
     platform::MemoryPlatform memory;
     memory.clock.Set(moment);
@@ -165,9 +165,9 @@ int main(int argc, char** argv) {
 
     wizard::AppState state;
     QJsonObject record = FillState(state, memory.registry);
-    state.AcceptgiroType = static_cast<std::int16_t>(std::atoi(argv[2]));
-    state.GMUContractVorm = static_cast<std::int16_t>(std::atoi(argv[3]));
-    state.GMUVerkeer = std::atoi(argv[4]) != 0;
+    state.AcceptgiroType = static_cast<std::int16_t>(std::strtol(argv[2], nullptr, 10));
+    state.GMUContractVorm = static_cast<std::int16_t>(std::strtol(argv[3], nullptr, 10));
+    state.GMUVerkeer = std::strtol(argv[4], nullptr, 10) != 0;
     record["type"] = state.AcceptgiroType;
     record["contract"] = state.GMUContractVorm;
     record["traffic"] = state.GMUVerkeer;

@@ -23,8 +23,8 @@ constexpr std::uint16_t DevModeVersion = 0x0401;
 /// A text in the code page into a field of `size` bytes, closed by a NUL.
 void PutText(char* field, std::size_t size, const std::string& utf8) {
     const std::string bytes = text::ToCodePage(utf8);
-    std::memset(field, 0, size);
-    std::memcpy(field, bytes.data(), std::min(size - 1, bytes.size()));
+    char* end = std::copy_n(bytes.data(), std::min(size - 1, bytes.size()), field);
+    std::fill(end, field + size, '\0');
 }
 
 constexpr std::uint32_t Bit(std::int32_t field) {

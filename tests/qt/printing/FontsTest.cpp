@@ -59,10 +59,10 @@ TEST(GlyphTable, HasDesignWidthsFromTheFontFile) {
     QRawFont face = QRawFont::fromFont(DesignFont({"Tahoma", 10, false}));
     const QByteArray hmtx = face.fontTable("hmtx");
     const QByteArray hhea = face.fontTable("hhea");
-    const int wide = qFromBigEndian<quint16>(hhea.constData() + 34);
+    const qsizetype wide = qFromBigEndian<quint16>(hhea.constData() + 34);
     for (char32_t code = 0x20; code < 0x7F; ++code) {
         const quint32 glyph = face.glyphIndexesForString(QString(QChar(static_cast<char16_t>(code)))).front();
-        const int row = std::min(static_cast<int>(glyph), wide - 1);
+        const qsizetype row = std::min(static_cast<qsizetype>(glyph), wide - 1);
         const double units = qFromBigEndian<quint16>(hmtx.constData() + row * 4);
         EXPECT_NEAR(table.Of(code).Advance, units / face.unitsPerEm() * 1000, 0.02) << static_cast<int>(code);
     }
