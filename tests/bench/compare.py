@@ -11,7 +11,7 @@ import sys
 import tempfile
 
 BATCH, ROUNDS = 250, 9
-LONG, LONG_ROUNDS = 30000, 1
+LONG, LONG_ROUNDS = 30000, 3
 
 
 def measure(program, way, forms, folder):
