@@ -6,7 +6,9 @@
 #include <QTemporaryDir>
 #include <QThread>
 
+#include <csignal>
 #include <pwd.h>
+#include <sys/prctl.h>
 #include <unistd.h>
 
 namespace {
@@ -158,6 +160,7 @@ PrintServer::~PrintServer() {
 }
 
 void PrintServer::Start() {
+    server_.setChildProcessModifier([] { prctl(PR_SET_PDEATHSIG, SIGTERM); }); // also where a test crashes
     server_.start("cupsd",
                   {"-f", "-c", folder_.filePath("cupsd.conf"), "-s", folder_.filePath("cups-files.conf")});
     isUp_ = server_.waitForStarted() && WaitFor("cups.sock") &&
