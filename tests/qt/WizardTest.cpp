@@ -10,6 +10,7 @@
 
 #include "platform/memory/MemoryPlatform.h"
 #include "printmanager/frmPrintManager.h"
+#include "printmanager/frmPrintManagerSetup.h"
 #include "qt/Clipping.h"
 #include "qt/Program.h"
 #include "qt/Window.h"
@@ -184,6 +185,14 @@ TEST_F(WizardTest, NoTextIsClippedInTheManager) {
         EXPECT_THAT(window::Clipped("frmPrintManager"), testing::IsEmpty());
         window::Of("frmPrintManager")->close();
     });
+}
+
+TEST_F(WizardTest, NoTextIsClippedInTheSetupOfTheManager) {
+    Start();
+    printmanager::frmPrintManagerSetup setup(program.session, program.services, program.state);
+    setup.Show();
+    window::Settle();
+    EXPECT_THAT(window::Clipped(QString::fromStdString(setup.Name())), testing::IsEmpty());
 }
 
 TEST_F(WizardTest, EveryControlHasASpokenName) {
