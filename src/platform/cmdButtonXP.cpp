@@ -17,19 +17,19 @@ constexpr int timerInterval = 5;  // milliseconds
 /// Where the pictures of a style stand: consecutive images from `first` on fill the looks from `firstLook`
 /// on.
 struct StylePictures {
-    std::int16_t style;
     const ImageList& list;
     int first;
+    std::int16_t style;
     std::int16_t firstLook;
 };
 
 constexpr StylePictures stylePictures[] = {
-    {1, imgResourceSmall, 1, cmdButtonXP::LookDisabled}, {2, imgResourceSmall, 5, cmdButtonXP::LookDisabled},
-    {3, imgResourceSmall, 9, cmdButtonXP::LookNormal},   {4, imgResourceSmall, 12, cmdButtonXP::LookNormal},
-    {5, imgResourceSmall, 15, cmdButtonXP::LookNormal},  {10, imgResourceLarge, 1, cmdButtonXP::LookNormal},
-    {11, imgResourceLarge, 4, cmdButtonXP::LookNormal},  {12, imgResourceLarge, 7, cmdButtonXP::LookNormal},
-    {13, imgResourceLarge, 10, cmdButtonXP::LookNormal}, {14, imgResourceLarge, 13, cmdButtonXP::LookNormal},
-    {15, imgResourceLarge, 16, cmdButtonXP::LookNormal}, {16, imgResourceLarge, 19, cmdButtonXP::LookNormal},
+    {imgResourceSmall, 1, 1, cmdButtonXP::LookDisabled}, {imgResourceSmall, 5, 2, cmdButtonXP::LookDisabled},
+    {imgResourceSmall, 9, 3, cmdButtonXP::LookNormal},   {imgResourceSmall, 12, 4, cmdButtonXP::LookNormal},
+    {imgResourceSmall, 15, 5, cmdButtonXP::LookNormal},  {imgResourceLarge, 1, 10, cmdButtonXP::LookNormal},
+    {imgResourceLarge, 4, 11, cmdButtonXP::LookNormal},  {imgResourceLarge, 7, 12, cmdButtonXP::LookNormal},
+    {imgResourceLarge, 10, 13, cmdButtonXP::LookNormal}, {imgResourceLarge, 13, 14, cmdButtonXP::LookNormal},
+    {imgResourceLarge, 16, 15, cmdButtonXP::LookNormal}, {imgResourceLarge, 19, 16, cmdButtonXP::LookNormal},
 };
 
 } // namespace

@@ -136,6 +136,7 @@ void frmPrintPreviewGhost::Msg_Before(std::int32_t& uMsg, std::intptr_t& /*wPara
     if (uMsg != platform::WM_GETMINMAXINFO || lParam == 0) {
         return;
     }
+    // NOLINTNEXTLINE(performance-no-int-to-ptr): a message carries the structure's address as a number
     void* address = reinterpret_cast<void*>(lParam);
     platform::MINMAXINFO bounds;
     std::memcpy(&bounds, address, sizeof bounds);

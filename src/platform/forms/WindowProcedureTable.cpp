@@ -40,6 +40,7 @@ std::intptr_t WindowProcedureTable::CallWindowProcA(platform::ProcedureAddress p
     if (procedure == 0) {
         return 0;
     }
+    // NOLINTNEXTLINE(performance-no-int-to-ptr): a procedure is kept as a number, as Windows keeps it
     return reinterpret_cast<platform::WindowProcedure>(procedure)(hWnd, uMsg, wParam, lParam);
 }
 
