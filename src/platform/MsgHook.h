@@ -17,22 +17,22 @@ class MsgHook {
     MsgHook(const MsgHook&) = delete;
     MsgHook& operator=(const MsgHook&) = delete;
 
-    /// Fired before the window sees the message; set uMsg=0 to keep it from the window, retVal is then the
-    /// result.
+    /// Fired before event occures; set uMsg=0 to cancel event. The window then does not see it, and retVal is
+    /// the result.
     std::function<void(std::int32_t& uMsg, std::intptr_t& wParam, std::intptr_t& lParam,
                        std::intptr_t& retVal)>
         Before;
-    /// Fired after the window has handled the message.
+    /// Fired after event occured.
     std::function<void(std::int32_t& uMsg, std::intptr_t& wParam, std::intptr_t& lParam)> After;
 
-    /// Starts watching for these messages, or for all if none is given. What it watched before is let go
-    /// first. RuntimeError as modMsgHookProc::HookWindow; it then watches nothing.
+    /// Starts watching for events [for given messages]. Without messages it watches all of them. What it
+    /// watched before is let go first. RuntimeError as modMsgHookProc::HookWindow; it then watches nothing.
     void Hook(WindowHandle hWnd, const std::vector<std::int32_t>& messages = {});
 
     void RaiseAfter(std::int32_t& uMsg, std::intptr_t& wParam, std::intptr_t& lParam);
     void RaiseBefore(std::int32_t& uMsg, std::intptr_t& wParam, std::intptr_t& lParam, std::intptr_t& retVal);
 
-    /// Stops watching. Nothing happens if it watches nothing.
+    /// Stops watching for events. Nothing happens if it watches nothing.
     void Unhook();
 
     /// Number of its slot, 0 if it watches nothing.
