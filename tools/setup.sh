@@ -3,11 +3,11 @@
 set -euo pipefail
 
 # To build the program.
-build=(g++ cmake ninja-build ccache qt6-base-dev libqt6svg6-dev libcups2-dev)
+build=(g++ cmake ninja-build ccache qt6-base-dev libqt6svg6-dev libcups2-dev nlohmann-json3-dev)
 # To run it: the fonts of the forms, one for the windows, the toolkit's Dutch texts.
 run=(fonts-wine fonts-ocr-b fonts-dejavu-core qt6-translations-l10n)
 # To test it.
-test=(libgtest-dev libgmock-dev libbenchmark-dev nlohmann-json3-dev python3-minimal poppler-utils
+test=(libgtest-dev libgmock-dev libbenchmark-dev python3 poppler-utils
       cups-daemon cups-client)
 
 case "${1:-}" in
