@@ -242,7 +242,7 @@ TEST_F(PdfPrinterTest, AssigningTakesStoredDefaultsAndTheOwnFontAfresh) {
     EXPECT_EQ(Printer.Orientation(), 1);
     EXPECT_EQ(Printer.PaperSize(), PaperA4);
     EXPECT_EQ(Printer.Drawing.CurrentX, 0);
-    EXPECT_EQ(Printer.Drawing.Font.Size, 12);
+    EXPECT_EQ(Printer.Drawing.Font.Size, 8);
     PdfPrinter other(AskForPdfFile, SettingsFile());
     ASSERT_TRUE(other.WriteSettings({Landscape, PaperLegal, BinAutomatic, 1}));
     Printer.Assign(0);
