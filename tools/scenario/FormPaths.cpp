@@ -63,6 +63,15 @@ Json StateOf(const PrinterState& state) {
     return Json::array({state.Printer, state.Paper, state.Bin, state.Orientation});
 }
 
+/// Width and height of each paper, in tenths of a millimetre.
+Json SizesOf(const std::vector<printmanager::PaperDimensions>& papers) {
+    Json sizes = Json::array();
+    for (const printmanager::PaperDimensions& paper : papers) {
+        sizes.push_back({paper.Width, paper.Height});
+    }
+    return sizes;
+}
+
 /// Fields that are records themselves.
 bool ReadRecord(const frmPrintManager& form, const std::string& name, Json& value) {
     if (name == "objPrinter") {
@@ -71,6 +80,8 @@ bool ReadRecord(const frmPrintManager& form, const std::string& name, Json& valu
         value = StateOf(form.FirstPrinterState);
     } else if (name == "RestoreState") {
         value = StateOf(form.RestoreState);
+    } else if (name == "ptPaperSizes") {
+        value = SizesOf(form.ptPaperSizes);
     } else {
         return false;
     }

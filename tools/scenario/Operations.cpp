@@ -75,6 +75,11 @@ constexpr Operation<frmPrintManager> managerOperations[] = {
          form.ShowNoConnection();
          return Json();
      }},
+    {"ShowOrientationPicture", 0,
+     [](World&, frmPrintManager& form, Arguments&) {
+         form.ShowOrientationPicture();
+         return Json();
+     }},
     {"RefreshPrinterDetails", 0,
      [](World&, frmPrintManager& form, Arguments&) {
          form.RefreshPrinterDetails();
