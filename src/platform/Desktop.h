@@ -43,8 +43,8 @@ struct ScreenArea {
     double Height = 0;
 };
 
-/// The window system. One thread: a modal form, a message box and a yield run the message loop inside the call,
-/// so handlers can be entered again from there.
+/// The window system. One thread: a modal form, a message box and a yield run the message loop inside the
+/// call, so handlers can be entered again from there.
 class Desktop {
   public:
     virtual ~Desktop() = default;
@@ -66,7 +66,8 @@ class Desktop {
 
     virtual void SetMousePointer(int pointer) = 0;
 
-    /// Stops the drawing of a window, named by the handle of its control; 0 draws again. Against flicker only.
+    /// Stops the drawing of a window, named by the handle of its control; 0 draws again. Against flicker
+    /// only.
     virtual void LockWindowUpdate(std::uintptr_t window) = 0;
 
     virtual ScreenArea Screen() = 0;

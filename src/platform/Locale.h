@@ -18,8 +18,8 @@ class Locale {
 
     virtual std::int32_t GetUserDefaultLCID() = 0;
 
-    /// Without a buffer (nullptr, 0) the length of the item with its closing NUL, in bytes of the machine's code
-    /// page; with one, the number of bytes written. 0 is failure.
+    /// Without a buffer (nullptr, 0) the length of the item with its closing NUL, in bytes of the machine's
+    /// code page; with one, the number of bytes written. 0 is failure.
     virtual std::int32_t GetLocaleInfoA(std::int32_t locale, std::int32_t item, char* buffer,
                                         std::int32_t size) = 0;
 

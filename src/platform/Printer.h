@@ -37,9 +37,9 @@ inline constexpr int CapsLogPixelsY = 90;
 inline constexpr int CapsPhysicalOffsetX = 112;
 inline constexpr int CapsPhysicalOffsetY = 113;
 
-/// The current printer. Assigning it anew takes the printer's stored defaults (orientation, paper, bin, copies)
-/// and its own font afresh; writing a property changes this object alone, never the stored defaults. Every
-/// member may raise RuntimeError (ErrorInvalidPropertyValue, ErrorPrinter or the machine's own).
+/// The current printer. Assigning it anew takes the printer's stored defaults (orientation, paper, bin,
+/// copies) and its own font afresh; writing a property changes this object alone, never the stored defaults.
+/// Every member may raise RuntimeError (ErrorInvalidPropertyValue, ErrorPrinter or the machine's own).
 class Printer {
   public:
     virtual ~Printer() = default;

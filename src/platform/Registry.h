@@ -36,8 +36,8 @@ class Registry {
     virtual std::int32_t RegOpenKeyA(RegistryKey root, const std::string& path, RegistryKey& key) = 0;
     virtual std::int32_t RegCloseKey(RegistryKey key) = 0;
 
-    /// Type and size in bytes of a value and, where `data` is given, its bytes. `size` holds the room in `data`
-    /// on the way in; RegMoreData if it is too small. A text value's bytes include its closing NUL.
+    /// Type and size in bytes of a value and, where `data` is given, its bytes. `size` holds the room in
+    /// `data` on the way in; RegMoreData if it is too small. A text value's bytes include its closing NUL.
     virtual std::int32_t RegQueryValueExA(RegistryKey key, const std::string& name, std::uint32_t& type,
                                           char* data, std::uint32_t& size) = 0;
 

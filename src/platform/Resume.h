@@ -4,8 +4,9 @@
 
 namespace platform {
 
-/// Runs one step of a routine that goes on when a step fails: the failure is dropped without a message and the
-/// caller's next statement runs. Only RuntimeError is a failure of a step; anything else is a defect and passes.
+/// Runs one step of a routine that goes on when a step fails: the failure is dropped without a message and
+/// the caller's next statement runs. Only RuntimeError is a failure of a step; anything else is a defect and
+/// passes.
 template <class Step>
 void Resume(Step&& step) {
     try {

@@ -7,8 +7,8 @@
 
 namespace platform {
 
-/// Settings of a printer: the first 124 bytes of the structure that Windows drivers exchange, field for field,
-/// so that a buffer from a real driver can be read as this. A driver's own data may follow it.
+/// Settings of a printer: the first 124 bytes of the structure that Windows drivers exchange, field for
+/// field, so that a buffer from a real driver can be read as this. A driver's own data may follow it.
 struct DEVMODE {
     char dmDeviceName[32];
     std::uint16_t dmSpecVersion;
@@ -62,8 +62,8 @@ inline constexpr std::uint16_t DC_BINS = 6;
 inline constexpr std::uint16_t DC_BINNAMES = 12;
 inline constexpr std::uint16_t DC_PAPERNAMES = 16;
 
-/// What the spooler knows of a printer. The texts are pointers into the buffer that was filled, in the machine's
-/// code page. An actual buffer is larger than this record.
+/// What the spooler knows of a printer. The texts are pointers into the buffer that was filled, in the
+/// machine's code page. An actual buffer is larger than this record.
 struct PRINTER_INFO_2 {
     char* pServerName;
     char* pPrinterName;
@@ -95,15 +95,16 @@ struct PRINTER_DEFAULTS {
     std::uint32_t DesiredAccess;
 };
 
-/// STANDARD_RIGHTS_REQUIRED with PRINTER_ACCESS_USE: enough to change one's own defaults, no administrator's right.
+/// STANDARD_RIGHTS_REQUIRED with PRINTER_ACCESS_USE: enough to change one's own defaults, no administrator's
+/// right.
 inline constexpr std::uint32_t PrinterAccessUse = 0xF0008;
 
 /// Handle of an open printer, pointer-wide; 0 is none.
 using PrinterHandle = std::uintptr_t;
 
-/// The spooler's calls by the names that Windows gives them; Windows passes them on, other machines answer them
-/// from their own queues. Names, ports and texts are 8-bit text in the machine's code page. None throws: failure
-/// is told by the result, as on Windows. The program promises an order of calls, not just an outcome.
+/// The spooler's calls by the names that Windows gives them; Windows passes them on, other machines answer
+/// them from their own queues. Names, ports and texts are 8-bit text in the machine's code page. None throws:
+/// failure is told by the result, as on Windows. The program promises an order of calls, not just an outcome.
 class Spooler {
   public:
     virtual ~Spooler() = default;
@@ -113,13 +114,13 @@ class Spooler {
     virtual bool ClosePrinter(PrinterHandle handle) = 0;
 
     /// Mode 0: the size of the printer's DEVMODE with the driver's data. DM_OUT_BUFFER: the printer's present
-    /// settings into `output`. DM_IN_BUFFER | DM_OUT_BUFFER: the settings of `input`, made valid, into `output`
-    /// (both may be one buffer). Negative is failure; 1 success.
+    /// settings into `output`. DM_IN_BUFFER | DM_OUT_BUFFER: the settings of `input`, made valid, into
+    /// `output` (both may be one buffer). Negative is failure; 1 success.
     virtual std::int32_t DocumentPropertiesA(PrinterHandle handle, const std::string& printer, void* output,
                                              const void* input, std::uint32_t mode) = 0;
 
-    /// Level 2: a PRINTER_INFO_2 and the texts behind it into `buffer` of `size` bytes. With size 0 only `needed`
-    /// is set, and the call fails.
+    /// Level 2: a PRINTER_INFO_2 and the texts behind it into `buffer` of `size` bytes. With size 0 only
+    /// `needed` is set, and the call fails.
     virtual bool GetPrinterA(PrinterHandle handle, std::uint32_t level, void* buffer, std::uint32_t size,
                              std::uint32_t& needed) = 0;
 
@@ -128,8 +129,8 @@ class Spooler {
                              std::uint32_t command) = 0;
 
     /// Number of papers or bins; with `output` also their data: DC_PAPERS and DC_BINS one 16-bit number each,
-    /// DC_PAPERSIZE two 32-bit numbers each (tenths of a millimetre), DC_PAPERNAMES 64 and DC_BINNAMES 24 bytes
-    /// each, not NUL-closed when the name fills them. -1 is failure.
+    /// DC_PAPERSIZE two 32-bit numbers each (tenths of a millimetre), DC_PAPERNAMES 64 and DC_BINNAMES 24
+    /// bytes each, not NUL-closed when the name fills them. -1 is failure.
     virtual std::int32_t DeviceCapabilitiesA(const std::string& printer, const std::string& port,
                                              std::uint16_t capability, void* output) = 0;
 };
