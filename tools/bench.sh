@@ -3,6 +3,7 @@
 set -eu
 source=$(cd "$(dirname "$0")/.." && pwd)
 build=${1:-$source/build}
-cmake -S "$source" -B "$build" -G Ninja -DCMAKE_BUILD_TYPE=Release -DDRUKKEURING_SANITIZE=OFF > /dev/null
+cmake -S "$source" -B "$build" -G Ninja -DCMAKE_BUILD_TYPE=Release -DDRUKKEURING_SANITIZE=OFF \
+  -DDRUKKEURING_BENCHMARKS=ON > /dev/null
 ninja -C "$build" bench_composition pdf_batch > /dev/null
 exec python3 "$source/tests/bench/compare.py" "$build/bin/pdf_batch" "$build/bin/bench_composition"
