@@ -5,6 +5,7 @@
 #include <functional>
 #include <string>
 
+#include "platform/Boolean.h"
 #include "platform/forms/Control.h"
 #include "platform/forms/Timer.h"
 
@@ -81,11 +82,11 @@ class cmdButtonXP : public forms::Control {
     std::int16_t iState_ = LookNormal;
     std::int16_t iStickyStyle_ = 0;
     std::int16_t iButtonStyle_ = 0;
-    bool blnOver_ = false;
-    bool blnMouseDown_ = false;
-    bool blnSticky_ = false;
-    bool blnStuck_ = false;
-    bool blnBusy_ = false;
+    Boolean blnOver_;
+    Boolean blnMouseDown_;
+    Boolean blnSticky_;
+    Boolean blnStuck_;
+    Boolean blnBusy_;
     bool windowEnabled_ = true;
 };
 

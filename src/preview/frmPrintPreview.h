@@ -4,6 +4,7 @@
 #include <memory>
 #include <string>
 
+#include "platform/Boolean.h"
 #include "platform/MsgHook.h"
 #include "platform/Platform.h"
 #include "platform/cmdButtonXP.h"
@@ -64,7 +65,7 @@ class frmPrintPreview : public forms::Form {
     std::int32_t lScrollSpanY = 0;
     std::int32_t lScrollSpanX = 0;
     /// The sheet did not fit in the width when the window was loaded.
-    bool blnHScroll = false;
+    platform::Boolean blnHScroll;
     std::unique_ptr<platform::MsgHook> Msg;
 
     void SetiTotalPages(std::int16_t Aantal);

@@ -28,13 +28,13 @@ constexpr const char* LandscapeTitle = "Landscape";
 /// Takes a flag down on every way out, so that a failure cannot leave a form that never closes.
 class ClearAtEnd {
   public:
-    explicit ClearAtEnd(bool& flag) : flag_(flag) {}
+    explicit ClearAtEnd(platform::Boolean& flag) : flag_(flag) {}
     ~ClearAtEnd() { flag_ = false; }
     ClearAtEnd(const ClearAtEnd&) = delete;
     ClearAtEnd& operator=(const ClearAtEnd&) = delete;
 
   private:
-    bool& flag_;
+    platform::Boolean& flag_;
 };
 
 void ShowProgress(forms::ProgressBar& bar, std::int16_t percent) {

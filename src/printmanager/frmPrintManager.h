@@ -5,6 +5,7 @@
 #include <string>
 #include <vector>
 
+#include "platform/Boolean.h"
 #include "platform/Platform.h"
 #include "platform/Printer.h"
 #include "platform/forms/CheckBox.h"
@@ -126,25 +127,25 @@ class frmPrintManager : public forms::Form {
     forms::LineControl lFormY4;
 
     /// A run, a preparation or a reload is under way: no command, no other printer, no closing.
-    bool blnBusy = false;
+    platform::Boolean blnBusy;
     /// The form is closing: no command.
-    bool blnClosing = false;
-    bool blnLoading = false;
-    bool blnFillingPrinters = false;
+    platform::Boolean blnClosing;
+    platform::Boolean blnLoading;
+    platform::Boolean blnFillingPrinters;
     /// The printer has no list of papers.
-    bool blnNoConnection = false;
+    platform::Boolean blnNoConnection;
     /// A combo has changed since the load or the last run.
-    bool blnUserChanged = false;
+    platform::Boolean blnUserChanged;
     /// The stored defaults of a printer have been changed and are to be put back.
-    bool blnRestorePending = false;
+    platform::Boolean blnRestorePending;
     /// `objPrinter` is a printer.
-    bool blnPrinterFound = false;
+    platform::Boolean blnPrinterFound;
     /// The details have not been opened yet.
-    bool blnCenterPending = false;
-    bool blnDetailsOpen = false;
+    platform::Boolean blnCenterPending;
+    platform::Boolean blnDetailsOpen;
     /// The user has settings per kind of document.
-    bool blnUseSpecific = false;
-    bool blnIsPreview = false;
+    platform::Boolean blnUseSpecific;
+    platform::Boolean blnIsPreview;
     std::int16_t iCopies = 1;
     std::string strCurrentPrinter;
     /// The printer that was loaded last.

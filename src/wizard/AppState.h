@@ -4,6 +4,8 @@
 #include <cstdint>
 #include <string>
 
+#include "platform/Boolean.h"
+
 namespace composition {
 class PrintSurface;
 }
@@ -41,7 +43,7 @@ struct AppState {
     std::array<std::string, 11> DocumentTitle;
 
     /// Payment traffic: off, the forms carry no payment reference and no OCR line.
-    bool GMUVerkeer = false;
+    platform::Boolean GMUVerkeer;
     std::string GMUFontName;
     std::string GMUCode;
     /// Points, as text.
@@ -51,7 +53,7 @@ struct AppState {
     std::int16_t GMUContractVorm = 0;
 
     // The creditor.
-    bool IncassantAfdrukken = false;
+    platform::Boolean IncassantAfdrukken;
     std::string IncassantBegunstigde;
     std::string IncassantAdres;
     std::string IncassantPostCode;
@@ -75,15 +77,15 @@ struct AppState {
     Calibration AcceptGiroBGAcceptTop;
 
     /// The print manager is open; the wizard ignores its commands meanwhile.
-    bool PrintManagerOpen = false;
+    platform::Boolean PrintManagerOpen;
     /// How often the printer's preparation yields to the message loop; more than 1000 also repeats it.
     std::int32_t PrinterInit = 0;
     /// The user has asked from the preview for the document on paper.
-    bool PrintAfterPreview = false;
+    platform::Boolean PrintAfterPreview;
     /// 1 three forms on a sheet, narrow stub; 2 three, wide stub; 3 one form under a letter, narrow stub.
     std::int16_t AcceptgiroType = 0;
     /// A run forces the paper size.
-    bool OverrulePaperSize = false;
+    platform::Boolean OverrulePaperSize;
 
     /// What a run draws on: the printer or the preview's page.
     composition::PrintSurface* Surface = nullptr;
@@ -93,7 +95,7 @@ struct AppState {
     std::int32_t PhysicalOffsetY = 0;
     /// 1 portrait, 2 landscape, 0 leaves the printer as it is.
     std::int16_t PrinterOrientation = 0;
-    bool MatrixPrinter = false;
+    platform::Boolean MatrixPrinter;
     /// Left margin of the list documents.
     std::int32_t LeftMargin = 0;
     std::int16_t TwipsPerCm = 0;

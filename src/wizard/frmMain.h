@@ -6,6 +6,7 @@
 #include <vector>
 
 #include "composition/PrintSurface.h"
+#include "platform/Boolean.h"
 #include "platform/Platform.h"
 #include "platform/forms/CommandButton.h"
 #include "platform/forms/ControlArray.h"
@@ -59,7 +60,7 @@ class frmMain : public forms::Form {
     /// Page on show, 0 to 3.
     std::int16_t Page = 0;
     /// No box has had the focus since the start: the first one selects its text.
-    bool FirstFocus = false;
+    platform::Boolean FirstFocus;
 
     /// The print manager, while it is open.
     printmanager::frmPrintManager* PrintManager() const { return printManager_.get(); }

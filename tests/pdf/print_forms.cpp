@@ -170,7 +170,7 @@ int main(int argc, char** argv) {
     state.GMUVerkeer = std::strtol(argv[4], nullptr, 10) != 0;
     record["type"] = state.AcceptgiroType;
     record["contract"] = state.GMUContractVorm;
-    record["traffic"] = state.GMUVerkeer;
+    record["traffic"] = bool(state.GMUVerkeer);
     record["documents"] = DrawDocuments(memory.clock, count);
 
     support::FakeRunHost host(state, services);

@@ -10,18 +10,28 @@
 #include <variant>
 #include <vector>
 
+#include "platform/Boolean.h"
+
 #include "Json.h"
 #include "ScriptError.h"
 #include "Target.h"
+
+template <>
+struct nlohmann::adl_serializer<platform::Boolean> {
+    template <class Any>
+    static void to_json(Any& json, const platform::Boolean& flag) {
+        json = static_cast<bool>(flag);
+    }
+};
 
 /// Fields of the program's records by their names: tables of members, read and written by one rule.
 namespace scenario {
 
 template <class Record>
-using Member =
-    std::variant<bool Record::*, std::int16_t Record::*, std::int32_t Record::*, std::string Record::*,
-                 std::array<std::string, 4> Record::*, std::array<std::string, 5> Record::*,
-                 std::array<std::string, 11> Record::*, std::vector<std::int16_t> Record::*>;
+using Member = std::variant<platform::Boolean Record::*, std::int16_t Record::*, std::int32_t Record::*,
+                            std::string Record::*, std::array<std::string, 4> Record::*,
+                            std::array<std::string, 5> Record::*, std::array<std::string, 11> Record::*,
+                            std::vector<std::int16_t> Record::*>;
 
 template <class Record>
 struct Field {
@@ -32,12 +42,13 @@ struct Field {
 };
 
 template <class Value>
-inline constexpr bool isList = !std::is_arithmetic_v<Value> && !std::is_same_v<Value, std::string>;
+inline constexpr bool isList = !std::is_arithmetic_v<Value> && !std::is_same_v<Value, std::string> &&
+                               !std::is_same_v<Value, platform::Boolean>;
 
 /// ScriptError if the JSON is of another kind, or does not fit.
 template <class Value>
 void Assign(Value& to, const Json& json) {
-    if constexpr (std::is_same_v<Value, bool>) {
+    if constexpr (std::is_same_v<Value, bool> || std::is_same_v<Value, platform::Boolean>) {
         if (json.is_boolean()) {
             to = json.get<bool>();
             return;

@@ -72,7 +72,7 @@ TEST_F(PrinterChoiceTest, OtherCombosAreOnlyNoted) {
 
 TEST_F(PrinterChoiceTest, NothingHappensWhileBusyOrClosing) {
     Open();
-    for (bool frmPrintManager::*flag : {&frmPrintManager::blnBusy, &frmPrintManager::blnClosing}) {
+    for (platform::Boolean frmPrintManager::*flag : {&frmPrintManager::blnBusy, &frmPrintManager::blnClosing}) {
         manager.get()->*flag = true;
         EXPECT_TRUE(TraceOf([&] { manager->cboPrinterSelect(0).SetListIndex(1); }).empty());
         EXPECT_FALSE(manager->blnUserChanged);
