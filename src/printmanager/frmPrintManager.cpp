@@ -254,7 +254,7 @@ void frmPrintManager::CloseCheck() {
     tmrSetPaperSize.SetEnabled(false);
     const DrawingUnlock unlock(Desktop());
     if (blnRestorePending) {
-        Desktop().LockWindowUpdate(hWnd());
+        Desktop().LockWindowUpdate(pictDetails.hWnd());
         RestorePrinterState();
     }
     strCurrentPrinter = RestoreState.Printer.empty() ? cboPrinterSelect(0).Text() : RestoreState.Printer;

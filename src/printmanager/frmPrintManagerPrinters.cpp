@@ -32,7 +32,7 @@ void frmPrintManager::cboPrinterSelect_Click(int index) {
 void frmPrintManager::ChangePrinter() {
     if (blnRestorePending) {
         const DrawingUnlock unlock(Desktop());
-        Desktop().LockWindowUpdate(hWnd());
+        Desktop().LockWindowUpdate(pictDetails.hWnd());
         RestorePrinterState();
     }
     const int position = FindPrinter(platform_.Printers, cboPrinterSelect(0).Text());

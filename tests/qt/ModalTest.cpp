@@ -128,6 +128,24 @@ TEST_F(ModalTest, ALockedWindowDrawsAgainAfterZero) {
     EXPECT_TRUE(window::Of("Sample")->updatesEnabled());
 }
 
+TEST_F(ModalTest, ALockedControlLeavesTheRestOfTheWindowDrawing) {
+    const QWidget* panel = window::Find("Sample", "Panel");
+    const QWidget* within = window::Find("Sample", "First");
+    desktop.LockWindowUpdate(form.Panel.hWnd());
+    EXPECT_FALSE(panel->updatesEnabled());
+    EXPECT_FALSE(within->updatesEnabled());
+    EXPECT_TRUE(window::Of("Sample")->updatesEnabled());
+    desktop.LockWindowUpdate(0);
+    EXPECT_TRUE(panel->updatesEnabled());
+    EXPECT_TRUE(within->updatesEnabled());
+}
+
+TEST_F(ModalTest, AHandleOfNothingLocksNothing) {
+    desktop.LockWindowUpdate(reinterpret_cast<std::uintptr_t>(&desktop));
+    EXPECT_TRUE(window::Of("Sample")->updatesEnabled());
+    desktop.LockWindowUpdate(0);
+}
+
 TEST_F(ModalTest, AFormStandsInTheMiddleUntilItIsPlaced) {
     const platform::ScreenArea area = desktop.WorkArea();
     const QWidget* window = window::Of("Sample");

@@ -80,6 +80,10 @@ void Control::SetFocus() {
     form_.MoveFocus(*this);
 }
 
+std::uintptr_t Control::hWnd() const {
+    return form_.HandleOf(*this);
+}
+
 void Control::BringToFront() {
     Changed(Aspect::ZOrder);
 }

@@ -108,6 +108,9 @@ class Control {
     Colour BackColor() const { return backColor_; }
     void SetBackColor(Colour colour);
 
+    /// Handle of the control, for Desktop::LockWindowUpdate; 0 until its form is loaded.
+    std::uintptr_t hWnd() const;
+
     /// Place in the tab order; controls without one keep the order of their making, after the others.
     int TabIndex() const { return tabIndex_; }
     void SetTabIndex(int index) { tabIndex_ = index; }

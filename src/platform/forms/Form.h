@@ -83,6 +83,7 @@ class Form {
     bool PointerIsOver(const Control& control) const { return peer_ && peer_->PointerIsOver(control); }
 
     // For controls.
+    std::uintptr_t HandleOf(const Control& control) const { return peer_ ? peer_->HandleOf(control) : 0; }
     void Register(Control& control) { controls_.push_back(&control); }
     void ControlChanged(Control& control, Aspect aspect);
 

@@ -28,6 +28,8 @@ class FormPeer {
     virtual bool PointerIsOver(const Control& /*control*/) { return false; }
     /// Handle of the window, pointer-wide.
     virtual std::uintptr_t Handle() = 0;
+    /// Handle of a control, for Desktop::LockWindowUpdate; the window's own where controls have none.
+    virtual std::uintptr_t HandleOf(const Control& /*control*/) { return Handle(); }
 };
 
 } // namespace forms

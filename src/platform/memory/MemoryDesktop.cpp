@@ -1,6 +1,7 @@
 #include "platform/memory/MemoryDesktop.h"
 
 #include <limits>
+#include <unordered_map>
 
 #include "platform/forms/Form.h"
 #include "platform/forms/FormPeer.h"
@@ -27,12 +28,20 @@ class MemoryPeer final : public forms::FormPeer {
     void FocusMoved(forms::Control* /*control*/) override {}
     bool PointerIsOver(const forms::Control& control) override { return desktop_.PointedAt() == &control; }
     std::uintptr_t Handle() override { return window_.Handle(); }
+    std::uintptr_t HandleOf(const forms::Control& control) override {
+        std::uintptr_t& handle = handles_[&control];
+        if (handle == 0) {
+            handle = desktop_.NewHandle();
+        }
+        return handle;
+    }
 
   private:
     Recorder& recorder_;
     MemoryDesktop& desktop_;
     forms::Form& form_;
     forms::WindowProcedureTable::Window window_;
+    std::unordered_map<const forms::Control*, std::uintptr_t> handles_;
 };
 
 const char* IconName(MessageIcon icon) {
@@ -50,7 +59,7 @@ const char* IconName(MessageIcon icon) {
 } // namespace
 
 std::unique_ptr<forms::FormPeer> MemoryDesktop::CreatePeer(forms::Form& form) {
-    return std::make_unique<MemoryPeer>(recorder_, *this, form, ++lastHandle_);
+    return std::make_unique<MemoryPeer>(recorder_, *this, form, NewHandle());
 }
 
 void MemoryDesktop::RunModal(forms::Form& form) {

@@ -55,6 +55,8 @@ class MemoryDesktop final : public Desktop {
     /// The control that the mouse pointer stands on, or nullptr.
     void PointAt(const forms::Control* control) { pointedAt_ = control; }
     const forms::Control* PointedAt() const { return pointedAt_; }
+    /// A number that no window or control has had yet.
+    std::uintptr_t NewHandle() { return ++lastHandle_; }
     /// The windows of the loaded forms, and the way to send them messages.
     forms::WindowProcedureTable& Windows() { return windows_; }
     /// Twips. The screen has no task bar: all of it is work area.

@@ -33,6 +33,18 @@ QMessageBox::Icon IconOf(MessageIcon icon) {
     return QMessageBox::Information;
 }
 
+/// The widget of a form's or a control's handle; nullptr if it is gone.
+QWidget* WidgetOf(std::uintptr_t handle) {
+    if (QWidget* window = QWidget::find(static_cast<WId>(handle))) {
+        return window;
+    }
+    const QWidgetList all = QApplication::allWidgets();
+    const auto found = std::find_if(all.begin(), all.end(), [handle](const QWidget* widget) {
+        return reinterpret_cast<std::uintptr_t>(widget) == handle;
+    });
+    return found == all.end() ? nullptr : *found;
+}
+
 } // namespace
 
 QtDesktop::QtDesktop() {
@@ -156,7 +168,7 @@ void QtDesktop::LockWindowUpdate(std::uintptr_t window) {
         locked_ = nullptr;
     }
     if (window != 0) {
-        locked_ = QWidget::find(static_cast<WId>(window));
+        locked_ = WidgetOf(window);
         if (locked_ != nullptr) {
             locked_->setUpdatesEnabled(false);
         }

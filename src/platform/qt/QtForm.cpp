@@ -235,8 +235,22 @@ std::uintptr_t QtForm::Handle() {
     return static_cast<std::uintptr_t>(window_->winId());
 }
 
+// A control shares the native window of its form, so its widget's address stands for it.
+std::uintptr_t QtForm::HandleOf(const forms::Control& control) {
+    QWidget* widget = WidgetOf(control);
+    return widget == nullptr ? Handle() : reinterpret_cast<std::uintptr_t>(widget);
+}
+
 bool QtForm::KeyPressed(const QKeyEvent& event, QtControl* control) {
-    if ((event.modifiers() & (Qt::ControlModifier | Qt::AltModifier | Qt::MetaModifier)) != 0) {
+    const int virtualKey = VirtualKeyOf(event);
+    const bool shift = (event.modifiers() & Qt::ShiftModifier) != 0;
+    const auto others = event.modifiers() & (Qt::ControlModifier | Qt::AltModifier | Qt::MetaModifier);
+    if (others != 0) {
+        // A form that scrolls has no focus, and its keys are the same with Ctrl.
+        if (others == Qt::ControlModifier && virtualKey > key::Escape && control == nullptr &&
+            form_.ActiveControl() == nullptr) {
+            form_.UserKey(virtualKey, shift);
+        }
         return false;
     }
     SettleFocus();

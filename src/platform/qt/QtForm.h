@@ -29,6 +29,7 @@ class QtForm final : public forms::FormPeer {
     void FocusMoved(forms::Control* control) override;
     bool PointerIsOver(const forms::Control& control) override;
     std::uintptr_t Handle() override;
+    std::uintptr_t HandleOf(const forms::Control& control) override;
 
     QWidget* Window() const { return window_.get(); }
     /// The widget of one of the form's controls; nullptr if it has none.

@@ -35,6 +35,17 @@ TEST_F(FormTest, LoadsOnceAndShows) {
     EXPECT_THAT(session.OpenForms(), ElementsAre(&form));
 }
 
+TEST_F(FormTest, EachControlHasAHandleOfItsOwnOnceTheFormIsLoaded) {
+    CommandButton button(form, "cmdTest");
+    TextBox box(form, "txtTest");
+    EXPECT_EQ(button.hWnd(), 0U);
+    form.Load();
+    EXPECT_NE(button.hWnd(), 0U);
+    EXPECT_NE(button.hWnd(), form.hWnd());
+    EXPECT_NE(button.hWnd(), box.hWnd());
+    EXPECT_EQ(button.hWnd(), button.hWnd());
+}
+
 TEST_F(FormTest, OpenFormsStandInOrderOfLoading) {
     TestForm second(session, "frmSecond");
     TestForm third(session, "frmThird");

@@ -100,6 +100,7 @@ TEST_F(RestoreTest, DrawingIsLockedWhileItWorksAndUnlockedAfterAFailure) {
     memory.desktop.OnYield = [&] { locked = memory.desktop.LockedWindow(); };
     memory.recorder.Fail("PaperBin");
     manager->cboPrinterSelect(0).UserPick(1);
+    EXPECT_EQ(locked, manager->pictDetails.hWnd());
     EXPECT_NE(locked, 0U);
     EXPECT_EQ(memory.desktop.LockedWindow(), 0U);
     EXPECT_EQ(manager->lblPrinterSelect(6).Caption(), "Geen verbinding mogelijk");
