@@ -242,15 +242,7 @@ std::uintptr_t QtForm::HandleOf(const forms::Control& control) {
 }
 
 bool QtForm::KeyPressed(const QKeyEvent& event, QtControl* control) {
-    const int virtualKey = VirtualKeyOf(event);
-    const bool shift = (event.modifiers() & Qt::ShiftModifier) != 0;
-    const auto others = event.modifiers() & (Qt::ControlModifier | Qt::AltModifier | Qt::MetaModifier);
-    if (others != 0) {
-        // A form that scrolls has no focus, and its keys are the same with Ctrl.
-        if (others == Qt::ControlModifier && virtualKey > key::Escape && control == nullptr &&
-            form_.ActiveControl() == nullptr) {
-            form_.UserKey(virtualKey, shift);
-        }
+    if ((event.modifiers() & (Qt::ControlModifier | Qt::AltModifier | Qt::MetaModifier)) != 0) {
         return false;
     }
     SettleFocus();
