@@ -106,6 +106,47 @@ TEST_F(CloseTest, FailureSkipsTheRestWithoutAMessageAndTheFormCloses) {
     EXPECT_THAT(Trace(), testing::Not(testing::Contains("error 380")));
     EXPECT_THAT(Trace(), testing::Not(testing::Contains("store CurrentPrinter=Laser")));
     EXPECT_EQ(memory.desktop.LockedWindow(), 0U);
+    // What the check did not come to stays as it was.
+    EXPECT_TRUE(manager->blnRestorePending);
+    EXPECT_TRUE(manager->blnClosing);
+    EXPECT_EQ(state.CallerFormName, "frmCaller");
+    EXPECT_TRUE(state.PrintManagerOpen);
+    EXPECT_FALSE(manager->tmrSetPaperSize.Enabled());
+}
+
+TEST_F(CloseTest, DetailsAreLockedWhileItRestores) {
+    AddCaller("frmCaller");
+    OpenAndPick();
+    manager->cmdPrintVoorbeeld.UserClick();
+    const std::uintptr_t details = manager->pictDetails.hWnd();
+    ASSERT_NE(details, 0U);
+    bool locked = true;
+    memory.desktop.OnYield = [&] { locked = locked && memory.desktop.LockedWindow() == details; };
+    const int before = memory.desktop.Yields();
+    EXPECT_TRUE(manager->UserClose());
+    EXPECT_EQ(memory.desktop.Yields() - before, 40);
+    EXPECT_TRUE(locked);
+    EXPECT_EQ(memory.desktop.LockedWindow(), 0U);
+}
+
+TEST_F(CloseTest, WithoutARunThePrinterIsLeftAlone) {
+    Open();
+    EXPECT_THAT(TraceOf([&] { manager->UserClose(); }),
+                ElementsAre("store CurrentPrinter=Laser", "unload frmPrintManager"));
+}
+
+TEST_F(CloseTest, OpeningAfterABrokenOffCloseWorks) {
+    AddCaller("frmCaller");
+    OpenAndPick();
+    manager->cmdPrintVoorbeeld.UserClick();
+    memory.recorder.Fail("PaperSize");
+    EXPECT_TRUE(manager->UserClose());
+    OpenAndPick();
+    EXPECT_FALSE(manager->blnClosing);
+    EXPECT_FALSE(manager->blnRestorePending);
+    manager->cmdPrint.UserClick();
+    EXPECT_EQ(calls.size(), 2U);
+    EXPECT_FALSE(state.PrintManagerOpen);
 }
 
 TEST_F(CloseTest, SettingsThatCannotBeWrittenDoNotHoldIt) {

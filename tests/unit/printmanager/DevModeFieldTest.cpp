@@ -62,6 +62,21 @@ TEST_F(DevModeFieldTest, WritingIsMergedStoredAndFollowedByTwentyYields) {
     EXPECT_EQ(Laser().Defaults.PaperSize, 5);
 }
 
+TEST_F(DevModeFieldTest, CallsCarryTheSpoolersOwnNumbers) {
+    TraceOf([&] { Put(platform::DM_PAPERSIZE, 5); }, "spooler");
+    std::vector<std::string> numbers;
+    for (const platform::Event& event : events) {
+        const std::string call = FieldText(event, "call");
+        numbers.push_back(call == "DocumentPropertiesA" ? "mode " + FieldText(event, "mode")
+                          : call == "GetPrinterA" || call == "SetPrinterA"
+                              ? "level " + FieldText(event, "level") + " command " +
+                                    FieldText(event, "command")
+                              : call);
+    }
+    EXPECT_THAT(numbers, ElementsAre("OpenPrinterA", "mode 0", "mode 2", "mode 10", "level 2 command ?",
+                                     "level 2 command ?", "level 2 command 0", "ClosePrinter"));
+}
+
 TEST_F(DevModeFieldTest, FieldThatTheDriverDoesNotOfferIsLeftAlone) {
     Laser().Fields = platform::DM_PAPERSIZE;
     EXPECT_THAT(TraceOf([&] { EXPECT_EQ(Put(platform::DM_DEFAULTSOURCE, 1), 0); }),
@@ -176,6 +191,20 @@ TEST_F(StubbedDevModeTest, WriteCarriesTheMergedSettingsAndNoSecurity) {
     EXPECT_EQ(Put(5), 0);
     EXPECT_EQ(stub.Written.pSecurityDescriptor, nullptr);
     EXPECT_EQ(stub.WrittenMode.dmPaperSize, 5);
+}
+
+TEST_F(StubbedDevModeTest, DriverMayFill128BytesMoreThanItReports) {
+    stub.BytesTooMany = 128;
+    stub.Mode.dmPaperSize = 8;
+    EXPECT_EQ(GetDevModeField(stub, "Laser", platform::DM_PAPERSIZE), 8);
+    EXPECT_EQ(Put(5), 0);
+    EXPECT_EQ(stub.WrittenMode.dmPaperSize, 5);
+}
+
+TEST_F(StubbedDevModeTest, DriverMergesInOneBuffer) {
+    Put(5);
+    EXPECT_TRUE(stub.MergedInPlace);
+    EXPECT_EQ(stub.Merged.dmPaperSize, 5);
 }
 
 struct SelectorRow {

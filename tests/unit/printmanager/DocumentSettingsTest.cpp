@@ -60,6 +60,17 @@ TEST_P(KindTest, TitleSelectsItsSettings) {
     EXPECT_TRUE(Applied());
 }
 
+TEST_P(KindTest, TitleReadsNoOtherSettings) {
+    for (const char* kind : {"Etiketten", "Acceptgiro", "Persoonskaart", "Gezinskaart", "Overige"}) {
+        if (kind != std::string(GetParam().Kind)) {
+            Store(kind);
+        }
+    }
+    Open();
+    manager->ApplyDocumentSettings(GetParam().DocumentTitle);
+    ExpectUntouched();
+}
+
 INSTANTIATE_TEST_SUITE_P(Titles, KindTest,
                          testing::Values(KindRow{"etiket", "Etiketten"},
                                          KindRow{"acceptgiro's", "Acceptgiro"},
@@ -102,6 +113,50 @@ TEST_F(DocumentSettingsTest, PrinterThatIsNotInstalledLeavesTheFormDisabled) {
     EXPECT_FALSE(manager->pictDetails.Enabled());
     EXPECT_TRUE(manager->blnUserChanged);
     EXPECT_FALSE(manager->chkMatrixPrinter.Value());
+    EXPECT_EQ(manager->cboPrinterSelect(1).Text(), "A4");
+    EXPECT_EQ(manager->cboPrinterSelect(3).Text(), "Staand");
+    // The look at the present printer's details has already ended the hourglass.
+    EXPECT_EQ(memory.desktop.MousePointer(), platform::PointerDefault);
+}
+
+TEST_F(DocumentSettingsTest, StepsStandInOrder) {
+    Store("Etiketten");
+    Set("CurrentPrinter", "Inkt");
+    Open();
+    const std::vector<std::string> lines = TraceOf([&] { manager->ApplyDocumentSettings("etiketten"); });
+    EXPECT_EQ(lines.front(), "mouse 11");
+    EXPECT_EQ(lines[1], "mouse 11"); // the details' own, with the load of the lists behind it
+    EXPECT_EQ(lines[2], "caps 16");
+    // The selection of the printer acts as a click, so the lists are loaded again.
+    EXPECT_EQ(std::count(lines.begin(), lines.end(), "caps 16"), 4);
+    EXPECT_EQ(std::count(lines.begin(), lines.end(), "mouse 0"), 2);
+    EXPECT_EQ(lines.back(), "mouse 0");
+}
+
+TEST_F(DocumentSettingsTest, FirstOfSeveralEqualEntriesIsTaken) {
+    Store("Etiketten");
+    memory.printers.Find("Inkt")->Papers.push_back({67, 1000, 1000, "Etiket"});
+    Open();
+    manager->ApplyDocumentSettings("etiketten");
+    EXPECT_EQ(manager->iPaperIds[static_cast<std::size_t>(manager->cboPrinterSelect(1).ListIndex())], 66);
+}
+
+TEST_F(DocumentSettingsTest, NothingIsWritten) {
+    Store("Etiketten");
+    Open();
+    EXPECT_THAT(TraceOf([&] { manager->ApplyDocumentSettings("etiketten"); }, "store"), testing::IsEmpty());
+}
+
+TEST_F(DocumentSettingsTest, StoreThatFailsLeavesTheFormAsItIs) {
+    Store("Etiketten");
+    Open();
+    manager->OpenDetails();
+    memory.recorder.Fail("RegOpenKeyA", 5);
+    manager->ApplyDocumentSettings("etiketten");
+    ExpectUntouched();
+    EXPECT_TRUE(manager->pictDetails.Enabled());
+    EXPECT_EQ(memory.desktop.MousePointer(), platform::PointerDefault);
+    EXPECT_THAT(Messages(), testing::IsEmpty());
 }
 
 TEST_F(DocumentSettingsTest, NamesAreComparedExactlyButForBlanks) {

@@ -1,4 +1,5 @@
 #include "ManagerFixture.h"
+#include "StubSpooler.h"
 
 namespace printmanager {
 
@@ -72,7 +73,8 @@ TEST_F(PrinterChoiceTest, OtherCombosAreOnlyNoted) {
 
 TEST_F(PrinterChoiceTest, NothingHappensWhileBusyOrClosing) {
     Open();
-    for (platform::Boolean frmPrintManager::*flag : {&frmPrintManager::blnBusy, &frmPrintManager::blnClosing}) {
+    for (platform::Boolean frmPrintManager::*flag :
+         {&frmPrintManager::blnBusy, &frmPrintManager::blnClosing}) {
         manager.get()->*flag = true;
         EXPECT_TRUE(TraceOf([&] { manager->cboPrinterSelect(0).SetListIndex(1); }).empty());
         EXPECT_FALSE(manager->blnUserChanged);
@@ -123,9 +125,17 @@ TEST_F(PrinterChoiceTest, FailureDuringTheClickShowsNoConnection) {
     memory.recorder.Fail("DeviceName");
     manager->cboPrinterSelect(0).UserPick(1);
     EXPECT_EQ(manager->lblPrinterSelect(6).Caption(), "Geen verbinding mogelijk");
+    EXPECT_EQ(manager->lblPrinterSelect(5).Caption(), "n/a");
+    EXPECT_TRUE(manager->pictError.Visible());
     EXPECT_EQ(manager->cboPrinterSelect(1).ListCount(), 0);
+    EXPECT_EQ(manager->cboPrinterSelect(2).ListCount(), 0);
     EXPECT_FALSE(manager->blnBusy);
     EXPECT_TRUE(memory.desktop.Messages().empty());
+    // Only a click that comes to its end finds out that the lists are empty, so the next choice still loads.
+    EXPECT_FALSE(manager->blnNoConnection);
+    manager->cboPrinterSelect(0).UserPick(0);
+    EXPECT_EQ(manager->lblPrinterSelect(6).Caption(), "Laser");
+    EXPECT_EQ(manager->cboPrinterSelect(1).ListCount(), 2);
 }
 
 TEST_F(PrinterChoiceTest, RefusedListsLeaveTheCombosAsTheyWere) {
@@ -136,6 +146,46 @@ TEST_F(PrinterChoiceTest, RefusedListsLeaveTheCombosAsTheyWere) {
     EXPECT_TRUE(failed);
     EXPECT_EQ(manager->cboPrinterSelect(1).ListCount(), 2);
     EXPECT_EQ(manager->iPaperIds.size(), 2U);
+}
+
+// The lists clear the flag on their way out, so the yield behind them is open to a second click.
+TEST_F(PrinterChoiceTest, ClickInTheYieldBehindTheListsChangesThePrinterAgain) {
+    Open();
+    memory.desktop.OnYield = [this] {
+        memory.desktop.OnYield = nullptr;
+        EXPECT_FALSE(manager->blnBusy);
+        manager->cboPrinterSelect(0).UserPick(0);
+        EXPECT_EQ(manager->lblPrinterSelect(6).Caption(), "Laser");
+    };
+    manager->cboPrinterSelect(0).UserPick(1);
+    // The first click goes on with the printer of the second.
+    EXPECT_EQ(manager->cboPrinterSelect(0).Text(), "Laser");
+    EXPECT_EQ(manager->objPrinter.DeviceName, "Laser");
+    EXPECT_EQ(manager->lblPrinterSelect(6).Caption(), "Laser");
+    EXPECT_FALSE(manager->blnBusy);
+    EXPECT_FALSE(manager->blnNoConnection);
+}
+
+TEST_F(PrinterChoiceTest, CloseInTheYieldBehindTheListsIsTaken) {
+    Open();
+    memory.desktop.OnYield = [this] {
+        memory.desktop.OnYield = nullptr;
+        EXPECT_TRUE(manager->UserClose());
+    };
+    manager->cboPrinterSelect(0).UserPick(1);
+    EXPECT_FALSE(manager->Loaded());
+    EXPECT_EQ(Stored("CurrentPrinter"), "Laser");
+}
+
+TEST_F(PrinterChoiceTest, PrinterWhoseListsFailButWhichAnswersKeepsTheOldLists) {
+    Open();
+    memory.recorder.Fail("DeviceCapabilitiesA");
+    manager->cboPrinterSelect(0).UserPick(1);
+    EXPECT_EQ(manager->lblPrinterSelect(6).Caption(), "Inkt");
+    EXPECT_FALSE(manager->pictError.Visible());
+    EXPECT_EQ(manager->cboPrinterSelect(1).ListCount(), 2);
+    EXPECT_FALSE(manager->blnNoConnection);
+    EXPECT_FALSE(manager->blnBusy);
 }
 
 TEST_F(PrinterChoiceTest, LoadedListsClearTheBusyFlagOfTheCaller) {
@@ -166,6 +216,25 @@ TEST_F(PrinterChoiceTest, EmptyNameOfTheSpoolerFallsBackOnTheDevicesName) {
     manager->cboPrinterSelect(0).UserPick(1);
     EXPECT_EQ(manager->lblPrinterSelect(6).Caption(), "Inkt");
     EXPECT_EQ(manager->lblPrinterSelect(7).Caption(), "");
+}
+
+TEST_F(PrinterChoiceTest, SpoolersEmptyNameFallsBackWhileTheRestIsShown) {
+    StubSpooler stub;
+    platform::Platform services = WithSpooler(memory.Services(), stub);
+    char port[] = "USB001";
+    stub.Capabilities = {{platform::DC_PAPERNAMES, {1, 1, std::string(64, '\0')}},
+                         {platform::DC_PAPERS, {1, 1, std::string(2, '\1')}},
+                         {platform::DC_PAPERSIZE, {1, 1, std::string(8, '\1')}},
+                         {platform::DC_BINS, {1, 1, std::string(2, '\1')}},
+                         {platform::DC_BINNAMES, {1, 1, std::string(24, '\0')}}};
+    stub.PortText = port;
+    manager = std::make_unique<frmPrintManager>(session, services, state);
+    manager->Show();
+    EXPECT_EQ(manager->lblPrinterSelect(6).Caption(), "Laser");
+    EXPECT_EQ(manager->lblPrinterSelect(7).Caption(), "USB001");
+    EXPECT_EQ(manager->lblPrinterSelect(5).Caption(), "Standaard printer; Ready");
+    manager->Unload();
+    manager.reset();
 }
 
 } // namespace

@@ -101,8 +101,38 @@ TEST_F(SetupTest, ValueBeyondTheFieldIsAnErrorAndTheFormStays) {
     OpenSetup();
     events.clear();
     Accept("9999999999");
-    EXPECT_THAT(Trace(), testing::Contains("error 6"));
+    // The text is stored before the field turns out to be too small for it.
+    EXPECT_THAT(Trace(), testing::ElementsAre("store PrinterInit=9999999999", "error 6"));
+    EXPECT_EQ(Stored("PrinterInit"), "9999999999");
     EXPECT_TRUE(setup->Visible());
+    EXPECT_EQ(state.PrinterInit, 100);
+    EXPECT_TRUE(setup->UserClose());
+}
+
+TEST_F(SetupTest, StepsOfAcceptingStandInOrder) {
+    OpenSetup();
+    setup->UserText(0).SetText("1002");
+    EXPECT_THAT(TraceOf([&] { setup->cmdOK.UserClick(); }),
+                testing::ElementsAre("store PrinterInit=1002", "message", "unload frmPrintManagerSetup"));
+}
+
+TEST_F(SetupTest, EscapeAndEnterAreItsButtons) {
+    OpenSetup();
+    EXPECT_TRUE(setup->cmdOK.Default());
+    EXPECT_TRUE(setup->cmdClose.Cancel());
+    EXPECT_EQ(setup->cmdOK.Caption(), "OK");
+    EXPECT_EQ(setup->cmdClose.Caption(), "&Annuleren");
+    EXPECT_EQ(setup->Label1.Caption(), "Printer initialisatie");
+    EXPECT_EQ(setup->Label3.Caption(), "Huidige initialisatietijd:");
+    EXPECT_EQ(setup->Label4.Caption(), "Nieuwe initialisatietijd:");
+}
+
+TEST_F(SetupTest, StoredValueIsReadByNobody) {
+    Set("PrinterInit", "1500");
+    OpenSetup();
+    EXPECT_EQ(setup->UserText(0).Text(), "100");
+    InstallTwo();
+    Open();
     EXPECT_EQ(state.PrinterInit, 100);
 }
 

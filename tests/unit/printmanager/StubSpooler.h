@@ -24,6 +24,12 @@ class StubSpooler : public platform::Spooler {
     platform::PRINTER_INFO_2 Info{};
     /// Text of Info, put behind the record in the caller's buffer as name, port and comment.
     std::string InfoText;
+    /// Text that is told as the port alone.
+    std::string PortText;
+    /// The driver fills its settings and this many bytes more.
+    std::size_t BytesTooMany = 0;
+    /// The merge had one buffer for what goes in and what comes out.
+    bool MergedInPlace = false;
     platform::PRINTER_INFO_2 Written{};
     platform::DEVMODE WrittenMode{};
     /// By capability: the number answered without and with a buffer, and the bytes that go into it.
@@ -54,12 +60,14 @@ class StubSpooler : public platform::Spooler {
         if (mode == platform::DM_OUT_BUFFER) {
             Calls.emplace_back("fetch");
             if (FetchResult >= 0) {
+                std::memset(output, 0, sizeof Mode + BytesTooMany);
                 std::memcpy(output, &Mode, sizeof Mode);
             }
             return FetchResult;
         }
         Calls.emplace_back("merge");
         std::memcpy(&Merged, input, sizeof Merged);
+        MergedInPlace = input == output;
         return MergeResult;
     }
     bool GetPrinterA(platform::PrinterHandle /*handle*/, std::uint32_t /*level*/, void* buffer,
@@ -74,6 +82,11 @@ class StubSpooler : public platform::Spooler {
             std::memcpy(text, InfoText.data(), InfoText.size());
             Info.pPrinterName = Info.pPortName = Info.pComment = text;
         }
+        if (!PortText.empty()) {
+            std::memcpy(text, PortText.c_str(), PortText.size() + 1);
+            Info.pPortName = text;
+        }
+        std::memset(text, 0, InfoText.empty() && PortText.empty() ? BytesTooMany : 0);
         std::memcpy(buffer, &Info, sizeof Info);
         return true;
     }
