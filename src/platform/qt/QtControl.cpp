@@ -10,8 +10,8 @@
 #include <array>
 
 #include "platform/RuntimeError.h"
+#include "platform/forms/AccessibleNames.h"
 #include "platform/forms/Form.h"
-#include "platform/qt/AccessibleNames.h"
 #include "platform/qt/Fonts.h"
 #include "platform/qt/QtCheckBox.h"
 #include "platform/qt/QtColours.h"

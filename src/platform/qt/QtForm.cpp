@@ -13,8 +13,8 @@
 #include <limits>
 
 #include "platform/Desktop.h"
+#include "platform/forms/AccessibleNames.h"
 #include "platform/forms/Form.h"
-#include "platform/qt/AccessibleNames.h"
 #include "platform/qt/QtDesktop.h"
 #include "platform/qt/QtMenuBar.h"
 #include "platform/qt/QtText.h"

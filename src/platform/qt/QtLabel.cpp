@@ -5,7 +5,7 @@
 
 #include <algorithm>
 
-#include "platform/qt/AccessibleNames.h"
+#include "platform/forms/AccessibleNames.h"
 #include "platform/qt/QtForm.h"
 #include "platform/qt/QtText.h"
 #include "platform/qt/Scale.h"
@@ -37,7 +37,7 @@ void QtLabel::MirrorContent(forms::Aspect aspect) {
     const forms::Control* target = AccessKeyTarget(model_);
     label_->setBuddy(target == nullptr ? nullptr : Form().WidgetOf(*target));
     const bool marked = model_.UseMnemonic() && label_->buddy() == nullptr;
-    label_->setText(ToQString(marked ? WithoutAccessKey(model_.Caption()) : model_.Caption()));
+    label_->setText(ToQString(marked ? forms::WithoutAccessKey(model_.Caption()) : model_.Caption()));
 }
 
 bool QtLabel::eventFilter(QObject* watched, QEvent* event) {

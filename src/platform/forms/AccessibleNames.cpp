@@ -1,4 +1,4 @@
-#include "platform/qt/AccessibleNames.h"
+#include "platform/forms/AccessibleNames.h"
 
 #include <algorithm>
 #include <limits>
@@ -10,10 +10,7 @@
 #include "platform/forms/Label.h"
 #include "platform/forms/OptionButton.h"
 
-namespace platform::qt {
-
-using forms::Control;
-using forms::ControlKind;
+namespace forms {
 
 namespace {
 
@@ -23,13 +20,13 @@ constexpr double NearAbove = 450;
 const std::string* OwnText(const Control& control) {
     switch (control.Kind()) {
     case ControlKind::CheckBox:
-        return &static_cast<const forms::CheckBox&>(control).Caption();
+        return &static_cast<const CheckBox&>(control).Caption();
     case ControlKind::CommandButton:
-        return &static_cast<const forms::CommandButton&>(control).Caption();
+        return &static_cast<const CommandButton&>(control).Caption();
     case ControlKind::Label:
-        return &static_cast<const forms::Label&>(control).Caption();
+        return &static_cast<const Label&>(control).Caption();
     case ControlKind::OptionButton:
-        return &static_cast<const forms::OptionButton&>(control).Caption();
+        return &static_cast<const OptionButton&>(control).Caption();
     default:
         return nullptr;
     }
@@ -50,22 +47,6 @@ double DistanceOf(const Control& label, const Control& control) {
     return above ? 100000 + gap : none;
 }
 
-const forms::Label* NearestLabel(const Control& control) {
-    const forms::Label* nearest = nullptr;
-    double best = std::numeric_limits<double>::infinity();
-    for (const Control* candidate : control.Owner().Controls()) {
-        if (candidate->Kind() != ControlKind::Label || candidate->Container() != control.Container()) {
-            continue;
-        }
-        const double distance = DistanceOf(*candidate, control);
-        if (distance < best) {
-            best = distance;
-            nearest = static_cast<const forms::Label*>(candidate);
-        }
-    }
-    return nearest;
-}
-
 std::string WithoutColon(std::string text) {
     while (!text.empty() && (text.back() == ' ' || text.back() == ':')) {
         text.pop_back();
@@ -74,6 +55,22 @@ std::string WithoutColon(std::string text) {
 }
 
 } // namespace
+
+const Label* NearestLabel(const Control& control) {
+    const Label* nearest = nullptr;
+    double best = std::numeric_limits<double>::infinity();
+    for (const Control* candidate : control.Owner().Controls()) {
+        if (candidate->Kind() != ControlKind::Label || candidate->Container() != control.Container()) {
+            continue;
+        }
+        const double distance = DistanceOf(*candidate, control);
+        if (distance < best) {
+            best = distance;
+            nearest = static_cast<const Label*>(candidate);
+        }
+    }
+    return nearest;
+}
 
 std::string WithoutAccessKey(const std::string& caption) {
     std::string plain;
@@ -92,19 +89,19 @@ std::string AccessibleNameOf(const Control& control) {
     }
     if (const std::string* text = OwnText(control); text != nullptr && !text->empty()) {
         const bool marked =
-            control.Kind() != ControlKind::Label || static_cast<const forms::Label&>(control).UseMnemonic();
+            control.Kind() != ControlKind::Label || static_cast<const Label&>(control).UseMnemonic();
         return marked ? WithoutAccessKey(*text) : *text;
     }
     if (control.TakesFocus() || control.Kind() == ControlKind::ProgressBar ||
         control.Kind() == ControlKind::UpDown) {
-        if (const forms::Label* label = NearestLabel(control)) {
+        if (const Label* label = NearestLabel(control)) {
             return WithoutColon(WithoutAccessKey(label->Caption()));
         }
     }
     return control.ToolTipText().empty() ? control.Name() : control.ToolTipText();
 }
 
-Control* AccessKeyTarget(const forms::Label& label) {
+Control* AccessKeyTarget(const Label& label) {
     const std::size_t mark = label.Caption().find('&');
     if (!label.UseMnemonic() || mark == std::string::npos || mark + 1 == label.Caption().size() ||
         label.Caption()[mark + 1] == '&') {
@@ -120,4 +117,4 @@ Control* AccessKeyTarget(const forms::Label& label) {
     return target == order.end() ? nullptr : *target;
 }
 
-} // namespace platform::qt
+} // namespace forms
