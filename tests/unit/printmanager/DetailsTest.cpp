@@ -68,6 +68,41 @@ TEST_F(DetailsTest, StoredPrinterIsLoadedByTheButton) {
     EXPECT_EQ(memory.desktop.MousePointer(), platform::PointerDefault);
 }
 
+TEST_F(DetailsTest, PrefixFollowsThePrinterThatARunHasMadeTheCurrentOne) {
+    InstallTwo();
+    AddCaller("frmCaller");
+    Set("CurrentPrinter", "Inkt");
+    OpenAndPick();
+    manager->cmdPrintVoorbeeld.UserClick();
+    manager->cmdDetails.UserClick();
+    EXPECT_EQ(manager->lblPrinterSelect(5).Caption(), "Standaard printer; Ready");
+}
+
+TEST_F(DetailsTest, PrinterThatIsBackShowsItsDetailsAndHidesTheMark) {
+    Install("Laser").Reachable = false;
+    Open();
+    EXPECT_TRUE(manager->pictError.Visible());
+    memory.printers.Find("Laser")->Reachable = true;
+    EXPECT_THAT(TraceOf([&] { manager->cmdDetails.UserClick(); }),
+                ElementsAre("mouse 11", "caps 16", "caps 2", "caps 16", "caps 3", "caps 6", "caps 6",
+                            "caps 12", "open Laser", "size", "fetch", "close Laser", "open Laser", "size",
+                            "fetch", "close Laser", "open Laser", "size", "fetch", "close Laser",
+                            "open Laser", "info size", "info", "mouse 0"));
+    EXPECT_FALSE(manager->pictError.Visible());
+    EXPECT_TRUE(manager->blnDetailsOpen);
+}
+
+TEST_F(DetailsTest, PanelStaysOpenWhenThePrinterFailsMeanwhile) {
+    InstallTwo();
+    Open();
+    manager->cmdDetails.UserClick();
+    memory.printers.Find("Inkt")->Reachable = false;
+    manager->cboPrinterSelect(0).UserPick(1);
+    EXPECT_TRUE(manager->blnDetailsOpen);
+    manager->cmdDetails.UserClick();
+    EXPECT_TRUE(manager->blnDetailsOpen); // without papers the button neither opens nor closes
+}
+
 TEST_F(DetailsTest, LoadedPrinterIsNotAskedAgain) {
     InstallTwo();
     Open();

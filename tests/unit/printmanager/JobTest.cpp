@@ -200,10 +200,13 @@ class NoCopiesTest : public JobTest, public testing::WithParamInterface<const ch
 TEST_P(NoCopiesTest, AreRefusedAfterThePreparation) {
     for (const bool preview : {false, true}) {
         OpenAndPick();
+        manager->cboPrinterSelect(1).SetListIndex(1);
         manager->cboPrinterSelect(3).SetListIndex(1);
         manager->UserText(0).SetText(GetParam());
         (preview ? manager->cmdPrintVoorbeeld : manager->cmdPrint).UserClick();
         EXPECT_THAT(calls, IsEmpty());
+        EXPECT_EQ(memory.printers.Find("Laser")->Defaults.PaperSize, 5);
+        EXPECT_EQ(memory.printer.Orientation(), 2);
         EXPECT_EQ(memory.desktop.Messages().back(),
                   (platform::ShownMessage{NoCopies, platform::MessageIcon::Exclamation, Title}));
         EXPECT_TRUE(manager->Visible());
@@ -211,9 +214,32 @@ TEST_P(NoCopiesTest, AreRefusedAfterThePreparation) {
         EXPECT_TRUE(manager->blnRestorePending);
         EXPECT_EQ(memory.desktop.MousePointer(), platform::PointerHourglass);
         EXPECT_EQ(state.PrinterOrientation, 2);
+        // The next command finds nothing in its way, and takes the orientation anew.
+        manager->cboPrinterSelect(3).SetListIndex(0);
+        manager->UserText(0).SetText("1");
+        manager->cmdPrintVoorbeeld.UserClick();
+        ASSERT_EQ(calls.size(), 1U);
+        EXPECT_EQ(calls[0].Orientation, 1);
+        EXPECT_EQ(memory.desktop.MousePointer(), platform::PointerDefault);
+        calls.clear();
         EXPECT_TRUE(manager->UserClose());
         Set("CurrentPrinter", "");
+        state.CallerFormName = "frmCaller";
     }
+}
+
+TEST_F(JobTest, BusyUntilTheUserHasReadThatThereAreNoCopies) {
+    OpenAndPick();
+    manager->UserText(0).SetText("0");
+    int busy = -1;
+    memory.recorder.Sink = [&](const platform::Event& event) {
+        if (event.Kind == "message") {
+            busy = manager->blnBusy ? 1 : 0;
+        }
+    };
+    manager->cmdPrint.UserClick();
+    EXPECT_EQ(busy, 1);
+    EXPECT_FALSE(manager->blnBusy);
 }
 
 INSTANTIATE_TEST_SUITE_P(Texts, NoCopiesTest, testing::Values("0", "abc", "", "0,9", "0.5", "-"));
@@ -235,9 +261,17 @@ TEST_F(JobTest, TooManyCopiesAreAnUnknownErrorOfThePrint) {
 TEST_F(JobTest, TooManyCopiesAreNotTrappedInThePreviewAndTheFormStillCloses) {
     OpenAndPick();
     manager->UserText(0).SetText("99999999999999999999");
-    EXPECT_THAT(TraceOf([&] { manager->cmdPrintVoorbeeld.UserClick(); }), testing::Contains("error 6"));
+    manager->cboPrinterSelect(3).SetListIndex(1);
+    EXPECT_EQ(TraceOf([&] { manager->cmdPrintVoorbeeld.UserClick(); }).back(), "error 6");
+    EXPECT_THAT(calls, IsEmpty());
     EXPECT_THAT(Messages(), IsEmpty());
+    // Nothing is cleared up but what would keep the form open for ever.
     EXPECT_FALSE(manager->blnBusy);
+    EXPECT_TRUE(manager->IsPrintPreview());
+    EXPECT_EQ(memory.desktop.MousePointer(), platform::PointerHourglass);
+    EXPECT_EQ(state.PrinterOrientation, 2);
+    EXPECT_EQ(state.LeftMargin, 175);
+    EXPECT_TRUE(manager->blnRestorePending);
     EXPECT_TRUE(manager->UserClose());
 }
 
@@ -247,9 +281,15 @@ TEST_F(JobTest, FailureOfTheRunIsReportedAndTheOrientationPutBack) {
     OnCall = [](bool) { throw platform::RuntimeError(482, "Printer error"); };
     manager->cmdPrint.UserClick();
     EXPECT_THAT(Messages(), ElementsAre(UnknownError("482 - Printer error")));
+    EXPECT_EQ(memory.desktop.Messages()[0].Icon, platform::MessageIcon::Critical);
+    EXPECT_EQ(memory.desktop.Messages()[0].Title, Title);
     EXPECT_EQ(state.PrinterOrientation, 1);
     EXPECT_FALSE(manager->blnBusy);
     EXPECT_TRUE(manager->Visible());
+    // The hourglass has gone before the message comes.
+    EXPECT_EQ(Joined({{events[events.size() - 2].Kind}, {events.back().Kind}}),
+              (std::vector<std::string>{"mouse", "message"}));
+    EXPECT_EQ(memory.desktop.MousePointer(), platform::PointerDefault);
     OnCall = nullptr;
     manager->cmdPrint.UserClick();
     EXPECT_EQ(calls.size(), 2U);
@@ -329,6 +369,113 @@ TEST_F(JobTest, FailureOfThePreviewGoesToTheDesktopAndTheFormCloses) {
     EXPECT_THAT(Messages(), IsEmpty());
     EXPECT_FALSE(manager->blnBusy);
     EXPECT_TRUE(manager->UserClose());
+}
+
+TEST_F(JobTest, FailureOfThePrintAfterAPreviewGoesToTheDesktopToo) {
+    OpenAndPick();
+    OnCall = [this](bool preview) {
+        state.PrintAfterPreview = true;
+        if (!preview) {
+            throw platform::RuntimeError(482, "Printer error");
+        }
+    };
+    EXPECT_EQ(TraceOf([&] { manager->cmdPrintVoorbeeld.UserClick(); }).back(), "error 482");
+    EXPECT_EQ(calls.size(), 2U);
+    EXPECT_FALSE(manager->blnBusy);
+    EXPECT_TRUE(manager->UserClose());
+}
+
+TEST_F(JobTest, StepsOfAPreviewStandInOrder) {
+    state.PrinterInit = 1;
+    OpenAndPick();
+    OnCall = [this](bool) { memory.recorder.Record({"call", {}}); };
+    std::vector<std::string> lines = TraceOf([&] { manager->cmdPrintVoorbeeld.UserClick(); });
+    EXPECT_EQ(lines.front(), "mouse 11");
+    const auto refresh = std::find(lines.begin() + 2, lines.end(), "Printer=Laser");
+    EXPECT_THAT(
+        std::vector<std::string>(refresh, lines.end()),
+        ElementsAre("Printer=Laser", "yield*2", "Orientation=1", "progress 0", "yield*1", "call", "mouse 0"));
+}
+
+TEST_F(JobTest, PrinterWithoutOrientationOfTheUsersKeepsItsOwn) {
+    OpenAndPick();
+    manager->cboPrinterSelect(3).SetListIndex(-1);
+    EXPECT_THAT(TraceOf([&] { manager->cmdPrint.UserClick(); }, "set"),
+                testing::Each(testing::Not(testing::StartsWith("Orientation="))));
+}
+
+// The yield behind the preparation comes before the flag is up: a click that lands there is taken.
+
+TEST_F(JobTest, SecondPrintInTheYieldBehindThePreparationPrintsOnceAndCloses) {
+    state.PrinterInit = 0;
+    Set("CurrentPrinter", "Laser"); // no lists: the preparation itself does not yield
+    OpenAndPick();
+    memory.desktop.OnYield = [this] {
+        memory.desktop.OnYield = nullptr;
+        EXPECT_FALSE(manager->blnBusy);
+        EXPECT_TRUE(manager->blnRestorePending);
+        manager->cmdPrint.Press();
+        EXPECT_FALSE(manager->Loaded());
+    };
+    manager->cmdPrint.UserClick();
+    // The second click prints and closes; the first then finds no caller any more.
+    EXPECT_EQ(calls.size(), 1U);
+    EXPECT_FALSE(manager->Loaded());
+    EXPECT_FALSE(manager->blnBusy);
+    EXPECT_FALSE(state.PrintManagerOpen);
+    EXPECT_EQ(memory.desktop.MousePointer(), platform::PointerDefault);
+    EXPECT_THAT(Messages(), IsEmpty());
+}
+
+TEST_F(JobTest, PreviewInTheYieldBehindThePreparationOfAPrintComesFirst) {
+    state.PrinterInit = 0;
+    Set("CurrentPrinter", "Laser");
+    OpenAndPick();
+    memory.desktop.OnYield = [this] {
+        memory.desktop.OnYield = nullptr;
+        manager->cmdPrintVoorbeeld.Press();
+        EXPECT_FALSE(manager->blnBusy);
+        EXPECT_TRUE(manager->Visible());
+    };
+    manager->cmdPrint.UserClick();
+    ASSERT_EQ(calls.size(), 2U);
+    EXPECT_TRUE(calls[0].Preview);
+    EXPECT_FALSE(calls[1].Preview);
+    EXPECT_FALSE(calls[1].IsPrintPreview);
+    EXPECT_FALSE(manager->Loaded());
+}
+
+TEST_F(JobTest, PrintInTheYieldBehindThePreparationOfAPreviewEndsIt) {
+    state.PrinterInit = 0;
+    Set("CurrentPrinter", "Laser");
+    OpenAndPick();
+    memory.desktop.OnYield = [this] {
+        memory.desktop.OnYield = nullptr;
+        manager->cmdPrint.Press();
+    };
+    manager->cmdPrintVoorbeeld.UserClick();
+    ASSERT_EQ(calls.size(), 1U);
+    EXPECT_FALSE(calls[0].Preview);
+    EXPECT_FALSE(manager->Loaded());
+    EXPECT_FALSE(manager->blnBusy);
+    EXPECT_THAT(Messages(), IsEmpty());
+}
+
+TEST_F(JobTest, DetailsThatLoadDuringARunTakeTheFlagDownAndTheFormMayClose) {
+    Set("CurrentPrinter", "Laser");
+    OpenAndPick();
+    OnCall = [this](bool) {
+        manager->cmdDetails.Press();
+        EXPECT_TRUE(manager->blnDetailsOpen);
+        EXPECT_FALSE(manager->blnBusy);
+        EXPECT_TRUE(manager->UserClose());
+    };
+    manager->cmdPrint.UserClick();
+    EXPECT_EQ(calls.size(), 1U);
+    EXPECT_FALSE(manager->Loaded());
+    // The walk over the forms misses the one that has closed.
+    EXPECT_THAT(Messages(), ElementsAre(UnknownError("9 - Subscript out of range")));
+    EXPECT_FALSE(manager->blnBusy);
 }
 
 TEST_F(JobTest, CloseInTheYieldBehindThePreparationEndsWithoutACall) {

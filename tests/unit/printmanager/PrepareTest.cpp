@@ -196,6 +196,8 @@ TEST_F(PrepareTest, OtherNameThanInTheComboReloadsTheLists) {
     EXPECT_EQ(lines[2], "caps 16");
     EXPECT_EQ(lines[9], "open Inkt");
     EXPECT_EQ(Inkt().Defaults.PaperSize, 9);
+    EXPECT_EQ(std::count(lines.begin(), lines.end(), "caps 16"), 2); // once, and twice asked in it
+    EXPECT_EQ(memory.printer.DeviceName(), "Inkt");
 }
 
 TEST_F(PrepareTest, NameThatDiffersInCaseAndBlanksReloadsNothing) {
@@ -240,6 +242,113 @@ TEST_F(PrepareTest, BusyShieldsTheCommandsWhileItWorks) {
     EXPECT_TRUE(busy);
     EXPECT_FALSE(closed);
 }
+
+/// Numbers of the yields, from 1, at which `holds` does not hold.
+class YieldsWithout {
+  public:
+    YieldsWithout(platform::MemoryDesktop& desktop, std::function<bool()> holds) : desktop_(desktop) {
+        desktop_.OnYield = [this, holds = std::move(holds), number = 0]() mutable {
+            ++number;
+            if (!holds()) {
+                all.push_back(number);
+            }
+        };
+    }
+    ~YieldsWithout() { desktop_.OnYield = nullptr; }
+    YieldsWithout(const YieldsWithout&) = delete;
+    YieldsWithout& operator=(const YieldsWithout&) = delete;
+
+    std::vector<int> all;
+
+  private:
+    platform::MemoryDesktop& desktop_;
+};
+
+TEST_F(PrepareTest, FlagIsDownFromTheReloadForAnotherNameToTheEndOfThePass) {
+    Choose();
+    state.PrinterInit = 100;
+    const YieldsWithout open(memory.desktop, [this] { return bool{manager->blnBusy}; });
+    manager->PreparePrinter("Inkt");
+    EXPECT_EQ(open.all.size(), 244U);
+    EXPECT_FALSE(manager->blnBusy);
+}
+
+TEST_F(PrepareTest, FlagIsDownInTheLinesAheadOfEachPass) {
+    Choose();
+    state.PrinterInit = 1002;
+    const YieldsWithout open(memory.desktop, [this] { return bool{manager->blnBusy}; });
+    manager->PreparePrinter("Laser");
+    // Four lines at the start and three before the flag goes up; the reload takes it down, and three lines
+    // follow.
+    const int second = 7 + 44 + 2 * 1002 + 5 + 1;
+    EXPECT_THAT(open.all, ElementsAre(1, 2, 3, 4, 5, 6, 7, second, second + 1, second + 2));
+    EXPECT_FALSE(manager->blnBusy);
+}
+
+TEST_F(PrepareTest, CloseThroughTheHoleEndsInAClosedForm) {
+    AddCaller("frmCaller");
+    Choose();
+    memory.desktop.OnYield = [this] {
+        if (!manager->blnBusy) {
+            memory.desktop.OnYield = nullptr;
+            EXPECT_TRUE(manager->UserClose());
+        }
+    };
+    Prepare(100, "Inkt");
+    EXPECT_FALSE(manager->Loaded());
+    EXPECT_FALSE(manager->blnBusy);
+    EXPECT_EQ(Inkt().Defaults.PaperSize, 9);
+}
+
+TEST_F(PrepareTest, ReloadThatFailsKeepsTheUsersChoiceAndTheFlag) {
+    Choose();
+    memory.desktop.OnYield = [this] {
+        if (memory.desktop.Yields() == 1) {
+            memory.recorder.Fail("DeviceCapabilitiesA");
+        }
+    };
+    Prepare(1001);
+    memory.desktop.OnYield = nullptr;
+    Lines sets;
+    for (const std::string& line : Trace()) {
+        if (line.starts_with("Paper")) {
+            sets.push_back(line);
+        }
+    }
+    EXPECT_THAT(sets, ElementsAre("PaperSize=5", "PaperBin=1", "PaperSize=5", "PaperBin=1"));
+    EXPECT_FALSE(manager->blnBusy);
+}
+
+TEST_F(PrepareTest, ReloadSelectsWhatTheDriverReportsNotWhatTheUserSaw) {
+    Choose();
+    memory.recorder.Fail("SetPrinterA", 2);
+    Prepare(1001);
+    EXPECT_EQ(manager->cboPrinterSelect(1).ListIndex(), 0);
+    EXPECT_EQ(manager->cboPrinterSelect(2).ListIndex(), 0);
+    EXPECT_EQ(memory.printer.PaperSize(), 9);
+    EXPECT_EQ(memory.printer.PaperBin(), 15);
+}
+
+struct YieldRow {
+    std::int32_t PrinterInit;
+    int Yields;
+};
+
+class YieldCountTest : public PrepareTest, public testing::WithParamInterface<YieldRow> {};
+
+// A pass yields 21, 1, 21 and 1 times around its writes, and in two waits. 1001 and more wait once more at
+// the end, 2001 and more also before the third pass. A line of the log yields once: 27 with two passes, 35
+// with three.
+TEST_P(YieldCountTest, IsWhatTheWaitsAddUpTo) {
+    Choose();
+    const int before = memory.desktop.Yields();
+    Prepare(GetParam().PrinterInit);
+    EXPECT_EQ(memory.desktop.Yields() - before, GetParam().Yields);
+}
+
+INSTANTIATE_TEST_SUITE_P(Values, YieldCountTest,
+                         testing::Values(YieldRow{100, 244}, YieldRow{1000, 2044}, YieldRow{1001, 5093},
+                                         YieldRow{1002, 5125}, YieldRow{2000, 10115}, YieldRow{2001, 16175}));
 
 TEST_F(PrepareTest, NegativeWaitIsNone) {
     Choose();

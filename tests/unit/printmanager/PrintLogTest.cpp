@@ -113,9 +113,106 @@ TEST_F(PrintLogTest, TwoPreparationsLeaveTwoTraces) {
     InstallTwo();
     PrintWith(1002);
     manager->PreparePrinter("Laser");
+    std::vector<std::string> lines = Lines();
+    ASSERT_EQ(lines.size(), 54U);
+    const std::vector<std::string> second(lines.begin() + 27, lines.end());
+    lines.resize(27);
+    EXPECT_EQ(lines.front(), Start);
+    EXPECT_EQ(lines.back(), End);
+    // The second begins where the first ended, with the paper and bin that are now the printer's own.
+    lines[5] = "Init papierlade     : 1";
+    lines[6] = "Init papierformaat  : 5";
+    EXPECT_EQ(second, lines);
+}
+
+TEST_F(PrintLogTest, RunOf1002IsThisFileByteForByte) {
+    InstallTwo();
+    memory.printers.Find("Laser")->Papers[1].Name = "Legal, één zijde";
+    state.DocumentTitle[1] = "Namenlijst €";
+    AddCaller("frmCaller");
+    OpenAndPick();
+    manager->cboPrinterSelect(1).SetListIndex(1);
+    manager->cboPrinterSelect(2).SetListIndex(1);
+    state.PrinterInit = 1002;
+    manager->cmdPrint.UserClick();
+    EXPECT_EQ(calls.size(), 1U);
+    const std::string pass[] = {"Papierformaat en papier lade zijn nu gezet.",
+                                "1e Printer.Refresh correct doorlopen", "Na Printer.Refresh (1)",
+                                "Init papierlade     : 1", "Init papierformaat  : 5"};
+    std::vector<std::string> lines = {Start,
+                                      "Afdrukken           : Namenlijst \x80 op: Laser",
+                                      "Papierformaat       : Legal, \xE9\xE9n zijde",
+                                      "Papierlade          : Lade 1",
+                                      "Printer gevonden -> Laser",
+                                      "Init papierlade     : 15",
+                                      "Init papierformaat  : 9"};
+    lines.insert(lines.end(), std::begin(pass), std::end(pass));
+    lines.insert(lines.end(),
+                 {"Printer gevonden -> Laser", "Init papierlade     : 1", "Init papierformaat  : 5"});
+    lines.insert(lines.end(), std::begin(pass), std::end(pass));
+    lines.insert(lines.end(), {"Na Printer.Refresh (2)", "Init papierlade     : 1", "Init papierformaat  : 5",
+                               "Printer staat klaar om te printen naar:", "Papierlade          : 1",
+                               "Papierformaat       : 5", End});
+    std::string file;
+    for (const std::string& line : lines) {
+        file += "05-mrt-2026 09:03:07 : " + line + "\r\n";
+    }
+    EXPECT_EQ(Bytes(), file);
+}
+
+TEST_F(PrintLogTest, OldLinesStay) {
+    std::ofstream(folder.Path() / "printrap.log", std::ios::binary) << "oud\r\n";
+    WriteLogLine(memory.Services(), "nieuw");
+    EXPECT_EQ(Bytes(), "oud\r\n05-mrt-2026 09:03:07 : nieuw\r\n");
+}
+
+TEST_F(PrintLogTest, LogThatCannotBeWrittenChangesNothingElse) {
+    InstallTwo();
+    AddCaller("frmCaller");
+    state.PrinterInit = 1002;
+    std::vector<std::string> traces[2];
+    for (std::vector<std::string>& trace : traces) {
+        OpenAndPick();
+        trace = TraceOf([&] { manager->cmdPrint.UserClick(); });
+        memory.printers.Find("Laser")->Defaults = {};
+        memory.printer.Assign(0);
+        state.CallerFormName = "frmCaller";
+        Set("CurrentPrinter", "");
+        std::filesystem::remove("printrap.log");
+        std::filesystem::create_directory("printrap.log"); // for the second run
+    }
+    EXPECT_EQ(traces[0], traces[1]);
+    EXPECT_EQ(calls.size(), 2U);
+    EXPECT_THAT(Messages(), testing::IsEmpty());
+    EXPECT_TRUE(std::filesystem::is_empty("printrap.log"));
+}
+
+TEST_F(PrintLogTest, LoggingIsDecidedAtTheStartOfAPreparation) {
+    InstallTwo();
+    OpenAndPick();
+    state.PrinterInit = 1002;
+    memory.desktop.OnYield = [this] { state.PrinterInit = 100; };
+    manager->PreparePrinter("Laser");
+    EXPECT_EQ(Lines().back(), End);
+    state.PrinterInit = 100;
+    memory.desktop.OnYield = [this] { state.PrinterInit = 1002; };
+    std::filesystem::remove("printrap.log");
+    manager->PreparePrinter("Laser");
+    memory.desktop.OnYield = nullptr;
+    EXPECT_FALSE(HasLog());
+}
+
+TEST_F(PrintLogTest, FailedPreparationLeavesAStartWithoutEndAndTheNextOneFollows) {
+    InstallTwo();
+    PrintWith(1002);
+    std::filesystem::remove("printrap.log");
+    memory.recorder.Fail("PaperBin");
+    manager->PreparePrinter("Laser");
+    manager->PreparePrinter("Laser");
     const std::vector<std::string> lines = Lines();
     EXPECT_EQ(std::count(lines.begin(), lines.end(), Start), 2);
-    EXPECT_EQ(std::count(lines.begin(), lines.end(), End), 2);
+    EXPECT_EQ(std::count(lines.begin(), lines.end(), End), 1);
+    EXPECT_EQ(lines[7], Start); // behind the second line of the papers and bins
 }
 
 TEST_F(PrintLogTest, PrinterWithoutListsLeavesAStartWithoutEnd) {
