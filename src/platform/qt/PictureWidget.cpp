@@ -3,8 +3,9 @@
 #include <QFile>
 #include <QPainter>
 
+#include <cmath>
+
 #include "platform/qt/QtBitmaps.h"
-#include "platform/qt/Scale.h"
 
 namespace platform::qt {
 
@@ -12,11 +13,27 @@ QString PictureFile(const QString& name) {
     return QStringLiteral(":/pictures/%1.svg").arg(name);
 }
 
+namespace {
+
+// Between two dots of the screen a picture of dots would lose its edge. Only a density that is no whole
+// number leads there.
+QPointF OffsetToWholeDots(const QPainter& painter) {
+    const QPointF origin = painter.deviceTransform().map(QPointF(0, 0));
+    const double density = painter.device()->devicePixelRatio();
+    return QPointF(std::round(origin.x()) - origin.x(), std::round(origin.y()) - origin.y()) / density;
+}
+
+} // namespace
+
 PictureWidget::PictureWidget(QWidget* parent) : QWidget(parent) {
     renderer_.setAspectRatioMode(Qt::KeepAspectRatio);
 }
 
 void PictureWidget::SetPicture(const QString& name) {
+    if (name == name_) {
+        return;
+    }
+    name_ = name;
     const QString file = PictureFile(name);
     named_ = QFile::exists(file) && renderer_.load(file);
     update();
@@ -31,8 +48,8 @@ void PictureWidget::paintEvent(QPaintEvent* /*event*/) {
     if (const auto* page = dynamic_cast<const QtPageBitmap*>(page_.get())) {
         QPainter painter(this);
         painter.setRenderHint(QPainter::SmoothPixmapTransform);
-        painter.drawImage(QRectF(0, 0, page->Width() * DotsPerTwip(), page->Height() * DotsPerTwip()),
-                          page->Image());
+        painter.translate(OffsetToWholeDots(painter));
+        painter.drawImage(QPointF(0, 0), page->Image());
     } else if (named_) {
         QPainter painter(this);
         renderer_.render(&painter, QRectF(rect()));

@@ -19,7 +19,7 @@ class PictureWidget final : public QWidget {
 
     /// Name of the picture; empty, or a name that the program does not have, shows none.
     void SetPicture(const QString& name);
-    /// Shows the page over the whole place instead; nullptr for none.
+    /// Shows the page instead, dot for dot from the top left on; nullptr for none.
     void SetPage(std::shared_ptr<const PageBitmap> page);
 
   protected:
@@ -27,6 +27,7 @@ class PictureWidget final : public QWidget {
 
   private:
     QSvgRenderer renderer_;
+    QString name_;
     bool named_ = false;
     std::shared_ptr<const PageBitmap> page_;
 };

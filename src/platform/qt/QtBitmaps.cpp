@@ -16,22 +16,30 @@ namespace platform::qt {
 
 namespace {
 
-constexpr double TwipsPerDot = 15;
 constexpr double UnitsPerTwip = 5; // 7200 and 1440 to the inch
 constexpr int OutOfMemory = 7;
 
 /// A page of 40 may take half the memory in this format, and black on white loses nothing.
 constexpr QImage::Format Format = QImage::Format_RGB16;
 
+[[noreturn]] void ThrowOutOfMemory() {
+    throw RuntimeError(OutOfMemory, "Out of memory");
+}
+
+/// Whole dots that hold so many. A driver may claim any size of sheet.
+int Extent(double dots) {
+    constexpr double most = 32767;
+    if (!(dots > 0 && dots <= most)) {
+        ThrowOutOfMemory();
+    }
+    return static_cast<int>(std::ceil(dots));
+}
+
 class ImageDevice final : public PageDevice {
   public:
     ImageDevice(double width, double height)
-        : dotsPerTwip_(ScaleFactor() * qGuiApp->devicePixelRatio() / TwipsPerDot),
-          image_(static_cast<int>(std::ceil(width * dotsPerTwip_)),
-                 static_cast<int>(std::ceil(height * dotsPerTwip_)), Format) {
-        if (image_.isNull()) {
-            throw RuntimeError(OutOfMemory, "Out of memory");
-        }
+        : density_(qGuiApp->devicePixelRatio()),
+          size_(Extent(width * DotsPerTwip() * density_), Extent(height * DotsPerTwip() * density_)) {
         Clear();
     }
 
@@ -39,7 +47,7 @@ class ImageDevice final : public PageDevice {
         if (!painter_) {
             painter_.emplace(&image_);
             painter_->setRenderHint(QPainter::TextAntialiasing);
-            painter_->scale(dotsPerTwip_ / UnitsPerTwip, dotsPerTwip_ / UnitsPerTwip);
+            painter_->scale(DotsPerTwip() / UnitsPerTwip, DotsPerTwip() / UnitsPerTwip);
         }
         return &*painter_;
     }
@@ -47,8 +55,17 @@ class ImageDevice final : public PageDevice {
     void EndDocument() override {}
     double LineWidth() override { return 0; }
 
+    // A picture that somebody keeps is left to them: to wipe it would copy it first.
     void Clear() {
         painter_.reset();
+        if (!image_.isDetached()) {
+            QImage fresh(size_, Format);
+            if (fresh.isNull()) {
+                ThrowOutOfMemory();
+            }
+            fresh.setDevicePixelRatio(density_);
+            image_ = std::move(fresh);
+        }
         image_.fill(Qt::white);
     }
 
@@ -58,7 +75,8 @@ class ImageDevice final : public PageDevice {
     }
 
   private:
-    double dotsPerTwip_;
+    double density_; // dots of the finest screen to a logical one
+    QSize size_;
     QImage image_;
     std::optional<QPainter> painter_;
 };

@@ -6,7 +6,7 @@
 
 namespace platform::qt {
 
-/// A page as it was drawn, in the dots of the finest screen of the desktop.
+/// A page as it was drawn, in the dots of the finest screen of the desktop. The picture knows their density.
 class QtPageBitmap final : public PageBitmap {
   public:
     QtPageBitmap(QImage image, double width, double height)
