@@ -7,8 +7,10 @@
 namespace forms {
 
 /// Twips of a form's height that count for its title bar; the controls fill what is below. A fixed number of
-/// the design, as the title bars of desktops differ. The width counts no frame.
+/// the design, as the title bars of desktops differ. The width counts no frame, but for a form that the user
+/// may resize: its design leaves this much for the frame at both sides.
 inline constexpr double TitleBarHeight = 375;
+inline constexpr double ResizeFrameWidth = 115;
 
 /// The real window behind a form. The form tells it what the program has changed; it turns what the user does
 /// into the public User... calls of the controls and of the form. Peers are made when a form loads, with all

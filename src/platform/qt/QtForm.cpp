@@ -10,7 +10,9 @@
 
 #include <algorithm>
 #include <array>
+#include <cstdlib>
 #include <limits>
+#include <utility>
 
 #include "platform/Desktop.h"
 #include "platform/forms/AccessibleNames.h"
@@ -73,7 +75,7 @@ std::int32_t DesignDots(int dots) {
 }
 
 QSize InnerSize(const MINMAXINFO::POINT& outer) {
-    const QSize size(ToDots(outer.x * TwipsPerDesignDot),
+    const QSize size(ToDots(outer.x * TwipsPerDesignDot - forms::ResizeFrameWidth),
                      ToDots(outer.y * TwipsPerDesignDot - forms::TitleBarHeight));
     return size.expandedTo(QSize(0, 0)).boundedTo(QSize(QWIDGETSIZE_MAX, QWIDGETSIZE_MAX));
 }
@@ -135,8 +137,12 @@ void QtForm::FormChanged() {
     ShowPlace();
 }
 
+double QtForm::FrameWidth() const {
+    return form_.Resizable() ? forms::ResizeFrameWidth : 0;
+}
+
 QSize QtForm::WantedSize() const {
-    return {ToDots(form_.Width()), ToDots(form_.Height() - forms::TitleBarHeight)};
+    return {ToDots(form_.Width() - FrameWidth()), ToDots(form_.Height() - forms::TitleBarHeight)};
 }
 
 void QtForm::ShowSize() {
@@ -242,12 +248,18 @@ std::uintptr_t QtForm::HandleOf(const forms::Control& control) {
 }
 
 bool QtForm::KeyPressed(const QKeyEvent& event, QtControl* control) {
-    if ((event.modifiers() & (Qt::ControlModifier | Qt::AltModifier | Qt::MetaModifier)) != 0) {
+    const int virtualKey = VirtualKeyOf(event);
+    const bool shift = (event.modifiers() & Qt::ShiftModifier) != 0;
+    const auto others = event.modifiers() & (Qt::ControlModifier | Qt::AltModifier | Qt::MetaModifier);
+    if (others != 0) {
+        // A form that scrolls has no focus, and its keys are the same with Ctrl.
+        if (others == Qt::ControlModifier && virtualKey > key::Escape && control == nullptr &&
+            form_.ActiveControl() == nullptr) {
+            form_.UserKey(virtualKey, shift);
+        }
         return false;
     }
     SettleFocus();
-    const int virtualKey = VirtualKeyOf(event);
-    const bool shift = (event.modifiers() & Qt::ShiftModifier) != 0;
     switch (virtualKey) {
     case key::Tab:
         window_->setAttribute(Qt::WA_KeyboardFocusChange);
@@ -325,17 +337,24 @@ bool QtForm::CloseRequested() {
 void QtForm::Resized() {
     PlaceBars();
     if (form_.Visible() && !showingSize_ && window_->size() != WantedSize()) {
-        form_.UserResize(ToTwips(window_->width()), ToTwips(window_->height()) + forms::TitleBarHeight);
+        form_.UserResize(ToTwips(window_->width()) + FrameWidth(),
+                         ToTwips(window_->height()) + forms::TitleBarHeight);
     }
 }
 
+// A touch pad turns the wheel by small parts: a message goes out for each whole notch.
 void QtForm::WheelTurned(int delta) {
     if (delta == 0) { // it was turned sideways
         return;
     }
+    constexpr int notch = 120;
     constexpr int limit = std::numeric_limits<std::int16_t>::max();
-    desktop_.Windows().SendWheel(procedure_.Handle(),
-                                 static_cast<std::int16_t>(std::clamp(delta, -limit, limit)));
+    const bool sameWay = (delta > 0) == (wheelTurn_ > 0);
+    wheelTurn_ = std::clamp(delta, -limit, limit) + (sameWay ? wheelTurn_ : 0);
+    if (std::abs(wheelTurn_) >= notch) {
+        const int turn = std::clamp(std::exchange(wheelTurn_, 0), -limit, limit);
+        desktop_.Windows().SendWheel(procedure_.Handle(), static_cast<std::int16_t>(turn));
+    }
 }
 
 bool QtForm::PointerIsOver(const forms::Control& control) {

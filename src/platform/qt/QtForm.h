@@ -57,6 +57,8 @@ class QtForm final : public forms::FormPeer {
     QtControl& Find(forms::Control& control);
     QtControl& Add(forms::Control& control);
     void SettleFocus();
+    /// Twips of the form's width that its window's frame takes.
+    double FrameWidth() const;
     QSize WantedSize() const;
     void ShowSize();
     void ShowPlace();
@@ -74,6 +76,7 @@ class QtForm final : public forms::FormPeer {
     std::vector<std::unique_ptr<QtControl>> controls_;
     std::unordered_map<const forms::Control*, QtControl*> byModel_;
     QEventLoop* loop_ = nullptr;
+    int wheelTurn_ = 0; // what of a notch the wheel has turned
     bool settling_ = false;
     bool showingSize_ = false;
     double shownLeft_ = 0; // where the program last put the form; the user may have moved it since
