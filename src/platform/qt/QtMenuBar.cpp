@@ -36,13 +36,20 @@ void QtMenuBar::MirrorContent(forms::Aspect aspect) {
     }
 }
 
+// The bar opens a menu by its access key itself.
+bool QtMenuBar::eventFilter(QObject* watched, QEvent* event) {
+    return event->type() != QEvent::Shortcut && QtControl::eventFilter(watched, event);
+}
+
 int QtMenuBar::StripHeight() const {
     constexpr double designHeight = 390;
     return std::max(ToDots(designHeight), bar_->sizeHint().height());
 }
 
+// In the middle of the strip, at the height that the desktop gives it.
 void QtMenuBar::Place() {
-    bar_->setGeometry(0, 0, Form().Window()->width(), StripHeight());
+    const int height = bar_->sizeHint().height();
+    bar_->setGeometry(0, (StripHeight() - height) / 2, Form().Window()->width(), height);
 }
 
 } // namespace platform::qt

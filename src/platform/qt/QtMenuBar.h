@@ -16,6 +16,8 @@ class QtMenuBar final : public QtControl {
     /// Dots.
     int StripHeight() const;
 
+    bool eventFilter(QObject* watched, QEvent* event) override;
+
   protected:
     void MirrorContent(forms::Aspect aspect) override;
     void Place() override;
