@@ -6,6 +6,8 @@
 #include <QLineEdit>
 #include <QListWidget>
 #include <QMessageBox>
+#include <QPainter>
+#include <QPixmap>
 #include <QTest>
 #include <QTimer>
 
@@ -38,6 +40,16 @@ QWidget* Reachable(const QString& form, const QString& control) {
 void ClickOn(QWidget* widget, const QPoint& at) {
     QTest::mouseClick(widget->window()->windowHandle(), Qt::LeftButton, {},
                       widget->mapTo(widget->window(), at));
+}
+
+// The window with the menu that is open over it.
+QPixmap PictureOf(QWidget* widget) {
+    QPixmap picture = widget->grab();
+    if (QWidget* menu = QApplication::activePopupWidget()) {
+        QPainter painter(&picture);
+        painter.drawPixmap(widget->mapFromGlobal(menu->pos()), menu->grab());
+    }
+    return picture;
 }
 
 template <class Dialog>
@@ -100,7 +112,7 @@ void Player::Next() {
 
 void Player::Save(QWidget* widget, const QString& name) {
     const QString file = QDir(folder_).filePath(QStringLiteral("scherm-%1%2.png").arg(name, suffix_));
-    if (!widget->grab().save(file) && failure_.empty()) {
+    if (!PictureOf(widget).save(file) && failure_.empty()) {
         Fail("cannot write " + file.toStdString());
     }
 }
@@ -124,6 +136,32 @@ void Player::Click(const QString& form, const QString& control) {
             // Beside the text of an option or a check box there may be nothing to click on.
             ClickOn(widget, {std::min(12, widget->width() / 2), widget->height() / 2});
         });
+}
+
+void Player::Hover(const QString& form, const QString& control) {
+    Step(
+        "hover over " + control.toStdString(),
+        [form, control] { return Reachable(form, control) != nullptr; },
+        [form, control] {
+            QWidget* widget = Reachable(form, control);
+            QTest::mouseMove(widget->window()->windowHandle(),
+                             widget->mapTo(widget->window(), widget->rect().center()));
+        });
+}
+
+void Player::Key(const QString& form, Qt::Key key) {
+    Step(
+        "key " + std::to_string(key), [form] { return WindowOf(form) != nullptr; },
+        [form, key] {
+            QWidget* menu = QApplication::activePopupWidget();
+            QTest::keyClick(menu == nullptr ? WindowOf(form) : menu, key);
+        });
+}
+
+void Player::Resize(const QString& form, const QSize& size) {
+    Step(
+        "resize " + form.toStdString(), [form] { return WindowOf(form) != nullptr; },
+        [form, size] { WindowOf(form)->resize(size); });
 }
 
 void Player::Type(const QString& form, const QString& control, const QString& text) {

@@ -22,6 +22,12 @@ class Player {
     void WaitForWindow(const QString& form);
     void Picture(const QString& form, const QString& name);
     void Click(const QString& form, const QString& control);
+    /// The pointer comes to rest on the control.
+    void Hover(const QString& form, const QString& control);
+    /// A key to the window, or to the menu that is open.
+    void Key(const QString& form, Qt::Key key);
+    /// The user drags the window to this size, in dots.
+    void Resize(const QString& form, const QSize& size);
     void Type(const QString& form, const QString& control, const QString& text);
     void PickRow(const QString& form, const QString& list, int row);
     /// The message box on show: a picture of it, and Enter.

@@ -11,6 +11,7 @@
 #include "Player.h"
 #include "platform/forms/Session.h"
 #include "platform/qt/QtPlatform.h"
+#include "printmanager/frmPrintManager.h"
 #include "wizard/AppState.h"
 #include "wizard/frmMain.h"
 
@@ -85,10 +86,23 @@ void LookAtThePreview(Player& player, const wizard::frmMain& form) {
     player.AnswerMessage("11-melding-paginas");
     player.WaitForWindow(Preview);
     player.Picture(Preview, "12-afdrukvoorbeeld");
-    player.Click(Preview, "Toolbar(5)");
     player.Click(Preview, "cmdDown");
-    player.Picture(Preview, "13-afdrukvoorbeeld-pagina-3");
+    player.Hover(Preview, "Toolbar(5)");
+    player.Picture(Preview, "13-afdrukvoorbeeld-pagina-2");
+    player.Click(Preview, "Toolbar(6)");
+    player.Hover(Preview, "cmdUp");
+    player.Picture(Preview, "14-afdrukvoorbeeld-laatste-pagina");
+    player.Key(Preview, Qt::Key_End);
+    player.Picture(Preview, "15-afdrukvoorbeeld-rechtsonder");
+    player.Key(Preview, Qt::Key_Home);
+    player.Click(Preview, "SSActiveToolBars");
+    player.Picture(Preview, "16-afdrukvoorbeeld-menu");
+    player.Key(Preview, Qt::Key_Escape);
+    player.Resize(Preview, {640, 480});
+    player.Picture(Preview, "17-afdrukvoorbeeld-klein");
     player.Click(Preview, "Toolbar(8)");
+    player.Step(
+        "wait for the preview to end", [&form] { return !form.PrintManager()->blnBusy; }, [] {});
     player.Click(Manager, "cmdAnnuleren");
 }
 
@@ -155,7 +169,7 @@ int main(int argc, char** argv) {
         Print(player, form, document, FileOf(folder, document));
     }
     LookAtThePreview(player, form);
-    player.Picture(Wizard, "14-gereed");
+    player.Picture(Wizard, "18-gereed");
     player.Close(Wizard);
     player.Start();
 
