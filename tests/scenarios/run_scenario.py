@@ -4,11 +4,14 @@
     run_scenario.py PROGRAM FILE.scenario           compare
     run_scenario.py --write PROGRAM FILE.scenario   write the record anew, to be read before it is kept
 
+The print log of the run has to be that of FILE.log byte for byte; without such a file there may be none.
+
 Comments at the top of a scenario tell what counts:
     # only: message show get      kinds of records that are compared; all if the line is missing
     # pages: 1 84                 pages whose texts and lines are compared; all if the line is missing
     # status: 3                   exit status, 0 if the line is missing
     # complaint: line 4           what standard error must hold, if the status is not 0
+    # folder: /proc               current directory, where no file can be made; one of its own if it is missing
 """
 import json
 import os
@@ -24,7 +27,7 @@ def directives(scenario):
     found = {}
     for line in scenario.read_text(encoding="utf-8").splitlines():
         name, colon, value = line.lstrip("# ").partition(":")
-        if line.startswith("#") and colon and name in {"only", "pages", "status", "complaint"}:
+        if line.startswith("#") and colon and name in {"only", "pages", "status", "complaint", "folder"}:
             found[name] = value.strip()
     return found
 
@@ -46,14 +49,29 @@ def selected(lines, wanted):
         yield line
 
 
+def bytes_of(file):
+    return file.read_bytes() if file.exists() else b""
+
+
+def compare_log(log, expected):
+    told = bytes_of(expected)
+    for number, (is_, should) in enumerate(zip(log.splitlines(True), told.splitlines(True)), start=1):
+        if is_ != should:
+            sys.exit(f"{expected.name}:{number}:\n  expected {should}\n  but was  {is_}")
+    if log != told:
+        sys.exit(f"the print log has {len(log)} bytes, not {len(told)}")
+
+
 def main():
     arguments = sys.argv[1:]
     write = arguments[0] == "--write"
     program, scenario = (pathlib.Path(argument).resolve() for argument in arguments[-2:])
     wanted = directives(scenario)
-    with tempfile.TemporaryDirectory() as folder:  # the print log goes to the current directory
+    with tempfile.TemporaryDirectory() as own:
+        folder = pathlib.Path(wanted.get("folder", own))
         run = subprocess.run([program, scenario], cwd=folder, capture_output=True, text=True, encoding="utf-8",
                              timeout=300, check=False, env={**os.environ, "TZ": "UTC"})
+        log = bytes_of(folder / "printrap.log")
     record = list(selected(run.stdout.splitlines(), wanted))
     expected = scenario.with_suffix(".jsonl")
     status = int(wanted.get("status", "0"))
@@ -65,7 +83,10 @@ def main():
         sys.exit(f"standard error lacks {wanted['complaint']!r}:\n{run.stderr}")
     if write:
         expected.write_text("".join(line + "\n" for line in record), encoding="utf-8")
+        if log:
+            scenario.with_suffix(".log").write_bytes(log)
         return
+    compare_log(log, scenario.with_suffix(".log"))
     told = expected.read_text(encoding="utf-8").splitlines()
     for number, (is_, should) in enumerate(zip(record, told), start=1):
         if is_ != should:
