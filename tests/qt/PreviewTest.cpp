@@ -1,102 +1,14 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-#include <QImage>
-#include <QLabel>
 #include <QMenuBar>
-#include <QScrollBar>
 #include <QTest>
-#include <QToolButton>
-#include <QWheelEvent>
 
-#include "composition/PrintSurface.h"
-#include "platform/forms/Session.h"
-#include "platform/memory/MemoryPlatform.h"
-#include "platform/modMsgHookProc.h"
-#include "platform/qt/QtBitmaps.h"
-#include "platform/qt/QtDesktop.h"
-#include "platform/qt/Scale.h"
-#include "preview/PrintPreview.h"
-#include "preview/frmPrintPreview.h"
-#include "preview/frmPrintPreviewGhost.h"
-#include "qt/Window.h"
-#include "wizard/AppState.h"
+#include <cmath>
+
+#include "qt/PreviewFixture.h"
 
 namespace {
-
-/// The preview in its real window. Each page has its number and a black rule at a place of its own.
-class PreviewTest : public testing::Test {
-  protected:
-    PreviewTest() {
-        memory.InstallPrinter({.Name = "Proefprinter"});
-        state.ListFontName = "Tahoma";
-    }
-
-    static constexpr double ruleDistance = 720; // twips
-
-    /// Composes a document, and shows it until `user` has left the window.
-    void Show(int pages, const std::function<void()>& user) {
-        preview.OpenPreview(0);
-        composition::PrintSurface& surface = *state.Surface;
-        for (int page = 1; page <= pages; ++page) {
-            if (page > 1) {
-                surface.Newpage();
-            }
-            surface.PrintLine("pagina " + std::to_string(page));
-            for (int thickness = 0; thickness < 60; thickness += 5) {
-                surface.Line(0, page * ruleDistance + thickness, 5000, page * ruleDistance + thickness, 0);
-            }
-        }
-        surface.EndDoc();
-        window::WhenShown("frmPrintPreview", [&] {
-            user();
-            preview.Window()->Unload();
-        });
-        preview.Show();
-        preview.OpenPreview(1);
-    }
-
-    preview::frmPrintPreview& Form() { return *preview.Window(); }
-    QWidget* Widget(const char* control) { return window::Find("frmPrintPreview", control); }
-    QScrollBar* Bar() { return window::Find<QScrollBar>("frmPrintPreview", "VScroll"); }
-    QString Panel(int number) {
-        return window::Find<QLabel>("frmPrintPreview", QStringLiteral("StatusBar(%1)").arg(number))->text();
-    }
-    void Wheel(const QPoint& delta) {
-        QWidget* top = window::Of("frmPrintPreview");
-        QWheelEvent wheel(QPointF(50, 200), top->mapToGlobal(QPointF(50, 200)), {}, delta, Qt::NoButton,
-                          Qt::NoModifier, Qt::NoScrollPhase, false);
-        QApplication::sendEvent(top, &wheel);
-        window::Settle();
-    }
-
-    /// The number of the page whose rule is on the screen, 0 if there is none.
-    int PageOnScreen() {
-        const QImage picture = Widget("pictCurrentPage")->grab().toImage();
-        const double ratio = picture.devicePixelRatio();
-        for (int page = 1; page <= 9; ++page) {
-            const int x = platform::qt::ToDots(1000);
-            const int y = platform::qt::ToDots(page * ruleDistance + 30);
-            const QColor colour =
-                picture.pixelColor(static_cast<int>(x * ratio), static_cast<int>(y * ratio));
-            if (colour.lightness() < 128) {
-                return page;
-            }
-        }
-        return 0;
-    }
-
-    platform::MemoryPlatform memory;
-    platform::qt::QtDesktop desktop;
-    platform::qt::QtBitmaps bitmaps;
-    platform::Platform services{desktop,       memory.registry,  memory.locale,   memory.clock,
-                                memory.random, memory.spooler,   memory.printers, memory.printer,
-                                bitmaps,       desktop.Windows()};
-    wizard::AppState state;
-    forms::Session session{desktop};
-    composition::PrinterSurface printer{memory.printer};
-    preview::PrintPreview preview{session, services, state, printer};
-};
 
 TEST_F(PreviewTest, ShowsThePageThatWasDrawn) {
     Show(3, [this] {
@@ -167,6 +79,84 @@ TEST_F(PreviewTest, TheWheelScrollsAndSideTurnsDoNot) {
         Wheel({-120, 0});
         EXPECT_EQ(Bar()->value(), 15);
     });
+}
+
+TEST_F(PreviewTest, SmallPartsOfATurnMakeANotch) {
+    Show(1, [this] {
+        for (int part = 0; part < 7; ++part) {
+            Wheel({0, -15});
+        }
+        EXPECT_EQ(Bar()->value(), 0);
+        Wheel({0, -15});
+        EXPECT_EQ(Bar()->value(), 15);
+        Wheel({0, -105});
+        Wheel({0, 15});
+        Wheel({0, -105});
+        EXPECT_EQ(Bar()->value(), 15) << "another way begins anew";
+        Wheel({0, -1000000});
+        EXPECT_EQ(Bar()->value(), 30) << "only the way counts";
+    });
+}
+
+TEST_F(PreviewTest, TheWheelScrollsWhereverThePointerIs) {
+    Show(1, [this] {
+        int expected = 0;
+        for (const char* name : {"pictCurrentPage", "VScroll", "cmdDown", "Toolbar(1)", "StatusBar"}) {
+            window::Wheel(Widget(name), {0, -120});
+            expected += 15;
+            EXPECT_EQ(Bar()->value(), expected) << name;
+        }
+    });
+}
+
+TEST_F(PreviewTest, CtrlDoesNotChangeAKey) {
+    Show(1, [this] {
+        window::Key(Qt::Key_End, Qt::ControlModifier);
+        EXPECT_EQ(Bar()->value(), 100);
+        window::Key(Qt::Key_Home, Qt::ControlModifier);
+        EXPECT_EQ(Bar()->value(), 0);
+        window::Key(Qt::Key_Down, Qt::AltModifier);
+        EXPECT_EQ(Bar()->value(), 0);
+    });
+}
+
+TEST_F(PreviewTest, ThePageIsOnTheScreenDotForDot) {
+    Show(2, [this] {
+        for (const int page : {1, 2}) {
+            const QImage& drawn = Bitmap(page).Image();
+            const QImage seen = Widget("pictCurrentPage")->grab().toImage();
+            ASSERT_EQ(seen.devicePixelRatio(), drawn.devicePixelRatio());
+            const QSize both = seen.size().boundedTo(drawn.size());
+            EXPECT_NEAR(both.width(), drawn.width(), 1);
+            EXPECT_EQ(both.height(), drawn.height());
+            const QRect area(QPoint(0, 0), both);
+            EXPECT_EQ(seen.copy(area).convertToFormat(QImage::Format_RGB16), drawn.copy(area));
+            window::Key(Qt::Key_End);
+            window::Key(Qt::Key_PageDown);
+        }
+    });
+}
+
+TEST_F(PreviewTest, TheBarsTouchTheEdgesOfTheWindow) {
+    Show(1, [this] {
+        const QWidget* top = window::Of("frmPrintPreview");
+        const QWidget* bar = Widget("VScroll");
+        const auto right = [top](const QWidget* widget) {
+            return widget->mapTo(top, widget->rect().topRight()).x() + 1;
+        };
+        EXPECT_NEAR(right(Widget("pictVScroll")), top->width(), 1);
+        EXPECT_NEAR(right(bar), top->width(), 2);
+        const QWidget* menu = Widget("SSActiveToolBars");
+        EXPECT_EQ(menu->height(), menu->sizeHint().height());
+        EXPECT_LE(menu->geometry().bottom(), Widget("ToolbarContainer")->mapTo(top, QPoint(0, 0)).y());
+    });
+}
+
+TEST_F(PreviewTest, ASheetOfNoUsableSizeIsAnErrorAndNoCrash) {
+    for (const double size : {0.0, -15.0, 1e300, std::nan("")}) {
+        EXPECT_THROW(bitmaps.CreatePage(size, 1500), platform::RuntimeError) << size;
+        EXPECT_THROW(bitmaps.CreatePage(1500, size), platform::RuntimeError) << size;
+    }
 }
 
 TEST_F(PreviewTest, KeysScrollAndTurnPages) {
@@ -261,19 +251,6 @@ TEST_F(PreviewTest, AnotherSizePlacesTheBars) {
         EXPECT_EQ(Widget("StatusBar")->geometry().bottom() + 1,
                   Widget("StatusBar")->parentWidget()->height());
     });
-}
-
-TEST_F(PreviewTest, ManyPreviewsLeaveNothingBehind) {
-    const auto widgets = QApplication::allWidgets().size();
-    const std::size_t windows = desktop.Windows().Count();
-    for (int i = 0; i < 20; ++i) {
-        Show(2, [this] { Form().Toolbar.UserClickButton(5); });
-    }
-    window::Settle();
-    EXPECT_EQ(QApplication::allWidgets().size(), widgets);
-    EXPECT_EQ(desktop.Windows().Count(), windows);
-    EXPECT_EQ(platform::modMsgHookProc::SlotsInUse(), 0);
-    EXPECT_TRUE(session.OpenForms().empty());
 }
 
 } // namespace

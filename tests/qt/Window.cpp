@@ -7,6 +7,7 @@
 #include <QMessageBox>
 #include <QPushButton>
 #include <QTest>
+#include <QWheelEvent>
 #include <QWindow>
 
 namespace window {
@@ -69,6 +70,17 @@ void Click(QWidget* widget) {
 void Click(QWidget* widget, const QPoint& at) {
     QTest::mouseClick(widget->window()->windowHandle(), Qt::LeftButton, {},
                       widget->mapTo(widget->window(), at));
+    Settle();
+}
+
+void Wheel(QWidget* widget, const QPoint& turn) {
+    const QPoint middle = widget->visibleRegion().boundingRect().center();
+    const QPointF at = widget->mapTo(widget->window(), QPointF(middle));
+    QWheelEvent wheel(at, widget->mapToGlobal(QPointF(middle)), {}, turn, Qt::NoButton, Qt::NoModifier,
+                      Qt::NoScrollPhase, false);
+    // Only an event from outside goes on to the widgets behind.
+    QSpontaneKeyEvent::setSpontaneous(&wheel);
+    qApp->notify(widget->window()->windowHandle(), &wheel);
     Settle();
 }
 

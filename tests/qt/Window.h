@@ -34,6 +34,9 @@ void Settle();
 void Click(QWidget* widget);
 void Click(QWidget* widget, const QPoint& at);
 
+/// A turn of the mouse wheel over the middle of what of a widget can be seen, in eighths of a degree.
+void Wheel(QWidget* widget, const QPoint& turn);
+
 /// A key to whatever has the focus in the active window.
 void Key(Qt::Key key, Qt::KeyboardModifiers modifiers = Qt::NoModifier);
 void Type(const QString& text);
