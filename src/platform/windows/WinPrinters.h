@@ -1,0 +1,26 @@
+#pragma once
+
+#include "platform/Printer.h"
+
+#include <string>
+#include <vector>
+
+namespace platform::windows {
+
+/// The user's printers: those of this machine and those connected elsewhere, in the order in which the system
+/// lists them.
+class WinPrinters final : public Printers {
+  public:
+    /// Asks the system anew: a printer may have come or gone. A machine whose spooler does not run has none.
+    int Count() override;
+    PrinterEntry Item(int index) override;
+
+    /// Index of the user's default printer, else of the first; -1 without printers.
+    int DefaultIndex();
+
+  private:
+    std::vector<PrinterEntry> entries_;
+    bool loaded_ = false;
+};
+
+} // namespace platform::windows
