@@ -1,0 +1,210 @@
+#include "platform/windows/Win32.h"
+#include "platform/windows/WinPrinter.h"
+#include "windows/check/Check.h"
+
+#include <cmath>
+#include <cstdio>
+#include <limits>
+#include <string>
+#include <vector>
+
+using namespace platform::windows;
+using platform::ErrorInvalidPropertyValue;
+
+namespace {
+
+constexpr double TwipsPerPoint = 20;
+constexpr int HandleRounds = 200;
+
+int IndexOf(WinPrinters& printers, const std::string& name) {
+    const int count = printers.Count();
+    for (int i = 0; i < count; ++i) {
+        if (printers.Item(i).DeviceName == name) {
+            return i;
+        }
+    }
+    return -1;
+}
+
+void CheckMeasures(WinPrinter& printer) {
+    // A4 in points with the margins of the printer's description, in whole dots of 600 to the inch.
+    constexpr double dot = 2.4;
+    CheckNear(printer.Width(), 595 * TwipsPerPoint, dot, "the sheet's width");
+    CheckNear(printer.Height(), 842 * TwipsPerPoint, dot, "the sheet's height");
+    CheckNear(printer.ScaleWidth(), (577 - 18) * TwipsPerPoint, dot, "the printable width");
+    CheckNear(printer.ScaleHeight(), (824 - 36) * TwipsPerPoint, dot, "the printable height");
+    CheckNear(printer.ScaleLeft() + printer.ScaleTop(), 0, 0, "the origin is the printable area's");
+    CheckEqual(printer.GetDeviceCaps(platform::CapsLogPixelsX), 600, "dots to the inch");
+    CheckNear(printer.GetDeviceCaps(platform::CapsPhysicalOffsetX), 18 * 600 / 72.0, 1,
+              "the margin left in dots");
+    CheckNear(printer.GetDeviceCaps(platform::CapsPhysicalOffsetY), 18 * 600 / 72.0, 1,
+              "the margin above in dots");
+}
+
+void CheckProperties(WinPrinters& printers, WinPrinter& printer) {
+    CheckEqual(printer.DeviceName(), "Kantoor", "until one is assigned it is the default printer");
+    CheckEqual(printer.Drawing.Font.Name, "Tahoma", "with a font of its own");
+    CheckEqual(printer.PaperSize(), DMPAPER_A4, "with its stored paper");
+    CheckEqual(printer.Copies(), 1, "and its copies");
+    CheckMeasures(printer);
+
+    const double height = printer.Height();
+    printer.SetOrientation(DMORIENT_LANDSCAPE);
+    CheckNear(printer.Width(), height, 3, "a sheet on its side is as wide as it was high");
+    printer.SetPaperSize(DMPAPER_LEGAL);
+    CheckNear(printer.Width(), 1008 * TwipsPerPoint, 3, "another paper has its own measures");
+    printer.SetPaperBin(printer.PaperBin());
+    CheckRaises(
+        ErrorInvalidPropertyValue, [&] { printer.SetOrientation(3); }, "there is no third orientation");
+    CheckRaises(
+        ErrorInvalidPropertyValue, [&] { printer.SetPaperSize(12345); }, "a paper that the printer lacks");
+    CheckRaises(
+        ErrorInvalidPropertyValue, [&] { printer.SetPaperBin(12345); }, "a bin that the printer lacks");
+    CheckEqual(printer.PaperSize(), DMPAPER_LEGAL, "a refused value changes nothing");
+
+    printer.Drawing = {10, 20, {"Courier", 12, true}};
+    printer.Assign(IndexOf(printers, "Kantoor"));
+    CheckEqual(printer.PaperSize(), DMPAPER_A4, "assigning takes the stored paper afresh");
+    CheckEqual(printer.Orientation(), DMORIENT_PORTRAIT, "and the orientation");
+    Check(printer.Drawing.Font == platform::FontSpec{"Tahoma", 8, false} && printer.Drawing.CurrentX == 0,
+          "and the printer's own font and cursor");
+    printer.Assign(IndexOf(printers, "Magazijn"));
+    CheckEqual(printer.DeviceName(), "Magazijn", "another printer becomes the current one");
+    CheckRaises(
+        platform::ErrorSubscriptOutOfRange, [&] { printer.Assign(99); }, "one that is not there is refused");
+    CheckEqual(printer.DeviceName(), "Magazijn", "and the current one stays");
+    printer.Assign(IndexOf(printers, "Kantoor"));
+}
+
+void CheckText(WinPrinter& printer) {
+    platform::Canvas& page = printer.Page();
+    const platform::FontSpec tahoma{"Tahoma", 12, false};
+    const double one = page.MeasureText("1", tahoma).Width;
+    CheckNear(page.MeasureText(std::string(100, '1'), tahoma).Width, 100 * one, 0.001,
+              "a long text is as wide as its letters together");
+    CheckNear(page.MeasureText("\x01\x7F", tahoma).Width, 0, 0, "control characters have no width");
+    Check(page.MeasureText("", tahoma).Height > 0, "an empty text has a height");
+    CheckNear(page.MeasureText("1", {"OCR-B", 10, false}).Width, 144.6, 0.01,
+              "OCR-B at 10 points: 7.23 points");
+    Check(page.MeasureText("x", {"Tahoma", std::numeric_limits<double>::quiet_NaN(), false}).Width >= 0,
+          "a size that is no number is a very small one");
+    Check(page.MeasureText("x", {"Tahoma", 1e9, false}).Width > 0, "a huge size is the largest one");
+    Check(page.MeasureText("x", {std::string(500, 'q'), 10, false}).Width > 0,
+          "a font that is not there is replaced");
+    Check(page.MeasureText("\xFF\xFE", tahoma).Width > 0, "bytes that are no text are shown all the same");
+}
+
+/// A document that is begun and given up: by the assignment and by the printer's end.
+void CheckGivenUp(WinPrinters& printers) {
+    {
+        WinPrinter printer(printers);
+        printer.Page().DrawText(0, 0, "given up", {"Tahoma", 8, false});
+        printer.Assign(IndexOf(printers, "Kantoor"));
+        printer.Page().EndDocument();
+        printer.Page().DrawText(0, 0, "given up", {"Tahoma", 8, false});
+    }
+    Check(true, "a document that is not ended is taken back");
+}
+
+void CheckHandles(WinPrinters& printers) {
+    WinPrinter printer(printers);
+    const auto round = [&] {
+        printer.Assign(IndexOf(printers, "Kantoor"));
+        printer.SetOrientation(DMORIENT_LANDSCAPE);
+        printer.ScaleWidth();
+        printer.Page().MeasureText("X", printer.Drawing.Font);
+        printer.SetOrientation(DMORIENT_PORTRAIT);
+        printer.ScaleWidth();
+    };
+    round();
+    const DWORD gdi = ::GetGuiResources(::GetCurrentProcess(), GR_GDIOBJECTS);
+    DWORD kernel = 0;
+    ::GetProcessHandleCount(::GetCurrentProcess(), &kernel);
+    for (int i = 0; i < HandleRounds; ++i) {
+        round();
+    }
+    DWORD kernelAfter = 0;
+    ::GetProcessHandleCount(::GetCurrentProcess(), &kernelAfter);
+    CheckEqual(::GetGuiResources(::GetCurrentProcess(), GR_GDIOBJECTS), gdi,
+               "no graphics object is left behind");
+    CheckEqual(kernelAfter, kernel, "no handle is left behind");
+}
+
+} // namespace
+
+void CheckPrinter() {
+    WinPrinters printers;
+    {
+        WinPrinter printer(printers);
+        CheckProperties(printers, printer);
+        CheckText(printer);
+        printer.Page().EndDocument();
+        Check(true, "the end of a document that never began changes nothing");
+    }
+    CheckGivenUp(printers);
+    CheckHandles(printers);
+}
+
+namespace {
+
+class Samples {
+  public:
+    explicit Samples(WinPrinter& printer) : printer_(printer) {}
+
+    void Text(double x, double y, const std::string& text, const platform::FontSpec& font) {
+        platform::Canvas& page = printer_.Page();
+        page.DrawText(x, y, text, font);
+        const platform::TextSize size = page.MeasureText(text, font);
+        std::printf("text\t%d\t%.3f\t%.3f\t%.3f\t%.3f\t%s\t%.2f\t%d\t%s\n", number_, x, y, size.Width,
+                    size.Height, font.Name.c_str(), font.Size, font.Bold ? 1 : 0, text.c_str());
+    }
+    void Line(double x1, double y1, double x2, double y2, std::int32_t colour) {
+        printer_.Page().DrawLine(x1, y1, x2, y2, colour);
+        std::printf("line\t%d\t%.3f\t%.3f\t%.3f\t%.3f\n", number_, x1, y1, x2, y2);
+    }
+    void NewPage() {
+        printer_.Page().NewPage();
+        ++number_;
+    }
+
+  private:
+    WinPrinter& printer_;
+    int number_ = 1;
+};
+
+} // namespace
+
+void PrintSamples() {
+    WinPrinters printers;
+    WinPrinter printer(printers, [](const std::string& text) { Check(false, text); });
+    printer.Assign(IndexOf(printers, "Kantoor"));
+    printer.SetPaperSize(DMPAPER_LEGAL);
+    std::vector<short> bins = DriverSettings(L"Kantoor").Offered(DC_BINS);
+    printer.SetPaperBin(bins.back());
+    printer.SetDocumentTitle("Proefblad voor Zoë");
+    std::printf("margins\t%d\t%d\t%d\n", printer.GetDeviceCaps(platform::CapsPhysicalOffsetX),
+                printer.GetDeviceCaps(platform::CapsPhysicalOffsetY),
+                printer.GetDeviceCaps(platform::CapsLogPixelsX));
+
+    Samples samples(printer);
+    const std::vector<platform::FontSpec> fonts = {{"Tahoma", 8, false},
+                                                   {"Tahoma", 9, false},
+                                                   {"Tahoma", 12, true},
+                                                   {"OCR-B", 9.96, false},
+                                                   {"OCR-B", 10, false}};
+    double y = 101.3;
+    for (const platform::FontSpec& font : fonts) {
+        samples.Text(33.7, y, "NL12INGB0001234567+0000000000000000<" + std::string(24, '8') + " einde", font);
+        y += 333.3;
+    }
+    samples.Text(1000.9, y, "Zoë Müller-Ångström €", fonts.front());
+    samples.Line(567, 9000, 5670, 9000, 0);
+    samples.NewPage();
+    // A text may lie anywhere, also where no printer can reach, and the rest is printed all the same.
+    printer.Page().DrawText(1e300, 0, "nowhere", fonts.front());
+    printer.Page().DrawText(std::numeric_limits<double>::quiet_NaN(), 0, "nowhere", fonts.front());
+    printer.Page().DrawText(0, 12000, std::string(20000, 'x'), fonts.front());
+    printer.Page().DrawLine(-1e300, 0, 1e300, std::numeric_limits<double>::infinity(), 0);
+    samples.Text(4321.1, 2345.6, "tweede", fonts.front());
+    printer.Page().EndDocument();
+}

@@ -1,0 +1,113 @@
+#include "platform/Text.h"
+#include "platform/modRegistry.h"
+#include "platform/windows/Win32.h"
+#include "platform/windows/WinRegistry.h"
+#include "windows/check/Check.h"
+
+#include <string>
+
+using namespace platform::windows;
+using platform::HkeyCurrentUser;
+
+namespace {
+
+constexpr const wchar_t* Path = L"Software\\Drukkeuring check";
+constexpr const char* PathA = "Software\\Drukkeuring check";
+
+/// A key of the check's own, gone at its end.
+class OwnKey {
+  public:
+    OwnKey() {
+        ::RegCreateKeyExW(HKEY_CURRENT_USER, Path, 0, nullptr, 0, KEY_ALL_ACCESS, nullptr, &key_, nullptr);
+    }
+    ~OwnKey() {
+        ::RegCloseKey(key_);
+        ::RegDeleteTreeW(HKEY_CURRENT_USER, Path);
+    }
+    OwnKey(const OwnKey&) = delete;
+    OwnKey& operator=(const OwnKey&) = delete;
+
+    void Set(const wchar_t* name, DWORD type, const void* bytes, DWORD size) {
+        ::RegSetValueExW(key_, name, 0, type, static_cast<const BYTE*>(bytes), size);
+    }
+    std::wstring Text(const wchar_t* name) {
+        wchar_t text[64]{};
+        DWORD size = sizeof text - sizeof(wchar_t);
+        ::RegQueryValueExW(key_, name, nullptr, nullptr, reinterpret_cast<BYTE*>(text), &size);
+        return text;
+    }
+
+  private:
+    HKEY key_ = nullptr;
+};
+
+void CheckSettings(OwnKey& own) {
+    WinRegistry registry;
+    const platform::modRegistry settings(registry);
+    const auto read = [&settings](const char* name) {
+        return settings.GetRegistryValue(HkeyCurrentUser, PathA, name);
+    };
+
+    own.Set(L"Stad", REG_SZ, L"K\u00F6ln \u20AC", 14);
+    CheckEqual(read("Stad"), "Köln €", "a text of another program is read with its accents");
+    own.Set(L"Pl\u00EBk", REG_SZ, L"x", 4);
+    CheckEqual(read("Plëk"), "x", "a name with an accent is found");
+    own.Set(L"Leeg", REG_SZ, L"", 2);
+    CheckEqual(read("Leeg"), "", "an empty text reads as empty");
+    const DWORD number = 7;
+    own.Set(L"Getal", REG_DWORD, &number, sizeof number);
+    CheckEqual(read("Getal"), "", "a number counts as absent");
+    CheckEqual(read("Ontbreekt"), "", "a value that is not there reads as empty");
+
+    Check(settings.SetRegistryValue(HkeyCurrentUser, PathA, "Naam", "Zoë Smørgås"), "a text is written");
+    Check(own.Text(L"Naam") == L"Zo\u00EB Sm\u00F8rg\u00E5s", "another program reads it with its accents");
+    CheckEqual(read("Naam"), "Zoë Smørgås", "it reads back as it was written");
+    Check(settings.SetRegistryValue(HkeyCurrentUser, PathA, "Naam", ""), "an empty text is written");
+    CheckEqual(read("Naam"), "", "and reads back as empty");
+    Check(!settings.SetRegistryValue(HkeyCurrentUser, "Software\\Drukkeuring is er niet", "Naam", "x"),
+          "a key that does not exist is not created");
+    const std::string longText(20000, 'a');
+    Check(settings.SetRegistryValue(HkeyCurrentUser, PathA, "Lang", longText) && read("Lang") == longText,
+          "a long text comes back whole");
+}
+
+void CheckCalls(OwnKey& own) {
+    WinRegistry registry;
+    platform::RegistryKey key = 0;
+    CheckEqual(registry.RegOpenKeyA(HkeyCurrentUser, PathA, key), platform::RegSuccess, "the key opens");
+    platform::RegistryKey root = 0;
+    CheckEqual(registry.RegOpenKeyA(HkeyCurrentUser, "", root), platform::RegSuccess,
+               "an empty path is the root");
+    CheckEqual(registry.RegOpenKeyA(HkeyCurrentUser, "Nergens", root), platform::RegFileNotFound,
+               "a key that is not there is not found");
+
+    own.Set(L"Tekst", REG_SZ, L"abc", 8);
+    std::uint32_t type = 0;
+    std::uint32_t size = 0;
+    CheckEqual(registry.RegQueryValueExA(key, "Tekst", type, nullptr, size), platform::RegSuccess,
+               "a value without a buffer tells its size");
+    CheckEqual(size, 4, "which counts the closing NUL");
+    CheckEqual(type, platform::RegSz, "and its type");
+    char data[8] = {};
+    size = 2;
+    CheckEqual(registry.RegQueryValueExA(key, "Tekst", type, data, size), platform::RegMoreData,
+               "a buffer that is too small is told");
+    size = sizeof data;
+    CheckEqual(registry.RegQueryValueExA(key, "Tekst", type, data, size), platform::RegSuccess,
+               "the text is read");
+    CheckEqual(data, "abc", "it is the text");
+    CheckEqual(registry.RegQueryValueExA(key, "Niets", type, data, size), platform::RegFileNotFound,
+               "a value that is not there is not found");
+    CheckEqual(registry.RegCloseKey(key), platform::RegSuccess, "the key closes");
+    CheckEqual(registry.RegCloseKey(key), platform::RegInvalidHandle, "and closes once");
+    CheckEqual(registry.RegQueryValueExA(key, "Tekst", type, data, size), platform::RegInvalidHandle,
+               "a closed key reads nothing");
+}
+
+} // namespace
+
+void CheckRegistry() {
+    OwnKey own;
+    CheckSettings(own);
+    CheckCalls(own);
+}

@@ -1,0 +1,58 @@
+#include "platform/Text.h"
+#include "platform/windows/WideText.h"
+#include "platform/windows/WinClock.h"
+#include "platform/windows/WinLocale.h"
+#include "windows/check/Check.h"
+
+#include <string>
+
+using namespace platform::windows;
+
+void CheckTexts() {
+    Check(ToWide("Zoë €") == L"Zo\u00EB \u20AC", "UTF-8 becomes UTF-16");
+    CheckEqual(FromWide(L"Zo\u00EB \u20AC"), "Zoë €", "UTF-16 becomes UTF-8");
+    Check(ToWide("\U0001F600") == L"\xD83D\xDE00", "a character beyond the first plane becomes a pair");
+    CheckEqual(FromWide(L"\xD83D\xDE00"), "\U0001F600", "a pair becomes one character");
+    CheckEqual(FromWide(L"a\xD83D"), "a\uFFFD", "half a pair at the end is replaced");
+    CheckEqual(FromWide(L"\xDE00z"), "\uFFFDz", "the wrong half of a pair is replaced");
+    Check(ToWide("a\xFFz") == L"a\uFFFDz", "a byte that is no UTF-8 is replaced");
+    Check(ToWide("").empty() && FromWide(L"").empty(), "the empty text stays empty");
+
+    const std::string accented = platform::text::ToCodePage("Fröhlich");
+    CheckEqual(FromMachine(ToMachine(accented)), accented,
+               "a letter that this machine has survives its code page");
+    const std::string dutch = platform::text::ToCodePage("Zoë");
+    CheckEqual(FromMachine(ToMachine(dutch)), dutch, "a Dutch name survives this machine's code page");
+    CheckEqual(FromMachine(ToMachine("plain")), "plain", "plain letters are the same everywhere");
+
+    const platform::DateTime now = WinClock().Now();
+    Check(now.Year >= 2020 && now.Month >= 1 && now.Month <= 12 && now.Day >= 1 && now.Day <= 31 &&
+              now.Hour >= 0 && now.Hour <= 23,
+          "the clock tells a date and a time");
+}
+
+void CheckLocale() {
+    WinLocale locale;
+    const std::int32_t dutch = locale.GetUserDefaultLCID();
+    CheckEqual(dutch, 0x0413, "the user's locale is Dutch");
+    CheckEqual(std::string(1, locale.DecimalMark()), ",", "the decimal mark is a comma");
+
+    const char* const months[] = {"jan", "feb", "mrt", "apr", "mei", "jun",
+                                  "jul", "aug", "sep", "okt", "nov", "dec"};
+    for (int month = 1; month <= 12; ++month) {
+        CheckEqual(locale.ShortMonthName(month), months[month - 1], "the short name of a month");
+    }
+    CheckEqual(locale.ShortMonthName(0) + locale.ShortMonthName(13), "", "there is no month 0 or 13");
+
+    char text[8] = "-------";
+    CheckEqual(locale.GetLocaleInfoA(dutch, platform::LocaleDecimal, nullptr, 0), 2,
+               "the length of an item counts its closing NUL");
+    CheckEqual(locale.GetLocaleInfoA(dutch, platform::LocaleDecimal, text, 2), 2, "an item is written");
+    CheckEqual(text, ",", "the item is the decimal comma");
+    CheckEqual(locale.GetLocaleInfoA(dutch, platform::LocaleCurrencySymbol, text, 8), 2,
+               "the currency symbol is one byte");
+    CheckEqual(text, "\x80", "the euro is the one of Windows-1252");
+    CheckEqual(locale.GetLocaleInfoA(dutch, platform::LocaleDecimal, text, 1), 0,
+               "a buffer that is too small fails");
+    CheckEqual(locale.GetLocaleInfoA(dutch, 0x0FFF, nullptr, 0), 0, "an item that does not exist fails");
+}

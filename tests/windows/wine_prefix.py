@@ -1,0 +1,193 @@
+"""A Windows of the test's own: a Wine prefix that knows nothing of the user's and shows no window.
+
+One prefix is made in the build folder and copied for each test by hard links, which takes no time. Without a screen
+windows and printing work all the same; use_screen() gives one to look at.
+"""
+import contextlib
+import fcntl
+import os
+import pathlib
+import shutil
+import subprocess
+import sys
+import tempfile
+
+LOADER = pathlib.Path("/usr/lib/wine/wine64")  # itself: the script around it starts other things as well
+SERVER = pathlib.Path("/usr/lib/wine/wineserver64")
+FONTS = pathlib.Path("/usr/share/wine/fonts")
+OCR_FONT = pathlib.Path("/usr/share/fonts/opentype/ocr-b/OCRB.otf")
+OCR_FAMILY = "OCR-B"
+LOCALE_SOURCES = pathlib.Path("/usr/share/i18n/locales")
+
+SKIPPED = 77  # exit status of a test that cannot be made here
+START_PATIENCE = 120  # seconds
+
+SETTINGS = r"""Windows Registry Editor Version 5.00
+
+[HKEY_CURRENT_USER\Software\Wine\Drivers]
+"Graphics"="null"
+
+[HKEY_CURRENT_USER\Software\Wine\WineDbg]
+"ShowCrashDialog"=dword:00000000
+"""
+
+
+def skip(reason):
+    print(f"skipped: {reason}")
+    sys.exit(SKIPPED)
+
+
+class WinePrefix:
+    """Programs run in it, each with the same settings of the machine. Close it, or use it with `with`."""
+
+    def __init__(self, folder, locale="nl_NL"):
+        self.folder = pathlib.Path(folder)
+        self.locale = locale
+        self.settings = {}
+        """More variables for the programs that are run, such as CUPS_SERVER."""
+
+    @classmethod
+    def for_test(cls, build, locale="nl_NL"):
+        """A prefix that is thrown away at its end; the test ends as skipped where there is no Wine."""
+        base = base_prefix(pathlib.Path(build))
+        folder = pathlib.Path(tempfile.mkdtemp(prefix="wine-", dir=base.parent))
+        prefix = cls(folder / "prefix", locale)
+        copy_prefix(base, prefix.folder)
+        return prefix
+
+    def __enter__(self):
+        return self
+
+    def __exit__(self, *_):
+        self.close()
+
+    def close(self):
+        """Ends whatever still runs in the prefix and takes it away."""
+        self.stop()
+        shutil.rmtree(self.folder.parent, ignore_errors=True)
+
+    def stop(self):
+        environment = self.environment()
+        subprocess.run([str(SERVER), "-k"], env=environment, check=False, capture_output=True)
+        with contextlib.suppress(subprocess.TimeoutExpired):
+            subprocess.run([str(SERVER), "-w"], env=environment, check=False, capture_output=True, timeout=20)
+
+    def environment(self):
+        kept = {name: value for name, value in os.environ.items()
+                if name not in ("DISPLAY", "WAYLAND_DISPLAY", "LANG", "LANGUAGE") and not name.startswith("LC_")}
+        return {**kept,
+                "WINEPREFIX": str(self.folder),
+                "WINEDEBUG": os.environ.get("WINEDEBUG", "-all"),
+                "WINEDLLOVERRIDES": "mscoree,mshtml=;winemenubuilder.exe=d",
+                "CUPS_SERVER": str(self.folder / "no-print-server"),
+                "LOCPATH": str(self.folder.parent.parent / "locales"),
+                "LC_ALL": f"{self.locale}.UTF-8",
+                **self.settings}
+
+    def command(self):
+        """What stands before a Windows program to run it here, for a caller that starts processes itself."""
+        own = {name: value for name, value in self.environment().items() if os.environ.get(name) != value}
+        dropped = [word for name in os.environ if name not in self.environment() for word in ("-u", name)]
+        return ["env", *dropped, *(f"{name}={value}" for name, value in own.items()), str(LOADER)]
+
+    def run(self, program, *arguments, timeout=60, check=True):
+        """Runs a program to its end; its output as text. subprocess.TimeoutExpired if it takes longer."""
+        try:
+            return subprocess.run([str(LOADER), str(program), *map(str, arguments)], env=self.environment(),
+                                  check=check, text=True, timeout=timeout, stdin=subprocess.DEVNULL,
+                                  capture_output=True, errors="replace")
+        except subprocess.TimeoutExpired:
+            self.stop()
+            raise
+
+    def windows_path(self, path):
+        """The path as programs in the prefix name it: the whole machine is their drive Z:."""
+        return "Z:" + str(pathlib.Path(path).resolve()).replace("/", "\\")
+
+    def import_settings(self, reg_file):
+        self.run("reg", "import", self.windows_path(reg_file))
+
+    def use_screen(self, display):
+        """Windows appear on this X display from now on."""
+        self.settings["DISPLAY"] = display
+        self.run("reg", "add", r"HKCU\Software\Wine\Drivers", "/v", "Graphics", "/d", "x11", "/f")
+        self.run("reg", "add", r"HKCU\Software\Wine\X11 Driver", "/v", "Managed", "/d", "N", "/f")
+
+
+    def set_dpi(self, dpi):
+        """Dots to the inch of the screen; 96 is 100 %."""
+        self.run("reg", "add", r"HKCU\Control Panel\Desktop", "/v", "LogPixels", "/t", "REG_DWORD", "/d", dpi, "/f")
+
+
+def user_prefix(build):
+    """The user's own, with the machine's print server; it stays."""
+    base = base_prefix(pathlib.Path(build))
+    home = pathlib.Path(os.environ.get("XDG_DATA_HOME", pathlib.Path.home() / ".local" / "share"))
+    prefix = WinePrefix(home / "drukkeuring" / "windows")
+    prefix.settings["LOCPATH"] = str(base.parent / "locales")
+    prefix.settings["CUPS_SERVER"] = os.environ.get("CUPS_SERVER", "/run/cups/cups.sock")
+    if not prefix.folder.exists():
+        prefix.folder.parent.mkdir(parents=True, exist_ok=True)
+        shutil.copytree(base, prefix.folder, symlinks=True)
+    return prefix
+
+
+def base_prefix(build):
+    """The prefix that all others are copied from, made if it is not there yet."""
+    if not LOADER.exists() or not SERVER.exists():
+        skip("Wine is not installed")
+    folder = build / "wine"
+    folder.mkdir(parents=True, exist_ok=True)
+    with open(folder / "lock", "w", encoding="ascii") as lock:
+        fcntl.flock(lock, fcntl.LOCK_EX)  # tests run side by side
+        if not (folder / "base").exists():
+            shutil.rmtree(folder / "unfinished", ignore_errors=True)
+            make_locales(folder / "locales")
+            make_prefix(folder / "unfinished" / "prefix")
+            (folder / "unfinished" / "prefix").rename(folder / "base")
+            (folder / "unfinished").rmdir()
+    return folder / "base"
+
+
+def make_locales(folder):
+    """Dutch settings, and Polish ones for a machine whose code page is another. Without them it is English."""
+    folder.mkdir(exist_ok=True)
+    for name in ("nl_NL", "pl_PL"):
+        if shutil.which("localedef") and (LOCALE_SOURCES / name).exists():
+            subprocess.run(["localedef", "-i", name, "-f", "UTF-8", str(folder / f"{name}.UTF-8")], check=False,
+                           capture_output=True)
+
+
+def make_prefix(folder):
+    folder.mkdir(parents=True)
+    prefix = WinePrefix(folder)
+    prefix.run("wineboot", "-i", timeout=START_PATIENCE)
+    fonts = folder / "drive_c" / "windows" / "Fonts"
+    fonts.mkdir(parents=True, exist_ok=True)
+    for file in FONTS.glob("*.ttf"):
+        if not (fonts / file.name).exists():
+            (fonts / file.name).symlink_to(file)
+    make_ocr_font(fonts / "ocrb.ttf")
+    settings = folder / "settings.reg"
+    settings.write_text(SETTINGS, encoding="utf-16")
+    prefix.import_settings(settings)
+    prefix.stop()
+
+
+def make_ocr_font(target):
+    if not OCR_FONT.exists():
+        skip("the OCR-B font is not installed")
+    maker = pathlib.Path(__file__).with_name("ttf_font.py")
+    for python in (sys.executable, "/usr/bin/python3"):  # the packaged library belongs to the packaged Python
+        if subprocess.run([python, str(maker), str(OCR_FONT), str(target), OCR_FAMILY], check=False,
+                          capture_output=True).returncode == 0:
+            return
+    skip("the OCR-B font cannot be converted (fontTools)")
+
+
+def copy_prefix(base, target):
+    """By hard links, but for the settings, which each copy writes for itself."""
+    target.parent.mkdir(parents=True, exist_ok=True)
+    shutil.copytree(base, target, symlinks=True,
+                    copy_function=lambda source, copy: shutil.copy2(source, copy) if source.endswith(".reg")
+                    else os.link(source, copy, follow_symlinks=False))
