@@ -1,0 +1,22 @@
+#pragma once
+
+#include "platform/forms/Colour.h"
+#include "platform/forms/Control.h"
+#include "platform/windows/Win32.h"
+
+namespace platform::windows {
+
+/// A colour of a form as it is on this desktop; the system's colours follow the user's theme.
+COLORREF ToColourRef(forms::Colour colour);
+
+/// A brush for a background, which nobody has to release; a colour of the form's own is set on the device.
+HBRUSH BrushFor(HDC device, forms::Colour colour);
+
+/// The background that shows in a control: its own, or that of what holds it.
+forms::Colour BackgroundOf(const forms::Control& control);
+
+/// The colour of a control's text upon that background. A user who has asked for high contrast gets the
+/// system's in place of a form's own.
+COLORREF TextColourOf(const forms::Control& control);
+
+} // namespace platform::windows

@@ -1,0 +1,92 @@
+#include "platform/windows/PictureWindow.h"
+
+#include "platform/windows/GdiObjects.h"
+#include "platform/windows/VectorPicture.h"
+#include "platform/windows/WinBitmaps.h"
+
+namespace platform::windows {
+
+namespace {
+
+/// Drawing in answer to WM_PAINT.
+class Painting {
+  public:
+    explicit Painting(HWND window) : window_(window), device_(::BeginPaint(window, &paint_)) {}
+    ~Painting() { ::EndPaint(window_, &paint_); }
+    Painting(const Painting&) = delete;
+    Painting& operator=(const Painting&) = delete;
+
+    HDC Device() const { return device_; }
+
+  private:
+    HWND window_;
+    PAINTSTRUCT paint_{};
+    HDC device_;
+};
+
+void Fill(HDC device, const RECT& area, COLORREF colour) {
+    const COLORREF before = ::SetBkColor(device, colour);
+    ::ExtTextOutW(device, 0, 0, ETO_OPAQUE, &area, nullptr, 0, nullptr);
+    ::SetBkColor(device, before);
+}
+
+void ShowPage(HDC device, const RECT& area, const PictureContent& content, const WinPageBitmap& page) {
+    const DeviceContext source(::CreateCompatibleDC(device));
+    const Selected selected(source.Get(), page.Handle());
+    const SIZE dots = page.Dots();
+    const SIZE shown = content.PageSize;
+    if (dots.cx == shown.cx && dots.cy == shown.cy) {
+        ::BitBlt(device, 0, 0, shown.cx, shown.cy, source.Get(), 0, 0, SRCCOPY);
+    } else { // a screen of another density than the page was drawn for
+        ::SetStretchBltMode(device, HALFTONE);
+        ::SetBrushOrgEx(device, 0, 0, nullptr);
+        ::StretchBlt(device, 0, 0, shown.cx, shown.cy, source.Get(), 0, 0, dots.cx, dots.cy, SRCCOPY);
+    }
+    ::ExcludeClipRect(device, 0, 0, shown.cx, shown.cy);
+    Fill(device, area, content.Background);
+}
+
+void ShowPicture(HDC device, const RECT& area, const PictureContent& content) {
+    const DeviceContext whole(::CreateCompatibleDC(device));
+    const Bitmap dots(::CreateCompatibleBitmap(device, area.right, area.bottom));
+    if (!whole || !dots) {
+        return;
+    }
+    const Selected selected(whole.Get(), dots.Get());
+    Fill(whole.Get(), area, content.Background);
+    DrawPicture(whole.Get(), content.Picture, area);
+    ::BitBlt(device, 0, 0, area.right, area.bottom, whole.Get(), 0, 0, SRCCOPY);
+}
+
+} // namespace
+
+const wchar_t* PlainWindowClass() {
+    static const wchar_t* const name = [] {
+        constexpr const wchar_t* plain = L"DrukkeuringPlain";
+        WNDCLASSEXW window{};
+        window.cbSize = sizeof window;
+        window.style = CS_DBLCLKS;
+        window.lpfnWndProc = ::DefWindowProcW;
+        window.hInstance = ::GetModuleHandleW(nullptr);
+        window.hCursor = ::LoadCursorW(nullptr, IDC_ARROW);
+        window.lpszClassName = plain;
+        ::RegisterClassExW(&window);
+        return plain;
+    }();
+    return name;
+}
+
+void PaintPicture(HWND window, const PictureContent& content) {
+    const Painting painting(window);
+    RECT area{};
+    ::GetClientRect(window, &area);
+    if (const auto* page = dynamic_cast<const WinPageBitmap*>(content.Page.get())) {
+        ShowPage(painting.Device(), area, content, *page);
+    } else if (IsPicture(content.Picture)) {
+        ShowPicture(painting.Device(), area, content);
+    } else {
+        Fill(painting.Device(), area, content.Background);
+    }
+}
+
+} // namespace platform::windows

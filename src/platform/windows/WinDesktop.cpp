@@ -1,0 +1,161 @@
+#include "platform/windows/WinDesktop.h"
+
+#include <algorithm>
+
+#include "platform/forms/Form.h"
+#include "platform/windows/Scale.h"
+#include "platform/windows/WideText.h"
+#include "platform/windows/WinForm.h"
+
+namespace platform::windows {
+
+namespace {
+
+UINT FlagsOf(MessageIcon icon) {
+    switch (icon) {
+    case MessageIcon::Exclamation:
+        return MB_OK | MB_ICONEXCLAMATION;
+    case MessageIcon::Critical:
+        return MB_OK | MB_ICONERROR;
+    case MessageIcon::Information:
+        break;
+    }
+    return MB_OK | MB_ICONINFORMATION;
+}
+
+ScreenArea InTwips(const RECT& area) {
+    const Scale scale = ScreenScale();
+    const auto twips = [&](LONG dots) { return scale.ToTwips(static_cast<int>(dots)); };
+    return {twips(area.left), twips(area.top), twips(area.right - area.left), twips(area.bottom - area.top)};
+}
+
+void Handle(const MSG& message) {
+    ::TranslateMessage(&message);
+    ::DispatchMessageW(&message);
+}
+
+/// Handles messages as long as `wanted` says, and waits for them. A request to end the program ends it and
+/// stays for the loops further out.
+template <class Wanted>
+void RunLoop(const Wanted& wanted) {
+    MSG message{};
+    while (wanted()) {
+        const BOOL got = ::GetMessageW(&message, nullptr, 0, 0);
+        if (got == 0 || got == -1) {
+            ::PostQuitMessage(static_cast<int>(message.wParam));
+            return;
+        }
+        Handle(message);
+    }
+}
+
+} // namespace
+
+WinDesktop::WinDesktop() {
+    INITCOMMONCONTROLSEX classes{};
+    classes.dwSize = sizeof classes;
+    classes.dwICC = ICC_STANDARD_CLASSES | ICC_WIN95_CLASSES;
+    ::InitCommonControlsEx(&classes);
+}
+
+std::unique_ptr<forms::FormPeer> WinDesktop::CreatePeer(forms::Form& form) {
+    return std::make_unique<WinForm>(form, *this);
+}
+
+void WinDesktop::Opened(forms::Form& form, WinForm& peer) {
+    peers_[&form] = &peer;
+}
+
+void WinDesktop::Shown(forms::Form& form) {
+    shown_.push_back(&form);
+}
+
+void WinDesktop::Hidden(forms::Form& form) {
+    const auto peer = peers_.find(&form);
+    const bool active = peer != peers_.end() && peer->second->IsActive();
+    std::erase(shown_, &form);
+    if (HWND top = TopWindow(); top != nullptr && active) {
+        ::SetActiveWindow(top);
+    }
+}
+
+void WinDesktop::Gone(forms::Form& form) {
+    peers_.erase(&form);
+    std::erase(shown_, &form);
+}
+
+bool WinDesktop::IsShown(const forms::Form& form) const {
+    return std::find(shown_.begin(), shown_.end(), &form) != shown_.end();
+}
+
+HWND WinDesktop::TopWindow() const {
+    return shown_.empty() ? nullptr : peers_.at(shown_.back())->Window();
+}
+
+std::vector<HWND> WinDesktop::ShownWindows() const {
+    std::vector<HWND> windows;
+    for (const forms::Form* form : shown_) {
+        windows.push_back(peers_.at(form)->Window());
+    }
+    return windows;
+}
+
+void WinDesktop::Run() {
+    RunLoop([this] { return !shown_.empty(); });
+}
+
+void WinDesktop::RunModal(forms::Form& form) {
+    RunLoop([&] { return IsShown(form); });
+}
+
+void WinDesktop::Yield() {
+    MSG message{};
+    while (::PeekMessageW(&message, nullptr, 0, 0, PM_REMOVE) != FALSE) {
+        if (message.message == WM_QUIT) {
+            ::PostQuitMessage(static_cast<int>(message.wParam));
+            return;
+        }
+        Handle(message);
+    }
+}
+
+void WinDesktop::MsgBox(const std::string& text, MessageIcon icon, const std::string& title) {
+    ::MessageBoxW(TopWindow(), ToWide(text).c_str(), ToWide(title).c_str(), FlagsOf(icon));
+}
+
+void WinDesktop::UnhandledError(const RuntimeError& error) {
+    MsgBox("Fout " + std::to_string(error.Number()) + ":\n\n" + error.Description(), MessageIcon::Critical,
+           shown_.empty() ? "" : shown_.back()->Caption());
+}
+
+std::int16_t WinDesktop::GetKeyState(int virtualKey) {
+    return ::GetKeyState(virtualKey);
+}
+
+// The window under the pointer is asked for its pointer anew, as nobody may move the mouse for a while.
+void WinDesktop::SetMousePointer(int pointer) {
+    hourglass_ = pointer == PointerHourglass;
+    POINT place{};
+    ::GetCursorPos(&place);
+    HWND window = ::WindowFromPoint(place);
+    if (window != nullptr && ::GetWindowThreadProcessId(window, nullptr) == ::GetCurrentThreadId()) {
+        ::SendMessageW(window, WM_SETCURSOR, reinterpret_cast<WPARAM>(window),
+                       MAKELPARAM(HTCLIENT, WM_MOUSEMOVE));
+    }
+}
+
+void WinDesktop::LockWindowUpdate(std::uintptr_t window) {
+    ::LockWindowUpdate(reinterpret_cast<HWND>(window));
+}
+
+ScreenArea WinDesktop::Screen() {
+    return InTwips({0, 0, ::GetSystemMetrics(SM_CXSCREEN), ::GetSystemMetrics(SM_CYSCREEN)});
+}
+
+ScreenArea WinDesktop::WorkArea() {
+    RECT area{};
+    ::SystemParametersInfoW(SPI_GETWORKAREA, 0, &area, 0);
+    return InTwips(area);
+}
+
+} // namespace platform::windows

@@ -1,0 +1,390 @@
+#include "platform/windows/WinForm.h"
+
+#include <algorithm>
+#include <array>
+#include <new>
+
+#include "platform/forms/AccessibleNames.h"
+#include "platform/forms/Form.h"
+#include "platform/windows/AccessKeys.h"
+#include "platform/windows/ControlIds.h"
+#include "platform/windows/DpiFunctions.h"
+#include "platform/windows/FormWindow.h"
+#include "platform/windows/WideText.h"
+#include "platform/windows/WinDesktop.h"
+#include "platform/windows/WinMenuBar.h"
+
+namespace platform::windows {
+
+namespace {
+
+constexpr int DeleteKey = 46;
+constexpr std::array FormKeys{key::Backspace, key::PageUp, key::PageDown, key::End,  key::Home,
+                              key::Left,      key::Up,     key::Right,    key::Down, DeleteKey};
+
+/// The key if forms tell it apart, else 0.
+int FormKey(WPARAM virtualKey) {
+    const int wanted = static_cast<int>(virtualKey);
+    return std::find(FormKeys.begin(), FormKeys.end(), wanted) == FormKeys.end() ? 0 : wanted;
+}
+
+bool HeldDown(int virtualKey) {
+    return ::GetKeyState(virtualKey) < 0;
+}
+
+bool IsRepeat(LPARAM info) {
+    return (info & (LPARAM{1} << 30)) != 0;
+}
+
+DWORD StyleFor(const forms::Form& form, bool first) {
+    constexpr DWORD common = WS_OVERLAPPED | WS_CAPTION | WS_SYSMENU | WS_CLIPCHILDREN;
+    return common | (first ? WS_MINIMIZEBOX : 0U) | (form.Resizable() ? WS_THICKFRAME | WS_MAXIMIZEBOX : 0U);
+}
+
+DWORD ExtendedStyleFor(const forms::Form& form, bool first) {
+    return WS_EX_CONTROLPARENT | (first || form.Resizable() ? 0U : static_cast<DWORD>(WS_EX_DLGMODALFRAME));
+}
+
+} // namespace
+
+WinForm::WinForm(forms::Form& form, WinDesktop& desktop) : form_(form), desktop_(desktop) {
+    MakeWindow();
+    MakeControls();
+    FormChanged();
+    desktop_.Opened(form_, *this);
+}
+
+void WinForm::MakeWindow() {
+    const bool first = desktop_.TopWindow() == nullptr;
+    window_ = MakeFormWindow(*this, form_.Name(), StyleFor(form_, first), ExtendedStyleFor(form_, first));
+    if (window_ == nullptr) {
+        throw RuntimeError(ErrorNoWindow, "Out of memory");
+    }
+    scale_ = Scale(DpiOf(window_));
+}
+
+WinForm::~WinForm() {
+    desktop_.Gone(form_);
+    LeaveWindow(window_);
+    while (!controls_.empty()) { // what a control holds was made after it
+        controls_.pop_back();
+    }
+    ::DestroyWindow(window_);
+}
+
+void WinForm::Guard(const std::function<void()>& step) noexcept {
+    try {
+        step();
+    } catch (const RuntimeError& error) {
+        desktop_.UnhandledError(error);
+    } catch (const std::bad_alloc&) {
+        desktop_.UnhandledError(RuntimeError(ErrorNoWindow, "Out of memory"));
+    }
+}
+
+void WinForm::MakeControls() {
+    ::SendMessageW(window_, WM_CHANGEUISTATE, MAKEWPARAM(UIS_INITIALIZE, 0), 0);
+    for (forms::Control* control : form_.Controls()) {
+        WinControl& made = Find(*control);
+        if (control->Kind() == forms::ControlKind::MenuBar) {
+            menuBar_ = static_cast<WinMenuBar*>(&made);
+        }
+    }
+    // A label finds the control that its access key goes to only when all are there.
+    for (const auto& control : controls_) {
+        control->Mirror(forms::Aspect::Caption);
+    }
+    PutLabelsBeforeControls();
+}
+
+WinControl& WinForm::Find(forms::Control& control) {
+    const auto found = byModel_.find(&control);
+    return found == byModel_.end() ? Add(control) : *found->second;
+}
+
+int WinForm::NumberOf(const forms::Control& control) const {
+    const auto& all = form_.Controls();
+    return FirstControl + static_cast<int>(std::find(all.begin(), all.end(), &control) - all.begin());
+}
+
+WinControl& WinForm::Add(forms::Control& control) {
+    HWND parent = control.Container() == nullptr ? window_ : Find(*control.Container()).Window();
+    WinControl& added = *controls_.emplace_back(MakeWinControl(control, *this, {parent, NumberOf(control)}));
+    byModel_[&control] = &added;
+    added.MirrorAll();
+    return added;
+}
+
+// Assistive technology takes the text right before a control for its name.
+void WinForm::PutLabelsBeforeControls() {
+    for (const auto& control : controls_) {
+        const forms::Label* label =
+            control->Model().TakesFocus() ? forms::NearestLabel(control->Model()) : nullptr;
+        if (label != nullptr) {
+            ::SetWindowPos(WindowOf(*reinterpret_cast<const forms::Control*>(label)), control->Window(), 0, 0,
+                           0, 0, SWP_NOMOVE | SWP_NOSIZE | SWP_NOACTIVATE);
+        }
+    }
+}
+
+HWND WinForm::WindowOf(const forms::Control& control) const {
+    const auto found = byModel_.find(&control);
+    return found == byModel_.end() ? nullptr : found->second->Window();
+}
+
+std::uintptr_t WinForm::HandleOf(const forms::Control& control) {
+    HWND window = WindowOf(control);
+    return window == nullptr ? Handle() : reinterpret_cast<std::uintptr_t>(window);
+}
+
+void WinForm::ControlChanged(forms::Control& control, forms::Aspect aspect) {
+    Find(control).Mirror(aspect);
+}
+
+void WinForm::FormChanged() {
+    ::SetWindowTextW(window_, ToWide(form_.Caption()).c_str());
+    ShowSize();
+    ShowPlace();
+}
+
+void WinForm::Show(bool modal) {
+    PlaceBars();
+    HWND below = desktop_.TopWindow();
+    if (below != nullptr) {
+        ::SetWindowLongPtrW(window_, GWLP_HWNDPARENT, reinterpret_cast<LONG_PTR>(below));
+    }
+    if (!form_.Placed()) {
+        MoveToMiddle();
+    }
+    if (modal) {
+        for (HWND other : desktop_.ShownWindows()) {
+            if (::IsWindowEnabled(other) != FALSE) {
+                ::EnableWindow(other, FALSE);
+                disabledOwners_.push_back(other);
+            }
+        }
+    }
+    desktop_.Shown(form_);
+    ::ShowWindow(window_, SW_SHOWNORMAL);
+    ::SetForegroundWindow(window_);
+    ::UpdateWindow(window_);
+}
+
+// The windows below are enabled again before this one goes: else the system would look for another window to
+// work with, of another program.
+void WinForm::Hide() {
+    for (HWND owner : disabledOwners_) {
+        ::EnableWindow(owner, TRUE);
+    }
+    disabledOwners_.clear();
+    desktop_.Hidden(form_);
+    ::ShowWindow(window_, SW_HIDE);
+}
+
+bool WinForm::KeyPressed(WPARAM virtualKey, LPARAM info, WinControl* control) {
+    const bool shift = HeldDown(VK_SHIFT);
+    const int formKey = FormKey(virtualKey);
+    if (HeldDown(VK_CONTROL)) {
+        // A form that scrolls has no focus, and its keys are the same with Ctrl.
+        if (formKey != 0 && control == nullptr && form_.ActiveControl() == nullptr) {
+            form_.UserKey(formKey, shift);
+        }
+        return false;
+    }
+    SettleFocus();
+    switch (virtualKey) {
+    case key::Tab:
+        ::SendMessageW(window_, WM_CHANGEUISTATE, MAKEWPARAM(UIS_CLEAR, UISF_HIDEFOCUS), 0);
+        form_.UserKey(key::Tab, shift);
+        return true;
+    case key::Enter:
+    case key::Escape:
+        if (control != nullptr && control->KeepsEnterAndEscape()) {
+            return false;
+        }
+        // A key held down must not run through the window that comes next.
+        if (!IsRepeat(info)) {
+            form_.UserKey(static_cast<int>(virtualKey), shift);
+        }
+        return true;
+    default:
+        break;
+    }
+    if (control != nullptr) {
+        return control->KeyPressed(formKey, shift);
+    }
+    if (formKey != 0 && form_.ActiveControl() == nullptr) {
+        form_.UserKey(formKey, shift);
+    }
+    return false;
+}
+
+bool WinForm::AccessKeyPressed(wchar_t character) {
+    SettleFocus();
+    return PressAccessKey(form_, character);
+}
+
+void WinForm::ShowAccessKeys() {
+    ::SendMessageW(window_, WM_CHANGEUISTATE, MAKEWPARAM(UIS_CLEAR, UISF_HIDEACCEL | UISF_HIDEFOCUS), 0);
+}
+
+void WinForm::FocusMoved(forms::Control* control) {
+    if (control != nullptr) {
+        Find(*control).TakeFocus();
+    } else if (IsActive()) {
+        ::SetFocus(window_);
+    }
+    for (const auto& each : controls_) { // the button that Enter presses is another one now
+        if (each->Model().Kind() == forms::ControlKind::CommandButton) {
+            each->Mirror(forms::Aspect::Value);
+        }
+    }
+}
+
+void WinForm::SettleFocusLater() {
+    if (!settling_) {
+        settling_ = true;
+        ::PostMessageW(window_, MessageSettleFocus, 0, 0);
+    }
+}
+
+void WinForm::SettleFocus() {
+    settling_ = false;
+    if (!form_.Visible() || !IsActive()) {
+        return;
+    }
+    if (WinControl* holder = WinControl::Of(::GetFocus())) {
+        forms::Control& model = holder->Model();
+        if (&model.Owner() == &form_ && &model != form_.ActiveControl()) {
+            form_.MoveFocus(model);
+        }
+    }
+    RestoreFocus();
+}
+
+void WinForm::RestoreFocus() const {
+    if (const forms::Control* active = form_.ActiveControl(); active != nullptr && active->CanFocus()) {
+        byModel_.at(active)->TakeFocus();
+    }
+}
+
+bool WinForm::PointerIsOver(const forms::Control& control) {
+    HWND window = WindowOf(control);
+    POINT pointer{};
+    RECT area{};
+    return window != nullptr && ::IsWindowVisible(window) != FALSE && ::GetCursorPos(&pointer) != FALSE &&
+           ::GetWindowRect(window, &area) != FALSE && ::PtInRect(&area, pointer) != FALSE;
+}
+
+bool WinForm::ShowPointer(LPARAM lParam) const {
+    if (!desktop_.ShowsHourglass() || LOWORD(lParam) != HTCLIENT) {
+        return false;
+    }
+    ::SetCursor(::LoadCursorW(nullptr, IDC_WAIT));
+    return true;
+}
+
+bool WinForm::Reflect(UINT message, WPARAM wParam, LPARAM lParam, LRESULT& result) {
+    const auto sender = [](LPARAM window) { return WinControl::Of(reinterpret_cast<HWND>(window)); };
+    switch (message) {
+    case WM_COMMAND:
+        if (WinControl* control = sender(lParam)) {
+            if (!control->Silent()) {
+                control->Commanded(LOWORD(wParam), HIWORD(wParam));
+            }
+            return true;
+        }
+        return false;
+    case WM_NOTIFY: {
+        auto& header = *reinterpret_cast<NMHDR*>(lParam);
+        WinControl* control = WinControl::Of(header.hwndFrom);
+        if (control != nullptr) {
+            result = control->Notified(header);
+        }
+        return control != nullptr;
+    }
+    case WM_HSCROLL:
+    case WM_VSCROLL:
+        if (WinControl* control = sender(lParam)) {
+            control->Scrolled(LOWORD(wParam), static_cast<std::int16_t>(HIWORD(wParam)));
+            return true;
+        }
+        return false;
+    case WM_CTLCOLORSTATIC:
+    case WM_CTLCOLOREDIT:
+    case WM_CTLCOLORBTN:
+    case WM_CTLCOLORLISTBOX:
+        if (WinControl* control = sender(lParam)) {
+            result = reinterpret_cast<LRESULT>(control->Colour(reinterpret_cast<HDC>(wParam)));
+            return result != 0;
+        }
+        return false;
+    default:
+        return false;
+    }
+}
+
+LRESULT WinForm::Received(UINT message, WPARAM wParam, LPARAM lParam) {
+    LRESULT result = 0;
+    if (Reflect(message, wParam, lParam, result)) {
+        return result;
+    }
+    switch (message) {
+    case MessageSettleFocus:
+        SettleFocus();
+        return 0;
+    case WM_CLOSE:
+        form_.UserClose();
+        return 0;
+    case WM_COMMAND:
+        if (menuBar_ != nullptr && lParam == 0) {
+            menuBar_->Choose(static_cast<int>(LOWORD(wParam)));
+        }
+        return 0;
+    case WM_TIMER:
+        for (const auto& control : controls_) {
+            if (static_cast<int>(wParam) == NumberOf(control->Model())) {
+                control->TimePassed();
+                break;
+            }
+        }
+        return 0;
+    case WM_SETFOCUS:
+        RestoreFocus();
+        return 0;
+    case WM_KEYDOWN:
+        KeyPressed(wParam, lParam, nullptr);
+        return 0;
+    case WM_SYSKEYDOWN:
+        ShowAccessKeys();
+        break;
+    case WM_SYSCHAR:
+        if (AccessKeyPressed(static_cast<wchar_t>(wParam))) {
+            return 0;
+        }
+        break;
+    case WM_SETCURSOR:
+        if (ShowPointer(lParam)) {
+            return TRUE;
+        }
+        break;
+    case WM_SIZE:
+        if (wParam != SIZE_MINIMIZED) {
+            Resized();
+        }
+        return 0;
+    case WM_DPICHANGED:
+        DensityChanged(HIWORD(wParam), *reinterpret_cast<const RECT*>(lParam));
+        return 0;
+    case WM_SETTINGCHANGE:
+    case WM_SYSCOLORCHANGE:
+    case WM_THEMECHANGED:
+        ThemeChanged();
+        break;
+    default:
+        break;
+    }
+    return ::DefWindowProcW(window_, message, wParam, lParam);
+}
+
+} // namespace platform::windows

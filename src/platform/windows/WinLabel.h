@@ -1,0 +1,20 @@
+#pragma once
+
+#include "platform/forms/Label.h"
+#include "platform/windows/WinControl.h"
+
+namespace platform::windows {
+
+class WinLabel final : public WinControl {
+  public:
+    WinLabel(forms::Label& control, WinForm& form, const WindowPlace& place);
+
+  protected:
+    void Place() override;
+    void MirrorContent(forms::Aspect aspect) override;
+
+  private:
+    forms::Label& model_;
+};
+
+} // namespace platform::windows

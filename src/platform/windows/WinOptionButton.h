@@ -1,0 +1,26 @@
+#pragma once
+
+#include "platform/forms/OptionButton.h"
+#include "platform/windows/WinControl.h"
+
+namespace platform::windows {
+
+class WinOptionButton final : public WinControl {
+  public:
+    WinOptionButton(forms::OptionButton& control, WinForm& form, const WindowPlace& place);
+
+    void Notified(UINT code) override;
+    bool KeyPressed(int virtualKey, bool shift) override;
+
+  protected:
+    void MirrorContent(forms::Aspect aspect) override;
+
+  private:
+    /// The next option of the same container that the user can choose, around the end; nullptr if there is
+    /// none.
+    forms::OptionButton* Neighbour(bool backward) const;
+
+    forms::OptionButton& model_;
+};
+
+} // namespace platform::windows

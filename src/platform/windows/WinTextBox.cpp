@@ -1,0 +1,231 @@
+#include "platform/windows/WinTextBox.h"
+
+#include <algorithm>
+
+#include "platform/Desktop.h"
+#include "platform/forms/Form.h"
+#include "platform/forms/UpDown.h"
+#include "platform/windows/TextUnits.h"
+#include "platform/windows/WideText.h"
+
+#include <imm.h>
+
+namespace platform::windows {
+
+namespace {
+
+constexpr wchar_t SelectAllKey = 1; // Ctrl+A as a character
+constexpr wchar_t FirstPrintable = 32;
+constexpr wchar_t CtrlBackspace = 127;
+
+// The arrows beside the box, if it has any.
+forms::UpDown* ArrowsOf(const forms::TextBox& box) {
+    for (forms::Control* control : box.Owner().Controls()) {
+        if (control->Kind() == forms::ControlKind::UpDown) {
+            auto* arrows = static_cast<forms::UpDown*>(control);
+            if (&arrows->Buddy() == &box) {
+                return arrows;
+            }
+        }
+    }
+    return nullptr;
+}
+
+/// Messages after which the caret or the selection may be another.
+bool MovesCaret(UINT message) {
+    constexpr UINT messages[] = {WM_KEYDOWN,   WM_CHAR,          WM_LBUTTONDOWN, WM_LBUTTONUP,
+                                 WM_MOUSEMOVE, WM_LBUTTONDBLCLK, EM_SETSEL};
+    return std::find(std::begin(messages), std::end(messages), message) != std::end(messages);
+}
+
+} // namespace
+
+WinTextBox::WinTextBox(forms::TextBox& control, WinForm& form, const WindowPlace& place)
+    : WinControl(control, form, place, WC_EDITW, ES_AUTOHSCROLL | WS_TABSTOP, WS_EX_CLIENTEDGE),
+      model_(control) {
+    Send(EM_SETLIMITTEXT, 0); // the form's box has the limit
+}
+
+std::wstring WinTextBox::Text() const {
+    std::wstring text(static_cast<std::size_t>(Send(WM_GETTEXTLENGTH)) + 1, L'\0');
+    const LRESULT length = Send(WM_GETTEXT, text.size(), reinterpret_cast<LPARAM>(text.data()));
+    text.resize(static_cast<std::size_t>(length));
+    return text;
+}
+
+WinTextBox::Selection WinTextBox::Selected() const {
+    DWORD start = 0;
+    DWORD end = 0;
+    Send(EM_GETSEL, reinterpret_cast<WPARAM>(&start), reinterpret_cast<LPARAM>(&end));
+    return {static_cast<int>(start), static_cast<int>(end)};
+}
+
+void WinTextBox::TellEdit() {
+    const std::wstring text = Text();
+    const Selection selection = Selected();
+    const int first = CharactersIn(text, selection.Start);
+    model_.UserEdit(FromWide(text), first, CharactersIn(text, selection.End) - first);
+    Mirror(forms::Aspect::Text);
+}
+
+void WinTextBox::TellSelection() {
+    if (model_.Owner().ActiveControl() != &model_) {
+        return;
+    }
+    const std::wstring text = Text();
+    const Selection selection = Selected();
+    const int first = CharactersIn(text, selection.Start);
+    model_.UserSelect(first, CharactersIn(text, selection.End) - first);
+}
+
+// What is typed goes in as an edit of the part that changed, so that the user can undo it; a text that the
+// program sets replaces the whole.
+void WinTextBox::ShowText() {
+    const std::wstring wanted = ToWide(model_.Text());
+    const std::wstring present = Text();
+    if (wanted == present) {
+        return;
+    }
+    if (!typing_) {
+        ::SetWindowTextW(Window(), wanted.c_str());
+        return;
+    }
+    const std::size_t shorter = std::min(present.size(), wanted.size());
+    std::size_t head = 0;
+    while (head < shorter && present[head] == wanted[head]) {
+        ++head;
+    }
+    std::size_t tail = 0;
+    while (tail < shorter - head && present[present.size() - 1 - tail] == wanted[wanted.size() - 1 - tail]) {
+        ++tail;
+    }
+    Send(EM_SETSEL, head, static_cast<LPARAM>(present.size() - tail));
+    const std::wstring inserted = wanted.substr(head, wanted.size() - tail - head);
+    Send(EM_REPLACESEL, TRUE, reinterpret_cast<LPARAM>(inserted.c_str()));
+    if (Text() != wanted) { // a character that a box of one line cannot hold
+        ::SetWindowTextW(Window(), wanted.c_str());
+    }
+}
+
+void WinTextBox::ShowSelection() {
+    const std::wstring text = Text();
+    const int start = UnitsOf(text, model_.SelStart());
+    const int end = UnitsOf(text, model_.SelStart() + model_.SelLength());
+    const Selection present = Selected();
+    if (present.Start != start || present.End != end) {
+        Send(EM_SETSEL, static_cast<WPARAM>(start), end);
+    }
+    Send(EM_SCROLLCARET);
+}
+
+void WinTextBox::MirrorContent(forms::Aspect aspect) {
+    if (aspect == forms::Aspect::Text || aspect == forms::Aspect::Selection) {
+        ShowText();
+        ShowSelection();
+    }
+}
+
+void WinTextBox::TakeFocus() {
+    WinControl::TakeFocus();
+    Mirror(forms::Aspect::Selection);
+}
+
+bool WinTextBox::KeyPressed(int virtualKey, bool shift) {
+    if (virtualKey == key::Backspace) { // comes as a character
+        return true;
+    }
+    if (virtualKey == key::Up || virtualKey == key::Down) {
+        if (forms::UpDown* arrows = ArrowsOf(model_)) {
+            arrows->UserStep(virtualKey == key::Up ? 1 : -1);
+            return true;
+        }
+    }
+    return WinControl::KeyPressed(virtualKey, shift);
+}
+
+void WinTextBox::TypeCharacter(char32_t character) {
+    typing_ = true;
+    model_.Owner().UserCharacter(character);
+    typing_ = false;
+}
+
+bool WinTextBox::Type(wchar_t unit) {
+    if (unit == key::Backspace) {
+        TypeCharacter(unit);
+        return true;
+    }
+    if (unit == SelectAllKey) {
+        Send(EM_SETSEL, 0, -1);
+        return true;
+    }
+    if (unit < FirstPrintable || unit == CtrlBackspace) {
+        return unit == CtrlBackspace;
+    }
+    if (IsHighHalf(unit)) {
+        highHalf_ = unit;
+        return true;
+    }
+    char32_t character = unit;
+    if (IsLowHalf(unit)) {
+        if (highHalf_ == 0) {
+            return true;
+        }
+        character = 0x10000U + ((static_cast<char32_t>(highHalf_) & 0x3FFU) << 10U) + (unit & 0x3FFU);
+    }
+    highHalf_ = 0;
+    TypeCharacter(character);
+    return true;
+}
+
+void WinTextBox::Notified(UINT code) {
+    if (code == EN_CHANGE) {
+        TellEdit();
+    }
+}
+
+// The form tells nobody when it locks a box.
+void WinTextBox::ShowLocked() {
+    const bool shown = (static_cast<DWORD>(::GetWindowLongW(Window(), GWL_STYLE)) & ES_READONLY) != 0;
+    if (shown != model_.Locked()) {
+        Send(EM_SETREADONLY, model_.Locked() ? TRUE : FALSE);
+    }
+}
+
+LRESULT WinTextBox::Received(UINT message, WPARAM wParam, LPARAM lParam) {
+    switch (message) {
+    case WM_SHOWWINDOW:
+    case WM_SETFOCUS:
+    case WM_PASTE:
+    case WM_CUT:
+    case WM_CLEAR:
+        ShowLocked();
+        break;
+    case WM_CHAR:
+    case WM_IME_CHAR:
+        if (Type(static_cast<wchar_t>(wParam))) {
+            return 0;
+        }
+        break;
+    case WM_IME_COMPOSITION:
+        // A character that was composed of several keys is typed like any other; the window would put it in
+        // by itself.
+        if ((lParam & GCS_RESULTSTR) != 0) {
+            return ::DefWindowProcW(Window(), message, wParam, lParam);
+        }
+        break;
+    case WM_RBUTTONDOWN: // opens the menu of the box
+        if (MousePressed()) {
+            return 0;
+        }
+        break;
+    default:
+        break;
+    }
+    const LRESULT result = WinControl::Received(message, wParam, lParam);
+    if (!Silent() && MovesCaret(message)) {
+        TellSelection();
+    }
+    return result;
+}
+
+} // namespace platform::windows

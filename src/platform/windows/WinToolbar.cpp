@@ -1,0 +1,155 @@
+#include "platform/windows/WinToolbar.h"
+
+#include "platform/Text.h"
+#include "platform/windows/Colours.h"
+#include "platform/windows/ControlIds.h"
+#include "platform/windows/VectorPicture.h"
+#include "platform/windows/WideText.h"
+#include "platform/windows/WinForm.h"
+
+namespace platform::windows {
+
+namespace {
+
+// Twips.
+constexpr double RuleWidth = 150;
+constexpr double PictureMargin = 120;
+
+void AddPicture(HIMAGELIST list, const std::string& name, int side, PictureLook look) {
+    const Icon icon = PictureIcon(name, side, look);
+    ::ImageList_ReplaceIcon(list, -1, icon.Get());
+}
+
+} // namespace
+
+// The texts of the buttons are for assistive technology: mixed buttons show none by themselves.
+WinToolbar::WinToolbar(forms::Toolbar& control, WinForm& form, const WindowPlace& place)
+    : WinControl(control, form, place, TOOLBARCLASSNAMEW,
+                 TBSTYLE_FLAT | TBSTYLE_LIST | TBSTYLE_TOOLTIPS | CCS_NODIVIDER | CCS_NORESIZE |
+                     CCS_NOPARENTALIGN),
+      model_(control) {
+    Send(TB_BUTTONSTRUCTSIZE, sizeof(TBBUTTON));
+    Send(TB_SETEXTENDEDSTYLE, 0, TBSTYLE_EX_MIXEDBUTTONS);
+}
+
+std::wstring WinToolbar::NameOf(const forms::ToolbarButton& button) const {
+    return ToWide(text::Trim(button.AccessibleName.empty() ? button.ToolTipText : button.AccessibleName));
+}
+
+void WinToolbar::AddButton(int number) {
+    const forms::ToolbarButton& model = model_.Button(number);
+    const std::wstring name = NameOf(model);
+    TBBUTTON button{};
+    button.idCommand = FirstToolbarButton + number;
+    if (model.Separator) {
+        button.iBitmap = Form().Scaling().ToDots(RuleWidth);
+        button.fsStyle = BTNS_SEP;
+    } else {
+        button.iBitmap = pictures_++;
+        button.fsStyle = BTNS_BUTTON;
+        button.fsState = TBSTATE_ENABLED;
+        button.iString = reinterpret_cast<INT_PTR>(name.c_str());
+    }
+    Send(TB_ADDBUTTONSW, 1, reinterpret_cast<LPARAM>(&button));
+}
+
+void WinToolbar::ShowButton(int number) {
+    const forms::ToolbarButton& model = model_.Button(number);
+    if (model.Separator) {
+        return;
+    }
+    std::wstring name = NameOf(model);
+    TBBUTTONINFOW info{};
+    info.cbSize = sizeof info;
+    info.dwMask = TBIF_TEXT | TBIF_STATE;
+    info.pszText = name.data();
+    info.fsState = model.Enabled ? TBSTATE_ENABLED : BYTE{0};
+    Send(TB_SETBUTTONINFOW, static_cast<WPARAM>(FirstToolbarButton + number),
+         reinterpret_cast<LPARAM>(&info));
+}
+
+void WinToolbar::MakePictures() {
+    const auto make = [this] {
+        return Pictures(::ImageList_Create(pictureSide_, pictureSide_, ILC_COLOR32, model_.ButtonCount(), 0));
+    };
+    Pictures normal = make();
+    Pictures hot = make();
+    Pictures disabled = make();
+    for (int number = 1; number <= model_.ButtonCount(); ++number) {
+        const forms::ToolbarButton& button = model_.Button(number);
+        if (!button.Separator) {
+            AddPicture(normal.Get(), button.Image, pictureSide_, PictureLook::Plain);
+            AddPicture(hot.Get(), button.HotImage, pictureSide_, PictureLook::Plain);
+            AddPicture(disabled.Get(), button.Image, pictureSide_, PictureLook::Faded);
+        }
+    }
+    Send(TB_SETIMAGELIST, 0, reinterpret_cast<LPARAM>(normal.Get()));
+    Send(TB_SETHOTIMAGELIST, 0, reinterpret_cast<LPARAM>(hot.Get()));
+    Send(TB_SETDISABLEDIMAGELIST, 0, reinterpret_cast<LPARAM>(disabled.Get()));
+    normal_ = std::move(normal);
+    hot_ = std::move(hot);
+    disabled_ = std::move(disabled);
+}
+
+void WinToolbar::MirrorContent(forms::Aspect aspect) {
+    if (aspect != forms::Aspect::Items) {
+        return;
+    }
+    const bool grows = shownButtons_ < model_.ButtonCount();
+    if (grows) {
+        MakePictures();
+    }
+    while (shownButtons_ < model_.ButtonCount()) {
+        AddButton(++shownButtons_);
+    }
+    for (int number = 1; number <= shownButtons_; ++number) {
+        ShowButton(number);
+    }
+    if (grows) {
+        Place();
+    }
+}
+
+void WinToolbar::Place() {
+    WinControl::Place();
+    const Scale& scale = Form().Scaling();
+    const int side = scale.ToDots(model_.Height());
+    const int picture = scale.ToDots(model_.Height() - 2 * PictureMargin);
+    if (picture > 0 && picture != pictureSide_) {
+        pictureSide_ = picture;
+        Send(TB_SETBITMAPSIZE, 0, MAKELPARAM(picture, picture));
+        MakePictures();
+    }
+    Send(TB_SETBUTTONSIZE, 0, MAKELPARAM(side, side));
+}
+
+void WinToolbar::Commanded(int id, UINT /*code*/) {
+    model_.UserClickButton(id - FirstToolbarButton);
+}
+
+LRESULT WinToolbar::Notified(NMHDR& header) {
+    if (header.code == static_cast<UINT>(TBN_GETINFOTIPW)) {
+        auto& tip = reinterpret_cast<NMTBGETINFOTIPW&>(header);
+        const int number = tip.iItem - FirstToolbarButton;
+        if (number >= 1 && number <= model_.ButtonCount() && tip.cchTextMax > 0) {
+            ::lstrcpynW(tip.pszText, ToWide(model_.Button(number).ToolTipText).c_str(), tip.cchTextMax);
+        }
+    }
+    return 0;
+}
+
+void WinToolbar::Erase(HDC device) const {
+    RECT area{};
+    ::GetClientRect(Window(), &area);
+    ::FillRect(device, &area, BrushFor(device, BackgroundOf(model_)));
+}
+
+LRESULT WinToolbar::Received(UINT message, WPARAM wParam, LPARAM lParam) {
+    if (message == WM_ERASEBKGND) {
+        Erase(reinterpret_cast<HDC>(wParam));
+        return TRUE;
+    }
+    return WinControl::Received(message, wParam, lParam);
+}
+
+} // namespace platform::windows

@@ -1,0 +1,24 @@
+#include "platform/windows/WinWindowProcedures.h"
+
+#include "platform/windows/Win32.h"
+
+namespace platform::windows {
+
+// A procedure's address takes the width of a pointer, which the call of that name has only with its suffix.
+ProcedureAddress WinWindowProcedures::SetWindowLongA(WindowHandle hWnd, int index,
+                                                     ProcedureAddress procedure) {
+    return static_cast<ProcedureAddress>(
+        ::SetWindowLongPtrA(reinterpret_cast<HWND>(hWnd), index, static_cast<LONG_PTR>(procedure)));
+}
+
+std::intptr_t WinWindowProcedures::CallWindowProcA(ProcedureAddress procedure, WindowHandle hWnd,
+                                                   std::int32_t uMsg, std::intptr_t wParam,
+                                                   std::intptr_t lParam) {
+    if (procedure == 0) {
+        return 0;
+    }
+    return ::CallWindowProcA(reinterpret_cast<WNDPROC>(procedure), reinterpret_cast<HWND>(hWnd),
+                             static_cast<UINT>(uMsg), static_cast<WPARAM>(wParam), lParam);
+}
+
+} // namespace platform::windows
