@@ -1,7 +1,7 @@
 #include "printmanager/PrintLog.h"
 
 #include <cstdio>
-#include <fstream>
+#include <memory>
 
 #include "platform/Clock.h"
 #include "platform/Desktop.h"
@@ -25,14 +25,23 @@ std::string TimeStamp(platform::Platform& platform) {
     return day + platform.Locale.ShortMonthName(now.Month) + rest;
 }
 
+struct CloseFile {
+    void operator()(std::FILE* file) const { std::fclose(file); }
+};
+
+/// Opened and closed for each line, so that it survives a crash of the driver in the next step.
+void Append(const std::string& line) {
+    const std::unique_ptr<std::FILE, CloseFile> file(std::fopen(LogFile, "ab"));
+    if (file != nullptr) {
+        std::fwrite(line.data(), 1, line.size(), file.get());
+    }
+}
+
 } // namespace
 
 void WriteLogLine(platform::Platform& platform, const std::string& message) {
-    {
-        std::ofstream file(LogFile, std::ios::binary | std::ios::app);
-        platform::Resume(
-            [&] { file << platform::text::ToCodePage(TimeStamp(platform) + " : " + message) << "\r\n"; });
-    }
+    platform::Resume(
+        [&] { Append(platform::text::ToCodePage(TimeStamp(platform) + " : " + message) + "\r\n"); });
     platform.Desktop.Yield();
 }
 
