@@ -9,6 +9,7 @@
 #include <limits>
 
 #include "platform/forms/Form.h"
+#include "platform/qt/MessageIcons.h"
 #include "platform/qt/QtForm.h"
 #include "platform/qt/QtText.h"
 #include "platform/qt/Scale.h"
@@ -114,6 +115,7 @@ void QtDesktop::Yield() {
 void QtDesktop::MsgBox(const std::string& text, MessageIcon icon, const std::string& title) {
     QMessageBox box(IconOf(icon), ToQString(title), ToQString(text), QMessageBox::Ok, TopWindow());
     box.setTextFormat(Qt::PlainText);
+    SharpenIcon(box);
     box.exec();
     if (QWidget* top = TopWindow()) {
         top->activateWindow();

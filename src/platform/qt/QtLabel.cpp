@@ -27,17 +27,46 @@ void QtLabel::Place() {
     const double first = model_.Height() < 2 * line ? model_.Height() : line;
     const int room = ToDots(first) - label_->fontMetrics().height();
     label_->setContentsMargins(0, std::max(0, room / 2), 0, 0);
+    ShowText();
+}
+
+/// The text, or as much of it as the label has room for: half a line at the lower edge is not readable.
+QString QtLabel::Fitting(const QString& text) const {
+    const QRect room = label_->contentsRect();
+    const QFontMetrics metrics = label_->fontMetrics();
+    const auto fits = [&](const QString& wanted) {
+        return metrics.boundingRect(QRect(0, 0, room.width(), QWIDGETSIZE_MAX), Qt::TextWordWrap, wanted)
+                   .height() <= room.height();
+    };
+    if (fits(text) || metrics.height() > room.height()) {
+        return text;
+    }
+    const auto cut = [&text](qsizetype length) { return text.left(length).trimmed() + QChar(0x2026); };
+    qsizetype shorter = 0;
+    qsizetype longer = text.size();
+    while (longer - shorter > 1) {
+        const qsizetype middle = (shorter + longer) / 2;
+        (fits(cut(middle)) ? shorter : longer) = middle;
+    }
+    return cut(shorter);
 }
 
 void QtLabel::MirrorContent(forms::Aspect aspect) {
     if (aspect != forms::Aspect::Caption) {
         return;
     }
+    ShowText();
+}
+
+void QtLabel::ShowText() {
     // The toolkit reads a "&" as a mark only where the label has a control to go to.
     const forms::Control* target = AccessKeyTarget(model_);
     label_->setBuddy(target == nullptr ? nullptr : Form().WidgetOf(*target));
     const bool marked = model_.UseMnemonic() && label_->buddy() == nullptr;
-    label_->setText(ToQString(marked ? forms::WithoutAccessKey(model_.Caption()) : model_.Caption()));
+    const QString text = ToQString(marked ? forms::WithoutAccessKey(model_.Caption()) : model_.Caption());
+    const QString shown = Fitting(text);
+    label_->setText(shown);
+    label_->setToolTip(shown == text ? ToQString(model_.ToolTipText()) : text);
 }
 
 bool QtLabel::eventFilter(QObject* watched, QEvent* event) {

@@ -18,6 +18,9 @@ class QtLabel final : public QtControl {
     void MirrorContent(forms::Aspect aspect) override;
 
   private:
+    void ShowText();
+    QString Fitting(const QString& text) const;
+
     forms::Label& model_;
     QLabel* label_;
 };
