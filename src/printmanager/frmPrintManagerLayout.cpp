@@ -20,8 +20,6 @@ constexpr double LabelHeight = 240;
 constexpr double BoxHeight = 330;
 constexpr double PanelFieldLeft = FieldLeft - ListLeft;
 constexpr double PanelFieldWidth = ListWidth - PanelFieldLeft;
-constexpr double PanelBoxLeft = 2400;
-constexpr double PanelBoxWidth = ListWidth - PanelBoxLeft;
 
 constexpr double FakeFormWidth = 5500;
 constexpr double FakeFormHeight = 1035;
@@ -97,12 +95,12 @@ void PlaceControls(frmPrintManager& form) {
         {form.lblPrinterSelect(7), PanelFieldLeft, 900, PanelFieldWidth, LabelHeight},
         {form.lblPrinterSelect(4), 0, 1185, 1530, 2 * LabelHeight},
         {form.lblPrinterSelect(8), PanelFieldLeft, 1185, PanelFieldWidth, 2 * LabelHeight},
-        {form.Label8, 0, 1905, 2340, LabelHeight},
-        {form.cboPrinterSelect(3), PanelBoxLeft, 1860, PanelBoxWidth, BoxHeight},
-        {form.Label7, 0, 2325, 2340, LabelHeight},
-        {form.cboPrinterSelect(1), PanelBoxLeft, 2280, PanelBoxWidth, BoxHeight},
-        {form.Label5, 0, 2745, 2340, LabelHeight},
-        {form.cboPrinterSelect(2), PanelBoxLeft, 2700, PanelBoxWidth, BoxHeight},
+        {form.Label8, 0, 1905, 1530, LabelHeight},
+        {form.cboPrinterSelect(3), PanelFieldLeft, 1860, PanelFieldWidth, BoxHeight},
+        {form.Label7, 0, 2325, 1530, LabelHeight},
+        {form.cboPrinterSelect(1), PanelFieldLeft, 2280, PanelFieldWidth, BoxHeight},
+        {form.Label5, 0, 2745, 1530, LabelHeight},
+        {form.cboPrinterSelect(2), PanelFieldLeft, 2700, PanelFieldWidth, BoxHeight},
 
         {form.Picture3, 180, 285, 480, 480},
         {form.Label10, 780, 225, 4540, LabelHeight},

@@ -11,7 +11,7 @@ constexpr double ClientWidth = 6240;
 constexpr double ClientHeight = 2670;
 constexpr double Margin = 180;
 constexpr double HeadingHeight = 480;
-constexpr double FieldLeft = 3600;
+constexpr double FieldLeft = 2520;
 constexpr double LabelHeight = 240;
 constexpr double BoxHeight = 330;
 constexpr double ButtonTop = 2145;
@@ -34,9 +34,9 @@ void frmPrintManagerSetup::LayOut() {
         {Picture1, 0, 0, ClientWidth, HeadingHeight},
         {Label1, Margin, 120, ClientWidth - 2 * Margin, LabelHeight},
         {Label2, Margin, 555, ClientWidth - 2 * Margin, 3 * LabelHeight},
-        {Label3, Margin, 1320, 3300, LabelHeight},
+        {Label3, Margin, 1320, FieldLeft - 2 * Margin, LabelHeight},
         {UserText(1), FieldLeft, 1275, 1080, BoxHeight},
-        {Label4, Margin, 1695, 3300, LabelHeight},
+        {Label4, Margin, 1695, FieldLeft - 2 * Margin, LabelHeight},
         {UserText(0), FieldLeft, 1650, 1080, BoxHeight},
         {UpDown, FieldLeft + 1080, 1650, 255, BoxHeight},
         {cmdOK, 3240, ButtonTop, 1350, ButtonHeight},

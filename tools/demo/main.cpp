@@ -12,6 +12,7 @@
 #include "platform/forms/Session.h"
 #include "platform/qt/QtPlatform.h"
 #include "printmanager/frmPrintManager.h"
+#include "printmanager/frmPrintManagerSetup.h"
 #include "wizard/AppState.h"
 #include "wizard/frmMain.h"
 
@@ -20,6 +21,7 @@ namespace {
 constexpr const char* Wizard = "frmMain";
 constexpr const char* Manager = "frmPrintManager";
 constexpr const char* Preview = "frmPrintPreview";
+constexpr const char* Setup = "frmPrintManagerSetup";
 
 struct Document {
     int Row;
@@ -106,6 +108,30 @@ void LookAtThePreview(Player& player, const wizard::frmMain& form) {
     player.Click(Manager, "cmdAnnuleren");
 }
 
+// A failure that the print manager tells, and the small form that no command opens as yet.
+void LookAtWhatIsRarelySeen(Player& player, const wizard::frmMain& form,
+                            printmanager::frmPrintManagerSetup& setup) {
+    player.Step(
+        "wait for the manager to close", [&form] { return form.PrintManager() == nullptr; }, [] {});
+    player.Click(Wizard, "cmdPrinten");
+    player.PickRow(Manager, "lstAfdrukken", 2);
+    player.Type(Manager, "UserText(0)", "99999");
+    player.Click(Manager, "cmdPrint");
+    player.AnswerMessage("18-melding-fout");
+    player.Type(Manager, "UserText(0)", "0");
+    player.Click(Manager, "cmdPrint");
+    player.AnswerMessage("19-melding-geen-kopieen");
+    player.Click(Manager, "cmdAnnuleren");
+    player.Step(
+        "wait for the manager to close", [&form] { return form.PrintManager() == nullptr; },
+        [&setup] { setup.ShowModal(); });
+    player.WaitForWindow(Setup);
+    player.Picture(Setup, "20-printer-initialisatie");
+    player.Type(Setup, "UserText(0)", "1002");
+    player.Click(Setup, "cmdOK");
+    player.AnswerMessage("21-melding-initialisatie");
+}
+
 // The screen that is not there: an ordinary one of 1280 by 1024, or one of twice the density.
 void DescribeScreen(const QString& name, int density) {
     QFile file(name);
@@ -169,7 +195,9 @@ int main(int argc, char** argv) {
         Print(player, form, document, FileOf(folder, document));
     }
     LookAtThePreview(player, form);
-    player.Picture(Wizard, "18-gereed");
+    printmanager::frmPrintManagerSetup setup(session, platform.Services(), state);
+    LookAtWhatIsRarelySeen(player, form, setup);
+    player.Picture(Wizard, "22-gereed");
     player.Close(Wizard);
     player.Start();
 
