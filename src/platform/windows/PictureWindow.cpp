@@ -1,5 +1,7 @@
 #include "platform/windows/PictureWindow.h"
 
+#include <cstdlib>
+
 #include "platform/windows/GdiObjects.h"
 #include "platform/windows/VectorPicture.h"
 #include "platform/windows/WinBitmaps.h"
@@ -34,8 +36,11 @@ void ShowPage(HDC device, const RECT& area, const PictureContent& content, const
     const DeviceContext source(::CreateCompatibleDC(device));
     const Selected selected(source.Get(), page.Handle());
     const SIZE dots = page.Dots();
-    const SIZE shown = content.PageSize;
-    if (dots.cx == shown.cx && dots.cy == shown.cy) {
+    // Twips that make no whole dots may have been rounded the other way.
+    const bool sameDensity =
+        std::abs(dots.cx - content.PageSize.cx) <= 1 && std::abs(dots.cy - content.PageSize.cy) <= 1;
+    const SIZE shown = sameDensity ? dots : content.PageSize;
+    if (sameDensity) {
         ::BitBlt(device, 0, 0, shown.cx, shown.cy, source.Get(), 0, 0, SRCCOPY);
     } else { // a screen of another density than the page was drawn for
         ::SetStretchBltMode(device, HALFTONE);

@@ -34,20 +34,17 @@ void WinComboBox::MirrorContent(forms::Aspect aspect) {
     Send(CB_SETCURSEL, static_cast<WPARAM>(model_.ListIndex()));
 }
 
-// The height of a combo box is that of its list; the box itself follows from the height of its line.
+// The height of a combo box is that of its list; the box itself is as high as its font wants it, and stands
+// in the middle of its place.
 void WinComboBox::Place() {
     RECT area = Form().Scaling().ToDots(model_.Left(), model_.Top(), model_.Width(), model_.Height());
     const LONG wanted = area.bottom - area.top;
-    const auto line = static_cast<LONG>(Send(CB_GETITEMHEIGHT, 0));
-    area.bottom += MostLines * line;
-    MoveTo(area);
     RECT present{};
     ::GetWindowRect(Window(), &present);
-    const auto field = static_cast<LONG>(Send(CB_GETITEMHEIGHT, static_cast<WPARAM>(-1)));
-    const LONG fitting = field + wanted - (present.bottom - present.top);
-    if (fitting > 0 && fitting != field) {
-        Send(CB_SETITEMHEIGHT, static_cast<WPARAM>(-1), fitting);
-    }
+    const LONG own = present.bottom - present.top;
+    area.top += (wanted - own) / 2;
+    area.bottom = area.top + own + MostLines * static_cast<LONG>(Send(CB_GETITEMHEIGHT, 0));
+    MoveTo(area);
 }
 
 bool WinComboBox::KeepsEnterAndEscape() const {

@@ -5,6 +5,7 @@
 #include "platform/Desktop.h"
 #include "platform/forms/Form.h"
 #include "platform/forms/UpDown.h"
+#include "platform/windows/Fonts.h"
 #include "platform/windows/TextUnits.h"
 #include "platform/windows/WideText.h"
 
@@ -119,6 +120,10 @@ void WinTextBox::ShowSelection() {
 }
 
 void WinTextBox::MirrorContent(forms::Aspect aspect) {
+    if (aspect == forms::Aspect::Font || aspect == forms::Aspect::Geometry) {
+        ::SetWindowPos(Window(), nullptr, 0, 0, 0, 0,
+                       SWP_FRAMECHANGED | SWP_NOMOVE | SWP_NOSIZE | SWP_NOZORDER | SWP_NOACTIVATE);
+    }
     if (aspect == forms::Aspect::Text || aspect == forms::Aspect::Selection) {
         ShowText();
         ShowSelection();
@@ -191,6 +196,26 @@ void WinTextBox::ShowLocked() {
     }
 }
 
+void WinTextBox::CentreLine(RECT& inside) const {
+    const LONG spare = inside.bottom - inside.top - LineHeight(FontOf());
+    inside.top += std::max(0L, spare / 2);
+}
+
+void WinTextBox::PaintAroundLine() {
+    RECT outer{};
+    RECT strip{};
+    ::GetWindowRect(Window(), &outer);
+    ::GetClientRect(Window(), &strip);
+    ::MapWindowPoints(Window(), nullptr, reinterpret_cast<POINT*>(&strip), 2);
+    ::OffsetRect(&strip, -outer.left, -outer.top);
+    strip.bottom = strip.top;
+    strip.top = strip.left; // the border is as wide above as it is at the left
+    HDC device = ::GetWindowDC(Window());
+    const bool own = ::IsWindowEnabled(Window()) != FALSE;
+    ::FillRect(device, &strip, own ? Colour(device) : ::GetSysColorBrush(COLOR_BTNFACE));
+    ::ReleaseDC(Window(), device);
+}
+
 LRESULT WinTextBox::Received(UINT message, WPARAM wParam, LPARAM lParam) {
     switch (message) {
     case WM_SHOWWINDOW:
@@ -213,6 +238,27 @@ LRESULT WinTextBox::Received(UINT message, WPARAM wParam, LPARAM lParam) {
             return ::DefWindowProcW(Window(), message, wParam, lParam);
         }
         break;
+    case WM_SETTEXT: {
+        const LRESULT result = PassOn(message, wParam, lParam);
+        if (!Silent()) {
+            TellEdit();
+        }
+        return result;
+    }
+    case WM_NCCALCSIZE: {
+        const LRESULT result = PassOn(message, wParam, lParam);
+        CentreLine(*reinterpret_cast<RECT*>(lParam)); // what either form of the message begins with
+        return result;
+    }
+    case WM_NCPAINT: {
+        const LRESULT result = PassOn(message, wParam, lParam);
+        PaintAroundLine();
+        return result;
+    }
+    case WM_NCHITTEST: {
+        const LRESULT hit = PassOn(message, wParam, lParam);
+        return hit == HTBORDER || hit == HTNOWHERE ? HTCLIENT : hit;
+    }
     case WM_RBUTTONDOWN: // opens the menu of the box
         if (MousePressed()) {
             return 0;

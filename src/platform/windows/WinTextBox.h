@@ -36,6 +36,10 @@ class WinTextBox final : public WinControl {
     void TypeCharacter(char32_t character);
     void ShowLocked();
 
+    // The window would write at the top of a box that is higher than its line.
+    void CentreLine(RECT& inside) const;
+    void PaintAroundLine();
+
     forms::TextBox& model_;
     wchar_t highHalf_ = 0; // of a character whose other half is still to come
     bool typing_ = false;
