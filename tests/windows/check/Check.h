@@ -28,6 +28,7 @@ void CheckRaises(int number, Step step, const std::string& what) {
 int Failures();
 
 void CheckTexts();
+void CheckPolish();
 void CheckRegistry();
 void CheckLocale();
 void CheckSpooler();

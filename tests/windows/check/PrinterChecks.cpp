@@ -10,6 +10,7 @@
 
 using namespace platform::windows;
 using platform::ErrorInvalidPropertyValue;
+using platform::ErrorPrinter;
 
 namespace {
 
@@ -68,11 +69,11 @@ void CheckProperties(WinPrinters& printers, WinPrinter& printer) {
     CheckEqual(printer.Orientation(), DMORIENT_PORTRAIT, "and the orientation");
     Check(printer.Drawing.Font == platform::FontSpec{"Tahoma", 8, false} && printer.Drawing.CurrentX == 0,
           "and the printer's own font and cursor");
-    printer.Assign(IndexOf(printers, "Magazijn"));
-    CheckEqual(printer.DeviceName(), "Magazijn", "another printer becomes the current one");
+    printer.Assign(IndexOf(printers, "Büro"));
+    CheckEqual(printer.DeviceName(), "Büro", "another printer becomes the current one");
     CheckRaises(
         platform::ErrorSubscriptOutOfRange, [&] { printer.Assign(99); }, "one that is not there is refused");
-    CheckEqual(printer.DeviceName(), "Magazijn", "and the current one stays");
+    CheckEqual(printer.DeviceName(), "Büro", "and the current one stays");
     printer.Assign(IndexOf(printers, "Kantoor"));
 }
 
@@ -94,6 +95,19 @@ void CheckText(WinPrinter& printer) {
     Check(page.MeasureText("\xFF\xFE", tahoma).Width > 0, "bytes that are no text are shown all the same");
 }
 
+void CheckChangeBetweenPages(WinPrinters& printers) {
+    WinPrinter printer(printers);
+    const double height = printer.Height();
+    printer.Page().DrawText(0, 0, "first", {"Tahoma", 8, false});
+    printer.SetPaperSize(DMPAPER_LEGAL);
+    CheckNear(printer.Height(), height, 0, "a page that has begun keeps its paper");
+    printer.Page().NewPage();
+    CheckNear(printer.Height(), 1008 * TwipsPerPoint, 3, "the next one has the new paper");
+    printer.SetPaperSize(DMPAPER_A5);
+    printer.Assign(IndexOf(printers, "Kantoor"));
+    CheckNear(printer.Height(), height, 0, "and the next document the stored one");
+}
+
 /// A document that is begun and given up: by the assignment and by the printer's end.
 void CheckGivenUp(WinPrinters& printers) {
     {
@@ -104,6 +118,40 @@ void CheckGivenUp(WinPrinters& printers) {
         printer.Page().DrawText(0, 0, "given up", {"Tahoma", 8, false});
     }
     Check(true, "a document that is not ended is taken back");
+}
+
+void DeletePrinter(const wchar_t* name) {
+    PRINTER_DEFAULTSW defaults{nullptr, nullptr, PRINTER_ALL_ACCESS};
+    std::wstring writable = name;
+    HANDLE handle = nullptr;
+    Check(::OpenPrinterW(writable.data(), &handle, &defaults) != FALSE && ::DeletePrinter(handle) != FALSE,
+          "a printer can be taken away");
+    ::ClosePrinter(handle);
+}
+
+/// A printer that goes away after it has become the current one.
+void CheckVanished(WinPrinters& printers) {
+    int told = 0;
+    WinPrinter printer(printers, [&told](const std::string&) { ++told; });
+    printer.Assign(IndexOf(printers, "Büro"));
+    DeletePrinter(L"B\u00FCro");
+    CheckEqual(IndexOf(printers, "Büro"), -1, "a printer that is gone is not listed");
+    CheckRaises(
+        ErrorPrinter, [&] { printer.ScaleLeft(); }, "its measures cannot be had");
+    CheckRaises(
+        ErrorPrinter, [&] { printer.SetOrientation(DMORIENT_LANDSCAPE); }, "its settings cannot be changed");
+    platform::Canvas& page = printer.Page();
+    const platform::FontSpec font{"Tahoma", 8, false};
+    CheckRaises(
+        ErrorPrinter, [&] { page.DrawText(0, 0, "x", font); }, "a document cannot begin");
+    CheckEqual(told, 1, "and the user is told");
+    page.DrawText(0, 0, "x", font);
+    page.NewPage();
+    page.EndDocument();
+    CheckEqual(told, 1, "once for the whole document");
+    CheckRaises(
+        ErrorPrinter, [&] { page.NewPage(); }, "the next document tries again");
+    CheckEqual(told, 2, "and is told again");
 }
 
 void CheckHandles(WinPrinters& printers) {
@@ -141,8 +189,10 @@ void CheckPrinter() {
         printer.Page().EndDocument();
         Check(true, "the end of a document that never began changes nothing");
     }
+    CheckChangeBetweenPages(printers);
     CheckGivenUp(printers);
     CheckHandles(printers);
+    CheckVanished(printers);
 }
 
 namespace {

@@ -76,6 +76,21 @@ void CheckDefaults(WinSpooler& spooler) {
     Check(spooler.ClosePrinter(handle), "the printer closes");
 }
 
+void CheckAccents(WinSpooler& spooler) {
+    const std::string name = platform::text::ToCodePage("Büro");
+    const platform::PrinterHandle handle = Open(spooler, name.c_str());
+    Check(handle != 0, "a printer with an accent in its name opens");
+    std::uint32_t needed = 0;
+    spooler.GetPrinterA(handle, 2, nullptr, 0, needed);
+    std::vector<std::byte> data(needed + Behind);
+    Check(spooler.GetPrinterA(handle, 2, data.data(), static_cast<std::uint32_t>(data.size()), needed),
+          "the spooler tells of it");
+    CheckEqual(reinterpret_cast<platform::PRINTER_INFO_2*>(data.data())->pPrinterName, name,
+               "in the code page of the program");
+    CheckEqual(spooler.DeviceCapabilitiesA(name, "", DC_PAPERNAMES, nullptr), 3, "and its driver answers");
+    spooler.ClosePrinter(handle);
+}
+
 void CheckOffers(WinSpooler& spooler) {
     const auto ask = [&spooler](std::uint16_t capability, void* output) {
         return spooler.DeviceCapabilitiesA(Queue, "", capability, output);
@@ -107,6 +122,7 @@ void CheckSpooler() {
     WinSpooler spooler;
     CheckDefaults(spooler);
     CheckOffers(spooler);
+    CheckAccents(spooler);
     CheckEqual(static_cast<long long>(Open(spooler, "Nergens")), 0,
                "a printer that is not there does not open");
 

@@ -1,5 +1,6 @@
 #include "platform/Text.h"
 #include "platform/windows/WideText.h"
+#include "platform/windows/Win32.h"
 #include "platform/windows/WinClock.h"
 #include "platform/windows/WinLocale.h"
 #include "windows/check/Check.h"
@@ -29,6 +30,13 @@ void CheckTexts() {
     Check(now.Year >= 2020 && now.Month >= 1 && now.Month <= 12 && now.Day >= 1 && now.Day <= 31 &&
               now.Hour >= 0 && now.Hour <= 23,
           "the clock tells a date and a time");
+}
+
+void CheckPolish() {
+    CheckEqual(::GetACP(), 1250, "the machine's code page is the Polish one");
+    Check(!MachineSpeaks1252(), "which is not the program's");
+    CheckEqual(FromMachine("\xB3"), "?", "a letter that the program's code page lacks");
+    CheckEqual(ToMachine("\xF8"), "?", "a letter that the machine's code page lacks");
 }
 
 void CheckLocale() {

@@ -1,6 +1,6 @@
 // Checks what the program stands on in Windows: registry, locale, spooler, printer and pictures.
 //
-//     win_platform_check texts|registry|locale|spooler|printer|bitmaps|samples ...
+//     win_platform_check texts|polish|locale|registry|spooler|printer|bitmaps|samples ...
 //
 // One line for each expectation on standard output. The exit status is the number of those that did not hold.
 
@@ -22,9 +22,9 @@ struct Group {
 };
 
 constexpr Group Groups[] = {
-    {"texts", CheckTexts},     {"registry", CheckRegistry}, {"locale", CheckLocale},
-    {"spooler", CheckSpooler}, {"printer", CheckPrinter},   {"bitmaps", CheckBitmaps},
-    {"samples", PrintSamples},
+    {"texts", CheckTexts},     {"registry", CheckRegistry}, {"polish", CheckPolish},
+    {"locale", CheckLocale},   {"spooler", CheckSpooler},   {"printer", CheckPrinter},
+    {"bitmaps", CheckBitmaps}, {"samples", PrintSamples},
 };
 
 void RunGroup(const char* name) {
