@@ -29,6 +29,9 @@ class Printers {
     virtual int Count() = 0;
     /// ErrorSubscriptOutOfRange outside 0 to Count() - 1.
     virtual PrinterEntry Item(int index) = 0;
+
+    /// Takes notice of printers that have come or gone. Between two such calls the collection stays as it is.
+    virtual void Refresh() {}
 };
 
 /// Items of GetDeviceCaps, by their Windows numbers.

@@ -36,6 +36,7 @@ void frmPrintManager::FillForm() {
     RestoreState.Printer = strCurrentPrinter;
     blnUseSpecific = ReadSetting("UseSpecificPrinterSettings") == "1";
     pictError.SetVisible(false);
+    platform_.Printers.Refresh();
     if (platform_.Printers.Count() == 0) {
         FillWithoutPrinters();
     } else {

@@ -8,6 +8,7 @@
 #include <QUuid>
 
 #include <array>
+#include <utility>
 
 namespace platform::qt {
 
@@ -47,6 +48,13 @@ QString NewSpoolFile() {
     return folder.filePath(QUuid::createUuid().toString(QUuid::WithoutBraces) + QStringLiteral(".pdf"));
 }
 
+/// True for a failure that the server tells without an answer to the request itself.
+bool IsRefusal(ipp_status_t status) {
+    return status == IPP_STATUS_ERROR_FORBIDDEN || status == IPP_STATUS_ERROR_NOT_AUTHENTICATED ||
+           status == IPP_STATUS_ERROR_NOT_AUTHORIZED ||
+           status == IPP_STATUS_ERROR_CUPS_AUTHENTICATION_CANCELED;
+}
+
 } // namespace
 
 QString SpoolFolder() {
@@ -54,8 +62,10 @@ QString SpoolFolder() {
            QStringLiteral("/drukkeuring/spool");
 }
 
-CupsJob::CupsJob(const std::string& queue, const std::string& title, const CupsOptions& options)
-    : queue_(queue), title_(title), options_(options), file_(NewSpoolFile()) {
+CupsJob::CupsJob(std::shared_ptr<CupsServer> server, const std::string& queue, const std::string& queueUri,
+                 const std::string& title, const CupsOptions& options)
+    : server_(std::move(server)), queue_(queue), queueUri_(queueUri), title_(title), options_(options),
+      file_(NewSpoolFile()) {
     for (const char* name : OptionsLeftOut) {
         options_.erase(name);
     }
@@ -72,26 +82,38 @@ CupsJob::~CupsJob() {
     QFile::remove(file_.fileName()); // the complete one; an incomplete one goes with file_
 }
 
-void CupsJob::Finish() {
-    if (!file_.commit()) {
-        throw RuntimeError(ErrorPrinter,
-                           "Het document kon niet worden klaargezet.\n" + file_.errorString().toStdString());
-    }
-    const CupsConnection connection = ConnectCups(CupsJobPatience);
-    if (connection == nullptr) {
-        throw RuntimeError(ErrorPrinter,
-                           "De afdrukserver geeft geen antwoord. Het document is niet afgedrukt.");
-    }
+IppMessage CupsJob::NewPrintRequest() const {
+    IppMessage request = NewRequest(IPP_OP_PRINT_JOB, queueUri_);
+    ippAddString(request.get(), IPP_TAG_OPERATION, IPP_TAG_NAME, "job-name", nullptr, title_.c_str());
     cups_option_t* options = nullptr;
     int count = 0;
     for (const auto& [name, value] : options_) {
         count = cupsAddOption(name.c_str(), value.c_str(), count, &options);
     }
-    const int job =
-        cupsPrintFile2(connection.get(), queue_.c_str(), QFile::encodeName(file_.fileName()).constData(),
-                       title_.c_str(), count, options);
+    cupsEncodeOptions2(request.get(), count, options, IPP_TAG_OPERATION);
+    cupsEncodeOptions2(request.get(), count, options, IPP_TAG_JOB);
     cupsFreeOptions(count, options);
-    if (job == 0) {
+    return request;
+}
+
+void CupsJob::Finish() {
+    if (!file_.commit()) {
+        throw RuntimeError(ErrorPrinter,
+                           "Het document kon niet worden klaargezet.\n" + file_.errorString().toStdString());
+    }
+    // One request with the document in it: a failure leaves no empty job behind.
+    const CupsConnection connection = server_->ConnectForDocument();
+    IppMessage answer;
+    if (connection != nullptr) {
+        answer.reset(cupsDoFileRequest(connection.get(), NewPrintRequest().release(),
+                                       ResourceOf(queueUri_).c_str(),
+                                       QFile::encodeName(file_.fileName()).constData()));
+    }
+    if (answer == nullptr && (connection == nullptr || !IsRefusal(cupsLastError()))) {
+        throw RuntimeError(ErrorPrinter,
+                           "De afdrukserver geeft geen antwoord. Het document is niet afgedrukt.");
+    }
+    if (answer == nullptr || ippGetStatusCode(answer.get()) >= IPP_STATUS_REDIRECTION_OTHER_SITE) {
         throw RuntimeError(ErrorPrinter, "De printer " + queue_ + " heeft het document niet aangenomen.\n" +
                                              cupsLastErrorString());
     }

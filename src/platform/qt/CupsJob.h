@@ -1,10 +1,11 @@
 #pragma once
 
-#include "platform/qt/CupsConnection.h"
+#include "platform/qt/CupsServer.h"
 #include "platform/qt/PrintQueue.h"
 
 #include <QSaveFile>
 
+#include <memory>
 #include <string>
 
 namespace platform::qt {
@@ -14,14 +15,19 @@ class CupsJob : public PrintJob {
   public:
     /// Options name paper and bin and whatever the user has set for the queue. The document turns its own
     /// pages, has its copies in it and is never scaled, so options about these do not go along.
-    CupsJob(const std::string& queue, const std::string& title, const CupsOptions& options);
+    CupsJob(std::shared_ptr<CupsServer> server, const std::string& queue, const std::string& queueUri,
+            const std::string& title, const CupsOptions& options);
     ~CupsJob() override;
 
     QIODevice* Output() override { return &file_; }
     void Finish() override;
 
   private:
+    IppMessage NewPrintRequest() const;
+
+    std::shared_ptr<CupsServer> server_;
     std::string queue_;
+    std::string queueUri_;
     std::string title_;
     CupsOptions options_;
     QSaveFile file_;

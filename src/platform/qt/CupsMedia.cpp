@@ -8,8 +8,7 @@
 #include <algorithm>
 #include <array>
 #include <cstddef>
-#include <cstdio>
-#include <memory>
+#include <limits>
 #include <string_view>
 
 namespace platform::qt {
@@ -17,14 +16,6 @@ namespace platform::qt {
 namespace {
 
 constexpr double TwipsPerHundredthMillimetre = 1440.0 / 2540.0;
-
-struct FreeIpp {
-    void operator()(ipp_t* message) const { ippDelete(message); }
-};
-using IppMessage = std::unique_ptr<ipp_t, FreeIpp>;
-
-constexpr std::array<const char*, 4> WantedAttributes = {"media-supported", "media-default",
-                                                         "media-col-default", "media-source-supported"};
 
 struct BinWording {
     std::string_view Source;
@@ -46,18 +37,6 @@ constexpr std::array<BinWording, 14> BinWordings = {{
     {"tray-4", "Lade 4"},
     {"rear", "Achterste lade"},
 }};
-
-IppMessage AskAttributes(http_t* http, const std::string& queue) {
-    ipp_t* request = ippNewRequest(IPP_OP_GET_PRINTER_ATTRIBUTES);
-    std::array<char, HTTP_MAX_URI> uri = {};
-    httpAssembleURIf(HTTP_URI_CODING_ALL, uri.data(), static_cast<int>(uri.size()), "ipp", nullptr,
-                     "localhost", 0, "/printers/%s", queue.c_str());
-    ippAddString(request, IPP_TAG_OPERATION, IPP_TAG_URI, "printer-uri", nullptr, uri.data());
-    ippAddString(request, IPP_TAG_OPERATION, IPP_TAG_NAME, "requesting-user-name", nullptr, cupsUser());
-    ippAddStrings(request, IPP_TAG_OPERATION, IPP_CONST_TAG(IPP_TAG_KEYWORD), "requested-attributes",
-                  static_cast<int>(WantedAttributes.size()), nullptr, WantedAttributes.data());
-    return IppMessage(cupsDoRequest(http, request, "/")); // takes the request with it
-}
 
 std::vector<std::string> Keywords(ipp_t* attributes, const char* name) {
     std::vector<std::string> keywords;
@@ -97,7 +76,41 @@ void Number(std::vector<Item>& items) {
     }
 }
 
+template <class Item, class Key>
+void Keep(std::vector<Item>& items, std::map<std::string, std::int16_t>& numbers, std::int16_t& preset,
+          Key key) {
+    const std::int16_t oldPreset = preset;
+    for (Item& item : items) {
+        if (item.Id < FirstPrivateId) {
+            continue;
+        }
+        const bool isPreset = item.Id == oldPreset;
+        const auto [entry, isNew] = numbers.try_emplace(key(item), item.Id);
+        if (isNew) {
+            const auto isTaken = [&numbers, entry = entry](std::int16_t id) {
+                return std::any_of(numbers.begin(), numbers.end(), [&](const auto& each) {
+                    return each.second == id && each.first != entry->first;
+                });
+            };
+            while (isTaken(entry->second) && entry->second < std::numeric_limits<std::int16_t>::max()) {
+                ++entry->second;
+            }
+        }
+        item.Id = entry->second;
+        if (isPreset) {
+            preset = item.Id;
+        }
+    }
+}
+
 } // namespace
+
+void KeepNumbers(CupsMedia& media, MediaNumbers& numbers) {
+    Keep(media.Papers, numbers.Papers, media.DefaultPaper,
+         [](const Paper& paper) { return paper.PpdSize.empty() ? paper.PwgMedia : paper.PpdSize; });
+    Keep(media.Bins, numbers.Bins, media.DefaultBin,
+         [](const Bin& bin) { return bin.PpdSlot.empty() ? bin.PwgSource : bin.PpdSlot; });
+}
 
 void NumberMedia(CupsMedia& media) {
     // More than any printer has; beyond it the numbers would leave 16 bits.
@@ -154,26 +167,19 @@ CupsMedia MediaOfAttributes(ipp_t* attributes) {
     return media;
 }
 
-CupsMedia ReadCupsMedia(http_t* http, const std::string& queue) {
-    const IppMessage answer = AskAttributes(http, queue);
-    CupsMedia byAttributes;
-    if (answer != nullptr) {
-        byAttributes = MediaOfAttributes(answer.get());
+CupsMedia MediaOfQueue(ipp_t* attributes, const std::string& ppdFile) {
+    CupsMedia byAttributes = MediaOfAttributes(attributes);
+    if (ppdFile.empty()) {
+        return byAttributes;
     }
-    if (std::string file = FetchPpd(http, queue); !file.empty()) {
-        CupsMedia byPpd = MediaOfPpd(file);
-        std::remove(file.c_str());
-        // The server derives media-source-supported from the PPD's bins, one by one.
-        if (byPpd.Bins.size() == byAttributes.Bins.size()) {
-            for (std::size_t i = 0; i < byPpd.Bins.size(); ++i) {
-                byPpd.Bins[i].PwgSource = byAttributes.Bins[i].PwgSource;
-            }
-        }
-        if (!byPpd.Papers.empty()) {
-            return byPpd;
+    CupsMedia byPpd = MediaOfPpd(ppdFile);
+    // The server derives media-source-supported from the PPD's bins, one by one.
+    if (byPpd.Bins.size() == byAttributes.Bins.size()) {
+        for (std::size_t i = 0; i < byPpd.Bins.size(); ++i) {
+            byPpd.Bins[i].PwgSource = byAttributes.Bins[i].PwgSource;
         }
     }
-    return byAttributes;
+    return byPpd.Papers.empty() ? byAttributes : byPpd;
 }
 
 } // namespace platform::qt

@@ -4,6 +4,7 @@
 
 #include <cups/cups.h>
 
+#include <map>
 #include <string>
 #include <vector>
 
@@ -17,15 +18,25 @@ struct CupsMedia {
     std::int16_t DefaultBin = 0;
 };
 
-/// Papers and bins of a queue: by its PPD, which has the wording of its maker, else by its IPP attributes.
-/// Empty lists if the server does not answer.
-CupsMedia ReadCupsMedia(http_t* http, const std::string& queue);
+/// Papers and bins of a queue by the answer to a Get-Printer-Attributes request and its PPD file, which has
+/// the wording of its maker and goes first; an empty name if it has none.
+CupsMedia MediaOfQueue(ipp_t* attributes, const std::string& ppdFile);
 
-/// The part that reads the answer to a Get-Printer-Attributes request.
+/// The part that the attributes tell.
 CupsMedia MediaOfAttributes(ipp_t* attributes);
 
 /// Gives each paper or bin without a code its number from 256 on, by its place in the list, and takes a code
 /// away from all but the first that have it.
 void NumberMedia(CupsMedia& media);
+
+/// Numbers from 256 on that the papers and bins of a queue have had, by their keywords.
+struct MediaNumbers {
+    std::map<std::string, std::int16_t> Papers;
+    std::map<std::string, std::int16_t> Bins;
+};
+
+/// Gives each paper or bin the number that it had before, and no other one that number: a choice made from an
+/// older list must not become another paper.
+void KeepNumbers(CupsMedia& media, MediaNumbers& numbers);
 
 } // namespace platform::qt

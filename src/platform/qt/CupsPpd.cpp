@@ -5,7 +5,6 @@
 #include <cups/ppd.h>
 #include <cups/pwg.h>
 
-#include <array>
 #include <memory>
 #include <string_view>
 
@@ -49,13 +48,6 @@ Paper PaperOf(ppd_file_t* ppd, const ppd_choice_t& choice) {
 }
 
 } // namespace
-
-std::string FetchPpd(http_t* http, const std::string& queue) {
-    std::array<char, 1024> file = {};
-    time_t changed = 0;
-    const http_status_t status = cupsGetPPD3(http, queue.c_str(), &changed, file.data(), file.size());
-    return status == HTTP_STATUS_OK ? file.data() : "";
-}
 
 CupsMedia MediaOfPpd(const std::string& file) {
     CupsMedia media;

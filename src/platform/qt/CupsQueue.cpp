@@ -4,7 +4,10 @@
 #include "platform/qt/CupsStatus.h"
 #include "platform/qt/PaperTable.h"
 
+#include <QTemporaryFile>
+
 #include <algorithm>
+#include <array>
 #include <cstdlib>
 #include <optional>
 #include <string_view>
@@ -21,29 +24,62 @@ constexpr std::string_view IppReverseLandscape = "5";
 
 constexpr unsigned long DiscoveredOnly = CUPS_PRINTER_DISCOVERED;
 
-/// True for a printer that was seen on the network but has no queue here.
-bool IsWithoutQueue(const CupsOptions& options) {
-    return (std::strtoul(OptionValue(options, "printer-type").c_str(), nullptr, 10) & DiscoveredOnly) != 0;
+/// A change within the same second leaves no mark on printer-config-change-time.
+constexpr long UnsettledSeconds = 2;
+
+constexpr std::array<const char*, 16> QueueAttributes = {
+    "printer-name",   "printer-uri-supported",         "printer-type",      "printer-info",
+    "device-uri",     "printer-make-and-model",        "printer-state",     "printer-state-reasons",
+    "copies-default", "printer-is-accepting-jobs",     "printer-up-time",   "printer-config-change-time",
+    "media-default",  "orientation-requested-default", "media-col-default", "media-source-supported",
+};
+/// Long where there are many papers, so not asked for a whole list of queues.
+constexpr const char* PapersAttribute = "media-supported";
+
+long NumberOf(const CupsAttributes& attributes, const std::string& name) {
+    return std::strtol(ValueOf(attributes, name).c_str(), nullptr, 10);
 }
 
-struct Choice {
-    const char* Option;
-    std::string Value;
-};
+/// True for a printer that was seen on the network but has no queue here.
+bool IsWithoutQueue(const CupsAttributes& attributes) {
+    return (static_cast<unsigned long>(NumberOf(attributes, "printer-type")) & DiscoveredOnly) != 0;
+}
 
-/// The options by which queues know a paper and a bin; some heed the one name, some the other.
-std::vector<Choice> MediaChoices(const Paper* paper, const Bin* bin) {
-    std::vector<Choice> choices;
-    if (paper != nullptr) {
-        choices.push_back({"PageSize", paper->PpdSize});
-        choices.push_back({"media", paper->PwgMedia});
+IppMessage RequestFor(ipp_op_t operation, const std::string& uri, bool withPapers) {
+    IppMessage request = NewRequest(operation, uri);
+    std::vector<const char*> wanted(QueueAttributes.begin(), QueueAttributes.end());
+    if (withPapers) {
+        wanted.push_back(PapersAttribute);
     }
-    if (bin != nullptr) {
-        choices.push_back({"InputSlot", bin->PpdSlot});
-        choices.push_back({"media-source", bin->PwgSource});
+    ippAddStrings(request.get(), IPP_TAG_OPERATION, IPP_CONST_TAG(IPP_TAG_KEYWORD), "requested-attributes",
+                  static_cast<int>(wanted.size()), nullptr, wanted.data());
+    return request;
+}
+
+/// The first attribute of the next queue in an answer.
+ipp_attribute_t* NextQueue(ipp_t* answer, ipp_attribute_t* at) {
+    while (at != nullptr && ippGetGroupTag(at) != IPP_TAG_PRINTER) {
+        at = ippNextAttribute(answer);
     }
-    std::erase_if(choices, [](const Choice& choice) { return choice.Value.empty(); });
-    return choices;
+    return at;
+}
+
+/// Media by the attributes and by the PPD, if the server has one for the queue.
+CupsMedia ReadMedia(http_t* http, ipp_t* attributes, const std::string& uri) {
+    QTemporaryFile ppd;
+    const std::string resource = ResourceOf(uri) + ".ppd";
+    const bool hasPpd = ppd.open() && cupsGetFd(http, resource.c_str(), ppd.handle()) == HTTP_STATUS_OK;
+    return MediaOfQueue(attributes, hasPpd ? ppd.fileName().toStdString() : "");
+}
+
+/// The options by which queues know a paper and a bin; some heed the one name, some the other. An empty value
+/// is an option that the queue does not have.
+CupsOptions PaperOptions(const Paper& paper) {
+    return {{"PageSize", paper.PpdSize}, {"media", paper.PwgMedia}};
+}
+
+CupsOptions BinOptions(const Bin& bin) {
+    return {{"InputSlot", bin.PpdSlot}, {"media-source", bin.PwgSource}};
 }
 
 template <class Item>
@@ -53,90 +89,119 @@ const Item* WithId(const std::vector<Item>& items, std::int16_t id) {
     return found == items.end() ? nullptr : &*found;
 }
 
+const Paper* PaperIn(const CupsMedia& media, const CupsOptions& options) {
+    const std::string size = ValueOf(options, "PageSize");
+    const std::string keyword = ValueOf(options, "media");
+    const auto found = std::find_if(media.Papers.begin(), media.Papers.end(), [&](const Paper& each) {
+        return size.empty() ? !keyword.empty() && (each.PwgMedia == keyword || each.PpdSize == keyword)
+                            : each.PpdSize == size;
+    });
+    return found == media.Papers.end() ? nullptr : &*found;
+}
+
+const Bin* BinIn(const CupsMedia& media, const CupsOptions& options) {
+    const std::string slot = ValueOf(options, "InputSlot");
+    const std::string source = ValueOf(options, "media-source");
+    const auto found = std::find_if(media.Bins.begin(), media.Bins.end(), [&](const Bin& each) {
+        return slot.empty() ? !source.empty() && each.PwgSource == source : each.PpdSlot == slot;
+    });
+    return found == media.Bins.end() ? nullptr : &*found;
+}
+
 } // namespace
 
-FoundQueues FindCupsQueues() {
+FoundQueues FindCupsQueues(const std::shared_ptr<CupsServer>& server) {
     FoundQueues found;
-    const CupsConnection connection = ConnectCups();
+    const CupsConnection connection = server->Connect();
     if (connection == nullptr) {
         return found;
     }
-    const CupsDestinations destinations(connection.get());
-    std::string preferred;
-    for (const cups_dest_t& destination : destinations) {
-        if (destination.is_default != 0) {
-            preferred = destination.name;
-        }
-        const CupsOptions options = OptionsOf(destination);
-        // An instance ("queue/draft") is a set of options for a queue that is listed without it too.
-        if (destination.instance == nullptr && !IsWithoutQueue(options)) {
-            found.Queues.push_back(std::make_unique<CupsQueue>(destination.name, options));
-        }
+    const IppMessage answer = Ask(connection.get(), RequestFor(IPP_OP_CUPS_GET_PRINTERS, "", false));
+    // A server without queues says that it finds none.
+    found.Answered = answer != nullptr || cupsLastError() == IPP_STATUS_ERROR_NOT_FOUND;
+    if (answer == nullptr) {
+        return found;
     }
-    for (std::size_t i = 0; i < found.Queues.size(); ++i) {
-        if (found.Queues[i]->Name() == preferred) {
-            found.Default = static_cast<int>(i);
+    const char* const name = cupsGetDefault2(connection.get());
+    const std::string preferred = name == nullptr ? "" : name;
+    ipp_attribute_t* at = NextQueue(answer.get(), ippFirstAttribute(answer.get()));
+    while (at != nullptr) {
+        CupsAttributes attributes = ReadAttributes(answer.get(), at);
+        at = NextQueue(answer.get(), at);
+        if (IsWithoutQueue(attributes)) {
+            continue;
+        }
+        found.Queues.push_back(std::make_unique<CupsQueue>(server, std::move(attributes)));
+        if (found.Queues.back()->Name() == preferred) {
+            found.Default = static_cast<int>(found.Queues.size()) - 1;
         }
     }
     return found;
 }
 
+CupsQueue::CupsQueue(std::shared_ptr<CupsServer> server, CupsAttributes attributes)
+    : server_(std::move(server)), name_(ValueOf(attributes, "printer-name")),
+      uri_(ValueOf(attributes, "printer-uri-supported")), known_(std::move(attributes)) {}
+
+bool CupsQueue::HasNewMedia(const CupsAttributes& attributes) const {
+    constexpr const char* Changed = "printer-config-change-time";
+    const std::string changed = ValueOf(attributes, Changed);
+    return media_.Papers.empty() || changed.empty() || changed != ValueOf(known_, Changed) ||
+           NumberOf(attributes, "printer-up-time") - NumberOf(attributes, Changed) < UnsettledSeconds;
+}
+
 bool CupsQueue::Refresh() {
-    const CupsConnection connection = ConnectCups();
+    isAsked_ = true;
+    const CupsConnection connection = server_->Connect();
     if (connection == nullptr) {
         return false;
     }
-    std::optional<CupsOptions> options = QueueOptions(connection.get(), name_);
-    if (!options) {
+    const IppMessage answer = Ask(connection.get(), RequestFor(IPP_OP_GET_PRINTER_ATTRIBUTES, uri_, true));
+    if (answer == nullptr) {
         return false;
     }
-    known_ = std::move(*options);
+    ipp_attribute_t* at = NextQueue(answer.get(), ippFirstAttribute(answer.get()));
+    CupsAttributes attributes = ReadAttributes(answer.get(), at);
+    if (HasNewMedia(attributes)) {
+        media_ = ReadMedia(connection.get(), answer.get(), uri_);
+        KeepNumbers(media_, numbers_);
+    }
+    known_ = std::move(attributes);
     return true;
 }
 
 const CupsMedia& CupsQueue::Media() {
-    if (media_.Papers.empty()) {
-        if (const CupsConnection connection = ConnectCups()) {
-            media_ = ReadCupsMedia(connection.get(), name_);
-        }
+    if (!isAsked_) {
+        Refresh();
     }
     return media_;
 }
 
 std::uint32_t CupsQueue::Status() {
     Refresh();
-    return StatusBits(OptionValue(known_, "printer-state"), OptionValue(known_, "printer-state-reasons"),
-                      OptionValue(known_, "printer-is-accepting-jobs"));
+    return StatusBits(ValueOf(known_, "printer-state"), ValueOf(known_, "printer-state-reasons"),
+                      ValueOf(known_, "printer-is-accepting-jobs"));
 }
 
 QueueSettings CupsQueue::ReadSettings() {
     Refresh();
-    const CupsMedia& media = Media();
-    QueueSettings settings{Portrait, media.DefaultPaper, media.DefaultBin, 1};
-
-    // PageSize and InputSlot go first: the server gives its own `media` where the user has set none.
-    const std::string size = OptionValue(known_, "PageSize");
-    const std::string keyword = OptionValue(known_, "media");
-    const auto paper = std::find_if(media.Papers.begin(), media.Papers.end(), [&](const Paper& each) {
-        return size.empty() ? !keyword.empty() && (each.PwgMedia == keyword || each.PpdSize == keyword)
-                            : each.PpdSize == size;
-    });
-    if (paper != media.Papers.end()) {
+    QueueSettings settings{Portrait, media_.DefaultPaper, media_.DefaultBin, 1};
+    const CupsOptions options = server_->Defaults().Options(name_);
+    if (const Paper* paper = PaperIn(media_, options)) {
         settings.PaperId = paper->Id;
     }
-    const std::string slot = OptionValue(known_, "InputSlot");
-    const std::string source = OptionValue(known_, "media-source");
-    const auto bin = std::find_if(media.Bins.begin(), media.Bins.end(), [&](const Bin& each) {
-        return slot.empty() ? !source.empty() && each.PwgSource == source : each.PpdSlot == slot;
-    });
-    if (bin != media.Bins.end()) {
+    if (const Bin* bin = BinIn(media_, options)) {
         settings.BinId = bin->Id;
     }
-    const std::string orientation = OptionValue(known_, "orientation-requested");
+    const auto optionOrPreset = [&](const std::string& name) {
+        const std::string own = ValueOf(options, name);
+        return own.empty() ? ValueOf(known_, name + "-default") : own;
+    };
+    const std::string orientation = optionOrPreset("orientation-requested");
     if (orientation == IppLandscape || orientation == IppReverseLandscape) {
         settings.Orientation = Landscape;
     }
-    const long copies = std::strtol(OptionValue(known_, "copies").c_str(), nullptr, 10);
+    const long copies = std::strtol(optionOrPreset("copies").c_str(), nullptr, 10);
     settings.Copies = static_cast<std::int16_t>(std::clamp(copies, 1L, 9999L));
     return settings;
 }
@@ -146,38 +211,36 @@ bool CupsQueue::WriteSettings(const QueueSettings& settings) {
     if (settings == stored) {
         return true;
     }
-    const CupsConnection connection = ConnectCups();
-    if (connection == nullptr) {
-        return false;
+    UserDefaults& defaults = server_->Defaults();
+    if (settings == defaults.Before(name_)) {
+        return defaults.PutBack(name_);
     }
-    // All of them, as the user's file is written anew with what the list holds.
-    CupsDestinations destinations(connection.get());
-    cups_dest_t* mine = cupsGetDest(name_.c_str(), nullptr, destinations.Count(), destinations.begin());
-    if (mine == nullptr) {
-        return false;
+    CupsOptions changes;
+    if (const Paper* paper = WithId(media_.Papers, settings.PaperId);
+        paper != nullptr && settings.PaperId != stored.PaperId) {
+        changes.merge(PaperOptions(*paper));
     }
-    const Paper* paper =
-        settings.PaperId == stored.PaperId ? nullptr : WithId(media_.Papers, settings.PaperId);
-    const Bin* bin = settings.BinId == stored.BinId ? nullptr : WithId(media_.Bins, settings.BinId);
-    std::vector<Choice> choices = MediaChoices(paper, bin);
+    if (const Bin* bin = WithId(media_.Bins, settings.BinId);
+        bin != nullptr && settings.BinId != stored.BinId) {
+        changes.merge(BinOptions(*bin));
+    }
     if (settings.Orientation != stored.Orientation) {
-        choices.push_back({"orientation-requested",
-                           std::string(settings.Orientation == Landscape ? IppLandscape : IppPortrait)});
+        changes["orientation-requested"] = settings.Orientation == Landscape ? IppLandscape : IppPortrait;
     }
-    for (const Choice& choice : choices) {
-        mine->num_options =
-            cupsAddOption(choice.Option, choice.Value.c_str(), mine->num_options, &mine->options);
-    }
-    return cupsSetDests2(connection.get(), destinations.Count(), destinations.begin()) == 0;
+    return defaults.Change(name_, stored, changes);
 }
 
 std::unique_ptr<PrintJob> CupsQueue::BeginJob(const std::string& title, const Paper& paper, const Bin* bin) {
-    Refresh();
-    CupsOptions options = known_; // the server adds the user's own to no job
-    for (const Choice& choice : MediaChoices(&paper, bin)) {
-        options[choice.Option] = choice.Value;
+    CupsOptions options = PaperOptions(paper);
+    if (bin != nullptr) {
+        options.merge(BinOptions(*bin));
     }
-    return std::make_unique<CupsJob>(name_, title, options);
+    const CupsOptions names = options;
+    options.merge(server_->Defaults().Options(name_)); // the server adds the user's own to no job
+    std::erase_if(options, [&names](const auto& option) {
+        return option.second.empty() && names.contains(option.first);
+    });
+    return std::make_unique<CupsJob>(server_, name_, uri_, title, options);
 }
 
 } // namespace platform::qt

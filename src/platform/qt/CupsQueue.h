@@ -1,9 +1,10 @@
 #pragma once
 
-#include "platform/qt/CupsConnection.h"
 #include "platform/qt/CupsMedia.h"
+#include "platform/qt/CupsServer.h"
 #include "platform/qt/PrintQueue.h"
 
+#include <memory>
 #include <string>
 #include <vector>
 
@@ -13,12 +14,12 @@ namespace platform::qt {
 /// settings.
 class CupsQueue : public PrintQueue {
   public:
-    CupsQueue(const std::string& name, const CupsOptions& options) : name_(name), known_(options) {}
+    CupsQueue(std::shared_ptr<CupsServer> server, CupsAttributes attributes);
 
     std::string Name() override { return name_; }
-    std::string Port() override { return OptionValue(known_, "device-uri"); }
-    std::string Comment() override { return OptionValue(known_, "printer-info"); }
-    std::string Driver() override { return OptionValue(known_, "printer-make-and-model"); }
+    std::string Port() override { return ValueOf(known_, "device-uri"); }
+    std::string Comment() override { return ValueOf(known_, "printer-info"); }
+    std::string Driver() override { return ValueOf(known_, "printer-make-and-model"); }
 
     bool Reachable() override { return Refresh(); }
     std::uint32_t Status() override;
@@ -34,13 +35,18 @@ class CupsQueue : public PrintQueue {
   private:
     bool Refresh();
     const CupsMedia& Media();
+    bool HasNewMedia(const CupsAttributes& attributes) const;
 
+    std::shared_ptr<CupsServer> server_;
     std::string name_;
-    CupsOptions known_; ///< as the server last told them
+    std::string uri_;
+    CupsAttributes known_; ///< as the server last told them
+    bool isAsked_ = false;
     CupsMedia media_;
+    MediaNumbers numbers_;
 };
 
-/// The queues of the print server; none if it does not answer.
-FoundQueues FindCupsQueues();
+/// The queues of the print server, and whether it answered.
+FoundQueues FindCupsQueues(const std::shared_ptr<CupsServer>& server);
 
 } // namespace platform::qt

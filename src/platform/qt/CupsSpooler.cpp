@@ -132,7 +132,7 @@ std::int32_t List(void* output, const std::vector<Item>& items, Write write) {
 
 PrintQueue* CupsSpooler::OfHandle(PrinterHandle handle) const {
     const auto found = open_.find(handle);
-    return found == open_.end() ? nullptr : found->second;
+    return found == open_.end() ? nullptr : printers_.Find(found->second);
 }
 
 bool CupsSpooler::OpenPrinterA(const std::string& printer, PrinterHandle& handle, const PRINTER_DEFAULTS&) {
@@ -142,7 +142,7 @@ bool CupsSpooler::OpenPrinterA(const std::string& printer, PrinterHandle& handle
         return false;
     }
     handle = ++last_;
-    open_[handle] = queue;
+    open_[handle] = queue->Name();
     return true;
 }
 
@@ -223,7 +223,8 @@ bool CupsSpooler::SetPrinterA(PrinterHandle handle, std::uint32_t level, const v
 std::int32_t CupsSpooler::DeviceCapabilitiesA(const std::string& printer, const std::string&,
                                               std::uint16_t capability, void* output) {
     PrintQueue* queue = printers_.Find(text::FromCodePage(printer));
-    if (queue == nullptr) {
+    // A count begins a reading of the lists, and they may have changed.
+    if (queue == nullptr || (output == nullptr && !queue->Reachable())) {
         return Failed;
     }
     switch (capability) {

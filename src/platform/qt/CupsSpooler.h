@@ -32,7 +32,7 @@ class CupsSpooler : public Spooler {
     PrintQueue* OfHandle(PrinterHandle handle) const;
 
     QtPrinters& printers_;
-    std::map<PrinterHandle, PrintQueue*> open_;
+    std::map<PrinterHandle, std::string> open_; ///< by name, as a printer may go while it is open
     PrinterHandle last_ = 0;
 };
 

@@ -87,6 +87,7 @@ class PrintQueue {
 struct FoundQueues {
     std::vector<std::unique_ptr<PrintQueue>> Queues;
     int Default = -1;
+    bool Answered = false; ///< false if the server could not be asked
 };
 
 } // namespace platform::qt

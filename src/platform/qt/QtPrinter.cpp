@@ -1,6 +1,7 @@
 #include "platform/qt/QtPrinter.h"
 
 #include "platform/qt/ArrowPointer.h"
+#include "platform/qt/PaperTable.h"
 
 #include <QApplication>
 #include <QMessageBox>
@@ -22,6 +23,9 @@ constexpr double UnitsPerDot = 7200.0 / DotsPerInch;
 /// A4.
 const FontSpec OwnFont = {"Tahoma", 8, false};
 
+/// The sheet of a queue that tells no papers: it prints on what it has.
+const Paper Unlisted = {PaperA4, "A4", "", "", 210 / 25.4 * 1440, 297 / 25.4 * 1440};
+
 int Dots(double twips) {
     return static_cast<int>(std::lround(twips / TwipsPerDot));
 }
@@ -31,6 +35,7 @@ int Dots(double twips) {
 void TellPrintFailure(const std::string& text) {
     QMessageBox box(QMessageBox::Critical, QStringLiteral("Afdrukken"), QString::fromStdString(text),
                     QMessageBox::Ok, QApplication::activeWindow());
+    box.setTextFormat(Qt::PlainText); // a server's own words are part of it
     const ArrowPointer arrow;
     box.exec();
 }
@@ -48,7 +53,7 @@ PrintQueue& QtPrinter::Queue() {
 }
 
 void QtPrinter::Assign(int index) {
-    queue_ = &printers_.Queue(index);
+    queue_ = printers_.Share(index);
     settings_ = queue_->ReadSettings();
     Drawing = DrawingState{0, 0, OwnFont};
 }
@@ -107,7 +112,7 @@ std::int16_t QtPrinter::Copies() {
 const Paper& QtPrinter::CurrentPaper() {
     const auto& papers = Queue().Papers();
     if (papers.empty()) {
-        throw RuntimeError(ErrorPrinter, "De printer kent geen papierformaten.");
+        return Unlisted;
     }
     const auto found = std::find_if(papers.begin(), papers.end(),
                                     [this](const Paper& paper) { return paper.Id == settings_.PaperId; });
@@ -136,6 +141,13 @@ double QtPrinter::Width() {
 
 double QtPrinter::Height() {
     return Measure().Height;
+}
+
+double QtPrinter::ScaleLeft() {
+    if (!Queue().Reachable()) {
+        throw RuntimeError(ErrorPrinter, "De printer is niet bereikbaar.");
+    }
+    return 0;
 }
 
 double QtPrinter::ScaleWidth() {

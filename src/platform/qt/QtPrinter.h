@@ -39,7 +39,8 @@ class QtPrinter : public Printer, private PageDevice {
 
     double Width() override;
     double Height() override;
-    double ScaleLeft() override { return 0; }
+    /// A run asks for it when it opens the printer: one that is gone or does not answer is told here.
+    double ScaleLeft() override;
     double ScaleTop() override { return 0; }
     double ScaleWidth() override;
     double ScaleHeight() override;
@@ -72,7 +73,7 @@ class QtPrinter : public Printer, private PageDevice {
 
     QtPrinters& printers_;
     PrintFailureTeller teller_;
-    PrintQueue* queue_ = nullptr;
+    std::shared_ptr<PrintQueue> queue_;
     QueueSettings settings_;
     std::string title_;
     QtCanvas canvas_;

@@ -4,22 +4,32 @@
 #include "platform/qt/CupsQueue.h"
 
 #include <algorithm>
+#include <iterator>
 #include <utility>
 
 namespace platform::qt {
 
-QtPrinters::QtPrinters(std::unique_ptr<PdfPrinter> pdf) : QtPrinters(std::move(pdf), FindCupsQueues) {}
+QtPrinters::QtPrinters(std::unique_ptr<PdfPrinter> pdf)
+    : QtPrinters(std::move(pdf),
+                 [server = std::make_shared<CupsServer>()] { return FindCupsQueues(server); }) {}
 
 QtPrinters::QtPrinters(std::unique_ptr<PdfPrinter> pdf, QueueFinder find)
     : pdf_(std::move(pdf)), find_(std::move(find)) {}
 
 void QtPrinters::Load() {
-    if (pdf_ == nullptr) {
+    if (queues_.empty()) {
+        Refresh();
+    }
+}
+
+void QtPrinters::Refresh() {
+    FoundQueues found = find_();
+    if (!found.Answered && !queues_.empty()) {
         return;
     }
-    FoundQueues found = find_();
-    queues_ = std::move(found.Queues);
-    queues_.push_back(std::move(pdf_));
+    queues_.clear();
+    std::move(found.Queues.begin(), found.Queues.end(), std::back_inserter(queues_));
+    queues_.push_back(pdf_);
     const int last = static_cast<int>(queues_.size()) - 1;
     default_ = found.Default >= 0 && found.Default < last ? found.Default : last;
 }
@@ -34,11 +44,11 @@ PrinterEntry QtPrinters::Item(int index) {
     return {queue.Name(), queue.Port()};
 }
 
-PrintQueue& QtPrinters::Queue(int index) {
+std::shared_ptr<PrintQueue> QtPrinters::Share(int index) {
     if (index < 0 || index >= Count()) {
         throw RuntimeError(ErrorSubscriptOutOfRange, "Deze printer bestaat niet.");
     }
-    return *queues_[static_cast<std::size_t>(index)];
+    return queues_[static_cast<std::size_t>(index)];
 }
 
 PrintQueue* QtPrinters::Find(const std::string& name) {

@@ -93,5 +93,32 @@ TEST(NumberMedia, StaysWithinSixteenBits) {
     }
 }
 
+TEST(KeepNumbers, GivesANumberToOnePaperForGood) {
+    const auto media = [](const std::string& keyword) {
+        CupsMedia made;
+        for (const std::string& each : {std::string("iso_a4_210x297mm"), keyword}) {
+            Paper paper;
+            paper.PwgMedia = each;
+            made.Papers.push_back(paper);
+        }
+        made.Papers[0].Id = 9;
+        NumberMedia(made);
+        made.DefaultPaper = made.Papers[1].Id;
+        return made;
+    };
+    MediaNumbers numbers;
+    CupsMedia first = media("om_eerste_1x1mm");
+    CupsMedia second = media("om_tweede_1x1mm");
+    CupsMedia again = media("om_eerste_1x1mm");
+    KeepNumbers(first, numbers);
+    KeepNumbers(second, numbers);
+    KeepNumbers(again, numbers);
+    EXPECT_EQ(first.Papers[0].Id, 9);
+    EXPECT_EQ(first.Papers[1].Id, 257);
+    EXPECT_EQ(second.Papers[1].Id, 258);
+    EXPECT_EQ(second.DefaultPaper, 258);
+    EXPECT_EQ(again.Papers[1].Id, 257);
+}
+
 } // namespace
 } // namespace platform::qt

@@ -30,6 +30,18 @@ WebInterface No
     Allow all
   </Limit>
 </Policy>
+<Policy wachtwoord>
+  <Limit Print-Job Create-Job>
+    AuthType Basic
+    Require user niemand
+    Order allow,deny
+    Allow all
+  </Limit>
+  <Limit All>
+    Order allow,deny
+    Allow all
+  </Limit>
+</Policy>
 )";
 
 constexpr const char* Files = R"(SystemGroup root
@@ -48,13 +60,43 @@ ErrorLog @/error.log
 PageLog @/page.log
 )";
 
-// The backend gets the job's options as its fifth argument, and the document as a file or on its standard
-// input.
-constexpr const char* Backend = R"(#!/bin/sh
+// A backend gets the job's number, user, title, copies and options as its arguments, and the document as a
+// file or on its standard input. The document's name appears when all is there.
+constexpr const char* SaveBackend = R"(#!/bin/sh
 [ $# -eq 0 ] && { echo 'direct save "Save" "Save"'; exit 0; }
-printf '%s' "$5" > @/out/options
-if [ $# -ge 6 ]; then cat "$6" > @/out/part; else cat > @/out/part; fi
-mv @/out/part @/out/document
+job=@/out/$1
+mkdir -p "$job"
+printf '%s' "$PRINTER" > "$job/queue"
+printf '%s' "$3" > "$job/title"
+printf '%s' "$4" > "$job/copies"
+printf '%s' "$5" > "$job/options"
+if [ $# -ge 6 ]; then cat "$6" > "$job/part"; else cat > "$job/part"; fi
+mv "$job/part" "$job/document.pdf"
+)";
+
+// Tells that it has no paper, and does not answer either, until there is a file that stands for paper.
+constexpr const char* EmptyBackend = R"(#!/bin/sh
+[ $# -eq 0 ] && { echo 'direct leeg "Leeg" "Leeg"'; exit 0; }
+echo 'STATE: +media-empty-error,offline-report' >&2
+while [ ! -e @/paper ]; do sleep 0.05; done
+echo 'STATE: -media-empty-error,offline-report' >&2
+exec @/bin/backend/save "$1" "$2" "$3" "$4" "$5" ${6:+"$6"}
+)";
+
+constexpr const char* KantoorQueue = R"(<DefaultPrinter Kantoor>
+Info Printer op kantoor
+DeviceURI save:/dev/null
+State Idle
+Accepting Yes
+</DefaultPrinter>
+)";
+
+constexpr const char* OtherQueue = R"(<Printer %1>
+Info %2
+DeviceURI %3:/dev/null
+State Idle
+Accepting Yes
+</Printer>
 )";
 
 constexpr const char* Types = R"(application/pdf pdf string(0,%PDF)
@@ -138,7 +180,7 @@ void PrintServer::PrepareEnvironment() {
     qputenv("XDG_CONFIG_HOME", folder.filePath("user-config").toLocal8Bit());
 }
 
-PrintServer::PrintServer() : folder_(EmptyFolder()) {
+PrintServer::PrintServer(const QList<PrintQueueKind>& others) : others_(others), folder_(EmptyFolder()) {
     for (const char* name : {"bin/backend", "bin/daemon", "bin/filter", "bin/notifier", "share/mime",
                              "share/banners", "cache", "state", "spool/tmp", "out", "ppd", "ssl"}) {
         folder_.mkpath(QString::fromLatin1(name));
@@ -150,8 +192,15 @@ PrintServer::PrintServer() : folder_(EmptyFolder()) {
     Write("cupsd.conf", Configuration);
     Write("cups-files.conf", Files);
     Write("share/mime/local.types", Types);
-    Write("bin/backend/save", Backend, true);
+    Write("bin/backend/save", SaveBackend, true);
+    Write("bin/backend/leeg", EmptyBackend, true);
     Write("kantoor.ppd", Ppd);
+    QString queues = KantoorQueue;
+    Write("ppd/Kantoor.ppd", Ppd);
+    for (const PrintQueueKind& each : others) {
+        queues += QString(OtherQueue).arg(each.Name, each.Info, each.IsEmpty ? "leeg" : "save");
+    }
+    Write("printers.conf", queues.toUtf8());
     Start();
 }
 
@@ -160,24 +209,39 @@ PrintServer::~PrintServer() {
 }
 
 void PrintServer::Start() {
+    QFile::remove(folder_.filePath("cups.sock"));
+    for (const PrintQueueKind& each : others_) {
+        Write("ppd/" + each.Name + ".ppd", Ppd);
+    }
     server_.setChildProcessModifier([] { prctl(PR_SET_PDEATHSIG, SIGTERM); }); // also where a test crashes
     server_.start("cupsd",
                   {"-f", "-c", folder_.filePath("cupsd.conf"), "-s", folder_.filePath("cups-files.conf")});
-    isUp_ = server_.waitForStarted() && WaitFor("cups.sock") &&
-            Run("lpadmin", {"-p", "Kantoor", "-E", "-v", "save:/dev/null", "-P",
-                            folder_.filePath("kantoor.ppd"), "-D", "Printer op kantoor"}) &&
-            Run("lpadmin", {"-d", "Kantoor"});
+    isUp_ = server_.waitForStarted() && WaitFor("cups.sock");
+    for (const PrintQueueKind& each : others_) {
+        if (!each.HasPpd) { // the server has read what it tells of the queue
+            QFile::remove(folder_.filePath("ppd/" + each.Name + ".ppd"));
+        }
+    }
 }
 
 void PrintServer::Stop() {
     isUp_ = false;
     if (server_.state() != QProcess::NotRunning) {
+        Thaw();
         server_.terminate();
         if (!server_.waitForFinished(Patience)) {
             server_.kill();
             server_.waitForFinished();
         }
     }
+}
+
+void PrintServer::Freeze() {
+    kill(static_cast<pid_t>(server_.processId()), SIGSTOP);
+}
+
+void PrintServer::Thaw() {
+    kill(static_cast<pid_t>(server_.processId()), SIGCONT);
 }
 
 bool PrintServer::Run(const QString& program, const QStringList& arguments) const {
@@ -211,18 +275,33 @@ bool PrintServer::WaitFor(const QString& file) const {
     return true;
 }
 
-QByteArray PrintServer::LastDocument() {
-    QFile file(folder_.filePath("out/document"));
-    return WaitFor("out/document") && file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+QByteArray PrintServer::Read(const QString& name) const {
+    QFile file(folder_.filePath(name));
+    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
 }
 
-QMap<QString, QString> PrintServer::LastOptions() {
-    QMap<QString, QString> options;
-    QFile file(folder_.filePath("out/options"));
-    if (WaitFor("out/document") && file.open(QIODevice::ReadOnly)) {
-        for (const QString& option : QString::fromUtf8(file.readAll()).split(' ', Qt::SkipEmptyParts)) {
-            options[option.section('=', 0, 0)] = option.section('=', 1);
-        }
+std::optional<ArrivedJob> PrintServer::Job(int number) const {
+    const QString job = QStringLiteral("out/%1/").arg(number);
+    if (!WaitFor(job + "document.pdf")) {
+        return std::nullopt;
     }
-    return options;
+    ArrivedJob arrived;
+    arrived.Queue = Read(job + "queue");
+    arrived.Title = Read(job + "title");
+    arrived.Copies = Read(job + "copies");
+    for (const QString& option : QString::fromUtf8(Read(job + "options")).split(' ', Qt::SkipEmptyParts)) {
+        arrived.Options[option.section('=', 0, 0)] = option.section('=', 1);
+    }
+    arrived.File = folder_.filePath(job + "document.pdf");
+    return arrived;
+}
+
+QByteArray PrintServer::LastDocument() const {
+    const std::optional<ArrivedJob> job = Job(1);
+    return job ? Read(job->File) : QByteArray();
+}
+
+QMap<QString, QString> PrintServer::LastOptions() const {
+    const std::optional<ArrivedJob> job = Job(1);
+    return job ? job->Options : QMap<QString, QString>();
 }

@@ -2,9 +2,35 @@
 
 #include <QByteArray>
 #include <QDir>
+#include <QFile>
+#include <QList>
 #include <QMap>
 #include <QProcess>
 #include <QString>
+
+#include <optional>
+
+/// A queue beside "Kantoor". All have four papers and three bins.
+struct PrintQueueKind {
+    QString Name;
+    QString Info;
+    bool IsEmpty = false; ///< its printer is out of paper and offline
+    bool HasPpd = true;   ///< else the server has no PPD to give
+};
+
+/// Known by its attributes alone, as a printer without a driver is.
+inline const PrintQueueKind Driverless = {"Driverloos", "Printer zonder PPD", false, false};
+/// Its printer tells that it is out of paper and offline, until PutPaperIn.
+inline const PrintQueueKind OutOfPaper = {"Leeg", "Printer zonder papier", true};
+
+/// What has come out of a queue.
+struct ArrivedJob {
+    QByteArray Queue;
+    QByteArray Title;
+    QByteArray Copies;
+    QMap<QString, QString> Options;
+    QString File; ///< the document
+};
 
 /// A print server of the test's own, on a socket in a temporary folder: it knows nothing of the machine's and
 /// leaves it alone. Its queue "Kantoor" has a PPD and a backend that saves what would go to the printer.
@@ -14,27 +40,44 @@ class PrintServer {
     /// client library asks the environment only once.
     static void PrepareEnvironment();
 
-    PrintServer();
+    explicit PrintServer(const QList<PrintQueueKind>& others = {});
     ~PrintServer();
 
     /// Installed and running.
     bool IsUp() const { return isUp_; }
 
     void Stop();
+    /// Once more, with all that it knew.
+    void Start();
 
-    /// Document and options of the last job, once it has come out of the queue; empty if none does.
-    QByteArray LastDocument();
-    QMap<QString, QString> LastOptions();
+    /// While it is frozen it takes connections and requests, and answers none.
+    void Freeze();
+    void Thaw();
+
+    void PutPaperIn() const { Write("paper", "x"); }
+
+    /// A job that has come out of a queue, by its number from 1 on; nothing if it does not come.
+    std::optional<ArrivedJob> Job(int number) const;
+    bool HasJob(int number) const {
+        return QFile::exists(folder_.filePath(QString("out/%1/document.pdf").arg(number)));
+    }
+
+    /// Document and options of the only job.
+    QByteArray LastDocument() const;
+    QMap<QString, QString> LastOptions() const;
 
     QString Folder() const { return folder_.path(); }
     /// Runs an administrator's tool against the server.
     bool Run(const QString& program, const QStringList& arguments) const;
 
-  private:
-    void Start();
     void Write(const QString& name, const QByteArray& text, bool executable = false) const;
+    /// A file of the server or of its user; empty if it is not there.
+    QByteArray Read(const QString& name) const;
+
+  private:
     bool WaitFor(const QString& file) const;
 
+    QList<PrintQueueKind> others_;
     QDir folder_;
     QProcess server_;
     bool isUp_ = false;

@@ -104,6 +104,20 @@ TEST_F(SpoolerTest, OpensByNameAndClosesOnce) {
     EXPECT_EQ(Open(), 0U);
 }
 
+TEST_F(SpoolerTest, AnOpenPrinterThatIsGoneFails) {
+    const PrinterHandle handle = Open();
+    Queue->QueueName = "Elders";
+    DEVMODE mode{};
+    EXPECT_LT(Spooler.DocumentPropertiesA(handle, "Kantoor", &mode, nullptr, DM_OUT_BUFFER), 0);
+    EXPECT_TRUE(Spooler.ClosePrinter(handle));
+}
+
+TEST_F(SpoolerTest, CountsNoPapersOfAPrinterThatCannotBeAsked) {
+    Queue->IsReachable = false;
+    EXPECT_EQ(Spooler.DeviceCapabilitiesA("Kantoor", "", DC_PAPERNAMES, nullptr), -1);
+    EXPECT_EQ(Spooler.DeviceCapabilitiesA("Kantoor", "", DC_BINS, nullptr), -1);
+}
+
 TEST_F(SpoolerTest, FindsANameThatIsInTheCodePage) {
     Queue->QueueName = "B\xC3\xA8ta";
     EXPECT_NE(Open("B\xE8ta"), 0U);
