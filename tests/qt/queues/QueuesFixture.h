@@ -1,0 +1,68 @@
+#pragma once
+
+#include "qt/Window.h"
+#include "qt/printing/PrintServer.h"
+#include "qt/queues/RealProgram.h"
+
+#include <QFile>
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <memory>
+#include <string>
+#include <vector>
+
+/// A user's machine: a print server with three queues, the main application's settings, and the program.
+class QueuesTest : public testing::Test {
+  protected:
+    static constexpr const char* FormsTray = "Lade 3 met formulieren";
+    static constexpr const char* LegalPaper = "US Legal";
+
+    enum Document : int { TestForms, NameList, CalibrationReport };
+
+    void SetUp() override {
+        if (!Server.IsUp()) {
+            GTEST_SKIP() << "no print server can be started here";
+        }
+        const QString folder = Server.Folder() + "/user-config/tarvik";
+        QDir().mkpath(folder);
+        ASSERT_TRUE(QFile::copy(EXAMPLE_SETTINGS, folder + "/settings.reg"));
+        QFile::setPermissions(folder + "/settings.reg", QFile::ReadOwner | QFile::WriteOwner);
+    }
+
+    void StartProgram() {
+        Program = std::make_unique<RealProgram>();
+        Program->GoToTheLastPage();
+    }
+
+    /// The user's own defaults, as the file has them.
+    QByteArray UserFile() const { return Server.Read(".cups/lpoptions"); }
+    bool HasUserFile() const { return QFile::exists(Server.Folder() + "/.cups/lpoptions"); }
+    void WriteUserFile(const QByteArray& text) const {
+        QDir().mkpath(Server.Folder() + "/.cups");
+        Server.Write(".cups/lpoptions", text);
+    }
+
+    std::vector<std::string> Messages() const {
+        std::vector<std::string> texts;
+        std::transform(Boxes.All().begin(), Boxes.All().end(), std::back_inserter(texts),
+                       [](const auto& box) { return box.Text.toStdString(); });
+        return texts;
+    }
+
+    std::vector<std::string> Entries(int combo) {
+        std::vector<std::string> texts;
+        const forms::ComboBox& box = Program->Manager().cboPrinterSelect(combo);
+        for (int i = 0; i < box.ListCount(); ++i) {
+            texts.push_back(box.List(i));
+        }
+        return texts;
+    }
+
+    std::string Label(int index) { return Program->Manager().lblPrinterSelect(index).Caption(); }
+
+    PrintServer Server{{Driverless, OutOfPaper}};
+    window::MessageBoxes Boxes;
+    std::unique_ptr<RealProgram> Program;
+};

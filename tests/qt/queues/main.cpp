@@ -1,0 +1,45 @@
+#include "platform/qt/QtPlatform.h"
+#include "qt/Window.h"
+#include "qt/printing/PrintServer.h"
+#include "qt/queues/RealProgram.h"
+
+#include <QEventLoop>
+
+#include <gtest/gtest.h>
+
+#include <cstring>
+
+namespace {
+
+/// Prints from the preview with another tray, and waits in the open print manager until it is killed.
+void PrintAndWait() {
+    const window::MessageBoxes boxes;
+    RealProgram program;
+    program.GoToTheLastPage();
+    program.OpenManager([&] {
+        program.OpenDetails();
+        program.Pick(2, "Lade 3 met formulieren");
+        program.PickDocument(1);
+        window::WhenShown("frmPrintPreview",
+                          [] { window::Click(window::Find("frmPrintPreview", "Toolbar(1)")); });
+        program.Click("cmdPrintVoorbeeld");
+        QEventLoop().exec();
+    });
+}
+
+} // namespace
+
+int main(int argc, char** argv) {
+    qputenv("QT_QPA_PLATFORM", "offscreen");
+    const bool isHelper = argc > 1 && std::strcmp(argv[1], "--print-and-wait") == 0;
+    if (!isHelper) {
+        PrintServer::PrepareEnvironment();
+    }
+    testing::InitGoogleTest(&argc, argv);
+    const platform::qt::DutchApplication application(argc, argv);
+    if (isHelper) {
+        PrintAndWait();
+        return 0;
+    }
+    return RUN_ALL_TESTS();
+}
