@@ -2,10 +2,13 @@
 #include <gtest/gtest.h>
 
 #include <QMenuBar>
+#include <QPainter>
+#include <QSvgRenderer>
 #include <QTest>
 
 #include <cmath>
 
+#include "platform/qt/PictureWidget.h"
 #include "qt/PreviewFixture.h"
 
 namespace {
@@ -251,6 +254,31 @@ TEST_F(PreviewTest, AnotherSizePlacesTheBars) {
         EXPECT_EQ(Widget("StatusBar")->geometry().bottom() + 1,
                   Widget("StatusBar")->parentWidget()->height());
     });
+}
+
+// The plate behind a hot or a pressed arrow ends with a whole dot, at each density that a desktop offers.
+TEST_F(PreviewTest, TheArrowsHaveFourLooksWithSharpEdges) {
+    for (const int side : {16, 24, 32, 48}) {
+        for (const int first : {1, 5}) {
+            std::vector<QImage> looks;
+            for (int number = first; number < first + 4; ++number) {
+                QSvgRenderer renderer(
+                    platform::qt::PictureFile(QStringLiteral("imgResourceSmall-%1").arg(number)));
+                QImage look(side, side, QImage::Format_ARGB32);
+                look.fill(Qt::transparent);
+                QPainter painter(&look);
+                renderer.render(&painter);
+                painter.end();
+                EXPECT_THAT(looks, testing::Not(testing::Contains(look))) << number;
+                const bool hasPlate = number >= first + platform::cmdButtonXP::LookHot;
+                for (const QPoint& edge : {QPoint(0, side / 2), QPoint(side - 1, side / 2),
+                                           QPoint(side / 2, 0), QPoint(side / 2, side - 1)}) {
+                    EXPECT_EQ(look.pixelColor(edge).alpha(), hasPlate ? 255 : 0) << number << " at " << side;
+                }
+                looks.push_back(look);
+            }
+        }
+    }
 }
 
 } // namespace
