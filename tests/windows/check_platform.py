@@ -128,8 +128,8 @@ class Paper:
         off = [max(abs(a - b) for a, b in zip(line, (*dots(x1, y1), *dots(x2, y2)))) for line in drawn]
         self.failures.check(min(off, default=9) <= 1, "the line lies at its place")
 
-    def check(self):
-        self.failures.check(self.sizes == [(612, 1008)] * 2, f"two pages of the chosen paper: {self.sizes}")
+    def check(self, sizes):
+        self.failures.check(self.sizes == sizes, f"the pages have the chosen paper: {self.sizes}")
         for text in self.texts:
             self.check_text(*text)
         for line in self.lines:
@@ -137,17 +137,25 @@ class Paper:
         print(f"The worst text is {self.worst:.3f} mm off.")
 
 
+def check_paper(output, job, sizes, failures):
+    with tempfile.TemporaryDirectory() as folder:
+        Paper(output.splitlines(), job.document, pathlib.Path(folder), failures).check(sizes)
+
+
 def check_samples(prefix, server, program, failures):
     done = prefix.run(program, "samples", timeout=120, check=False)
     failures.check(done.returncode == 0, "the samples are printed")
     job = server.next_job()
-    failures.check(job.title.encode() == "Proefblad voor Zoë".encode(), f"the job has the document's title: {job.title}")
+    failures.check(job.title == "Proefblad voor Zoë", f"the job has the document's title: {job.title}")
     features = re.findall(rb"%%BeginFeature: \*(\w+) (\w+)", job.document)
     failures.check((b"PageSize", b"Legal") in features, "the chosen paper is in the job")
     failures.check((b"InputSlot", b"Manual") in features, "and the chosen bin")
     failures.check(not server.has_job(), "documents that were given up have not been printed")
-    with tempfile.TemporaryDirectory() as folder:
-        Paper(done.stdout.splitlines(), job.document, pathlib.Path(folder), failures).check()
+    check_paper(done.stdout, job, [(612, 1008)] * 2, failures)
+
+    done = prefix.run(program, "side", timeout=120, check=False)
+    failures.check(done.returncode == 0, "a sheet on its side is printed")
+    check_paper(done.stdout, server.next_job(), [(595, 842)], failures)
 
 
 def main():

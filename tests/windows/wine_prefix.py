@@ -136,7 +136,7 @@ def base_prefix(build):
     """The prefix that all others are copied from, made if it is not there yet."""
     if not LOADER.exists() or not SERVER.exists():
         skip("Wine is not installed")
-    folder = build / "wine"
+    folder = build.resolve() / "wine"
     folder.mkdir(parents=True, exist_ok=True)
     with open(folder / "lock", "w", encoding="ascii") as lock:
         fcntl.flock(lock, fcntl.LOCK_EX)  # tests run side by side

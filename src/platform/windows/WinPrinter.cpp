@@ -158,12 +158,7 @@ double WinPrinter::Height() {
 }
 
 double WinPrinter::ScaleLeft() {
-    Device(); // a printer that cannot be reached has no measures
-    return 0;
-}
-
-double WinPrinter::ScaleTop() {
-    Device();
+    Device(); // a printer that cannot be reached shows itself here, to whoever opens it
     return 0;
 }
 

@@ -37,7 +37,7 @@ class WinPrinter final : public Printer, private PageDevice {
     double Width() override;
     double Height() override;
     double ScaleLeft() override;
-    double ScaleTop() override;
+    double ScaleTop() override { return 0; }
     double ScaleWidth() override;
     double ScaleHeight() override;
 

@@ -64,30 +64,38 @@ std::string DefaultName() {
 
 } // namespace
 
-int WinPrinters::Count() {
+void WinPrinters::Refresh() {
     entries_ = FindPrinters();
     loaded_ = true;
-    return static_cast<int>(entries_.size());
+}
+
+const std::vector<PrinterEntry>& WinPrinters::Entries() {
+    if (!loaded_) {
+        Refresh();
+    }
+    return entries_;
+}
+
+int WinPrinters::Count() {
+    return static_cast<int>(Entries().size());
 }
 
 PrinterEntry WinPrinters::Item(int index) {
-    if (!loaded_) {
-        Count();
-    }
-    if (index < 0 || index >= static_cast<int>(entries_.size())) {
+    if (index < 0 || index >= Count()) {
         throw RuntimeError(ErrorSubscriptOutOfRange, "Deze printer bestaat niet.");
     }
     return entries_[static_cast<std::size_t>(index)];
 }
 
 int WinPrinters::DefaultIndex() {
-    if (Count() == 0) {
+    const std::vector<PrinterEntry>& entries = Entries();
+    if (entries.empty()) {
         return -1;
     }
     const std::string name = DefaultName();
-    const auto found = std::find_if(entries_.begin(), entries_.end(),
+    const auto found = std::find_if(entries.begin(), entries.end(),
                                     [&name](const PrinterEntry& entry) { return entry.DeviceName == name; });
-    return found == entries_.end() ? 0 : static_cast<int>(found - entries_.begin());
+    return found == entries.end() ? 0 : static_cast<int>(found - entries.begin());
 }
 
 } // namespace platform::windows

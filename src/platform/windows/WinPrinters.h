@@ -11,14 +11,17 @@ namespace platform::windows {
 /// lists them.
 class WinPrinters final : public Printers {
   public:
-    /// Asks the system anew: a printer may have come or gone. A machine whose spooler does not run has none.
+    /// A machine whose spooler does not run has none.
     int Count() override;
     PrinterEntry Item(int index) override;
+    void Refresh() override;
 
     /// Index of the user's default printer, else of the first; -1 without printers.
     int DefaultIndex();
 
   private:
+    const std::vector<PrinterEntry>& Entries();
+
     std::vector<PrinterEntry> entries_;
     bool loaded_ = false;
 };

@@ -38,3 +38,5 @@ void CheckBitmaps();
 /// Prints a document of known texts on the default printer and one line for each of them: what the paper has
 /// to show is held against these by whoever reads it.
 void PrintSamples();
+/// The same with a sheet on its side.
+void PrintOnItsSide();

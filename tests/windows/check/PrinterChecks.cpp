@@ -135,7 +135,9 @@ void CheckVanished(WinPrinters& printers) {
     WinPrinter printer(printers, [&told](const std::string&) { ++told; });
     printer.Assign(IndexOf(printers, "Büro"));
     DeletePrinter(L"B\u00FCro");
-    CheckEqual(IndexOf(printers, "Büro"), -1, "a printer that is gone is not listed");
+    Check(IndexOf(printers, "Büro") >= 0, "the list stays as it is");
+    printers.Refresh();
+    CheckEqual(IndexOf(printers, "Büro"), -1, "until it is asked for anew");
     CheckRaises(
         ErrorPrinter, [&] { printer.ScaleLeft(); }, "its measures cannot be had");
     CheckRaises(
@@ -161,6 +163,10 @@ void CheckHandles(WinPrinters& printers) {
         printer.SetOrientation(DMORIENT_LANDSCAPE);
         printer.ScaleWidth();
         printer.Page().MeasureText("X", printer.Drawing.Font);
+        printer.Page().DrawText(0, 0, "X", printer.Drawing.Font);
+        printer.Page().DrawLine(0, 0, 100, 100, 0);
+        printer.Page().NewPage();
+        printer.Assign(IndexOf(printers, "Kantoor")); // which gives the document up
         printer.SetOrientation(DMORIENT_PORTRAIT);
         printer.ScaleWidth();
     };
@@ -224,37 +230,62 @@ class Samples {
 
 } // namespace
 
-void PrintSamples() {
-    WinPrinters printers;
-    WinPrinter printer(printers, [](const std::string& text) { Check(false, text); });
-    printer.Assign(IndexOf(printers, "Kantoor"));
-    printer.SetPaperSize(DMPAPER_LEGAL);
-    std::vector<short> bins = DriverSettings(L"Kantoor").Offered(DC_BINS);
-    printer.SetPaperBin(bins.back());
-    printer.SetDocumentTitle("Proefblad voor Zoë");
+namespace {
+
+void ShowMargins(WinPrinter& printer) {
     std::printf("margins\t%d\t%d\t%d\n", printer.GetDeviceCaps(platform::CapsPhysicalOffsetX),
                 printer.GetDeviceCaps(platform::CapsPhysicalOffsetY),
                 printer.GetDeviceCaps(platform::CapsLogPixelsX));
+}
+
+const platform::FontSpec Small{"Tahoma", 8, false};
+
+void PrintUpright(WinPrinter& printer) {
+    printer.SetPaperSize(DMPAPER_LEGAL);
+    printer.SetPaperBin(DriverSettings(L"Kantoor").Offered(DC_BINS).back());
+    printer.SetDocumentTitle("Proefblad voor Zoë");
+    ShowMargins(printer);
 
     Samples samples(printer);
-    const std::vector<platform::FontSpec> fonts = {{"Tahoma", 8, false},
-                                                   {"Tahoma", 9, false},
-                                                   {"Tahoma", 12, true},
-                                                   {"OCR-B", 9.96, false},
-                                                   {"OCR-B", 10, false}};
+    const std::vector<platform::FontSpec> fonts = {
+        Small, {"Tahoma", 9, false}, {"Tahoma", 12, true}, {"OCR-B", 9.96, false}, {"OCR-B", 10, false}};
     double y = 101.3;
     for (const platform::FontSpec& font : fonts) {
         samples.Text(33.7, y, "NL12INGB0001234567+0000000000000000<" + std::string(24, '8') + " einde", font);
         y += 333.3;
     }
-    samples.Text(1000.9, y, "Zoë Müller-Ångström €", fonts.front());
+    samples.Text(1000.9, y, "Zoë Müller-Ångström €", Small);
     samples.Line(567, 9000, 5670, 9000, 0);
     samples.NewPage();
     // A text may lie anywhere, also where no printer can reach, and the rest is printed all the same.
-    printer.Page().DrawText(1e300, 0, "nowhere", fonts.front());
-    printer.Page().DrawText(std::numeric_limits<double>::quiet_NaN(), 0, "nowhere", fonts.front());
-    printer.Page().DrawText(0, 12000, std::string(20000, 'x'), fonts.front());
+    printer.Page().DrawText(1e300, 0, "nowhere", Small);
+    printer.Page().DrawText(std::numeric_limits<double>::quiet_NaN(), 0, "nowhere", Small);
+    printer.Page().DrawText(0, 12000, std::string(20000, 'x'), Small);
     printer.Page().DrawLine(-1e300, 0, 1e300, std::numeric_limits<double>::infinity(), 0);
-    samples.Text(4321.1, 2345.6, "tweede", fonts.front());
+    samples.Text(4321.1, 2345.6, "tweede", Small);
     printer.Page().EndDocument();
+}
+
+void PrintOnItsSide(WinPrinter& printer) {
+    printer.SetOrientation(DMORIENT_LANDSCAPE);
+    printer.SetDocumentTitle("Liggend");
+    ShowMargins(printer);
+    Samples samples(printer);
+    samples.Text(0, 0, "hoek", Small);
+    samples.Text(14321.1, 9876.5, "verder", {"Tahoma", 12, true});
+    printer.Page().EndDocument();
+}
+
+} // namespace
+
+void PrintSamples() {
+    WinPrinters printers;
+    WinPrinter printer(printers, [](const std::string& text) { Check(false, text); });
+    PrintUpright(printer);
+}
+
+void PrintOnItsSide() {
+    WinPrinters printers;
+    WinPrinter printer(printers, [](const std::string& text) { Check(false, text); });
+    PrintOnItsSide(printer);
 }

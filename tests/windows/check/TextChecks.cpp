@@ -37,6 +37,21 @@ void CheckPolish() {
     Check(!MachineSpeaks1252(), "which is not the program's");
     CheckEqual(FromMachine("\xB3"), "?", "a letter that the program's code page lacks");
     CheckEqual(ToMachine("\xF8"), "?", "a letter that the machine's code page lacks");
+
+    WinLocale locale;
+    constexpr std::int32_t dutch = 0x0413;
+    char text[8] = {};
+    CheckEqual(locale.GetLocaleInfoA(dutch, platform::LocaleCurrencySymbol, nullptr, 0), 2,
+               "an item's length counts the bytes of the program's code page");
+    CheckEqual(locale.GetLocaleInfoA(dutch, platform::LocaleCurrencySymbol, text, 2), 2,
+               "it fits a buffer of its length");
+    CheckEqual(text, "\x80", "in the program's code page");
+    CheckEqual(locale.GetLocaleInfoA(dutch, platform::LocaleCurrencySymbol, text, 1), 0,
+               "a smaller one fails");
+    CheckEqual(locale.GetLocaleInfoA(dutch, 0x0FFF, text, 8), 0, "an item that does not exist fails");
+    CheckEqual(locale.GetLocaleInfoA(locale.GetUserDefaultLCID(), platform::LocaleCurrencySymbol, text, 8), 3,
+               "the Polish currency is two letters");
+    CheckEqual(text, "z?", "of which the program's code page has one");
 }
 
 void CheckLocale() {
