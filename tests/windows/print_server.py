@@ -4,10 +4,12 @@ Its queues have a PPD and a backend that keeps what would go to the printer: a d
 of its job.
 """
 import collections
+import ctypes
 import os
 import pathlib
 import pwd
 import shutil
+import signal
 import subprocess
 import tempfile
 import time
@@ -122,6 +124,12 @@ PPD = """*PPD-Adobe: "4.3"
 Job = collections.namedtuple("Job", "title copies options document")
 
 
+def end_with_parent():
+    """For a process that has just begun: it ends with the one that began it, also where that is killed."""
+    parent_death_signal = 1
+    ctypes.CDLL(None).prctl(parent_death_signal, signal.SIGTERM)
+
+
 class PrintServer:
     """`queues` are names; the first is the default. Start it before Windows programs ask for printers."""
 
@@ -143,7 +151,8 @@ class PrintServer:
         self._write("queue.ppd", PPD)
         self._server = subprocess.Popen(
             ["cupsd", "-f", "-c", str(self.folder / "cupsd.conf"), "-s", str(self.folder / "cups-files.conf")],
-            env={**os.environ, "PATH": self._path()}, stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL)
+            env={**os.environ, "PATH": self._path()}, stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL,
+            preexec_fn=end_with_parent)
         try:
             self._wait_for(self.folder / "cups.sock")
             for queue in queues:
