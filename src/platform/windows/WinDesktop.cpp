@@ -29,23 +29,30 @@ ScreenArea InTwips(const RECT& area) {
     return {twips(area.left), twips(area.top), twips(area.right - area.left), twips(area.bottom - area.top)};
 }
 
-void Handle(const MSG& message) {
+/// False if the message asks the program to end; it then stays for the loops further out.
+bool Handle(const MSG& message) {
+    if (message.message == WM_QUIT) {
+        ::PostQuitMessage(static_cast<int>(message.wParam));
+        return false;
+    }
     ::TranslateMessage(&message);
     ::DispatchMessageW(&message);
+    return true;
 }
 
-/// Handles messages as long as `wanted` says, and waits for them. A request to end the program ends it and
-/// stays for the loops further out.
+/// Handles messages one by one as long as `wanted` says, and waits for them. What another program sends is
+/// handled inside the look into the queue and never comes out of it, and may be the end all the same.
 template <class Wanted>
 void RunLoop(const Wanted& wanted) {
     MSG message{};
     while (wanted()) {
-        const BOOL got = ::GetMessageW(&message, nullptr, 0, 0);
-        if (got == 0 || got == -1) {
-            ::PostQuitMessage(static_cast<int>(message.wParam));
-            return;
+        if (::PeekMessageW(&message, nullptr, 0, 0, PM_REMOVE) != FALSE) {
+            if (!Handle(message)) {
+                return;
+            }
+        } else if (wanted()) {
+            ::MsgWaitForMultipleObjectsEx(0, nullptr, INFINITE, QS_ALLINPUT, MWMO_INPUTAVAILABLE);
         }
-        Handle(message);
     }
 }
 
@@ -110,12 +117,7 @@ void WinDesktop::RunModal(forms::Form& form) {
 
 void WinDesktop::Yield() {
     MSG message{};
-    while (::PeekMessageW(&message, nullptr, 0, 0, PM_REMOVE) != FALSE) {
-        if (message.message == WM_QUIT) {
-            ::PostQuitMessage(static_cast<int>(message.wParam));
-            return;
-        }
-        Handle(message);
+    while (::PeekMessageW(&message, nullptr, 0, 0, PM_REMOVE) != FALSE && Handle(message)) {
     }
 }
 

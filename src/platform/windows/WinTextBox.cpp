@@ -196,6 +196,16 @@ void WinTextBox::ShowLocked() {
     }
 }
 
+// Another program has set the text (a screen reader, a test); Windows holds it to no limit.
+LRESULT WinTextBox::TextSet(LPARAM text) {
+    {
+        const Silence silence(*this);
+        PassOn(WM_SETTEXT, 0, text);
+    }
+    model_.SetText(FromWide(Text()));
+    return TRUE;
+}
+
 void WinTextBox::CentreLine(RECT& inside) const {
     const LONG spare = inside.bottom - inside.top - LineHeight(FontOf());
     inside.top += std::max(0L, spare / 2);
@@ -238,13 +248,11 @@ LRESULT WinTextBox::Received(UINT message, WPARAM wParam, LPARAM lParam) {
             return ::DefWindowProcW(Window(), message, wParam, lParam);
         }
         break;
-    case WM_SETTEXT: {
-        const LRESULT result = PassOn(message, wParam, lParam);
+    case WM_SETTEXT:
         if (!Silent()) {
-            TellEdit();
+            return TextSet(lParam);
         }
-        return result;
-    }
+        break;
     case WM_NCCALCSIZE: {
         const LRESULT result = PassOn(message, wParam, lParam);
         CentreLine(*reinterpret_cast<RECT*>(lParam)); // what either form of the message begins with

@@ -35,6 +35,7 @@ class WinTextBox final : public WinControl {
     bool Type(wchar_t unit);
     void TypeCharacter(char32_t character);
     void ShowLocked();
+    LRESULT TextSet(LPARAM text);
 
     // The window would write at the top of a box that is higher than its line.
     void CentreLine(RECT& inside) const;
