@@ -7,6 +7,10 @@ function(drukkeuring_compile_options target)
   if(CMAKE_CXX_COMPILER_ID STREQUAL "GNU" AND CMAKE_CXX_COMPILER_VERSION VERSION_LESS 13)
     target_compile_options(${target} PRIVATE -Wno-restrict)
   endif()
+  # The one file of the Windows program holds no function that nobody calls.
+  if(MINGW)
+    target_compile_options(${target} PRIVATE -ffunction-sections -fdata-sections)
+  endif()
   if(DRUKKEURING_SANITIZE)
     target_compile_options(${target} PRIVATE -fsanitize=address,undefined -fno-sanitize-recover=undefined
                            -fno-omit-frame-pointer)

@@ -1,5 +1,5 @@
 #!/usr/bin/env bash
-# Installs the Debian packages that a task needs and that are missing: setup.sh run|test
+# Installs the Debian packages that a task needs and that are missing: setup.sh run|test|windows|wine|screen
 set -euo pipefail
 
 # To build the program.
@@ -10,10 +10,23 @@ run=(fonts-wine fonts-ocr-b fonts-dejavu-core qt6-translations-l10n)
 test=(libgtest-dev libgmock-dev libbenchmark-dev python3 poppler-utils
       cups-daemon cups-client)
 
+# To build the Windows program.
+windows=(g++-mingw-w64-x86-64-posix cmake ninja-build ccache python3 librsvg2-bin)
+# To run it here, with its fonts and Dutch settings, and to print from it.
+wine=(wine64 wine64-preloader libgnutls30 libcups2 fonts-wine fonts-ocr-b python3-fonttools locales cups-daemon cups-client
+      ghostscript)
+
+# Its windows on a screen, or on one of paper.
+screen=(libx11-6 libxext6 libxcomposite1 libxcursor1 libxfixes3 libxi6 libxinerama1 libxrandr2 libxrender1 libxxf86vm1
+        xvfb xauth imagemagick)
+
 case "${1:-}" in
   run) wanted=("${build[@]}" "${run[@]}") ;;
   test) wanted=("${build[@]}" "${run[@]}" "${test[@]}") ;;
-  *) echo "usage: $0 run|test" >&2; exit 2 ;;
+  windows) wanted=("${windows[@]}") ;;
+  wine) wanted=("${windows[@]}" "${wine[@]}") ;;
+  screen) wanted=("${screen[@]}") ;;
+  *) echo "usage: $0 run|test|windows|wine|screen" >&2; exit 2 ;;
 esac
 
 missing=()

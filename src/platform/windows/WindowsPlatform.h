@@ -1,0 +1,44 @@
+#pragma once
+
+#include "platform/Platform.h"
+#include "platform/SeededRandom.h"
+#include "platform/windows/WinBitmaps.h"
+#include "platform/windows/WinClock.h"
+#include "platform/windows/WinDesktop.h"
+#include "platform/windows/WinLocale.h"
+#include "platform/windows/WinPrinter.h"
+#include "platform/windows/WinPrinters.h"
+#include "platform/windows/WinRegistry.h"
+#include "platform/windows/WinSpooler.h"
+#include "platform/windows/WinWindowProcedures.h"
+
+namespace platform::windows {
+
+/// The Windows desktop: everything outside the program that it works with.
+class WindowsPlatform {
+  public:
+    WindowsPlatform() = default;
+    WindowsPlatform(const WindowsPlatform&) = delete;
+    WindowsPlatform& operator=(const WindowsPlatform&) = delete;
+
+    platform::Platform& Services() { return services_; }
+
+    /// Runs the message loop until the last form is gone.
+    void Run() { desktop_.Run(); }
+
+  private:
+    WinDesktop desktop_;
+    WinRegistry registry_;
+    WinLocale locale_;
+    WinClock clock_;
+    SeededRandom random_;
+    WinPrinters printers_;
+    WinPrinter printer_{printers_};
+    WinSpooler spooler_;
+    WinBitmaps bitmaps_;
+    WinWindowProcedures procedures_;
+    platform::Platform services_{desktop_, registry_, locale_,  clock_,   random_,
+                                 spooler_, printers_, printer_, bitmaps_, procedures_};
+};
+
+} // namespace platform::windows

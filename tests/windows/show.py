@@ -1,0 +1,122 @@
+#!/usr/bin/env python3
+"""Starts the Windows program under Wine in a Windows of the user's own.
+
+    show.py --build FOLDER --settings FILE.reg --out FOLDER [--dpi 192]
+
+On a display the program is there to be used. Without one it plays a demonstration on a screen that nobody sees: a picture of
+each window, and the three documents as PDF, are left in the folder.
+"""
+import argparse
+import contextlib
+import os
+import pathlib
+import shutil
+import subprocess
+import tempfile
+
+from agent import Agent, Registry
+from control_ids import Ids
+from player import SETTINGS, Player
+from print_server import PrintServer
+from wine_prefix import LOADER, WinePrefix, user_prefix
+
+# What the user does, and the name of the picture that is taken after it.
+STORY = [
+    ("start", "wizard-1"),
+    ("click frmMain.Verder", "wizard-2"),
+    ("click frmMain.optProcedure(0)", None),
+    ("click frmMain.Verder", "wizard-3"),
+    ("click frmMain.optTestpartij(2)", None),
+    ("click frmMain.Verder", "wizard-4"),
+    ("click frmMain.cmdPrinten", "manager"),
+    ("click frmPrintManager.cmdDetails", "manager-details"),
+    ("click frmPrintManager.cmdDetails", None),
+    ("pick frmPrintManager.lstAfdrukken 0", None),
+    ("click frmPrintManager.cmdPrintVoorbeeld", "preview"),
+    ("key frmPrintPreview 34", "preview-2"),
+    ("key frmPrintPreview 27", None),
+]
+DOCUMENTS = ["testformulieren", "naamlijst", "kalibratie"]
+
+
+class Screen:
+    """An X display of our own, which nobody sees."""
+
+    def __init__(self, width, height):
+        number, self.ready = os.pipe()
+        self.server = subprocess.Popen(["Xvfb", "-displayfd", str(self.ready), "-screen", "0", f"{width}x{height}x24",
+                                        "-nolisten", "tcp"], pass_fds=[self.ready], stdout=subprocess.DEVNULL,
+                                       stderr=subprocess.DEVNULL)
+        os.close(self.ready)
+        with os.fdopen(number) as answer:
+            self.display = ":" + answer.readline().strip()
+
+    def __enter__(self):
+        return self
+
+    def __exit__(self, *_):
+        self.server.terminate()
+        self.server.wait()
+
+    def picture(self, area, file):
+        """Saves a part of the screen: left, top, width, height in dots."""
+        left, top, width, height = area
+        subprocess.run(["import", "-display", self.display, "-window", "root", "-crop",
+                        f"{width}x{height}+{left}+{top}", "+repage", str(file)], check=True)
+
+
+def as_pdf(document, file):
+    with tempfile.NamedTemporaryFile(suffix=".ps") as source:
+        source.write(document)
+        source.flush()
+        subprocess.run(["ps2pdf", source.name, str(file)], check=True)
+
+
+def demonstrate(prefix, build, out, dpi):
+    shutil.rmtree(out, ignore_errors=True)
+    out.mkdir(parents=True)
+    with contextlib.ExitStack() as ends:
+        server = ends.enter_context(PrintServer())
+        screen = ends.enter_context(Screen(1280 * dpi // 96, 1024 * dpi // 96))
+        prefix.settings.update(server.settings)
+        prefix.use_screen(screen.display)
+        prefix.set_dpi(dpi)
+        agent = Agent(prefix.command(), build / "bin" / "win_agent.exe")
+        ends.callback(agent.close)
+        player = Player(agent, Registry(agent), prefix.windows_path(build / "bin" / "drukkeuring.exe"),
+                        Ids.of(prefix, build))
+        for command, picture in STORY:
+            player.play([command], finish=False)
+            if picture:
+                screen.picture(player.front_area(), out / f"{picture}.png")
+        for number, name in enumerate(DOCUMENTS):
+            if number > 0:
+                player.play(["click frmMain.cmdPrinten"], finish=False)
+            player.play([f"pick frmPrintManager.lstAfdrukken {number}", "click frmPrintManager.cmdPrint"], finish=False)
+            as_pdf(server.next_job().document, out / f"{name}.pdf")
+    print("\n".join(sorted(file.name for file in out.iterdir())))
+
+
+def main():
+    parser = argparse.ArgumentParser()
+    parser.add_argument("--build", type=pathlib.Path, required=True)
+    parser.add_argument("--settings", type=pathlib.Path, required=True)
+    parser.add_argument("--out", type=pathlib.Path, required=True)
+    parser.add_argument("--dpi", type=int, default=96)
+    arguments = parser.parse_args()
+    display = os.environ.get("DISPLAY")
+    if not display:
+        with WinePrefix.for_test(arguments.build) as prefix:
+            prefix.import_settings(arguments.settings)
+            demonstrate(prefix, arguments.build, arguments.out, arguments.dpi)
+        return
+    prefix = user_prefix(arguments.build)
+    prefix.use_screen(display)
+    if prefix.run("reg", "query", "HKCU\\" + SETTINGS, check=False).returncode != 0:
+        prefix.import_settings(arguments.settings)
+        print("No settings of Tarvik found: the example's are there now.")
+    os.execve(LOADER, [str(LOADER), str(arguments.build / "bin" / "drukkeuring.exe")], prefix.environment())
+
+
+if __name__ == "__main__":
+    main()
