@@ -232,15 +232,32 @@ TEST_F(PreviewTest, TheArrowLightsUpUnderTheMouseAndTurnsThePage) {
     Show(2, [this] {
         QWidget* arrow = Widget("cmdDown");
         const QImage normal = arrow->grab().toImage();
-        QTest::mouseMove(arrow->window()->windowHandle(),
-                         arrow->mapTo(arrow->window(), arrow->rect().center()));
-        window::Settle();
+        window::PointAt(arrow);
         EXPECT_TRUE(Form().cmdDown.blnOver());
         EXPECT_TRUE(Form().cmdDown.Timer.Enabled());
+        EXPECT_TRUE(
+            window::WaitFor([this] { return Form().cmdDown.iState() == platform::cmdButtonXP::LookHot; }));
+        EXPECT_NE(arrow->grab().toImage(), normal);
         window::Click(arrow);
         EXPECT_EQ(PageOnScreen(), 2);
         EXPECT_EQ(Form().cmdDown.iState(), platform::cmdButtonXP::LookDisabled);
         EXPECT_NE(arrow->grab().toImage(), normal);
+    });
+}
+
+TEST_F(PreviewTest, TheArrowIsItselfAgainWhenThePointerHasLeft) {
+    Show(2, [this] {
+        QWidget* arrow = Widget("cmdDown");
+        const QImage normal = arrow->grab().toImage();
+        const auto looks = [this](std::int16_t look) {
+            return window::WaitFor([this, look] { return Form().cmdDown.iState() == look; });
+        };
+        window::PointAt(arrow);
+        EXPECT_TRUE(looks(platform::cmdButtonXP::LookHot));
+        window::PointAt(Widget("Toolbar(1)"));
+        EXPECT_TRUE(looks(platform::cmdButtonXP::LookNormal));
+        EXPECT_FALSE(Form().cmdDown.Timer.Enabled());
+        EXPECT_EQ(arrow->grab().toImage(), normal);
     });
 }
 

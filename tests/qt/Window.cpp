@@ -73,6 +73,13 @@ void Click(QWidget* widget, const QPoint& at) {
     Settle();
 }
 
+void PointAt(QWidget* widget) {
+    QCursor::setPos(widget->window()->mapToGlobal(QPoint(1, 1))); // it may be there since the last window
+    Settle();
+    QCursor::setPos(widget->mapToGlobal(widget->rect().center()));
+    Settle();
+}
+
 void Wheel(QWidget* widget, const QPoint& turn) {
     const QPoint middle = widget->visibleRegion().boundingRect().center();
     const QPointF at = widget->mapTo(widget->window(), QPointF(middle));

@@ -34,6 +34,9 @@ void Settle();
 void Click(QWidget* widget);
 void Click(QWidget* widget, const QPoint& at);
 
+/// The pointer comes to rest in the middle of a widget.
+void PointAt(QWidget* widget);
+
 /// A turn of the mouse wheel over the middle of what of a widget can be seen, in eighths of a degree.
 void Wheel(QWidget* widget, const QPoint& turn);
 

@@ -1,6 +1,7 @@
 #include "Player.h"
 
 #include <QApplication>
+#include <QCursor>
 #include <QDir>
 #include <QFileDialog>
 #include <QLineEdit>
@@ -144,8 +145,7 @@ void Player::Hover(const QString& form, const QString& control) {
         [form, control] { return Reachable(form, control) != nullptr; },
         [form, control] {
             QWidget* widget = Reachable(form, control);
-            QTest::mouseMove(widget->window()->windowHandle(),
-                             widget->mapTo(widget->window(), widget->rect().center()));
+            QCursor::setPos(widget->mapToGlobal(widget->rect().center()));
         });
 }
 

@@ -357,9 +357,11 @@ void QtForm::WheelTurned(int delta) {
     }
 }
 
+// Some desktops tell no position outside the program's windows, but that the pointer has left; while a button
+// of the mouse is held it is the other way round.
 bool QtForm::PointerIsOver(const forms::Control& control) {
     const QWidget* widget = WidgetOf(control);
-    return widget != nullptr && widget->isVisible() &&
+    return widget != nullptr && widget->isVisible() && widget->underMouse() &&
            widget->rect().contains(widget->mapFromGlobal(QCursor::pos()));
 }
 
