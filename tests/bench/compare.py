@@ -1,6 +1,6 @@
 """Compares the program's PDF batch with the least that its toolkit needs for the same texts, in one run side by side.
 
-compare.py PDF_BATCH [BENCH_COMPOSITION]
+compare.py PDF_BATCH [BENCH_COMPOSITION [BENCH_PREVIEW]]
 """
 
 import json
@@ -36,6 +36,22 @@ def verdict(name, value, goal, unit=""):
     return value <= goal
 
 
+def compare_preview(program):
+    """The rounds of the ways take turns here too."""
+    output = subprocess.run([program, "--benchmark_format=json", f"--benchmark_repetitions={ROUNDS}",
+                             "--benchmark_min_time=0.05", "--benchmark_enable_random_interleaving=true"],
+                            check=True, capture_output=True, text=True).stdout
+    median = {run["run_name"]: run["cpu_time"] / 1000 for run in json.loads(output)["benchmarks"]
+              if run.get("aggregate_name") == "median"}
+    print(f"opening and closing a preview: {median['OpenAndClose']:.2f} ms, another picture on the screen: "
+          f"{median['PictureChangeOnScreen']:.3f} ms")
+    good = verdict("page change", median["PageChange"], 1, "ms")
+    good &= verdict("page change on the screen", median["PageChangeOnScreen"], 1, "ms")
+    good &= verdict("the same against a bare picture",
+                    median["PageChangeOnScreen"] / median["PictureChangeOnScreen"], 2)
+    return good
+
+
 def main():
     program = sys.argv[1]
     with tempfile.TemporaryDirectory() as folder:
@@ -56,6 +72,8 @@ def main():
                 good &= verdict("start-up without windows", run["real_time"] / 1000, 2, "ms")
             else:
                 print(f"composing: {run['per_form'] * 1e6:.2f} us a form, {run['per_text'] * 1e9:.0f} ns a text")
+    if len(sys.argv) > 3:
+        good &= compare_preview(sys.argv[3])
     return 0 if good else 1
 
 

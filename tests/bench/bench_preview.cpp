@@ -1,0 +1,145 @@
+// What turning the page of a preview costs, beside the least that the toolkit needs to show another picture
+// of that size.
+
+#include <benchmark/benchmark.h>
+
+#include <QApplication>
+#include <QPainter>
+#include <QWidget>
+
+#include <memory>
+#include <string>
+
+#include "composition/PrintSurface.h"
+#include "platform/forms/Session.h"
+#include "platform/memory/MemoryPlatform.h"
+#include "platform/qt/QtBitmaps.h"
+#include "platform/qt/QtDesktop.h"
+#include "preview/PrintPreview.h"
+#include "preview/frmPrintPreview.h"
+#include "preview/frmPrintPreviewGhost.h"
+#include "wizard/AppState.h"
+
+namespace {
+
+constexpr int buttonPrevious = 4;
+constexpr int buttonNext = 5;
+
+/// A preview of so many sheets of A4 in its window.
+class Shown {
+  public:
+    explicit Shown(int pages) {
+        memory_.InstallPrinter({.Name = "Proefprinter"});
+        state_.ListFontName = "Tahoma";
+        preview_.OpenPreview(0);
+        for (int page = 1; page <= pages; ++page) {
+            if (page > 1) {
+                state_.Surface->Newpage();
+            }
+            for (int line = 0; line < 60; ++line) {
+                state_.Surface->PrintLine("pagina " + std::to_string(page) + ", regel " +
+                                          std::to_string(line));
+            }
+        }
+        state_.Surface->EndDoc();
+        preview_.Window()->Show();
+        QApplication::processEvents();
+    }
+    ~Shown() {
+        preview_.OpenPreview(1);
+        QApplication::processEvents();
+    }
+    Shown(const Shown&) = delete;
+    Shown& operator=(const Shown&) = delete;
+
+    void TurnThePage() {
+        forms::Toolbar& toolbar = preview_.Window()->Toolbar;
+        toolbar.UserClickButton(forth_ ? buttonNext : buttonPrevious);
+        forth_ = !forth_;
+    }
+
+    const QImage& Bitmap(std::int16_t page) const {
+        return static_cast<const platform::qt::QtPageBitmap&>(*preview_.Ghost()->ThisPage.at(page).Picture)
+            .Image();
+    }
+    QWidget* Window() { return desktop_.TopWindow(); }
+
+  private:
+    platform::MemoryPlatform memory_;
+    platform::qt::QtDesktop desktop_;
+    platform::qt::QtBitmaps bitmaps_;
+    platform::Platform services_{desktop_,       memory_.registry,  memory_.locale,   memory_.clock,
+                                 memory_.random, memory_.spooler,   memory_.printers, memory_.printer,
+                                 bitmaps_,       desktop_.Windows()};
+    wizard::AppState state_;
+    forms::Session session_{desktop_};
+    composition::PrinterSurface printer_{memory_.printer};
+    preview::PrintPreview preview_{session_, services_, state_, printer_};
+    bool forth_ = true;
+};
+
+/// A window that shows one of two pictures, and nothing else.
+class PlainWindow final : public QWidget {
+  public:
+    PlainWindow(const QImage& first, const QImage& second) : pictures_{first, second} {}
+
+    void ShowTheOther() {
+        shown_ = 1 - shown_;
+        update();
+    }
+
+  protected:
+    void paintEvent(QPaintEvent* /*event*/) override { QPainter(this).drawImage(0, 0, pictures_[shown_]); }
+
+  private:
+    QImage pictures_[2];
+    int shown_ = 0;
+};
+
+/// Until the program waits for the user again; the screen follows when the desktop asks for it.
+void PageChange(benchmark::State& run) {
+    Shown preview(40);
+    for (auto _ : run) {
+        preview.TurnThePage();
+    }
+}
+BENCHMARK(PageChange)->Unit(benchmark::kMicrosecond);
+
+void PageChangeOnScreen(benchmark::State& run) {
+    Shown preview(40);
+    for (auto _ : run) {
+        preview.TurnThePage();
+        QApplication::processEvents();
+    }
+}
+BENCHMARK(PageChangeOnScreen)->Unit(benchmark::kMicrosecond);
+
+void PictureChangeOnScreen(benchmark::State& run) {
+    Shown preview(2);
+    PlainWindow window(preview.Bitmap(1), preview.Bitmap(2));
+    window.resize(preview.Window()->size());
+    window.show();
+    QApplication::processEvents();
+    for (auto _ : run) {
+        window.ShowTheOther();
+        QApplication::processEvents();
+    }
+}
+BENCHMARK(PictureChangeOnScreen)->Unit(benchmark::kMicrosecond);
+
+void OpenAndClose(benchmark::State& run) {
+    for (auto _ : run) {
+        Shown preview(1);
+    }
+}
+BENCHMARK(OpenAndClose)->Unit(benchmark::kMicrosecond);
+
+} // namespace
+
+int main(int argc, char** argv) {
+    qputenv("QT_QPA_PLATFORM", "offscreen");
+    const QApplication application(argc, argv);
+    benchmark::Initialize(&argc, argv);
+    benchmark::RunSpecifiedBenchmarks();
+    return 0;
+}
