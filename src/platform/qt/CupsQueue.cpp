@@ -27,14 +27,17 @@ constexpr unsigned long DiscoveredOnly = CUPS_PRINTER_DISCOVERED;
 /// A change within the same second leaves no mark on printer-config-change-time.
 constexpr long UnsettledSeconds = 2;
 
-constexpr std::array<const char*, 16> QueueAttributes = {
-    "printer-name",   "printer-uri-supported",         "printer-type",      "printer-info",
-    "device-uri",     "printer-make-and-model",        "printer-state",     "printer-state-reasons",
-    "copies-default", "printer-is-accepting-jobs",     "printer-up-time",   "printer-config-change-time",
-    "media-default",  "orientation-requested-default", "media-col-default", "media-source-supported",
+/// What a list of queues is to tell of each.
+constexpr std::array<const char*, 6> ListAttributes = {
+    "printer-name", "printer-uri-supported",  "printer-type", "printer-info",
+    "device-uri",   "printer-make-and-model",
 };
-/// Long where there are many papers, so not asked for a whole list of queues.
-constexpr const char* PapersAttribute = "media-supported";
+/// What one queue is to tell besides.
+constexpr std::array<const char*, 11> StateAttributes = {
+    "printer-state",     "printer-state-reasons",      "copies-default",  "printer-is-accepting-jobs",
+    "printer-up-time",   "printer-config-change-time", "media-default",   "orientation-requested-default",
+    "media-col-default", "media-source-supported",     "media-supported",
+};
 
 long NumberOf(const CupsAttributes& attributes, const std::string& name) {
     return std::strtol(ValueOf(attributes, name).c_str(), nullptr, 10);
@@ -45,11 +48,11 @@ bool IsWithoutQueue(const CupsAttributes& attributes) {
     return (static_cast<unsigned long>(NumberOf(attributes, "printer-type")) & DiscoveredOnly) != 0;
 }
 
-IppMessage RequestFor(ipp_op_t operation, const std::string& uri, bool withPapers) {
+IppMessage RequestFor(ipp_op_t operation, const std::string& uri) {
     IppMessage request = NewRequest(operation, uri);
-    std::vector<const char*> wanted(QueueAttributes.begin(), QueueAttributes.end());
-    if (withPapers) {
-        wanted.push_back(PapersAttribute);
+    std::vector<const char*> wanted(ListAttributes.begin(), ListAttributes.end());
+    if (operation == IPP_OP_GET_PRINTER_ATTRIBUTES) {
+        wanted.insert(wanted.end(), StateAttributes.begin(), StateAttributes.end());
     }
     ippAddStrings(request.get(), IPP_TAG_OPERATION, IPP_CONST_TAG(IPP_TAG_KEYWORD), "requested-attributes",
                   static_cast<int>(wanted.size()), nullptr, wanted.data());
@@ -64,12 +67,27 @@ ipp_attribute_t* NextQueue(ipp_t* answer, ipp_attribute_t* at) {
     return at;
 }
 
-/// Media by the attributes and by the PPD, if the server has one for the queue.
-CupsMedia ReadMedia(http_t* http, ipp_t* attributes, const std::string& uri) {
+/// Media by the attributes and by the PPD, if the server has one for the queue; nothing if it does not
+/// answer.
+std::optional<CupsMedia> ReadMedia(CupsServer& server, ipp_t* attributes, const std::string& uri) {
+    const CupsConnection connection = server.Connect();
     QTemporaryFile ppd;
+    if (connection == nullptr || !ppd.open()) {
+        return std::nullopt;
+    }
     const std::string resource = ResourceOf(uri) + ".ppd";
-    const bool hasPpd = ppd.open() && cupsGetFd(http, resource.c_str(), ppd.handle()) == HTTP_STATUS_OK;
-    return MediaOfQueue(attributes, hasPpd ? ppd.fileName().toStdString() : "");
+    const http_status_t status = cupsGetFd(connection.get(), resource.c_str(), ppd.handle());
+    if (status == HTTP_STATUS_ERROR) {
+        return std::nullopt;
+    }
+    return MediaOfQueue(attributes, status == HTTP_STATUS_OK ? ppd.fileName().toStdString() : "");
+}
+
+/// The name of the queue that the user prefers, or an empty text.
+std::string PreferredQueue(CupsServer& server) {
+    const CupsConnection connection = server.Connect();
+    const char* const name = connection == nullptr ? nullptr : cupsGetDefault2(connection.get());
+    return name == nullptr ? "" : name;
 }
 
 /// The options by which queues know a paper and a bin; some heed the one name, some the other. An empty value
@@ -112,18 +130,18 @@ const Bin* BinIn(const CupsMedia& media, const CupsOptions& options) {
 
 FoundQueues FindCupsQueues(const std::shared_ptr<CupsServer>& server) {
     FoundQueues found;
-    const CupsConnection connection = server->Connect();
+    CupsConnection connection = server->Connect();
     if (connection == nullptr) {
         return found;
     }
-    const IppMessage answer = Ask(connection.get(), RequestFor(IPP_OP_CUPS_GET_PRINTERS, "", false));
+    const IppMessage answer = Ask(connection.get(), RequestFor(IPP_OP_CUPS_GET_PRINTERS, ""));
     // A server without queues says that it finds none.
     found.Answered = answer != nullptr || cupsLastError() == IPP_STATUS_ERROR_NOT_FOUND;
     if (answer == nullptr) {
         return found;
     }
-    const char* const name = cupsGetDefault2(connection.get());
-    const std::string preferred = name == nullptr ? "" : name;
+    connection.reset();
+    const std::string preferred = PreferredQueue(*server);
     ipp_attribute_t* at = NextQueue(answer.get(), ippFirstAttribute(answer.get()));
     while (at != nullptr) {
         CupsAttributes attributes = ReadAttributes(answer.get(), at);
@@ -152,19 +170,24 @@ bool CupsQueue::HasNewMedia(const CupsAttributes& attributes) const {
 
 bool CupsQueue::Refresh() {
     isAsked_ = true;
-    const CupsConnection connection = server_->Connect();
+    CupsConnection connection = server_->Connect();
     if (connection == nullptr) {
         return false;
     }
-    const IppMessage answer = Ask(connection.get(), RequestFor(IPP_OP_GET_PRINTER_ATTRIBUTES, uri_, true));
+    const IppMessage answer = Ask(connection.get(), RequestFor(IPP_OP_GET_PRINTER_ATTRIBUTES, uri_));
     if (answer == nullptr) {
         return false;
     }
     ipp_attribute_t* at = NextQueue(answer.get(), ippFirstAttribute(answer.get()));
     CupsAttributes attributes = ReadAttributes(answer.get(), at);
     if (HasNewMedia(attributes)) {
-        media_ = ReadMedia(connection.get(), answer.get(), uri_);
-        KeepNumbers(media_, numbers_);
+        connection.reset();
+        std::optional<CupsMedia> media = ReadMedia(*server_, answer.get(), uri_);
+        if (!media) {
+            return false;
+        }
+        KeepNumbers(*media, numbers_);
+        media_ = std::move(*media);
     }
     known_ = std::move(attributes);
     return true;

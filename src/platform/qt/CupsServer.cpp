@@ -11,6 +11,9 @@ namespace {
 
 using std::chrono::milliseconds;
 
+/// The library first waits so long for the server's leave to send a request, whatever its time-out.
+constexpr milliseconds GoAhead{1000};
+
 /// The library would ask at the terminal that the program was started from, and wait there.
 const char* NoPassword(const char*, http_t*, const char*, const char*, void*) {
     return nullptr;
@@ -69,15 +72,21 @@ CupsConnection CupsServer::Open(bool forDocument) {
     const Clock::time_point begun = Clock::now();
     CupsConnection connection(nullptr, {this, begun, forDocument});
     const milliseconds patience = PatienceLeft();
-    if (patience <= milliseconds(0)) {
+    if (patience <= GoAhead) {
         return connection;
     }
     connection.reset(httpConnect2(cupsServer(), ippPort(), nullptr, AF_UNSPEC, cupsEncryption(), 1,
                                   static_cast<int>(patience.count()), nullptr));
     if (connection == nullptr) {
         Waited(begun);
+        return connection;
+    }
+    const auto connecting = std::chrono::duration_cast<milliseconds>(Clock::now() - begun);
+    const milliseconds left = patience - connecting - GoAhead;
+    if (left <= milliseconds(0)) {
+        connection.reset();
     } else {
-        httpSetTimeout(connection.get(), static_cast<double>(patience.count()) / 1000, GiveUp, this);
+        httpSetTimeout(connection.get(), static_cast<double>(left.count()) / 1000, GiveUp, this);
     }
     return connection;
 }
@@ -118,7 +127,10 @@ CupsAttributes ReadAttributes(ipp_t* answer, ipp_attribute_t*& at) {
     for (; at != nullptr && ippGetName(at) != nullptr; at = ippNextAttribute(answer)) {
         std::string text;
         for (int i = 0; i < ippGetCount(at); ++i) {
-            text += (i > 0 ? "," : "") + TextOf(at, i);
+            if (i > 0) {
+                text += ',';
+            }
+            text += TextOf(at, i);
         }
         attributes[ippGetName(at)] = text;
     }
