@@ -21,16 +21,17 @@ constexpr const char* OddFile =
     "dest Kantoor   x-nota=\"a b\"  media=iso_a4_210x297mm InputSlot=Upper x-afdeling=4 \n"
     "Dest Driverloos media-source=top";
 
-class DefaultsTest : public QueuesTest, public testing::WithParamInterface<const char*> {
+/// With the odd file or without one.
+class DefaultsTest : public QueuesTest, public testing::WithParamInterface<bool> {
   protected:
     DefaultsTest() {
-        if (GetParam() != nullptr) {
-            WriteUserFile(GetParam());
+        if (GetParam()) {
+            WriteUserFile(OddFile);
         }
     }
     void ExpectAsBefore() {
-        EXPECT_EQ(HasUserFile(), GetParam() != nullptr);
-        EXPECT_EQ(UserFile().toStdString(), GetParam() == nullptr ? "" : GetParam());
+        EXPECT_EQ(HasUserFile(), GetParam());
+        EXPECT_EQ(UserFile().toStdString(), GetParam() ? OddFile : "");
     }
 };
 
@@ -95,12 +96,11 @@ TEST_P(DefaultsTest, KeepWhatSomeoneElseSetsMeanwhile) {
     const std::string left = UserFile().toStdString();
     EXPECT_THAT(left, HasSubstr("x-nieuw=7"));
     EXPECT_THAT(left, Not(HasSubstr("tray-3")));
-    EXPECT_EQ(left.find("media-source=top") != std::string::npos, GetParam() != nullptr);
+    EXPECT_EQ(left.find("media-source=top") != std::string::npos, GetParam());
 }
 
-INSTANTIATE_TEST_SUITE_P(, DefaultsTest, testing::Values(nullptr, OddFile), [](const auto& each) {
-    return each.param == nullptr ? "WithoutAFile" : "WithAFile";
-});
+INSTANTIATE_TEST_SUITE_P(, DefaultsTest, testing::Bool(),
+                         [](const auto& each) { return each.param ? "WithAFile" : "WithoutAFile"; });
 
 class KilledTest : public QueuesTest {};
 

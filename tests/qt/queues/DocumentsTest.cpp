@@ -33,6 +33,10 @@ struct Printout {
     std::map<QString, QString> Options;
 };
 
+void PrintTo(const Printout& printout, std::ostream* out) {
+    *out << printout.Queue;
+}
+
 class DocumentsTest : public QueuesTest, public testing::WithParamInterface<Printout> {
   protected:
     /// Every word of the one file stands in the other, on its page and at its place.

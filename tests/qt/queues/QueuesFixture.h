@@ -9,6 +9,8 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <functional>
+#include <iterator>
 #include <memory>
 #include <string>
 #include <vector>
@@ -18,6 +20,13 @@ class QueuesTest : public testing::Test {
   protected:
     static constexpr const char* FormsTray = "Lade 3 met formulieren";
     static constexpr const char* LegalPaper = "US Legal";
+
+    // What the program says of a server that cannot be asked.
+    static constexpr const char* Unreachable =
+        "De printer kon niet worden gevonden of de initialisatie van de printer is op dit "
+        "moment niet mogelijk.\r\nRegel: 6";
+    static constexpr const char* NoAnswer =
+        "De afdrukserver geeft geen antwoord. Het document is niet afgedrukt.";
 
     enum Document : int { TestForms, NameList, CalibrationReport };
 
@@ -61,6 +70,30 @@ class QueuesTest : public testing::Test {
     }
 
     std::string Label(int index) { return Program->Manager().lblPrinterSelect(index).Caption(); }
+
+    void OpenFirst(const std::function<void()>& inside) {
+        StartProgram();
+        Program->OpenManager([&] {
+            Program->OpenDetails();
+            Program->Pick(2, FormsTray);
+            inside();
+        });
+    }
+
+    /// Opens the manager again, prints, and expects the document as job `number`.
+    void ExpectUsable(int number) {
+        const std::size_t before = Boxes.All().size();
+        Program->OpenManager([&] {
+            Program->OpenDetails();
+            Program->Pick(0, "Kantoor");
+            Program->Pick(2, FormsTray);
+            Program->Print(NameList);
+        });
+        const std::optional<ArrivedJob> job = Server.Job(number);
+        ASSERT_TRUE(job);
+        EXPECT_EQ(job->Options["InputSlot"], "Tray3");
+        EXPECT_EQ(Boxes.All().size(), before);
+    }
 
     PrintServer Server{{Driverless, OutOfPaper}};
     window::MessageBoxes Boxes;
