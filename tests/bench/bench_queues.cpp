@@ -1,0 +1,95 @@
+// How long the print manager takes to open, by the number of queues that the print server has, and where the
+// server takes connections and does not answer. Tells the ratio to a server with one queue, measured in
+// turns.
+#include "platform/qt/QtPlatform.h"
+#include "qt/Window.h"
+#include "qt/printing/PrintServer.h"
+#include "qt/queues/RealProgram.h"
+
+#include <algorithm>
+#include <chrono>
+#include <cstdio>
+#include <memory>
+#include <vector>
+
+namespace {
+
+using Milliseconds = std::chrono::duration<double, std::milli>;
+
+constexpr int Rounds = 15;
+constexpr int ManyQueues = 200;
+constexpr double RatioGoal = 3;
+constexpr double SilentGoal = 3200; // the patience, and what an opening takes by itself
+
+QList<PrintQueueKind> Queues(int count) {
+    QList<PrintQueueKind> others;
+    for (int i = 1; i < count; ++i) {
+        others.append({QStringLiteral("Printer%1").arg(i), QStringLiteral("Kamer %1").arg(i)});
+    }
+    return others;
+}
+
+double Median(std::vector<double> times) {
+    std::sort(times.begin(), times.end());
+    return times[times.size() / 2];
+}
+
+/// From the press on the wizard's button to the manager on show with its printer's lists.
+double Open(RealProgram& program) {
+    const auto start = std::chrono::steady_clock::now();
+    double took = 0;
+    program.OpenManager([&] {
+        took = Milliseconds(std::chrono::steady_clock::now() - start).count();
+        program.CloseManager();
+    });
+    return took;
+}
+
+/// A first opening, which asks the printer for its lists.
+double OpenFirst() {
+    RealProgram program;
+    program.GoToTheLastPage();
+    return Open(program);
+}
+
+double MedianWith(int queues) {
+    const PrintServer server(Queues(queues));
+    std::vector<double> times;
+    for (int i = 0; i < Rounds; ++i) {
+        times.push_back(OpenFirst());
+    }
+    return Median(times);
+}
+
+double WithSilentServer() {
+    PrintServer server;
+    RealProgram program;
+    program.GoToTheLastPage();
+    Open(program);
+    server.Freeze();
+    return Open(program);
+}
+
+bool Verdict(const char* name, double value, double goal) {
+    std::printf("%-44s %10.2f  goal %8.2f  %s\n", name, value, goal, value <= goal ? "ok" : "MISSED");
+    return value <= goal;
+}
+
+} // namespace
+
+int main(int argc, char** argv) {
+    PrintServer::PrepareEnvironment();
+    qputenv("QT_QPA_PLATFORM", "offscreen");
+    // The screen that is not there says at each window what it cannot do.
+    qInstallMessageHandler([](QtMsgType, const QMessageLogContext&, const QString&) {});
+    const platform::qt::DutchApplication application(argc, argv);
+    const double one = MedianWith(1);
+    const double many = MedianWith(ManyQueues);
+    const double oneAgain = MedianWith(1);
+    const double silent = WithSilentServer();
+    std::printf(
+        "opening the print manager: 1 queue %.1f and %.1f ms, %d queues %.1f ms, silent server %.0f ms\n",
+        one, oneAgain, ManyQueues, many, silent);
+    const bool good = Verdict("200 queues against one", many / ((one + oneAgain) / 2), RatioGoal);
+    return Verdict("a silent server, ms", silent, SilentGoal) && good ? 0 : 1;
+}
