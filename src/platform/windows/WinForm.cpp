@@ -379,7 +379,7 @@ LRESULT WinForm::Received(UINT message, WPARAM wParam, LPARAM lParam) {
     case WM_SETTINGCHANGE:
     case WM_SYSCOLORCHANGE:
     case WM_THEMECHANGED:
-        ThemeChanged();
+        DrawAnew(); // in colours that may be others
         break;
     default:
         break;

@@ -91,7 +91,7 @@ class WinForm final : public forms::FormPeer {
     void PlaceBars();
     void Resized();
     void DensityChanged(UINT dpi, const RECT& place);
-    void ThemeChanged();
+    void DrawAnew() const;
 
     forms::Form& form_;
     WinDesktop& desktop_;

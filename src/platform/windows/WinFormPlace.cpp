@@ -121,14 +121,11 @@ void WinForm::DensityChanged(UINT dpi, const RECT& place) {
     ::SetWindowPos(window_, nullptr, place.left, place.top, size.cx, size.cy, SWP_NOZORDER | SWP_NOACTIVATE);
     showingSize_ = false;
     PlaceBars();
-    ::InvalidateRect(window_, nullptr, TRUE);
+    DrawAnew();
 }
 
-void WinForm::ThemeChanged() {
-    for (const auto& control : controls_) {
-        control->Mirror(forms::Aspect::Colours);
-    }
-    ::InvalidateRect(window_, nullptr, TRUE);
+void WinForm::DrawAnew() const {
+    ::RedrawWindow(window_, nullptr, nullptr, RDW_INVALIDATE | RDW_ERASE | RDW_FRAME | RDW_ALLCHILDREN);
 }
 
 } // namespace platform::windows
