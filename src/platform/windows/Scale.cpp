@@ -10,7 +10,6 @@ namespace platform::windows {
 
 namespace {
 
-constexpr double TwipsPerInch = 1440;
 constexpr UINT DesignDpi = 96;
 constexpr double DesignCharacterWidth = 6;
 constexpr double DesignLineHeight = 15;
@@ -39,10 +38,11 @@ double MeasuredGrowth(UINT dpi) {
 } // namespace
 
 Scale::Scale(UINT dpi)
-    : dpi_(dpi), growth_(MeasuredGrowth(dpi)), dotsPerTwip_(growth_ * dpi / TwipsPerInch) {}
+    : dpi_(dpi), growth_(MeasuredGrowth(dpi)), dotsPerInch_(static_cast<int>(std::lround(growth_ * dpi))) {}
 
 int Scale::ToDots(double twips) const {
-    return static_cast<int>(std::lround(std::clamp(twips * dotsPerTwip_, -FarthestDot, FarthestDot)));
+    return static_cast<int>(
+        std::lround(std::clamp(twips * dotsPerInch_ / TwipsPerInch, -FarthestDot, FarthestDot)));
 }
 
 RECT Scale::ToDots(double left, double top, double width, double height) const {

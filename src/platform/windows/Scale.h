@@ -13,21 +13,24 @@ class Scale {
     explicit Scale(UINT dpi);
 
     UINT Dpi() const { return dpi_; }
-    double DotsPerTwip() const { return dotsPerTwip_; }
+    /// Dots to an inch of the design: a whole number, so that what is drawn for it is shown dot for dot.
+    int DotsPerInch() const { return dotsPerInch_; }
     /// How much larger than in the design everything is, apart from the density.
     double Growth() const { return growth_; }
 
     int ToDots(double twips) const;
-    double ToTwips(int dots) const { return dots / dotsPerTwip_; }
+    double ToTwips(int dots) const { return dots * TwipsPerInch / dotsPerInch_; }
     /// Both edges are rounded, not the size, so that neighbours still touch.
     RECT ToDots(double left, double top, double width, double height) const;
     /// The thickness of a rule, which is 1 dot at 96 to the inch.
     int RuleWidth() const;
 
   private:
+    static constexpr double TwipsPerInch = 1440;
+
     UINT dpi_;
     double growth_;
-    double dotsPerTwip_;
+    int dotsPerInch_;
 };
 
 /// The one for the primary screen, on which the design's places on the screen are counted.

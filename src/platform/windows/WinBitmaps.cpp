@@ -3,6 +3,7 @@
 #include "platform/RuntimeError.h"
 #include "platform/windows/GdiCanvas.h"
 #include "platform/windows/PageDevice.h"
+#include "platform/windows/Scale.h"
 
 #include <algorithm>
 #include <cmath>
@@ -23,13 +24,10 @@ constexpr WORD BitsPerDot = 16;
     throw RuntimeError(number, "Out of memory");
 }
 
-/// Of the screen that the desktop began with; the same in both directions.
+/// Of the screen that the desktop began with, as its forms are scaled; the same in both directions.
 int ScreenDotsPerInch() {
-    const HDC screen = ::GetDC(nullptr);
-    const int dots = ::GetDeviceCaps(screen, LOGPIXELSX);
-    ::ReleaseDC(nullptr, screen);
-    constexpr int usual = 96;
-    return dots > 0 ? dots : usual;
+    static const int dots = ScreenScale().DotsPerInch();
+    return dots;
 }
 
 LONG DotsOf(double twips) {

@@ -6,6 +6,7 @@
 
 #include "platform/forms/AccessibleNames.h"
 #include "platform/forms/Form.h"
+#include "platform/forms/Label.h"
 #include "platform/windows/AccessKeys.h"
 #include "platform/windows/ControlIds.h"
 #include "platform/windows/DpiFunctions.h"
@@ -21,6 +22,9 @@ namespace {
 constexpr int DeleteKey = 46;
 constexpr std::array FormKeys{key::Backspace, key::PageUp, key::PageDown, key::End,  key::Home,
                               key::Left,      key::Up,     key::Right,    key::Down, DeleteKey};
+
+constexpr std::array NamedKinds{forms::ControlKind::FlatButton, forms::ControlKind::ProgressBar,
+                                forms::ControlKind::ScrollBar, forms::ControlKind::UpDown};
 
 /// The key if forms tell it apart, else 0.
 int FormKey(WPARAM virtualKey) {
@@ -121,8 +125,22 @@ void WinForm::PutLabelsBeforeControls() {
         const forms::Label* label =
             control->Model().TakesFocus() ? forms::NearestLabel(control->Model()) : nullptr;
         if (label != nullptr) {
-            ::SetWindowPos(WindowOf(*reinterpret_cast<const forms::Control*>(label)), control->Window(), 0, 0,
-                           0, 0, SWP_NOMOVE | SWP_NOSIZE | SWP_NOACTIVATE);
+            HWND before = ::GetWindow(control->Window(), GW_HWNDPREV);
+            ::SetWindowPos(WindowOf(*label), before == nullptr ? HWND_TOP : before, 0, 0, 0, 0,
+                           SWP_NOMOVE | SWP_NOSIZE | SWP_NOACTIVATE);
+        }
+    }
+}
+
+// A control that shows no text of its own has it for assistive technology.
+void WinForm::NameControls() {
+    for (const auto& control : controls_) {
+        const forms::Control& model = control->Model();
+        const bool pictured = model.Kind() == forms::ControlKind::PictureBox &&
+                              (!model.AccessibleName().empty() || !model.ToolTipText().empty());
+        if (pictured || std::find(NamedKinds.begin(), NamedKinds.end(), model.Kind()) != NamedKinds.end()) {
+            const std::wstring name = ToWide(forms::AccessibleNameOf(model));
+            ::SetWindowTextW(control->Window(), name.c_str());
         }
     }
 }
@@ -148,6 +166,7 @@ void WinForm::FormChanged() {
 }
 
 void WinForm::Show(bool modal) {
+    NameControls();
     PlaceBars();
     HWND below = desktop_.TopWindow();
     if (below != nullptr) {
