@@ -11,6 +11,8 @@
 #include <csignal>
 #include <pwd.h>
 #include <sys/prctl.h>
+#include <sys/socket.h>
+#include <sys/un.h>
 #include <unistd.h>
 
 namespace {
@@ -78,7 +80,7 @@ void PrintServer::Start() {
     server_.setChildProcessModifier([] { prctl(PR_SET_PDEATHSIG, SIGTERM); }); // also where a test crashes
     server_.start("cupsd",
                   {"-f", "-c", folder_.filePath("cupsd.conf"), "-s", folder_.filePath("cups-files.conf")});
-    isUp_ = server_.waitForStarted() && WaitFor("cups.sock");
+    isUp_ = server_.waitForStarted() && WaitUntilItListens();
     for (const PrintQueueKind& each : others_) {
         if (!each.HasPpd) { // the server has read what it tells of the queue
             QFile::remove(folder_.filePath("ppd/" + each.Name + ".ppd"));
@@ -123,6 +125,26 @@ void PrintServer::Write(const QString& name, const QByteArray& text, bool execut
     if (executable) { // by its owner alone: the server then runs it as the user that it runs as itself
         file.setPermissions(QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);
     }
+}
+
+bool PrintServer::WaitUntilItListens() const {
+    sockaddr_un address = {};
+    address.sun_family = AF_UNIX;
+    const QByteArray name = folder_.filePath("cups.sock").toLocal8Bit();
+    qstrncpy(address.sun_path, name.constData(), sizeof address.sun_path);
+    QElapsedTimer timer;
+    timer.start();
+    while (timer.elapsed() < Patience) { // the socket is there a moment before it takes anyone
+        const int socket = ::socket(AF_UNIX, SOCK_STREAM, 0);
+        const bool listens =
+            connect(socket, reinterpret_cast<const sockaddr*>(&address), sizeof address) == 0;
+        close(socket);
+        if (listens) {
+            return true;
+        }
+        QThread::msleep(5);
+    }
+    return false;
 }
 
 bool PrintServer::WaitFor(const QString& file) const {

@@ -76,6 +76,7 @@ class PrintServer {
 
   private:
     bool WaitFor(const QString& file) const;
+    bool WaitUntilItListens() const;
 
     QList<PrintQueueKind> others_;
     QDir folder_;
