@@ -75,11 +75,14 @@ class WinForm final : public forms::FormPeer {
     int NumberOf(const forms::Control& control) const;
     void MakeWindow();
     void MakeControls();
+    void DestroyWindows();
     void PutLabelsBeforeControls();
     void NameControls();
 
+    // WinFormInput.cpp: the keyboard and the focus.
     void SettleFocus();
     void RestoreFocus() const;
+
     bool ShowPointer(LPARAM lParam) const;
 
     // WinFormPlace.cpp: where the window stands and how large it is.
