@@ -13,6 +13,7 @@ import pathlib
 import shutil
 import subprocess
 import tempfile
+import time
 
 from agent import Agent, Registry
 from control_ids import Ids
@@ -37,6 +38,9 @@ STORY = [
     ("key frmPrintPreview 27", None),
 ]
 DOCUMENTS = ["testformulieren", "naamlijst", "kalibratie"]
+
+
+PAINT_SECONDS = 0.2  # a window that stays the same for so long has been painted
 
 
 class Screen:
@@ -79,8 +83,7 @@ def demonstrate(prefix, build, out, dpi):
         server = ends.enter_context(PrintServer())
         screen = ends.enter_context(Screen(1280 * dpi // 96, 1024 * dpi // 96))
         prefix.settings.update(server.settings)
-        prefix.use_screen(screen.display)
-        prefix.set_dpi(dpi)
+        prefix.use_screen(screen.display, dpi)
         agent = Agent(prefix.command(), build / "bin" / "win_agent.exe")
         ends.callback(agent.close)
         player = Player(agent, Registry(agent), prefix.windows_path(build / "bin" / "drukkeuring.exe"),

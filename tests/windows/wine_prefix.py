@@ -91,14 +91,24 @@ class WinePrefix:
         return ["env", *dropped, *(f"{name}={value}" for name, value in own.items()), str(LOADER)]
 
     def run(self, program, *arguments, timeout=60, check=True):
-        """Runs a program to its end; its output as text. subprocess.TimeoutExpired if it takes longer."""
-        try:
-            return subprocess.run([str(LOADER), str(program), *map(str, arguments)], env=self.environment(),
-                                  check=check, text=True, timeout=timeout, stdin=subprocess.DEVNULL,
-                                  capture_output=True, errors="replace")
-        except subprocess.TimeoutExpired:
-            self.stop()
-            raise
+        """Runs a program to its end; its output as text. subprocess.TimeoutExpired if it takes longer.
+
+        The output goes through a file: the desktop that the first program starts inherits it, and would keep a pipe
+        open for as long as it lives.
+        """
+        words = [str(LOADER), str(program), *map(str, arguments)]
+        with tempfile.TemporaryFile() as output:
+            try:
+                done = subprocess.run(words, env=self.environment(), check=False, timeout=timeout,
+                                      stdin=subprocess.DEVNULL, stdout=output, stderr=subprocess.STDOUT)
+            except subprocess.TimeoutExpired:
+                self.stop()
+                raise
+            output.seek(0)
+            text = output.read().decode("utf-8", "replace").replace("\r\n", "\n")
+        if check and done.returncode != 0:
+            raise subprocess.CalledProcessError(done.returncode, words, text)
+        return subprocess.CompletedProcess(words, done.returncode, text)
 
     def windows_path(self, path):
         """The path as programs in the prefix name it: the whole machine is their drive Z:."""
@@ -107,16 +117,13 @@ class WinePrefix:
     def import_settings(self, reg_file):
         self.run("reg", "import", self.windows_path(reg_file))
 
-    def use_screen(self, display):
-        """Windows appear on this X display from now on."""
-        self.settings["DISPLAY"] = display
+    def use_screen(self, display, dpi=96):
+        """Windows appear on this X display from now on, with so many dots to the inch; 96 is 100 %."""
+        self.run("reg", "add", r"HKCU\Control Panel\Desktop", "/v", "LogPixels", "/t", "REG_DWORD", "/d", dpi, "/f")
         self.run("reg", "add", r"HKCU\Software\Wine\Drivers", "/v", "Graphics", "/d", "x11", "/f")
         self.run("reg", "add", r"HKCU\Software\Wine\X11 Driver", "/v", "Managed", "/d", "N", "/f")
-
-
-    def set_dpi(self, dpi):
-        """Dots to the inch of the screen; 96 is 100 %."""
-        self.run("reg", "add", r"HKCU\Control Panel\Desktop", "/v", "LogPixels", "/t", "REG_DWORD", "/d", dpi, "/f")
+        self.stop()  # the desktop that runs without a screen
+        self.settings["DISPLAY"] = display
 
 
 def user_prefix(build):
