@@ -1,7 +1,10 @@
 """Where every text of a test form belongs, from the measures of the stationery. Lengths are twips from the corner of
-the sheet; constants are centimetres, calibration is millimetres."""
+the sheet; constants are centimetres, calibration is millimetres.
 
-from dataclasses import dataclass
+A printer begins to draw at some distance from the corner: `margin` of the batch is that distance, and `offset` is what
+the program takes it for. Without them the surface begins in the corner."""
+
+from dataclasses import dataclass, replace
 
 CM = 567
 MM = CM / 10
@@ -12,7 +15,6 @@ SPACING = 1.1
 NARROW, WIDE, UNDER_LETTER = 1, 2, 3
 WEIGHTS = (2, 4, 8, 5, 10, 9, 7, 3, 6, 1, 2, 4, 8, 5, 10)
 BANKS = {"ABNA": "ABNANL2A"}
-MONTH, YEAR = 3, 2026
 
 
 @dataclass
@@ -44,9 +46,11 @@ class Form:
         self.place = 3 if batch["type"] == UNDER_LETTER else place
         self.narrow = batch["type"] != WIDE
         cm = UNDER_LETTER_CM if batch["type"] == UNDER_LETTER else TOPS_CM[place]
-        self.top = round(cm * CM)
+        offset = batch.get("offset", (0, 0))
+        self.left = -offset[0]
+        self.top = round(cm * CM - offset[1])
         self.y = calibrated(self.top, self.setting("AcceptGiroTop"))
-        self.x = calibrated(0, self.setting("AcceptGiroLinks"))
+        self.x = calibrated(self.left, self.setting("AcceptGiroLinks"))
         self.texts = []
 
     def setting(self, name):
@@ -131,7 +135,7 @@ class Form:
 
     def ocr_fields(self, document):
         """The line's fields with their places in centimetres."""
-        reference = f"1{document['volgnummer']}01{MONTH:02}{YEAR % 100:02}"
+        reference = f"1{document['volgnummer']}01{self.batch['month']:02}{self.batch['year'] % 100:02}"
         field = (check_digit(reference, 15) + reference).rjust(16, "0")[-16:]
         amount = document["euro"].zfill(6) + (document["cent"] + "000")[:2]
         account = self.batch["BankGiro"]
@@ -159,7 +163,7 @@ class Form:
         if contract == 32:
             self.put(self.batch["GMUServiceNr"] + "S", "font before", 5, x + 15.7 * CM, y + 6.44 * CM)
         top = calibrated(self.top, self.setting("OCRTop"))
-        left = calibrated(0, self.setting("OCRLinks"))
+        left = calibrated(self.left, self.setting("OCRLinks"))
         for cm, text in fields:
             self.put(text, "ocr", size, cm * CM + left, top + 8.975 * CM)
 
@@ -167,10 +171,11 @@ class Form:
 def forms(batch, fonts):
     """The texts of all forms as (page from 1 on, texts), in the order of the batch."""
     per_sheet = 1 if batch["type"] == UNDER_LETTER else len(TOPS_CM)
+    across, down = batch.get("margin", (0, 0))
     for number, document in enumerate(batch["documents"]):
         form = Form(batch, fonts, number % per_sheet)
         if batch["type"] in (NARROW, WIDE, UNDER_LETTER):
             form.payer(document)
             form.creditor()
         form.ocr(document)
-        yield number // per_sheet + 1, form.texts
+        yield number // per_sheet + 1, [replace(text, x=text.x + across, y=text.y + down) for text in form.texts]

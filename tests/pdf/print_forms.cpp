@@ -171,6 +171,8 @@ int main(int argc, char** argv) {
     record["type"] = state.AcceptgiroType;
     record["contract"] = state.GMUContractVorm;
     record["traffic"] = bool(state.GMUVerkeer);
+    record["month"] = moment.Month;
+    record["year"] = moment.Year;
     record["documents"] = DrawDocuments(memory.clock, count);
 
     support::FakeRunHost host(state, services);

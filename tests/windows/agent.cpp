@@ -341,6 +341,20 @@ std::string Fetch(std::istream& in) {
     return Hex(std::wstring(text.data()));
 }
 
+// A text that the system itself carries from one process to the other, such as an entry of a list.
+std::string Entry(std::istream& in) {
+    const HWND window = Window(in);
+    UINT id = 0;
+    long long wParam = 0;
+    in >> id >> wParam;
+    std::vector<wchar_t> text(LongestText);
+    DWORD_PTR result = 0;
+    SendMessageTimeoutW(window, id, static_cast<WPARAM>(wParam), reinterpret_cast<LPARAM>(text.data()),
+                        SMTO_NORMAL, PatienceMilliseconds, &result);
+    text.back() = 0;
+    return Hex(std::wstring(text.data()));
+}
+
 // Entries of the table of GDI objects that a process shares with the system; the count that Windows would
 // give for it is not answered by Wine.
 int GdiObjects() {
@@ -501,6 +515,7 @@ constexpr Command commands[] = {
     {"activate", Activate},
     {"key", Key},
     {"fetch", Fetch},
+    {"entry", Entry},
     {"handles", Handles},
     {"values", Values},
     {"setvalue", SetValue},

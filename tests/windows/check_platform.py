@@ -20,6 +20,7 @@ from wine_prefix import FONTS, OCR_FONT, WinePrefix, skip
 
 sys.path.insert(0, str(pathlib.Path(__file__).parents[1] / "pdf"))
 from fontfile import FontFile  # noqa: E402
+from form_checker import reader_ascents  # noqa: E402
 
 TOLERANCE_MM = 0.05
 TWIPS_PER_MM = 1440 / 25.4
@@ -50,12 +51,6 @@ def run_groups(prefix, program, groups, failures):
 def font_files():
     plain, bold = FontFile(FONTS / "tahoma.ttf"), FontFile(FONTS / "tahomabd.ttf")
     return {("Tahoma", False): plain, ("Tahoma", True): bold, ("OCR-B", False): FontFile(OCR_FONT)}
-
-
-def reader_ascents(pdf):
-    """How far above the base line pdftotext begins a word, for a size of 1, by the font's name in the PDF."""
-    found = re.findall(rb"/FontName ?/\w+\+([^/\s]+).*?/Ascent ([-\d.]+)", pdf.read_bytes(), re.S)
-    return {name.decode("ascii"): min(float(ascent) / 1000, 1.05) for name, ascent in found}
 
 
 def words_of(pdf):

@@ -1,0 +1,80 @@
+"""An office as the program meets it: a Windows with Tarvik's example settings, a print server, and a user."""
+import contextlib
+import pathlib
+import shutil
+
+from agent import Agent, Registry, text_of
+from control_ids import Ids
+from player import CB_GETCOUNT, Player
+from print_server import PrintServer
+from wine_prefix import WinePrefix, skip
+
+EXAMPLE = pathlib.Path(__file__).parents[2] / "examples" / "tarvik.reg"
+CB_GETLBTEXT = 0x0148
+
+PRINTER, PAPER, BIN, ORIENTATION = range(4)
+FORMS, NAME_LIST, REPORT = range(3)
+TITLES = ("Acceptgiroformulieren voor de drukkeuring", "Namenlijst", "Instellingen calibratie")
+
+
+class Office:
+    """Close it, or use it with `with`."""
+
+    def __init__(self, build):
+        if not shutil.which("ps2pdf"):
+            skip("Ghostscript is not installed")
+        with contextlib.ExitStack() as ends:
+            self.prefix = ends.enter_context(WinePrefix.for_test(build))
+            self.server = ends.enter_context(PrintServer())
+            self.prefix.settings.update(self.server.settings)
+            self.prefix.import_settings(EXAMPLE)
+            self.ids = Ids.of(self.prefix, build)
+            self.agent = Agent(self.prefix.command(), build / "bin" / "win_agent.exe")
+            ends.callback(self.agent.close)
+            self.program = self.prefix.windows_path(build / "bin" / "drukkeuring.exe")
+            self.user = Player(self.agent, Registry(self.agent), self.program, self.ids)
+            self._ends = ends.pop_all()
+
+    def __enter__(self):
+        return self
+
+    def __exit__(self, *_):
+        self._ends.close()
+
+    def play(self, *lines):
+        self.user.play(lines, finish=False)
+
+    def start_at_the_last_page(self, batch=0):
+        """`batch` is the position of the size of the batch on the wizard's third page."""
+        self.play("start", "click frmMain.Verder", "click frmMain.optProcedure(0)", "click frmMain.Verder",
+                  f"click frmMain.optTestpartij({batch})", "click frmMain.Verder")
+
+    def open_manager(self, details=False):
+        self.play("click frmMain.cmdPrinten", *["click frmPrintManager.cmdDetails"] * details)
+
+    def box(self, number):
+        return self.user.window("frmPrintManager", f"cboPrinterSelect({number})")
+
+    def choices(self, number):
+        handle = self.box(number).handle
+        count = self.agent.number("send", handle, CB_GETCOUNT, 0, 0)
+        return [text_of(self.agent.ask("entry", handle, CB_GETLBTEXT, i)) for i in range(count)]
+
+    def chosen(self, number):
+        return self.box(number).text
+
+    def choose(self, number, text):
+        """Picks an entry of one of the manager's combos by its text."""
+        self.play(f"pick frmPrintManager.cboPrinterSelect({number}) {self.choices(number).index(text)}")
+
+    def pick_document(self, document):
+        self.play(f"pick frmPrintManager.lstAfdrukken {document}")
+
+    def print_document(self, document):
+        """The manager closes at the end of it."""
+        self.pick_document(document)
+        self.play("click frmPrintManager.cmdPrint")
+
+    def events(self, *kinds):
+        """What has happened so far, of these kinds."""
+        return [record for record in self.user.records if record.get("event") in kinds]
