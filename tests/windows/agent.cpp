@@ -20,11 +20,13 @@
 namespace {
 
 constexpr UINT PatienceMilliseconds = 10000;
+constexpr DWORD LongestNapMilliseconds = 10;
 constexpr std::size_t LongestText = 4096;
 
 HANDLE program = nullptr;
 DWORD programId = 0;
 DWORD programThread = 0;
+bool sharesKeyboard = false;
 
 std::string Hex(const void* data, std::size_t bytes) {
     constexpr char digits[] = "0123456789abcdef";
@@ -100,6 +102,7 @@ struct Errand {
     std::thread Worker;
 };
 std::deque<Errand> errands;
+const HANDLE errandDone = CreateEventW(nullptr, FALSE, FALSE, nullptr);
 
 std::string StartProgram(std::istream& in) {
     std::string hex;
@@ -116,6 +119,7 @@ std::string StartProgram(std::istream& in) {
     program = process.hProcess;
     programId = process.dwProcessId;
     programThread = process.dwThreadId;
+    sharesKeyboard = false;
     return "ok";
 }
 
@@ -272,6 +276,7 @@ std::string Begin(std::istream& in) {
             SendMessageW(message.Window, message.Id, message.WParam, message.LParam);
         }
         errand.Done = true;
+        SetEvent(errandDone);
     });
     return std::to_string(errands.size() - 1);
 }
@@ -303,12 +308,16 @@ bool HeldDown(int key) {
     return GetKeyState(key) < 0;
 }
 
-// Presses or lets go a key of the keyboard, and returns when the program has taken it from its queue.
+// Presses or lets go a key of the keyboard, and returns when the program has taken it from its queue. From
+// the first key on the agent shares the program's keyboard: to part with it would let go of the keys that are
+// down.
 std::string Key(std::istream& in) {
     int key = 0;
     bool down = false;
     in >> key >> down;
-    AttachThreadInput(GetCurrentThreadId(), programThread, TRUE);
+    if (!sharesKeyboard) {
+        sharesKeyboard = AttachThreadInput(GetCurrentThreadId(), programThread, TRUE) != FALSE;
+    }
     INPUT input{};
     input.type = INPUT_KEYBOARD;
     input.ki.wVk = static_cast<WORD>(key);
@@ -319,7 +328,6 @@ std::string Key(std::istream& in) {
         Sleep(1);
     }
     const bool taken = HeldDown(key) == down;
-    AttachThreadInput(GetCurrentThreadId(), programThread, FALSE);
     return taken ? "ok" : "error";
 }
 
@@ -483,8 +491,10 @@ std::string DeleteKey(std::istream& in) {
     return std::to_string(RegDeleteTreeW(HKEY_CURRENT_USER, Text(path).c_str()));
 }
 
+// A pause between two looks, which ends with the next errand: looking all the time would keep the program
+// from its work.
 std::string Nap(std::istream&) {
-    Sleep(1);
+    WaitForSingleObject(errandDone, LongestNapMilliseconds);
     return "ok";
 }
 
