@@ -18,9 +18,9 @@ def text_of(digits):
 class Agent:
     """Answers one line for each line."""
 
-    def __init__(self, wine, exe):
+    def __init__(self, wine, exe, log=None):
         self.process = subprocess.Popen([*wine, str(exe)], stdin=subprocess.PIPE, stdout=subprocess.PIPE,
-                                        stderr=subprocess.DEVNULL, text=True, bufsize=1)
+                                        stderr=log or subprocess.DEVNULL, text=True, bufsize=1)
 
     def ask(self, *words):
         self.process.stdin.write(" ".join(str(word) for word in words) + "\n")

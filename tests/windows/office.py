@@ -20,16 +20,19 @@ TITLES = ("Acceptgiroformulieren voor de drukkeuring", "Namenlijst", "Instelling
 class Office:
     """Close it, or use it with `with`."""
 
-    def __init__(self, build):
+    def __init__(self, build, log=None, debug=None):
+        """`log` is a file for what Wine tells of its `debug` channels."""
         if not shutil.which("ps2pdf"):
             skip("Ghostscript is not installed")
         with contextlib.ExitStack() as ends:
             self.prefix = ends.enter_context(WinePrefix.for_test(build))
             self.server = ends.enter_context(PrintServer())
             self.prefix.settings.update(self.server.settings)
+            if debug:
+                self.prefix.settings["WINEDEBUG"] = debug
             self.prefix.import_settings(EXAMPLE)
             self.ids = Ids.of(self.prefix, build)
-            self.agent = Agent(self.prefix.command(), build / "bin" / "win_agent.exe")
+            self.agent = Agent(self.prefix.command(), build / "bin" / "win_agent.exe", log)
             ends.callback(self.agent.close)
             self.program = self.prefix.windows_path(build / "bin" / "drukkeuring.exe")
             self.user = Player(self.agent, Registry(self.agent), self.program, self.ids)

@@ -17,7 +17,7 @@ import time
 from wine_prefix import skip
 
 EXEC = pathlib.Path("/usr/lib/cups/daemon/cups-exec")
-PATIENCE = 20  # seconds
+PATIENCE = 60  # seconds
 
 CONFIGURATION = """LogLevel warn
 Listen @/cups.sock

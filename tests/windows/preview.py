@@ -1,0 +1,101 @@
+#!/usr/bin/env python3
+"""The preview of a batch that is longer than it shows: its message, every way from page to page, and a print of the whole batch
+from its menu.
+
+    preview.py --build FOLDER
+
+FOLDER is the build folder of the Windows program. Exit status 77 where Wine, CUPS or Ghostscript is missing.
+"""
+import argparse
+import pathlib
+import re
+import sys
+
+from office import FORMS, TITLES, Office
+
+SBM_GETPOS = 0x00E1
+VK_NEXT, VK_PRIOR, VK_HOME, VK_END = 0x22, 0x21, 0x24, 0x23
+SHEETS = 84  # for 250 forms, three to a sheet
+SHOWN = 40
+TOO_LONG = ("Er zijn meer dan 40 pagina's gevonden, in het afdrukvoorbeeld worden maximaal 40 pagina's getoond.")
+
+FIRST, BACK, ON, LAST, LEAVE = (f"click frmPrintPreview.Toolbar({number})" for number in (3, 4, 5, 6, 8))
+UP, DOWN = "click frmPrintPreview.cmdUp", "click frmPrintPreview.cmdDown"
+WHEEL_DOWN, WHEEL_UP = "wheel frmPrintPreview -120", "wheel frmPrintPreview 120"
+
+
+def key(code):
+    return f"key frmPrintPreview {code}"
+
+
+# What the user does, the page that is then on show, and how far it is scrolled down: 0 to 100.
+WAYS = [
+    (ON, 2, 0), (ON, 3, 0), (BACK, 2, 0), (LAST, 40, 0), (FIRST, 1, 0),
+    (DOWN, 2, 0), (DOWN, 3, 0), (UP, 2, 0), (FIRST, 1, 0),
+    (WHEEL_DOWN, 1, 15), (WHEEL_DOWN, 1, 30), (WHEEL_UP, 1, 15), (WHEEL_UP, 1, 0), (WHEEL_UP, 1, 0),
+    (key(VK_NEXT), 1, 25), (key(VK_NEXT), 1, 50), (key(VK_NEXT), 1, 75), (key(VK_NEXT), 1, 100), (key(VK_NEXT), 2, 0),
+    (WHEEL_DOWN, 2, 15), (key(VK_PRIOR), 2, 0), (key(VK_PRIOR), 1, 0),
+    (key(VK_END), 1, 100), (WHEEL_DOWN, 1, 100), (key(VK_HOME), 1, 0),
+    (LAST, 40, 0), (key(VK_END), 40, 100), (key(VK_NEXT), 40, 100),
+]
+
+
+class Failures:
+    def __init__(self):
+        self.count = 0
+
+    def equal(self, is_, should, what):
+        print("ok" if is_ == should else "FAILED", f"{what}: {is_}" + f", expected {should}" * (is_ != should))
+        self.count += is_ != should
+
+
+def look(user):
+    """The number of the page on show, as the status bar tells it, and the place of the vertical bar."""
+    return user.value("frmPrintPreview.StatusBar(1).Text"), user.window("frmPrintPreview", "VScroll").send(SBM_GETPOS)
+
+
+def walk(office, failures):
+    user = office.user
+    for command, page, place in WAYS:
+        office.play(command)
+        failures.equal(look(user), (f"Pagina: {page}", place), command)
+
+
+def check(office, failures):
+    user = office.user
+    office.start_at_the_last_page()
+    office.open_manager()
+    office.pick_document(FORMS)
+    office.play("click frmPrintManager.cmdPrintVoorbeeld")
+    failures.equal([box["text"] for box in office.events("message")], [TOO_LONG], "the user is told once")
+    failures.equal(user.value("frmPrintPreview.StatusBar(2).Text"), f"Totaal aantal pagina's : {SHOWN}", "pages are counted")
+    failures.equal(look(user), ("Pagina: 1", 0), "it begins at the top of the first page")
+    walk(office, failures)
+
+    office.play("menu frmPrintPreview ID_Sluiten")
+    failures.equal(user.shown, ["frmMain", "frmPrintManager"], "the menu closes the preview")
+    office.play("click frmPrintManager.cmdPrintVoorbeeld", LEAVE)
+    failures.equal(user.shown, ["frmMain", "frmPrintManager"], "and so does the toolbar")
+    failures.equal(office.server.has_job(), False, "nothing has been printed")
+
+    office.play("click frmPrintManager.cmdPrintVoorbeeld", "menu frmPrintPreview ID_Afdrukken")
+    job = office.server.next_job()
+    failures.equal((job.title, job.copies), (TITLES[FORMS], "1"), "the menu prints the document")
+    failures.equal(len(re.findall(rb"%%Page: ", job.document)), SHEETS, "all of its pages")
+    failures.equal(user.shown, ["frmMain", "frmPrintManager"], "the manager stays")
+    office.play("click frmPrintManager.cmdAnnuleren")
+    failures.equal(office.events("error", "ignored", "refused"), [], "nothing was refused")
+
+
+def main():
+    parser = argparse.ArgumentParser()
+    parser.add_argument("--build", type=pathlib.Path, required=True)
+    failures = Failures()
+    with Office(parser.parse_args().build) as office:
+        check(office, failures)
+    print(f"{failures.count} failed")
+    return 1 if failures.count else 0
+
+
+if __name__ == "__main__":
+    sys.exit(main())
