@@ -22,8 +22,9 @@ class Office:
 
     def __init__(self, build, log=None, debug=None):
         """`log` is a file for what Wine tells of its `debug` channels."""
-        if not shutil.which("ps2pdf"):
-            skip("Ghostscript is not installed")
+        for tool, package in (("ps2pdf", "Ghostscript"), ("pdftotext", "Poppler")):
+            if not shutil.which(tool):
+                skip(f"{package} is not installed")
         with contextlib.ExitStack() as ends:
             self.prefix = ends.enter_context(WinePrefix.for_test(build))
             self.server = ends.enter_context(PrintServer())
