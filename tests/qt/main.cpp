@@ -6,7 +6,9 @@
 #include "platform/qt/QtPlatform.h"
 
 int main(int argc, char** argv) {
-    qputenv("QT_QPA_PLATFORM", "offscreen");
+    if (!qEnvironmentVariableIsSet("QT_QPA_PLATFORM")) {
+        qputenv("QT_QPA_PLATFORM", "offscreen");
+    }
     testing::InitGoogleTest(&argc, argv);
     const platform::qt::DutchApplication application(argc, argv);
     if (const int points = qEnvironmentVariableIntValue("DRUKKEURING_TEST_POINTS"); points > 0) {
