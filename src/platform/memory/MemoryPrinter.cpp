@@ -50,11 +50,13 @@ std::string MemoryPrinter::DeviceName() {
 }
 
 std::string MemoryPrinter::Port() {
+    recorder_.RaiseFailure("Port", ErrorPrinter, printerError);
     return Current().Port;
 }
 
 std::int16_t MemoryPrinter::Orientation() {
     Current();
+    recorder_.RaiseFailure("ReadOrientation", ErrorPrinter, printerError);
     return settings_.Orientation;
 }
 
@@ -70,6 +72,7 @@ void MemoryPrinter::SetOrientation(std::int16_t orientation) {
 
 std::int16_t MemoryPrinter::PaperSize() {
     Current();
+    recorder_.RaiseFailure("ReadPaperSize", ErrorPrinter, printerError);
     return settings_.PaperSize;
 }
 
@@ -82,6 +85,7 @@ void MemoryPrinter::SetPaperSize(std::int16_t paper) {
 
 std::int16_t MemoryPrinter::PaperBin() {
     Current();
+    recorder_.RaiseFailure("ReadPaperBin", ErrorPrinter, printerError);
     return settings_.DefaultSource;
 }
 
@@ -107,10 +111,12 @@ double MemoryPrinter::Twips(int dots) {
 }
 
 double MemoryPrinter::Width() {
+    recorder_.RaiseFailure("Width", ErrorPrinter, printerError);
     return Twips(Turned(Current().Sheet).X);
 }
 
 double MemoryPrinter::Height() {
+    recorder_.RaiseFailure("Height", ErrorPrinter, printerError);
     return Twips(Turned(Current().Sheet).Y);
 }
 

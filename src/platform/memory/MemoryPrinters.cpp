@@ -17,6 +17,7 @@ int MemoryPrinters::Count() {
 }
 
 PrinterEntry MemoryPrinters::Item(int index) {
+    recorder_.RaiseFailure("Item", ErrorPrinter, "Printer error");
     const PrintQueue& queue = Queue(index);
     return {queue.Name, queue.Port};
 }

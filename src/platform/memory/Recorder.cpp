@@ -10,21 +10,54 @@ namespace platform {
 namespace {
 
 constexpr std::string_view callsThatCanFail[] = {
-    "OpenPrinterA", "ClosePrinter",   "DocumentPropertiesA", "GetPrinterA",
-    "SetPrinterA",  "RegOpenKeyA",    "DeviceCapabilitiesA", "RegQueryValueExA",
-    "RegCloseKey",  "RegSetValueExA", "MeasureText",         "DrawText",
-    "DrawLine",     "NewPage",        "CreatePage",          "Image",
-    "EndDocument",  "Printer",        "Orientation",         "PaperSize",
-    "PaperBin",     "Copies",         "ScaleLeft",           "ScaleTop",
-    "ScaleWidth",   "ScaleHeight",    "GetDeviceCaps",       "DeviceName",
-    "Printers",     "GetLocaleInfoA",
+    "OpenPrinterA",
+    "ClosePrinter",
+    "DocumentPropertiesA",
+    "GetPrinterA",
+    "SetPrinterA",
+    "RegOpenKeyA",
+    "DeviceCapabilitiesA",
+    "RegQueryValueExA",
+    "RegCloseKey",
+    "RegSetValueExA",
+    "MeasureText",
+    "DrawText",
+    "DrawLine",
+    "NewPage",
+    "CreatePage",
+    "Image",
+    "EndDocument",
+    "Printer",
+    "Orientation",
+    "PaperSize",
+    "PaperBin",
+    "Copies",
+    "ScaleLeft",
+    "ScaleTop",
+    "ScaleWidth",
+    "ScaleHeight",
+    "GetDeviceCaps",
+    "DeviceName",
+    "Printers",
+    "GetLocaleInfoA",
+    "ReadOrientation",
+    "ReadPaperSize",
+    "ReadPaperBin",
+    "Port",
+    "Width",
+    "Height",
+    "Item",
 };
 
 } // namespace
 
+std::span<const std::string_view> Recorder::CallsThatCanFail() {
+    return callsThatCanFail;
+}
+
 bool Recorder::Fail(std::string_view call, int count) {
-    if (std::find(std::begin(callsThatCanFail), std::end(callsThatCanFail), call) ==
-        std::end(callsThatCanFail)) {
+    const auto* const end = std::end(callsThatCanFail);
+    if (std::find(std::begin(callsThatCanFail), end, call) == end) {
         return false;
     }
     failures_[std::string(call)] = count;
@@ -32,6 +65,9 @@ bool Recorder::Fail(std::string_view call, int count) {
 }
 
 bool Recorder::TakeFailure(std::string_view call) {
+    if (ShouldFail && ShouldFail(call)) {
+        return true;
+    }
     const auto found = failures_.find(call);
     if (found == failures_.end() || found->second <= 0) {
         return false;

@@ -1,10 +1,10 @@
 #pragma once
 
-#include <array>
+#include <functional>
 #include <map>
+#include <span>
 #include <string>
 #include <string_view>
-#include <utility>
 
 #include "platform/memory/Event.h"
 
@@ -21,6 +21,12 @@ class Recorder {
             Sink(event);
         }
     }
+
+    /// Names of all calls that can fail.
+    static std::span<const std::string_view> CallsThatCanFail();
+
+    /// Asked at each call that can fail, by its name; true lets it fail, whatever Fail() says.
+    std::function<bool(std::string_view call)> ShouldFail;
 
     /// Lets the next `count` calls of this name fail. False if no such call can fail.
     bool Fail(std::string_view call, int count = 1);

@@ -132,10 +132,28 @@ TEST_F(MemoryPrinterTest, EachMemberCanBeMadeToFail) {
     EXPECT_EQ(failing("ScaleTop", [&] { printer.ScaleTop(); }), platform::ErrorPrinter);
     EXPECT_EQ(failing("GetDeviceCaps", [&] { printer.GetDeviceCaps(88); }), platform::ErrorPrinter);
     EXPECT_EQ(failing("Copies", [&] { printer.Copies(); }), platform::ErrorPrinter);
+    EXPECT_EQ(failing("ReadOrientation", [&] { printer.Orientation(); }), platform::ErrorPrinter);
+    EXPECT_EQ(failing("ReadPaperSize", [&] { printer.PaperSize(); }), platform::ErrorPrinter);
+    EXPECT_EQ(failing("ReadPaperBin", [&] { printer.PaperBin(); }), platform::ErrorPrinter);
+    EXPECT_EQ(failing("Port", [&] { printer.Port(); }), platform::ErrorPrinter);
+    EXPECT_EQ(failing("Width", [&] { printer.Width(); }), platform::ErrorPrinter);
+    EXPECT_EQ(failing("Height", [&] { printer.Height(); }), platform::ErrorPrinter);
+    EXPECT_EQ(failing("Item", [&] { watched.memory.printers.Item(0); }), platform::ErrorPrinter);
     EXPECT_EQ(failing("DeviceName", [&] { printer.DeviceName(); }), platform::ErrorPrinter);
     EXPECT_EQ(failing("Printers", [&] { watched.memory.printers.Count(); }), platform::ErrorPrinter);
     EXPECT_THAT(watched.events, IsEmpty());
     EXPECT_FALSE(watched.memory.recorder.Fail("NoSuchCall"));
+}
+
+TEST_F(MemoryPrinterTest, ATestCanChooseTheCallThatFails) {
+    watched.memory.InstallPrinter({.Name = "Laser"});
+    int calls = 0;
+    watched.memory.recorder.ShouldFail = [&](std::string_view call) {
+        return call == "Copies" && ++calls == 2;
+    };
+    EXPECT_EQ(printer.Copies(), 1);
+    EXPECT_EQ(ErrorOf([&] { printer.Copies(); }), platform::ErrorPrinter);
+    EXPECT_EQ(printer.Copies(), 1);
 }
 
 } // namespace
