@@ -9,6 +9,8 @@ run=(fonts-wine fonts-ocr-b fonts-dejavu-core qt6-translations-l10n)
 # To test it.
 test=(libgtest-dev libgmock-dev libbenchmark-dev python3 poppler-utils
       cups-daemon cups-client)
+# Tests that take minutes: a reader of print.
+slow=(tesseract-ocr tesseract-ocr-eng)
 
 # To build the Windows program.
 windows=(g++-mingw-w64-x86-64-posix cmake ninja-build ccache python3 librsvg2-bin)
@@ -23,6 +25,7 @@ screen=(libx11-6 libxext6 libxcomposite1 libxcursor1 libxfixes3 libxi6 libxinera
 case "${1:-}" in
   run) wanted=("${build[@]}" "${run[@]}") ;;
   test) wanted=("${build[@]}" "${run[@]}" "${test[@]}") ;;
+  slow) wanted=("${build[@]}" "${run[@]}" "${test[@]}" "${slow[@]}") ;;
   windows) wanted=("${windows[@]}") ;;
   wine) wanted=("${windows[@]}" "${wine[@]}") ;;
   screen) wanted=("${screen[@]}") ;;
