@@ -2,6 +2,7 @@
 
 #include "composition/CalibrationReport.h"
 #include "composition/NameList.h"
+#include "composition/OpenPrinter.h"
 #include "composition/PrintSurface.h"
 #include "composition/TestFormRun.h"
 #include "platform/Numbers.h"
@@ -16,7 +17,6 @@ using platform::Resume;
 namespace {
 
 constexpr std::int16_t paperLegal = 5;
-constexpr double listFontPoints = 8;
 constexpr std::int16_t previewOpen = 0;
 constexpr std::int16_t previewClose = 1;
 constexpr std::int16_t allDone = 100; ///< percent
@@ -68,7 +68,7 @@ void Afdrukken(wizard::AppState& state, platform::Platform& platform, RunHost& h
     }
 
     Resume([&] { host.UpdatePercentage(allDone); });
-    Resume([&] { SurfaceOf(state).SetFontSize(listFontPoints); });
+    Resume([&] { SurfaceOf(state).SetFontSize(ListFontPoints); });
     Resume([&] { SurfaceOf(state).EndDoc(); });
     if (blnPrintPreview) {
         Resume([&] { host.ShowPreview(); });

@@ -13,7 +13,6 @@ namespace composition {
 
 namespace {
 
-constexpr double listFontPoints = 8;
 constexpr const char* lineBreak = "\r\n";
 
 /// Numbers of the steps, by which a message names the one that failed.
@@ -77,7 +76,7 @@ void OpenPrinter(wizard::AppState& state, platform::Platform& platform, PrinterS
     step(regelGet, [&] { printer.DeviceName(); }); // a printer that is gone shows itself here
     step(regelMessages, [&] { platform.Desktop.Yield(); });
     step(regelSurface, [&] { state.Surface = &surface; });
-    step(regelFontSize, [&] { SurfaceOf(state).SetFontSize(listFontPoints); });
+    step(regelFontSize, [&] { SurfaceOf(state).SetFontSize(ListFontPoints); });
     step(regelWidth, [&] { state.SurfaceWidth = state.PageWidth; });
     step(regelLeft, [&] { state.SurfaceLeft = platform::ToInt32(printer.ScaleLeft()); });
     step(regelTop, [&] { state.SurfaceTop = platform::ToInt32(printer.ScaleTop()); });

@@ -22,6 +22,7 @@ class RuntimeError : public std::runtime_error {
 
 // The numbers that the program tells apart or raises itself.
 inline constexpr int ErrorOverflow = 6;
+inline constexpr int ErrorOutOfMemory = 7;
 inline constexpr int ErrorSubscriptOutOfRange = 9;
 inline constexpr int ErrorTypeMismatch = 13;
 inline constexpr int ErrorNoObject = 91;
@@ -29,5 +30,10 @@ inline constexpr int ErrorInvalidPropertyValue = 380;
 inline constexpr int ErrorNoSuchMember = 438;
 inline constexpr int ErrorDuplicateKey = 457;
 inline constexpr int ErrorPrinter = 482;
+
+/// What the machine answers where it cannot make one more bitmap or window.
+inline RuntimeError OutOfMemory() {
+    return {ErrorOutOfMemory, "Out of memory"};
+}
 
 } // namespace platform

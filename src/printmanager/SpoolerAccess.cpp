@@ -13,7 +13,6 @@ constexpr std::uint64_t BytesBehind = 128;
 /// Settings of a driver take 128 KB at most; a larger number is an error of the driver and not worth the
 /// memory.
 constexpr std::uint64_t MostBytes = 16U << 20U;
-constexpr int ErrorOutOfMemory = 7;
 
 } // namespace
 
@@ -25,7 +24,7 @@ platform::PrinterHandle OpenForDefaults(platform::Spooler& spooler, const std::s
 
 std::vector<std::byte> SpoolerBuffer(std::uint64_t reported) {
     if (reported > MostBytes) {
-        throw platform::RuntimeError(ErrorOutOfMemory, "Out of memory");
+        throw platform::OutOfMemory();
     }
     const std::uint64_t size =
         std::max<std::uint64_t>(reported + BytesBehind, sizeof(platform::PRINTER_INFO_2));

@@ -9,8 +9,10 @@ namespace platform {
 
 namespace {
 
-constexpr int outOfMemory = 7;
-constexpr const char* outOfMemoryText = "Out of memory";
+void RaiseFailure(Recorder& recorder, const char* call) {
+    const RuntimeError error = OutOfMemory();
+    recorder.RaiseFailure(call, error.Number(), error.what());
+}
 
 class MemoryPage final : public OffscreenPage, private Canvas {
   public:
@@ -21,7 +23,7 @@ class MemoryPage final : public OffscreenPage, private Canvas {
     Canvas& Drawing() override { return *this; }
 
     std::shared_ptr<const PageBitmap> Image() override {
-        recorder_.RaiseFailure("Image", outOfMemory, outOfMemoryText);
+        RaiseFailure(recorder_, "Image");
         return std::make_shared<MemoryBitmap>(width_, height_, texts_, alive_);
     }
 
@@ -60,7 +62,7 @@ class MemoryPage final : public OffscreenPage, private Canvas {
 } // namespace
 
 std::unique_ptr<OffscreenPage> MemoryBitmaps::CreatePage(double width, double height) {
-    recorder_.RaiseFailure("CreatePage", outOfMemory, outOfMemoryText);
+    RaiseFailure(recorder_, "CreatePage");
     return std::make_unique<MemoryPage>(recorder_, width, height, alive_);
 }
 

@@ -17,20 +17,15 @@ namespace platform::qt {
 namespace {
 
 constexpr double UnitsPerTwip = 5; // 7200 and 1440 to the inch
-constexpr int OutOfMemory = 7;
 
 /// A page of 40 may take half the memory in this format, and black on white loses nothing.
 constexpr QImage::Format Format = QImage::Format_RGB16;
-
-[[noreturn]] void ThrowOutOfMemory() {
-    throw RuntimeError(OutOfMemory, "Out of memory");
-}
 
 /// Whole dots that hold so many. A driver may claim any size of sheet.
 int Extent(double dots) {
     constexpr double most = 32767;
     if (!(dots > 0 && dots <= most)) {
-        ThrowOutOfMemory();
+        throw OutOfMemory();
     }
     return static_cast<int>(std::ceil(dots));
 }
@@ -61,7 +56,7 @@ class ImageDevice final : public PageDevice {
         if (!image_.isDetached()) {
             QImage fresh(size_, Format);
             if (fresh.isNull()) {
-                ThrowOutOfMemory();
+                throw OutOfMemory();
             }
             fresh.setDevicePixelRatio(density_);
             image_ = std::move(fresh);

@@ -23,8 +23,6 @@ constexpr int UsualUnits = 2048;
 /// How many characters beyond Latin-1 are kept at a time. A text that holds more is only slower.
 constexpr std::size_t MostOtherGlyphs = 4096;
 
-constexpr int OutOfMemory = 7;
-
 double PointsOf(const FontSpec& font) {
     // Negated so that a size that is no number counts as the smallest.
     return !(font.Size > SmallestSize) ? SmallestSize : std::min(font.Size, LargestSize);
@@ -42,7 +40,7 @@ Font MakeFont(const FontSpec& font, int height, BYTE quality) {
     name.copy(wanted.lfFaceName, LF_FACESIZE - 1);
     Font made(::CreateFontIndirectW(&wanted));
     if (!made) {
-        throw RuntimeError(OutOfMemory, "Out of memory");
+        throw OutOfMemory();
     }
     return made;
 }
@@ -50,7 +48,7 @@ Font MakeFont(const FontSpec& font, int height, BYTE quality) {
 DeviceContext MeasuringDevice() {
     DeviceContext device(::CreateCompatibleDC(nullptr));
     if (!device) {
-        throw RuntimeError(OutOfMemory, "Out of memory");
+        throw OutOfMemory();
     }
     return device;
 }

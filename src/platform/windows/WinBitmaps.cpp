@@ -19,11 +19,6 @@ constexpr double MostDots = 32767;
 /// A page of 40 may take half the memory at this depth, and black on white loses nothing.
 constexpr WORD BitsPerDot = 16;
 
-[[noreturn]] void OutOfMemory() {
-    constexpr int number = 7;
-    throw RuntimeError(number, "Out of memory");
-}
-
 /// Of the screen that the desktop began with, as its forms are scaled; the same in both directions.
 int ScreenDotsPerInch() {
     static const int dots = ScreenScale().DotsPerInch();
@@ -33,7 +28,7 @@ int ScreenDotsPerInch() {
 LONG DotsOf(double twips) {
     const double dots = std::ceil(twips * ScreenDotsPerInch() / TwipsPerInch);
     if (!(dots >= 1 && dots <= MostDots)) {
-        OutOfMemory();
+        throw OutOfMemory();
     }
     return static_cast<LONG>(dots);
 }
@@ -49,7 +44,7 @@ Bitmap MakeBitmap(SIZE dots) {
     Bitmap bitmap(
         ::CreateDIBSection(nullptr, reinterpret_cast<BITMAPINFO*>(&info), DIB_RGB_COLORS, &bits, nullptr, 0));
     if (!bitmap) {
-        OutOfMemory();
+        throw OutOfMemory();
     }
     return bitmap;
 }
@@ -57,7 +52,7 @@ Bitmap MakeBitmap(SIZE dots) {
 DeviceContext MemoryDevice() {
     DeviceContext device(::CreateCompatibleDC(nullptr));
     if (!device) {
-        OutOfMemory();
+        throw OutOfMemory();
     }
     return device;
 }
@@ -82,7 +77,7 @@ class PictureDevice final : public PageDevice {
     Resolution DotsPerInch() override { return {dotsPerInch_, dotsPerInch_}; }
     void NewPage() override { Clear(); }
     void EndDocument() override {}
-    void DrawingFailed() override { OutOfMemory(); }
+    void DrawingFailed() override { throw OutOfMemory(); }
     // Grey at its edges alone: the colours of a screen's stripes would show when the picture is scaled.
     BYTE FontQuality() override { return ANTIALIASED_QUALITY; }
 

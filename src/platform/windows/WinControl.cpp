@@ -94,7 +94,7 @@ WinControl::WinControl(forms::Control& control, WinForm& form, const WindowPlace
                                 place.Parent, reinterpret_cast<HMENU>(static_cast<INT_PTR>(place.Id)),
                                 ::GetModuleHandleW(nullptr), nullptr);
     if (window_ == nullptr) {
-        throw RuntimeError(WinForm::ErrorNoWindow, "Out of memory");
+        throw OutOfMemory();
     }
     ::SetPropW(window_, ControlProperty, this);
     ::SetWindowSubclass(window_, Procedure, SubclassId, reinterpret_cast<DWORD_PTR>(this));
