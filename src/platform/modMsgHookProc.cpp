@@ -133,8 +133,9 @@ std::intptr_t HookDispatch(std::int32_t slot, WindowHandle hWnd, std::int32_t uM
                            std::intptr_t lParam) {
     const HookEntry& entry = At(slot);
     const Dispatching dispatching(entry.lOwner);
-    const auto callReplaced = [&] {
-        return entry.procedures->CallWindowProcA(entry.lOldProc, hWnd, uMsg, wParam, lParam);
+    // A handler may give the slot to another window: what this message replaces is what it met.
+    const auto callReplaced = [&, procedures = entry.procedures, lOldProc = entry.lOldProc] {
+        return procedures->CallWindowProcA(lOldProc, hWnd, uMsg, wParam, lParam);
     };
     // A slot without an owner is still entered where somebody hooked the same window later and put it back.
     if (dispatching.Owner() == nullptr || !IsWatched(entry, uMsg)) {

@@ -9,6 +9,11 @@ constexpr std::int32_t bounds = platform::WM_GETMINMAXINFO;
 constexpr std::int32_t sameBucket = bounds + 257;
 constexpr std::int32_t wheel = platform::WM_MOUSEWHEEL;
 
+std::intptr_t WINDOW_CALL OtherProcedure(platform::WindowHandle /*hWnd*/, std::int32_t /*uMsg*/,
+                                         std::intptr_t /*wParam*/, std::intptr_t /*lParam*/) {
+    return 7;
+}
+
 class MsgHookTest : public HookTest {
   protected:
     MsgHookTest() {
@@ -227,6 +232,20 @@ TEST_F(MsgHookTest, AHandlerMayUnhookAndIsStillToldWhatFollows) {
     EXPECT_EQ(table.Send(window->Handle(), wheel, 0, 0), 100 + wheel);
     EXPECT_THAT(after, ElementsAre(wheel));
     EXPECT_TRUE(HasOwnProcedure(*window));
+}
+
+// The slot is another window's by the time that the message goes on.
+TEST_F(MsgHookTest, AHandlerMayHookAnotherWindowAndTheMessageStillMeetsTheProcedureThatItReplaced) {
+    const auto other = NewWindow();
+    table.SetWindowLongA(other->Handle(), platform::GWL_WNDPROC, platform::AddressOf(OtherProcedure));
+    ASSERT_EQ(table.Send(other->Handle(), wheel, 0, 0), 7);
+    watcher.Before = [&](auto&, auto&, auto&, auto&) { watcher.Hook(other->Handle(), {wheel}); };
+    watcher.Hook(window->Handle(), {wheel});
+    const std::int32_t slot = watcher.lSlot();
+    EXPECT_EQ(table.Send(window->Handle(), wheel, 1, 2), 100 + wheel);
+    EXPECT_THAT(Handled(), ElementsAre(Message{wheel, 1, 2}));
+    EXPECT_EQ(watcher.lSlot(), slot);
+    EXPECT_EQ(hook::Slot(slot).hWnd, other->Handle());
 }
 
 TEST_F(MsgHookTest, AHookMayBeDestroyedByItsOwnHandler) {
