@@ -164,14 +164,14 @@ void cmdButtonXP::TimerTick() {
 }
 
 void cmdButtonXP::UserMouseMove() {
-    if (!blnBusy_ && Enabled()) {
+    if (!blnBusy_ && Enabled() && !Owner().Leaving()) {
         blnOver_ = true;
         Timer.SetEnabled(true);
     }
 }
 
 void cmdButtonXP::UserMouseDown() {
-    if (windowEnabled_) {
+    if (windowEnabled_ && !Owner().Leaving()) {
         blnMouseDown_ = true;
     }
 }

@@ -70,7 +70,7 @@ class cmdButtonXP : public forms::Control {
     void ApplyClick();
 
     bool IsStuck() const { return blnSticky_ && blnStuck_; }
-    bool CanTakeMouse() const { return windowEnabled_ && IsShown() && IsUsable(); }
+    bool CanTakeMouse() const { return windowEnabled_ && TakesMouse(); }
     std::int16_t WantedLook() const;
     void EnableWindow(bool enabled);
     void DeliverClick(const std::function<void()>& event);

@@ -12,7 +12,7 @@ void CommandButton::SetCaption(const std::string& caption) {
 }
 
 void CommandButton::Press() {
-    if (IsShown() && IsUsable() && OnClick) {
+    if (TakesMouse() && OnClick) {
         Owner().Dispatch(OnClick);
     }
 }

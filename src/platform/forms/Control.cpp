@@ -48,6 +48,10 @@ bool Control::IsUsable() const {
     return enabled_ && (container_ == nullptr || container_->IsUsable());
 }
 
+bool Control::TakesMouse() const {
+    return !form_.Leaving() && IsShown() && IsUsable();
+}
+
 void Control::SetToolTipText(const std::string& text) {
     if (text != toolTip_) {
         toolTip_ = text;

@@ -19,6 +19,7 @@ enum class ControlKind {
     Line,
     ListBox,
     MenuBar,
+    MenuItem,
     OptionButton,
     PictureBox,
     ProgressBar,
@@ -72,6 +73,8 @@ class Control {
 
     Form& Owner() const { return form_; }
     ControlKind Kind() const { return kind_; }
+    /// False for a kind that peers leave out.
+    bool HasWindow() const { return kind_ != ControlKind::MenuItem; }
     const std::string& Name() const { return name_; }
     /// Number within a control array, or NoIndex.
     int Index() const { return index_; }
@@ -96,6 +99,8 @@ class Control {
     /// True if this control and all that hold it are visible, or enabled.
     bool IsShown() const;
     bool IsUsable() const;
+    /// True if a user can reach this control with the mouse: shown and enabled, in a form that stays.
+    bool TakesMouse() const;
 
     const std::string& ToolTipText() const { return toolTip_; }
     void SetToolTipText(const std::string& text);
@@ -119,7 +124,7 @@ class Control {
     /// True for a kind that takes the focus at all.
     virtual bool TakesFocus() const { return false; }
     /// True if the focus can go here now.
-    bool CanFocus() const { return TakesFocus() && IsShown() && IsUsable(); }
+    bool CanFocus() const { return TakesFocus() && TakesMouse(); }
     /// The program moves the focus here. Nothing happens if CanFocus() is false.
     void SetFocus();
 

@@ -41,11 +41,17 @@ void Form::Move(double left, double top) {
 }
 
 void Form::Resize(double width, double height) {
-    if (width == width_ && height == height_) {
+    const WindowSize present{width_, height_};
+    const WindowSize wanted{width, height};
+    if (wanted == present) {
         return;
     }
-    width_ = width;
-    height_ = height;
+    const WindowSize size = peer_ ? peer_->Bounded(wanted) : wanted;
+    if (size == present) {
+        return;
+    }
+    width_ = size.Width;
+    height_ = size.Height;
     TellPeer();
     if (loaded_) {
         Dispatch([this] { OnResize(); });
@@ -53,7 +59,7 @@ void Form::Resize(double width, double height) {
 }
 
 void Form::UserResize(double width, double height) {
-    if (width == width_ && height == height_) {
+    if (leaving_ || (width == width_ && height == height_)) {
         return;
     }
     width_ = width;
@@ -108,6 +114,7 @@ bool Form::Unload() {
     bool agreed = true;
     Dispatch([&] { agreed = OnQueryUnload(); });
     if (agreed) {
+        leaving_ = true;
         Dispatch([this] { OnUnload(); });
         visible_ = false;
         loaded_ = false;
@@ -115,6 +122,7 @@ bool Form::Unload() {
         std::erase(session_.forms_, this);
         std::erase(session_.modal_, this);
         peer_->Hide();
+        leaving_ = false;
     }
     unloading_ = false;
     return agreed;
@@ -175,8 +183,11 @@ CommandButton* Form::ButtonFor(bool (*wanted)(const CommandButton&)) const {
 }
 
 void Form::UserKey(int virtualKey, bool shift) {
+    if (leaving_) {
+        return;
+    }
     Dispatch([&] { OnKeyDown(virtualKey); });
-    if (!visible_) {
+    if (!visible_ || leaving_) {
         return;
     }
     switch (virtualKey) {
@@ -218,13 +229,13 @@ void Form::UserKey(int virtualKey, bool shift) {
 }
 
 void Form::UserCharacter(char32_t character) {
-    if (active_ != nullptr) {
+    if (active_ != nullptr && !leaving_) {
         active_->TypeKey(character);
     }
 }
 
 void Form::ControlChanged(Control& control, Aspect aspect) {
-    if (peer_) {
+    if (peer_ && control.HasWindow()) {
         peer_->ControlChanged(control, aspect);
     }
     if (aspect == Aspect::Visible || aspect == Aspect::Enabled) {
@@ -234,7 +245,7 @@ void Form::ControlChanged(Control& control, Aspect aspect) {
 
 // A control that can no longer have the focus passes it on, as the window system does.
 void Form::RescueFocus() {
-    if (!visible_ || active_ == nullptr || active_->CanFocus()) {
+    if (!visible_ || leaving_ || active_ == nullptr || active_->CanFocus()) {
         return;
     }
     if (Control* next = NextInTabOrder(false)) {

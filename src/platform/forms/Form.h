@@ -36,6 +36,7 @@ class Form {
     double Width() const { return width_; }
     double Height() const { return height_; }
     void Move(double left, double top);
+    /// The window may refuse a size beyond its bounds: the form then has the nearest one that it takes.
     void Resize(double width, double height);
     /// True if the user may change the size.
     bool Resizable() const { return resizable_; }
@@ -68,6 +69,10 @@ class Form {
     bool MoveFocus(Control& control);
     /// The control that the Tab key goes to.
     Control* NextInTabOrder(bool backward) const;
+
+    /// True from the moment that the form has agreed to close: it then takes no more of what the user does,
+    /// also where its last steps let waiting messages run.
+    bool Leaving() const { return leaving_; }
 
     /// The user presses a key: the form first, then Escape, Enter and Tab, then the control with the focus.
     void UserKey(int virtualKey, bool shift = false);
@@ -118,6 +123,7 @@ class Form {
     bool loaded_ = false;
     bool visible_ = false;
     bool unloading_ = false;
+    bool leaving_ = false;
     Control* active_ = nullptr;
 };
 

@@ -12,6 +12,14 @@ namespace forms {
 inline constexpr double TitleBarHeight = 375;
 inline constexpr double ResizeFrameWidth = 115;
 
+/// Size of a form's window, in twips.
+struct WindowSize {
+    double Width = 0;
+    double Height = 0;
+
+    bool operator==(const WindowSize&) const = default;
+};
+
 /// The real window behind a form. The form tells it what the program has changed; it turns what the user does
 /// into the public User... calls of the controls and of the form. Peers are made when a form loads, with all
 /// its controls, and go with the form.
@@ -22,6 +30,8 @@ class FormPeer {
     virtual void ControlChanged(Control& control, Aspect aspect) = 0;
     /// Caption, place or size of the form itself has changed.
     virtual void FormChanged() = 0;
+    /// The size that the window takes when it is given this one: the window is asked for its bounds first.
+    virtual WindowSize Bounded(const WindowSize& wanted) { return wanted; }
     virtual void Show(bool modal) = 0;
     virtual void Hide() = 0;
     /// The focus has moved to this control, or to none.

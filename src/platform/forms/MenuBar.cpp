@@ -17,7 +17,7 @@ bool MenuBar::UserChoose(const std::string& id) {
         return std::any_of(menu.Tools.begin(), menu.Tools.end(),
                            [&id](const MenuTool& tool) { return !tool.Separator && tool.Id == id; });
     };
-    if (!IsShown() || !IsUsable() || std::none_of(menus_.begin(), menus_.end(), holds)) {
+    if (!TakesMouse() || std::none_of(menus_.begin(), menus_.end(), holds)) {
         return false;
     }
     if (OnToolClick) {

@@ -22,7 +22,7 @@ void ScrollBar::SetValue(int value) {
 }
 
 bool ScrollBar::UserScroll(int value) {
-    if (!IsShown() || !IsUsable()) {
+    if (!TakesMouse()) {
         return false;
     }
     SetValue(std::clamp(value, min_, max_));

@@ -5,7 +5,7 @@
 namespace forms {
 
 void Timer::Tick() {
-    if (Enabled() && OnTimer) {
+    if (Enabled() && OnTimer && !Owner().Leaving()) {
         Owner().Dispatch(OnTimer);
     }
 }

@@ -19,7 +19,7 @@ class Timer : public Control {
 
     int Interval() const { return interval_; }
 
-    /// The interval has passed. Nothing happens while the timer is off.
+    /// The interval has passed. Nothing happens while the timer is off, or its form is about to go.
     void Tick();
 
   private:

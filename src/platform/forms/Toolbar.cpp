@@ -35,7 +35,7 @@ void Toolbar::SetButtonToolTipText(int number, const std::string& text) {
 
 bool Toolbar::UserClickButton(int number) {
     if (number < 1 || number > ButtonCount() || Button(number).Separator || !Button(number).Enabled ||
-        !IsShown() || !IsUsable()) {
+        !TakesMouse()) {
         return false;
     }
     if (OnButtonClick) {

@@ -9,7 +9,7 @@
 namespace forms {
 
 void UpDown::UserStep(int direction) {
-    if (!IsShown() || !IsUsable()) {
+    if (!TakesMouse()) {
         return;
     }
     const double present =

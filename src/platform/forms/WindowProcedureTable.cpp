@@ -1,10 +1,14 @@
 #include "platform/forms/WindowProcedureTable.h"
 
+#include <algorithm>
+#include <limits>
+
 namespace forms {
 
 namespace {
 
 constexpr int highWordBits = 16;
+constexpr double twipsPerDot = 15;
 
 /// The toolkit does itself what a window procedure would do.
 std::intptr_t WINDOW_CALL DefaultProcedure(platform::WindowHandle /*hWnd*/, std::int32_t /*uMsg*/,
@@ -59,6 +63,19 @@ platform::MINMAXINFO WindowProcedureTable::AskBounds(platform::WindowHandle hWnd
                                                      platform::MINMAXINFO bounds) {
     Send(hWnd, platform::WM_GETMINMAXINFO, 0, reinterpret_cast<std::intptr_t>(&bounds));
     return bounds;
+}
+
+WindowSize WindowProcedureTable::BoundedSize(platform::WindowHandle hWnd, const WindowSize& wanted) {
+    constexpr std::int32_t any = std::numeric_limits<std::int32_t>::max();
+    platform::MINMAXINFO bounds{};
+    bounds.ptMaxSize = {any, any};
+    bounds.ptMaxTrackSize = {any, any};
+    bounds = AskBounds(hWnd, bounds);
+    const auto within = [](double twips, std::int32_t least, std::int32_t most) {
+        return std::max(least * twipsPerDot, std::min(twips, most * twipsPerDot));
+    };
+    return {within(wanted.Width, bounds.ptMinTrackSize.x, bounds.ptMaxTrackSize.x),
+            within(wanted.Height, bounds.ptMinTrackSize.y, bounds.ptMaxTrackSize.y)};
 }
 
 } // namespace forms

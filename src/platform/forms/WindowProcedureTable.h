@@ -5,6 +5,7 @@
 #include <unordered_map>
 
 #include "platform/WindowProcedures.h"
+#include "platform/forms/FormPeer.h"
 
 namespace forms {
 
@@ -43,6 +44,10 @@ class WindowProcedureTable final : public platform::WindowProcedures {
 
     /// Asks the window for its bounds, beginning with these.
     platform::MINMAXINFO AskBounds(platform::WindowHandle hWnd, platform::MINMAXINFO bounds);
+
+    /// The size that the window takes when it is given this one, after it has been asked for its bounds, in
+    /// dots of 15 twips. A window that names none takes any.
+    WindowSize BoundedSize(platform::WindowHandle hWnd, const WindowSize& wanted);
 
     /// Number of windows that stand.
     std::size_t Count() const { return procedures_.size(); }

@@ -18,11 +18,17 @@ class MemoryPeer final : public forms::FormPeer {
         : recorder_(recorder), desktop_(desktop), form_(form), window_(desktop.Windows(), handle) {}
 
     void ControlChanged(forms::Control& control, forms::Aspect aspect) override {
+        if (desktop_.OnControlChanged) {
+            desktop_.OnControlChanged(control, aspect);
+        }
         if (control.Kind() == forms::ControlKind::ProgressBar && aspect == forms::Aspect::Value) {
             recorder_.Record({"progress", {{"value", static_cast<forms::ProgressBar&>(control).Value()}}});
         }
     }
     void FormChanged() override {}
+    forms::WindowSize Bounded(const forms::WindowSize& wanted) override {
+        return desktop_.Windows().BoundedSize(Handle(), wanted);
+    }
     void Show(bool modal) override { recorder_.Record({"show", {{"form", form_.Name()}, {"modal", modal}}}); }
     void Hide() override { recorder_.Record({"unload", {{"form", form_.Name()}}}); }
     void FocusMoved(forms::Control* /*control*/) override {}

@@ -11,7 +11,8 @@
 
 namespace forms {
 class Control;
-}
+enum class Aspect;
+} // namespace forms
 
 namespace platform {
 
@@ -36,6 +37,8 @@ class MemoryDesktop final : public Desktop {
     std::function<bool(forms::Form&)> OnModal;
     /// What arrives while the program lets the window system handle its messages.
     std::function<void()> OnYield;
+    /// What a window does with a change of one of its controls; a failure goes to the program.
+    std::function<void(const forms::Control&, forms::Aspect)> OnControlChanged;
     /// Yields are events only where this is set.
     bool TraceYields = false;
 

@@ -10,9 +10,6 @@
 
 #include <algorithm>
 #include <array>
-#include <cstdlib>
-#include <limits>
-#include <utility>
 
 #include "platform/Desktop.h"
 #include "platform/forms/AccessibleNames.h"
@@ -94,7 +91,9 @@ QtForm::QtForm(forms::Form& form, QtDesktop& desktop)
         }
     }
     for (forms::Control* control : form.Controls()) {
-        Find(*control);
+        if (control->HasWindow()) {
+            Find(*control);
+        }
     }
     // A label finds the control that its access key goes to only when all are there.
     for (const auto& control : controls_) {
@@ -135,6 +134,10 @@ void QtForm::FormChanged() {
     window_->setWindowTitle(ToQString(form_.Caption()));
     ShowSize();
     ShowPlace();
+}
+
+forms::WindowSize QtForm::Bounded(const forms::WindowSize& wanted) {
+    return desktop_.Windows().BoundedSize(procedure_.Handle(), wanted);
 }
 
 double QtForm::FrameWidth() const {
@@ -342,18 +345,9 @@ void QtForm::Resized() {
     }
 }
 
-// A touch pad turns the wheel by small parts: a message goes out for each whole notch.
 void QtForm::WheelTurned(int delta) {
-    if (delta == 0) { // it was turned sideways
-        return;
-    }
-    constexpr int notch = 120;
-    constexpr int limit = std::numeric_limits<std::int16_t>::max();
-    const bool sameWay = (delta > 0) == (wheelTurn_ > 0);
-    wheelTurn_ = std::clamp(delta, -limit, limit) + (sameWay ? wheelTurn_ : 0);
-    if (std::abs(wheelTurn_) >= notch) {
-        const int turn = std::clamp(std::exchange(wheelTurn_, 0), -limit, limit);
-        desktop_.Windows().SendWheel(procedure_.Handle(), static_cast<std::int16_t>(turn));
+    if (const std::int16_t turn = wheel_.Add(delta); turn != 0) { // sideways it is 0 as well
+        desktop_.Windows().SendWheel(procedure_.Handle(), turn);
     }
 }
 

@@ -8,6 +8,7 @@
 #include <vector>
 
 #include "platform/forms/FormPeer.h"
+#include "platform/forms/WheelTurn.h"
 #include "platform/forms/WindowProcedureTable.h"
 #include "platform/qt/QtControl.h"
 
@@ -24,6 +25,7 @@ class QtForm final : public forms::FormPeer {
 
     void ControlChanged(forms::Control& control, forms::Aspect aspect) override;
     void FormChanged() override;
+    forms::WindowSize Bounded(const forms::WindowSize& wanted) override;
     void Show(bool modal) override;
     void Hide() override;
     void FocusMoved(forms::Control* control) override;
@@ -76,7 +78,7 @@ class QtForm final : public forms::FormPeer {
     std::vector<std::unique_ptr<QtControl>> controls_;
     std::unordered_map<const forms::Control*, QtControl*> byModel_;
     QEventLoop* loop_ = nullptr;
-    int wheelTurn_ = 0; // what of a notch the wheel has turned
+    forms::WheelTurn wheel_;
     bool settling_ = false;
     bool showingSize_ = false;
     double shownLeft_ = 0; // where the program last put the form; the user may have moved it since

@@ -29,21 +29,42 @@ ScreenArea InTwips(const RECT& area) {
     return {twips(area.left), twips(area.top), twips(area.right - area.left), twips(area.bottom - area.top)};
 }
 
+} // namespace
+
+WinDesktop::WinDesktop() {
+    INITCOMMONCONTROLSEX classes{};
+    classes.dwSize = sizeof classes;
+    classes.dwICC = ICC_STANDARD_CLASSES | ICC_WIN95_CLASSES;
+    ::InitCommonControlsEx(&classes);
+}
+
+// A form that scrolls has no focus. It is told of whole notches: a part of one waits here for its rest.
+bool WinDesktop::TurnsWheel(MSG& message) {
+    const auto part = static_cast<std::int16_t>(HIWORD(message.wParam));
+    if (part == 0 || shown_.empty() || shown_.back()->ActiveControl() != nullptr) {
+        return true;
+    }
+    const std::int16_t turn = wheel_.Add(part);
+    message.wParam = MAKEWPARAM(LOWORD(message.wParam), turn);
+    return turn != 0;
+}
+
 /// False if the message asks the program to end; it then stays for the loops further out.
-bool Handle(const MSG& message) {
+bool WinDesktop::Handle(MSG& message) {
     if (message.message == WM_QUIT) {
         ::PostQuitMessage(static_cast<int>(message.wParam));
         return false;
     }
-    ::TranslateMessage(&message);
-    ::DispatchMessageW(&message);
+    if (message.message != WM_MOUSEWHEEL || TurnsWheel(message)) {
+        ::TranslateMessage(&message);
+        ::DispatchMessageW(&message);
+    }
     return true;
 }
 
 /// Handles messages one by one as long as `wanted` says, and waits for them. What another program sends is
 /// handled inside the look into the queue and never comes out of it, and may be the end all the same.
-template <class Wanted>
-void RunLoop(const Wanted& wanted) {
+void WinDesktop::RunLoop(const std::function<bool()>& wanted) {
     MSG message{};
     while (wanted()) {
         if (::PeekMessageW(&message, nullptr, 0, 0, PM_REMOVE) != FALSE) {
@@ -54,15 +75,6 @@ void RunLoop(const Wanted& wanted) {
             ::MsgWaitForMultipleObjectsEx(0, nullptr, INFINITE, QS_ALLINPUT, MWMO_INPUTAVAILABLE);
         }
     }
-}
-
-} // namespace
-
-WinDesktop::WinDesktop() {
-    INITCOMMONCONTROLSEX classes{};
-    classes.dwSize = sizeof classes;
-    classes.dwICC = ICC_STANDARD_CLASSES | ICC_WIN95_CLASSES;
-    ::InitCommonControlsEx(&classes);
 }
 
 std::unique_ptr<forms::FormPeer> WinDesktop::CreatePeer(forms::Form& form) {

@@ -1,9 +1,11 @@
 #pragma once
 
+#include <functional>
 #include <unordered_map>
 #include <vector>
 
 #include "platform/Desktop.h"
+#include "platform/forms/WheelTurn.h"
 #include "platform/windows/Win32.h"
 
 namespace platform::windows {
@@ -45,9 +47,13 @@ class WinDesktop final : public Desktop {
 
   private:
     bool IsShown(const forms::Form& form) const;
+    bool Handle(MSG& message);
+    void RunLoop(const std::function<bool()>& wanted);
+    bool TurnsWheel(MSG& message);
 
     std::unordered_map<const forms::Form*, WinForm*> peers_;
     std::vector<const forms::Form*> shown_;
+    forms::WheelTurn wheel_;
     bool hourglass_ = false;
 };
 

@@ -48,7 +48,7 @@ void WinForm::MakeWindow() {
     const bool first = desktop_.TopWindow() == nullptr;
     window_ = MakeFormWindow(*this, form_.Name(), StyleFor(form_, first), ExtendedStyleFor(form_, first));
     if (window_ == nullptr) {
-        throw RuntimeError(ErrorNoWindow, "Out of memory");
+        throw OutOfMemory();
     }
     scale_ = Scale(DpiOf(window_));
 }
@@ -72,13 +72,16 @@ void WinForm::Guard(const std::function<void()>& step) noexcept {
     } catch (const RuntimeError& error) {
         desktop_.UnhandledError(error);
     } catch (const std::bad_alloc&) {
-        desktop_.UnhandledError(RuntimeError(ErrorNoWindow, "Out of memory"));
+        desktop_.UnhandledError(OutOfMemory());
     }
 }
 
 void WinForm::MakeControls() {
     ::SendMessageW(window_, WM_CHANGEUISTATE, MAKEWPARAM(UIS_INITIALIZE, 0), 0);
     for (forms::Control* control : form_.Controls()) {
+        if (!control->HasWindow()) {
+            continue;
+        }
         WinControl& made = Find(*control);
         if (control->Kind() == forms::ControlKind::MenuBar) {
             menuBar_ = static_cast<WinMenuBar*>(&made);
@@ -198,6 +201,15 @@ bool WinForm::PointerIsOver(const forms::Control& control) {
            ::GetWindowRect(window, &area) != FALSE && ::PtInRect(&area, pointer) != FALSE;
 }
 
+void WinForm::TimePassed(WPARAM timer) const {
+    for (const auto& control : controls_) {
+        if (static_cast<int>(timer) == NumberOf(control->Model())) {
+            control->TimePassed();
+            return;
+        }
+    }
+}
+
 bool WinForm::ShowPointer(LPARAM lParam) const {
     if (!desktop_.ShowsHourglass() || LOWORD(lParam) != HTCLIENT) {
         return false;
@@ -251,6 +263,9 @@ LRESULT WinForm::Received(UINT message, WPARAM wParam, LPARAM lParam) {
     if (Reflect(message, wParam, lParam, result)) {
         return result;
     }
+    if (KeyReceived(message, wParam, lParam)) {
+        return 0;
+    }
     switch (message) {
     case MessageSettleFocus:
         SettleFocus();
@@ -264,27 +279,11 @@ LRESULT WinForm::Received(UINT message, WPARAM wParam, LPARAM lParam) {
         }
         return 0;
     case WM_TIMER:
-        for (const auto& control : controls_) {
-            if (static_cast<int>(wParam) == NumberOf(control->Model())) {
-                control->TimePassed();
-                break;
-            }
-        }
+        TimePassed(wParam);
         return 0;
     case WM_SETFOCUS:
         RestoreFocus();
         return 0;
-    case WM_KEYDOWN:
-        KeyPressed(wParam, lParam, nullptr);
-        return 0;
-    case WM_SYSKEYDOWN:
-        ShowAccessKeys();
-        break;
-    case WM_SYSCHAR:
-        if (AccessKeyPressed(static_cast<wchar_t>(wParam))) {
-            return 0;
-        }
-        break;
     case WM_SETCURSOR:
         if (ShowPointer(lParam)) {
             return TRUE;

@@ -24,9 +24,6 @@ class WinForm final : public forms::FormPeer {
     WinForm(const WinForm&) = delete;
     WinForm& operator=(const WinForm&) = delete;
 
-    /// The number of the error when Windows makes no window.
-    static constexpr int ErrorNoWindow = 7;
-
     void ControlChanged(forms::Control& control, forms::Aspect aspect) override;
     void FormChanged() override;
     void Show(bool modal) override;
@@ -80,9 +77,11 @@ class WinForm final : public forms::FormPeer {
     void NameControls();
 
     // WinFormInput.cpp: the keyboard and the focus.
+    bool KeyReceived(UINT message, WPARAM wParam, LPARAM lParam);
     void SettleFocus();
     void RestoreFocus() const;
 
+    void TimePassed(WPARAM timer) const;
     bool ShowPointer(LPARAM lParam) const;
 
     // WinFormPlace.cpp: where the window stands and how large it is.

@@ -69,6 +69,22 @@ bool WinForm::KeyPressed(WPARAM virtualKey, LPARAM info, WinControl* control) {
     return false;
 }
 
+/// A key that no control has; false for what Windows has to see as well.
+bool WinForm::KeyReceived(UINT message, WPARAM wParam, LPARAM lParam) {
+    switch (message) {
+    case WM_KEYDOWN:
+        KeyPressed(wParam, lParam, nullptr);
+        return true;
+    case WM_SYSKEYDOWN:
+        ShowAccessKeys();
+        return false;
+    case WM_SYSCHAR:
+        return AccessKeyPressed(static_cast<wchar_t>(wParam));
+    default:
+        return false;
+    }
+}
+
 bool WinForm::AccessKeyPressed(wchar_t character) {
     SettleFocus();
     return PressAccessKey(form_, character);

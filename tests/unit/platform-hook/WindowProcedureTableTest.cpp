@@ -45,6 +45,22 @@ TEST_F(WindowProcedureTableTest, BoundsAreAskedOfTheWindowAndStayWhereItHasNoOpi
     EXPECT_EQ(table.AskBounds(window->Handle(), screen).ptMaxTrackSize.y, 16838);
 }
 
+TEST_F(WindowProcedureTableTest, AWindowIsAsLargeAsItsBoundsLetIt) {
+    using forms::WindowSize;
+    const auto window = NewWindow();
+    const WindowSize large{1e15, 16838.4};
+    EXPECT_EQ(table.BoundedSize(window->Handle(), large).Height, 16838.4) << "it has no opinion";
+    platform::MsgHook watcher(table);
+    watcher.Before = [](auto&, auto&, auto& lParam, auto&) {
+        auto& bounds = *reinterpret_cast<platform::MINMAXINFO*>(lParam);
+        bounds.ptMinTrackSize = {200, 100};
+        bounds.ptMaxTrackSize = {1000, 500};
+    };
+    watcher.Hook(window->Handle(), {platform::WM_GETMINMAXINFO});
+    EXPECT_EQ(table.BoundedSize(window->Handle(), large), (WindowSize{15000, 7500}));
+    EXPECT_EQ(table.BoundedSize(window->Handle(), {0, 2000}), (WindowSize{3000, 2000}));
+}
+
 TEST_F(WindowProcedureTableTest, AWindowThatIsGoneIsForgotten) {
     const std::size_t before = table.Count();
     {

@@ -123,14 +123,23 @@ TEST_F(FlatButtonTest, LeavingWithTheButtonHeldStaysHotAndKeepsTheTimerUntilTheR
 }
 
 TEST_F(FlatButtonTest, APictureChangesOnlyWithTheLook) {
+    int pictures = 0;
+    memory.desktop.OnControlChanged = [&](const forms::Control& control, forms::Aspect aspect) {
+        pictures += &control == &button && aspect == forms::Aspect::Picture ? 1 : 0;
+    };
     Over();
-    Tick();
-    const std::string before = button.pictNormal();
+    EXPECT_EQ(pictures, 0);
     for (int i = 0; i < 100; ++i) {
         Tick();
     }
-    EXPECT_EQ(button.pictNormal(), before);
     EXPECT_EQ(button.iState(), hot);
+    EXPECT_EQ(pictures, 1);
+    Away();
+    for (int i = 0; i < 100; ++i) {
+        Tick();
+    }
+    EXPECT_EQ(button.iState(), normal);
+    EXPECT_EQ(pictures, 2);
 }
 
 TEST_F(FlatButtonTest, AClickEndsNormalWithTheTimerOffWhileTheMouseIsStillThere) {
