@@ -13,7 +13,6 @@ namespace {
 
 constexpr std::int16_t faseOpen = 0;
 constexpr std::int16_t faseClose = 1;
-constexpr double listFontPoints = 8;
 
 } // namespace
 
@@ -45,6 +44,8 @@ void PrintPreview::OpenPreview(std::int16_t fase) {
 }
 
 void PrintPreview::Open() {
+    // A preview that fails before its window has loaded must not print by the wish of the one before.
+    state_.PrintAfterPreview = false;
     composition::OpenPrinter(state_, platform_, printer_);
     if (forms_ == nullptr) {
         forms_ = std::make_unique<Forms>(session_, platform_, state_);
@@ -53,7 +54,7 @@ void PrintPreview::Open() {
     state_.Surface = &surface;
     forms_->ghost.Load();
     surface.SetFont(state_.ListFontName);
-    surface.SetFontSize(listFontPoints);
+    surface.SetFontSize(composition::ListFontPoints);
     state_.LineHeight = platform::ToInt32(surface.TextHeight("X"));
     session_.HourglassOn();
 }

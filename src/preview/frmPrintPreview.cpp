@@ -59,7 +59,8 @@ frmPrintPreview::frmPrintPreview(forms::Session& session, platform::Platform& pl
       pictMoveToolbar(*this, "pictMoveToolbar", forms::Control::NoIndex, &ToolbarContainer),
       ToolbarLine(*this, "ToolbarLine", {0, 1, 2, 3, 4, 5, 6, 7, 8, 9, 10, 11, 12, 13}, &pictMoveToolbar),
       Toolbar(*this, "Toolbar", &ToolbarContainer), StatusBar(*this, "StatusBar", 2),
-      SSActiveToolBars(*this, "SSActiveToolBars"), platform_(platform), state_(state), ghost_(ghost) {
+      SSActiveToolBars(*this, "SSActiveToolBars"), mnu1(*this, "mnu1"),
+      mnuItems(*this, "mnuItems", {0, 1, 2}, &mnu1), platform_(platform), state_(state), ghost_(ghost) {
     LayOut();
     Toolbar.OnButtonClick = [this](int number) { ToolbarClick(number); };
     SSActiveToolBars.OnToolClick = [this](const std::string& id) { MenuClick(id); };
@@ -203,71 +204,6 @@ void frmPrintPreview::HScrollChange() {
 void frmPrintPreview::ScrollToStart() {
     VScroll.SetValue(scrollStart);
     HScroll.SetValue(scrollStart);
-}
-
-// Keys. The bars are asked whether they are enabled, and they always are: the keys move the page also where
-// the horizontal bar is hidden.
-
-void frmPrintPreview::OnKeyDown(int& virtualKey) {
-    constexpr int pageStep = 25;
-    constexpr int lineStep = 10;
-    const auto back = [](forms::ScrollBar& bar, int step) {
-        if (bar.Enabled()) {
-            bar.SetValue(bar.Value() > step ? bar.Value() - step : scrollStart);
-        }
-    };
-    const auto forth = [](forms::ScrollBar& bar, int step) {
-        if (bar.Enabled()) {
-            bar.SetValue(bar.Value() < scrollEnd - step ? bar.Value() + step : scrollEnd);
-        }
-    };
-    const auto to = [](forms::ScrollBar& bar, int value) {
-        if (bar.Enabled()) {
-            bar.SetValue(value);
-        }
-    };
-
-    switch (virtualKey) {
-    case platform::key::PageUp:
-        if (VScroll.Value() != scrollStart) {
-            back(VScroll, pageStep);
-        } else if (VScroll.Enabled() && cmdUp.Enabled()) {
-            cmdUpClick();
-        }
-        break;
-    case platform::key::PageDown:
-        if (VScroll.Value() != scrollEnd) {
-            forth(VScroll, pageStep);
-        } else if (VScroll.Enabled() && cmdDown.Enabled()) {
-            cmdDownClick();
-        }
-        break;
-    case platform::key::End:
-        to(VScroll, scrollEnd);
-        to(HScroll, scrollEnd);
-        break;
-    case platform::key::Home:
-        to(VScroll, scrollStart);
-        to(HScroll, scrollStart);
-        break;
-    case platform::key::Left:
-        back(HScroll, lineStep);
-        break;
-    case platform::key::Up:
-        back(VScroll, lineStep);
-        break;
-    case platform::key::Right:
-        forth(HScroll, lineStep);
-        break;
-    case platform::key::Down:
-        forth(VScroll, lineStep);
-        break;
-    case platform::key::Escape:
-        Leave(false);
-        break;
-    default:
-        break;
-    }
 }
 
 // Turning pages and leaving

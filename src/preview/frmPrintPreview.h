@@ -12,6 +12,7 @@
 #include "platform/forms/Form.h"
 #include "platform/forms/LineControl.h"
 #include "platform/forms/MenuBar.h"
+#include "platform/forms/MenuItem.h"
 #include "platform/forms/PictureBox.h"
 #include "platform/forms/ScrollBar.h"
 #include "platform/forms/StatusBar.h"
@@ -57,6 +58,10 @@ class frmPrintPreview : public forms::Form {
     /// Panel 1 the page on display, panel 2 the number of pages.
     forms::StatusBar StatusBar;
     forms::MenuBar SSActiveToolBars;
+    /// Hidden, and without effect: the menu of the first design, which SSActiveToolBars has replaced.
+    forms::MenuItem mnu1;
+    /// 0 to 2.
+    forms::ControlArray<forms::MenuItem> mnuItems;
 
     /// The page on display, from 1, and the pages on offer.
     std::int16_t iCurrentPage = 0;
@@ -88,6 +93,12 @@ class frmPrintPreview : public forms::Form {
     void FillToolbar();
     void FillMenu();
     void PlaceSheet();
+
+    // The keyboard: frmPrintPreviewKeys.cpp.
+    void PageUp();
+    void PageDown();
+    struct KeyAction;
+    static const KeyAction keyActions[];
 
     // What it does: frmPrintPreview.cpp.
     void ToolbarClick(int number);

@@ -14,6 +14,7 @@ namespace {
 
 constexpr std::int16_t mostPages = 40;
 constexpr std::int32_t smallestTrack = 200; // dots
+constexpr std::int32_t white = 0xFFFFFF;
 constexpr int noSuchElement = 340;
 
 } // namespace
@@ -27,6 +28,7 @@ frmPrintPreviewGhost::frmPrintPreviewGhost(forms::Session& session, platform::Pl
 void frmPrintPreviewGhost::OnLoad() {
     platform::Printer& printer = platform_.Printer;
     Tag = "0";
+    BackColor = white;
     ThisPage[0] = {};
 
     lPageWidth = platform::ToInt32(printer.Width());
@@ -61,6 +63,27 @@ platform::Canvas& frmPrintPreviewGhost::Drawing() {
     return page_->Drawing();
 }
 
+platform::TextSize frmPrintPreviewGhost::DrawingTarget::MeasureText(std::string_view text,
+                                                                    const platform::FontSpec& font) {
+    return form_.Drawing().MeasureText(text, font);
+}
+
+void frmPrintPreviewGhost::DrawingTarget::DrawText(double x, double y, std::string_view text,
+                                                   const platform::FontSpec& font) {
+    platform::Canvas& page = form_.Drawing();
+    if (form_.AutoRedraw) {
+        page.DrawText(x, y, text, font);
+    }
+}
+
+void frmPrintPreviewGhost::DrawingTarget::DrawLine(double x1, double y1, double x2, double y2,
+                                                   std::int32_t colour) {
+    platform::Canvas& page = form_.Drawing();
+    if (form_.AutoRedraw) {
+        page.DrawLine(x1, y1, x2, y2, colour);
+    }
+}
+
 void frmPrintPreviewGhost::Cls() {
     page_->Cls();
     drawing_.CurrentX = 0;
@@ -84,9 +107,11 @@ void frmPrintPreviewGhost::Newpage() {
         }
         Tag = platform::NumberText(tally + 1);
         Drawing();
+        AutoRedraw = false;
         Desktop().Yield();
         Holder(iPage).Picture = page_->Image();
         Desktop().Yield();
+        AutoRedraw = true;
         Cls();
         ++iPage;
         PageHolder& next = ThisPage[iPage];
@@ -97,7 +122,9 @@ void frmPrintPreviewGhost::Newpage() {
 
 void frmPrintPreviewGhost::EndDoc() {
     Drawing().EndDocument();
+    AutoRedraw = false;
     Holder(iPage).Picture = page_->Image();
+    AutoRedraw = true;
     FinishPages();
     if (iPage > mostPages) {
         iPage = mostPages;

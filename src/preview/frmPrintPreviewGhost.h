@@ -7,6 +7,7 @@
 
 #include "composition/PrintSurface.h"
 #include "platform/Bitmaps.h"
+#include "platform/Boolean.h"
 #include "platform/MsgHook.h"
 #include "platform/Platform.h"
 #include "platform/Printer.h"
@@ -57,6 +58,11 @@ class frmPrintPreviewGhost : public forms::Form {
     std::string Tag;
     std::int16_t iPage = 0;
     std::int16_t iDisplayPage = 0;
+    /// Colour of the page before anything is drawn on it.
+    std::int32_t BackColor = 0;
+    /// What is drawn lands on the page. Off while a page is kept, and after a page break that failed until
+    /// the next one that does not: what is drawn meanwhile is lost, and measured all the same.
+    platform::Boolean AutoRedraw{true};
     /// The sheet, and half of what it is larger than the printable area.
     std::int32_t lPageWidth = 0;
     std::int32_t lPageHeight = 0;
@@ -82,7 +88,22 @@ class frmPrintPreviewGhost : public forms::Form {
         void EndDoc() override { form_.EndDoc(); }
 
       protected:
-        platform::Canvas& Page() override { return form_.Drawing(); }
+        platform::Canvas& Page() override { return form_.drawingTarget_; }
+
+      private:
+        frmPrintPreviewGhost& form_;
+    };
+
+    /// The page, as long as AutoRedraw lets drawing through to it.
+    class DrawingTarget final : public platform::Canvas {
+      public:
+        explicit DrawingTarget(frmPrintPreviewGhost& form) : form_(form) {}
+
+        platform::TextSize MeasureText(std::string_view text, const platform::FontSpec& font) override;
+        void DrawText(double x, double y, std::string_view text, const platform::FontSpec& font) override;
+        void DrawLine(double x1, double y1, double x2, double y2, std::int32_t colour) override;
+        void NewPage() override { form_.Drawing().NewPage(); }
+        void EndDocument() override { form_.Drawing().EndDocument(); }
 
       private:
         frmPrintPreviewGhost& form_;
@@ -98,6 +119,7 @@ class frmPrintPreviewGhost : public forms::Form {
     frmPrintPreview& preview_;
     platform::DrawingState drawing_;
     std::unique_ptr<platform::OffscreenPage> page_;
+    DrawingTarget drawingTarget_{*this};
     PageSurface surface_{*this};
 };
 

@@ -131,6 +131,11 @@ void frmPrintPreview::FillMenu() {
                               {{"ID_Afdrukken", "Afdrukken", false},
                                {"", "", true},
                                {"ID_Sluiten", "&Afdrukvoorbeeld sluiten", false}}});
+    mnu1.SetCaption("&Overzicht");
+    mnu1.SetVisible(false);
+    mnuItems(0).SetCaption("Af&drukken...");
+    mnuItems(1).SetCaption("-");
+    mnuItems(2).SetCaption("Afdrukvoorbeeld &Afsluiten");
 }
 
 // The sheet at the size of the printer's, in the middle of the window.

@@ -8,6 +8,7 @@
 #include "platform/forms/CommandButton.h"
 #include "platform/forms/Label.h"
 #include "platform/forms/LineControl.h"
+#include "platform/forms/MenuItem.h"
 #include "platform/forms/OptionButton.h"
 #include "platform/forms/PictureBox.h"
 #include "platform/forms/ProgressBar.h"
@@ -82,6 +83,11 @@ constexpr Property<LineControl> lineProperties[] = {
     {"Y1", [](const LineControl& c) { return Number(c.Y1()); }},
     {"X2", [](const LineControl& c) { return Number(c.X2()); }},
     {"Y2", [](const LineControl& c) { return Number(c.Y2()); }},
+    {"BorderColor", [](const LineControl& c) { return Json(c.ForeColor()); }},
+};
+
+constexpr Property<MenuItem> menuItemProperties[] = {
+    {"Caption", [](const MenuItem& c) { return Json(c.Caption()); }},
 };
 
 constexpr Property<OptionButton> optionProperties[] = {
@@ -181,6 +187,8 @@ std::optional<Json> ReadOwn(const Control& control, const PathPart& property) {
         return Read(static_cast<const Label&>(control), labelProperties, name);
     case ControlKind::Line:
         return Read(static_cast<const LineControl&>(control), lineProperties, name);
+    case ControlKind::MenuItem:
+        return Read(static_cast<const MenuItem&>(control), menuItemProperties, name);
     case ControlKind::OptionButton:
         return Read(static_cast<const OptionButton&>(control), optionProperties, name);
     case ControlKind::PictureBox:

@@ -50,6 +50,8 @@ constexpr Field<frmPrintPreviewGhost> ghostFields[] = {
     {"Tag", &frmPrintPreviewGhost::Tag},
     {"iPage", &frmPrintPreviewGhost::iPage},
     {"iDisplayPage", &frmPrintPreviewGhost::iDisplayPage},
+    {"AutoRedraw", &frmPrintPreviewGhost::AutoRedraw},
+    {"BackColor", &frmPrintPreviewGhost::BackColor},
     {"lPageWidth", &frmPrintPreviewGhost::lPageWidth},
     {"lPageHeight", &frmPrintPreviewGhost::lPageHeight},
     {"lMarginLeft", &frmPrintPreviewGhost::lMarginLeft},

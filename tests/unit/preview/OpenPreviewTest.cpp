@@ -101,6 +101,17 @@ TEST_F(PreviewTest, WithoutAPrinterThereIsAnErrorAndNoCrash) {
     EXPECT_EQ(memory.bitmaps.Alive(), 0U);
 }
 
+TEST_F(PreviewTest, APreviewThatFailsEarlyDoesNotPrintByTheWishOfTheOneBefore) {
+    InstallPrinter();
+    Show(1, [this] { Window().Toolbar.UserClickButton(1); });
+    ASSERT_TRUE(state.PrintAfterPreview);
+    memory.recorder.Fail("ScaleWidth", 1000);
+    EXPECT_THROW(Open(), platform::RuntimeError);
+    EXPECT_FALSE(state.PrintAfterPreview);
+    Close();
+    memory.recorder.Fail("ScaleWidth", 0);
+}
+
 // Every call of the machine fails in turn, once or for good: the preview may be poor, but it opens and
 // closes.
 TEST_F(PreviewTest, AFailingCallCostsNoMoreThanThePreview) {

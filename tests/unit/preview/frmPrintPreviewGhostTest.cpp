@@ -238,6 +238,22 @@ TEST_F(GhostTest, ItsWindowMayGrowToTheSizeOfTheSheet) {
     EXPECT_EQ(memory.desktop.Windows().Send(Ghost().hWnd(), 36, 0, 0), 0) << "no structure, no harm";
 }
 
+TEST_F(GhostTest, ItsWindowIsAskedForItsBoundsWhenItIsSized) {
+    platform::MsgHook watcher(memory.desktop.Windows());
+    int asked = 0;
+    watcher.After = [&](auto&, auto&, auto& lParam) {
+        ++asked;
+        EXPECT_EQ(reinterpret_cast<platform::MINMAXINFO*>(lParam)->ptMaxTrackSize.y, 16838);
+    };
+    watcher.Hook(Ghost().hWnd(), {platform::WM_GETMINMAXINFO});
+    Ghost().Resize(12000, 20000);
+    EXPECT_EQ(asked, 1);
+    EXPECT_EQ(Ghost().Height(), 20000) << "larger than the screen, within its bounds";
+    Ghost().Resize(1e9, 10);
+    EXPECT_EQ(Ghost().Width(), 11904 * 15.0);
+    EXPECT_EQ(Ghost().Height(), 200 * 15.0);
+}
+
 TEST_F(GhostTest, TheBoundsAreItsOnlyMessage) {
     platform::MINMAXINFO screen{};
     std::int32_t uMsg = 37;
@@ -261,11 +277,46 @@ TEST_F(GhostTest, AFailedCaptureEndsThePageBreakSilently) {
     EXPECT_EQ(Ghost().Page(), 1);
     EXPECT_GT(Surface().CurrentX(), 0) << "the page was not wiped";
     EXPECT_THAT(memory.desktop.Messages(), IsEmpty());
+    EXPECT_FALSE(Ghost().AutoRedraw);
+    const double x = Surface().CurrentX();
     Surface().Print("twee");
+    Surface().Line(0, 0, 100, 100, 0);
+    EXPECT_GT(Surface().CurrentX(), x) << "it is measured all the same";
     Surface().EndDoc();
+    EXPECT_TRUE(Ghost().AutoRedraw);
     EXPECT_EQ(Window().iTotalPages, 2) << "one more than is held";
-    EXPECT_THAT(OnScreen(), ElementsAre("een", "twee"));
+    EXPECT_THAT(OnScreen(), ElementsAre("een")) << "what was drawn behind the failure is lost";
     EXPECT_THROW(Ghost().DisplayOnScreen(2), platform::RuntimeError);
+}
+
+TEST_F(GhostTest, TheNextPageBreakThatSucceedsLetsDrawingThroughAgain) {
+    Surface().Print("een");
+    memory.recorder.Fail("Image");
+    Surface().Newpage();
+    Surface().Print("twee");
+    Surface().Newpage();
+    EXPECT_TRUE(Ghost().AutoRedraw);
+    Surface().Print("drie");
+    Surface().EndDoc();
+    EXPECT_EQ(Ghost().Tag, "3");
+    EXPECT_EQ(Ghost().Page(), 2);
+    EXPECT_THAT(TextsOn(Ghost().ThisPage.at(1).Picture), ElementsAre("een"));
+    EXPECT_THAT(TextsOn(Ghost().ThisPage.at(2).Picture), ElementsAre("drie"));
+}
+
+TEST_F(GhostTest, AFailureAtTheEndLeavesThePageClosedToDrawing) {
+    memory.recorder.Fail("Image");
+    EXPECT_THROW(Surface().EndDoc(), platform::RuntimeError);
+    EXPECT_FALSE(Ghost().AutoRedraw);
+}
+
+TEST_F(GhostTest, ThePageIsClosedToDrawingWhileItIsKept) {
+    std::vector<bool> open;
+    memory.desktop.OnYield = [&] { open.push_back(Ghost().AutoRedraw); };
+    Surface().Newpage();
+    memory.desktop.OnYield = nullptr;
+    EXPECT_THAT(open, ElementsAre(false, false));
+    EXPECT_TRUE(Ghost().AutoRedraw);
 }
 
 TEST_F(GhostTest, AFailedMeasureLeavesThePageButNotItsSize) {

@@ -1,0 +1,82 @@
+// The keyboard of the preview window. The bars are asked whether they are enabled, and they always are: the
+// keys move the page also where the horizontal bar is hidden.
+#include <algorithm>
+#include <iterator>
+
+#include "platform/Desktop.h"
+#include "preview/frmPrintPreview.h"
+
+namespace preview {
+
+namespace {
+
+constexpr int pageStep = 25;
+constexpr int lineStep = 10;
+
+/// Moves a bar by a part of its range, as far as its end.
+void Step(forms::ScrollBar& bar, int step) {
+    if (bar.Enabled()) {
+        bar.SetValue(std::clamp(bar.Value() + step, bar.Min(), bar.Max()));
+    }
+}
+
+void ToStart(forms::ScrollBar& bar) {
+    Step(bar, bar.Min() - bar.Max());
+}
+
+void ToEnd(forms::ScrollBar& bar) {
+    Step(bar, bar.Max() - bar.Min());
+}
+
+} // namespace
+
+struct frmPrintPreview::KeyAction {
+    int key;
+    void (*run)(frmPrintPreview& form);
+};
+
+const frmPrintPreview::KeyAction frmPrintPreview::keyActions[] = {
+    {platform::key::PageUp, [](frmPrintPreview& form) { form.PageUp(); }},
+    {platform::key::PageDown, [](frmPrintPreview& form) { form.PageDown(); }},
+    {platform::key::End,
+     [](frmPrintPreview& form) {
+         ToEnd(form.VScroll);
+         ToEnd(form.HScroll);
+     }},
+    {platform::key::Home,
+     [](frmPrintPreview& form) {
+         ToStart(form.VScroll);
+         ToStart(form.HScroll);
+     }},
+    {platform::key::Left, [](frmPrintPreview& form) { Step(form.HScroll, -lineStep); }},
+    {platform::key::Up, [](frmPrintPreview& form) { Step(form.VScroll, -lineStep); }},
+    {platform::key::Right, [](frmPrintPreview& form) { Step(form.HScroll, lineStep); }},
+    {platform::key::Down, [](frmPrintPreview& form) { Step(form.VScroll, lineStep); }},
+    {platform::key::Escape, [](frmPrintPreview& form) { form.Leave(false); }},
+};
+
+void frmPrintPreview::OnKeyDown(int& virtualKey) {
+    const auto found = std::find_if(std::begin(keyActions), std::end(keyActions),
+                                    [&](const KeyAction& action) { return action.key == virtualKey; });
+    if (found != std::end(keyActions)) {
+        found->run(*this);
+    }
+}
+
+void frmPrintPreview::PageUp() {
+    if (VScroll.Value() != VScroll.Min()) {
+        Step(VScroll, -pageStep);
+    } else if (VScroll.Enabled() && cmdUp.Enabled()) {
+        cmdUpClick();
+    }
+}
+
+void frmPrintPreview::PageDown() {
+    if (VScroll.Value() != VScroll.Max()) {
+        Step(VScroll, pageStep);
+    } else if (VScroll.Enabled() && cmdDown.Enabled()) {
+        cmdDownClick();
+    }
+}
+
+} // namespace preview
