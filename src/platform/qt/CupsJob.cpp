@@ -2,10 +2,7 @@
 
 #include "platform/RuntimeError.h"
 
-#include <QDateTime>
-#include <QDir>
 #include <QStandardPaths>
-#include <QUuid>
 
 #include <array>
 #include <utility>
@@ -13,10 +10,6 @@
 namespace platform::qt {
 
 namespace {
-
-constexpr qint64 StaleAfterDays = 1;
-constexpr auto PrivateFile = QFileDevice::ReadOwner | QFileDevice::WriteOwner;
-constexpr auto PrivateFolder = PrivateFile | QFileDevice::ExeOwner;
 
 constexpr std::array<const char*, 4> OptionsLeftOut = {"orientation-requested", "fit-to-page", "scaling",
                                                        "page-ranges"};
@@ -30,23 +23,6 @@ constexpr std::array<FixedOption, 3> FixedOptions = {{
     {"print-scaling", "none"},
     {"document-format", CUPS_FORMAT_PDF},
 }};
-
-void RemoveStaleFiles(const QDir& folder) {
-    const QDateTime limit = QDateTime::currentDateTime().addDays(-StaleAfterDays);
-    for (const QFileInfo& file : folder.entryInfoList(QDir::Files | QDir::Hidden)) {
-        if (file.lastModified() < limit) {
-            QFile::remove(file.filePath());
-        }
-    }
-}
-
-QString NewSpoolFile() {
-    const QDir folder(SpoolFolder());
-    folder.mkpath(QStringLiteral("."));
-    QFile::setPermissions(folder.path(), PrivateFolder);
-    RemoveStaleFiles(folder);
-    return folder.filePath(QUuid::createUuid().toString(QUuid::WithoutBraces) + QStringLiteral(".pdf"));
-}
 
 /// True for a failure that the server tells without an answer to the request itself.
 bool IsRefusal(ipp_status_t status) {
@@ -65,21 +41,13 @@ QString SpoolFolder() {
 CupsJob::CupsJob(std::shared_ptr<CupsServer> server, const std::string& queue, const std::string& queueUri,
                  const std::string& title, const CupsOptions& options)
     : server_(std::move(server)), queue_(queue), queueUri_(queueUri), title_(title), options_(options),
-      file_(NewSpoolFile()) {
+      file_(SpoolFolder()) {
     for (const char* name : OptionsLeftOut) {
         options_.erase(name);
     }
     for (const FixedOption& option : FixedOptions) {
         options_[option.Name] = option.Value;
     }
-    if (!file_.open(QIODevice::WriteOnly) || !file_.setPermissions(PrivateFile)) {
-        throw RuntimeError(ErrorPrinter,
-                           "Het document kon niet worden klaargezet.\n" + file_.errorString().toStdString());
-    }
-}
-
-CupsJob::~CupsJob() {
-    QFile::remove(file_.fileName()); // the complete one; an incomplete one goes with file_
 }
 
 IppMessage CupsJob::NewPrintRequest() const {
@@ -97,17 +65,14 @@ IppMessage CupsJob::NewPrintRequest() const {
 }
 
 void CupsJob::Finish() {
-    if (!file_.commit()) {
-        throw RuntimeError(ErrorPrinter,
-                           "Het document kon niet worden klaargezet.\n" + file_.errorString().toStdString());
-    }
+    file_.Rewind();
     // One request with the document in it: a failure leaves no empty job behind.
     const CupsConnection connection = server_->ConnectForDocument();
     IppMessage answer;
     if (connection != nullptr) {
-        answer.reset(cupsDoFileRequest(connection.get(), NewPrintRequest().release(),
-                                       ResourceOf(queueUri_).c_str(),
-                                       QFile::encodeName(file_.fileName()).constData()));
+        constexpr int toMemory = -1;
+        answer.reset(cupsDoIORequest(connection.get(), NewPrintRequest().release(),
+                                     ResourceOf(queueUri_).c_str(), file_.handle(), toMemory));
     }
     if (answer == nullptr && (connection == nullptr || !IsRefusal(cupsLastError()))) {
         throw RuntimeError(ErrorPrinter,

@@ -2,22 +2,20 @@
 
 #include "platform/qt/CupsServer.h"
 #include "platform/qt/PrintQueue.h"
-
-#include <QSaveFile>
+#include "platform/qt/SpoolFile.h"
 
 #include <memory>
 #include <string>
 
 namespace platform::qt {
 
-/// A document on its way to a queue, kept meanwhile in a file that no other user can read.
+/// A document on its way to a queue, kept meanwhile in a file that nobody else can open.
 class CupsJob : public PrintJob {
   public:
     /// Options name paper and bin and whatever the user has set for the queue. The document turns its own
     /// pages, has its copies in it and is never scaled, so options about these do not go along.
     CupsJob(std::shared_ptr<CupsServer> server, const std::string& queue, const std::string& queueUri,
             const std::string& title, const CupsOptions& options);
-    ~CupsJob() override;
 
     QIODevice* Output() override { return &file_; }
     void Finish() override;
@@ -30,11 +28,10 @@ class CupsJob : public PrintJob {
     std::string queueUri_;
     std::string title_;
     CupsOptions options_;
-    QSaveFile file_;
+    SpoolFile file_;
 };
 
-/// Where documents wait until the server has them: a folder of the user's own. Files that an earlier run left
-/// there a day ago or more are removed when a document begins.
+/// Where documents wait until the server has them: a folder of the user's own.
 QString SpoolFolder();
 
 } // namespace platform::qt

@@ -66,7 +66,7 @@ void QtLabel::ShowText() {
     const QString text = ToQString(marked ? forms::WithoutAccessKey(model_.Caption()) : model_.Caption());
     const QString shown = Fitting(text);
     label_->setText(shown);
-    label_->setToolTip(shown == text ? ToQString(model_.ToolTipText()) : text);
+    label_->setToolTip(PlainToolTip(shown == text ? ToQString(model_.ToolTipText()) : text));
 }
 
 bool QtLabel::eventFilter(QObject* watched, QEvent* event) {

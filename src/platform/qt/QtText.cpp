@@ -1,5 +1,7 @@
 #include "platform/qt/QtText.h"
 
+#include <QTextDocument>
+
 #include <algorithm>
 
 namespace platform::qt {
@@ -11,6 +13,13 @@ bool IsPair(const QString& text, int at) {
 }
 
 } // namespace
+
+QString PlainToolTip(const QString& text) {
+    if (!Qt::mightBeRichText(text)) {
+        return text;
+    }
+    return QStringLiteral("<p style='white-space:pre-wrap'>") + text.toHtmlEscaped();
+}
 
 int CharactersIn(const QString& text, int units) {
     const int end = std::min(units, static_cast<int>(text.size()));

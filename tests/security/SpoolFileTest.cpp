@@ -1,0 +1,150 @@
+#include "platform/qt/SpoolFile.h"
+#include "platform/RuntimeError.h"
+
+#include <QDir>
+#include <QTemporaryDir>
+
+#include <gtest/gtest.h>
+
+#include <cerrno>
+#include <csignal>
+#include <cstdarg>
+#include <string>
+
+#include <fcntl.h>
+#include <sys/resource.h>
+#include <sys/stat.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+namespace {
+bool onlyNames = false; // a file system whose files all have a name
+}
+
+// The linker sends all calls of open() here.
+extern "C" int __real_open(const char* path, int flags, ...);
+extern "C" int __wrap_open(const char* path, int flags, ...) {
+    std::va_list arguments;
+    va_start(arguments, flags);
+    const mode_t mode = (flags & (O_CREAT | O_TMPFILE)) != 0 ? va_arg(arguments, mode_t) : 0;
+    va_end(arguments);
+    if (onlyNames && (flags & O_TMPFILE) == O_TMPFILE) {
+        errno = EOPNOTSUPP;
+        return -1;
+    }
+    return __real_open(path, flags, mode);
+}
+
+namespace platform::qt {
+namespace {
+
+constexpr mode_t PermissionBits = 07777;
+
+class SpoolFileTest : public testing::TestWithParam<bool> {
+  protected:
+    SpoolFileTest() { onlyNames = GetParam(); }
+    ~SpoolFileTest() override { onlyNames = false; }
+
+    QStringList Names() const {
+        return QDir(Path).entryList(QDir::AllEntries | QDir::Hidden | QDir::System | QDir::NoDotAndDotDot);
+    }
+
+    static std::string ReadAll(int descriptor) {
+        std::string text(100, '\0');
+        const ssize_t count = read(descriptor, text.data(), text.size());
+        text.resize(count < 0 ? 0 : static_cast<std::size_t>(count));
+        return text;
+    }
+
+    QTemporaryDir Folder;
+    QString Path = Folder.filePath("cache/spool");
+};
+
+TEST_P(SpoolFileTest, IsTheUsersAloneAndHasNoName) {
+    const mode_t before = umask(0); // of a user who shares everything
+    SpoolFile file(Path);
+    umask(before);
+    file.write("document");
+    file.Rewind();
+    struct stat status {};
+    ASSERT_EQ(fstat(file.handle(), &status), 0);
+    EXPECT_EQ(status.st_mode & PermissionBits, 0600U);
+    EXPECT_EQ(status.st_uid, geteuid());
+    EXPECT_EQ(status.st_nlink, 0U);
+    EXPECT_EQ(Names(), QStringList());
+    ASSERT_EQ(stat(QFile::encodeName(Path).constData(), &status), 0);
+    EXPECT_EQ(status.st_mode & PermissionBits, 0700U);
+}
+
+TEST_P(SpoolFileTest, IsReadFromItsBeginning) {
+    SpoolFile file(Path);
+    file.write("eerste ");
+    file.write("tweede");
+    file.Rewind();
+    EXPECT_EQ(ReadAll(file.handle()), "eerste tweede");
+    file.Rewind();
+    EXPECT_EQ(ReadAll(file.handle()), "eerste tweede");
+}
+
+TEST_P(SpoolFileTest, LeavesNothingWhenTheProgramIsKilled) {
+    const pid_t child = fork();
+    ASSERT_GE(child, 0);
+    if (child == 0) {
+        SpoolFile file(Path);
+        file.write("document");
+        file.Rewind();
+        raise(SIGKILL);
+    }
+    int status = 0;
+    ASSERT_EQ(waitpid(child, &status, 0), child);
+    ASSERT_TRUE(WIFSIGNALED(status));
+    EXPECT_TRUE(QDir(Path).exists());
+    EXPECT_EQ(Names(), QStringList());
+}
+
+TEST_P(SpoolFileTest, LeavesAnotherFolderAsItIs) {
+    ASSERT_TRUE(QDir().mkpath(Path));
+    ASSERT_EQ(chmod(QFile::encodeName(Path).constData(), 0755), 0);
+    const SpoolFile file(Path);
+    struct stat status {};
+    ASSERT_EQ(stat(QFile::encodeName(Path).constData(), &status), 0);
+    EXPECT_EQ(status.st_mode & PermissionBits, 0755U);
+    ASSERT_EQ(fstat(file.handle(), &status), 0);
+    EXPECT_EQ(status.st_mode & PermissionBits, 0600U);
+}
+
+TEST_P(SpoolFileTest, FailsWhereThereIsNoFolder) {
+    QFile inTheWay(Folder.filePath("cache"));
+    ASSERT_TRUE(inTheWay.open(QIODevice::WriteOnly));
+    EXPECT_THROW(SpoolFile{Path}, RuntimeError);
+    EXPECT_EQ(inTheWay.size(), 0);
+}
+
+TEST_P(SpoolFileTest, TellsAFullDiskEvenWhenThereIsRoomAgain) {
+    SpoolFile file(Path);
+    const auto ignore = std::signal(SIGXFSZ, SIG_IGN);
+    rlimit before{};
+    ASSERT_EQ(getrlimit(RLIMIT_FSIZE, &before), 0);
+    const rlimit small = {64 * 1024, before.rlim_max};
+    ASSERT_EQ(setrlimit(RLIMIT_FSIZE, &small), 0);
+    for (int i = 0; i < 10; ++i) {
+        file.write(QByteArray(20'000, 'x'));
+    }
+    ASSERT_EQ(setrlimit(RLIMIT_FSIZE, &before), 0);
+    std::signal(SIGXFSZ, ignore);
+    file.write("nog iets");
+    try {
+        file.Rewind();
+        FAIL() << "half a document would be printed";
+    } catch (const RuntimeError& error) {
+        EXPECT_EQ(error.Number(), ErrorPrinter);
+        EXPECT_EQ(error.Description().rfind("Het document kon niet worden klaargezet.\n", 0), 0U);
+    }
+}
+
+INSTANTIATE_TEST_SUITE_P(, SpoolFileTest, testing::Bool(), [](const auto& only) {
+    return only.param ? "WhereFilesHaveNames" : "WhereTheyNeedNone";
+});
+
+} // namespace
+} // namespace platform::qt
