@@ -1,5 +1,5 @@
 #!/usr/bin/env bash
-# Installs the Debian packages that a task needs and that are missing: setup.sh run|test|windows|wine|screen
+# Installs the Debian packages that a task needs and that are missing: setup.sh run|test|fuzz|windows|wine|screen
 set -euo pipefail
 
 # To build the program.
@@ -11,6 +11,9 @@ test=(libgtest-dev libgmock-dev libbenchmark-dev python3 poppler-utils
       cups-daemon cups-client strace)
 # Tests that take minutes: a reader of print.
 slow=(tesseract-ocr tesseract-ocr-eng)
+
+# To build the fuzzers.
+fuzz=(clang-14 libclang-rt-14-dev)
 
 # To build the Windows program.
 windows=(g++-mingw-w64-x86-64-posix cmake ninja-build ccache python3 librsvg2-bin)
@@ -26,10 +29,11 @@ case "${1:-}" in
   run) wanted=("${build[@]}" "${run[@]}") ;;
   test) wanted=("${build[@]}" "${run[@]}" "${test[@]}") ;;
   slow) wanted=("${build[@]}" "${run[@]}" "${test[@]}" "${slow[@]}") ;;
+  fuzz) wanted=("${build[@]}" "${fuzz[@]}") ;;
   windows) wanted=("${windows[@]}") ;;
   wine) wanted=("${windows[@]}" "${wine[@]}") ;;
   screen) wanted=("${screen[@]}") ;;
-  *) echo "usage: $0 run|test|windows|wine|screen" >&2; exit 2 ;;
+  *) echo "usage: $0 run|test|fuzz|windows|wine|screen" >&2; exit 2 ;;
 esac
 
 missing=()

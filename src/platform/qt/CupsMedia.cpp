@@ -2,6 +2,7 @@
 
 #include "platform/qt/CupsPpd.h"
 #include "platform/qt/PaperTable.h"
+#include "platform/qt/PossiblePaper.h"
 
 #include <cups/pwg.h>
 
@@ -152,6 +153,7 @@ CupsMedia MediaOfAttributes(ipp_t* attributes) {
         bin.PwgSource = source;
         media.Bins.push_back(bin);
     }
+    KeepPossible(media.Papers);
     NumberMedia(media);
     if (!media.Papers.empty()) {
         const std::vector<std::string> preset = Keywords(attributes, "media-default");

@@ -1,6 +1,7 @@
 #include "platform/qt/CupsPpd.h"
 
 #include "platform/qt/PaperTable.h"
+#include "platform/qt/PossiblePaper.h"
 
 #include <cups/ppd.h>
 #include <cups/pwg.h>
@@ -62,7 +63,7 @@ CupsMedia MediaOfPpd(const std::string& file) {
         defaultPaper = sizes->defchoice;
         for (int i = 0; i < sizes->num_choices; ++i) {
             const Paper paper = PaperOf(ppd.get(), sizes->choices[i]);
-            if (paper.Width > 0 && paper.Height > 0 && paper.PpdSize != "Custom") {
+            if (paper.PpdSize != "Custom") {
                 media.Papers.push_back(paper);
             }
         }
@@ -77,6 +78,7 @@ CupsMedia MediaOfPpd(const std::string& file) {
             media.Bins.push_back(bin);
         }
     }
+    KeepPossible(media.Papers);
     NumberMedia(media);
     for (const Paper& paper : media.Papers) {
         if (paper.PpdSize == defaultPaper) {

@@ -1,0 +1,125 @@
+// Settings files of any bytes: read without harm, kept byte for byte, and what is written is what is read.
+//
+// A seed names in its first lines the encoding (utf16, or anything else for the bytes as they stand), a key,
+// a value's name and its new text; the file follows.
+#include <algorithm>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "Input.h"
+#include "Require.h"
+#include "platform/RegFile.h"
+#include "platform/RegFileEncoding.h"
+#include "platform/RegistryKeys.h"
+#include "platform/Text.h"
+
+namespace {
+
+namespace regfile = platform::regfile;
+namespace text = platform::text;
+using platform::RegFile;
+using platform::RegValue;
+using std::string;
+using std::string_view;
+
+constexpr std::uint32_t typeText = 1;
+constexpr std::uint32_t typeBytes = 3;
+
+/// Valid UTF-8 of characters that every encoding of a file has, as the registry's calls give it.
+string OfCodePage(string_view t) {
+    return text::FromCodePage(text::ToCodePage(text::FromCodePage(t)));
+}
+
+struct Place {
+    string Key;
+    string Name;
+};
+
+/// Keys and names as the file itself spells them, damaged ones as well.
+std::vector<Place> PlacesIn(string_view file) {
+    constexpr std::size_t most = 40;
+    std::vector<Place> places;
+    string key;
+    for (fuzz::Input lines(file); !lines.Empty() && places.size() < most;) {
+        const string_view line = lines.Line();
+        if (line.starts_with('[')) {
+            key = line.substr(1, line.find(']') - 1);
+            places.push_back({key, ""});
+        } else if (line.starts_with('"')) {
+            places.push_back({key, string(line.substr(1, line.find('"', 1) - 1))});
+        }
+    }
+    return places;
+}
+
+bool Same(const std::optional<RegValue>& a, const std::optional<RegValue>& b) {
+    return a.has_value() == b.has_value() && (!a || (a->type == b->type && a->data == b->data));
+}
+
+/// Bytes that two texts have in common at their beginning.
+std::size_t CommonHead(string_view a, string_view b) {
+    return static_cast<std::size_t>(std::mismatch(a.begin(), a.end(), b.begin(), b.end()).first - a.begin());
+}
+
+/// True if the new bytes are the old ones with something put in at one place.
+bool IsInsertion(const string& before, const string& after) {
+    const std::size_t head = CommonHead(before, after);
+    return after.size() >= before.size() && after.ends_with(string_view(before).substr(head));
+}
+
+void CheckWrite(const RegFile& file, const Place& where, const RegValue& value,
+                const std::vector<Place>& others) {
+    const std::optional<string> bytes = file.WithValue(where.Key, where.Name, value);
+    if (!bytes) {
+        return;
+    }
+    const std::optional<RegValue> before = file.Find(where.Key, where.Name);
+    REQUIRE(before || IsInsertion(file.Bytes(), *bytes));
+    const RegFile written(*bytes);
+    REQUIRE(Same(written.Find(where.Key, where.Name), value));
+    REQUIRE(written.WithValue(where.Key, where.Name, value) == *bytes);
+    for (const Place& other : others) {
+        REQUIRE(written.HasKey(other.Key) == file.HasKey(other.Key));
+        if (platform::KeyNames(platform::FoldedName(other.Key)) !=
+                platform::KeyNames(platform::FoldedName(where.Key)) ||
+            platform::FoldedName(other.Name) != platform::FoldedName(where.Name)) {
+            REQUIRE(Same(written.Find(other.Key, other.Name), file.Find(other.Key, other.Name)));
+        }
+    }
+    // A second text in its place leaves everything around it.
+    const std::optional<string> again =
+        written.WithValue(where.Key, where.Name, {typeText, string("x\0", 2)});
+    REQUIRE(again && RegFile(*again).WithValue(where.Key, where.Name, value) == *bytes);
+}
+
+void CheckEncoding(string_view t) {
+    const string utf8 = OfCodePage(t);
+    REQUIRE(regfile::FromUtf16(regfile::ToUtf16(utf8)) == utf8);
+    REQUIRE(regfile::Unescaped(regfile::Escaped(t)) == t);
+    const string read = regfile::FromUtf16(t);
+    REQUIRE(regfile::FromUtf16(regfile::ToUtf16(read)) == read);
+}
+
+} // namespace
+
+extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
+    fuzz::Input input(data, size);
+    const bool isUtf16 = input.Line() == "utf16";
+    const Place where{string(input.Line()), OfCodePage(input.Line())};
+    const string value = OfCodePage(fuzz::WithoutEscapes(input.Line()));
+    const string bytes = isUtf16 ? "\xFF\xFE" + regfile::ToUtf16(input.Rest()) : string(input.Rest());
+
+    const RegFile file(bytes);
+    REQUIRE(file.Bytes() == bytes);
+    const std::vector<Place> places = PlacesIn(input.Rest());
+    CheckWrite(file, where, {typeText, value + '\0'}, places);
+    CheckWrite(file, where, {typeBytes, value}, places);
+    for (const Place& place : places) {
+        CheckWrite(file, {place.Key, where.Name}, {typeText, value + '\0'}, places);
+        CheckWrite(file, {place.Key, OfCodePage(place.Name)}, {typeText, value + '\0'}, places);
+    }
+    CheckEncoding(input.Rest());
+    return 0;
+}
