@@ -11,10 +11,12 @@ build=$PWD/build/fuzz
 seeds=$PWD/tests/fuzz/corpus
 [ $# -gt 0 ] || set -- $(ls "$seeds")
 
-fail() { echo "$1" >&2; echo "0 passed, $# failed"; exit 1; }
+fuzzers=$#
 
-tools/setup.sh fuzz || fail "The packages could not be installed." "$@"
-cmake --preset fuzz >/dev/null && nice cmake --build --preset fuzz || fail "The fuzzers could not be built." "$@"
+fail() { echo "$1" >&2; echo "0 passed, $fuzzers failed"; exit 1; }
+
+tools/setup.sh fuzz || fail "The packages could not be installed."
+cmake --preset fuzz >/dev/null && nice cmake --build --preset fuzz || fail "The fuzzers could not be built."
 
 # One fuzzer: its log ends with the statistics, or with the fault and the file that shows it.
 run_one() {
@@ -36,11 +38,9 @@ run_one() {
 export -f run_one
 export build seeds seconds
 
-passed=0
-failed=0
 results=$(printf '%s\n' "$@" | xargs -P 2 -I{} bash -c 'run_one {}')
 echo "$results"
 passed=$(grep -c ': passed, ' <<<"$results")
-failed=$(($# - passed))
+failed=$((fuzzers - passed))
 echo "$passed passed, $failed failed"
 [ "$failed" -eq 0 ]

@@ -178,6 +178,9 @@ void CheckState(ipp_t* answer) {
 extern "C" const char* __lsan_default_suppressions() {
     return "leak:libcups.so";
 }
+extern "C" const char* __lsan_default_options() {
+    return "print_suppressions=0";
+}
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
     const std::unique_ptr<ipp_t, FreeIpp> answer(ippNew());
