@@ -3,20 +3,22 @@
 # What they find goes to build/fuzz/found; the corpus in the repository stays as it is. The last line counts:
 # "N passed, N failed".
 set -uo pipefail
-cd "$(dirname "$(readlink -f "$0")")/.."
+cd "$(dirname "$(readlink -f "$0")")/.." || exit 1
 
 seconds=${1:-60}
 shift || true
 build=$PWD/build/fuzz
 seeds=$PWD/tests/fuzz/corpus
-[ $# -gt 0 ] || set -- $(ls "$seeds")
-
-fuzzers=$#
+names=("$@")
+[ $# -gt 0 ] || mapfile -t names < <(ls "$seeds")
+fuzzers=${#names[@]}
 
 fail() { echo "$1" >&2; echo "0 passed, $fuzzers failed"; exit 1; }
 
 tools/setup.sh fuzz || fail "The packages could not be installed."
-cmake --preset fuzz >/dev/null && nice cmake --build --preset fuzz || fail "The fuzzers could not be built."
+if ! cmake --preset fuzz >/dev/null || ! nice cmake --build --preset fuzz; then
+  fail "The fuzzers could not be built."
+fi
 
 # One fuzzer: its log ends with the statistics, or with the fault and the file that shows it.
 run_one() {
@@ -38,7 +40,7 @@ run_one() {
 export -f run_one
 export build seeds seconds
 
-results=$(printf '%s\n' "$@" | xargs -P 2 -I{} bash -c 'run_one {}')
+results=$(printf '%s\n' "${names[@]}" | xargs -P 2 -I{} bash -c 'run_one {}')
 echo "$results"
 passed=$(grep -c ': passed, ' <<<"$results")
 failed=$((fuzzers - passed))
