@@ -11,15 +11,13 @@ namespace platform::qt {
 
 namespace {
 
-constexpr std::array<const char*, 4> OptionsLeftOut = {"orientation-requested", "fit-to-page", "scaling",
-                                                       "page-ranges"};
-
 struct FixedOption {
     const char* Name;
     const char* Value;
 };
-constexpr std::array<FixedOption, 3> FixedOptions = {{
+constexpr std::array<FixedOption, 4> FixedOptions = {{
     {"copies", "1"},
+    {"number-up", "1"}, // a queue may have a default of its own
     {"print-scaling", "none"},
     {"document-format", CUPS_FORMAT_PDF},
 }};
@@ -42,9 +40,6 @@ CupsJob::CupsJob(std::shared_ptr<CupsServer> server, const std::string& queue, c
                  const std::string& title, const CupsOptions& options)
     : server_(std::move(server)), queue_(queue), queueUri_(queueUri), title_(title), options_(options),
       file_(SpoolFolder()) {
-    for (const char* name : OptionsLeftOut) {
-        options_.erase(name);
-    }
     for (const FixedOption& option : FixedOptions) {
         options_[option.Name] = option.Value;
     }
@@ -75,12 +70,12 @@ void CupsJob::Finish() {
                                      ResourceOf(queueUri_).c_str(), file_.handle(), toMemory));
     }
     if (answer == nullptr && (connection == nullptr || !IsRefusal(cupsLastError()))) {
-        throw RuntimeError(ErrorPrinter,
-                           "De afdrukserver geeft geen antwoord. Het document is niet afgedrukt.");
+        throw RuntimeError(ErrorPrinter, NoAnswerText);
     }
     if (answer == nullptr || ippGetStatusCode(answer.get()) >= IPP_STATUS_REDIRECTION_OTHER_SITE) {
+        const char* const reason = cupsLastErrorString();
         throw RuntimeError(ErrorPrinter, "De printer " + queue_ + " heeft het document niet aangenomen.\n" +
-                                             cupsLastErrorString());
+                                             (reason == nullptr ? "" : reason));
     }
 }
 

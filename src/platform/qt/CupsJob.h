@@ -9,11 +9,15 @@
 
 namespace platform::qt {
 
+/// What the user is told where the server is silent.
+inline constexpr const char* NoAnswerText =
+    "De afdrukserver geeft geen antwoord. Het document is niet afgedrukt.";
+
 /// A document on its way to a queue, kept meanwhile in a file that nobody else can open.
 class CupsJob : public PrintJob {
   public:
-    /// Options name paper and bin and whatever the user has set for the queue. The document turns its own
-    /// pages, has its copies in it and is never scaled, so options about these do not go along.
+    /// Options name paper and bin and whatever else the user has set for the queue. Each page goes on a sheet
+    /// of its own, once and unscaled.
     CupsJob(std::shared_ptr<CupsServer> server, const std::string& queue, const std::string& queueUri,
             const std::string& title, const CupsOptions& options);
 

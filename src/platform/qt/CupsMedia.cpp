@@ -11,6 +11,7 @@
 #include <cstddef>
 #include <limits>
 #include <string_view>
+#include <utility>
 
 namespace platform::qt {
 
@@ -56,6 +57,56 @@ double MarginOf(ipp_t* collection, const char* name) {
     return margin == nullptr ? 0 : ippGetInteger(margin, 0) * TwipsPerHundredthMillimetre;
 }
 
+/// The number of the bin that the queue takes where nobody chooses; 0 if it does not tell.
+std::int16_t PresetBin(ipp_t* attributes, const std::vector<Bin>& bins) {
+    std::string source = "auto"; // chooses by itself, if there is such a bin
+    if (ipp_attribute_t* preset =
+            ippFindAttribute(attributes, "media-col-default", IPP_TAG_BEGIN_COLLECTION)) {
+        const std::vector<std::string> told = Keywords(ippGetCollection(preset, 0), "media-source");
+        source = told.empty() ? source : told.front();
+    }
+    const auto found =
+        std::find_if(bins.begin(), bins.end(), [&source](const Bin& bin) { return bin.PwgSource == source; });
+    return found == bins.end() ? std::int16_t{0} : found->Id;
+}
+
+/// The sheet of a queue that tells no papers, by what it says of its default; A4 if it says nothing.
+Paper SheetUntold(ipp_t* attributes) {
+    const std::vector<std::string> preset = Keywords(attributes, "media-default");
+    const pwg_media_t* size = preset.empty() ? nullptr : pwgMediaForPWG(preset.front().c_str());
+    if (size == nullptr && !preset.empty()) {
+        size = pwgMediaForPPD(preset.front().c_str());
+    }
+    if (size == nullptr || !IsPossibleSide(size->width * TwipsPerHundredthMillimetre) ||
+        !IsPossibleSide(size->length * TwipsPerHundredthMillimetre)) {
+        size = pwgMediaForPWG("iso_a4_210x297mm");
+    }
+    Paper paper;
+    paper.Id = PaperCode(size->pwg);
+    paper.Name = size->ppd != nullptr && *size->ppd != 0 ? size->ppd : size->pwg;
+    paper.Width = size->width * TwipsPerHundredthMillimetre;
+    paper.Height = size->length * TwipsPerHundredthMillimetre;
+    paper.StandIn = true;
+    return paper;
+}
+
+/// A raw queue tells no papers, and a printer with one tray often no bins. There is one of each all the same.
+void AddStandIns(CupsMedia& media, ipp_t* attributes) {
+    if (media.Papers.empty()) {
+        media.Papers.push_back(SheetUntold(attributes));
+        NumberMedia(media);
+        media.DefaultPaper = media.Papers.front().Id;
+    }
+    if (media.Bins.empty()) {
+        Bin bin;
+        bin.Id = BinAutomatic;
+        bin.Name = "Automatisch";
+        bin.StandIn = true;
+        media.Bins.push_back(bin);
+        media.DefaultBin = bin.Id;
+    }
+}
+
 std::string WordingOfBin(const std::string& source) {
     const auto found =
         std::find_if(BinWordings.begin(), BinWordings.end(),
@@ -63,9 +114,8 @@ std::string WordingOfBin(const std::string& source) {
     return found == BinWordings.end() ? source : found->Name;
 }
 
-/// A number that is not negative and not taken by a code.
 template <class Item>
-void Number(std::vector<Item>& items) {
+void GiveNumbers(std::vector<Item>& items) {
     for (std::size_t i = 0; i < items.size(); ++i) {
         const std::int16_t code = items[i].Id;
         const auto before = items.begin() + static_cast<std::ptrdiff_t>(i);
@@ -78,8 +128,8 @@ void Number(std::vector<Item>& items) {
 }
 
 template <class Item, class Key>
-void Keep(std::vector<Item>& items, std::map<std::string, std::int16_t>& numbers, std::int16_t& preset,
-          Key key) {
+void GiveNumbersOfBefore(std::vector<Item>& items, std::map<std::string, std::int16_t>& numbers,
+                         std::int16_t& preset, Key key) {
     const std::int16_t oldPreset = preset;
     for (Item& item : items) {
         if (item.Id < FirstPrivateId) {
@@ -107,10 +157,11 @@ void Keep(std::vector<Item>& items, std::map<std::string, std::int16_t>& numbers
 } // namespace
 
 void KeepNumbers(CupsMedia& media, MediaNumbers& numbers) {
-    Keep(media.Papers, numbers.Papers, media.DefaultPaper,
-         [](const Paper& paper) { return paper.PpdSize.empty() ? paper.PwgMedia : paper.PpdSize; });
-    Keep(media.Bins, numbers.Bins, media.DefaultBin,
-         [](const Bin& bin) { return bin.PpdSlot.empty() ? bin.PwgSource : bin.PpdSlot; });
+    GiveNumbersOfBefore(media.Papers, numbers.Papers, media.DefaultPaper, [](const Paper& paper) {
+        return paper.PpdSize.empty() ? paper.PwgMedia : paper.PpdSize;
+    });
+    GiveNumbersOfBefore(media.Bins, numbers.Bins, media.DefaultBin,
+                        [](const Bin& bin) { return bin.PpdSlot.empty() ? bin.PwgSource : bin.PpdSlot; });
 }
 
 void NumberMedia(CupsMedia& media) {
@@ -118,8 +169,8 @@ void NumberMedia(CupsMedia& media) {
     constexpr std::size_t Most = 8192;
     media.Papers.resize(std::min(media.Papers.size(), Most));
     media.Bins.resize(std::min(media.Bins.size(), Most));
-    Number(media.Papers);
-    Number(media.Bins);
+    GiveNumbers(media.Papers);
+    GiveNumbers(media.Bins);
 }
 
 CupsMedia MediaOfAttributes(ipp_t* attributes) {
@@ -163,25 +214,23 @@ CupsMedia MediaOfAttributes(ipp_t* attributes) {
             });
         media.DefaultPaper = found == media.Papers.end() ? media.Papers.front().Id : found->Id;
     }
-    if (!media.Bins.empty()) {
-        media.DefaultBin = media.Bins.front().Id;
-    }
+    media.DefaultBin = PresetBin(attributes, media.Bins);
     return media;
 }
 
 CupsMedia MediaOfQueue(ipp_t* attributes, const std::string& ppdFile) {
-    CupsMedia byAttributes = MediaOfAttributes(attributes);
-    if (ppdFile.empty()) {
-        return byAttributes;
-    }
-    CupsMedia byPpd = MediaOfPpd(ppdFile);
-    // The server derives media-source-supported from the PPD's bins, one by one.
-    if (byPpd.Bins.size() == byAttributes.Bins.size()) {
-        for (std::size_t i = 0; i < byPpd.Bins.size(); ++i) {
-            byPpd.Bins[i].PwgSource = byAttributes.Bins[i].PwgSource;
+    CupsMedia media = MediaOfAttributes(attributes);
+    if (CupsMedia byPpd = ppdFile.empty() ? CupsMedia() : MediaOfPpd(ppdFile); !byPpd.Papers.empty()) {
+        // The server derives media-source-supported from the PPD's bins, one by one.
+        if (byPpd.Bins.size() == media.Bins.size()) {
+            for (std::size_t i = 0; i < byPpd.Bins.size(); ++i) {
+                byPpd.Bins[i].PwgSource = media.Bins[i].PwgSource;
+            }
         }
+        media = std::move(byPpd);
     }
-    return byPpd.Papers.empty() ? byAttributes : byPpd;
+    AddStandIns(media, attributes);
+    return media;
 }
 
 } // namespace platform::qt

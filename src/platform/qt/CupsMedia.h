@@ -15,11 +15,12 @@ struct CupsMedia {
     std::vector<Paper> Papers;
     std::vector<Bin> Bins;
     std::int16_t DefaultPaper = 0;
-    std::int16_t DefaultBin = 0;
+    std::int16_t DefaultBin = 0; ///< 0 if the queue does not tell
 };
 
 /// Papers and bins of a queue by the answer to a Get-Printer-Attributes request and its PPD file, which has
-/// the wording of its maker and goes first; an empty name if it has none.
+/// the wording of its maker and goes first; an empty name if it has none. A queue that tells no papers has
+/// its default sheet, one that tells no bins the automatic one, both marked as stand-ins.
 CupsMedia MediaOfQueue(ipp_t* attributes, const std::string& ppdFile);
 
 /// The part that the attributes tell.

@@ -1,5 +1,7 @@
 #include "platform/qt/CupsQueue.h"
 
+#include "platform/RuntimeError.h"
+#include "platform/qt/CupsChoice.h"
 #include "platform/qt/CupsJob.h"
 #include "platform/qt/CupsStatus.h"
 #include "platform/qt/PaperTable.h"
@@ -23,6 +25,10 @@ constexpr std::string_view IppLandscape = "4";
 constexpr std::string_view IppReverseLandscape = "5";
 
 constexpr unsigned long DiscoveredOnly = CUPS_PRINTER_DISCOVERED;
+constexpr unsigned long ServersDefault = CUPS_PRINTER_DEFAULT;
+
+/// An action of the user asks a queue many times over, and this is longer than it goes without a new answer.
+constexpr std::chrono::milliseconds MomentAgo{2000};
 
 /// A change within the same second leaves no mark on printer-config-change-time.
 constexpr long UnsettledSeconds = 2;
@@ -43,9 +49,8 @@ long NumberOf(const CupsAttributes& attributes, const std::string& name) {
     return std::strtol(ValueOf(attributes, name).c_str(), nullptr, 10);
 }
 
-/// True for a printer that was seen on the network but has no queue here.
-bool IsWithoutQueue(const CupsAttributes& attributes) {
-    return (static_cast<unsigned long>(NumberOf(attributes, "printer-type")) & DiscoveredOnly) != 0;
+bool IsOfType(const CupsAttributes& attributes, unsigned long bit) {
+    return (static_cast<unsigned long>(NumberOf(attributes, "printer-type")) & bit) != 0;
 }
 
 IppMessage RequestFor(ipp_op_t operation, const std::string& uri) {
@@ -70,7 +75,7 @@ ipp_attribute_t* NextQueue(ipp_t* answer, ipp_attribute_t* at) {
 /// Media by the attributes and by the PPD, if the server has one for the queue; nothing if it does not
 /// answer.
 std::optional<CupsMedia> ReadMedia(CupsServer& server, ipp_t* attributes, const std::string& uri) {
-    const CupsConnection connection = server.Connect();
+    const CupsConnection connection = server.ConnectForFile();
     QTemporaryFile ppd;
     if (connection == nullptr || !ppd.open()) {
         return std::nullopt;
@@ -83,21 +88,14 @@ std::optional<CupsMedia> ReadMedia(CupsServer& server, ipp_t* attributes, const 
     return MediaOfQueue(attributes, status == HTTP_STATUS_OK ? ppd.fileName().toStdString() : "");
 }
 
-/// The name of the queue that the user prefers, or an empty text.
-std::string PreferredQueue(CupsServer& server) {
-    const CupsConnection connection = server.Connect();
-    const char* const name = connection == nullptr ? nullptr : cupsGetDefault2(connection.get());
-    return name == nullptr ? "" : name;
-}
-
-/// The options by which queues know a paper and a bin; some heed the one name, some the other. An empty value
-/// is an option that the queue does not have.
-CupsOptions PaperOptions(const Paper& paper) {
-    return {{"PageSize", paper.PpdSize}, {"media", paper.PwgMedia}};
-}
-
-CupsOptions BinOptions(const Bin& bin) {
-    return {{"InputSlot", bin.PpdSlot}, {"media-source", bin.PwgSource}};
+/// The queue that the user prefers, by the environment or the user's own defaults; empty if they name none.
+std::string PreferredQueue(const UserDefaults& defaults) {
+    const char* name = std::getenv("LPDEST");
+    if (name == nullptr) {
+        name = std::getenv("PRINTER");
+        name = name != nullptr && std::string_view(name) == "lp" ? nullptr : name; // a device in old systems
+    }
+    return name != nullptr ? name : defaults.PreferredQueue();
 }
 
 template <class Item>
@@ -105,25 +103,6 @@ const Item* WithId(const std::vector<Item>& items, std::int16_t id) {
     const auto found =
         std::find_if(items.begin(), items.end(), [id](const Item& item) { return item.Id == id; });
     return found == items.end() ? nullptr : &*found;
-}
-
-const Paper* PaperIn(const CupsMedia& media, const CupsOptions& options) {
-    const std::string size = ValueOf(options, "PageSize");
-    const std::string keyword = ValueOf(options, "media");
-    const auto found = std::find_if(media.Papers.begin(), media.Papers.end(), [&](const Paper& each) {
-        return size.empty() ? !keyword.empty() && (each.PwgMedia == keyword || each.PpdSize == keyword)
-                            : each.PpdSize == size;
-    });
-    return found == media.Papers.end() ? nullptr : &*found;
-}
-
-const Bin* BinIn(const CupsMedia& media, const CupsOptions& options) {
-    const std::string slot = ValueOf(options, "InputSlot");
-    const std::string source = ValueOf(options, "media-source");
-    const auto found = std::find_if(media.Bins.begin(), media.Bins.end(), [&](const Bin& each) {
-        return slot.empty() ? !source.empty() && each.PwgSource == source : each.PpdSlot == slot;
-    });
-    return found == media.Bins.end() ? nullptr : &*found;
 }
 
 } // namespace
@@ -141,18 +120,26 @@ FoundQueues FindCupsQueues(const std::shared_ptr<CupsServer>& server) {
         return found;
     }
     connection.reset();
-    const std::string preferred = PreferredQueue(*server);
+    const std::string preferred = PreferredQueue(server->Defaults());
+    int serversDefault = -1;
     ipp_attribute_t* at = NextQueue(answer.get(), ippFirstAttribute(answer.get()));
     while (at != nullptr) {
         CupsAttributes attributes = ReadAttributes(answer.get(), at);
         at = NextQueue(answer.get(), at);
-        if (IsWithoutQueue(attributes)) {
+        if (IsOfType(attributes, DiscoveredOnly)) { // seen on the network, but without a queue here
             continue;
+        }
+        const int index = static_cast<int>(found.Queues.size());
+        if (IsOfType(attributes, ServersDefault)) {
+            serversDefault = index;
         }
         found.Queues.push_back(std::make_unique<CupsQueue>(server, std::move(attributes)));
         if (found.Queues.back()->Name() == preferred) {
-            found.Default = static_cast<int>(found.Queues.size()) - 1;
+            found.Default = index;
         }
+    }
+    if (found.Default < 0) {
+        found.Default = serversDefault;
     }
     return found;
 }
@@ -168,14 +155,23 @@ bool CupsQueue::HasNewMedia(const CupsAttributes& attributes) const {
            NumberOf(attributes, "printer-up-time") - NumberOf(attributes, Changed) < UnsettledSeconds;
 }
 
+bool CupsQueue::Reachable() {
+    const bool isFresh = answered_ && std::chrono::steady_clock::now() - *answered_ < MomentAgo &&
+                         !server_->HasFailedSince(*answered_);
+    return isFresh || Refresh();
+}
+
 bool CupsQueue::Refresh() {
     isAsked_ = true;
+    answered_.reset();
+    isGone_ = false;
     CupsConnection connection = server_->Connect();
     if (connection == nullptr) {
         return false;
     }
     const IppMessage answer = Ask(connection.get(), RequestFor(IPP_OP_GET_PRINTER_ATTRIBUTES, uri_));
     if (answer == nullptr) {
+        isGone_ = cupsLastError() == IPP_STATUS_ERROR_NOT_FOUND;
         return false;
     }
     ipp_attribute_t* at = NextQueue(answer.get(), ippFirstAttribute(answer.get()));
@@ -186,10 +182,11 @@ bool CupsQueue::Refresh() {
         if (!media) {
             return false;
         }
-        KeepNumbers(*media, numbers_);
+        KeepNumbers(*media, server_->Numbers(name_));
         media_ = std::move(*media);
     }
     known_ = std::move(attributes);
+    answered_ = std::chrono::steady_clock::now();
     return true;
 }
 
@@ -201,19 +198,18 @@ const CupsMedia& CupsQueue::Media() {
 }
 
 std::uint32_t CupsQueue::Status() {
-    Refresh();
+    Media(); // has asked once at least
     return StatusBits(ValueOf(known_, "printer-state"), ValueOf(known_, "printer-state-reasons"),
                       ValueOf(known_, "printer-is-accepting-jobs"));
 }
 
-QueueSettings CupsQueue::ReadSettings() {
-    Refresh();
-    QueueSettings settings{Portrait, media_.DefaultPaper, media_.DefaultBin, 1};
-    const CupsOptions options = server_->Defaults().Options(name_);
-    if (const Paper* paper = PaperIn(media_, options)) {
+QueueSettings CupsQueue::SettingsOf(const CupsOptions& options) {
+    const CupsMedia& media = Media();
+    QueueSettings settings{Portrait, media.DefaultPaper, media.DefaultBin, 1};
+    if (const Paper* paper = PaperIn(media, options)) {
         settings.PaperId = paper->Id;
     }
-    if (const Bin* bin = BinIn(media_, options)) {
+    if (const Bin* bin = BinIn(media, options)) {
         settings.BinId = bin->Id;
     }
     const auto optionOrPreset = [&](const std::string& name) {
@@ -229,40 +225,62 @@ QueueSettings CupsQueue::ReadSettings() {
     return settings;
 }
 
+QueueSettings CupsQueue::ReadSettings() {
+    return SettingsOf(server_->Defaults().Options(name_));
+}
+
 bool CupsQueue::WriteSettings(const QueueSettings& settings) {
-    const QueueSettings stored = ReadSettings();
+    UserDefaults& defaults = server_->Defaults();
+    if (const std::optional<CupsOptions> before = defaults.Before(name_)) {
+        QueueSettings first = SettingsOf(*before);
+        if (first.BinId == 0 && !media_.Bins.empty()) {
+            first.BinId = media_.Bins.front().Id; // a list shows its first where none is set
+        }
+        if (settings == first) {
+            return defaults.PutBack(name_);
+        }
+    }
+    const CupsOptions options = defaults.Options(name_);
+    const QueueSettings stored = SettingsOf(options);
     if (settings == stored) {
         return true;
     }
-    UserDefaults& defaults = server_->Defaults();
-    if (settings == defaults.Before(name_)) {
-        return defaults.PutBack(name_);
-    }
     CupsOptions changes;
-    if (const Paper* paper = WithId(media_.Papers, settings.PaperId);
-        paper != nullptr && settings.PaperId != stored.PaperId) {
+    const Paper* paper = WithId(media_.Papers, settings.PaperId);
+    const bool isOtherPaper = paper != nullptr && settings.PaperId != stored.PaperId;
+    if (isOtherPaper) {
         changes.merge(PaperOptions(*paper));
     }
+    // A bin that the user has named together with the paper goes with it, and has to be named by itself.
+    CupsOptions withoutMedia = options;
+    withoutMedia.erase("media");
+    const bool isNamedByMedia = isOtherPaper && BinIn(media_, withoutMedia) != BinIn(media_, options);
     if (const Bin* bin = WithId(media_.Bins, settings.BinId);
-        bin != nullptr && settings.BinId != stored.BinId) {
+        bin != nullptr && (settings.BinId != stored.BinId || isNamedByMedia)) {
         changes.merge(BinOptions(*bin));
     }
     if (settings.Orientation != stored.Orientation) {
         changes["orientation-requested"] = settings.Orientation == Landscape ? IppLandscape : IppPortrait;
     }
-    return defaults.Change(name_, stored, changes);
+    return defaults.Change(name_, changes);
 }
 
 std::unique_ptr<PrintJob> CupsQueue::BeginJob(const std::string& title, const Paper& paper, const Bin* bin) {
-    CupsOptions options = PaperOptions(paper);
-    if (bin != nullptr) {
-        options.merge(BinOptions(*bin));
+    if (NeedsReload && !isGone_) { // of a queue that is gone the server tells
+        throw RuntimeError(ErrorPrinter, NoAnswerText);
     }
-    const CupsOptions names = options;
-    options.merge(server_->Defaults().Options(name_)); // the server adds the user's own to no job
-    std::erase_if(options, [&names](const auto& option) {
-        return option.second.empty() && names.contains(option.first);
-    });
+    // The bin may be one of a list that the queue no longer has.
+    const Bin* const named = bin != nullptr ? bin : WithId(media_.Bins, media_.DefaultBin);
+    CupsOptions chosen = PaperOptions(paper);
+    const bool hasPaper = !chosen.empty();
+    const bool hasBin = named != nullptr && !named->StandIn;
+    if (hasBin) {
+        chosen.merge(BinOptions(*named));
+    }
+    CupsOptions options = server_->Defaults().Options(name_); // the server adds the user's own to no job
+    KeepPagesAsDrawn(options, hasPaper, hasBin);
+    std::erase_if(chosen, [](const auto& option) { return option.second.empty(); });
+    options.merge(chosen);
     return std::make_unique<CupsJob>(server_, name_, uri_, title, options);
 }
 

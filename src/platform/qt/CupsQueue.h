@@ -4,7 +4,9 @@
 #include "platform/qt/CupsServer.h"
 #include "platform/qt/PrintQueue.h"
 
+#include <chrono>
 #include <memory>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -21,7 +23,8 @@ class CupsQueue : public PrintQueue {
     std::string Comment() override { return ValueOf(known_, "printer-info"); }
     std::string Driver() override { return ValueOf(known_, "printer-make-and-model"); }
 
-    bool Reachable() override { return Refresh(); }
+    bool Reachable() override;
+    bool ReachableNow() override { return Refresh(); }
     std::uint32_t Status() override;
 
     const std::vector<Paper>& Papers() override { return Media().Papers; }
@@ -34,6 +37,7 @@ class CupsQueue : public PrintQueue {
 
   private:
     bool Refresh();
+    QueueSettings SettingsOf(const CupsOptions& options);
     const CupsMedia& Media();
     bool HasNewMedia(const CupsAttributes& attributes) const;
 
@@ -42,8 +46,9 @@ class CupsQueue : public PrintQueue {
     std::string uri_;
     CupsAttributes known_; ///< as the server last told them
     bool isAsked_ = false;
+    bool isGone_ = false; ///< the server has said that there is no such queue
+    std::optional<std::chrono::steady_clock::time_point> answered_;
     CupsMedia media_;
-    MediaNumbers numbers_;
 };
 
 /// The queues of the print server, and whether it answered.

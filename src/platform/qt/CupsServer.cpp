@@ -49,7 +49,7 @@ CupsServer::CupsServer() {
 int CupsServer::GiveUp(http_t*, void* server) {
     auto* self = static_cast<CupsServer*>(server);
     self->spent_ = Patience;
-    self->lastSpent_ = Clock::now();
+    self->lastSpent_ = self->lastFailure_ = Clock::now();
     return 0;
 }
 
@@ -68,21 +68,25 @@ void CupsServer::Waited(Clock::time_point since) {
     }
 }
 
-CupsConnection CupsServer::Open(bool forDocument) {
+CupsConnection CupsServer::Open(Purpose purpose) {
     const Clock::time_point begun = Clock::now();
-    CupsConnection connection(nullptr, {this, begun, forDocument});
-    const milliseconds patience = PatienceLeft();
-    if (patience <= GoAhead) {
+    CupsConnection connection(nullptr, {this, begun, purpose == Purpose::Document});
+    // A server that is slow but answers is good for a document, however long the preparation took.
+    const bool isAnswering = begun - lastFailure_ > Rest;
+    const milliseconds patience = purpose == Purpose::Document && isAnswering ? Patience : PatienceLeft();
+    const milliseconds goAhead = purpose == Purpose::File ? milliseconds(0) : GoAhead;
+    if (patience <= goAhead) {
         return connection;
     }
     connection.reset(httpConnect2(cupsServer(), ippPort(), nullptr, AF_UNSPEC, cupsEncryption(), 1,
                                   static_cast<int>(patience.count()), nullptr));
     if (connection == nullptr) {
+        lastFailure_ = Clock::now();
         Waited(begun);
         return connection;
     }
     const auto connecting = std::chrono::duration_cast<milliseconds>(Clock::now() - begun);
-    const milliseconds left = patience - connecting - GoAhead;
+    const milliseconds left = patience - connecting - goAhead;
     if (left <= milliseconds(0)) {
         connection.reset();
     } else {
@@ -92,11 +96,15 @@ CupsConnection CupsServer::Open(bool forDocument) {
 }
 
 CupsConnection CupsServer::Connect() {
-    return Open(false);
+    return Open(Purpose::Question);
+}
+
+CupsConnection CupsServer::ConnectForFile() {
+    return Open(Purpose::File);
 }
 
 CupsConnection CupsServer::ConnectForDocument() {
-    return Open(true);
+    return Open(Purpose::Document);
 }
 
 IppMessage NewRequest(ipp_op_t operation, const std::string& queueUri) {

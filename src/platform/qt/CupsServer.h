@@ -1,5 +1,6 @@
 #pragma once
 
+#include "platform/qt/CupsMedia.h"
 #include "platform/qt/UserDefaults.h"
 
 #include <cups/cups.h>
@@ -48,10 +49,17 @@ class CupsServer {
     CupsServer();
 
     CupsConnection Connect();
+    /// One to fetch a file, for which no leave to send is needed.
+    CupsConnection ConnectForFile();
     /// One for a document, which takes long where it is long: only a standstill counts.
     CupsConnection ConnectForDocument();
 
+    /// Has the server been found not to answer after this moment?
+    bool HasFailedSince(std::chrono::steady_clock::time_point moment) const { return lastFailure_ > moment; }
+
     UserDefaults& Defaults() { return defaults_; }
+    /// What a queue's papers and bins are called, for as long as the program runs.
+    MediaNumbers& Numbers(const std::string& queue) { return numbers_[queue]; }
 
   private:
     friend struct CloseHttp;
@@ -59,12 +67,16 @@ class CupsServer {
     using Clock = std::chrono::steady_clock;
 
     static int GiveUp(http_t* http, void* server);
-    CupsConnection Open(bool forDocument);
+    enum class Purpose : int { Question, File, Document };
+
+    CupsConnection Open(Purpose purpose);
     std::chrono::milliseconds PatienceLeft();
     void Waited(Clock::time_point since);
 
     std::chrono::milliseconds spent_{0}; ///< on slow answers, lately
     Clock::time_point lastSpent_;
+    Clock::time_point lastFailure_;
+    std::map<std::string, MediaNumbers> numbers_;
     UserDefaults defaults_;
 };
 

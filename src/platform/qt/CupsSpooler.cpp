@@ -31,16 +31,22 @@ constexpr std::uint32_t Bit(std::int32_t field) {
     return static_cast<std::uint32_t>(field);
 }
 
+/// True if the queue tells its own, and not a stand-in alone is offered.
+template <class Item>
+bool OffersItself(const std::vector<Item>& items) {
+    return std::any_of(items.begin(), items.end(), [](const Item& item) { return !item.StandIn; });
+}
+
 DEVMODE DevModeOf(PrintQueue& queue, const QueueSettings& settings) {
     DEVMODE mode{};
     PutText(mode.dmDeviceName, sizeof mode.dmDeviceName, queue.Name());
     mode.dmSpecVersion = DevModeVersion;
     mode.dmSize = sizeof(DEVMODE);
     mode.dmFields = Bit(DM_ORIENTATION);
-    if (!queue.Papers().empty()) {
+    if (OffersItself(queue.Papers())) {
         mode.dmFields |= Bit(DM_PAPERSIZE);
     }
-    if (!queue.Bins().empty()) {
+    if (OffersItself(queue.Bins())) {
         mode.dmFields |= Bit(DM_DEFAULTSOURCE);
     }
     mode.dmOrientation = settings.Orientation;
@@ -138,7 +144,11 @@ PrintQueue* CupsSpooler::OfHandle(PrinterHandle handle) const {
 bool CupsSpooler::OpenPrinterA(const std::string& printer, PrinterHandle& handle, const PRINTER_DEFAULTS&) {
     handle = 0;
     PrintQueue* queue = printers_.Find(text::FromCodePage(printer));
-    if (queue == nullptr || !queue->Reachable()) {
+    if (queue == nullptr || queue->NeedsReload) {
+        return false;
+    }
+    if (!queue->Reachable()) {
+        queue->NeedsReload = true;
         return false;
     }
     handle = ++last_;
@@ -223,9 +233,14 @@ bool CupsSpooler::SetPrinterA(PrinterHandle handle, std::uint32_t level, const v
 std::int32_t CupsSpooler::DeviceCapabilitiesA(const std::string& printer, const std::string&,
                                               std::uint16_t capability, void* output) {
     PrintQueue* queue = printers_.Find(text::FromCodePage(printer));
-    // A count begins a reading of the lists, and they may have changed.
-    if (queue == nullptr || (output == nullptr && !queue->Reachable())) {
+    if (queue == nullptr) {
         return Failed;
+    }
+    if (output == nullptr) { // a count begins a reading of the lists, and they may have changed
+        queue->NeedsReload = !queue->Reachable();
+        if (queue->NeedsReload) {
+            return Failed;
+        }
     }
     switch (capability) {
     case DC_PAPERS:

@@ -128,6 +128,16 @@ std::map<std::string, std::string> OptionsOf(const QByteArray& line) {
     return options;
 }
 
+std::string PreferredIn(const QByteArray& text) {
+    for (const QByteArray& line : text.split('\n')) {
+        const QList<Word> words = WordsOf(line);
+        if (words.size() >= FirstOption && TextOf(line, words[0]).toLower() == "default") {
+            return TextOf(line, words[1]).split('/').front().toStdString();
+        }
+    }
+    return {};
+}
+
 bool IsBare(const QByteArray& line) {
     return line.startsWith("Dest ") && WordsOf(line).size() <= FirstOption;
 }

@@ -33,6 +33,10 @@ QByteArray WithOptions(const QByteArray& line, const std::string& queue,
 /// The options of a line.
 std::map<std::string, std::string> OptionsOf(const QByteArray& line);
 
+/// The queue whose line in the text of an lpoptions file says that it is the default, without an instance; an
+/// empty text if none does.
+std::string PreferredIn(const QByteArray& text);
+
 /// True for a line that says no more than a queue's name.
 bool IsBare(const QByteArray& line);
 

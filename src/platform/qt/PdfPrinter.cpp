@@ -20,7 +20,9 @@ namespace platform::qt {
 
 namespace {
 
-constexpr qsizetype LongestFileName = 100; // characters; a name must stay below 255 bytes
+/// Bytes of a name without its ending. File systems take 255, and while the file is written it has a mark of
+/// a few letters behind it.
+constexpr qsizetype LongestFileName = 200;
 
 /// A name and where it stands in the settings.
 struct Setting {
@@ -33,7 +35,10 @@ constexpr std::array<Setting, 3> StoredSettings = {{
     {"bin", &QueueSettings::BinId},
 }};
 
-constexpr qint64 LongestSettingsFile = 4096;
+QString OwnSettingsFile() {
+    return QStandardPaths::writableLocation(QStandardPaths::GenericConfigLocation) +
+           QStringLiteral("/drukkeuring/pdf-bestand.conf");
+}
 
 Paper PaperOf(std::int16_t id, const char* name, double width, double height) {
     Paper paper;
@@ -105,7 +110,7 @@ std::optional<QString> AskForPdfFile(const QString& proposed) {
 
 QString FileNameForTitle(const std::string& title) {
     QString name;
-    for (const QChar c : QString::fromStdString(title).left(LongestFileName)) {
+    for (const QChar c : QString::fromStdString(title)) {
         name += c.category() == QChar::Other_Control || QStringLiteral("/\\:*?\"<>|").contains(c)
                     ? QChar(u'-')
                     : c;
@@ -114,11 +119,14 @@ QString FileNameForTitle(const std::string& title) {
     while (name.startsWith(u'.')) {
         name.remove(0, 1);
     }
+    while (QFile::encodeName(name).size() > LongestFileName) {
+        name.chop(name.size() > 1 && name.back().isLowSurrogate() ? 2 : 1);
+    }
     return (name.isEmpty() ? QStringLiteral("Document") : name) + QStringLiteral(".pdf");
 }
 
 PdfPrinter::PdfPrinter(FileAsker asker, const QString& settingsFile)
-    : asker_(std::move(asker)), settingsFile_(settingsFile),
+    : asker_(std::move(asker)), defaults_(settingsFile.isEmpty() ? OwnSettingsFile() : settingsFile, {}),
       papers_{PaperOf(PaperA4, "A4", TwipsOfMillimetres(210), TwipsOfMillimetres(297)),
               PaperOf(PaperA5, "A5", TwipsOfMillimetres(148), TwipsOfMillimetres(210)),
               PaperOf(PaperLetter, "Letter", TwipsOfInches(8.5), TwipsOfInches(11)),
@@ -127,29 +135,20 @@ PdfPrinter::PdfPrinter(FileAsker asker, const QString& settingsFile)
     bin.Id = BinAutomatic;
     bin.Name = "Automatisch";
     bins_.push_back(bin);
-    if (settingsFile_.isEmpty()) {
-        settingsFile_ = QStandardPaths::writableLocation(QStandardPaths::GenericConfigLocation) +
-                        QStringLiteral("/drukkeuring/pdf-bestand.conf");
-    }
 }
 
 std::string PdfPrinter::Comment() {
     return "Elk document wordt een PDF-bestand";
 }
 
-QueueSettings PdfPrinter::ReadSettings() {
+QueueSettings PdfPrinter::SettingsOf(const CupsOptions& options) const {
     QueueSettings settings{Portrait, PaperA4, BinAutomatic, 1};
-    QFile file(settingsFile_);
-    if (file.open(QIODevice::ReadOnly)) {
-        for (const QByteArray& line : file.read(LongestSettingsFile).split('\n')) {
-            const qsizetype mark = line.indexOf('=');
+    for (const Setting& setting : StoredSettings) {
+        const auto option = options.find(setting.Name);
+        if (option != options.end()) {
             bool isNumber = false;
-            const short value = line.mid(mark + 1).trimmed().toShort(&isNumber);
-            for (const Setting& setting : StoredSettings) {
-                if (isNumber && mark > 0 && line.left(mark).trimmed() == setting.Name) {
-                    settings.*setting.Value = value;
-                }
-            }
+            const short value = QByteArray::fromStdString(option->second).toShort(&isNumber);
+            settings.*setting.Value = isNumber ? value : settings.*setting.Value;
         }
     }
     if (settings.Orientation != Landscape) {
@@ -158,19 +157,23 @@ QueueSettings PdfPrinter::ReadSettings() {
     return settings;
 }
 
+QueueSettings PdfPrinter::ReadSettings() {
+    return SettingsOf(defaults_.Options(DeviceName()));
+}
+
 bool PdfPrinter::WriteSettings(const QueueSettings& settings) {
-    if (settings == ReadSettings()) {
-        return true;
+    if (const std::optional<CupsOptions> before = defaults_.Before(DeviceName());
+        before && settings == SettingsOf(*before)) {
+        return defaults_.PutBack(DeviceName());
     }
-    QDir().mkpath(QFileInfo(settingsFile_).absolutePath());
-    QSaveFile file(settingsFile_);
-    if (!file.open(QIODevice::WriteOnly)) {
-        return false;
-    }
+    const QueueSettings stored = ReadSettings();
+    CupsOptions changes;
     for (const Setting& setting : StoredSettings) {
-        file.write(QByteArray(setting.Name) + '=' + QByteArray::number(settings.*setting.Value) + '\n');
+        if (settings.*setting.Value != stored.*setting.Value) {
+            changes[setting.Name] = std::to_string(settings.*setting.Value);
+        }
     }
-    return file.commit();
+    return changes.empty() || defaults_.Change(DeviceName(), changes);
 }
 
 std::unique_ptr<PrintJob> PdfPrinter::BeginJob(const std::string& title, const Paper&, const Bin*) {

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "platform/qt/PrintQueue.h"
+#include "platform/qt/UserDefaults.h"
 
 #include <QString>
 
@@ -20,8 +21,8 @@ std::optional<QString> AskForPdfFile(const QString& proposed);
 /// when the document begins. The file appears when it is complete, or not at all.
 class PdfPrinter : public PrintQueue {
   public:
-    /// `settingsFile` keeps the printer's settings; an empty name stands for the user's own configuration
-    /// folder.
+    /// `settingsFile` keeps the printer's settings, as a print server's queues have theirs; an empty name
+    /// stands for one in the user's own configuration folder.
     explicit PdfPrinter(FileAsker asker = AskForPdfFile, const QString& settingsFile = {});
 
     static const char* DeviceName() { return "PDF-bestand"; }
@@ -42,8 +43,10 @@ class PdfPrinter : public PrintQueue {
     std::unique_ptr<PrintJob> BeginJob(const std::string& title, const Paper& paper, const Bin* bin) override;
 
   private:
+    QueueSettings SettingsOf(const CupsOptions& options) const;
+
     FileAsker asker_;
-    QString settingsFile_;
+    UserDefaults defaults_;
     std::vector<Paper> papers_;
     std::vector<Bin> bins_;
 };

@@ -22,6 +22,7 @@ struct Paper {
     double Top = 0;
     double Right = 0;
     double Bottom = 0;
+    bool StandIn = false; ///< the queue tells no papers: offered so that there is one to choose
 };
 
 /// A bin that a queue offers.
@@ -30,6 +31,7 @@ struct Bin {
     std::string Name;      ///< as the user reads it
     std::string PpdSlot;   ///< choice of InputSlot; empty if the queue has none
     std::string PwgSource; ///< keyword of `media-source`; empty if the queue has none
+    bool StandIn = false;  ///< the queue tells no bins: offered so that there is one to choose
 };
 
 inline constexpr std::int16_t Portrait = 1;
@@ -66,9 +68,12 @@ class PrintQueue {
     virtual std::string Comment() = 0;
     virtual std::string Driver() = 0;
 
-    /// False if the printer cannot be asked now; all else then answers from what was known before.
+    /// False if the printer cannot be asked now; all else then answers from what was known before. An answer
+    /// of a moment ago will do: an action of the user asks many times, and a slow printer once is enough.
     virtual bool Reachable() = 0;
-    /// PRINTER_STATUS bits.
+    /// The same, asked anew.
+    virtual bool ReachableNow() { return Reachable(); }
+    /// PRINTER_STATUS bits, as last told.
     virtual std::uint32_t Status() = 0;
 
     virtual const std::vector<Paper>& Papers() = 0;
@@ -81,6 +86,11 @@ class PrintQueue {
     /// RuntimeError(ErrorPrinter) if the document cannot be begun.
     virtual std::unique_ptr<PrintJob> BeginJob(const std::string& title, const Paper& paper,
                                                const Bin* bin) = 0;
+
+    /// Set when the printer did not answer while its lists were read or its settings written, until its lists
+    /// have been read again: what the user sees may not be what the printer has, and a document would go to a
+    /// tray that nobody chose.
+    bool NeedsReload = false;
 };
 
 /// The queues of a print server, and which of them is the user's default (-1: none).

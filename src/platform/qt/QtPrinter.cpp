@@ -144,7 +144,7 @@ double QtPrinter::Height() {
 }
 
 double QtPrinter::ScaleLeft() {
-    if (!Queue().Reachable()) {
+    if (!Queue().ReachableNow()) {
         throw RuntimeError(ErrorPrinter, "De printer is niet bereikbaar.");
     }
     return 0;

@@ -57,7 +57,12 @@ CupsOptions UserDefaults::Options(const std::string& queue) const {
     return options;
 }
 
-bool UserDefaults::Change(const std::string& queue, const QueueSettings& before, const CupsOptions& changes) {
+std::string UserDefaults::PreferredQueue() const {
+    const std::string own = PreferredIn(ReadFile(userFile_).value_or(QByteArray()));
+    return own.empty() ? PreferredIn(ReadFile(machineFile_).value_or(QByteArray())) : own;
+}
+
+bool UserDefaults::Change(const std::string& queue, const CupsOptions& changes) {
     for (const auto& [name, value] : changes) {
         if (!IsPlainWord(name) || !IsPlainWord(value)) {
             return false;
@@ -68,6 +73,7 @@ bool UserDefaults::Change(const std::string& queue, const QueueSettings& before,
         return false;
     }
     const OptionLine line(*text, queue);
+    const CupsOptions before = Options(queue);
     const QByteArray newLine = WithOptions(line.Line(), queue, changes);
     if (!Write(line.Replaced(newLine))) {
         return false;
@@ -87,7 +93,7 @@ bool UserDefaults::Change(const std::string& queue, const QueueSettings& before,
     return true;
 }
 
-std::optional<QueueSettings> UserDefaults::Before(const std::string& queue) const {
+std::optional<CupsOptions> UserDefaults::Before(const std::string& queue) const {
     const auto found = changed_.find(queue);
     return found == changed_.end() ? std::nullopt : std::optional(found->second.Before);
 }

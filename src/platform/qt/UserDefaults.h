@@ -1,7 +1,5 @@
 #pragma once
 
-#include "platform/qt/PrintQueue.h"
-
 #include <QByteArray>
 #include <QString>
 
@@ -34,17 +32,20 @@ class UserDefaults {
     /// The queue's options, the user's over the machine's.
     CupsOptions Options(const std::string& queue) const;
 
-    /// Changes options of a queue; an empty value takes the option away. `before` are the settings that the
-    /// options now amount to. False if the file could not be written, or a value cannot stand in it.
-    bool Change(const std::string& queue, const QueueSettings& before, const CupsOptions& changes);
-    /// The settings before the first change that was not put back; nothing if there is none.
-    std::optional<QueueSettings> Before(const std::string& queue) const;
+    /// The queue that the user's file, else the machine's, names as the default; an empty text if none does.
+    std::string PreferredQueue() const;
+
+    /// Changes options of a queue; an empty value takes the option away. False if the file could not be
+    /// written, or a value cannot stand in it.
+    bool Change(const std::string& queue, const CupsOptions& changes);
+    /// The options before the first change that was not put back; nothing if there is none.
+    std::optional<CupsOptions> Before(const std::string& queue) const;
     /// Undoes all changes of the queue. An option that someone else has changed since stays.
     bool PutBack(const std::string& queue);
 
   private:
     struct Changed {
-        QueueSettings Before;
+        CupsOptions Before;
         std::optional<QByteArray> OldLine;
         QByteArray NewLine;
         CupsOptions Written;

@@ -33,6 +33,7 @@ TEST(MediaOfAttributes, ListsPapersAndBinsOfAQueueWithoutAPpd) {
     ipp_t* margins = ippNew();
     ippAddInteger(margins, IPP_TAG_PRINTER, IPP_TAG_INTEGER, "media-left-margin", 635);
     ippAddInteger(margins, IPP_TAG_PRINTER, IPP_TAG_INTEGER, "media-top-margin", 423);
+    ippAddString(margins, IPP_TAG_PRINTER, IPP_TAG_KEYWORD, "media-source", nullptr, "tray-19");
     ippAddCollection(answer.get(), IPP_TAG_PRINTER, "media-col-default", margins);
     ippDelete(margins);
 
@@ -55,7 +56,38 @@ TEST(MediaOfAttributes, ListsPapersAndBinsOfAQueueWithoutAPpd) {
     EXPECT_EQ(media.Bins[1].Id, 257);
     EXPECT_EQ(media.Bins[1].Name, "Lade 1");
     EXPECT_EQ(media.Bins[2].Name, "tray-19");
-    EXPECT_EQ(media.DefaultBin, 7);
+    EXPECT_EQ(media.DefaultBin, media.Bins[2].Id);
+}
+
+TEST(MediaOfAttributes, TakesNoBinForTheDefaultThatTheQueueDoesNotTell) {
+    const auto presetOf = [](const std::array<const char*, 2>& sources) {
+        const Answer answer(ippNew());
+        AddKeywords<2>(answer, "media-source-supported", sources);
+        return MediaOfAttributes(answer.get()).DefaultBin;
+    };
+    EXPECT_EQ(presetOf({"tray-1", "tray-2"}), 0);
+    EXPECT_EQ(presetOf({"tray-1", "auto"}), 7);
+}
+
+TEST(MediaOfQueue, OffersOneSheetAndOneBinWhereNoneIsTold) {
+    const auto sheetOf = [](const char* preset) {
+        const Answer answer(ippNew());
+        if (preset != nullptr) {
+            AddKeywords<1>(answer, "media-default", {preset});
+        }
+        const CupsMedia media = MediaOfQueue(answer.get(), "");
+        EXPECT_EQ(media.Papers.size(), 1U);
+        EXPECT_TRUE(media.Papers.front().StandIn);
+        EXPECT_EQ(media.DefaultPaper, media.Papers.front().Id);
+        EXPECT_EQ(media.Bins.size(), 1U);
+        EXPECT_TRUE(media.Bins.front().StandIn);
+        EXPECT_EQ(media.DefaultBin, 7);
+        return media.Papers.front().Name;
+    };
+    EXPECT_EQ(sheetOf(nullptr), "A4");
+    EXPECT_EQ(sheetOf("na_legal_8.5x14in"), "Legal");
+    EXPECT_EQ(sheetOf("A5"), "A5");
+    EXPECT_EQ(sheetOf("iets_anders"), "A4");
 }
 
 TEST(MediaOfAttributes, ListsNothingWhereNothingIsToldOrItIsOfAnotherKind) {

@@ -255,13 +255,44 @@ TEST_F(PdfPrinterTest, ReadsDamagedSettingsAsFarAsTheyGo) {
     QDir().mkpath(QFileInfo(SettingsFile()).absolutePath());
     QFile file(SettingsFile());
     ASSERT_TRUE(file.open(QIODevice::WriteOnly));
-    file.write("paper=11\norientation=99999999999\n=\nbin\n");
+    file.write("paper=11\nDest\nDest PDF-bestand2 paper=9\n");
     file.write(QByteArray(3, '\0'));
-    file.write("=3\npaper = 5\norientation=7\n");
+    file.write("\nDest PDF-bestand paper=5 bin orientation=7 orientation=99999999999 = x\n");
     file.write(QByteArray(100'000, 'x'));
     file.close();
     EXPECT_EQ(PdfPrinter(AskForPdfFile, SettingsFile()).ReadSettings(),
               (QueueSettings{Portrait, PaperLegal, BinAutomatic, 1}));
+}
+
+TEST_F(PdfPrinterTest, LeavesNoTraceWhereItsSettingsArePutBack) {
+    PdfPrinter printer(AskForPdfFile, SettingsFile());
+    const QueueSettings before = printer.ReadSettings();
+    ASSERT_TRUE(printer.WriteSettings({Landscape, PaperA5, BinAutomatic, 1}));
+    EXPECT_TRUE(QFile::exists(SettingsFile()));
+    ASSERT_TRUE(printer.WriteSettings(before));
+    EXPECT_FALSE(QFileInfo::exists(QFileInfo(SettingsFile()).absolutePath()));
+    {
+        PdfPrinter ending(AskForPdfFile, SettingsFile());
+        ASSERT_TRUE(ending.WriteSettings({Portrait, PaperA5, BinAutomatic, 1}));
+    }
+    EXPECT_FALSE(QFile::exists(SettingsFile()));
+}
+
+TEST_F(PdfPrinterTest, PutsItsSettingsBackByteForByte) {
+    constexpr const char* Odd = "# van mij\ndest PDF-bestand   paper=5  x=1";
+    QDir().mkpath(QFileInfo(SettingsFile()).absolutePath());
+    QFile file(SettingsFile());
+    ASSERT_TRUE(file.open(QIODevice::WriteOnly));
+    file.write(Odd);
+    file.close();
+    PdfPrinter printer(AskForPdfFile, SettingsFile());
+    const QueueSettings before = printer.ReadSettings();
+    EXPECT_EQ(before.PaperId, PaperLegal);
+    ASSERT_TRUE(printer.WriteSettings({Portrait, PaperA4, BinAutomatic, 1}));
+    EXPECT_EQ(printer.ReadSettings().PaperId, PaperA4);
+    ASSERT_TRUE(printer.WriteSettings(before));
+    ASSERT_TRUE(file.open(QIODevice::ReadOnly));
+    EXPECT_EQ(file.readAll().toStdString(), Odd);
 }
 
 TEST_F(PdfPrinterTest, CannotStoreSettingsWhereThereIsNoFolder) {
@@ -278,7 +309,17 @@ TEST(FileNameForTitle, IsAPlainFileName) {
     EXPECT_EQ(FileNameForTitle(std::string("a\0b", 3)), "a-b.pdf");
     EXPECT_EQ(FileNameForTitle(" "), "Document.pdf");
     EXPECT_EQ(FileNameForTitle(""), "Document.pdf");
-    EXPECT_EQ(FileNameForTitle(std::string(5000, 'x')).size(), 104);
+    EXPECT_EQ(FileNameForTitle(std::string(5000, 'x')).size(), 204);
+    for (const char* letter : {"\xC3\xAB", "\xE2\x82\xAC", "\xF0\x9F\x96\xA8"}) {
+        QString title;
+        for (int i = 0; i < 100; ++i) {
+            title += QString::fromUtf8(letter);
+        }
+        const QByteArray bytes = FileNameForTitle(title.toStdString()).toUtf8();
+        EXPECT_LE(bytes.size(), 204);
+        EXPECT_GT(bytes.size(), 198);
+        EXPECT_FALSE(bytes.contains('?')); // no half of a letter
+    }
 }
 
 /// Answers the file dialog that the step opens.

@@ -75,7 +75,7 @@ PrintServer::~PrintServer() {
 void PrintServer::Start() {
     QFile::remove(folder_.filePath("cups.sock"));
     for (const PrintQueueKind& each : others_) {
-        Write("ppd/" + each.Name + ".ppd", Ppd);
+        WritePpd(each);
     }
     server_.setChildProcessModifier([] { prctl(PR_SET_PDEATHSIG, SIGTERM); }); // also where a test crashes
     server_.start("cupsd",
@@ -85,6 +85,17 @@ void PrintServer::Start() {
         if (!each.HasPpd) { // the server has read what it tells of the queue
             QFile::remove(folder_.filePath("ppd/" + each.Name + ".ppd"));
         }
+    }
+}
+
+void PrintServer::WritePpd(const PrintQueueKind& queue) const {
+    QByteArray ppd = Ppd;
+    if (!queue.HasBins) {
+        const qsizetype begin = ppd.indexOf("*OpenUI *InputSlot");
+        ppd.remove(begin, ppd.indexOf("*DefaultFont") - begin);
+    }
+    if (!queue.IsRaw) {
+        Write("ppd/" + queue.Name + ".ppd", ppd);
     }
 }
 

@@ -10,18 +10,25 @@
 
 #include <optional>
 
-/// A queue beside "Kantoor". All have four papers and three bins.
+/// A queue beside "Kantoor". All have four papers and three bins unless they say otherwise.
 struct PrintQueueKind {
     QString Name;
     QString Info;
     bool IsEmpty = false; ///< its printer is out of paper and offline
     bool HasPpd = true;   ///< else the server has no PPD to give
+    bool HasBins = true;
+    bool IsRaw = false; ///< the server knows nothing of its printer
 };
 
 /// Known by its attributes alone, as a printer without a driver is.
 inline const PrintQueueKind Driverless = {"Driverloos", "Printer zonder PPD", false, false};
 /// Its printer tells that it is out of paper and offline, until PutPaperIn.
 inline const PrintQueueKind OutOfPaper = {"Leeg", "Printer zonder papier", true};
+
+/// Its printer has one tray and does not tell of it.
+inline const PrintQueueKind OneTray = {"Eenlade", "Printer met een lade", false, true, false};
+/// What it gets goes to the printer as it is.
+inline const PrintQueueKind Raw = {"Kaal", "Printer zonder gegevens", false, true, true, true};
 
 /// What has come out of a queue.
 struct ArrivedJob {
@@ -75,6 +82,7 @@ class PrintServer {
     QByteArray Read(const QString& name) const;
 
   private:
+    void WritePpd(const PrintQueueKind& queue) const;
     bool WaitFor(const QString& file) const;
     bool WaitUntilItListens() const;
 

@@ -55,6 +55,12 @@ TEST(OptionLine, ReadsOptionsAsTheServersToolsDo) {
     EXPECT_TRUE(OptionsOf("").empty());
 }
 
+TEST(OptionLine, FindsThePreferredQueue) {
+    EXPECT_EQ(PreferredIn("Dest A x=1\ndefault B/concept x=1\nDefault C\n"), "B");
+    EXPECT_EQ(PreferredIn("Dest Default x\nDefault\n"), "");
+    EXPECT_EQ(PreferredIn(""), "");
+}
+
 class UserDefaultsTest : public testing::Test {
   protected:
     void Write(const QString& name, const QByteArray& text) {
@@ -74,7 +80,7 @@ class UserDefaultsTest : public testing::Test {
 };
 
 TEST_F(UserDefaultsTest, LeaveNoTraceWhereNothingWas) {
-    ASSERT_TRUE(Defaults.Change("Kantoor", {}, Tray));
+    ASSERT_TRUE(Defaults.Change("Kantoor", Tray));
     EXPECT_EQ(Text(), "Dest Kantoor InputSlot=Tray3 media-source=tray-3\n");
     ASSERT_TRUE(Defaults.PutBack("Kantoor"));
     EXPECT_FALSE(QFile::exists(Folder.filePath("home/.cups")));
@@ -82,12 +88,12 @@ TEST_F(UserDefaultsTest, LeaveNoTraceWhereNothingWas) {
 }
 
 TEST_F(UserDefaultsTest, KeepTheStateBeforeTheFirstOfSeveralChanges) {
-    const QueueSettings first{Portrait, 9, 1, 1};
-    ASSERT_TRUE(Defaults.Change("Kantoor", first, {{"PageSize", "Legal"}}));
-    ASSERT_TRUE(Defaults.Change("Kantoor", {Portrait, 5, 1, 1}, Tray));
-    EXPECT_EQ(Defaults.Before("Kantoor"), first);
+    Write(Machine, "Dest Kantoor sides=one-sided\n");
+    ASSERT_TRUE(Defaults.Change("Kantoor", {{"PageSize", "Legal"}}));
+    ASSERT_TRUE(Defaults.Change("Kantoor", Tray));
+    EXPECT_EQ(Defaults.Before("Kantoor"), (CupsOptions{{"sides", "one-sided"}}));
     EXPECT_EQ(Defaults.Options("Kantoor").at("PageSize"), "Legal");
-    ASSERT_TRUE(Defaults.Change("Archief", {}, Tray));
+    ASSERT_TRUE(Defaults.Change("Archief", Tray));
     ASSERT_TRUE(Defaults.PutBack("Kantoor"));
     EXPECT_EQ(Text(), "Dest Archief InputSlot=Tray3 media-source=tray-3\n");
 }
@@ -95,28 +101,28 @@ TEST_F(UserDefaultsTest, KeepTheStateBeforeTheFirstOfSeveralChanges) {
 TEST_F(UserDefaultsTest, TheUsersGoBeforeTheMachines) {
     Write(Machine, "Dest Kantoor InputSlot=Manual sides=one-sided\n");
     EXPECT_EQ(Defaults.Options("Kantoor").at("InputSlot"), "Manual");
-    ASSERT_TRUE(Defaults.Change("Kantoor", {}, Tray));
+    ASSERT_TRUE(Defaults.Change("Kantoor", Tray));
     EXPECT_EQ(Defaults.Options("Kantoor").at("InputSlot"), "Tray3");
     EXPECT_EQ(Defaults.Options("Kantoor").at("sides"), "one-sided");
 }
 
 TEST_F(UserDefaultsTest, RefuseWhatWouldNotStayInItsPlace) {
     for (const char* value : {"a b", "a\nDest Archief x=1", "a\"", "a'", "a\\", "{a}"}) {
-        EXPECT_FALSE(Defaults.Change("Kantoor", {}, {{"media", value}})) << value;
+        EXPECT_FALSE(Defaults.Change("Kantoor", {{"media", value}})) << value;
     }
-    EXPECT_FALSE(Defaults.Change("Kan toor", {}, Tray));
+    EXPECT_FALSE(Defaults.Change("Kan toor", Tray));
     EXPECT_EQ(Text(), "no file");
 }
 
 TEST_F(UserDefaultsTest, TellThatTheFileCannotBeWritten) {
     QDir().mkpath(Folder.filePath("home"));
     Write(Folder.filePath("home/.cups"), "a file where the folder should be");
-    EXPECT_FALSE(Defaults.Change("Kantoor", {}, Tray));
+    EXPECT_FALSE(Defaults.Change("Kantoor", Tray));
     EXPECT_FALSE(Defaults.Before("Kantoor"));
 }
 
 TEST_F(UserDefaultsTest, AFileThatSomeoneRemovedMeanwhileStaysAway) {
-    ASSERT_TRUE(Defaults.Change("Kantoor", {}, Tray));
+    ASSERT_TRUE(Defaults.Change("Kantoor", Tray));
     QFile::remove(User);
     EXPECT_TRUE(Defaults.PutBack("Kantoor"));
     EXPECT_EQ(Text(), "no file");

@@ -1,7 +1,7 @@
 // The three documents on real queues, as they come out at the printer.
 #include "platform/qt/PaperTable.h"
-#include "platform/qt/PdfPrinter.h"
 #include "qt/printing/PdfReader.h"
+#include "qt/queues/DrawAgain.h"
 #include "qt/queues/QueuesFixture.h"
 
 #include <gmock/gmock.h>
@@ -9,21 +9,6 @@
 #include <map>
 
 namespace {
-
-using platform::qt::FoundQueues;
-using platform::qt::PdfPrinter;
-
-/// Draws a recorded document once more, as a PDF file of the program's own printer.
-void DrawAgain(const std::vector<TeePrinter::Call>& calls, std::int16_t paper, const QString& file) {
-    platform::qt::QtPrinters printers(
-        std::make_unique<PdfPrinter>([&file](const QString&) { return file; }, file + ".settings"),
-        [] { return FoundQueues{}; });
-    platform::qt::QtPrinter printer(printers);
-    printer.SetPaperSize(paper);
-    for (const TeePrinter::Call& call : calls) {
-        call(printer.Page());
-    }
-}
 
 struct Printout {
     const char* Name;

@@ -18,6 +18,8 @@
 /// A user's machine: a print server with three queues, the main application's settings, and the program.
 class QueuesTest : public testing::Test {
   protected:
+    explicit QueuesTest(const QList<PrintQueueKind>& others = {Driverless, OutOfPaper}) : Server(others) {}
+
     static constexpr const char* FormsTray = "Lade 3 met formulieren";
     static constexpr const char* LegalPaper = "US Legal";
 
@@ -95,7 +97,7 @@ class QueuesTest : public testing::Test {
         EXPECT_EQ(Boxes.All().size(), before);
     }
 
-    PrintServer Server{{Driverless, OutOfPaper}};
+    PrintServer Server;
     window::MessageBoxes Boxes;
     std::unique_ptr<RealProgram> Program;
 };

@@ -1,4 +1,7 @@
 // A print server that is down, refuses or changes under the program's hands.
+#include "platform/qt/PaperTable.h"
+#include "qt/printing/PdfReader.h"
+#include "qt/queues/DrawAgain.h"
 #include "qt/queues/QueuesFixture.h"
 
 #include <gmock/gmock.h>
@@ -39,9 +42,10 @@ TEST_F(ServerTest, DownBetweenLoadAndPrintIsToldByTheRun) {
         Program->Print(NameList);
     });
     EXPECT_THAT(Messages(), ElementsAre(Unreachable, NoAnswer));
-    EXPECT_EQ(UserFile(), "");
     Server.Start();
     ExpectUsable(1);
+    Program.reset();
+    EXPECT_FALSE(HasUserFile());
 }
 
 TEST_F(ServerTest, DownBetweenPrintAndRestoreLeavesTheChoiceUntilTheProgramEnds) {
@@ -50,6 +54,7 @@ TEST_F(ServerTest, DownBetweenPrintAndRestoreLeavesTheChoiceUntilTheProgramEnds)
         window::WhenShown("frmPrintPreview", [] { window::Key(Qt::Key_Escape); });
         Program->Click("cmdPrintVoorbeeld");
         Server.Stop();
+        EXPECT_FALSE(Program->Printers.Find("Kantoor")->ReachableNow());
         Program->CloseManager();
     });
     EXPECT_THAT(UserFile().toStdString(), testing::HasSubstr("InputSlot=Tray3"));
@@ -123,7 +128,11 @@ TEST_F(ServerTest, APrinterWithoutPaperShowsNoStatusAndPrintsWhenThereIsPaper) {
         EXPECT_EQ(Label(5), "Ready");
         Program->Print(NameList);
     });
-    const auto status = [&] { return Program->Printers.Find("Leeg")->Status(); };
+    const auto status = [&] {
+        platform::qt::PrintQueue* queue = Program->Printers.Find("Leeg");
+        EXPECT_TRUE(queue->ReachableNow());
+        return queue->Status();
+    };
     EXPECT_TRUE(window::WaitFor([&] { return (status() & PaperOut) != 0; }));
     EXPECT_EQ(status() & Offline, Offline);
     Program->OpenManager([&] {
@@ -135,7 +144,14 @@ TEST_F(ServerTest, APrinterWithoutPaperShowsNoStatusAndPrintsWhenThereIsPaper) {
     });
     EXPECT_FALSE(Server.HasJob(1));
     Server.PutPaperIn();
-    EXPECT_TRUE(Server.Job(1));
+    const std::optional<ArrivedJob> job = Server.Job(1);
+    ASSERT_TRUE(job);
+    EXPECT_EQ(job->Queue, "Leeg");
+    EXPECT_EQ(job->Title, "Namenlijst");
+    EXPECT_EQ(job->Options["InputSlot"], "Upper");
+    const QString drawn = Server.Folder() + "/drawn.pdf";
+    DrawAgain(Program->Printer.LastDocument(), platform::qt::PaperA4, drawn);
+    EXPECT_EQ(pdf::Text(job->File), pdf::Text(drawn));
     EXPECT_TRUE(window::WaitFor([&] { return status() == 0; }));
     EXPECT_THAT(Messages(), IsEmpty());
 }

@@ -1,0 +1,37 @@
+#pragma once
+
+#include <QString>
+
+#include <atomic>
+#include <chrono>
+#include <string>
+#include <thread>
+#include <vector>
+
+/// Stands before the print server while it lives: what the server answers is passed on only after a while.
+class SlowServer {
+  public:
+    SlowServer(const QString& socket, std::chrono::milliseconds delay);
+    ~SlowServer();
+    SlowServer(const SlowServer&) = delete;
+    SlowServer& operator=(const SlowServer&) = delete;
+
+    /// Has an answer been passed on, so that someone may have waited for it?
+    bool HasAnswered() const { return answers_ > 0; }
+    int Answers() const { return answers_; }
+
+  private:
+    int Listen();
+    int Connect() const;
+    void Accept();
+    void Serve(int client);
+
+    std::string socket_;
+    std::string aside_; ///< where the server's own socket is meanwhile
+    std::chrono::milliseconds delay_;
+    std::atomic<int> answers_ = 0;
+    int listener_ = -1;
+    int ended_[2] = {-1, -1}; ///< a pipe that can be read once it is over
+    std::vector<std::thread> connections_;
+    std::thread thread_;
+};
