@@ -1,12 +1,10 @@
 // Texts that would do harm if anything took them for more than texts: as the title of a document and as the
 // wording of a printer.
 
-#include "platform/RuntimeError.h"
 #include "platform/qt/CupsJob.h"
 #include "platform/qt/PdfPrinter.h"
 #include "platform/qt/QtPrinter.h"
 #include "platform/qt/QtText.h"
-#include "platform/qt/UserDefaults.h"
 #include "qt/printing/PdfReader.h"
 #include "qt/printing/PrintServer.h"
 
@@ -75,25 +73,6 @@ TEST_P(HostileTitle, IsATextOfThePdfAndNothingElse) {
     EXPECT_FALSE(content.contains("/OpenAction"));
     EXPECT_FALSE(content.contains("/JS"));
     EXPECT_EQ(content.count("/Catalog"), 1);
-}
-
-/// A queue's name goes into the user's file of printer defaults, a line for each queue.
-TEST_P(HostileTitle, AddsNothingToTheDefaultsOfOtherQueues) {
-    const QTemporaryDir folder;
-    const QString path = folder.filePath("lpoptions");
-    const QByteArray before = "Dest Kantoor PageSize=A4\n";
-    {
-        QFile file(path);
-        ASSERT_TRUE(file.open(QIODevice::WriteOnly));
-        file.write(before);
-    }
-    UserDefaults defaults(path, folder.filePath("machine"));
-    EXPECT_EQ(defaults.Options("Kantoor"), (CupsOptions{{"PageSize", "A4"}}));
-    defaults.Options(GetParam());
-    QFile file(path);
-    ASSERT_TRUE(file.open(QIODevice::ReadOnly));
-    EXPECT_EQ(file.readAll(), before);
-    EXPECT_EQ(QDir(folder.path()).entryList(QDir::Files), QStringList{"lpoptions"});
 }
 
 TEST_P(HostileTitle, IsShownAsItIsWrittenWhenThePointerRests) {
