@@ -43,7 +43,6 @@ constexpr std::string_view callsThatCanFail[] = {
     "ReadOrientation",
     "ReadPaperSize",
     "ReadPaperBin",
-    "Port",
     "Width",
     "Height",
     "Item",

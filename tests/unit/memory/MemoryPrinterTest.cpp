@@ -135,7 +135,6 @@ TEST_F(MemoryPrinterTest, EachMemberCanBeMadeToFail) {
     EXPECT_EQ(failing("ReadOrientation", [&] { printer.Orientation(); }), platform::ErrorPrinter);
     EXPECT_EQ(failing("ReadPaperSize", [&] { printer.PaperSize(); }), platform::ErrorPrinter);
     EXPECT_EQ(failing("ReadPaperBin", [&] { printer.PaperBin(); }), platform::ErrorPrinter);
-    EXPECT_EQ(failing("Port", [&] { printer.Port(); }), platform::ErrorPrinter);
     EXPECT_EQ(failing("Width", [&] { printer.Width(); }), platform::ErrorPrinter);
     EXPECT_EQ(failing("Height", [&] { printer.Height(); }), platform::ErrorPrinter);
     EXPECT_EQ(failing("Item", [&] { watched.memory.printers.Item(0); }), platform::ErrorPrinter);

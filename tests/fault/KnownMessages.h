@@ -1,0 +1,10 @@
+#pragma once
+
+#include "platform/memory/MemoryDesktop.h"
+
+namespace fault {
+
+/// True if the program has such a message box: its icon, its title, and its text but for numbers.
+bool IsKnown(const platform::ShownMessage& message);
+
+} // namespace fault
