@@ -32,6 +32,7 @@ class CupsQueue : public PrintQueue {
 
     QueueSettings ReadSettings() override;
     bool WriteSettings(const QueueSettings& settings) override;
+    void PutSettingsBack() override { server_->Defaults().PutBack(name_); }
 
     std::unique_ptr<PrintJob> BeginJob(const std::string& title, const Paper& paper, const Bin* bin) override;
 

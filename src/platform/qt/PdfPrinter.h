@@ -39,6 +39,7 @@ class PdfPrinter : public PrintQueue {
 
     QueueSettings ReadSettings() override;
     bool WriteSettings(const QueueSettings& settings) override;
+    void PutSettingsBack() override { defaults_.PutBack(DeviceName()); }
 
     std::unique_ptr<PrintJob> BeginJob(const std::string& title, const Paper& paper, const Bin* bin) override;
 

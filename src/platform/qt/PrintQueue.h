@@ -87,6 +87,9 @@ class PrintQueue {
     virtual std::unique_ptr<PrintJob> BeginJob(const std::string& title, const Paper& paper,
                                                const Bin* bin) = 0;
 
+    /// Undoes what was written and not put back, as far as that can be done now.
+    virtual void PutSettingsBack() {}
+
     /// Set when the printer did not answer while its lists were read or its settings written, until its lists
     /// have been read again: what the user sees may not be what the printer has, and a document would go to a
     /// tray that nobody chose.

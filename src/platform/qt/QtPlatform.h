@@ -6,6 +6,7 @@
 #include "platform/RegFileStore.h"
 #include "platform/SeededRandom.h"
 #include "platform/qt/CupsSpooler.h"
+#include "platform/qt/EndSignals.h"
 #include "platform/qt/QtBitmaps.h"
 #include "platform/qt/QtClock.h"
 #include "platform/qt/QtDesktop.h"
@@ -48,6 +49,11 @@ class QtPlatform {
     QtBitmaps bitmaps_;
     platform::Platform services_{desktop_, registry_, locale_,  clock_,   random_,
                                  spooler_, printers_, printer_, bitmaps_, desktop_.Windows()};
+    EndSignals ending_{[this] {
+        printers_
+            .PutSettingsBack(); // here already: a document under way ends first, and the session may not wait
+        QCoreApplication::exit(); // of every loop that is open, a modal form's too
+    }};
 };
 
 } // namespace platform::qt

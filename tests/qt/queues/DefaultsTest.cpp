@@ -5,6 +5,9 @@
 
 #include <gmock/gmock.h>
 
+#include <csignal>
+#include <cstring>
+
 namespace {
 
 using testing::HasSubstr;
@@ -129,5 +132,23 @@ TEST_F(KilledTest, BetweenPrintAndRestoreTheTrayStaysAndTheNextRunWorksWithIt) {
     EXPECT_EQ(UserFile().toStdString(), found);
     EXPECT_THAT(Messages(), testing::IsEmpty());
 }
+
+class EndedTest : public QueuesTest, public testing::WithParamInterface<int> {};
+
+TEST_P(EndedTest, ByASignalTheProgramPutsBackWhatItBorrowed) {
+    constexpr const char* Found = "Dest  Kantoor x-afdeling=4";
+    WriteUserFile(Found);
+    QProcess run;
+    run.start(QCoreApplication::applicationFilePath(), {"--print-and-wait"});
+    ASSERT_TRUE(Server.Job(1));
+    EXPECT_THAT(UserFile().toStdString(), HasSubstr("InputSlot=Tray3"));
+    EXPECT_EQ(kill(static_cast<pid_t>(run.processId()), GetParam()), 0);
+    ASSERT_TRUE(run.waitForFinished());
+    EXPECT_EQ(run.exitStatus(), QProcess::NormalExit);
+    EXPECT_EQ(UserFile().toStdString(), Found);
+}
+
+INSTANTIATE_TEST_SUITE_P(, EndedTest, testing::Values(SIGTERM, SIGINT, SIGHUP),
+                         [](const auto& each) { return std::string(sigabbrev_np(each.param)); });
 
 } // namespace

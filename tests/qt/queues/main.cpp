@@ -1,3 +1,4 @@
+#include "platform/qt/EndSignals.h"
 #include "platform/qt/QtPlatform.h"
 #include "qt/Window.h"
 #include "qt/printing/PrintServer.h"
@@ -7,6 +8,7 @@
 
 #include <gtest/gtest.h>
 
+#include <cstdlib>
 #include <cstring>
 
 namespace {
@@ -15,6 +17,10 @@ namespace {
 void PrintAndWait() {
     const window::MessageBoxes boxes;
     RealProgram program;
+    const platform::qt::EndSignals ending([&program] {
+        program.Printers.PutSettingsBack();
+        QCoreApplication::exit();
+    });
     program.GoToTheLastPage();
     program.OpenManager([&] {
         program.OpenDetails();
@@ -24,6 +30,7 @@ void PrintAndWait() {
                           [] { window::Click(window::Find("frmPrintPreview", "Toolbar(1)")); });
         program.Click("cmdPrintVoorbeeld");
         QEventLoop().exec();
+        std::_Exit(0); // no destructor helps
     });
 }
 
