@@ -53,7 +53,7 @@ std::size_t LongestNumber(std::string_view line) {
 bool IsShortWork(std::string_view script) {
     constexpr std::size_t mostLines = 60;
     constexpr std::size_t mostCharacters = 4096;
-    constexpr std::size_t mostRuns = 4;
+    constexpr std::size_t mostRuns = 6;
     std::size_t lines = 0;
     std::size_t runs = 0;
     for (fuzz::Input rest(script); !rest.Empty(); ++lines) {
@@ -69,7 +69,7 @@ bool IsShortWork(std::string_view script) {
         if (!isSetting && LongestNumber(line) > most) {
             return false;
         }
-        runs += holds("cmdPrint") || holds("Afdrukken") ? 1U : 0U;
+        runs += (holds("cmdPrint") && !holds("cmdPrinten")) || holds("frmMain.Afdrukken") ? 1U : 0U;
         if (line.find_first_not_of(" \t") != std::string_view::npos && holds("dump")) {
             return false;
         }
