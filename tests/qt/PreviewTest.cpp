@@ -261,6 +261,50 @@ TEST_F(PreviewTest, TheArrowIsItselfAgainWhenThePointerHasLeft) {
     });
 }
 
+TEST_F(PreviewTest, OnlyTheLeftButtonOfTheMouseWorksAnArrow) {
+    Show(2, [this] {
+        QWidget* arrow = Widget("cmdDown");
+        for (const Qt::MouseButton other : {Qt::RightButton, Qt::MiddleButton}) {
+            QTest::mousePress(arrow, other);
+            EXPECT_FALSE(Form().cmdDown.blnMouseDown());
+            QTest::mouseRelease(arrow, other);
+            QTest::mouseDClick(arrow, other);
+        }
+        EXPECT_EQ(PageOnScreen(), 1);
+        QTest::mousePress(arrow, Qt::LeftButton);
+        QTest::mouseRelease(arrow, Qt::RightButton);
+        EXPECT_TRUE(Form().cmdDown.blnMouseDown());
+        EXPECT_EQ(PageOnScreen(), 1);
+        QTest::mouseRelease(arrow, Qt::LeftButton);
+        EXPECT_EQ(PageOnScreen(), 2);
+    });
+}
+
+TEST_F(PreviewTest, ItsPageIsAskedForItsBoundsAndMayOutgrowTheScreen) {
+    Compose(1);
+    const platform::WindowHandle page = Ghost().hWnd();
+    platform::MsgHook watcher(desktop.Windows());
+    int asked = 0;
+    watcher.After = [&](auto&, auto&, auto&) { ++asked; };
+    watcher.Hook(page, {platform::WM_GETMINMAXINFO});
+    Ghost().Resize(60000, 50000);
+    EXPECT_EQ(asked, 1);
+    const QSize size = QWidget::find(static_cast<WId>(page))->size();
+    EXPECT_EQ(size, QSize(platform::qt::ToDots(60000), platform::qt::ToDots(50000 - forms::TitleBarHeight)));
+    Ghost().Resize(1e6, 1e6);
+    EXPECT_EQ(Ghost().Width(), Ghost().lMaxTrackX * 15.0);
+    EXPECT_EQ(Ghost().Height(), Ghost().lMaxTrackY * 15.0);
+    watcher.Unhook();
+    preview.OpenPreview(1);
+}
+
+TEST_F(PreviewTest, AMenuOfTheFirstDesignHasNoBarOfItsOwn) {
+    Show(1, [] {
+        EXPECT_EQ(window::Of("frmPrintPreview")->findChildren<QMenuBar*>().size(), 1);
+        EXPECT_EQ(window::Of("frmPrintPreview")->findChild<QWidget*>("mnu1"), nullptr);
+    });
+}
+
 TEST_F(PreviewTest, AnotherSizePlacesTheBars) {
     Show(1, [this] {
         QWidget* top = window::Of("frmPrintPreview");

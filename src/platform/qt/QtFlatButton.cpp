@@ -7,6 +7,14 @@
 
 namespace platform::qt {
 
+namespace {
+
+bool IsLeft(const QEvent* event) {
+    return static_cast<const QMouseEvent*>(event)->button() == Qt::LeftButton;
+}
+
+} // namespace
+
 QtFlatButton::QtFlatButton(cmdButtonXP& control, QtForm& form, QWidget* parent)
     : QtControl(control, form, new PictureWidget(parent)), model_(control),
       picture_(static_cast<PictureWidget*>(Widget())) {
@@ -32,12 +40,19 @@ bool QtFlatButton::eventFilter(QObject* watched, QEvent* event) {
         model_.UserMouseMove();
         return true;
     case QEvent::MouseButtonPress:
-        model_.UserMouseDown();
+        if (IsLeft(event)) {
+            model_.UserMouseDown();
+        }
         return true;
     case QEvent::MouseButtonDblClick:
-        model_.UserDblClick();
+        if (IsLeft(event)) {
+            model_.UserDblClick();
+        }
         return true;
     case QEvent::MouseButtonRelease: {
+        if (!IsLeft(event)) {
+            return true;
+        }
         const bool pressed = model_.blnMouseDown();
         model_.UserMouseUp();
         const QPoint at = static_cast<QMouseEvent*>(event)->position().toPoint();
