@@ -57,6 +57,10 @@ class WindowProcedures {
 
     virtual std::intptr_t CallWindowProcA(ProcedureAddress procedure, WindowHandle hWnd, std::int32_t uMsg,
                                           std::intptr_t wParam, std::intptr_t lParam) = 0;
+
+    /// A handler of a hook has failed with the exception that is being handled now; the window gets the
+    /// message all the same if this returns. Whoever sends the messages itself wants to know.
+    virtual void HandlerFailed() { throw; }
 };
 
 } // namespace platform

@@ -1,6 +1,7 @@
 #include "platform/modMsgHookProc.h"
 
 #include <algorithm>
+#include <exception>
 #include <unordered_map>
 
 #include "platform/MsgHook.h"
@@ -141,12 +142,19 @@ std::intptr_t HookDispatch(std::int32_t slot, WindowHandle hWnd, std::int32_t uM
     if (dispatching.Owner() == nullptr || !IsWatched(entry, uMsg)) {
         return callReplaced();
     }
+    const auto raise = [procedures = entry.procedures](const auto& handler) {
+        try {
+            handler();
+        } catch (const std::exception&) {
+            procedures->HandlerFailed();
+        }
+    };
     std::intptr_t retVal = 0;
-    dispatching.Owner()->RaiseBefore(uMsg, wParam, lParam, retVal);
+    raise([&] { dispatching.Owner()->RaiseBefore(uMsg, wParam, lParam, retVal); });
     if (uMsg != 0) {
         retVal = callReplaced();
         if (dispatching.Owner() != nullptr) {
-            dispatching.Owner()->RaiseAfter(uMsg, wParam, lParam);
+            raise([&] { dispatching.Owner()->RaiseAfter(uMsg, wParam, lParam); });
         }
     }
     return retVal;

@@ -241,11 +241,16 @@ void frmPrintManager::cmdAnnuleren_Click() {
 }
 
 bool frmPrintManager::OnQueryUnload() {
-    if (blnBusy) {
+    if (!MayClose()) {
         return false;
     }
     platform::Resume([this] { CloseCheck(); });
     return true;
+}
+
+// Also in the middle of a print or a preview: the defaults of the printer are the user's own.
+void frmPrintManager::OnSessionEnd() {
+    platform::Resume([this] { CloseCheck(); });
 }
 
 /// The steps of a closing. A failure ends them, and the form closes all the same.

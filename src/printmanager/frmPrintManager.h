@@ -157,9 +157,13 @@ class frmPrintManager : public forms::Form {
     PrinterState FirstPrinterState;
     PrinterState RestoreState;
 
+    /// Not while it prints, nor while a preview is open.
+    bool MayClose() const override { return !blnBusy; }
+
   protected:
     void OnLoad() override;
     bool OnQueryUnload() override;
+    void OnSessionEnd() override;
 
   private:
     // The job: frmPrintManager.cpp and frmPrintManagerLoad.cpp.

@@ -4,6 +4,7 @@
 #include <limits>
 #include <vector>
 
+#include "platform/forms/AccessKeys.h"
 #include "platform/forms/CheckBox.h"
 #include "platform/forms/CommandButton.h"
 #include "platform/forms/Form.h"
@@ -102,9 +103,7 @@ std::string AccessibleNameOf(const Control& control) {
 }
 
 Control* AccessKeyTarget(const Label& label) {
-    const std::size_t mark = label.Caption().find('&');
-    if (!label.UseMnemonic() || mark == std::string::npos || mark + 1 == label.Caption().size() ||
-        label.Caption()[mark + 1] == '&') {
+    if (!label.UseMnemonic() || MarkedKey(label.Caption()).empty()) {
         return nullptr;
     }
     std::vector<Control*> order = label.Owner().Controls();

@@ -73,6 +73,7 @@ void Form::Load() {
     }
     loaded_ = true;
     session_.forms_.push_back(this);
+    peer_.reset(); // of the time before, if the form has been shown before: the desktop knows one at a time
     peer_ = session_.Desktop().CreatePeer(*this);
     OnLoad();
     Dispatch([this] { OnResize(); });
@@ -126,6 +127,12 @@ bool Form::Unload() {
     }
     unloading_ = false;
     return agreed;
+}
+
+void Form::SessionEnds() {
+    if (!Unload()) {
+        Dispatch([this] { OnSessionEnd(); });
+    }
 }
 
 void Form::Afdrukken(std::int16_t /*iMethod*/, std::int16_t /*num_copies*/, bool /*blnPrintPreview*/) {

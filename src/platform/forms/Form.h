@@ -52,6 +52,10 @@ class Form {
     bool Unload();
     /// The user presses the window's close box.
     bool UserClose() { return Unload(); }
+    /// False while the form would refuse to close. Only asks.
+    virtual bool MayClose() const { return true; }
+    /// The user logs off: the form closes, and one that refuses at least puts back what is not its own.
+    void SessionEnds();
 
     bool Loaded() const { return loaded_; }
     bool Visible() const { return visible_; }
@@ -101,6 +105,8 @@ class Form {
     /// False refuses the closing.
     virtual bool OnQueryUnload() { return true; }
     virtual void OnUnload() {}
+    /// The user logs off while the form refuses to close; the program may be gone a moment later.
+    virtual void OnSessionEnd() {}
 
     void SetResizable(bool resizable) { resizable_ = resizable; }
 

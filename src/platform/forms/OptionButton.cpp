@@ -1,5 +1,8 @@
 #include "platform/forms/OptionButton.h"
 
+#include <algorithm>
+#include <vector>
+
 #include "platform/forms/Form.h"
 
 namespace forms {
@@ -31,6 +34,27 @@ void OptionButton::SetValue(bool value) {
     if (value && OnClick) {
         Owner().Dispatch(OnClick);
     }
+}
+
+OptionButton* OptionButton::Neighbour(bool backward) const {
+    std::vector<Control*> group;
+    for (Control* control : Owner().Controls()) {
+        if (control->Kind() == ControlKind::OptionButton && control->Container() == Container() &&
+            control->CanFocus()) {
+            group.push_back(control);
+        }
+    }
+    std::stable_sort(group.begin(), group.end(),
+                     [](const Control* a, const Control* b) { return a->TabIndex() < b->TabIndex(); });
+    if (backward) {
+        std::reverse(group.begin(), group.end());
+    }
+    const auto self = std::find(group.begin(), group.end(), static_cast<const Control*>(this));
+    if (group.size() < 2 || self == group.end()) {
+        return nullptr;
+    }
+    const auto next = std::next(self);
+    return static_cast<OptionButton*>(next == group.end() ? group.front() : *next);
 }
 
 bool OptionButton::TypeKey(char32_t character) {

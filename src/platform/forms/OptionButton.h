@@ -21,6 +21,10 @@ class OptionButton : public Control {
     /// Turning it on turns its neighbours off and acts as a click.
     void SetValue(bool value);
 
+    /// The next option of the same container that the user can choose, in the tab order and around its end;
+    /// nullptr if there is no other.
+    OptionButton* Neighbour(bool backward) const;
+
     bool TakesFocus() const override { return true; }
     bool TypeKey(char32_t character) override;
     bool UserClick() override;

@@ -25,6 +25,11 @@ class Session {
     /// True if the user can reach the form: it is shown and no other is modal above it.
     bool TakesInput(const Form& form) const;
 
+    /// False while the form that was shown last would refuse to close.
+    bool MayEnd() const;
+    /// The user logs off: all forms that are shown close, the last one first.
+    void End();
+
     /// Runs a handler. A failure that it does not trap ends it and goes to the desktop.
     void Dispatch(const std::function<void()>& handler);
 

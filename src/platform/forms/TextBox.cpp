@@ -102,6 +102,13 @@ bool TextBox::TypeKey(char32_t character) {
     return true;
 }
 
+void TextBox::SetLocked(bool locked) {
+    if (locked != locked_) {
+        locked_ = locked;
+        Changed(Aspect::Enabled);
+    }
+}
+
 bool TextBox::UserClick() {
     if (!CanFocus()) {
         return false;

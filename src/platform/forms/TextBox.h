@@ -39,7 +39,7 @@ class TextBox : public Control {
     void SetTag(const std::string& tag) { tag_ = tag; }
     bool Locked() const { return locked_; }
     /// A locked box can be read and copied from, not changed by the user.
-    void SetLocked(bool locked) { locked_ = locked; }
+    void SetLocked(bool locked);
 
     bool TakesFocus() const override { return true; }
     void GotFocus() override;

@@ -5,8 +5,21 @@
 #include <string>
 
 #include "platform/Numbers.h"
+#include "platform/forms/Form.h"
 
 namespace forms {
+
+UpDown* UpDown::Of(const TextBox& box) {
+    for (Control* control : box.Owner().Controls()) {
+        if (control->Kind() == ControlKind::UpDown) {
+            auto* arrows = static_cast<UpDown*>(control);
+            if (&arrows->Buddy() == &box) {
+                return arrows;
+            }
+        }
+    }
+    return nullptr;
+}
 
 void UpDown::UserStep(int direction) {
     if (!TakesMouse()) {

@@ -19,6 +19,9 @@ class UpDown : public Control {
     /// The user presses an arrow. A text that is no number counts as 0; one beyond a limit goes to the limit.
     void UserStep(int direction);
 
+    /// The arrows beside a box; nullptr if it has none.
+    static UpDown* Of(const TextBox& box);
+
   private:
     TextBox& buddy_;
     int min_;

@@ -3,9 +3,6 @@
 #include <QKeyEvent>
 #include <QRadioButton>
 
-#include <algorithm>
-#include <vector>
-
 #include "platform/forms/Form.h"
 #include "platform/qt/QtText.h"
 
@@ -27,34 +24,12 @@ void QtOptionButton::MirrorContent(forms::Aspect aspect) {
     }
 }
 
-forms::OptionButton* QtOptionButton::Neighbour(bool backward) const {
-    std::vector<forms::Control*> group;
-    for (forms::Control* control : model_.Owner().Controls()) {
-        if (control->Kind() == forms::ControlKind::OptionButton &&
-            control->Container() == model_.Container() && control->CanFocus()) {
-            group.push_back(control);
-        }
-    }
-    std::stable_sort(group.begin(), group.end(), [](const forms::Control* a, const forms::Control* b) {
-        return a->TabIndex() < b->TabIndex();
-    });
-    if (backward) {
-        std::reverse(group.begin(), group.end());
-    }
-    const auto self = std::find(group.begin(), group.end(), static_cast<forms::Control*>(&model_));
-    if (group.size() < 2 || self == group.end()) {
-        return nullptr;
-    }
-    const auto next = std::next(self);
-    return static_cast<forms::OptionButton*>(next == group.end() ? group.front() : *next);
-}
-
 bool QtOptionButton::KeyPressed(const QKeyEvent& event, int virtualKey) {
     QtControl::KeyPressed(event, virtualKey);
     const bool backward = event.key() == Qt::Key_Up || event.key() == Qt::Key_Left;
     const bool forward = event.key() == Qt::Key_Down || event.key() == Qt::Key_Right;
     if (backward || forward) {
-        if (forms::OptionButton* neighbour = Neighbour(backward)) {
+        if (forms::OptionButton* neighbour = model_.Neighbour(backward)) {
             neighbour->UserClick();
         }
     }

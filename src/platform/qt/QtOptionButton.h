@@ -17,10 +17,6 @@ class QtOptionButton final : public QtControl {
     void MirrorContent(forms::Aspect aspect) override;
 
   private:
-    /// The next option of the same container that the user can choose, around the end; nullptr if there is
-    /// none.
-    forms::OptionButton* Neighbour(bool backward) const;
-
     forms::OptionButton& model_;
     QRadioButton* button_;
 };

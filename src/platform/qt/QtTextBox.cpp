@@ -15,23 +15,6 @@
 
 namespace platform::qt {
 
-namespace {
-
-// The arrows beside the box, if it has any.
-forms::UpDown* ArrowsOf(const forms::TextBox& box) {
-    for (forms::Control* control : box.Owner().Controls()) {
-        if (control->Kind() == forms::ControlKind::UpDown) {
-            auto* arrows = static_cast<forms::UpDown*>(control);
-            if (&arrows->Buddy() == &box) {
-                return arrows;
-            }
-        }
-    }
-    return nullptr;
-}
-
-} // namespace
-
 QtTextBox::QtTextBox(forms::TextBox& control, QtForm& form, QWidget* parent)
     : QtControl(control, form, new QLineEdit(parent)), model_(control),
       edit_(static_cast<QLineEdit*>(Widget())) {
@@ -105,6 +88,9 @@ void QtTextBox::ShowSelection() {
 }
 
 void QtTextBox::MirrorContent(forms::Aspect aspect) {
+    if (aspect == forms::Aspect::Enabled) {
+        edit_->setReadOnly(model_.Locked());
+    }
     if (aspect != forms::Aspect::Text && aspect != forms::Aspect::Selection) {
         return;
     }
@@ -145,7 +131,7 @@ bool QtTextBox::KeyPressed(const QKeyEvent& event, int virtualKey) {
         return true;
     }
     if (virtualKey == key::Up || virtualKey == key::Down) {
-        if (forms::UpDown* arrows = ArrowsOf(model_)) {
+        if (forms::UpDown* arrows = forms::UpDown::Of(model_)) {
             arrows->UserStep(virtualKey == key::Up ? 1 : -1);
             return true;
         }
@@ -168,7 +154,6 @@ bool QtTextBox::Commit(const QInputMethodEvent& event) {
 }
 
 bool QtTextBox::eventFilter(QObject* watched, QEvent* event) {
-    edit_->setReadOnly(model_.Locked()); // the form tells nobody when it locks a box
     if (event->type() == QEvent::InputMethod) {
         return Commit(*static_cast<QInputMethodEvent*>(event));
     }

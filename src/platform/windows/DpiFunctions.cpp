@@ -14,12 +14,32 @@ Function FromUser32(const char* name) {
 }
 
 using GetDpiForWindowFunction = UINT(WINAPI*)(HWND);
+using GetDpiForMonitorFunction = HRESULT(WINAPI*)(HMONITOR, int, UINT*, UINT*);
 using AdjustWindowRectExForDpiFunction = BOOL(WINAPI*)(RECT*, DWORD, BOOL, DWORD, UINT);
 using SystemParametersInfoForDpiFunction = BOOL(WINAPI*)(UINT, UINT, void*, UINT, UINT);
 using GetSystemMetricsForDpiFunction = int(WINAPI*)(int, UINT);
 
 int Scaled(int value, UINT dpi) {
     return ::MulDiv(value, static_cast<int>(dpi), static_cast<int>(SystemDpi()));
+}
+
+/// Windows 8.1 knows the density of each screen, though not of each window; an older one has no such library.
+GetDpiForMonitorFunction FromShcore() {
+    HMODULE library = ::LoadLibraryExW(L"shcore.dll", nullptr, LOAD_LIBRARY_SEARCH_SYSTEM32);
+    return library == nullptr ? nullptr
+                              : reinterpret_cast<GetDpiForMonitorFunction>(
+                                    reinterpret_cast<void*>(::GetProcAddress(library, "GetDpiForMonitor")));
+}
+
+UINT DpiOfScreenUnder(HWND window) {
+    static const auto ask = FromShcore();
+    constexpr int effective = 0;
+    UINT across = 0;
+    UINT down = 0;
+    if (ask != nullptr) {
+        ask(::MonitorFromWindow(window, MONITOR_DEFAULTTONEAREST), effective, &across, &down);
+    }
+    return across == 0 ? SystemDpi() : across;
 }
 
 } // namespace
@@ -36,7 +56,7 @@ UINT SystemDpi() {
 
 UINT DpiOf(HWND window) {
     static const auto ask = FromUser32<GetDpiForWindowFunction>("GetDpiForWindow");
-    const UINT dpi = ask == nullptr ? 0 : ask(window);
+    const UINT dpi = ask == nullptr ? DpiOfScreenUnder(window) : ask(window);
     return dpi == 0 ? SystemDpi() : dpi;
 }
 

@@ -5,6 +5,7 @@
 #include "platform/windows/PrintFailure.h"
 
 #include <algorithm>
+#include <utility>
 
 namespace platform::windows {
 
@@ -17,6 +18,8 @@ constexpr std::size_t BytesBehind = 128;
 /// A list's positions are 16-bit numbers.
 constexpr int MostOffered = 32767;
 constexpr std::size_t EntriesBehind = 1024;
+
+constexpr const char* NoSettings = "De printer geeft zijn instellingen niet.";
 
 using OpenedPrinter = Owned<HANDLE, ::ClosePrinter>;
 
@@ -31,9 +34,13 @@ OpenedPrinter Open(std::wstring printer) {
 /// One exchange with the driver: the settings that it makes of `input`, or its stored ones.
 std::vector<std::byte> Exchange(std::wstring printer, const std::vector<std::byte>* input) {
     const OpenedPrinter opened = Open(printer);
+    ::SetLastError(ERROR_SUCCESS); // a driver need not tell why
     const LONG size = ::DocumentPropertiesW(nullptr, opened.Get(), printer.data(), nullptr, nullptr, 0);
+    if (size < 0) {
+        throw PrinterError(NoSettings);
+    }
     if (size < static_cast<LONG>(offsetof(DEVMODEW, dmFormName)) || size > LargestSettings) {
-        throw PrinterError("De printer geeft zijn instellingen niet.");
+        throw RuntimeError(ErrorPrinter, NoSettings);
     }
     // Never smaller than the record as we read it, also where an old driver's is shorter.
     std::vector<std::byte> output(std::max(static_cast<std::size_t>(size), sizeof(DEVMODEW)) + BytesBehind);
@@ -43,9 +50,12 @@ std::vector<std::byte> Exchange(std::wstring printer, const std::vector<std::byt
                                             input ? reinterpret_cast<DEVMODEW*>(given.data()) : nullptr,
                                             input ? DM_IN_BUFFER | DM_OUT_BUFFER : DM_OUT_BUFFER);
     const auto* mode = reinterpret_cast<const DEVMODEW*>(output.data());
+    if (done < 0) {
+        throw PrinterError(NoSettings);
+    }
     // Whoever takes the settings next believes these two sizes.
     if (done != IDOK || std::size_t{mode->dmSize} + mode->dmDriverExtra > output.size()) {
-        throw PrinterError("De printer geeft zijn instellingen niet.");
+        throw RuntimeError(ErrorPrinter, NoSettings);
     }
     return output;
 }
@@ -64,9 +74,10 @@ void DriverSettings::Set(DWORD field, short DEVMODEW::*member, short value) {
         mode->dmFields &= ~static_cast<DWORD>(DM_PAPERLENGTH | DM_PAPERWIDTH | DM_FORMNAME);
     }
     const std::vector<std::byte> stored = Exchange(printer_, nullptr);
-    bytes_ = Exchange(printer_, &changed);
+    std::vector<std::byte> valid = Exchange(printer_, &changed);
     // Some drivers take what they are asked to make valid for their own settings, which are not meant.
     Exchange(printer_, &stored);
+    bytes_ = std::move(valid);
 }
 
 std::vector<short> DriverSettings::Offered(WORD capability) const {

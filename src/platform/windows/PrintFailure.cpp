@@ -37,8 +37,4 @@ void ThrowPrintFailure(const std::string& text) {
     throw PrinterError(text);
 }
 
-void TellPrintFailure(const std::string& text) {
-    ::MessageBoxW(::GetActiveWindow(), ToWide(text).c_str(), L"Afdrukken", MB_OK | MB_ICONERROR);
-}
-
 } // namespace platform::windows

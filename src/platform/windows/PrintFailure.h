@@ -20,7 +20,4 @@ RuntimeError PrinterError(const std::string& text);
 /// Tells the user that a document has not come on paper, as the program's own run goes on past any failure.
 using PrintFailureTeller = std::function<void(const std::string& text)>;
 
-/// Tells it in a message box.
-void TellPrintFailure(const std::string& text);
-
 } // namespace platform::windows

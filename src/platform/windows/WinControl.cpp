@@ -104,9 +104,15 @@ WinControl::WinControl(forms::Control& control, WinForm& form, const WindowPlace
 
 WinControl::~WinControl() {
     if (window_ != nullptr) {
+        Leave();
+        ::DestroyWindow(window_);
+    }
+}
+
+void WinControl::Leave() const {
+    if (window_ != nullptr) {
         ::RemoveWindowSubclass(window_, Procedure, SubclassId);
         ::RemovePropW(window_, ControlProperty);
-        ::DestroyWindow(window_);
     }
 }
 

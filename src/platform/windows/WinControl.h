@@ -35,6 +35,9 @@ class WinControl {
     /// The control of a window; nullptr for a window that is none.
     static WinControl* Of(HWND window);
 
+    /// From now on what the window does reaches neither the form nor its control.
+    void Leave() const;
+
     virtual void Mirror(forms::Aspect aspect);
     void MirrorAll();
 

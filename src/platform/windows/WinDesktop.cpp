@@ -1,6 +1,8 @@
 #include "platform/windows/WinDesktop.h"
 
 #include <algorithm>
+#include <exception>
+#include <new>
 
 #include "platform/forms/Form.h"
 #include "platform/windows/Scale.h"
@@ -67,6 +69,12 @@ bool WinDesktop::Handle(MSG& message) {
 void WinDesktop::RunLoop(const std::function<bool()>& wanted) {
     MSG message{};
     while (wanted()) {
+        if (ending_ != nullptr) {
+            ending_->End(); // forms that had to wait for the one whose loop has just ended
+            if (!wanted()) {
+                return;
+            }
+        }
         if (::PeekMessageW(&message, nullptr, 0, 0, PM_REMOVE) != FALSE) {
             if (!Handle(message)) {
                 return;
@@ -101,6 +109,16 @@ void WinDesktop::Hidden(forms::Form& form) {
 void WinDesktop::Gone(forms::Form& form) {
     peers_.erase(&form);
     std::erase(shown_, &form);
+}
+
+// Windows may end the program as soon as this returns. Where it does not, the loops further out close what is
+// still open, and the message ends a box that waits for the user.
+void WinDesktop::SessionEnds(forms::Session& session) {
+    ending_ = &session;
+    session.End();
+    if (shown_.empty()) {
+        ::PostQuitMessage(0);
+    }
 }
 
 bool WinDesktop::IsShown(const forms::Form& form) const {
@@ -140,6 +158,23 @@ void WinDesktop::MsgBox(const std::string& text, MessageIcon icon, const std::st
 void WinDesktop::UnhandledError(const RuntimeError& error) {
     MsgBox("Fout " + std::to_string(error.Number()) + ":\n\n" + error.Description(), MessageIcon::Critical,
            shown_.empty() ? "" : shown_.back()->Caption());
+}
+
+void WinDesktop::TellCaught() noexcept {
+    constexpr int internalError = 51;
+    try {
+        try {
+            throw;
+        } catch (const RuntimeError& error) {
+            UnhandledError(error);
+        } catch (const std::bad_alloc&) {
+            UnhandledError(OutOfMemory());
+        } catch (const std::exception& error) {
+            UnhandledError(RuntimeError(internalError, error.what()));
+        }
+    } catch (const std::exception&) { // no memory to tell it in words of its own
+        ::MessageBoxW(nullptr, L"Fout 7:\n\nOut of memory", nullptr, MB_OK | MB_ICONERROR | MB_TASKMODAL);
+    }
 }
 
 std::int16_t WinDesktop::GetKeyState(int virtualKey) {

@@ -8,6 +8,10 @@
 #include "platform/forms/WheelTurn.h"
 #include "platform/windows/Win32.h"
 
+namespace forms {
+class Session;
+} // namespace forms
+
 namespace platform::windows {
 
 class WinForm;
@@ -30,6 +34,10 @@ class WinDesktop final : public Desktop {
     ScreenArea WorkArea() override;
     void UnhandledError(const RuntimeError& error) override;
 
+    /// Tells the user of the exception that is being handled. For where Windows calls the program: nothing
+    /// may be thrown there.
+    void TellCaught() noexcept;
+
     /// Runs the message loop until no form is shown.
     void Run();
 
@@ -44,6 +52,8 @@ class WinDesktop final : public Desktop {
     void Shown(forms::Form& form);
     void Hidden(forms::Form& form);
     void Gone(forms::Form& form);
+    /// The user logs off or shuts the machine down.
+    void SessionEnds(forms::Session& session);
 
   private:
     bool IsShown(const forms::Form& form) const;
@@ -54,6 +64,7 @@ class WinDesktop final : public Desktop {
     std::unordered_map<const forms::Form*, WinForm*> peers_;
     std::vector<const forms::Form*> shown_;
     forms::WheelTurn wheel_;
+    forms::Session* ending_ = nullptr;
     bool hourglass_ = false;
 };
 

@@ -2,7 +2,6 @@
 
 #include <algorithm>
 #include <array>
-#include <new>
 
 #include "platform/forms/AccessibleNames.h"
 #include "platform/forms/Form.h"
@@ -54,26 +53,25 @@ void WinForm::MakeWindow() {
 }
 
 WinForm::~WinForm() {
-    desktop_.Gone(form_);
     DestroyWindows();
+    desktop_.Gone(form_);
 }
 
+// The form and its controls may be gone already: what the windows do from here on is told to nobody.
 void WinForm::DestroyWindows() {
     LeaveWindow(window_);
+    for (const auto& control : controls_) {
+        control->Leave();
+    }
+    WinForm::Hide();
     while (!controls_.empty()) { // what a control holds was made after it
         controls_.pop_back();
     }
     ::DestroyWindow(window_);
 }
 
-void WinForm::Guard(const std::function<void()>& step) noexcept {
-    try {
-        step();
-    } catch (const RuntimeError& error) {
-        desktop_.UnhandledError(error);
-    } catch (const std::bad_alloc&) {
-        desktop_.UnhandledError(OutOfMemory());
-    }
+void WinForm::TellFailure() noexcept {
+    desktop_.TellCaught();
 }
 
 void WinForm::MakeControls() {
@@ -210,6 +208,13 @@ void WinForm::TimePassed(WPARAM timer) const {
     }
 }
 
+// Another program can send this to a window that the user cannot reach.
+void WinForm::Close() {
+    if (form_.GetSession().TakesInput(form_) && ::IsWindowEnabled(window_) != FALSE) {
+        form_.UserClose();
+    }
+}
+
 bool WinForm::ShowPointer(LPARAM lParam) const {
     if (!desktop_.ShowsHourglass() || LOWORD(lParam) != HTCLIENT) {
         return false;
@@ -271,7 +276,14 @@ LRESULT WinForm::Received(UINT message, WPARAM wParam, LPARAM lParam) {
         SettleFocus();
         return 0;
     case WM_CLOSE:
-        form_.UserClose();
+        Close();
+        return 0;
+    case WM_QUERYENDSESSION:
+        return form_.GetSession().MayEnd() ? TRUE : FALSE;
+    case WM_ENDSESSION:
+        if (wParam != FALSE) {
+            desktop_.SessionEnds(form_.GetSession());
+        }
         return 0;
     case WM_COMMAND:
         if (menuBar_ != nullptr && lParam == 0) {

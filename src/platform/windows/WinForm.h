@@ -1,6 +1,6 @@
 #pragma once
 
-#include <functional>
+#include <exception>
 #include <memory>
 #include <unordered_map>
 #include <vector>
@@ -26,6 +26,7 @@ class WinForm final : public forms::FormPeer {
 
     void ControlChanged(forms::Control& control, forms::Aspect aspect) override;
     void FormChanged() override;
+    forms::WindowSize Bounded(const forms::WindowSize& wanted) override;
     void Show(bool modal) override;
     void Hide() override;
     void FocusMoved(forms::Control* control) override;
@@ -46,7 +47,14 @@ class WinForm final : public forms::FormPeer {
     /// True if the user's keys come to this window.
     bool IsActive() const { return ::GetActiveWindow() == window_; }
     /// Runs what a message asks for. No failure leaves it, as there is nobody in Windows to take it.
-    void Guard(const std::function<void()>& step) noexcept;
+    template <class Step>
+    void Guard(Step&& step) noexcept {
+        try {
+            step();
+        } catch (const std::exception&) {
+            TellFailure();
+        }
+    }
 
     /// A key that reaches a control, or the window itself (nullptr). True: it has been dealt with. `info` as
     /// the message has it.
@@ -72,6 +80,8 @@ class WinForm final : public forms::FormPeer {
     int NumberOf(const forms::Control& control) const;
     void MakeWindow();
     void MakeControls();
+    void TellFailure() noexcept;
+    void Close();
     void DestroyWindows();
     void PutLabelsBeforeControls();
     void NameControls();
@@ -86,6 +96,7 @@ class WinForm final : public forms::FormPeer {
 
     // WinFormPlace.cpp: where the window stands and how large it is.
     RECT Margins() const;
+    SIZE OuterSize(const forms::WindowSize& size) const;
     SIZE OuterSize() const;
     void ShowSize();
     void ShowPlace();

@@ -2,8 +2,8 @@
 #include <algorithm>
 #include <array>
 
+#include "platform/forms/AccessKeys.h"
 #include "platform/forms/Form.h"
-#include "platform/windows/AccessKeys.h"
 #include "platform/windows/FormWindow.h"
 #include "platform/windows/WinForm.h"
 
@@ -87,7 +87,7 @@ bool WinForm::KeyReceived(UINT message, WPARAM wParam, LPARAM lParam) {
 
 bool WinForm::AccessKeyPressed(wchar_t character) {
     SettleFocus();
-    return PressAccessKey(form_, character);
+    return forms::PressAccessKey(form_, character);
 }
 
 void WinForm::ShowAccessKeys() {

@@ -1,5 +1,6 @@
 // Where a form's window stands, and how large it is.
 #include <algorithm>
+#include <limits>
 #include <utility>
 
 #include "platform/forms/Form.h"
@@ -30,14 +31,32 @@ RECT WinForm::Margins() const {
 
 // The inside is what the form asked for, whatever title bar and frame this desktop has. The design of a form
 // that the user may resize counts the frame at its sides, and so does its height the title bar and the menu.
-SIZE WinForm::OuterSize() const {
+SIZE WinForm::OuterSize(const forms::WindowSize& size) const {
     const RECT margins = Margins();
     const double frame = form_.Resizable() ? forms::ResizeFrameWidth : 0;
-    const LONG width = scale_.ToDots(form_.Width() - frame) + margins.right - margins.left;
-    const LONG height = menuBar_ == nullptr ? scale_.ToDots(form_.Height() - forms::TitleBarHeight) +
+    const LONG width = scale_.ToDots(size.Width - frame) + margins.right - margins.left;
+    const LONG height = menuBar_ == nullptr ? scale_.ToDots(size.Height - forms::TitleBarHeight) +
                                                   margins.bottom - margins.top
-                                            : scale_.ToDots(form_.Height()) + margins.bottom;
+                                            : scale_.ToDots(size.Height) + margins.bottom;
     return {width, height};
+}
+
+SIZE WinForm::OuterSize() const {
+    return OuterSize({form_.Width(), form_.Height()});
+}
+
+// The bounds that Windows itself would begin with, those of the screens, are for windows that the user drags.
+forms::WindowSize WinForm::Bounded(const forms::WindowSize& wanted) {
+    constexpr LONG any = std::numeric_limits<LONG>::max();
+    ::MINMAXINFO bounds{};
+    bounds.ptMaxSize = bounds.ptMaxTrackSize = {any, any};
+    ::SendMessageW(window_, WM_GETMINMAXINFO, 0, reinterpret_cast<LPARAM>(&bounds));
+    const SIZE outer = OuterSize(wanted);
+    const auto beyond = [&](LONG size, LONG least, LONG most) {
+        return scale_.ToTwips(static_cast<int>(std::max(least, std::min(size, most)) - size));
+    };
+    return {wanted.Width + beyond(outer.cx, bounds.ptMinTrackSize.x, bounds.ptMaxTrackSize.x),
+            wanted.Height + beyond(outer.cy, bounds.ptMinTrackSize.y, bounds.ptMaxTrackSize.y)};
 }
 
 void WinForm::ShowSize() {
@@ -116,11 +135,13 @@ void WinForm::DensityChanged(UINT dpi, const RECT& place) {
             control->Mirror(aspect);
         }
     }
-    const SIZE size = OuterSize();
+    // A window that fills the screen goes on filling it; one of a fixed size keeps the size of its design.
+    const SIZE size =
+        form_.Resizable() ? SIZE{place.right - place.left, place.bottom - place.top} : OuterSize();
     showingSize_ = true;
     ::SetWindowPos(window_, nullptr, place.left, place.top, size.cx, size.cy, SWP_NOZORDER | SWP_NOACTIVATE);
     showingSize_ = false;
-    PlaceBars();
+    Resized();
     DrawAnew();
 }
 

@@ -19,7 +19,7 @@ namespace platform::windows {
 /// another printer is assigned, or when this object goes, is taken back.
 class WinPrinter final : public Printer, private PageDevice {
   public:
-    explicit WinPrinter(WinPrinters& printers, PrintFailureTeller teller = TellPrintFailure);
+    WinPrinter(WinPrinters& printers, PrintFailureTeller teller);
 
     void Assign(int index) override;
 

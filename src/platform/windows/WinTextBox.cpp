@@ -19,19 +19,6 @@ constexpr wchar_t SelectAllKey = 1; // Ctrl+A as a character
 constexpr wchar_t FirstPrintable = 32;
 constexpr wchar_t CtrlBackspace = 127;
 
-// The arrows beside the box, if it has any.
-forms::UpDown* ArrowsOf(const forms::TextBox& box) {
-    for (forms::Control* control : box.Owner().Controls()) {
-        if (control->Kind() == forms::ControlKind::UpDown) {
-            auto* arrows = static_cast<forms::UpDown*>(control);
-            if (&arrows->Buddy() == &box) {
-                return arrows;
-            }
-        }
-    }
-    return nullptr;
-}
-
 /// Messages after which the caret or the selection may be another.
 bool MovesCaret(UINT message) {
     constexpr UINT messages[] = {WM_KEYDOWN,   WM_CHAR,          WM_LBUTTONDOWN, WM_LBUTTONUP,
@@ -124,6 +111,9 @@ void WinTextBox::MirrorContent(forms::Aspect aspect) {
         ::SetWindowPos(Window(), nullptr, 0, 0, 0, 0,
                        SWP_FRAMECHANGED | SWP_NOMOVE | SWP_NOSIZE | SWP_NOZORDER | SWP_NOACTIVATE);
     }
+    if (aspect == forms::Aspect::Enabled) {
+        Send(EM_SETREADONLY, model_.Locked() ? TRUE : FALSE);
+    }
     if (aspect == forms::Aspect::Text || aspect == forms::Aspect::Selection) {
         ShowText();
         ShowSelection();
@@ -140,7 +130,7 @@ bool WinTextBox::KeyPressed(int virtualKey, bool shift) {
         return true;
     }
     if (virtualKey == key::Up || virtualKey == key::Down) {
-        if (forms::UpDown* arrows = ArrowsOf(model_)) {
+        if (forms::UpDown* arrows = forms::UpDown::Of(model_)) {
             arrows->UserStep(virtualKey == key::Up ? 1 : -1);
             return true;
         }
@@ -182,17 +172,18 @@ bool WinTextBox::Type(wchar_t unit) {
     return true;
 }
 
+// A key that is held down while the program is busy comes as one message with a count.
+bool WinTextBox::TypeRepeatedly(wchar_t unit, int times) {
+    bool typed = Type(unit);
+    for (int i = 1; typed && i < times; ++i) {
+        typed = Type(unit);
+    }
+    return typed;
+}
+
 void WinTextBox::Notified(UINT code) {
     if (code == EN_CHANGE) {
         TellEdit();
-    }
-}
-
-// The form tells nobody when it locks a box.
-void WinTextBox::ShowLocked() {
-    const bool shown = (static_cast<DWORD>(::GetWindowLongW(Window(), GWL_STYLE)) & ES_READONLY) != 0;
-    if (shown != model_.Locked()) {
-        Send(EM_SETREADONLY, model_.Locked() ? TRUE : FALSE);
     }
 }
 
@@ -228,16 +219,9 @@ void WinTextBox::PaintAroundLine() {
 
 LRESULT WinTextBox::Received(UINT message, WPARAM wParam, LPARAM lParam) {
     switch (message) {
-    case WM_SHOWWINDOW:
-    case WM_SETFOCUS:
-    case WM_PASTE:
-    case WM_CUT:
-    case WM_CLEAR:
-        ShowLocked();
-        break;
     case WM_CHAR:
     case WM_IME_CHAR:
-        if (Type(static_cast<wchar_t>(wParam))) {
+        if (TypeRepeatedly(static_cast<wchar_t>(wParam), LOWORD(lParam))) {
             return 0;
         }
         break;

@@ -33,8 +33,8 @@ class WinTextBox final : public WinControl {
     void TellSelection();
     /// A unit of a typed character. False if the box has no use for it and the window may.
     bool Type(wchar_t unit);
+    bool TypeRepeatedly(wchar_t unit, int times);
     void TypeCharacter(char32_t character);
-    void ShowLocked();
     LRESULT TextSet(LPARAM text);
 
     // The window would write at the top of a box that is higher than its line.

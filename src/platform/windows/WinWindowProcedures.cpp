@@ -1,6 +1,7 @@
 #include "platform/windows/WinWindowProcedures.h"
 
 #include "platform/windows/Win32.h"
+#include "platform/windows/WinDesktop.h"
 
 namespace platform::windows {
 
@@ -19,6 +20,10 @@ std::intptr_t WinWindowProcedures::CallWindowProcA(ProcedureAddress procedure, W
     }
     return ::CallWindowProcA(reinterpret_cast<WNDPROC>(procedure), reinterpret_cast<HWND>(hWnd),
                              static_cast<UINT>(uMsg), static_cast<WPARAM>(wParam), lParam);
+}
+
+void WinWindowProcedures::HandlerFailed() {
+    desktop_.TellCaught();
 }
 
 } // namespace platform::windows

@@ -33,10 +33,12 @@ class WindowsPlatform {
     WinClock clock_;
     SeededRandom random_;
     WinPrinters printers_;
-    WinPrinter printer_{printers_};
+    WinPrinter printer_{printers_, [this](const std::string& text) {
+                            desktop_.MsgBox(text, MessageIcon::Critical, "Afdrukken");
+                        }};
     WinSpooler spooler_;
     WinBitmaps bitmaps_;
-    WinWindowProcedures procedures_;
+    WinWindowProcedures procedures_{desktop_};
     platform::Platform services_{desktop_, registry_, locale_,  clock_,   random_,
                                  spooler_, printers_, printer_, bitmaps_, procedures_};
 };

@@ -1,5 +1,7 @@
 #include "HookFixture.h"
 
+#include <new>
+
 namespace {
 
 using testing::ElementsAre;
@@ -269,6 +271,38 @@ TEST_F(MsgHookTest, AFailingHandlerSurfacesAndLeavesTheTableUsable) {
     watcher.Before = nullptr;
     EXPECT_EQ(table.Send(window->Handle(), wheel, 0, 0), 100 + wheel);
     EXPECT_THAT(after, ElementsAre(wheel));
+}
+
+/// Procedures whose messages come from a system that lets no failure through.
+class TellingProcedures final : public platform::WindowProcedures {
+  public:
+    explicit TellingProcedures(platform::WindowProcedures& windows) : windows_(windows) {}
+
+    int Failures = 0;
+
+    platform::ProcedureAddress SetWindowLongA(platform::WindowHandle hWnd, int index,
+                                              platform::ProcedureAddress procedure) override {
+        return windows_.SetWindowLongA(hWnd, index, procedure);
+    }
+    std::intptr_t CallWindowProcA(platform::ProcedureAddress procedure, platform::WindowHandle hWnd,
+                                  std::int32_t uMsg, std::intptr_t wParam, std::intptr_t lParam) override {
+        return windows_.CallWindowProcA(procedure, hWnd, uMsg, wParam, lParam);
+    }
+    void HandlerFailed() override { ++Failures; }
+
+  private:
+    platform::WindowProcedures& windows_;
+};
+
+TEST_F(MsgHookTest, AFailureThatIsToldOnTheWayLetsTheWindowHaveTheMessage) {
+    TellingProcedures telling(table);
+    platform::MsgHook hooked(telling);
+    hooked.Before = [](auto&, auto&, auto&, auto&) { throw platform::RuntimeError(5, "no"); };
+    hooked.After = [](auto&, auto&, auto&) { throw std::bad_alloc(); };
+    hooked.Hook(window->Handle(), {wheel});
+    EXPECT_EQ(table.Send(window->Handle(), wheel, 0, 0), 100 + wheel);
+    EXPECT_EQ(telling.Failures, 2);
+    EXPECT_THAT(Handled(), ElementsAre(Message{wheel, 0, 0}));
 }
 
 TEST_F(MsgHookTest, AWindowThatDoesNotExistIsNotNoticed) {

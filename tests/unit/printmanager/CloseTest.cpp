@@ -69,6 +69,27 @@ TEST_F(CloseTest, IsRefusedWhileBusy) {
     EXPECT_TRUE(state.PrintManagerOpen);
 }
 
+TEST_F(CloseTest, TheDefaultsGoBackWhenTheUserLogsOffInTheMiddleOfARun) {
+    AddCaller("frmCaller");
+    OpenAndPick();
+    platform::PrintQueue& laser = *memory.printers.Find("Laser");
+    const std::int16_t paper = laser.Defaults.PaperSize;
+    manager->cboPrinterSelect(1).SetListIndex(1);
+    OnCall = [&](bool /*preview*/) {
+        EXPECT_NE(laser.Defaults.PaperSize, paper);
+        EXPECT_FALSE(session.MayEnd());
+        session.End();
+        EXPECT_EQ(laser.Defaults.PaperSize, paper);
+    };
+    manager->cmdPrintVoorbeeld.UserClick();
+    EXPECT_EQ(calls.size(), 1U);
+    EXPECT_TRUE(session.MayEnd());
+    session.End();
+    EXPECT_FALSE(manager->Loaded());
+    EXPECT_EQ(laser.Defaults.PaperSize, paper);
+    EXPECT_THAT(Messages(), IsEmpty());
+}
+
 TEST_F(CloseTest, EscapeCloses) {
     Open();
     manager->UserKey(platform::key::Escape);

@@ -95,8 +95,12 @@ void CheckText(WinPrinter& printer) {
     Check(page.MeasureText("\xFF\xFE", tahoma).Width > 0, "bytes that are no text are shown all the same");
 }
 
+void NothingToTell(const std::string& text) {
+    Check(false, text);
+}
+
 void CheckChangeBetweenPages(WinPrinters& printers) {
-    WinPrinter printer(printers);
+    WinPrinter printer(printers, NothingToTell);
     const double height = printer.Height();
     printer.Page().DrawText(0, 0, "first", {"Tahoma", 8, false});
     printer.SetPaperSize(DMPAPER_LEGAL);
@@ -111,7 +115,7 @@ void CheckChangeBetweenPages(WinPrinters& printers) {
 /// A document that is begun and given up: by the assignment and by the printer's end.
 void CheckGivenUp(WinPrinters& printers) {
     {
-        WinPrinter printer(printers);
+        WinPrinter printer(printers, NothingToTell);
         printer.Page().DrawText(0, 0, "given up", {"Tahoma", 8, false});
         printer.Assign(IndexOf(printers, "Kantoor"));
         printer.Page().EndDocument();
@@ -136,6 +140,11 @@ void CheckVanished(WinPrinters& printers) {
     printer.Assign(IndexOf(printers, "Büro"));
     DeletePrinter(L"B\u00FCro");
     Check(IndexOf(printers, "Büro") >= 0, "the list stays as it is");
+    printer.Assign(IndexOf(printers, "Kantoor"));
+    printer.Assign(IndexOf(printers, "Büro"));
+    CheckEqual(printer.DeviceName(), std::string("Büro"),
+               "a printer that is gone can become the current one");
+    CheckEqual(printer.Copies(), std::int16_t{1}, "with one copy");
     printers.Refresh();
     CheckEqual(IndexOf(printers, "Büro"), -1, "until it is asked for anew");
     CheckRaises(
@@ -157,7 +166,7 @@ void CheckVanished(WinPrinters& printers) {
 }
 
 void CheckHandles(WinPrinters& printers) {
-    WinPrinter printer(printers);
+    WinPrinter printer(printers, NothingToTell);
     const auto round = [&] {
         printer.Assign(IndexOf(printers, "Kantoor"));
         printer.SetOrientation(DMORIENT_LANDSCAPE);
@@ -189,7 +198,7 @@ void CheckHandles(WinPrinters& printers) {
 void CheckPrinter() {
     WinPrinters printers;
     {
-        WinPrinter printer(printers);
+        WinPrinter printer(printers, NothingToTell);
         CheckProperties(printers, printer);
         CheckText(printer);
         printer.Page().EndDocument();
@@ -280,12 +289,12 @@ void PrintOnItsSide(WinPrinter& printer) {
 
 void PrintSamples() {
     WinPrinters printers;
-    WinPrinter printer(printers, [](const std::string& text) { Check(false, text); });
+    WinPrinter printer(printers, NothingToTell);
     PrintUpright(printer);
 }
 
 void PrintOnItsSide() {
     WinPrinters printers;
-    WinPrinter printer(printers, [](const std::string& text) { Check(false, text); });
+    WinPrinter printer(printers, NothingToTell);
     PrintOnItsSide(printer);
 }

@@ -1,0 +1,62 @@
+// A form object that is shown, closed and shown again.
+#include <gtest/gtest.h>
+
+#include <algorithm>
+
+#include "platform/forms/FormPeer.h"
+#include "unit/forms/TestForm.h"
+
+namespace {
+
+/// A desktop that keeps a list of its windows, one for a form, as those with a screen do.
+class ListingDesktop final : public platform::Desktop {
+  public:
+    int Windows = 0;
+    int MostWindows = 0;
+
+    std::unique_ptr<forms::FormPeer> CreatePeer(forms::Form& /*form*/) override {
+        return std::make_unique<Peer>(*this);
+    }
+    void RunModal(forms::Form& /*form*/) override {}
+    void Yield() override {}
+    void MsgBox(const std::string& /*text*/, platform::MessageIcon /*icon*/,
+                const std::string& /*title*/) override {}
+    std::int16_t GetKeyState(int /*virtualKey*/) override { return 0; }
+    void SetMousePointer(int /*pointer*/) override {}
+    void LockWindowUpdate(std::uintptr_t /*window*/) override {}
+    platform::ScreenArea Screen() override { return {}; }
+    platform::ScreenArea WorkArea() override { return {}; }
+    void UnhandledError(const platform::RuntimeError& error) override { throw error; }
+
+  private:
+    class Peer final : public forms::FormPeer {
+      public:
+        explicit Peer(ListingDesktop& desktop) : desktop_(desktop) {
+            desktop_.MostWindows = std::max(desktop_.MostWindows, ++desktop_.Windows);
+        }
+        ~Peer() override { --desktop_.Windows; }
+        void ControlChanged(forms::Control& /*control*/, forms::Aspect /*aspect*/) override {}
+        void FormChanged() override {}
+        void Show(bool /*modal*/) override {}
+        void Hide() override {}
+        void FocusMoved(forms::Control* /*control*/) override {}
+        std::uintptr_t Handle() override { return 1; }
+
+      private:
+        ListingDesktop& desktop_;
+    };
+};
+
+TEST(ReloadTest, TheOldWindowIsGoneBeforeTheNewOneIsMade) {
+    ListingDesktop desktop;
+    forms::Session session(desktop);
+    TestForm form(session);
+    for (int round = 0; round < 3; ++round) {
+        form.Show();
+        EXPECT_EQ(desktop.Windows, 1);
+        EXPECT_TRUE(form.Unload());
+    }
+    EXPECT_EQ(desktop.MostWindows, 1);
+}
+
+} // namespace
