@@ -1,5 +1,6 @@
 #include "platform/windows/WinPrinter.h"
 
+#include "platform/Resume.h"
 #include "platform/windows/WideText.h"
 
 #include <algorithm>
@@ -29,26 +30,36 @@ WinPrinter::WinPrinter(WinPrinters& printers, PrintFailureTeller teller)
     Drawing.Font = OwnFont;
 }
 
-DriverSettings& WinPrinter::Settings() {
-    if (!settings_) {
+const PrinterEntry& WinPrinter::Entry() {
+    if (!entry_) {
         const int index = printers_.DefaultIndex();
         if (index < 0) {
             throw RuntimeError(ErrorPrinter, "Er is geen printer.");
         }
         Assign(index);
     }
+    return *entry_;
+}
+
+DriverSettings& WinPrinter::Settings() {
+    const PrinterEntry& entry = Entry();
+    if (!settings_) {
+        settings_.emplace(ToWide(entry.DeviceName));
+    }
     return *settings_;
 }
 
 void WinPrinter::Assign(int index) {
     PrinterEntry entry = printers_.Item(index);
-    DriverSettings settings(ToWide(entry.DeviceName));
     document_.reset();
     begun_ = false;
     device_.Reset();
+    settings_.reset();
     entry_ = std::move(entry);
-    settings_ = std::move(settings);
     Drawing = DrawingState{0, 0, OwnFont};
+    // A printer that cannot be reached becomes the current one all the same: its name is to be had, and what
+    // is printed must not go to the one before it.
+    Resume([this] { Settings(); });
 }
 
 HDC WinPrinter::Device() {
@@ -69,13 +80,11 @@ HDC WinPrinter::Device() {
 }
 
 std::string WinPrinter::DeviceName() {
-    Settings();
-    return entry_.DeviceName;
+    return Entry().DeviceName;
 }
 
 std::string WinPrinter::Port() {
-    Settings();
-    return entry_.Port;
+    return Entry().Port;
 }
 
 void WinPrinter::Change(DWORD field, short DEVMODEW::*member, std::int16_t value) {
@@ -128,8 +137,13 @@ void WinPrinter::SetPaperBin(std::int16_t bin) {
 }
 
 std::int16_t WinPrinter::Copies() {
-    const DEVMODEW& mode = Settings().Mode();
-    return (mode.dmFields & DM_COPIES) != 0 ? mode.dmCopies : std::int16_t{1};
+    Entry();
+    std::int16_t copies = 1; // also of a printer that cannot be reached
+    Resume([this, &copies] {
+        const DEVMODEW& mode = Settings().Mode();
+        copies = (mode.dmFields & DM_COPIES) != 0 ? mode.dmCopies : copies;
+    });
+    return copies;
 }
 
 int WinPrinter::GetDeviceCaps(int item) {

@@ -32,6 +32,7 @@ class WinPrinter final : public Printer, private PageDevice {
     void SetPaperSize(std::int16_t paper) override;
     std::int16_t PaperBin() override;
     void SetPaperBin(std::int16_t bin) override;
+    /// 1 where the printer cannot be asked: nobody has set another number then.
     std::int16_t Copies() override;
 
     double Width() override;
@@ -47,6 +48,8 @@ class WinPrinter final : public Printer, private PageDevice {
     Canvas& Page() override { return canvas_; }
 
   private:
+    const PrinterEntry& Entry();
+    /// RuntimeError (ErrorPrinter) if the printer cannot be reached.
     DriverSettings& Settings();
     HDC Device();
     double TwipsAcross(int dotsItem);
@@ -67,7 +70,7 @@ class WinPrinter final : public Printer, private PageDevice {
 
     WinPrinters& printers_;
     PrintFailureTeller teller_;
-    PrinterEntry entry_;
+    std::optional<PrinterEntry> entry_;
     std::optional<DriverSettings> settings_;
     std::string title_;
     GdiCanvas canvas_;
