@@ -73,7 +73,7 @@ void OpenPrinter(wizard::AppState& state, platform::Platform& platform, PrinterS
     if (noPrinter) {
         return;
     }
-    step(regelGet, [&] { printer.DeviceName(); }); // a printer that is gone shows itself here
+    step(regelGet, [&] { printer.DeviceName(); });
     step(regelMessages, [&] { platform.Desktop.Yield(); });
     step(regelSurface, [&] { state.Surface = &surface; });
     step(regelFontSize, [&] { SurfaceOf(state).SetFontSize(ListFontPoints); });

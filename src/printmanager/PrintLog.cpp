@@ -42,7 +42,7 @@ void Append(const std::string& line) {
 void WriteLogLine(platform::Platform& platform, const std::string& message) {
     platform::Resume(
         [&] { Append(platform::text::ToCodePage(TimeStamp(platform) + " : " + message) + "\r\n"); });
-    platform.Desktop.Yield();
+    platform::Resume([&] { platform.Desktop.Yield(); });
 }
 
 } // namespace printmanager

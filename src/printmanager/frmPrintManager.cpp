@@ -10,7 +10,7 @@
 #include "platform/Registry.h"
 #include "platform/Resume.h"
 #include "platform/RuntimeError.h"
-#include "printmanager/DrawingLock.h"
+#include "printmanager/DrawingUnlock.h"
 #include "printmanager/frmPrintManagerLayout.h"
 
 namespace printmanager {

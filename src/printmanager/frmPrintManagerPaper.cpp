@@ -128,7 +128,7 @@ void frmPrintManager::PreparePrinter(const std::string& name) {
     }
     const bool logging = state_.PrinterInit > LogAbove;
     if (logging) {
-        LogPreparation(name);
+        platform::Resume([&] { LogPreparation(name); });
     }
     try {
         RunPreparation(name, logging);

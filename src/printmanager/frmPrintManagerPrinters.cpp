@@ -3,7 +3,7 @@
 #include "platform/Desktop.h"
 #include "platform/Numbers.h"
 #include "platform/RuntimeError.h"
-#include "printmanager/DrawingLock.h"
+#include "printmanager/DrawingUnlock.h"
 #include "printmanager/PrinterInfo.h"
 #include "printmanager/frmPrintManager.h"
 #include "printmanager/frmPrintManagerLayout.h"
