@@ -5,12 +5,12 @@ import shutil
 
 from agent import Agent, Registry, text_of
 from control_ids import Ids
-from player import CB_GETCOUNT, Player
+from messages import CB_GETCOUNT, CB_GETLBTEXT
+from player import Player
 from print_server import PrintServer
 from wine_prefix import WinePrefix, skip
 
 EXAMPLE = pathlib.Path(__file__).parents[2] / "examples" / "tarvik.reg"
-CB_GETLBTEXT = 0x0148
 
 PRINTER, PAPER, BIN, ORIENTATION = range(4)
 FORMS, NAME_LIST, REPORT = range(3)

@@ -11,12 +11,13 @@ import pathlib
 import re
 import sys
 
+from messages import SBM_GETPOS
 from office import FORMS, TITLES, Office
 
-SBM_GETPOS = 0x00E1
 VK_NEXT, VK_PRIOR, VK_HOME, VK_END = 0x22, 0x21, 0x24, 0x23
 SHEETS = 84  # for 250 forms, three to a sheet
 SHOWN = 40
+A4_HEIGHT_POINTS, TWIPS_PER_POINT, TWIPS_PER_DOT, TITLE_BAR_TWIPS = 842, 20, 15, 375
 TOO_LONG = ("Er zijn meer dan 40 pagina's gevonden, in het afdrukvoorbeeld worden maximaal 40 pagina's getoond.")
 
 FIRST, BACK, ON, LAST, LEAVE = (f"click frmPrintPreview.Toolbar({number})" for number in (3, 4, 5, 6, 8))
@@ -61,6 +62,20 @@ def walk(office, failures):
         failures.equal(look(user), (f"Pagina: {page}", place), command)
 
 
+def check_ghost(office, failures):
+    """The window that the pages are drawn for is as large as the paper, though no screen is: its hook moves the bounds."""
+    user = office.user
+    _, screen_height = (int(word) for word in user.agent.ask("screen").split())
+    ghost = next(top for top in user.program.tops() if top.kind == "frmPrintPreviewGhost")  # it has no controls
+    _, _, _, height = user.area(ghost.handle)
+    title_bar = TITLE_BAR_TWIPS // TWIPS_PER_DOT
+    least = int(A4_HEIGHT_POINTS * TWIPS_PER_POINT) // TWIPS_PER_DOT - title_bar
+    print(f"the screen is {screen_height} dots high, the page {least}, the window {height}")
+    failures.equal(least > screen_height, True, "the page is higher than the screen")
+    failures.equal(height >= least, True, "the window is as high as the page")
+    failures.equal(ghost.visible, False, "nobody sees it")
+
+
 def check(office, failures):
     user = office.user
     office.start_at_the_last_page()
@@ -71,6 +86,8 @@ def check(office, failures):
     failures.equal(user.value("frmPrintPreview.StatusBar(2).Text"), f"Totaal aantal pagina's : {SHOWN}", "pages are counted")
     failures.equal(look(user), ("Pagina: 1", 0), "it begins at the top of the first page")
     walk(office, failures)
+
+    check_ghost(office, failures)
 
     office.play("menu frmPrintPreview ID_Sluiten")
     failures.equal(user.shown, ["frmMain", "frmPrintManager"], "the menu closes the preview")

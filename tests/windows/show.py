@@ -13,12 +13,12 @@ import pathlib
 import shutil
 import subprocess
 import tempfile
-import time
 
 from agent import Agent, Registry
 from control_ids import Ids
-from player import SETTINGS, Player
+from player import Player
 from print_server import PrintServer
+from watcher import SETTINGS
 from wine_prefix import LOADER, WinePrefix, user_prefix
 
 # What the user does, and the name of the picture that is taken after it.
@@ -33,14 +33,14 @@ STORY = [
     ("click frmPrintManager.cmdDetails", "manager-details"),
     ("click frmPrintManager.cmdDetails", None),
     ("pick frmPrintManager.lstAfdrukken 0", None),
+    ("paste frmPrintManager.UserText(0) 0", None),
+    ("click frmPrintManager.cmdPrint", None),  # the message box has its picture taken before it is answered
+    ("paste frmPrintManager.UserText(0) 1", None),
     ("click frmPrintManager.cmdPrintVoorbeeld", "preview"),
     ("key frmPrintPreview 34", "preview-2"),
     ("key frmPrintPreview 27", None),
 ]
 DOCUMENTS = ["testformulieren", "naamlijst", "kalibratie"]
-
-
-PAINT_SECONDS = 0.2  # a window that stays the same for so long has been painted
 
 
 class Screen:
@@ -88,10 +88,11 @@ def demonstrate(prefix, build, out, dpi):
         ends.callback(agent.close)
         player = Player(agent, Registry(agent), prefix.windows_path(build / "bin" / "drukkeuring.exe"),
                         Ids.of(prefix, build))
+        player.on_box = lambda box: screen.picture(player.area(box), out / "message.png")
         for command, picture in STORY:
             player.play([command], finish=False)
             if picture:
-                screen.picture(player.front_area(), out / f"{picture}.png")
+                screen.picture(player.area(player.front().handle), out / f"{picture}.png")
         for number, name in enumerate(DOCUMENTS):
             if number > 0:
                 player.play(["click frmMain.cmdPrinten"], finish=False)

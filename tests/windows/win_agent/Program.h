@@ -1,0 +1,20 @@
+#pragma once
+
+#include <windows.h>
+
+#include <istream>
+#include <string>
+
+/// The program that is worked.
+struct Program {
+    HANDLE Process = nullptr;
+    DWORD Id = 0;
+    DWORD Thread = 0;
+    /// The agent is attached to its keyboard.
+    bool SharesKeyboard = false;
+};
+extern Program program;
+
+std::string StartProgram(std::istream& in);
+std::string State(std::istream& in);
+std::string Terminate(std::istream& in);
