@@ -1,7 +1,9 @@
 #include "platform/windows/GdiObjects.h"
+#include "platform/windows/Scale.h"
 #include "platform/windows/WinBitmaps.h"
 #include "windows/check/Check.h"
 
+#include <cmath>
 #include <limits>
 #include <memory>
 
@@ -11,6 +13,7 @@ namespace {
 
 constexpr double Width = 11906;
 constexpr double Height = 16838;
+constexpr double TwipsPerInch = 1440;
 constexpr int Rounds = 200;
 constexpr int OutOfMemory = 7;
 
@@ -47,31 +50,36 @@ void CheckBitmaps() {
     CheckNear(blank->Width(), Width, 0, "a picture is as wide as asked for");
     CheckNear(blank->Height(), Height, 0, "and as high");
     const SIZE dots = dynamic_cast<const WinPageBitmap&>(*blank).Dots();
-    CheckEqual(dots.cx, 794, "at 96 dots to the inch");
+    // The forms' own density: the system's font may make them larger than in their design.
+    const int inch = ScreenScale().DotsPerInch();
+    CheckEqual(dots.cx, static_cast<LONG>(std::ceil(Width * inch / TwipsPerInch)),
+               "at the density of the forms");
     CheckEqual(DotAt(*blank, 0, 0), RGB(255, 255, 255), "white at first");
     CheckEqual(DotAt(*blank, dots.cx - 1, dots.cy - 1), RGB(255, 255, 255), "all over");
 
-    page->Drawing().DrawLine(0, 1500, 3000, 1500, 0x0000FF);
+    page->Drawing().DrawLine(0, TwipsPerInch, 3000, TwipsPerInch, 0x0000FF);
     const auto lined = page->Image();
-    CheckEqual(DotAt(*lined, 100, 100), RGB(255, 0, 0), "a red line lies at its place");
-    CheckEqual(DotAt(*lined, 100, 101), RGB(255, 255, 255), "one dot wide");
-    CheckEqual(DotAt(*blank, 100, 100), RGB(255, 255, 255), "a picture that was given stays as it was");
+    CheckEqual(DotAt(*lined, 100, inch), RGB(255, 0, 0), "a red line lies at its place");
+    CheckEqual(DotAt(*lined, 100, inch + 1), RGB(255, 255, 255), "one dot wide");
+    CheckEqual(DotAt(*blank, 100, inch), RGB(255, 255, 255), "a picture that was given stays as it was");
 
-    page->Drawing().DrawLine(0, 3000, 3000, 3000, 0);
-    Check(DotAt(*page->Image(), 100, 100) == RGB(255, 0, 0) &&
-              DotAt(*page->Image(), 100, 200) == RGB(0, 0, 0),
+    page->Drawing().DrawLine(0, 2 * TwipsPerInch, 3000, 2 * TwipsPerInch, 0);
+    Check(DotAt(*page->Image(), 100, inch) == RGB(255, 0, 0) &&
+              DotAt(*page->Image(), 100, 2 * inch) == RGB(0, 0, 0),
           "drawing goes on upon what was there");
     page->Cls();
-    CheckEqual(DotAt(*page->Image(), 100, 200), RGB(255, 255, 255), "a wiped page is white");
-    CheckEqual(DotAt(*lined, 100, 100), RGB(255, 0, 0), "and its pictures are not");
+    CheckEqual(DotAt(*page->Image(), 100, 2 * inch), RGB(255, 255, 255), "a wiped page is white");
+    CheckEqual(DotAt(*lined, 100, inch), RGB(255, 0, 0), "and its pictures are not");
 
     const platform::FontSpec font{"Tahoma", 12, false};
-    page->Drawing().DrawText(1500, 750, "HHHHHHHHHHHHHHHHHHHH", font);
+    page->Drawing().DrawText(TwipsPerInch, TwipsPerInch / 2, "HHHHHHHHHHHHHHHHHHHH", font);
     const RECT ink = Ink(*page->Image(), {500, 120});
     const platform::TextSize size = page->Drawing().MeasureText("HHHHHHHHHHHHHHHHHHHH", font);
-    CheckNear(ink.left, 101, 2, "a text begins at its place");
-    CheckNear(ink.right, (1500 + size.Width) / 15 - 1, 2, "and ends where its measure says");
-    Check(ink.top >= 50 && ink.bottom <= 50 + size.Height / 15, "and stands below the cursor");
+    CheckNear(ink.left, inch + 1, 2, "a text begins at its place");
+    CheckNear(ink.right, (TwipsPerInch + size.Width) * inch / TwipsPerInch - 1, 2,
+              "and ends where its measure says");
+    Check(ink.top >= inch / 2 && ink.bottom <= inch / 2 + size.Height * inch / TwipsPerInch,
+          "and stands below the cursor");
     page->Drawing().EndDocument();
     Check(DotAt(*page->Image(), 0, 0) == RGB(255, 255, 255), "the end of the document changes nothing");
 
