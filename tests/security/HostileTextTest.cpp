@@ -1,7 +1,6 @@
 // Texts that would do harm if anything took them for more than texts: as the title of a document and as the
 // wording of a printer.
 
-#include "platform/qt/CupsJob.h"
 #include "platform/qt/PdfPrinter.h"
 #include "platform/qt/QtPrinter.h"
 #include "platform/qt/QtText.h"
@@ -14,6 +13,7 @@
 
 #include <gtest/gtest.h>
 
+#include <optional>
 #include <string>
 #include <vector>
 
