@@ -87,10 +87,14 @@ void QtTextBox::ShowSelection() {
     }
 }
 
-void QtTextBox::MirrorContent(forms::Aspect aspect) {
+void QtTextBox::Mirror(forms::Aspect aspect) {
+    QtControl::Mirror(aspect);
     if (aspect == forms::Aspect::Enabled) {
         edit_->setReadOnly(model_.Locked());
     }
+}
+
+void QtTextBox::MirrorContent(forms::Aspect aspect) {
     if (aspect != forms::Aspect::Text && aspect != forms::Aspect::Selection) {
         return;
     }

@@ -14,6 +14,7 @@ class QtTextBox final : public QtControl {
   public:
     QtTextBox(forms::TextBox& control, QtForm& form, QWidget* parent);
 
+    void Mirror(forms::Aspect aspect) override;
     void TakeFocus() override;
     bool KeyPressed(const QKeyEvent& event, int virtualKey) override;
     bool eventFilter(QObject* watched, QEvent* event) override;
