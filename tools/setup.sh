@@ -1,5 +1,5 @@
 #!/usr/bin/env bash
-# Installs the Debian packages that a task needs and that are missing: setup.sh run|test|fuzz|windows|wine|screen
+# Installs the Debian packages that a task needs and that are missing: setup.sh run|test|slow|fuzz|windows|wine|screen
 set -euo pipefail
 
 # To build the program.
@@ -28,12 +28,12 @@ screen=(libx11-6 libxext6 libxcomposite1 libxcursor1 libxfixes3 libxi6 libxinera
 case "${1:-}" in
   run) wanted=("${build[@]}" "${run[@]}") ;;
   test) wanted=("${build[@]}" "${run[@]}" "${test[@]}") ;;
-  slow) wanted=("${build[@]}" "${run[@]}" "${test[@]}" "${slow[@]}") ;;
   fuzz) wanted=("${build[@]}" "${fuzz[@]}") ;;
+  slow) wanted=("${build[@]}" "${run[@]}" "${test[@]}" "${slow[@]}") ;;
   windows) wanted=("${windows[@]}") ;;
   wine) wanted=("${windows[@]}" "${wine[@]}") ;;
   screen) wanted=("${screen[@]}") ;;
-  *) echo "usage: $0 run|test|fuzz|windows|wine|screen" >&2; exit 2 ;;
+  *) echo "usage: $0 run|test|slow|fuzz|windows|wine|screen" >&2; exit 2 ;;
 esac
 
 missing=()
