@@ -17,8 +17,8 @@ inline std::string FromQString(const QString& text) {
     return text.toStdString();
 }
 
-/// For a text from outside that becomes a tool tip: the toolkit shows that as it is written, and does not take
-/// its marks for a layout with pictures of files.
+/// For a text from outside that becomes a tool tip: the toolkit shows that as it is written, and does not
+/// take its marks for a layout with pictures of files.
 QString PlainToolTip(const QString& text);
 
 /// Number of characters in the first `units` units.

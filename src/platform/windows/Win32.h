@@ -1,8 +1,8 @@
 #pragma once
 
-// The Win32 headers, for all of this folder. Our own headers come first: Windows defines as macros some names that
-// they declare as constants. Macros that would rename our classes and members go again; the calls behind them are
-// named in full here (DrawTextW, GetPrinterA).
+// The Win32 headers, for all of this folder. Our own headers come first: Windows defines as macros some names
+// that they declare as constants. Macros that would rename our classes and members go again; the calls behind
+// them are named in full here (DrawTextW, GetPrinterA).
 #include "platform/Canvas.h"
 #include "platform/Desktop.h"
 #include "platform/Locale.h"
