@@ -1,5 +1,6 @@
 #include "platform/qt/QtMenuBar.h"
 
+#include <QEvent>
 #include <QMenu>
 #include <QMenuBar>
 

@@ -1,5 +1,6 @@
 #include "platform/qt/QtTextBox.h"
 
+#include <QApplication>
 #include <QInputMethodEvent>
 #include <QKeyEvent>
 #include <QLineEdit>
