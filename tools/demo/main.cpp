@@ -108,6 +108,28 @@ void LookAtThePreview(Player& player, const wizard::frmMain& form) {
     player.Click(Manager, "cmdAnnuleren");
 }
 
+// The two lists on the screen, as they come on paper.
+void LookAtTheLists(Player& player, const wizard::frmMain& form) {
+    struct List {
+        int Row;
+        const char* Picture;
+    };
+    constexpr List lists[] = {{1, "23-afdrukvoorbeeld-namenlijst"}, {2, "24-afdrukvoorbeeld-calibratie"}};
+    player.Step(
+        "wait for the manager to close", [&form] { return form.PrintManager() == nullptr; }, [] {});
+    player.Click(Wizard, "cmdPrinten");
+    for (const List& list : lists) {
+        player.PickRow(Manager, "lstAfdrukken", list.Row);
+        player.Click(Manager, "cmdPrintVoorbeeld");
+        player.WaitForWindow(Preview);
+        player.Picture(Preview, list.Picture);
+        player.Click(Preview, "Toolbar(8)");
+        player.Step(
+            "wait for the preview to end", [&form] { return !form.PrintManager()->blnBusy; }, [] {});
+    }
+    player.Click(Manager, "cmdAnnuleren");
+}
+
 // A failure that the print manager tells, and the small form that no command opens as yet.
 void LookAtWhatIsRarelySeen(Player& player, const wizard::frmMain& form,
                             printmanager::frmPrintManagerSetup& setup) {
@@ -195,6 +217,7 @@ int main(int argc, char** argv) {
         Print(player, form, document, FileOf(folder, document));
     }
     LookAtThePreview(player, form);
+    LookAtTheLists(player, form);
     printmanager::frmPrintManagerSetup setup(session, platform.Services(), state);
     LookAtWhatIsRarelySeen(player, form, setup);
     player.Picture(Wizard, "22-gereed");
