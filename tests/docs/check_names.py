@@ -1,0 +1,102 @@
+#!/usr/bin/env python3
+"""Checks what the documents name between backticks: files and folders of the project, and names of its code.
+
+A path is one from the root or from src/ on ("platform/qt"), or of a file by its name alone ("QtTextBox.cpp"). A name, or a
+"Class::Member", has to be found in the sources. Commands, and files of the machine, are not looked at.
+"""
+import functools
+import os
+import pathlib
+import re
+import sys
+
+import markdown
+from markdown import ROOT
+
+# What the program and its build make, and what belongs to the machine.
+MADE = re.compile(r"^(build|out)(/|$)|^[~/$.]|^\.\.")
+MADE_NAMES = {"printrap.log", "settings.reg", "pdf-bestand.conf", "QtProject.conf", "drukkeuring.exe"}
+PATH = re.compile(r"^[\w.…*{},-]+(/[\w.…*{},-]+)+/?$")
+FILE = re.compile(r"^[\w.-]+\.(cpp|h|py|sh|inc|md|txt|json|reg|svg|qrc|cmake|scenario|jsonl|in|log|conf|exe)$")
+MEMBER = re.compile(r"^((?:\w+::)+)(~?\w+)(?:\(.*\))?$")
+NAME = re.compile(r"^\w*[A-Za-z]\w*(?:\(\))?$")
+
+
+@functools.cache
+def files():
+    """The files of the project, without what a build makes."""
+    found = []
+    for folder, below, names in os.walk(ROOT):
+        here = pathlib.Path(folder).relative_to(ROOT)
+        below[:] = [name for name in below if (here / name).as_posix() not in {"build", "out", ".git"}
+                    and name != "__pycache__"]
+        found += [(here / name).as_posix() for name in names]
+    return sorted(found)
+
+
+@functools.cache
+def code():
+    """All that is no document, by file."""
+    found = {}
+    for name in files():
+        if not re.search(r"\.(md|png|ico|jsonl)$|/corpus/", name):
+            found[name] = (ROOT / name).read_bytes().decode("utf-8", "replace")
+    # The exported settings are UTF-16.
+    found["examples/tarvik.reg"] = (ROOT / "examples/tarvik.reg").read_text(encoding="utf-16")
+    return found
+
+
+@functools.cache
+def words():
+    return {word for text in code().values() for word in re.findall(r"\w+", text)}
+
+
+def is_path(name):
+    name = name.rstrip("/")
+    if any((base / name).exists() for base in (ROOT, ROOT / "src", ROOT / "src" / "platform")):
+        return True
+    return "*" in name and any(base.glob(name) for base in (ROOT, ROOT / "src") if next(base.glob(name), None))
+
+
+def is_member(owner, member):
+    """True if some file that defines the owner, or its members, has the member."""
+    defines = re.compile(rf"\b(?:class|struct|enum|enum class|namespace)\s+(?:\w+::)*{owner}\b")
+    named = re.compile(rf"\b{owner}::{member}\b")
+    return any(named.search(text) or (defines.search(text) and re.search(rf"\b{member}\b", text))
+               for text in code().values())
+
+
+def complaint(name):
+    """What is wrong with a name, or nothing."""
+    if MADE.match(name) or name in MADE_NAMES:
+        return None
+    if PATH.match(name):
+        return None if is_path(name) else "no such file or folder"
+    if FILE.match(name):
+        return None if any(file.rsplit("/", 1)[-1] == name for file in files()) else "no such file"
+    member = MEMBER.match(name)
+    if member:
+        owner = member[1].rstrip(":").split("::")[-1]
+        return None if is_member(owner, member[2]) else "no such member"
+    if NAME.match(name):
+        return None if name.removesuffix("()") in words() else "no such name in the sources"
+    return None
+
+
+def complaints():
+    for path in markdown.documents():
+        for line, name in markdown.spans(path.read_text(encoding="utf-8")):
+            wrong = complaint(name)
+            if wrong:
+                yield f"{path.relative_to(ROOT)}:{line}: `{name}`: {wrong}"
+        yield from markdown.broken_links(path)
+
+
+def main():
+    found = list(complaints())
+    print("\n".join(found) or "All that the documents name is there.")
+    return 1 if found else 0
+
+
+if __name__ == "__main__":
+    sys.exit(main())
