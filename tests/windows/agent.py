@@ -107,8 +107,9 @@ class Program:
     """The running program: its top windows, and what the user does with them."""
 
     def __init__(self, agent, command_line):
+        """`command_line` may also be the path of a shortcut, which is opened as the desktop does."""
         self.agent = agent
-        answer = agent.ask("start", hex_of(command_line))
+        answer = agent.ask("open" if command_line.endswith(".lnk") else "start", hex_of(command_line))
         if answer != "ok":
             raise RuntimeError(f"the program does not start: {answer}")
 

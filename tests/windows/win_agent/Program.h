@@ -16,5 +16,6 @@ struct Program {
 extern Program program;
 
 std::string StartProgram(std::istream& in);
+std::string OpenShortcut(std::istream& in);
 std::string State(std::istream& in);
 std::string Terminate(std::istream& in);

@@ -20,6 +20,7 @@ struct Command {
 
 constexpr Command commands[] = {
     {"start", StartProgram},
+    {"open", OpenShortcut},
     {"state", State},
     {"terminate", Terminate},
     {"windows", Windows},
