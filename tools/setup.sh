@@ -1,5 +1,6 @@
 #!/usr/bin/env bash
-# Installs the Debian packages that a task needs and that are missing: setup.sh run|test|slow|fuzz|windows|wine|screen
+# Installs the Debian packages that a task needs and that are missing:
+# setup.sh build|run|test|slow|fuzz|windows|wine|screen|package
 set -euo pipefail
 
 # To build the program.
@@ -9,8 +10,8 @@ run=(fonts-wine fonts-ocr-b fonts-dejavu-core qt6-translations-l10n)
 # To test it.
 test=(libgtest-dev libgmock-dev libbenchmark-dev python3 poppler-utils
       cups-daemon cups-client strace)
-# Tests that take minutes: a reader of print.
-slow=(tesseract-ocr tesseract-ocr-eng)
+# Tests that take minutes: a reader of print, a fresh machine, its screen and keyboard.
+slow=(tesseract-ocr tesseract-ocr-eng debootstrap xvfb xauth xdotool imagemagick)
 
 # To build the fuzzers.
 fuzz=(clang-14 libclang-rt-14-dev)
@@ -25,7 +26,11 @@ wine=(wine64 wine64-preloader libgnutls30 libcups2 fonts-wine fonts-ocr-b python
 screen=(libx11-6 libxext6 libxcomposite1 libxcursor1 libxfixes3 libxi6 libxinerama1 libxrandr2 libxrender1 libxxf86vm1
         xvfb xauth imagemagick)
 
+# To make the packages of both systems, and to look into them.
+package=(dpkg-dev librsvg2-bin nsis lintian desktop-file-utils appstream man-db groff-base binutils)
+
 case "${1:-}" in
+  build) wanted=("${build[@]}") ;;
   run) wanted=("${build[@]}" "${run[@]}") ;;
   test) wanted=("${build[@]}" "${run[@]}" "${test[@]}") ;;
   fuzz) wanted=("${build[@]}" "${fuzz[@]}") ;;
@@ -33,7 +38,8 @@ case "${1:-}" in
   windows) wanted=("${windows[@]}") ;;
   wine) wanted=("${windows[@]}" "${wine[@]}") ;;
   screen) wanted=("${screen[@]}") ;;
-  *) echo "usage: $0 run|test|slow|fuzz|windows|wine|screen" >&2; exit 2 ;;
+  package) wanted=("${package[@]}") ;;
+  *) echo "usage: $0 build|run|test|slow|fuzz|windows|wine|screen|package" >&2; exit 2 ;;
 esac
 
 missing=()

@@ -1,0 +1,35 @@
+#!/usr/bin/env bash
+# Makes the packages that users install, in dist/: the Debian package, and the setup and the zip of the Windows program.
+# package.sh [debian|windows], or both.
+set -euo pipefail
+cd "$(dirname "$(readlink -f "$0")")/.."
+
+usage() { echo "usage: $0 [debian|windows]" >&2; exit 2; }
+[ $# -le 1 ] || usage
+
+debian() {
+  tools/setup.sh build
+  tools/setup.sh package
+  cmake --preset release -DDRUKKEURING_TESTS=OFF -DDRUKKEURING_BENCHMARKS=OFF >/dev/null
+  cmake --build --preset release --target drukkeuring installed_files
+  cpack --config build/CPackConfig.cmake -B build/packages >/dev/null
+  cp build/packages/drukkeuring_"$version"_amd64.deb dist/
+}
+
+windows() {
+  tools/setup.sh windows
+  tools/setup.sh package
+  cmake --preset windows -DDRUKKEURING_TESTS=OFF >/dev/null
+  cmake --build --preset windows --target packages
+  cp build/windows/packages/drukkeuring-{setup-"$version".exe,"$version"-windows.zip} dist/
+}
+
+version=$(sed -nE 's/^project\(drukkeuring VERSION ([0-9.]+) .*/\1/p' CMakeLists.txt)
+mkdir -p dist
+case "${1:-}" in
+  "") debian; windows ;;
+  debian) debian ;;
+  windows) windows ;;
+  *) usage ;;
+esac
+ls -1 dist
