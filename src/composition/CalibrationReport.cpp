@@ -18,13 +18,13 @@ namespace text = platform::text;
 
 namespace {
 
-constexpr double rightColumnTwips = 5000; ///< from the left margin
-constexpr double labelIndentTwips = 150;
-constexpr double valueIndentTwips = 1500;
-constexpr double linesBelowTitle = 1.5;
-constexpr double linesBelowValues = 0.2;
+constexpr double RightColumnTwips = 5000; ///< from the left margin
+constexpr double LabelIndentTwips = 150;
+constexpr double ValueIndentTwips = 1500;
+constexpr double LinesBelowTitle = 1.5;
+constexpr double LinesBelowValues = 0.2;
 
-constexpr std::array<std::string_view, 4> places = {"Acceptgiro 1", "Acceptgiro 2", "Acceptgiro 3",
+constexpr std::array<std::string_view, 4> Places = {"Acceptgiro 1", "Acceptgiro 2", "Acceptgiro 3",
                                                     "Acceptgiro onder brief"};
 
 /// The calibration of one part of the form.
@@ -67,7 +67,7 @@ class Report {
         PrintNotes(left);
         PrintFontSample(left);
         steps_.OnSurface([&](PrintSurface& surface) { surface.SetCurrentY(columnTop); });
-        PrintColumn(rightSections, left + rightColumnTwips);
+        PrintColumn(rightSections, left + RightColumnTwips);
     }
 
   private:
@@ -84,31 +84,31 @@ class Report {
         steps_.OnSurface([](PrintSurface& surface) { surface.SetFontBold(true); });
         steps_.Print(x, section.title);
         steps_.OnSurface([](PrintSurface& surface) { surface.SetFontBold(false); });
-        steps_.RegelVerder(linesBelowTitle);
+        steps_.RegelVerder(LinesBelowTitle);
         // The first X value alone tells whether this part was ever calibrated.
         if (section.x.front().empty()) {
             steps_.PrintLine(x, "Geen calibratie ingegeven !");
             return;
         }
-        for (std::size_t i = 0; i < places.size(); ++i) {
-            steps_.PrintLine(x, places[i]);
+        for (std::size_t i = 0; i < Places.size(); ++i) {
+            steps_.PrintLine(x, Places[i]);
             PrintValue("X-waarde :", section.x[i], section.withCorrection, x);
             PrintValue("Y-waarde :", section.y[i], section.withCorrection, x);
-            steps_.RegelVerder(linesBelowValues);
+            steps_.RegelVerder(LinesBelowValues);
         }
     }
 
     void PrintValue(std::string_view label, std::string_view value, bool withCorrection, double x) {
         value = text::Trim(value);
-        steps_.Print(x + labelIndentTwips, label);
+        steps_.Print(x + LabelIndentTwips, label);
         if (!withCorrection) {
-            steps_.PrintLine(x + valueIndentTwips, value);
+            steps_.PrintLine(x + ValueIndentTwips, value);
             return;
         }
         std::string line(value);
         line.append("  - Correctie naar printer: ");
         line.append(std::to_string(Kalibreer(state_, locale_, 0, value)));
-        steps_.PrintLine(x + valueIndentTwips, line);
+        steps_.PrintLine(x + ValueIndentTwips, line);
     }
 
     void PrintNotes(double left) {

@@ -12,37 +12,37 @@ struct ContractRow {
     std::string_view report;
 };
 
-constexpr std::array<ContractRow, 6> contracts = {{
-    {contractA, "Contract A", "Contract A"},
-    {contractB, "Contract B", "Contract B"},
-    {contractCBlank, "C-contract - Blanco acceptgiro", "C-Contract - Blanco acceptgiro zonder servicenr."},
-    {contractSBlank, "S-Certificaat - Blanco acceptgiro met servicenr.",
+constexpr std::array<ContractRow, 6> Contracts = {{
+    {ContractA, "Contract A", "Contract A"},
+    {ContractB, "Contract B", "Contract B"},
+    {ContractCBlank, "C-contract - Blanco acceptgiro", "C-Contract - Blanco acceptgiro zonder servicenr."},
+    {ContractSBlank, "S-Certificaat - Blanco acceptgiro met servicenr.",
      "S-Certificaat - Blanco acceptgiro met servicenr."},
-    {contractCPreprinted, "C-contract - Voorbedrukte acceptgiro", "C-Contract - Voorbedrukte acceptgiro"},
-    {contractCAccount, "C-contract - Voorbedrukte acceptgiro, rekeningnr. incassant afdrukken.",
+    {ContractCPreprinted, "C-contract - Voorbedrukte acceptgiro", "C-Contract - Voorbedrukte acceptgiro"},
+    {ContractCAccount, "C-contract - Voorbedrukte acceptgiro, rekeningnr. incassant afdrukken.",
      "C-contract - Voorbedrukte acceptgiro, rekeningnr. incassant afdrukken."},
 }};
 
-constexpr std::string_view noContract = "Er is (nog) geen contractsoort ingesteld.";
+constexpr std::string_view NoContract = "Er is (nog) geen contractsoort ingesteld.";
 
 struct TypeRow {
     std::int16_t acceptgiroType;
     std::string_view report;
 };
 
-constexpr std::array<TypeRow, 3> types = {{
-    {typeNarrowStub, "Acceptgiro's, 3 op 1 vel, smalle souche"},
-    {typeWideStub, "Acceptgiro's, 3 op 1 vel, brede souche"},
-    {typeUnderLetter, "Acceptgiro onder brief, smalle souche"},
+constexpr std::array<TypeRow, 3> Types = {{
+    {TypeNarrowStub, "Acceptgiro's, 3 op 1 vel, smalle souche"},
+    {TypeWideStub, "Acceptgiro's, 3 op 1 vel, brede souche"},
+    {TypeUnderLetter, "Acceptgiro onder brief, smalle souche"},
 }};
 
 std::string_view ContractText(std::int16_t contractVorm, std::string_view ContractRow::*wording) {
-    for (const ContractRow& row : contracts) {
+    for (const ContractRow& row : Contracts) {
         if (row.contractVorm == contractVorm) {
             return row.*wording;
         }
     }
-    return noContract;
+    return NoContract;
 }
 
 } // namespace
@@ -56,7 +56,7 @@ std::string_view ContractReportText(std::int16_t contractVorm) {
 }
 
 std::string_view AcceptgiroTypeText(std::int16_t acceptgiroType) {
-    for (const TypeRow& row : types) {
+    for (const TypeRow& row : Types) {
         if (row.acceptgiroType == acceptgiroType) {
             return row.report;
         }

@@ -16,10 +16,10 @@ using platform::Resume;
 
 namespace {
 
-constexpr std::int16_t paperLegal = 5;
-constexpr std::int16_t previewOpen = 0;
-constexpr std::int16_t previewClose = 1;
-constexpr std::int16_t allDone = 100; ///< percent
+constexpr std::int16_t PaperLegal = 5;
+constexpr std::int16_t PreviewOpen = 0;
+constexpr std::int16_t PreviewClose = 1;
+constexpr std::int16_t AllDone = 100; ///< percent
 
 /// The printable area begins at the offset, so the corner of the paper lies before it.
 std::int32_t PaperCorner(std::int32_t physicalOffset) {
@@ -34,11 +34,11 @@ void Afdrukken(wizard::AppState& state, platform::Platform& platform, RunHost& h
     host.LaadInstellingen();
 
     if (blnPrintPreview) {
-        Resume([&] { host.OpenPreview(previewOpen); });
+        Resume([&] { host.OpenPreview(PreviewOpen); });
     } else {
         Resume([&] { host.OpenPrinter(); });
         if (!state.MatrixPrinter && state.OverrulePaperSize) {
-            Resume([&] { SurfaceOf(state).SetPaperSize(paperLegal); });
+            Resume([&] { SurfaceOf(state).SetPaperSize(PaperLegal); });
         }
     }
 
@@ -54,25 +54,25 @@ void Afdrukken(wizard::AppState& state, platform::Platform& platform, RunHost& h
     Resume([&] { aantal = platform::Int32OfText(host.CountText()); });
 
     switch (iMethod) {
-    case documentTestForms:
+    case DocumentTestForms:
         TestFormRun(state, platform, host, corner).Print(aantal, num_copies);
         break;
-    case documentNameList:
+    case DocumentNameList:
         PrintNameList(state);
         break;
-    case documentCalibration:
+    case DocumentCalibration:
         PrintCalibrationReport(state, platform.Locale);
         break;
     default:
         break;
     }
 
-    Resume([&] { host.UpdatePercentage(allDone); });
+    Resume([&] { host.UpdatePercentage(AllDone); });
     Resume([&] { SurfaceOf(state).SetFontSize(ListFontPoints); });
     Resume([&] { SurfaceOf(state).EndDoc(); });
     if (blnPrintPreview) {
         Resume([&] { host.ShowPreview(); });
-        Resume([&] { host.OpenPreview(previewClose); });
+        Resume([&] { host.OpenPreview(PreviewClose); });
     }
     Resume([&] { host.HourglassOff(); });
 }

@@ -14,9 +14,9 @@ struct AppState;
 namespace composition {
 
 // Numbers of the documents, in the order in which the wizard offers them.
-inline constexpr std::int16_t documentTestForms = 1;
-inline constexpr std::int16_t documentNameList = 2;
-inline constexpr std::int16_t documentCalibration = 3;
+inline constexpr std::int16_t DocumentTestForms = 1;
+inline constexpr std::int16_t DocumentNameList = 2;
+inline constexpr std::int16_t DocumentCalibration = 3;
 
 /// Composes one document as one print job, on paper or in the preview, which the user then sees until he
 /// leaves it. `num_copies` counts for the test forms alone. From the opening of the surface on, a step that

@@ -6,7 +6,7 @@
 namespace composition {
 
 std::int16_t PlaceOf(const wizard::AppState& state, std::int16_t positie) {
-    return state.AcceptgiroType == typeUnderLetter ? placeUnderLetter : positie;
+    return state.AcceptgiroType == TypeUnderLetter ? PlaceUnderLetter : positie;
 }
 
 Twips CalibratedForm(const wizard::AppState& state, platform::Locale& locale, Twips corner,

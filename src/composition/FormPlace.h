@@ -15,9 +15,9 @@ class Locale;
 namespace composition {
 
 /// Place of the form under a letter, behind the three places of a sheet.
-inline constexpr std::int16_t placeUnderLetter = 4;
+inline constexpr std::int16_t PlaceUnderLetter = 4;
 
-/// `positie`, 1 to 3 on a sheet, or placeUnderLetter where the stationery is that.
+/// `positie`, 1 to 3 on a sheet, or PlaceUnderLetter where the stationery is that.
 std::int16_t PlaceOf(const wizard::AppState& state, std::int16_t positie);
 
 /// The setting of a calibration for a place; RuntimeError with ErrorSubscriptOutOfRange if it has none.

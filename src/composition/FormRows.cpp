@@ -13,7 +13,7 @@ namespace composition {
 
 namespace {
 
-constexpr double stubRightEdgeCm = 3.7;
+constexpr double StubRightEdgeCm = 3.7;
 
 bool IsDrawn(const wizard::AppState& state, const FormRow& row, std::string_view text) {
     switch (row.when) {
@@ -28,7 +28,7 @@ bool IsDrawn(const wizard::AppState& state, const FormRow& row, std::string_view
 }
 
 void MoveTo(PrintSurface& surface, const FormRow& row, double twipsPerCm, const RowValues& values) {
-    const RowShift shift = row.shift == rowHasNone ? RowShift{} : values.shifts[row.shift];
+    const RowShift shift = row.shift == RowHasNone ? RowShift{} : values.shifts[row.shift];
     if (row.xCm) {
         surface.SetCurrentX(std::max(row.leastXTwips, *row.xCm * twipsPerCm + values.corner.x + shift.x));
     }
@@ -62,17 +62,17 @@ void DrawRows(wizard::AppState& state, platform::Platform& platform, std::span<c
     PrintSurface& surface = SurfaceOf(state);
     const double twipsPerCm = state.TwipsPerCm;
     for (const FormRow& row : rows) {
-        std::string_view text = row.text == rowHasNone ? std::string_view() : values.texts[row.text];
+        std::string_view text = row.text == RowHasNone ? std::string_view() : values.texts[row.text];
         if (!IsDrawn(state, row, text)) {
             continue;
         }
-        if (row.font != rowHasNone) {
+        if (row.font != RowHasNone) {
             ChangeFont(state, platform, values.fonts[row.font], values.measureOnPrinter);
         }
         MoveTo(surface, row, twipsPerCm, values);
         if (row.clip) {
             text = KortTekst(surface, text, platform::ToInt32(surface.CurrentX()),
-                             platform::ToInt32(stubRightEdgeCm * twipsPerCm + values.corner.x));
+                             platform::ToInt32(StubRightEdgeCm * twipsPerCm + values.corner.x));
         }
         switch (row.way) {
         case RowWay::RightEdge:

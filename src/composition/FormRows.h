@@ -29,17 +29,17 @@ enum class RowWhen {
     NoPaymentTraffic, ///< only on forms without a payment reference, in whose place the text stands
 };
 
-inline constexpr std::size_t rowHasNone = static_cast<std::size_t>(-1);
+inline constexpr std::size_t RowHasNone = static_cast<std::size_t>(-1);
 
 struct FormRow {
-    std::size_t text = rowHasNone;
+    std::size_t text = RowHasNone;
     RowWhen when = RowWhen::Always;
     /// What changes in the font before the row.
-    std::size_t font = rowHasNone;
+    std::size_t font = RowHasNone;
     /// From the form's calibrated corner; without one the cursor stays where it is.
     std::optional<double> xCm = std::nullopt;
     std::optional<double> yCm = std::nullopt;
-    std::size_t shift = rowHasNone;
+    std::size_t shift = RowHasNone;
     RowWay way = RowWay::Print;
     /// Cut off at the right edge of the stub.
     bool clip = false;

@@ -8,20 +8,20 @@ namespace composition {
 namespace text = platform::text;
 
 namespace {
-constexpr std::size_t neverCut = 2; // characters
+constexpr std::size_t NeverCut = 2; // characters
 }
 
 std::string_view KortTekst(PrintSurface& surface, std::string_view tekst, std::int32_t x1, std::int32_t x2) {
     const double room = static_cast<double>(x2) - x1;
     const auto fits = [&](std::string_view part) { return surface.TextWidth(part) <= room; };
     std::size_t longest = text::Length(tekst);
-    if (longest <= neverCut || fits(tekst)) {
+    if (longest <= NeverCut || fits(tekst)) {
         return tekst;
     }
 
     // Cutting characters off one by one ends at the longest part that fits. A longer part is never narrower,
     // so halving finds the same place, also in a text of a size that nobody would print.
-    std::size_t shortest = neverCut;
+    std::size_t shortest = NeverCut;
     --longest;
     while (shortest < longest) {
         const std::size_t half = shortest + (longest - shortest + 1) / 2;

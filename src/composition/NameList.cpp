@@ -15,16 +15,16 @@ namespace composition {
 
 namespace {
 
-constexpr std::int32_t lastRow = 248;
-constexpr std::int16_t numberWidth = 3;
-constexpr std::int16_t linesKeptFree = 3;
+constexpr std::int32_t LastRow = 248;
+constexpr std::int16_t NumberWidth = 3;
+constexpr std::int16_t LinesKeptFree = 3;
 
 struct Column {
     double offsetTwips; ///< from the left margin
     std::string_view header;
 };
 
-constexpr std::array<Column, 4> columns = {{
+constexpr std::array<Column, 4> Columns = {{
     {0, "Naam"},
     {5000, "Adres"},
     {8000, "Postcode"},
@@ -33,7 +33,7 @@ constexpr std::array<Column, 4> columns = {{
 
 void Header(ListSteps& steps, double left) {
     steps.RegelVerder();
-    for (const Column& column : columns) {
+    for (const Column& column : Columns) {
         steps.Print(left + column.offsetTwips, column.header);
     }
     steps.RegelVerder();
@@ -50,19 +50,19 @@ void PrintNameList(const wizard::AppState& state) {
 
     testdata::Person person;
     std::string name;
-    for (std::int32_t row = 0; row <= lastRow; ++row) {
+    for (std::int32_t row = 0; row <= LastRow; ++row) {
         platform::Resume([&] { testdata::SplitPerson((*state.PersonTable)[row], person); });
-        name = payment::NulVulling(row + 1, numberWidth);
+        name = payment::NulVulling(row + 1, NumberWidth);
         name.append(" : ").append(person.naam).append(" ").append(person.partner);
-        const std::array<std::string_view, columns.size()> cells = {name, person.adres, person.postcode,
+        const std::array<std::string_view, Columns.size()> cells = {name, person.adres, person.postcode,
                                                                     person.woonplaats};
-        for (std::size_t i = 0; i < columns.size(); ++i) {
-            steps.Print(left + columns[i].offsetTwips, cells[i]);
+        for (std::size_t i = 0; i < Columns.size(); ++i) {
+            steps.Print(left + Columns[i].offsetTwips, cells[i]);
         }
         steps.RegelVerder();
 
         bool full = false;
-        platform::Resume([&] { full = PaginaVol(state, linesKeptFree); });
+        platform::Resume([&] { full = PaginaVol(state, LinesKeptFree); });
         if (full) {
             steps.OnSurface([](PrintSurface& surface) { surface.Newpage(); });
             Header(steps, left);

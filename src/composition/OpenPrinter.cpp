@@ -13,7 +13,7 @@ namespace composition {
 
 namespace {
 
-constexpr const char* lineBreak = "\r\n";
+constexpr const char* LineBreak = "\r\n";
 
 /// Numbers of the steps, by which a message names the one that failed.
 enum Regel : int {
@@ -37,7 +37,7 @@ FailureMessage MessageOf(const platform::RuntimeError& error) {
     switch (error.Number()) {
     case platform::ErrorInvalidPropertyValue:
         return {platform::MessageIcon::Exclamation,
-                std::string("Fout tijdens de initialisatie van de printer.") + lineBreak +
+                std::string("Fout tijdens de initialisatie van de printer.") + LineBreak +
                     "Waarschijnlijk kan de gekozen printer niet in de gekozen modus afdrukken."};
     case platform::ErrorPrinter:
         return {
@@ -46,10 +46,10 @@ FailureMessage MessageOf(const platform::RuntimeError& error) {
             "mogelijk."};
     default:
         return {platform::MessageIcon::Critical,
-                std::string("Fout tijdens de initialisatie van de printer.") + lineBreak +
+                std::string("Fout tijdens de initialisatie van de printer.") + LineBreak +
                     "Mocht u deze fout niet zelf kunnen oplossen en u kunt deze fout reproduceren neem dan "
                     "contact op met Ondor BV." +
-                    lineBreak + lineBreak + "Foutnummer: " + std::to_string(error.Number()) + " - " +
+                    LineBreak + LineBreak + "Foutnummer: " + std::to_string(error.Number()) + " - " +
                     error.Description()};
     }
 }
@@ -63,7 +63,7 @@ void OpenPrinter(wizard::AppState& state, platform::Platform& platform, PrinterS
             action();
         } catch (const platform::RuntimeError& error) {
             const FailureMessage message = MessageOf(error);
-            platform.Desktop.MsgBox(message.text + lineBreak + "Regel: " + std::to_string(regel),
+            platform.Desktop.MsgBox(message.text + LineBreak + "Regel: " + std::to_string(regel),
                                     message.icon, state.MessageTitle);
         }
     };

@@ -13,7 +13,7 @@ namespace composition {
 
 namespace {
 
-constexpr std::string_view plainFont = "Tahoma";
+constexpr std::string_view PlainFont = "Tahoma";
 
 enum Text : std::size_t {
     omschrijving1,
@@ -33,7 +33,7 @@ enum Text : std::size_t {
 enum Font : std::size_t { plain9, plain10, plain11, ocr, aboveName, nameAndAddress, fontCount };
 enum Shift : std::size_t { payer, shiftCount };
 
-constexpr std::array<FormRow, 15> narrowRows = {{
+constexpr std::array<FormRow, 15> NarrowRows = {{
     {.text = omschrijving1,
      .when = RowWhen::NoPaymentTraffic,
      .xCm = 0.5,
@@ -61,7 +61,7 @@ constexpr std::array<FormRow, 15> narrowRows = {{
     {.text = plaats, .xCm = 6.5, .shift = payer, .way = RowWay::PrintLine},
 }};
 
-constexpr std::array<FormRow, 13> wideRows = {{
+constexpr std::array<FormRow, 13> WideRows = {{
     {.text = omschrijving1, .when = RowWhen::NoPaymentTraffic, .xCm = 0.5, .yCm = 1.3, .leastXTwips = 0},
     {.text = omschrijving2, .when = RowWhen::NoPaymentTraffic, .xCm = 0.5, .yCm = 1.8, .leastXTwips = 0},
     {.text = euro, .xCm = 3, .yCm = 3, .way = RowWay::RightEdge},
@@ -82,8 +82,8 @@ struct SizeSetting {
     std::string name;
     double standardPoints;
 };
-const SizeSetting sizeAboveName = {"AcceptFontSizeNAW1", 9};
-const SizeSetting sizeNameAndAddress = {"AcceptFontSizeNAW2", 10};
+const SizeSetting SizeAboveName = {"AcceptFontSizeNAW1", 9};
+const SizeSetting SizeNameAndAddress = {"AcceptFontSizeNAW2", 10};
 
 double ReadSize(const wizard::AppState& state, platform::Platform& platform, const SizeSetting& setting) {
     std::string text = platform::modRegistry(platform.Registry)
@@ -99,9 +99,9 @@ void PrintFormulier(wizard::AppState& state, platform::Platform& platform, bool 
                     const FormulierTekst& tekst, std::int16_t positie) {
     positie = PlaceOf(state, positie);
     std::array<FontChange, fontCount> fonts = {};
-    fonts[plain9] = {.name = plainFont, .points = 9, .newLineHeight = true};
-    fonts[plain10] = {.name = plainFont, .points = 10, .newLineHeight = true};
-    fonts[plain11] = {.name = plainFont, .points = 11, .newLineHeight = true};
+    fonts[plain9] = {.name = PlainFont, .points = 9, .newLineHeight = true};
+    fonts[plain10] = {.name = PlainFont, .points = 10, .newLineHeight = true};
+    fonts[plain11] = {.name = PlainFont, .points = 11, .newLineHeight = true};
     ChangeFont(state, platform, fonts[plain9], true);
 
     platform::Locale& locale = platform.Locale;
@@ -118,17 +118,17 @@ void PrintFormulier(wizard::AppState& state, platform::Platform& platform, bool 
                               .corner = CalibratedForm(state, locale, corner, positie),
                               .measureOnPrinter = smalleStub};
     if (!smalleStub) {
-        DrawRows(state, platform, wideRows, values);
+        DrawRows(state, platform, WideRows, values);
         return;
     }
     fonts[ocr] = {.name = state.GMUFontName,
                   .points = platform::NumericValue(state.GMUFontSize),
                   .newLineHeight = true};
     fonts[aboveName] = {
-        .name = plainFont, .points = ReadSize(state, platform, sizeAboveName), .newLineHeight = true};
+        .name = PlainFont, .points = ReadSize(state, platform, SizeAboveName), .newLineHeight = true};
     fonts[nameAndAddress] = {
-        .name = plainFont, .points = ReadSize(state, platform, sizeNameAndAddress), .newLineHeight = true};
-    DrawRows(state, platform, narrowRows, values);
+        .name = PlainFont, .points = ReadSize(state, platform, SizeNameAndAddress), .newLineHeight = true};
+    DrawRows(state, platform, NarrowRows, values);
 }
 
 } // namespace composition

@@ -17,11 +17,11 @@ enum Text : std::size_t { rekening, naam, plaats, adresregel, textCount };
 enum Font : std::size_t { account8, stub6Bold, regular, accept9, accept7, accept7Bold, fontCount };
 enum Shift : std::size_t { stub, accept, shiftCount };
 
-constexpr double stubLeastXTwips = 10;
-constexpr double wideStubCm = 1; ///< by which the accept part begins further to the right
-constexpr double stubPoints = 6;
+constexpr double StubLeastXTwips = 10;
+constexpr double WideStubCm = 1; ///< by which the accept part begins further to the right
+constexpr double StubPoints = 6;
 
-constexpr std::array<FontChange, fontCount> fonts = {{
+constexpr std::array<FontChange, fontCount> FontsOfLines = {{
     {.points = 8},
     {.points = 6, .bold = true},
     {.bold = false},
@@ -30,22 +30,22 @@ constexpr std::array<FontChange, fontCount> fonts = {{
     {.points = 7, .bold = true},
 }};
 
-constexpr std::array<FormRow, 12> rows = {{
+constexpr std::array<FormRow, 12> Rows = {{
     {.text = rekening,
      .font = account8,
      .xCm = 0.25,
      .yCm = 7,
      .shift = stub,
-     .leastXTwips = stubLeastXTwips},
+     .leastXTwips = StubLeastXTwips},
     {.way = RowWay::LineFeed, .lines = 1.2},
     {.text = naam,
      .font = stub6Bold,
      .xCm = 0.25,
      .shift = stub,
      .clip = true,
-     .leastXTwips = stubLeastXTwips},
+     .leastXTwips = StubLeastXTwips},
     {.way = RowWay::LineFeed, .lines = 1},
-    {.text = plaats, .xCm = 0.25, .shift = stub, .clip = true, .leastXTwips = stubLeastXTwips},
+    {.text = plaats, .xCm = 0.25, .shift = stub, .clip = true, .leastXTwips = StubLeastXTwips},
     {.font = regular, .way = RowWay::LineFeed, .lines = 1},
     {.text = rekening, .font = accept9, .xCm = 6.5, .yCm = 6.5, .shift = accept},
     {.font = accept7, .way = RowWay::LineFeed, .lines = 1.3},
@@ -56,8 +56,8 @@ constexpr std::array<FormRow, 12> rows = {{
 }};
 
 bool IsOnStationery(std::int16_t contractVorm) {
-    return contractVorm == contractNone || contractVorm == contractA || contractVorm == contractB ||
-           contractVorm == contractCPreprinted;
+    return contractVorm == ContractNone || contractVorm == ContractA || contractVorm == ContractB ||
+           contractVorm == ContractCPreprinted;
 }
 
 std::string AddressLine(const IncassantTekst& incassant) {
@@ -77,7 +77,7 @@ void PrintIncassant(wizard::AppState& state, platform::Platform& platform, bool 
     if (IsOnStationery(state.GMUContractVorm) || !state.IncassantAfdrukken) {
         return;
     }
-    if (state.GMUContractVorm == contractCAccount) {
+    if (state.GMUContractVorm == ContractCAccount) {
         incassant.naam = incassant.adres = incassant.postcode = incassant.plaats = {};
     }
 
@@ -91,17 +91,17 @@ void PrintIncassant(wizard::AppState& state, platform::Platform& platform, bool 
     shifts[accept] =
         CalibratedShift(state, locale, state.AcceptGiroBGAcceptLinks, state.AcceptGiroBGAcceptLinks, positie);
     if (!smalleStub) {
-        shifts[accept].x += wideStubCm * state.TwipsPerCm;
+        shifts[accept].x += WideStubCm * state.TwipsPerCm;
     }
     const std::string addressLine = AddressLine(incassant);
     const std::array<std::string_view, textCount> texts = {incassant.rekening, incassant.naam,
                                                            incassant.plaats, addressLine};
 
     // The stub's lines stand at the height of its small print, the account among them.
-    ChangeFont(state, platform, {.points = stubPoints, .newLineHeight = true}, true);
-    DrawRows(state, platform, rows,
+    ChangeFont(state, platform, {.points = StubPoints, .newLineHeight = true}, true);
+    DrawRows(state, platform, Rows,
              {.texts = texts,
-              .fonts = fonts,
+              .fonts = FontsOfLines,
               .shifts = shifts,
               .corner = CalibratedForm(state, locale, corner, positie),
               .measureOnPrinter = true});

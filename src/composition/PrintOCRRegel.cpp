@@ -22,7 +22,7 @@ enum Text : std::size_t { wholeReference, firstHalf, secondHalf, serviceNumber, 
 enum Font : std::size_t { ocr, ocr9, plain, plain5, fontCount };
 enum Shift : std::size_t { accept, stub, shiftCount };
 
-constexpr std::array<FormRow, 5> referenceRows = {{
+constexpr std::array<FormRow, 5> ReferenceRows = {{
     {.text = wholeReference, .font = ocr, .xCm = 10, .yCm = 1.75, .shift = accept},
     {.text = firstHalf, .font = ocr9, .xCm = 0.5, .yCm = 1.3, .shift = stub, .leastXTwips = 0},
     {.text = secondHalf, .xCm = 0.5, .yCm = 1.8, .shift = stub, .leastXTwips = 0},
@@ -30,11 +30,11 @@ constexpr std::array<FormRow, 5> referenceRows = {{
     {.text = serviceNumber, .when = RowWhen::Filled, .font = plain5, .xCm = 15.7, .yCm = 6.44},
 }};
 
-constexpr double referencePoints = 11;
-constexpr double ocrLineYCm = 8.975;
-constexpr std::size_t firstHalfLength = 9;
-constexpr std::size_t secondHalfStart = 11;
-constexpr std::string_view serviceMark = "S";
+constexpr double ReferencePoints = 11;
+constexpr double OcrLineYCm = 8.975;
+constexpr std::size_t FirstHalfLength = 9;
+constexpr std::size_t SecondHalfStart = 11;
+constexpr std::string_view ServiceMark = "S";
 
 /// How a setting reads that was stored without a text.
 bool IsNul(std::string_view setting) {
@@ -45,7 +45,7 @@ bool IsNul(std::string_view setting) {
 
 void PrintOCRRegel(wizard::AppState& state, platform::Platform& platform, Twips corner,
                    payment::OcrValues values, std::int16_t& positie, payment::OcrLine& line) {
-    if (state.GMUContractVorm == contractNone || state.GMUContractVorm == contractA || !state.GMUVerkeer) {
+    if (state.GMUContractVorm == ContractNone || state.GMUContractVorm == ContractA || !state.GMUVerkeer) {
         return;
     }
     PrintSurface& surface = SurfaceOf(state);
@@ -73,14 +73,14 @@ void PrintOCRRegel(wizard::AppState& state, platform::Platform& platform, Twips 
         {.points = 5, .newLineHeight = true},
     }};
     std::string service;
-    if (state.GMUContractVorm == contractSBlank && !text::Trim(state.GMUServiceNr).empty()) {
-        service.append(state.GMUServiceNr).append(serviceMark);
+    if (state.GMUContractVorm == ContractSBlank && !text::Trim(state.GMUServiceNr).empty()) {
+        service.append(state.GMUServiceNr).append(ServiceMark);
     }
     const std::array<std::string_view, textCount> texts = {
-        line.groupedReference, text::Trim(text::Left(line.groupedReference, firstHalfLength)),
-        text::Trim(text::Mid(line.groupedReference, secondHalfStart)), service};
-    ChangeFont(state, platform, {.points = referencePoints, .newLineHeight = true}, false);
-    DrawRows(state, platform, referenceRows,
+        line.groupedReference, text::Trim(text::Left(line.groupedReference, FirstHalfLength)),
+        text::Trim(text::Mid(line.groupedReference, SecondHalfStart)), service};
+    ChangeFont(state, platform, {.points = ReferencePoints, .newLineHeight = true}, false);
+    DrawRows(state, platform, ReferenceRows,
              {.texts = texts,
               .fonts = fonts,
               .shifts = shifts,
@@ -91,8 +91,8 @@ void PrintOCRRegel(wizard::AppState& state, platform::Platform& platform, Twips 
     corner.y = Kalibreer(state, locale, corner.y, SettingAt(state.OCRTop, positie));
     corner.x = Kalibreer(state, locale, corner.x, SettingAt(state.OCRLinks, positie));
     ChangeFont(state, platform, fonts[ocr], false);
-    surface.SetCurrentY(ocrLineYCm * state.TwipsPerCm + corner.y);
-    for (const payment::OcrField& field : payment::ocrFields) {
+    surface.SetCurrentY(OcrLineYCm * state.TwipsPerCm + corner.y);
+    for (const payment::OcrField& field : payment::OcrFields) {
         surface.SetCurrentX(field.xCm * state.TwipsPerCm + corner.x);
         surface.Print(line.*field.text);
     }

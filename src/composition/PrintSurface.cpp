@@ -6,12 +6,12 @@
 namespace composition {
 
 namespace {
-constexpr double largestFontPoints = 32767;
-constexpr std::string_view anyLetter = "X";
+constexpr double LargestFontPoints = 32767;
+constexpr std::string_view AnyLetter = "X";
 } // namespace
 
 void PrintSurface::SetFontSize(double points) {
-    if (points > 0 && points <= largestFontPoints) {
+    if (points > 0 && points <= LargestFontPoints) {
         state_.Font.Size = points;
     }
 }
@@ -28,7 +28,7 @@ void PrintSurface::PrintLine(std::string_view text) {
     if (!text.empty()) {
         Page().DrawText(state_.CurrentX, state_.CurrentY, text, state_.Font);
     }
-    state_.CurrentY += TextHeight(text.empty() ? anyLetter : text);
+    state_.CurrentY += TextHeight(text.empty() ? AnyLetter : text);
     state_.CurrentX = 0;
 }
 

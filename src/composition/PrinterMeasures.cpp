@@ -13,12 +13,12 @@ using platform::Resume;
 namespace {
 
 /// Not 1440: existing calibrations depend on this factor.
-constexpr double offsetUnitsPerInch = 1400;
+constexpr double OffsetUnitsPerInch = 1400;
 
 std::int32_t PhysicalOffset(platform::Printer& printer, int offsetItem, int dotsPerInchItem) {
     const double offset = printer.GetDeviceCaps(offsetItem);
     const double dotsPerInch = printer.GetDeviceCaps(dotsPerInchItem);
-    return platform::ToInt32(offset / dotsPerInch * offsetUnitsPerInch);
+    return platform::ToInt32(offset / dotsPerInch * OffsetUnitsPerInch);
 }
 
 } // namespace

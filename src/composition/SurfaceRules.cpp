@@ -15,9 +15,9 @@ namespace composition {
 
 namespace {
 
-constexpr double lineSpacing = 1.1;
-constexpr int linesKeptFree = 2;
-constexpr double mmPerCm = 10;
+constexpr double LineSpacing = 1.1;
+constexpr int LinesKeptFree = 2;
+constexpr double MmPerCm = 10;
 
 /// Value of a plain decimal number as the user writes it: blanks around it, one sign, digits, one decimal
 /// mark.
@@ -42,13 +42,13 @@ std::optional<double> PlainDecimal(std::string_view text, char decimalMark) {
 } // namespace
 
 bool PaginaVol(const wizard::AppState& state, std::int16_t regels) {
-    const double below = static_cast<double>(regels + linesKeptFree) * state.LineHeight;
+    const double below = static_cast<double>(regels + LinesKeptFree) * state.LineHeight;
     return SurfaceOf(state).CurrentY() + below > state.PageHeight;
 }
 
 void RegelVerder(const wizard::AppState& state, double aantal) {
     PrintSurface& surface = SurfaceOf(state);
-    surface.SetCurrentY(surface.CurrentY() + aantal * state.LineHeight * lineSpacing);
+    surface.SetCurrentY(surface.CurrentY() + aantal * state.LineHeight * LineSpacing);
     surface.SetCurrentX(0);
 }
 
@@ -82,7 +82,7 @@ void TrekLijn(const wizard::AppState& state, std::int32_t x1, std::int32_t& x2, 
 
 std::int32_t Kalibreer(const wizard::AppState& state, platform::Locale& locale, std::int32_t basis,
                        std::string_view waarde) {
-    const double twipsPerMm = state.TwipsPerCm / mmPerCm;
+    const double twipsPerMm = state.TwipsPerCm / MmPerCm;
     const double place = platform::RoundTiesToEven(
         basis + twipsPerMm * PlainDecimal(waarde, locale.DecimalMark()).value_or(0));
     const bool fits = place >= std::numeric_limits<std::int32_t>::min() &&

@@ -23,12 +23,12 @@ using platform::Resume;
 
 namespace {
 
-constexpr std::int32_t lastRij = 248;
-constexpr std::string_view soort = "1";
+constexpr std::int32_t LastRij = 248;
+constexpr std::string_view Soort = "1";
 
 /// Tops of the forms on the stationery. The three of a sheet do not stand at one pitch.
-constexpr std::array<double, 3> sheetTopsCm = {0, 10.158, 20.317};
-constexpr double underLetterTopCm = 19.8;
+constexpr std::array<double, 3> SheetTopsCm = {0, 10.158, 20.317};
+constexpr double UnderLetterTopCm = 19.8;
 
 } // namespace
 
@@ -49,7 +49,7 @@ void TestFormRun::Print(std::int32_t aantal, std::int16_t copies) {
         Resume([&] {
             host_.UpdatePercentage(platform::ToInt16(static_cast<double>(draw_.Volgnummer) / aantal * 100));
         });
-        draw_.Rij = draw_.Rij < lastRij ? draw_.Rij + 1 : 0;
+        draw_.Rij = draw_.Rij < LastRij ? draw_.Rij + 1 : 0;
     }
 }
 
@@ -58,15 +58,15 @@ void TestFormRun::Formulier() {
         Resume([&] { SurfaceOf(state_).Newpage(); });
         nieuwePagina_ = false;
     }
-    if (state_.AcceptgiroType == typeUnderLetter) {
-        Resume([&] { corner_.y = TopAt(underLetterTopCm); });
+    if (state_.AcceptgiroType == TypeUnderLetter) {
+        Resume([&] { corner_.y = TopAt(UnderLetterTopCm); });
     }
     switch (state_.AcceptgiroType) {
-    case typeNarrowStub:
-    case typeUnderLetter:
+    case TypeNarrowStub:
+    case TypeUnderLetter:
         DrawPayerAndCreditor(true);
         break;
-    case typeWideStub:
+    case TypeWideStub:
         DrawPayerAndCreditor(false);
         break;
     default:
@@ -103,7 +103,7 @@ void TestFormRun::DrawOcrLine() {
     Resume([&] {
         const platform::DateTime now = platform_.Clock.Now();
         kenmerk_ =
-            payment::MaakBetalingskenmerk(document_.volgnummertekst, soort, payment::NulVulling(now.Month, 2),
+            payment::MaakBetalingskenmerk(document_.volgnummertekst, Soort, payment::NulVulling(now.Month, 2),
                                           payment::NulVulling(now.Year, 4));
     });
     const payment::OcrValues values = {.kenmerk = kenmerk_,
@@ -116,16 +116,16 @@ void TestFormRun::DrawOcrLine() {
 }
 
 void TestFormRun::TakeNextPlace() {
-    if (state_.AcceptgiroType == typeUnderLetter) {
+    if (state_.AcceptgiroType == TypeUnderLetter) {
         nieuwePagina_ = true;
         return;
     }
     ++plaats_;
-    if (plaats_ == static_cast<std::int16_t>(sheetTopsCm.size())) {
+    if (plaats_ == static_cast<std::int16_t>(SheetTopsCm.size())) {
         nieuwePagina_ = true;
         plaats_ = 0;
     }
-    Resume([&] { corner_.y = TopAt(sheetTopsCm[static_cast<std::size_t>(plaats_)]); });
+    Resume([&] { corner_.y = TopAt(SheetTopsCm[static_cast<std::size_t>(plaats_)]); });
 }
 
 std::int32_t TestFormRun::TopAt(double cm) const {

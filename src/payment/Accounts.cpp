@@ -17,13 +17,13 @@ namespace text = platform::text;
 
 namespace {
 
-constexpr std::size_t shortestBankNumber = 9;
-constexpr std::size_t figuresUnderTest = 10;
+constexpr std::size_t ShortestBankNumber = 9;
+constexpr std::size_t FiguresUnderTest = 10;
 
 // The 11-test on the last ten characters: weights 10 to 1 from left to right, where a shorter number is
 // filled with zeros in front, which add nothing.
 bool ElevenTest(std::string_view number) {
-    number = text::Right(number, figuresUnderTest);
+    number = text::Right(number, FiguresUnderTest);
     int weight = static_cast<int>(text::Length(number));
     int sum = 0;
     while (!number.empty()) {
@@ -73,12 +73,12 @@ struct EndingRow {
     int upTo;
     int hundred;
 };
-constexpr std::array<EndingRow, 10> endings = {
+constexpr std::array<EndingRow, 10> Endings = {
     {{10, 1}, {20, 2}, {30, 3}, {40, 4}, {50, 5}, {60, 6}, {70, 7}, {80, 8}, {90, 9}, {99, 1}}};
 
 // The first of the endings x01 to x99 that makes the number pass; x00 is no ending. Empty if none does.
 std::string WithEnding(const std::string& number, int drawn) {
-    const EndingRow* row = endings.begin();
+    const EndingRow* row = Endings.begin();
     while (row->upTo < drawn) {
         ++row;
     }
@@ -97,7 +97,7 @@ bool BankGiroCheck(std::string_view tekst) {
     // No capitals are made here: none of the three tests tells them from small letters.
     const BareText bare(tekst);
     const std::string_view number = bare.View();
-    if (text::Length(number) < shortestBankNumber) {
+    if (text::Length(number) < ShortestBankNumber) {
         return number.empty() || IsGetal(number);
     }
     return IBANCheck(number) || ElevenTest(number);

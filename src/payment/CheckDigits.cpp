@@ -12,11 +12,11 @@ namespace text = platform::text;
 
 namespace {
 
-constexpr std::size_t referenceDigits = 15;
-constexpr std::size_t amountDigits = 8;
+constexpr std::size_t ReferenceDigits = 15;
+constexpr std::size_t AmountDigits = 8;
 
 // From the rightmost digit to the left.
-constexpr std::array<int, referenceDigits> weights = {2, 4, 8, 5, 10, 9, 7, 3, 6, 1, 2, 4, 8, 5, 10};
+constexpr std::array<int, ReferenceDigits> Weights = {2, 4, 8, 5, 10, 9, 7, 3, 6, 1, 2, 4, 8, 5, 10};
 
 void TrimInPlace(std::string& tekst) {
     const std::size_t last = tekst.find_last_not_of(' ');
@@ -32,7 +32,7 @@ std::string CheckDigit(std::string& tekst, std::size_t count) {
     for (std::size_t place = text::Length(digits); place > 0; --place) {
         const text::Decoded first = text::DecodeFirst(digits);
         if (first.code >= U'0' && first.code <= U'9') {
-            sum += static_cast<int>(first.code - U'0') * weights[place - 1];
+            sum += static_cast<int>(first.code - U'0') * Weights[place - 1];
         }
         digits.remove_prefix(first.bytes);
     }
@@ -59,11 +59,11 @@ std::string NulVulling(std::int32_t waarde, std::int16_t breedte) {
 }
 
 std::string KenmerkControle(std::string& tekst) {
-    return CheckDigit(tekst, referenceDigits);
+    return CheckDigit(tekst, ReferenceDigits);
 }
 
 std::string BedragControle(std::string& tekst) {
-    return CheckDigit(tekst, amountDigits);
+    return CheckDigit(tekst, AmountDigits);
 }
 
 } // namespace payment

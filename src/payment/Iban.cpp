@@ -13,14 +13,14 @@ namespace text = platform::text;
 
 namespace {
 
-constexpr std::size_t shortestIban = 10;
-constexpr std::size_t headLength = 4;     // country and check digits, which move behind the rest for the test
-constexpr std::size_t bankCodeLength = 4; // the letters of a BIC that name the bank
-constexpr std::int16_t largestDivisor = 1000;
+constexpr std::size_t ShortestIban = 10;
+constexpr std::size_t HeadLength = 4;     // country and check digits, which move behind the rest for the test
+constexpr std::size_t BankCodeLength = 4; // the letters of a BIC that name the bank
+constexpr std::int16_t LargestDivisor = 1000;
 
 // In alphabetical order, so that a bank is found by halving. A bank's code is the first four letters of its
 // BIC.
-constexpr std::array<std::string_view, 64> bics = {
+constexpr std::array<std::string_view, 64> Bics = {
     "ABNANL2A", "AEGONL2U", "ANDLNL2A", "ARBNNL22", "ARSNNL21", "ARTENL2A", "ASNBNL21", "ASRBNL2R",
     "ATBANL2A", "BBRUNL2X", "BCDMNL22", "BCITNL2A", "BICKNL2A", "BKMGNL2A", "BNGHNL2G", "BNPANL2A",
     "BOFANLNX", "BOTKNL2X", "CITCNL2A", "CITINL2X", "COBANL2X", "DEUTNL2N", "DHBNNL2R", "DLBKNL2A",
@@ -29,7 +29,7 @@ constexpr std::array<std::string_view, 64> bics = {
     "KASANL2A", "KNABNL2H", "KOEXNL2A", "KREDNL2X", "LOCYNL2A", "LOYDNL2A", "LPLNNL2A", "MHCBNL2A",
     "NNBANL2G", "NWABNL2G", "OVBNNL22", "RABONL2U", "RBOSNL2A", "RBRBNL21", "RGRBNL2R", "SNSBNL2A",
     "SOGENL2A", "STALNL2G", "TEBUNL2A", "TRIONL2U", "UBSWNL2A", "UGBINL2A", "VOWANL21", "VPVGNL22"};
-static_assert(std::is_sorted(bics.begin(), bics.end()));
+static_assert(std::is_sorted(Bics.begin(), Bics.end()));
 
 bool IsFigure(char c) {
     return c >= '0' && c <= '9';
@@ -47,10 +47,10 @@ class Remainder {
     std::int16_t Value() const { return static_cast<std::int16_t>(value_ % divisor_); }
 
   private:
-    static constexpr std::uint64_t reduceAbove = 100'000'000'000'000'000;
+    static constexpr std::uint64_t ReduceAbove = 100'000'000'000'000'000;
 
     void Append(unsigned factor, unsigned number) {
-        if (value_ > reduceAbove) {
+        if (value_ > ReduceAbove) {
             value_ %= divisor_;
         }
         value_ = value_ * factor + number;
@@ -89,7 +89,7 @@ void AppendIbanCharacters(std::string_view part, Remainder& remainder) {
 // Number of bytes up to the end of the fourth character that is no mark; npos if there are fewer.
 std::size_t HeadBytes(std::string_view tekst) {
     std::size_t at = 0;
-    for (std::size_t count = 0; count < headLength;) {
+    for (std::size_t count = 0; count < HeadLength;) {
         if (at == tekst.size()) {
             return std::string_view::npos;
         }
@@ -104,7 +104,7 @@ std::size_t HeadBytes(std::string_view tekst) {
 } // namespace
 
 bool IBANCheck(std::string_view tekst) {
-    if (text::Length(tekst) < shortestIban || tekst.find(' ') != std::string_view::npos) {
+    if (text::Length(tekst) < ShortestIban || tekst.find(' ') != std::string_view::npos) {
         return false;
     }
     const std::size_t head = HeadBytes(tekst);
@@ -118,7 +118,7 @@ bool IBANCheck(std::string_view tekst) {
 }
 
 std::int16_t Modulus(std::string& getal, std::int16_t deler) {
-    if (deler == 0 || deler < -largestDivisor || deler > largestDivisor) {
+    if (deler == 0 || deler < -LargestDivisor || deler > LargestDivisor) {
         throw platform::RuntimeError(platform::ErrorOverflow, "Overflow");
     }
     if (!std::all_of(getal.begin(), getal.end(), IsFigure)) {
@@ -139,7 +139,7 @@ std::string_view IBAN2BIC(std::string_view rekening) {
     const BareText bare(rekening);
     std::string_view code;
     if (IBANCheck(bare.View())) {
-        code = text::Mid(bare.View(), headLength + 1);
+        code = text::Mid(bare.View(), HeadLength + 1);
         code = code.substr(0, code.find_first_of("0123456789"));
     }
     return BankCode2BIC(bare.View(), code);
@@ -147,10 +147,10 @@ std::string_view IBAN2BIC(std::string_view rekening) {
 
 std::string_view BankCode2BIC(std::string_view /*rekening*/, std::string_view code) {
     const auto* const found =
-        std::lower_bound(bics.begin(), bics.end(), code, [](std::string_view bic, std::string_view sought) {
-            return bic.substr(0, bankCodeLength) < sought;
+        std::lower_bound(Bics.begin(), Bics.end(), code, [](std::string_view bic, std::string_view sought) {
+            return bic.substr(0, BankCodeLength) < sought;
         });
-    const bool known = found != bics.end() && found->substr(0, bankCodeLength) == code;
+    const bool known = found != Bics.end() && found->substr(0, BankCodeLength) == code;
     return known ? *found : std::string_view();
 }
 

@@ -10,11 +10,11 @@ namespace text = platform::text;
 
 namespace {
 
-constexpr std::size_t referenceWidth = 16; // check digit and 15 digits
-constexpr std::size_t amountWidth = 9;     // euros, cents and check digit
-constexpr std::int16_t euroWidth = 6;
-constexpr std::size_t centWidth = 2;
-constexpr std::size_t groupWidth = 4;
+constexpr std::size_t ReferenceWidth = 16; // check digit and 15 digits
+constexpr std::size_t AmountWidth = 9;     // euros, cents and check digit
+constexpr std::int16_t EuroWidth = 6;
+constexpr std::size_t CentWidth = 2;
+constexpr std::size_t GroupWidth = 4;
 
 // Exactly `width` characters: the last ones, or with zeros put in front.
 void FitRight(std::string& tekst, std::size_t width) {
@@ -26,20 +26,20 @@ void FitRight(std::string& tekst, std::size_t width) {
 void MakeReference(std::string_view kenmerk, std::string& reference) {
     reference.assign(kenmerk);
     reference.insert(0, KenmerkControle(reference));
-    FitRight(reference, referenceWidth);
+    FitRight(reference, ReferenceWidth);
     reference.push_back('+');
 }
 
 void MakeAmount(std::string_view euro, std::string_view cent, std::string& amount) {
     amount.assign(cent).append("000");
-    amount.erase(text::Left(amount, centWidth).size());
-    amount.insert(0, NulVulling(platform::Int32OfText(euro), euroWidth));
+    amount.erase(text::Left(amount, CentWidth).size());
+    amount.insert(0, NulVulling(platform::Int32OfText(euro), EuroWidth));
     amount.append(BedragControle(amount));
     if (platform::NumericValue(amount) == 0) {
         amount.clear();
         return;
     }
-    FitRight(amount, amountWidth);
+    FitRight(amount, AmountWidth);
     amount.push_back('<');
 }
 
@@ -52,11 +52,11 @@ void MakeClosed(std::string_view tekst, std::string& field) {
 
 void MakeGroups(std::string_view reference, std::string& grouped) {
     grouped.clear();
-    for (std::size_t start = 1; start <= referenceWidth; start += groupWidth) {
+    for (std::size_t start = 1; start <= ReferenceWidth; start += GroupWidth) {
         if (!grouped.empty()) {
             grouped.push_back(' ');
         }
-        grouped.append(text::Mid(reference, start, groupWidth));
+        grouped.append(text::Mid(reference, start, GroupWidth));
     }
 }
 
@@ -66,7 +66,7 @@ void MakeOcrLine(const OcrValues& values, OcrLine& line) {
     MakeReference(values.kenmerk, line.reference);
     MakeAmount(values.euro, values.cent, line.amount);
     MakeClosed(values.bic, line.bic);
-    MakeClosed(values.contractVorm == contractWithoutAccount ? std::string_view() : values.rekening,
+    MakeClosed(values.contractVorm == ContractWithoutAccount ? std::string_view() : values.rekening,
                line.account);
     MakeGroups(line.reference, line.groupedReference);
 }

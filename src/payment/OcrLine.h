@@ -40,7 +40,7 @@ struct OcrField {
     double xCm;
     std::string OcrLine::*text;
 };
-inline constexpr std::array<OcrField, 6> ocrFields = {{
+inline constexpr std::array<OcrField, 6> OcrFields = {{
     {3.2, &OcrLine::mark},
     {4.45, &OcrLine::reference},
     {9.02, &OcrLine::amount},
@@ -50,6 +50,6 @@ inline constexpr std::array<OcrField, 6> ocrFields = {{
 }};
 
 /// The contract form under which the bank's reader is given no account.
-inline constexpr std::int16_t contractWithoutAccount = 2;
+inline constexpr std::int16_t ContractWithoutAccount = 2;
 
 } // namespace payment

@@ -11,8 +11,8 @@
 namespace platform {
 namespace {
 
-constexpr int significantDigits = 15;
-constexpr double wholeLimit = 1e15; // below it a whole number keeps all its digits
+constexpr int SignificantDigits = 15;
+constexpr double WholeLimit = 1e15; // below it a whole number keeps all its digits
 
 bool IsDigit(char c) {
     return c >= '0' && c <= '9';
@@ -39,7 +39,7 @@ double NumericValue(std::string_view text) {
 
     // The extent of the number. Up to 15 digits are exact in `digits`, and so is the power of ten: their
     // quotient is rounded once, to the nearest double.
-    static constexpr std::array<double, significantDigits + 1> powersOfTen = {
+    static constexpr std::array<double, SignificantDigits + 1> powersOfTen = {
         1e0, 1e1, 1e2, 1e3, 1e4, 1e5, 1e6, 1e7, 1e8, 1e9, 1e10, 1e11, 1e12, 1e13, 1e14, 1e15};
     std::int64_t digits = 0;
     std::size_t count = 0;
@@ -49,7 +49,7 @@ double NumericValue(std::string_view text) {
     for (; end < text.size(); ++end) {
         const char c = text[end];
         if (IsDigit(c)) {
-            if (++count <= significantDigits) {
+            if (++count <= SignificantDigits) {
                 digits = digits * 10 + (c - '0');
             }
             decimals += point ? 1 : 0;
@@ -64,7 +64,7 @@ double NumericValue(std::string_view text) {
     if (count == 0) {
         return 0;
     }
-    if (count <= significantDigits) {
+    if (count <= SignificantDigits) {
         value = static_cast<double>(digits) / powersOfTen[decimals];
     } else if (std::from_chars(text.data(), text.data() + end, value, std::chars_format::fixed).ec ==
                std::errc::result_out_of_range) {
@@ -97,7 +97,7 @@ std::int32_t Int32OfText(std::string_view text) {
 
 std::string NumberText(double value) {
     std::array<char, 32> buffer;
-    if (std::abs(value) < wholeLimit && value == std::trunc(value)) {
+    if (std::abs(value) < WholeLimit && value == std::trunc(value)) {
         const auto end =
             std::to_chars(buffer.data(), buffer.data() + buffer.size(), static_cast<std::int64_t>(value));
         return {buffer.data(), end.ptr};
@@ -108,7 +108,7 @@ std::string NumberText(double value) {
 
     // "d.dddddddddddddde+xx": the digits rounded to 15, and where the point belongs among them.
     const auto end = std::to_chars(buffer.data(), buffer.data() + buffer.size(), std::abs(value),
-                                   std::chars_format::scientific, significantDigits - 1);
+                                   std::chars_format::scientific, SignificantDigits - 1);
     const std::string_view scientific(buffer.data(), static_cast<std::size_t>(end.ptr - buffer.data()));
     const std::size_t mark = scientific.find('e');
     int exponent = 0;

@@ -10,11 +10,11 @@
 namespace platform {
 namespace {
 
-constexpr std::uint32_t typeText = 1;
-constexpr std::uint32_t typeExpandable = 2;
-constexpr std::uint32_t typeSeveralTexts = 7;
+constexpr std::uint32_t TypeText = 1;
+constexpr std::uint32_t TypeExpandable = 2;
+constexpr std::uint32_t TypeSeveralTexts = 7;
 
-constexpr std::size_t maximumDepth = 512; // levels of keys that Windows allows
+constexpr std::size_t MaximumDepth = 512; // levels of keys that Windows allows
 
 bool IsControl(char c) {
     return static_cast<unsigned char>(c) < 0x20 || c == 0x7F;
@@ -31,7 +31,7 @@ std::string Quoted(std::string_view text) {
 } // namespace
 
 bool IsTextType(std::uint32_t type) {
-    return type == typeText || type == typeExpandable || type == typeSeveralTexts;
+    return type == TypeText || type == TypeExpandable || type == TypeSeveralTexts;
 }
 
 RegFile::RegFile(std::string bytes) : bytes_(std::move(bytes)), encoding_(bytes_) {
@@ -65,7 +65,7 @@ RegFile::Key* RegFile::ReadHeader(std::string_view text, std::size_t at) {
     }
     const std::string path = FoldedName(encoding_.Decode(bytes_, header->path));
     const std::vector<std::string_view> names = KeyNames(path);
-    if (names.empty() || names.size() > maximumDepth) {
+    if (names.empty() || names.size() > MaximumDepth) {
         return nullptr;
     }
     Key* key = &root_;
@@ -151,7 +151,7 @@ std::optional<RegValue> RegFile::Find(std::string_view path, std::string_view na
 /// A plain text goes between quotes; what a line of text cannot hold goes out byte by byte.
 std::string RegFile::Notation(const RegValue& value) const {
     const std::string_view data = value.data;
-    if (value.type == typeText && data.ends_with('\0') && !HasControls(data.substr(0, data.size() - 1))) {
+    if (value.type == TypeText && data.ends_with('\0') && !HasControls(data.substr(0, data.size() - 1))) {
         return Quoted(data.substr(0, data.size() - 1));
     }
     const std::string bytes = IsTextType(value.type) ? encoding_.EncodeHex(data) : value.data;

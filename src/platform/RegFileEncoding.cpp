@@ -8,8 +8,8 @@ namespace platform::regfile {
 namespace {
 
 constexpr std::string_view utf16Mark("\xFF\xFE", 2);
-constexpr std::string_view utf8Mark = "\xEF\xBB\xBF";
-constexpr char notAscii = '\x80';
+constexpr std::string_view Utf8Mark = "\xEF\xBB\xBF";
+constexpr char NotAscii = '\x80';
 
 char32_t Unit(std::string_view bytes, std::size_t at) {
     const auto byte = [bytes](std::size_t i) {
@@ -97,8 +97,8 @@ Encoding::Encoding(std::string_view file) {
         characters_ = Characters::Utf16;
         start_ = utf16Mark.size();
         width_ = 2;
-    } else if (file.starts_with(utf8Mark)) {
-        start_ = utf8Mark.size();
+    } else if (file.starts_with(Utf8Mark)) {
+        start_ = Utf8Mark.size();
     }
     constexpr std::string_view four = "REGEDIT4";
     versionFour_ = Narrow(file, {0, std::min(four.size(), Units(file))}) == four;
@@ -116,7 +116,7 @@ std::string Encoding::Narrow(std::string_view file, Span span) const {
     if (width_ == 1) {
         return std::string(bytes);
     }
-    std::string result(span.end - span.begin, notAscii);
+    std::string result(span.end - span.begin, NotAscii);
     const char* from = bytes.data();
     for (char& c : result) {
         if (from[1] == 0 && static_cast<unsigned char>(from[0]) < 0x80) {

@@ -14,12 +14,12 @@
 namespace platform {
 namespace {
 
-constexpr std::size_t maximumFileSize = 512U << 20U; // bytes; a file beyond that holds no settings
+constexpr std::size_t MaximumFileSize = 512U << 20U; // bytes; a file beyond that holds no settings
 
 // Windows error numbers of what can go wrong with a file.
-constexpr std::int32_t errorWriteFault = 29;
-constexpr std::int32_t errorInvalidParameter = 87;
-constexpr std::int32_t errorDiskFull = 112;
+constexpr std::int32_t ErrorWriteFault = 29;
+constexpr std::int32_t ErrorInvalidParameter = 87;
+constexpr std::int32_t ErrorDiskFull = 112;
 
 std::int32_t ErrorOf(int number) {
     switch (number) {
@@ -35,9 +35,9 @@ std::int32_t ErrorOf(int number) {
     case ENOSPC:
     case EDQUOT:
     case EFBIG:
-        return errorDiskFull;
+        return ErrorDiskFull;
     default:
-        return errorWriteFault;
+        return ErrorWriteFault;
     }
 }
 
@@ -84,7 +84,7 @@ void RegFileStore::Refresh() {
     if (stamp_ && stamp_ == StampOf(path_)) {
         return;
     }
-    std::optional<FileContent> content = ReadWholeFile(path_, maximumFileSize);
+    std::optional<FileContent> content = ReadWholeFile(path_, MaximumFileSize);
     stamp_.reset();
     if (!content) {
         file_ = RegFile();
@@ -145,7 +145,7 @@ std::int32_t RegFileStore::RegSetValueExA(RegistryKey key, const std::string& na
     const std::optional<std::string> changed =
         file_.WithValue(*path, text::FromCodePage(UpToNul(name)), value);
     if (!changed) {
-        return errorInvalidParameter;
+        return ErrorInvalidParameter;
     }
     const std::int32_t error = ErrorOf(ReplaceFile(path_, *changed));
     stamp_.reset(); // whatever lies there now is read again

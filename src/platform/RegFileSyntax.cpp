@@ -7,13 +7,13 @@
 namespace platform::regfile {
 namespace {
 
-constexpr std::size_t maximumPath = 32767;                 // characters, as Windows allows
-constexpr std::size_t maximumNameInFile = 2 * MaximumName; // each character may be escaped
+constexpr std::size_t MaximumPath = 32767;                 // characters, as Windows allows
+constexpr std::size_t MaximumNameInFile = 2 * MaximumName; // each character may be escaped
 
-constexpr std::size_t hexBytesOnALine = 20;
-constexpr std::uint32_t typeText = 1;
-constexpr std::uint32_t typeBinary = 3;
-constexpr std::uint32_t typeNumber = 4;
+constexpr std::size_t HexBytesOnALine = 20;
+constexpr std::uint32_t TypeText = 1;
+constexpr std::uint32_t TypeBinary = 3;
+constexpr std::uint32_t TypeNumber = 4;
 
 bool IsBlank(char c) {
     return c == ' ' || c == '\t';
@@ -75,7 +75,7 @@ std::optional<Number> ReadNumber(std::string_view text, std::size_t at) {
 /// "hex:" or "hex(N):".
 std::optional<Number> ReadHexPrefix(std::string_view text, std::size_t at) {
     if (StartsWith(text, at, "hex:")) {
-        return Number{typeBinary, at + 4};
+        return Number{TypeBinary, at + 4};
     }
     if (!StartsWith(text, at, "hex(")) {
         return std::nullopt;
@@ -148,7 +148,7 @@ bool ReadData(std::string_view text, std::size_t at, Entry& entry) {
             return false;
         }
         entry.notation = Notation::Quoted;
-        entry.type = typeText;
+        entry.type = TypeText;
         entry.data.end = quote + 1;
     } else if (StartsWith(text, at, "-")) {
         entry.notation = Notation::Deleted;
@@ -159,7 +159,7 @@ bool ReadData(std::string_view text, std::size_t at, Entry& entry) {
             return false;
         }
         entry.notation = Notation::Dword;
-        entry.type = typeNumber;
+        entry.type = TypeNumber;
         entry.data.end = number->end;
     } else {
         const std::optional<Number> prefix = ReadHexPrefix(text, at);
@@ -198,7 +198,7 @@ std::optional<Header> ReadHeader(std::string_view text, std::size_t at) {
     header.deletes = StartsWith(text, at + 1, "-");
     header.path.begin = at + (header.deletes ? 2 : 1);
     // A path may hold brackets itself, so the last one on the line closes it.
-    const std::string_view line = text.substr(at, std::min(LineEnd(text, at) - at, maximumPath));
+    const std::string_view line = text.substr(at, std::min(LineEnd(text, at) - at, MaximumPath));
     const std::size_t bracket = line.rfind(']');
     if (bracket == std::string_view::npos || at + bracket <= header.path.begin) {
         return std::nullopt;
@@ -215,7 +215,7 @@ std::optional<Entry> ReadEntry(std::string_view text, std::size_t at) {
     } else {
         const std::size_t lineEnd = LineEnd(text, at);
         entry.name = {at + 1, ClosingQuote(text, at + 1, lineEnd)};
-        if (entry.name.end == lineEnd || entry.name.end - entry.name.begin > maximumNameInFile) {
+        if (entry.name.end == lineEnd || entry.name.end - entry.name.begin > MaximumNameInFile) {
             return std::nullopt;
         }
         at = entry.name.end + 1;
@@ -274,7 +274,7 @@ std::string HexNotation(std::uint32_t type, std::string_view bytes, std::string_
     for (std::size_t i = 0; i < bytes.size(); ++i) {
         if (i > 0) {
             result.push_back(',');
-            if (i % hexBytesOnALine == 0) {
+            if (i % HexBytesOnALine == 0) {
                 result.append("\\").append(lineEnd).append("  ");
             }
         }

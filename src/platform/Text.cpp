@@ -8,12 +8,12 @@
 namespace platform::text {
 namespace {
 
-constexpr char32_t replacement = 0xFFFD;
+constexpr char32_t Replacement = 0xFFFD;
 
 // The characters of Windows-1252 at the bytes 0x80 to 0x9F; all other bytes are their own code point. The
 // five bytes that the page leaves open stand for the control character of the same number, so every byte
 // survives a round trip.
-constexpr std::array<char16_t, 32> codePage80 = {
+constexpr std::array<char16_t, 32> CodePage80 = {
     0x20AC, 0x0081, 0x201A, 0x0192, 0x201E, 0x2026, 0x2020, 0x2021, 0x02C6, 0x2030, 0x0160,
     0x2039, 0x0152, 0x008D, 0x017D, 0x008F, 0x0090, 0x2018, 0x2019, 0x201C, 0x201D, 0x2022,
     0x2013, 0x2014, 0x02DC, 0x2122, 0x0161, 0x203A, 0x0153, 0x009D, 0x017E, 0x0178};
@@ -109,8 +109,8 @@ char CodePageByte(char32_t code) {
     if (code < 0x80 || (code >= 0xA0 && code <= 0xFF)) {
         return static_cast<char>(code);
     }
-    const auto* const found = std::find(codePage80.begin(), codePage80.end(), code);
-    return found == codePage80.end() ? '?' : static_cast<char>(0x80 + (found - codePage80.begin()));
+    const auto* const found = std::find(CodePage80.begin(), CodePage80.end(), code);
+    return found == CodePage80.end() ? '?' : static_cast<char>(0x80 + (found - CodePage80.begin()));
 }
 
 } // namespace
@@ -186,24 +186,24 @@ Decoded DecodeFirst(std::string_view s) {
         smallest = 0x10000;
     }
     if (bytes == 0 || s.size() < bytes) {
-        return {replacement, 1};
+        return {Replacement, 1};
     }
     for (std::size_t i = 1; i < bytes; ++i) {
         const std::uint8_t next = ByteAt(s, i);
         if ((next & 0xC0) != 0x80) {
-            return {replacement, 1};
+            return {Replacement, 1};
         }
         code = (code << 6) | (next & 0x3FU);
     }
     if (code < smallest || code > 0x10FFFF || (code >= 0xD800 && code <= 0xDFFF)) {
-        return {replacement, 1};
+        return {Replacement, 1};
     }
     return {code, bytes};
 }
 
 std::string Encode(char32_t code) {
     if (code > 0x10FFFF || (code >= 0xD800 && code <= 0xDFFF)) {
-        code = replacement;
+        code = Replacement;
     }
     const auto tail = [code](unsigned shift) { return static_cast<char>(0x80U | ((code >> shift) & 0x3FU)); };
     if (code < 0x80) {
@@ -237,7 +237,7 @@ std::string FromCodePage(std::string_view bytes) {
         if (byte < 0x80) {
             result.push_back(bytes[i]);
         } else {
-            result.append(Encode(byte < 0xA0 ? codePage80[byte - 0x80U] : byte));
+            result.append(Encode(byte < 0xA0 ? CodePage80[byte - 0x80U] : byte));
         }
     }
     return result;

@@ -11,8 +11,8 @@ namespace platform {
 
 namespace {
 
-constexpr double startSize = 240; // twips
-constexpr int timerInterval = 5;  // milliseconds
+constexpr double StartSize = 240; // twips
+constexpr int TimerInterval = 5;  // milliseconds
 
 /// Where the pictures of a style stand: consecutive images from `first` on fill the looks from `firstLook`
 /// on.
@@ -23,7 +23,7 @@ struct StylePictures {
     std::int16_t firstLook;
 };
 
-constexpr StylePictures stylePictures[] = {
+constexpr StylePictures StyleTable[] = {
     {imgResourceSmall, 1, 1, cmdButtonXP::LookDisabled}, {imgResourceSmall, 5, 2, cmdButtonXP::LookDisabled},
     {imgResourceSmall, 9, 3, cmdButtonXP::LookNormal},   {imgResourceSmall, 12, 4, cmdButtonXP::LookNormal},
     {imgResourceSmall, 15, 5, cmdButtonXP::LookNormal},  {imgResourceLarge, 1, 10, cmdButtonXP::LookNormal},
@@ -36,10 +36,10 @@ constexpr StylePictures stylePictures[] = {
 
 cmdButtonXP::cmdButtonXP(forms::Form& form, std::string name, Control* container)
     : Control(form, forms::ControlKind::FlatButton, name, NoIndex, container),
-      Timer(form, std::move(name) + ".Timer", timerInterval), pictureSize_(startSize) {
+      Timer(form, std::move(name) + ".Timer", TimerInterval), pictureSize_(StartSize) {
     Timer.OnTimer = [this] { TimerTick(); };
-    SetWidth(startSize);
-    SetHeight(startSize);
+    SetWidth(StartSize);
+    SetHeight(StartSize);
     ShowLook();
 }
 
@@ -107,9 +107,9 @@ void cmdButtonXP::UpdateLook() {
 
 void cmdButtonXP::LoadStylePictures() {
     const auto found =
-        std::find_if(std::begin(stylePictures), std::end(stylePictures),
+        std::find_if(std::begin(StyleTable), std::end(StyleTable),
                      [this](const StylePictures& pictures) { return pictures.style == iButtonStyle_; });
-    if (found != std::end(stylePictures)) {
+    if (found != std::end(StyleTable)) {
         for (std::int16_t look = found->firstLook; look <= LookDown; ++look) {
             pictButtonXP_[static_cast<std::size_t>(look)] =
                 found->list.Picture(found->first + look - found->firstLook);

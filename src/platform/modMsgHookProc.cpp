@@ -39,15 +39,15 @@ std::intptr_t WINDOW_CALL EntryProc(WindowHandle hWnd, std::int32_t uMsg, std::i
     return HookDispatch(slot, hWnd, uMsg, wParam, lParam);
 }
 
-constexpr std::array<WindowProcedure, EntryProcedures> entryProcedures = {
+constexpr std::array<WindowProcedure, EntryProcedures> ProcedureOfEntry = {
     EntryProc<1>, EntryProc<2>, EntryProc<3>, EntryProc<4>, EntryProc<5>,
     EntryProc<6>, EntryProc<7>, EntryProc<8>, EntryProc<9>,
 };
 
 void MakeTable() {
-    HookTable.resize(entryProcedures.size());
-    for (std::size_t i = 0; i < entryProcedures.size(); ++i) {
-        HookTable[i].lEntryProc = AddressOf(entryProcedures[i]);
+    HookTable.resize(ProcedureOfEntry.size());
+    for (std::size_t i = 0; i < ProcedureOfEntry.size(); ++i) {
+        HookTable[i].lEntryProc = AddressOf(ProcedureOfEntry[i]);
     }
     blnTableReady = true;
 }

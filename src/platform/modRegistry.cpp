@@ -13,14 +13,14 @@ struct RootName {
     const char* name;
 };
 
-constexpr std::array<RootName, 4> rootNames = {{
+constexpr std::array<RootName, 4> RootNames = {{
     {HkeyClassesRoot, "HKEY_CLASSES_ROOT"},
     {HkeyCurrentUser, "HKEY_CURRENT_USER"},
     {HkeyLocalMachine, "HKEY_LOCAL_MACHINE"},
     {HkeyUsers, "HKEY_USERS"},
 }};
 
-constexpr char nul = '\0';
+constexpr char Nul = '\0';
 
 } // namespace
 
@@ -32,7 +32,7 @@ std::string modRegistry::GetRegistryValue(RegistryKey hRoot, const std::string& 
         QueryStringValue(hKey, strValueName, strValue);
         CloseRegistryKey(hKey);
     }
-    if (strValue.size() == 1 && strValue.front() == nul) {
+    if (strValue.size() == 1 && strValue.front() == Nul) {
         strValue.clear();
     }
     return strValue;
@@ -77,19 +77,19 @@ bool modRegistry::WriteStringValue(RegistryKey hKey, const std::string& strValue
     if (hKey == 0) {
         return false;
     }
-    const std::string bytes = text::ToCodePage(strValue) + nul;
+    const std::string bytes = text::ToCodePage(strValue) + Nul;
     return registry_.RegSetValueExA(hKey, text::ToCodePage(strValueName), RegSz, bytes) == RegSuccess;
 }
 
 std::string modRegistry::StripTrailingNul(const std::string& strValue) {
-    if (strValue.size() >= 2 && strValue.back() == nul) {
+    if (strValue.size() >= 2 && strValue.back() == Nul) {
         return strValue.substr(0, strValue.size() - 1);
     }
     return strValue;
 }
 
 std::string modRegistry::RootKeyName(RegistryKey hKey) {
-    for (const RootName& root : rootNames) {
+    for (const RootName& root : RootNames) {
         if (root.hKey == hKey) {
             return root.name;
         }

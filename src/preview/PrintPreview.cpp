@@ -11,8 +11,8 @@ namespace preview {
 
 namespace {
 
-constexpr std::int16_t faseOpen = 0;
-constexpr std::int16_t faseClose = 1;
+constexpr std::int16_t FaseOpen = 0;
+constexpr std::int16_t FaseClose = 1;
 
 } // namespace
 
@@ -36,9 +36,9 @@ PrintPreview::~PrintPreview() {
 }
 
 void PrintPreview::OpenPreview(std::int16_t fase) {
-    if (fase == faseOpen) {
+    if (fase == FaseOpen) {
         Open();
-    } else if (fase == faseClose) {
+    } else if (fase == FaseClose) {
         Close();
     }
 }

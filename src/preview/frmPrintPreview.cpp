@@ -23,14 +23,14 @@ enum ToolbarButton : int {
     buttonClose = 8,
 };
 
-constexpr int scrollStart = 0;
-constexpr int scrollEnd = 100;
+constexpr int ScrollStart = 0;
+constexpr int ScrollEnd = 100;
 
 /// Where the page stands at the start of the scroll range, and its shadow; twips.
-constexpr double pageAtStart = 1020;
-constexpr double shadowAtStart = 1050;
+constexpr double PageAtStart = 1020;
+constexpr double ShadowAtStart = 1050;
 
-constexpr forms::Colour gripColour = forms::colour::Rgb(160, 152, 135);
+constexpr forms::Colour GripColour = forms::colour::Rgb(160, 152, 135);
 
 /// How far the page has moved at a scroll position, twips. Rounded from the far end, ties to even.
 double ShiftAt(int value, std::int32_t span) {
@@ -49,9 +49,9 @@ frmPrintPreview::frmPrintPreview(forms::Session& session, platform::Platform& pl
       pictPageContainer(*this, "pictPageContainer"),
       pictCurrentPage(*this, "pictCurrentPage", forms::Control::NoIndex, &pictPageContainer),
       pictHScroll(*this, "pictHScroll"), HScroll(*this, "HScroll", forms::ScrollBar::Direction::Horizontal,
-                                                 scrollStart, scrollEnd, &pictHScroll),
+                                                 ScrollStart, ScrollEnd, &pictHScroll),
       pictEdge(*this, "pictEdge"), pictBottom(*this, "pictBottom"), pictVScroll(*this, "pictVScroll"),
-      VScroll(*this, "VScroll", forms::ScrollBar::Direction::Vertical, scrollStart, scrollEnd, &pictVScroll),
+      VScroll(*this, "VScroll", forms::ScrollBar::Direction::Vertical, ScrollStart, ScrollEnd, &pictVScroll),
       cmdUp(*this, "cmdUp", &pictVScroll), cmdDown(*this, "cmdDown", &pictVScroll), Line5(*this, "Line5"),
       ToolbarContainer(*this, "ToolbarContainer"),
       Line1(*this, "Line1", forms::Control::NoIndex, &ToolbarContainer),
@@ -98,11 +98,11 @@ void frmPrintPreview::OnLoad() {
     iCurrentPage = 1;
     iTotalPages = platform::Int16OfText(ghost_.Tag);
     SetButtons(iCurrentPage);
-    HScroll.SetValue(scrollStart);
+    HScroll.SetValue(ScrollStart);
     if (blnHScroll) {
         HScrollChange();
     }
-    VScroll.SetValue(scrollStart);
+    VScroll.SetValue(ScrollStart);
     pictCurrentPage.BringToFront();
     state_.PrintAfterPreview = false;
     GetSession().HourglassOff();
@@ -110,7 +110,7 @@ void frmPrintPreview::OnLoad() {
 
 void frmPrintPreview::OnActivate() {
     for (const auto& [number, line] : ToolbarLine) {
-        line->SetForeColor(gripColour);
+        line->SetForeColor(GripColour);
     }
     GetSession().HourglassOff();
 }
@@ -189,21 +189,21 @@ void frmPrintPreview::Msg_Before(std::int32_t& uMsg, std::intptr_t& wParam, std:
 
 void frmPrintPreview::VScrollChange() {
     const double shift = ShiftAt(VScroll.Value(), lScrollSpanY);
-    pictPageContainer.SetTop(pageAtStart - shift);
-    pictShadow.SetTop(shadowAtStart - shift);
+    pictPageContainer.SetTop(PageAtStart - shift);
+    pictShadow.SetTop(ShadowAtStart - shift);
     platform::Resume([this] { pictCurrentPage.Refresh(); });
 }
 
 void frmPrintPreview::HScrollChange() {
     const double shift = ShiftAt(HScroll.Value(), lScrollSpanX);
-    pictPageContainer.SetLeft(pageAtStart - shift);
-    pictShadow.SetLeft(shadowAtStart - shift);
+    pictPageContainer.SetLeft(PageAtStart - shift);
+    pictShadow.SetLeft(ShadowAtStart - shift);
     platform::Resume([this] { pictCurrentPage.Refresh(); });
 }
 
 void frmPrintPreview::ScrollToStart() {
-    VScroll.SetValue(scrollStart);
-    HScroll.SetValue(scrollStart);
+    VScroll.SetValue(ScrollStart);
+    HScroll.SetValue(ScrollStart);
 }
 
 // Turning pages and leaving
@@ -289,7 +289,7 @@ void frmPrintPreview::LastPage() {
 // Page Down at the bottom goes on at the top of the next page; Page Up at the top stays at the top, and a
 // click on the arrow keeps the position.
 void frmPrintPreview::cmdDownClick() {
-    VScroll.SetValue(scrollStart);
+    VScroll.SetValue(ScrollStart);
     ++iCurrentPage;
     ShowCurrentPage();
 }

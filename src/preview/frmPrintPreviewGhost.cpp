@@ -12,10 +12,10 @@ namespace preview {
 
 namespace {
 
-constexpr std::int16_t mostPages = 40;
-constexpr std::int32_t smallestTrack = 200; // dots
-constexpr std::int32_t white = 0xFFFFFF;
-constexpr int noSuchElement = 340;
+constexpr std::int16_t MostPages = 40;
+constexpr std::int32_t SmallestTrack = 200; // dots
+constexpr std::int32_t White = 0xFFFFFF;
+constexpr int NoSuchElement = 340;
 
 } // namespace
 
@@ -28,7 +28,7 @@ frmPrintPreviewGhost::frmPrintPreviewGhost(forms::Session& session, platform::Pl
 void frmPrintPreviewGhost::OnLoad() {
     platform::Printer& printer = platform_.Printer;
     Tag = "0";
-    BackColor = white;
+    BackColor = White;
     ThisPage[0] = {};
 
     lPageWidth = platform::ToInt32(printer.Width());
@@ -93,7 +93,7 @@ void frmPrintPreviewGhost::Cls() {
 frmPrintPreviewGhost::PageHolder& frmPrintPreviewGhost::Holder(std::int16_t page) {
     const auto found = ThisPage.find(page);
     if (found == ThisPage.end()) {
-        throw platform::RuntimeError(noSuchElement,
+        throw platform::RuntimeError(NoSuchElement,
                                      "Control array element '" + std::to_string(page) + "' doesn't exist");
     }
     return found->second;
@@ -102,7 +102,7 @@ frmPrintPreviewGhost::PageHolder& frmPrintPreviewGhost::Holder(std::int16_t page
 void frmPrintPreviewGhost::Newpage() {
     platform::Resume([this] {
         const double tally = platform::NumericValue(Tag);
-        if (tally > mostPages) {
+        if (tally > MostPages) {
             return;
         }
         Tag = platform::NumberText(tally + 1);
@@ -126,18 +126,18 @@ void frmPrintPreviewGhost::EndDoc() {
     Holder(iPage).Picture = page_->Image();
     AutoRedraw = true;
     FinishPages();
-    if (iPage > mostPages) {
-        iPage = mostPages;
-        ThisPage.erase(mostPages + 1);
+    if (iPage > MostPages) {
+        iPage = MostPages;
+        ThisPage.erase(MostPages + 1);
     }
 }
 
 void frmPrintPreviewGhost::FinishPages() {
-    if (platform::NumericValue(Tag) > mostPages) {
+    if (platform::NumericValue(Tag) > MostPages) {
         Desktop().MsgBox("Er zijn meer dan 40 pagina's gevonden, in het afdrukvoorbeeld worden maximaal 40 "
                          "pagina's getoond.",
                          platform::MessageIcon::Information, state_.MessageTitle);
-        Tag = platform::NumberText(mostPages);
+        Tag = platform::NumberText(MostPages);
     }
     preview_.SetiTotalPages(platform::Int16OfText(Tag));
     preview_.SetButtons(1);
@@ -167,7 +167,7 @@ void frmPrintPreviewGhost::Msg_Before(std::int32_t& uMsg, std::intptr_t& /*wPara
     void* address = reinterpret_cast<void*>(lParam);
     platform::MINMAXINFO bounds;
     std::memcpy(&bounds, address, sizeof bounds);
-    bounds.ptMinTrackSize = {smallestTrack, smallestTrack};
+    bounds.ptMinTrackSize = {SmallestTrack, SmallestTrack};
     bounds.ptMaxTrackSize = {lMaxTrackX, lMaxTrackY};
     std::memcpy(address, &bounds, sizeof bounds);
     retVal = 0;

@@ -10,8 +10,8 @@ namespace preview {
 
 namespace {
 
-constexpr int pageStep = 25;
-constexpr int lineStep = 10;
+constexpr int PageStep = 25;
+constexpr int LineStep = 10;
 
 /// Moves a bar by a part of its range, as far as its end.
 void Step(forms::ScrollBar& bar, int step) {
@@ -48,10 +48,10 @@ const frmPrintPreview::KeyAction frmPrintPreview::keyActions[] = {
          ToStart(form.VScroll);
          ToStart(form.HScroll);
      }},
-    {platform::key::Left, [](frmPrintPreview& form) { Step(form.HScroll, -lineStep); }},
-    {platform::key::Up, [](frmPrintPreview& form) { Step(form.VScroll, -lineStep); }},
-    {platform::key::Right, [](frmPrintPreview& form) { Step(form.HScroll, lineStep); }},
-    {platform::key::Down, [](frmPrintPreview& form) { Step(form.VScroll, lineStep); }},
+    {platform::key::Left, [](frmPrintPreview& form) { Step(form.HScroll, -LineStep); }},
+    {platform::key::Up, [](frmPrintPreview& form) { Step(form.VScroll, -LineStep); }},
+    {platform::key::Right, [](frmPrintPreview& form) { Step(form.HScroll, LineStep); }},
+    {platform::key::Down, [](frmPrintPreview& form) { Step(form.VScroll, LineStep); }},
     {platform::key::Escape, [](frmPrintPreview& form) { form.Leave(false); }},
 };
 
@@ -65,7 +65,7 @@ void frmPrintPreview::OnKeyDown(int& virtualKey) {
 
 void frmPrintPreview::PageUp() {
     if (VScroll.Value() != VScroll.Min()) {
-        Step(VScroll, -pageStep);
+        Step(VScroll, -PageStep);
     } else if (VScroll.Enabled() && cmdUp.Enabled()) {
         cmdUpClick();
     }
@@ -73,7 +73,7 @@ void frmPrintPreview::PageUp() {
 
 void frmPrintPreview::PageDown() {
     if (VScroll.Value() != VScroll.Max()) {
-        Step(VScroll, pageStep);
+        Step(VScroll, PageStep);
     } else if (VScroll.Enabled() && cmdDown.Enabled()) {
         cmdDownClick();
     }

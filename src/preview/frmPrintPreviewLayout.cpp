@@ -9,21 +9,21 @@ namespace preview {
 
 namespace {
 
-constexpr double statusBarHeight = 330;
-constexpr int smallChange = 15;
-constexpr int largeChange = 50;
+constexpr double StatusBarHeight = 330;
+constexpr int SmallChange = 15;
+constexpr int LargeChange = 50;
 
 /// The sheet around the page: white margins, the page's place in them, and the shadow beside and below.
-constexpr double sheetMargins = 240;
-constexpr double pageLeft = 120;
-constexpr double pageTop = 60;
-constexpr double pageReserve = 1.1; // the part beyond the sheet stays hidden behind its lower edge
-constexpr double shadowOffset = 30;
-constexpr double shadowExcess = 15;
+constexpr double SheetMargins = 240;
+constexpr double PageLeft = 120;
+constexpr double PageTop = 60;
+constexpr double PageReserve = 1.1; // the part beyond the sheet stays hidden behind its lower edge
+constexpr double ShadowOffset = 30;
+constexpr double ShadowExcess = 15;
 
 /// What of the window never shows the page, and where the page begins.
-constexpr double windowReserve = 1500;
-constexpr double scrollSpanBase = 1020;
+constexpr double WindowReserve = 1500;
+constexpr double ScrollSpanBase = 1020;
 
 // A size below 0 is refused: the control keeps the one that it has, and what is placed after it builds on
 // that.
@@ -40,7 +40,7 @@ void SetHeight(forms::Control& control, double height) {
 }
 
 std::int32_t ScrollSpan(double window, double sheet) {
-    return platform::ToInt32(std::abs(window - sheet - windowReserve) + scrollSpanBase);
+    return platform::ToInt32(std::abs(window - sheet - WindowReserve) + ScrollSpanBase);
 }
 
 } // namespace
@@ -57,8 +57,8 @@ void frmPrintPreview::LayOut() {
     pictCurrentPage.SetAccessibleName("Pagina");
 
     for (forms::ScrollBar* bar : {&HScroll, &VScroll}) {
-        bar->SetSmallChange(smallChange);
-        bar->SetLargeChange(largeChange);
+        bar->SetSmallChange(SmallChange);
+        bar->SetLargeChange(LargeChange);
     }
     pictHScroll.Move(60, 4260, 6615, 255);
     pictHScroll.SetVisible(false);
@@ -90,7 +90,7 @@ void frmPrintPreview::LayOut() {
     Toolbar.Move(180, 60, 4635, 570);
     FillToolbar();
 
-    StatusBar.Move(0, 0, 0, statusBarHeight);
+    StatusBar.Move(0, 0, 0, StatusBarHeight);
     StatusBar.SetBackColor(forms::colour::ButtonFace);
     FillMenu();
 }
@@ -145,20 +145,20 @@ void frmPrintPreview::PlaceSheet() {
     const double sheetHeight = printer.Height();
 
     pictPageContainer.SetBackColor(forms::colour::Rgb(255, 255, 255));
-    pictPageContainer.SetWidth(printableWidth + sheetMargins);
+    pictPageContainer.SetWidth(printableWidth + SheetMargins);
     pictPageContainer.SetLeft(Width() / 2 - pictPageContainer.Width() / 2 - pictVScroll.Width());
     pictPageContainer.SetHeight(sheetHeight);
     pictPageContainer.SetVisible(true);
 
     pictCurrentPage.SetBackColor(forms::colour::Rgb(255, 255, 255));
-    pictCurrentPage.Move(pageLeft, pageTop, printableWidth, sheetHeight * pageReserve);
+    pictCurrentPage.Move(PageLeft, PageTop, printableWidth, sheetHeight * PageReserve);
     pictCurrentPage.SetVisible(true);
 
     lScrollSpanY = ScrollSpan(Height(), pictPageContainer.Height());
     lScrollSpanX = ScrollSpan(Width(), pictPageContainer.Width());
 
-    pictShadow.Move(pictPageContainer.Left() + shadowOffset, pictPageContainer.Top() + shadowOffset,
-                    pictPageContainer.Width() + shadowExcess, pictPageContainer.Height() + shadowExcess);
+    pictShadow.Move(pictPageContainer.Left() + ShadowOffset, pictPageContainer.Top() + ShadowOffset,
+                    pictPageContainer.Width() + ShadowExcess, pictPageContainer.Height() + ShadowExcess);
     if (pictShadow.Left() < 0) {
         HScroll.SetEnabled(true);
         pictHScroll.SetVisible(true);

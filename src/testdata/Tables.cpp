@@ -6,10 +6,10 @@ namespace testdata {
 namespace {
 
 // The rows are written by tools/generate_tables; a change of the data is a change of the generator.
-constexpr char accountRows[] =
+constexpr char AccountRows[] =
 #include "testdata/generated/AccountRows.inc"
     ;
-constexpr char personRows[] =
+constexpr char PersonRows[] =
 #include "testdata/generated/PersonRows.inc"
     ;
 
@@ -18,10 +18,10 @@ constexpr std::string_view TextOf(const char (&literal)[size]) {
     return {literal, size - 1};
 }
 
-constexpr TextTable accounts(TextOf(accountRows), 38, 25000);
-constexpr TextTable persons(TextOf(personRows), 148, 250);
-static_assert(sizeof accountRows == 22654 * 38 + 1);
-static_assert(sizeof personRows == 250 * 148 + 1);
+constexpr TextTable accounts(TextOf(AccountRows), 38, 25000);
+constexpr TextTable persons(TextOf(PersonRows), 148, 250);
+static_assert(sizeof AccountRows == 22654 * 38 + 1);
+static_assert(sizeof PersonRows == 250 * 148 + 1);
 
 } // namespace
 

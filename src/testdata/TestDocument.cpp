@@ -11,11 +11,11 @@
 namespace testdata {
 namespace {
 
-constexpr int drawnRows = 22500; // the rows behind these stand in the table and are never drawn
-constexpr std::size_t ibanLength = 18;
-constexpr std::int32_t lastRowWithoutCount = 5;
-constexpr std::int16_t formsBetweenEmpty = 25;
-constexpr std::int16_t numberWidth = 8;
+constexpr int DrawnRows = 22500; // the rows behind these stand in the table and are never drawn
+constexpr std::size_t IbanLength = 18;
+constexpr std::int32_t LastRowWithoutCount = 5;
+constexpr std::int16_t FormsBetweenEmpty = 25;
+constexpr std::int16_t NumberWidth = 8;
 
 // A whole number from 1 to `count`, after a seed from the clock.
 int DrawNumber(int count, platform::RandomSource& random, const platform::Clock& clock) {
@@ -41,16 +41,16 @@ void SplitAccount(std::string_view row, TestDocument& document) {
             document.rekening = document.rekening.substr(0, next);
         }
     }
-    if (!document.rekening.empty() && platform::text::Length(document.rekening) != ibanLength) {
+    if (!document.rekening.empty() && platform::text::Length(document.rekening) != IbanLength) {
         std::terminate(); // the table itself is wrong: a batch made from it would be worth nothing
     }
 }
 
 void LeaveAccountOut(DrawState& state, TestDocument& document) {
-    if (state.Rij <= lastRowWithoutCount) {
+    if (state.Rij <= LastRowWithoutCount) {
         return;
     }
-    if (++state.LeegTeller > formsBetweenEmpty) {
+    if (++state.LeegTeller > FormsBetweenEmpty) {
         state.LeegTeller = 0;
         document.rekening = {};
         document.bic = {};
@@ -61,9 +61,9 @@ void LeaveAccountOut(DrawState& state, TestDocument& document) {
 
 void DrawTestDocument(DrawState& state, const DrawSources& sources, TestDocument& document) {
     TakePerson(state, sources.persons, document);
-    SplitAccount(sources.accounts[DrawNumber(drawnRows, sources.random, sources.clock)], document);
+    SplitAccount(sources.accounts[DrawNumber(DrawnRows, sources.random, sources.clock)], document);
     LeaveAccountOut(state, document);
-    document.volgnummertekst = payment::NulVulling(state.Volgnummer, numberWidth);
+    document.volgnummertekst = payment::NulVulling(state.Volgnummer, NumberWidth);
     document.euro = TrekEuro(sources.random, sources.clock);
     document.cent = TrekCent(sources.random, sources.clock);
 }

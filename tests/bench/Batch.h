@@ -44,7 +44,7 @@ class Batch {
     void Print(int forms) {
         support::FakeRunHost host(state_, services_);
         host.count = std::to_string(forms);
-        composition::Afdrukken(state_, services_, host, composition::documentTestForms, 1, false);
+        composition::Afdrukken(state_, services_, host, composition::DocumentTestForms, 1, false);
     }
 
   private:

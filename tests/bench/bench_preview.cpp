@@ -22,8 +22,8 @@
 
 namespace {
 
-constexpr int buttonPrevious = 4;
-constexpr int buttonNext = 5;
+constexpr int ButtonPrevious = 4;
+constexpr int ButtonNext = 5;
 
 /// A preview of so many sheets of A4 in its window.
 class Shown {
@@ -54,7 +54,7 @@ class Shown {
 
     void TurnThePage() {
         forms::Toolbar& toolbar = preview_.Window()->Toolbar;
-        toolbar.UserClickButton(forth_ ? buttonNext : buttonPrevious);
+        toolbar.UserClickButton(forth_ ? ButtonNext : ButtonPrevious);
         forth_ = !forth_;
     }
 

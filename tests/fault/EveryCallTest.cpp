@@ -23,9 +23,9 @@ namespace {
 using testing::IsEmpty;
 
 /// Set by the thorough run: every call, and not one in so many.
-constexpr const char* allCalls = "DRUKKEURING_EVERY_CALL";
+constexpr const char* EveryCallVariable = "DRUKKEURING_EVERY_CALL";
 /// Runs of a story and a kind, at most, when not every call is tried.
-constexpr int fewRuns = 6;
+constexpr int FewRuns = 6;
 
 /// Steps that have no handler for failures: the error ends them and goes to the desktop, which tells the
 /// user.
@@ -123,7 +123,7 @@ TEST_P(EveryCall, IsSurvived) {
     const Outcome whole = Played(TheStory(), none);
     ASSERT_THAT(whole.Complaints, IsEmpty());
     ASSERT_THAT(whole.Untrapped, IsEmpty());
-    const int stride = std::getenv(allCalls) != nullptr ? 1 : std::max(1, none.Count() / fewRuns);
+    const int stride = std::getenv(EveryCallVariable) != nullptr ? 1 : std::max(1, none.Count() / FewRuns);
     for (int number = 1;; number += stride) {
         Fault fault(TheKind(), number);
         const Outcome outcome = Played(TheStory(), fault);

@@ -7,7 +7,7 @@ namespace fault {
 
 namespace {
 
-constexpr CallOfKind calls[] = {
+constexpr CallOfKind Calls[] = {
     {"RegOpenKeyA", Kind::Store},
     {"RegQueryValueExA", Kind::Store},
     {"RegSetValueExA", Kind::Store},
@@ -52,7 +52,7 @@ constexpr CallOfKind calls[] = {
 } // namespace
 
 std::span<const CallOfKind> AllCalls() {
-    return calls;
+    return Calls;
 }
 
 const char* NameOf(Kind kind) {
@@ -78,7 +78,7 @@ const char* NameOf(Kind kind) {
 }
 
 bool IsOfKind(std::string_view call, Kind kind) {
-    return std::any_of(std::begin(calls), std::end(calls),
+    return std::any_of(std::begin(Calls), std::end(Calls),
                        [&](const CallOfKind& row) { return row.Name == call && row.Of == kind; });
 }
 

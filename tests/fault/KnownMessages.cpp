@@ -10,7 +10,7 @@ namespace {
 
 using platform::MessageIcon;
 
-constexpr const char* title = "Drukkeuring acceptgiro's";
+constexpr const char* MessageTitle = "Drukkeuring acceptgiro's";
 
 struct KnownMessage {
     MessageIcon Icon;
@@ -19,7 +19,7 @@ struct KnownMessage {
     bool Open = false;
 };
 
-constexpr KnownMessage messages[] = {
+constexpr KnownMessage Messages[] = {
     // The wizard.
     {MessageIcon::Information, "Het ingegeven banknummer is niet correct."},
     {MessageIcon::Information, "U heeft nog geen keuze gemaakt omtrent de te volgen procedure."},
@@ -58,8 +58,8 @@ constexpr KnownMessage messages[] = {
 
 bool IsKnown(const platform::ShownMessage& message) {
     const std::string_view text = message.Text;
-    return message.Title == title &&
-           std::any_of(std::begin(messages), std::end(messages), [&](const KnownMessage& known) {
+    return message.Title == MessageTitle &&
+           std::any_of(std::begin(Messages), std::end(Messages), [&](const KnownMessage& known) {
                return message.Icon == known.Icon &&
                       (known.Open ? text.starts_with(known.Text) : text == known.Text);
            });

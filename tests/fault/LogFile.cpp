@@ -13,7 +13,7 @@ namespace fault {
 
 namespace {
 
-constexpr const char* name = "printrap.log";
+constexpr const char* Name = "printrap.log";
 
 Fault* current = nullptr;
 const std::FILE* log = nullptr;
@@ -21,7 +21,7 @@ const std::FILE* log = nullptr;
 } // namespace
 
 LogFile::LogFile(Fault& fault) {
-    std::filesystem::remove(name);
+    std::filesystem::remove(Name);
     current = &fault;
 }
 
@@ -30,7 +30,7 @@ LogFile::~LogFile() {
 }
 
 std::vector<std::string> LogFile::Lines() {
-    std::ifstream file(name, std::ios::binary);
+    std::ifstream file(Name, std::ios::binary);
     std::vector<std::string> lines;
     for (std::string line; std::getline(file, line);) {
         lines.push_back(file.eof() ? line : line + '\n');
@@ -47,7 +47,7 @@ std::FILE* __real_fopen(const char* path, const char* mode);
 std::size_t __real_fwrite(const void* data, std::size_t size, std::size_t count, std::FILE* file);
 
 std::FILE* __wrap_fopen(const char* path, const char* mode) {
-    if (std::strcmp(path, fault::name) != 0) {
+    if (std::strcmp(path, fault::Name) != 0) {
         return __real_fopen(path, mode);
     }
     if (fault::current != nullptr && fault::current->Strikes(fault::CallOpenFile)) {

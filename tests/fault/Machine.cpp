@@ -16,12 +16,12 @@ namespace fault {
 
 namespace {
 
-constexpr const char* settings = "Software\\Ondor\\Tarvik\\CurrentVersion";
+constexpr const char* Settings = "Software\\Ondor\\Tarvik\\CurrentVersion";
 
 /// More than any run needs: a run that goes beyond hangs.
-constexpr int mostYields = 200000;
+constexpr int MostYields = 200000;
 /// The machine is fast: a timer comes round once in so many yields.
-constexpr int yieldsPerTick = 100;
+constexpr int YieldsPerTick = 100;
 
 struct Setting {
     const char* Name;
@@ -29,7 +29,7 @@ struct Setting {
 };
 
 /// A user with all that a form can carry.
-constexpr Setting userSettings[] = {
+constexpr Setting UserSettings[] = {
     {"AcceptgiroType", "1"},
     {"GMUContractVorm", "32"},
     {"GMUVerkeer", "1"},
@@ -54,13 +54,13 @@ constexpr Setting userSettings[] = {
 };
 
 /// What the program may write into the store.
-constexpr Setting mayWrite[] = {
+constexpr Setting WritableSettings[] = {
     {"PrinterOrientation", "1"}, {"GMUFontSize", "12"},      {"MatrixPrinter", "0"},  {"MatrixPrinter", "1"},
     {"CurrentPrinter", "Laser"}, {"CurrentPrinter", "Inkt"}, {"PrinterInit", "2001"},
 };
 
 bool MayWrite(const std::string& name, const std::string& value) {
-    return std::any_of(std::begin(mayWrite), std::end(mayWrite),
+    return std::any_of(std::begin(WritableSettings), std::end(WritableSettings),
                        [&](const Setting& row) { return name == row.Name && value == row.Value; });
 }
 
@@ -70,7 +70,7 @@ struct Installed {
 };
 
 /// The first one's defaults are not the first entries of its lists, which a failing driver falls back on.
-constexpr Installed printers[] = {
+constexpr Installed InstalledPrinters[] = {
     {Machine::FirstPrinter, {.Orientation = 1, .PaperSize = 5, .DefaultSource = 1, .Copies = 1}},
     {"Inkt", {.Orientation = 2, .PaperSize = 9, .DefaultSource = 15, .Copies = 1}},
 };
@@ -89,7 +89,7 @@ std::string TextOf(const platform::Event& event, std::string_view field) {
 Machine::Machine(const Story& story, Fault& fault) : story_(story), fault_(fault), log_(fault) {
     FillStore();
     if (story.HasPrinters) {
-        for (const Installed& printer : printers) {
+        for (const Installed& printer : InstalledPrinters) {
             memory_.InstallPrinter({.Name = printer.Name, .Defaults = printer.Defaults});
         }
     }
@@ -108,21 +108,21 @@ Machine::~Machine() {
 }
 
 void Machine::FillStore() {
-    for (const Setting& setting : userSettings) {
+    for (const Setting& setting : UserSettings) {
         stored_[setting.Name] = setting.Value;
     }
     if (!story_.KnownPrinter.empty()) {
         stored_["CurrentPrinter"] = story_.KnownPrinter;
     }
     for (const auto& [name, value] : stored_) {
-        memory_.registry.SetText(settings, name, value);
+        memory_.registry.SetText(Settings, name, value);
     }
 }
 
 platform::QueueDefaults Machine::InstalledDefaults(const std::string& printer) {
-    const auto* const found = std::find_if(std::begin(printers), std::end(printers),
+    const auto* const found = std::find_if(std::begin(InstalledPrinters), std::end(InstalledPrinters),
                                            [&](const Installed& row) { return printer == row.Name; });
-    return found == std::end(printers) ? platform::QueueDefaults{} : found->Defaults;
+    return found == std::end(InstalledPrinters) ? platform::QueueDefaults{} : found->Defaults;
 }
 
 // What the program does.
@@ -169,10 +169,10 @@ void Machine::ObservePaper(const platform::Event& event) {
 }
 
 void Machine::ObserveYield() {
-    if (++yields_ > mostYields) {
+    if (++yields_ > MostYields) {
         throw std::logic_error("the program hangs");
     }
-    if (yields_ % yieldsPerTick == 0) {
+    if (yields_ % YieldsPerTick == 0) {
         PassTime();
     }
 }
@@ -307,7 +307,7 @@ Outcome Machine::Play() {
 }
 
 void Machine::TakeOutcome() {
-    for (const Installed& printer : printers) {
+    for (const Installed& printer : InstalledPrinters) {
         if (const platform::PrintQueue* queue = memory_.printers.Find(printer.Name)) {
             outcome_.Defaults[queue->Name] = queue->Defaults;
         }
@@ -321,7 +321,7 @@ void Machine::TakeOutcome() {
 
 void Machine::ExpectStoreWhole() {
     for (const auto& [name, value] : stored_) {
-        const std::string now = memory_.registry.Text(settings, name).value_or("(missing)");
+        const std::string now = memory_.registry.Text(Settings, name).value_or("(missing)");
         if (now != value && !MayWrite(name, now)) {
             Complain("the store holds " + name + " = " + now);
         }

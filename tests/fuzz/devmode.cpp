@@ -30,8 +30,8 @@ using std::string;
 using std::string_view;
 
 /// What the program puts behind each buffer for drivers that write more than they told.
-constexpr std::size_t bytesBehind = 128;
-constexpr std::size_t entriesBehind = 1024;
+constexpr std::size_t BytesBehind = 128;
+constexpr std::size_t EntriesBehind = 1024;
 
 /// The answers of a seed.
 class Answers {
@@ -160,7 +160,7 @@ class HostileSpooler : public platform::Spooler {
                                                                          : 2;
         const auto entries = static_cast<std::size_t>(
             std::clamp<std::int64_t>(answers_.Next("written" + name, promised_), 0,
-                                     promised_ + static_cast<std::int64_t>(entriesBehind)));
+                                     promised_ + static_cast<std::int64_t>(EntriesBehind)));
         Fill(output, entries * width, answers_.Text("text" + name));
         return answers_.Next32("told" + name, promised_);
     }
@@ -179,7 +179,7 @@ class HostileSpooler : public platform::Spooler {
 
     void WriteSettings(void* output) {
         const auto more =
-            static_cast<std::size_t>(std::clamp<std::int64_t>(answers_.Next("overrun", 0), 0, bytesBehind));
+            static_cast<std::size_t>(std::clamp<std::int64_t>(answers_.Next("overrun", 0), 0, BytesBehind));
         const std::size_t size = Settings() + more;
         Fill(output, size, answers_.Text("mode-text"));
         if (size < sizeof(DEVMODE)) {

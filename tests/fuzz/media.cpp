@@ -63,7 +63,7 @@ struct TextType {
     string_view Name;
     ipp_tag_t Tag;
 };
-constexpr std::array<TextType, 7> textTypes = {{
+constexpr std::array<TextType, 7> TextTypes = {{
     {"keyword", IPP_TAG_KEYWORD},
     {"name", IPP_TAG_NAME},
     {"text", IPP_TAG_TEXT},
@@ -122,7 +122,7 @@ void AddAttribute(ipp_t* answer, fuzz::Input line) {
         ippAddOctetString(answer, IPP_TAG_PRINTER, name.c_str(), bytes.data(),
                           static_cast<int>(bytes.size()));
     }
-    for (const TextType& known : textTypes) {
+    for (const TextType& known : TextTypes) {
         if (known.Name == type) {
             std::vector<const char*> texts;
             std::transform(values.begin(), values.end(), std::back_inserter(texts),

@@ -24,8 +24,8 @@ using platform::RegValue;
 using std::string;
 using std::string_view;
 
-constexpr std::uint32_t typeText = 1;
-constexpr std::uint32_t typeBytes = 3;
+constexpr std::uint32_t TypeText = 1;
+constexpr std::uint32_t TypeBytes = 3;
 
 /// Valid UTF-8 of characters that every encoding of a file has, as the registry's calls give it.
 string OfCodePage(string_view t) {
@@ -90,7 +90,7 @@ void CheckWrite(const RegFile& file, const Place& where, const RegValue& value,
     }
     // A second text in its place leaves everything around it.
     const std::optional<string> again =
-        written.WithValue(where.Key, where.Name, {typeText, string("x\0", 2)});
+        written.WithValue(where.Key, where.Name, {TypeText, string("x\0", 2)});
     REQUIRE(again && RegFile(*again).WithValue(where.Key, where.Name, value) == *bytes);
 }
 
@@ -114,11 +114,11 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     const RegFile file(bytes);
     REQUIRE(file.Bytes() == bytes);
     const std::vector<Place> places = PlacesIn(input.Rest());
-    CheckWrite(file, where, {typeText, value + '\0'}, places);
-    CheckWrite(file, where, {typeBytes, value}, places);
+    CheckWrite(file, where, {TypeText, value + '\0'}, places);
+    CheckWrite(file, where, {TypeBytes, value}, places);
     for (const Place& place : places) {
-        CheckWrite(file, {place.Key, where.Name}, {typeText, value + '\0'}, places);
-        CheckWrite(file, {place.Key, OfCodePage(place.Name)}, {typeText, value + '\0'}, places);
+        CheckWrite(file, {place.Key, where.Name}, {TypeText, value + '\0'}, places);
+        CheckWrite(file, {place.Key, OfCodePage(place.Name)}, {TypeText, value + '\0'}, places);
     }
     CheckEncoding(input.Rest());
     return 0;

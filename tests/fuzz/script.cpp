@@ -89,6 +89,6 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     std::ostringstream record;
     std::ostringstream complaints;
     const int status = scenario::Player(lines, record, complaints).Run();
-    REQUIRE(status == scenario::statusDone || !complaints.str().empty());
+    REQUIRE(status == scenario::StatusDone || !complaints.str().empty());
     return 0;
 }

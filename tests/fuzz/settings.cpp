@@ -20,10 +20,10 @@ namespace {
 using std::string;
 using std::string_view;
 
-const string settingsKey = R"(Software\Ondor\Tarvik\CurrentVersion)";
+const string SettingsPath = R"(Software\Ondor\Tarvik\CurrentVersion)";
 
 /// What the program may write; all else belongs to the main application.
-constexpr std::array<string_view, 4> ownSettings = {"PrinterOrientation", "GMUFontSize", "CurrentPrinter",
+constexpr std::array<string_view, 4> OwnSettings = {"PrinterOrientation", "GMUFontSize", "CurrentPrinter",
                                                     "MatrixPrinter"};
 
 void Put(platform::MemoryRegistry& registry, string_view line) {
@@ -38,7 +38,7 @@ void Put(platform::MemoryRegistry& registry, string_view line) {
         name.pop_back();
     }
     const std::size_t slash = name.rfind('\\');
-    const string key = slash == string::npos ? settingsKey : settingsKey + '\\' + name.substr(0, slash);
+    const string key = slash == string::npos ? SettingsPath : SettingsPath + '\\' + name.substr(0, slash);
     name.erase(0, slash == string::npos ? 0 : slash + 1);
     if (kind == '#') {
         registry.SetNumber(key, name, fuzz::Input(value).Take<std::uint32_t>());
@@ -54,7 +54,7 @@ class User {
   public:
     bool Do(forms::Form& form) {
         auto* const manager = dynamic_cast<printmanager::frmPrintManager*>(&form);
-        if (manager == nullptr || step_ == lastStep) {
+        if (manager == nullptr || step_ == LastStep) {
             return false;
         }
         const int document = ++step_ / 3;
@@ -76,7 +76,7 @@ class User {
     }
 
   private:
-    static constexpr int lastStep = 12;
+    static constexpr int LastStep = 12;
     int step_ = 0;
 };
 
@@ -101,13 +101,13 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     platform::MemoryPlatform memory;
     memory.clock.Set({.Year = 2026, .Month = 3, .Day = 14, .Hour = 12, .Minute = 0, .Second = 0});
     memory.random.Seed(1);
-    memory.registry.CreateKey(settingsKey);
+    memory.registry.CreateKey(SettingsPath);
     for (fuzz::Input lines(data, size); !lines.Empty();) {
         Put(memory.registry, lines.Line());
     }
     memory.registry.OnWrite = [](const string& path, const string& name, const string&, bool) {
-        REQUIRE(path == settingsKey);
-        REQUIRE(std::find(ownSettings.begin(), ownSettings.end(), name) != ownSettings.end());
+        REQUIRE(path == SettingsPath);
+        REQUIRE(std::find(OwnSettings.begin(), OwnSettings.end(), name) != OwnSettings.end());
     };
     memory.recorder.Sink = [](const platform::Event& event) { REQUIRE(event.Kind != "error"); };
     for (const char* name : {"Laser", "Inkt"}) {

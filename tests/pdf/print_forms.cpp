@@ -27,20 +27,20 @@
 
 namespace {
 
-constexpr std::uint64_t chanceStart = 20260315;
-constexpr platform::DateTime moment = {2026, 3, 15, 10, 20, 30, 400};
-constexpr std::size_t places = 4;
+constexpr std::uint64_t ChanceStart = 20260315;
+constexpr platform::DateTime Moment = {2026, 3, 15, 10, 20, 30, 400};
+constexpr std::size_t Places = 4;
 
-const char* const settingsKey = "Software\\Ondor\\Proef";
+const char* const SettingsPath = "Software\\Ondor\\Proef";
 
 /// A setting that has one text for each place of a form.
 struct Calibrated {
     const char* name;
     wizard::Calibration wizard::AppState::*field;
-    std::array<const char*, places> texts;
+    std::array<const char*, Places> texts;
 };
 
-const std::array<Calibrated, 10> calibrations = {{
+const std::array<Calibrated, 10> Calibrations = {{
     {"AcceptGiroLinks", &wizard::AppState::AcceptGiroLinks, {"", "0,5", "-0,3", "1"}},
     {"AcceptGiroTop", &wizard::AppState::AcceptGiroTop, {"", "-0,7", "0,4", "-1,5"}},
     {"AcceptGiroNAWLinks", &wizard::AppState::AcceptGiroNAWLinks, {"1,25", "", "-2", "0,5"}},
@@ -52,12 +52,12 @@ const std::array<Calibrated, 10> calibrations = {{
     {"AcceptGiroBGSoucheLinks", &wizard::AppState::AcceptGiroBGSoucheLinks, {"0,7", "1,1", "0,2", ""}},
     {"AcceptGiroBGAcceptLinks", &wizard::AppState::AcceptGiroBGAcceptLinks, {"-0,4", "", "0,6", "1,3"}},
 }};
-const std::array<const char*, places> stubTops = {"-0,5", "0,9", "", "0,2"};
-const std::array<const char*, places> acceptTops = {"9", "9", "9", "9"}; // without effect
-const std::array<const char*, places> ocrLefts = {"0,4", "-0,2", "", "0,8"};
-const std::array<const char*, places> ocrTops = {"", "0,3", "-0,6", "0,5"};
+const std::array<const char*, Places> StubTops = {"-0,5", "0,9", "", "0,2"};
+const std::array<const char*, Places> AcceptTops = {"9", "9", "9", "9"}; // without effect
+const std::array<const char*, Places> OcrLefts = {"0,4", "-0,2", "", "0,8"};
+const std::array<const char*, Places> OcrTops = {"", "0,3", "-0,6", "0,5"};
 
-QJsonArray ListOf(const std::array<const char*, places>& texts) {
+QJsonArray ListOf(const std::array<const char*, Places>& texts) {
     QJsonArray list;
     for (const char* text : texts) {
         list.append(QString::fromLatin1(text));
@@ -71,10 +71,10 @@ QString TextOf(std::string_view text) {
 
 /// The state as the start-up and the wizard's pages leave it, and the same for the reader.
 QJsonObject FillState(wizard::AppState& state, platform::MemoryRegistry& registry) {
-    state.SettingsKey = settingsKey;
-    registry.CreateKey(settingsKey);
-    registry.SetText(settingsKey, "AcceptFontSizeNAW1", "8");
-    registry.SetText(settingsKey, "AcceptFontSizeNAW2", "11");
+    state.SettingsKey = SettingsPath;
+    registry.CreateKey(SettingsPath);
+    registry.SetText(SettingsPath, "AcceptFontSizeNAW1", "8");
+    registry.SetText(SettingsPath, "AcceptFontSizeNAW2", "11");
     state.TwipsPerCm = 567;
     state.LeftMargin = 450;
     state.PersonTable = &testdata::PersonTable();
@@ -90,21 +90,21 @@ QJsonObject FillState(wizard::AppState& state, platform::MemoryRegistry& registr
     state.IncassantBankGiro = "NL13ABNA0500000018";
 
     QJsonObject settings;
-    for (const Calibrated& each : calibrations) {
-        for (std::size_t i = 0; i < places; ++i) {
+    for (const Calibrated& each : Calibrations) {
+        for (std::size_t i = 0; i < Places; ++i) {
             (state.*each.field)[i] = each.texts[i];
         }
         settings[QString::fromLatin1(each.name)] = ListOf(each.texts);
     }
-    for (std::size_t i = 0; i < places; ++i) {
-        state.AcceptGiroBGSoucheTop[i] = stubTops[i];
-        state.AcceptGiroBGAcceptTop[i] = acceptTops[i];
-        state.OCRLinks[i] = ocrLefts[i];
-        state.OCRTop[i] = ocrTops[i];
+    for (std::size_t i = 0; i < Places; ++i) {
+        state.AcceptGiroBGSoucheTop[i] = StubTops[i];
+        state.AcceptGiroBGAcceptTop[i] = AcceptTops[i];
+        state.OCRLinks[i] = OcrLefts[i];
+        state.OCRTop[i] = OcrTops[i];
     }
-    settings["AcceptGiroBGSoucheTop"] = ListOf(stubTops);
-    settings["OCRLinks"] = ListOf(ocrLefts);
-    settings["OCRTop"] = ListOf(ocrTops);
+    settings["AcceptGiroBGSoucheTop"] = ListOf(StubTops);
+    settings["OCRLinks"] = ListOf(OcrLefts);
+    settings["OCRTop"] = ListOf(OcrTops);
     settings["AcceptFontSizeNAW2"] = 11;
     settings["GMUFontSize"] = 10;
     settings["GMUServiceNr"] = "4711";
@@ -118,7 +118,7 @@ QJsonObject FillState(wizard::AppState& state, platform::MemoryRegistry& registr
 
 /// The values of the forms, drawn once more by the same chance.
 QJsonArray DrawDocuments(const platform::Clock& clock, int count) {
-    platform::SeededRandom chance(chanceStart);
+    platform::SeededRandom chance(ChanceStart);
     testdata::DrawState draw;
     testdata::TestDocument document;
     QJsonArray documents;
@@ -151,8 +151,8 @@ int main(int argc, char** argv) {
     const int count = static_cast<int>(std::strtol(argv[5], nullptr, 10));
 
     platform::MemoryPlatform memory;
-    memory.clock.Set(moment);
-    platform::SeededRandom chance(chanceStart);
+    memory.clock.Set(Moment);
+    platform::SeededRandom chance(ChanceStart);
     platform::qt::QtPrinters printers(
         std::make_unique<platform::qt::PdfPrinter>(
             [&folder](const QString&) { return folder + "/forms.pdf"; }, folder + "/settings.conf"),
@@ -171,14 +171,14 @@ int main(int argc, char** argv) {
     record["type"] = state.AcceptgiroType;
     record["contract"] = state.GMUContractVorm;
     record["traffic"] = bool(state.GMUVerkeer);
-    record["month"] = moment.Month;
-    record["year"] = moment.Year;
+    record["month"] = Moment.Month;
+    record["year"] = Moment.Year;
     record["documents"] = DrawDocuments(memory.clock, count);
 
     support::FakeRunHost host(state, services);
     host.count = std::to_string(count);
     composition::LeesPrinterMaten(state, services);
-    composition::Afdrukken(state, services, host, composition::documentTestForms, 1, false);
+    composition::Afdrukken(state, services, host, composition::DocumentTestForms, 1, false);
 
     QFile file(folder + "/forms.json");
     if (!file.open(QIODevice::WriteOnly) || file.write(QJsonDocument(record).toJson()) < 0) {

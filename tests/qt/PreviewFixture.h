@@ -30,7 +30,7 @@ class PreviewTest : public testing::Test {
         state.ListFontName = "Tahoma";
     }
 
-    static constexpr double ruleDistance = 720; // twips
+    static constexpr double RuleDistance = 720; // twips
 
     /// Opens a preview on a document of so many pages.
     void Compose(int pages) {
@@ -42,7 +42,7 @@ class PreviewTest : public testing::Test {
             }
             surface.PrintLine("pagina " + std::to_string(page));
             for (int thickness = 0; thickness < 60; thickness += 5) {
-                surface.Line(0, page * ruleDistance + thickness, 5000, page * ruleDistance + thickness, 0);
+                surface.Line(0, page * RuleDistance + thickness, 5000, page * RuleDistance + thickness, 0);
             }
         }
         surface.EndDoc();
@@ -78,7 +78,7 @@ class PreviewTest : public testing::Test {
         const double ratio = picture.devicePixelRatio();
         for (int page = 1; page <= 9; ++page) {
             const int x = platform::qt::ToDots(1000);
-            const int y = platform::qt::ToDots(page * ruleDistance + 30);
+            const int y = platform::qt::ToDots(page * RuleDistance + 30);
             const QColor colour =
                 picture.pixelColor(static_cast<int>(x * ratio), static_cast<int>(y * ratio));
             if (colour.lightness() < 128) {

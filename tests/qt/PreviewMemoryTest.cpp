@@ -18,7 +18,7 @@
 
 namespace {
 
-constexpr int mostPages = 40;
+constexpr int MostPages = 40;
 
 class PreviewMemoryTest : public PreviewTest {
   protected:
@@ -46,13 +46,13 @@ class PreviewMemoryTest : public PreviewTest {
         Compose(pages);
         const double bitmap = static_cast<double>(PageBytes());
         const auto cost = static_cast<double>(support::AllocatedBytes() - before);
-        EXPECT_LE(cost, mostPages * bitmap * 1.1);
-        EXPECT_GE(cost, mostPages * bitmap) << "not all of it was counted";
+        EXPECT_LE(cost, MostPages * bitmap * 1.1);
+        EXPECT_GE(cost, MostPages * bitmap) << "not all of it was counted";
         std::set<const uchar*> dots;
-        for (int page = 1; page <= mostPages; ++page) {
+        for (int page = 1; page <= MostPages; ++page) {
             dots.insert(Bitmap(page).Image().constBits());
         }
-        EXPECT_EQ(dots.size(), std::size_t{mostPages});
+        EXPECT_EQ(dots.size(), std::size_t{MostPages});
         const auto held = Pages();
 
         preview.OpenPreview(1);
@@ -80,7 +80,7 @@ class PreviewMemoryTest : public PreviewTest {
 };
 
 TEST_F(PreviewMemoryTest, FortyPagesCostFortyBitmapsAndClosingGivesThemBack) {
-    ExpectFortyBitmaps(mostPages);
+    ExpectFortyBitmaps(MostPages);
 }
 
 TEST_F(PreviewMemoryTest, ALongerDocumentCostsNoMore) {
@@ -100,13 +100,13 @@ TEST_F(PreviewMemoryTest, ABitmapIsAsLargeAsTheSheetAtTheScreensResolution) {
 }
 
 TEST_F(PreviewMemoryTest, TurningAndScrollingShowTheSameBitmapsAndMakeNone) {
-    Show(mostPages, [this] {
+    Show(MostPages, [this] {
         std::vector<const uchar*> dots;
-        for (int page = 1; page <= mostPages; ++page) {
+        for (int page = 1; page <= MostPages; ++page) {
             dots.push_back(Bitmap(page).Image().constBits());
         }
         const support::LargeAllocations large(PageBytes() / 8);
-        for (int page = 1; page <= mostPages; ++page) {
+        for (int page = 1; page <= MostPages; ++page) {
             EXPECT_EQ(Form().pictCurrentPage.Page(),
                       Ghost().ThisPage.at(static_cast<std::int16_t>(page)).Picture);
             EXPECT_EQ(Bitmap(page).Image().constBits(), dots[static_cast<std::size_t>(page - 1)]);

@@ -32,17 +32,17 @@
 
 namespace {
 
-constexpr double twipsPerInch = 1440;
-constexpr double finestDensity = 480; // dots to the inch
-constexpr double twipsPerMillimetre = twipsPerInch / 25.4;
+constexpr double TwipsPerInch = 1440;
+constexpr double FinestDensity = 480; // dots to the inch
+constexpr double TwipsPerMillimetre = TwipsPerInch / 25.4;
 
 /// How far a text or a line may be from its place on paper, in dots of the window's picture: the screen has
 /// the base line of a text on a whole one.
-constexpr double mostAway = 1;
+constexpr double MostAway = 1;
 
 /// How much wider or higher its ink may be, in dots of 96 to the inch: one. Of a picture twice as fine these
 /// are two, as a letter's edge may be a grey dot more at either end.
-constexpr double mostLarger = twipsPerInch / 96;
+constexpr double MostLarger = TwipsPerInch / 96;
 
 /// A sheet of paper in a file.
 class PaperDevice final : public platform::qt::PageDevice {
@@ -168,8 +168,8 @@ class PreviewPositionTest : public PreviewTest, public testing::WithParamInterfa
             const int wider = printed->Width() - seen->Width();
             const int higher = printed->Height() - seen->Height();
             worstSize_ = std::max({worstSize_, std::abs(wider), std::abs(higher)});
-            if (std::abs(dx) > away || std::abs(dy) > away || std::abs(wider) > Dots(mostLarger) ||
-                std::abs(higher) > Dots(mostLarger)) {
+            if (std::abs(dx) > away || std::abs(dy) > away || std::abs(wider) > Dots(MostLarger) ||
+                std::abs(higher) > Dots(MostLarger)) {
                 misplaced.push_back(name + ": " + std::to_string(dx) + " across, " + std::to_string(dy) +
                                     " down, " + std::to_string(wider) + " wider, " + std::to_string(higher) +
                                     " higher");
@@ -231,8 +231,8 @@ class PreviewPositionTest : public PreviewTest, public testing::WithParamInterfa
         // At few dots to the inch poppler puts letters on whole ones, so it draws finer and the dots are put
         // together.
         const int finer =
-            std::max(1, static_cast<int>(std::lround(finestDensity / (perTwip_ * twipsPerInch))));
-        const QString density = QString::number(finer * perTwip_ * twipsPerInch, 'f', 6);
+            std::max(1, static_cast<int>(std::lround(FinestDensity / (perTwip_ * TwipsPerInch))));
+        const QString density = QString::number(finer * perTwip_ * TwipsPerInch, 'f', 6);
         ASSERT_EQ(QProcess::execute("pdftoppm",
                                     {"-gray", "-singlefile", "-r", density, name, folder.filePath("proef")}),
                   0);
@@ -267,7 +267,7 @@ class PreviewPositionTest : public PreviewTest, public testing::WithParamInterfa
         const std::string drawn = call.text.substr(0, call.text.find_last_not_of(' ') + 1);
         const double right =
             call.text.empty() ? call.x2 : call.x1 + measures_.MeasureText(drawn, call.font).Width;
-        const int beside = Dots(0.25 * twipsPerMillimetre);
+        const int beside = Dots(0.25 * TwipsPerMillimetre);
         const int above = call.text.empty() ? 2 * beside : 0;
         const QRect box(QPoint(Dots(call.x1), Dots(call.y1)), QPoint(Dots(right), Dots(call.y2)));
         return box.adjusted(-beside, -above, beside, above);
@@ -281,7 +281,7 @@ TEST_P(PreviewPositionTest, TheWindowShowsEachTextWhereThePaperHasIt) {
     DrawBoth();
     const auto isLine = [](const Call& call) { return call.text.empty(); };
     EXPECT_EQ(std::any_of(notedBitmaps_.Calls.begin(), notedBitmaps_.Calls.end(), isLine), GetParam().lines);
-    EXPECT_THAT(Misplaced(window_, mostAway), testing::IsEmpty());
+    EXPECT_THAT(Misplaced(window_, MostAway), testing::IsEmpty());
     RecordProperty("worst_dots", std::to_string(worst_));
     RecordProperty("worst_size_dots", worstSize_);
 }
@@ -291,17 +291,17 @@ TEST_P(PreviewPositionTest, AShiftOfTwoDotsWouldBeNoticed) {
     DrawBoth();
     const std::size_t all = Misplaced(window_, -1).size();
     for (const QPoint& shift : {QPoint(2, 0), QPoint(-2, 0), QPoint(0, 2), QPoint(0, -2)}) {
-        EXPECT_GE(Misplaced(Moved(shift), mostAway).size(), all * 4 / 5) << shift.x() << ", " << shift.y();
+        EXPECT_GE(Misplaced(Moved(shift), MostAway).size(), all * 4 / 5) << shift.x() << ", " << shift.y();
     }
 }
 
 INSTANTIATE_TEST_SUITE_P(Documents, PreviewPositionTest,
-                         testing::Values(Document{"NarrowForms", composition::documentTestForms, 1, false},
-                                         Document{"WideForms", composition::documentTestForms, 2, false},
-                                         Document{"FormUnderALetter", composition::documentTestForms, 3,
+                         testing::Values(Document{"NarrowForms", composition::DocumentTestForms, 1, false},
+                                         Document{"WideForms", composition::DocumentTestForms, 2, false},
+                                         Document{"FormUnderALetter", composition::DocumentTestForms, 3,
                                                   false},
-                                         Document{"NameList", composition::documentNameList, 1, true},
-                                         Document{"Report", composition::documentCalibration, 1, true}),
+                                         Document{"NameList", composition::DocumentNameList, 1, true},
+                                         Document{"Report", composition::DocumentCalibration, 1, true}),
                          [](const auto& row) { return row.param.name; });
 
 } // namespace

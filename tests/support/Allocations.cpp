@@ -13,9 +13,9 @@
 
 namespace {
 
-constexpr std::size_t nothing = static_cast<std::size_t>(-1);
+constexpr std::size_t Nothing = static_cast<std::size_t>(-1);
 
-std::atomic<std::size_t> counted = nothing; // the least size that counts
+std::atomic<std::size_t> counted = Nothing; // the least size that counts
 std::atomic<int> found = 0;
 
 void Note(std::size_t bytes) {
@@ -87,7 +87,7 @@ LargeAllocations::LargeAllocations(std::size_t bytes) {
 }
 
 LargeAllocations::~LargeAllocations() {
-    counted = nothing;
+    counted = Nothing;
 }
 
 int LargeAllocations::Count() const {

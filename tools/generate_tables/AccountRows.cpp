@@ -17,7 +17,7 @@
 namespace generate {
 namespace {
 
-constexpr std::uint64_t start = 20260301;
+constexpr std::uint64_t Start = 20260301;
 
 // Bank numbers have 9 figures; a band is their first two.
 struct Band {
@@ -88,7 +88,7 @@ struct GiroQuota {
     int failing;
     int doubledFailing;
 };
-constexpr GiroQuota giroQuotas[] = {
+constexpr GiroQuota GiroQuotas[] = {
     {100, 999, 2, 19, 0},
     {1000, 9999, 16, 159, 0},
     {10000, 99999, 93, 900, 0},
@@ -96,14 +96,14 @@ constexpr GiroQuota giroQuotas[] = {
 };
 
 // A number of row 0, which stands before the giro numbers and so out of order.
-constexpr std::string_view firstRowBand = "84";
-constexpr std::string_view firstRowBank = "RBRB";
-constexpr std::string_view giroBank = "INGB";
+constexpr std::string_view FirstRowBand = "84";
+constexpr std::string_view FirstRowBank = "RBRB";
+constexpr std::string_view GiroBank = "INGB";
 
 // The one test account in the list, of a bank that no table of BICs holds.
-constexpr std::string_view testBank = "TEST";
-constexpr std::string_view testBic = "TESTNL2A";
-constexpr int testNumber = 123456789;
+constexpr std::string_view TestBank = "TEST";
+constexpr std::string_view TestBic = "TESTNL2A";
+constexpr int TestNumber = 123456789;
 
 struct Account {
     int number;
@@ -162,7 +162,7 @@ std::vector<Account> DrawBankAccounts(Chance& chance, std::set<int>& used) {
             ++drawn;
         }
     }
-    accounts.push_back({testNumber, testBank});
+    accounts.push_back({TestNumber, TestBank});
     std::sort(accounts.begin(), accounts.end());
     return accounts;
 }
@@ -170,7 +170,7 @@ std::vector<Account> DrawBankAccounts(Chance& chance, std::set<int>& used) {
 std::vector<Account> DrawGiroAccounts(Chance& chance) {
     std::vector<Account> accounts;
     std::set<int> used;
-    for (const GiroQuota& quota : giroQuotas) {
+    for (const GiroQuota& quota : GiroQuotas) {
         int passing = 0;
         int failing = 0;
         while (passing < quota.passing || failing < quota.failing) {
@@ -180,9 +180,9 @@ std::vector<Account> DrawGiroAccounts(Chance& chance) {
             if (count == (passes ? quota.passing : quota.failing) || !used.insert(number).second) {
                 continue;
             }
-            accounts.push_back({number, giroBank});
+            accounts.push_back({number, GiroBank});
             if (!passes && count < quota.doubledFailing) {
-                accounts.push_back({number, giroBank});
+                accounts.push_back({number, GiroBank});
             }
             ++count;
         }
@@ -204,19 +204,19 @@ std::string Iban(std::string_view bank, std::string_view digits) {
 
 std::string Row(const Account& account) {
     const std::string digits = payment::NulVulling(account.number, 10);
-    const std::string_view bic = account.bank == testBank ? testBic : payment::BankCode2BIC({}, account.bank);
+    const std::string_view bic = account.bank == TestBank ? TestBic : payment::BankCode2BIC({}, account.bank);
     return digits + ',' + Iban(account.bank, digits) + ',' + std::string(bic);
 }
 
 } // namespace
 
 std::vector<std::string> AccountRows() {
-    Chance chance(start);
-    std::set<int> used = {testNumber};
-    const int first = DrawBankNumber(firstRowBand, chance);
+    Chance chance(Start);
+    std::set<int> used = {TestNumber};
+    const int first = DrawBankNumber(FirstRowBand, chance);
     used.insert(first);
 
-    std::vector<std::string> rows = {Row({first, firstRowBank})};
+    std::vector<std::string> rows = {Row({first, FirstRowBank})};
     for (const Account& account : DrawGiroAccounts(chance)) {
         rows.push_back(Row(account));
     }

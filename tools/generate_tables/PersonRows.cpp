@@ -12,46 +12,47 @@
 namespace generate {
 namespace {
 
-constexpr std::uint64_t start = 20260302;
+constexpr std::uint64_t Start = 20260302;
 
-constexpr std::size_t rowCount = 250;
-constexpr std::size_t nameColumn = 80;
-constexpr std::size_t longestName = 61;
-constexpr std::size_t shortestName = 10;
-constexpr std::size_t addressColumn = 50;
-constexpr std::size_t shortestAddress = 7;
-constexpr std::string_view place = "TESTERWOLD";
+constexpr std::size_t RowCount = 250;
+constexpr std::size_t NameColumn = 80;
+constexpr std::size_t LongestName = 61;
+constexpr std::size_t ShortestName = 10;
+constexpr std::size_t AddressColumn = 50;
+constexpr std::size_t ShortestAddress = 7;
+constexpr std::string_view Place = "TESTERWOLD";
 
-constexpr std::size_t ladies = 160;
-constexpr std::size_t gentlemen = 87;
-constexpr std::size_t doubleNames = 156;
-constexpr std::size_t couples = 30;
-constexpr std::size_t lettered = 3; // house numbers with "/A" behind them
-constexpr std::size_t postcodes = 58;
+constexpr std::size_t Ladies = 160;
+constexpr std::size_t Gentlemen = 87;
+constexpr std::size_t DoubleNames = 156;
+constexpr std::size_t Couples = 30;
+constexpr std::size_t Lettered = 3; // house numbers with "/A" behind them
+constexpr std::size_t Postcodes = 58;
 
-constexpr std::string_view lady = "Mevr.";
-constexpr std::string_view gentleman = "Dhr.";
+constexpr std::string_view Lady = "Mevr.";
+constexpr std::string_view Gentleman = "Dhr.";
 
-constexpr std::string_view trade[] = {"Proef",  "Test",  "Keur",  "Druk",   "Stempel", "Letter", "Inkt",
+constexpr std::string_view Trade[] = {"Proef",  "Test",  "Keur",  "Druk",   "Stempel", "Letter", "Inkt",
                                       "Papier", "Zegel", "Regel", "Blad",   "Vouw",    "Pers",   "Zet",
                                       "Lijm",   "Kader", "Marge", "Cijfer", "Kolom",   "Kaft"};
-constexpr std::string_view nameEndings[] = {"stra", "ma",   "man",  "mans", "beeld", "huizen", "inga",
+constexpr std::string_view NameEndings[] = {"stra", "ma",   "man",  "mans", "beeld", "huizen", "inga",
                                             "sma",  "veld", "kamp", "ders", "zoon",  "wijk",   "borg"};
-constexpr std::string_view particles[] = {"", "",     "",         "",    "",        "",
+constexpr std::string_view Particles[] = {"", "",     "",         "",    "",        "",
                                           "", "van ", "van der ", "de ", "van 't ", "ter "};
-constexpr std::string_view initials[] = {"A.", "B.", "C.", "D.", "E.", "F.", "G.", "H.", "J.", "K.", "L.",
-                                         "M.", "N.", "P.", "R.", "S.", "T.", "V.", "W.", "Y.", "Z."};
-constexpr std::string_view streetEndings[] = {"weg", "laan", "straat", "pad",
+constexpr std::string_view InitialLetters[] = {"A.", "B.", "C.", "D.", "E.", "F.", "G.",
+                                               "H.", "J.", "K.", "L.", "M.", "N.", "P.",
+                                               "R.", "S.", "T.", "V.", "W.", "Y.", "Z."};
+constexpr std::string_view StreetEndings[] = {"weg", "laan", "straat", "pad",
                                               "hof", "dijk", "plein",  "singel"};
-constexpr char postcodeLetters[] = {'A', 'B', 'C', 'D', 'E', 'G', 'H', 'J', 'K', 'L',
+constexpr char PostcodeLetters[] = {'A', 'B', 'C', 'D', 'E', 'G', 'H', 'J', 'K', 'L',
                                     'M', 'N', 'P', 'R', 'T', 'V', 'W', 'X', 'Z'};
 
 // Names that follow no pattern: three first names without a title, one pair that is joined by " en ", and the
 // shortest and the longest name that the column is used for.
 const std::string firstNames[] = {"Inktje Zegelstra", "Letterik Kolomma", "Papierina Bladwijk"};
-const std::string joinedPair = "Dhr. A. Proefstra en Mevr. B.C. Keurmans";
-const std::string shortName = "Dhr. T. Os";
-const std::string longName = "Mevr. A.B.C. van der Letterhuizen - van der Stempelhuizenveld";
+const std::string JoinedPair = "Dhr. A. Proefstra en Mevr. B.C. Keurmans";
+const std::string ShortName = "Dhr. T. Os";
+const std::string LongName = "Mevr. A.B.C. van der Letterhuizen - van der Stempelhuizenveld";
 
 struct PersonName {
     std::string_view title;
@@ -65,14 +66,14 @@ struct Street {
 };
 
 std::string Surname(Chance& chance) {
-    std::string name(chance.OneOf(particles));
-    return name.append(chance.OneOf(trade)).append(chance.OneOf(nameEndings));
+    std::string name(chance.OneOf(Particles));
+    return name.append(chance.OneOf(Trade)).append(chance.OneOf(NameEndings));
 }
 
 std::string Initials(Chance& chance) {
     std::string letters;
     for (int count = chance.Between(1, 3); count > 0; --count) {
-        letters.append(chance.OneOf(initials));
+        letters.append(chance.OneOf(InitialLetters));
     }
     return letters;
 }
@@ -85,7 +86,7 @@ std::string DrawName(const PersonName& kind, Chance& chance) {
         name.append(" - ").append(Surname(chance));
     }
     if (kind.couple) {
-        name.append(" e/o ").append(kind.title == lady ? gentleman : lady);
+        name.append(" e/o ").append(kind.title == Lady ? Gentleman : Lady);
         name.append(1, ' ').append(Initials(chance)).append(1, ' ').append(surname);
     }
     return name;
@@ -94,14 +95,14 @@ std::string DrawName(const PersonName& kind, Chance& chance) {
 // Which of the drawn names have a title, a second surname and a partner, in no order. The names above stand
 // beside them, so what those have is taken off the counts.
 std::vector<PersonName> DrawKinds(Chance& chance) {
-    std::vector<PersonName> kinds(ladies - 1, PersonName{lady});     // less the long name
-    kinds.resize(ladies - 1 + gentlemen - 2, PersonName{gentleman}); // less the pair and the short name
+    std::vector<PersonName> kinds(Ladies - 1, PersonName{Lady});     // less the long name
+    kinds.resize(Ladies - 1 + Gentlemen - 2, PersonName{Gentleman}); // less the pair and the short name
     chance.Shuffle(kinds);
-    for (std::size_t i = 0; i < doubleNames - 1; ++i) { // less the long name
+    for (std::size_t i = 0; i < DoubleNames - 1; ++i) { // less the long name
         kinds[i].doubleName = true;
     }
     chance.Shuffle(kinds);
-    for (std::size_t i = 0; i < couples; ++i) {
+    for (std::size_t i = 0; i < Couples; ++i) {
         kinds[i].couple = true;
     }
     chance.Shuffle(kinds);
@@ -110,13 +111,13 @@ std::vector<PersonName> DrawKinds(Chance& chance) {
 
 std::vector<std::string> DrawNames(Chance& chance) {
     std::vector<std::string> names(std::begin(firstNames), std::end(firstNames));
-    names.insert(names.end(), {joinedPair, shortName, longName});
+    names.insert(names.end(), {JoinedPair, ShortName, LongName});
     std::set<std::string> used(names.begin(), names.end());
     for (const PersonName& kind : DrawKinds(chance)) {
         std::string name;
         do {
             name = DrawName(kind, chance);
-        } while (name.size() < shortestName || name.size() > longestName || !used.insert(name).second);
+        } while (name.size() < ShortestName || name.size() > LongestName || !used.insert(name).second);
         names.push_back(name);
     }
     chance.Shuffle(names);
@@ -129,11 +130,11 @@ std::vector<Street> DrawStreets(Chance& chance) {
         {"9861 ZA", "Grensweg"}, {"9931 AA", "Kade"}, {"9931 AB", "Burgemeester Voorbeeldweg"}};
     std::set<std::string> used = {"9861 ZA",  "9931 AA", "9931 AB",
                                   "Grensweg", "Kade",    "Burgemeester Voorbeeldweg"};
-    while (streets.size() < postcodes + 1) {
+    while (streets.size() < Postcodes + 1) {
         Street street;
-        street.postcode = std::to_string(chance.Between(9931, 9949)) + ' ' + chance.OneOf(postcodeLetters) +
-                          chance.OneOf(postcodeLetters);
-        street.name = std::string(chance.OneOf(trade)).append(chance.OneOf(streetEndings));
+        street.postcode = std::to_string(chance.Between(9931, 9949)) + ' ' + chance.OneOf(PostcodeLetters) +
+                          chance.OneOf(PostcodeLetters);
+        street.name = std::string(chance.OneOf(Trade)).append(chance.OneOf(StreetEndings));
         if (used.count(street.postcode) == 0 && used.count(street.name) == 0) {
             used.insert({street.postcode, street.name});
             streets.push_back(street);
@@ -146,16 +147,16 @@ std::vector<Street> DrawStreets(Chance& chance) {
 std::vector<Street> DrawAddresses(Chance& chance) {
     const std::vector<Street> streets = DrawStreets(chance);
     std::vector<Street> addresses = streets;
-    while (addresses.size() < rowCount) {
-        addresses.push_back(streets[static_cast<std::size_t>(chance.Between(1, postcodes))]);
+    while (addresses.size() < RowCount) {
+        addresses.push_back(streets[static_cast<std::size_t>(chance.Between(1, Postcodes))]);
     }
     chance.Shuffle(addresses);
     for (std::size_t i = 0; i < addresses.size(); ++i) {
         std::string& address = addresses[i].name;
-        const int lowest = address.size() + 2 < shortestAddress ? 10 : 1;
+        const int lowest = address.size() + 2 < ShortestAddress ? 10 : 1;
         const int highest = address.size() > 20 ? 99 : 199;
         address += ' ' + std::to_string(chance.Between(lowest, highest));
-        if (i < lettered) {
+        if (i < Lettered) {
             address += "/A";
         }
     }
@@ -171,14 +172,14 @@ std::string Filled(std::string text, std::size_t width) {
 } // namespace
 
 std::vector<std::string> PersonRows() {
-    Chance chance(start);
+    Chance chance(Start);
     const std::vector<std::string> names = DrawNames(chance);
     const std::vector<Street> addresses = DrawAddresses(chance);
 
     std::vector<std::string> rows;
-    for (std::size_t i = 0; i < rowCount; ++i) {
-        rows.push_back(Filled(names[i], nameColumn) + addresses[i].postcode + ' ' +
-                       Filled(addresses[i].name, addressColumn) + std::string(place));
+    for (std::size_t i = 0; i < RowCount; ++i) {
+        rows.push_back(Filled(names[i], NameColumn) + addresses[i].postcode + ' ' +
+                       Filled(addresses[i].name, AddressColumn) + std::string(Place));
     }
     return rows;
 }

@@ -9,7 +9,7 @@ namespace scenario {
 
 namespace {
 
-constexpr std::string_view blanks = " \t";
+constexpr std::string_view Blanks = " \t";
 
 template <class Value>
 Value NumberOf(std::string_view text, std::string_view what) {
@@ -28,7 +28,7 @@ int WholeNumberOf(std::string_view text, std::string_view what) {
 }
 
 void CommandLine::SkipBlanks() {
-    at_ = std::min(line_.find_first_not_of(blanks, at_), line_.size());
+    at_ = std::min(line_.find_first_not_of(Blanks, at_), line_.size());
 }
 
 std::string CommandLine::QuotedPart() {
@@ -69,7 +69,7 @@ std::optional<std::string> CommandLine::NextWord() {
         return std::nullopt;
     }
     std::string word;
-    while (at_ < line_.size() && blanks.find(line_[at_]) == std::string_view::npos) {
+    while (at_ < line_.size() && Blanks.find(line_[at_]) == std::string_view::npos) {
         if (line_[at_] == '"') {
             word += QuotedPart();
         } else {
@@ -102,7 +102,7 @@ std::string_view CommandLine::Rest() {
     SkipBlanks();
     std::string_view rest = line_.substr(at_);
     at_ = line_.size();
-    const std::size_t last = rest.find_last_not_of(blanks);
+    const std::size_t last = rest.find_last_not_of(Blanks);
     return last == std::string_view::npos ? std::string_view() : rest.substr(0, last + 1);
 }
 

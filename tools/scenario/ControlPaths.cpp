@@ -32,7 +32,7 @@ struct Property {
     Json (*Get)(const Kind&);
 };
 
-constexpr Property<Control> commonProperties[] = {
+constexpr Property<Control> CommonProperties[] = {
     {"Left", [](const Control& c) { return Number(c.Left()); }},
     {"Top", [](const Control& c) { return Number(c.Top()); }},
     {"Width", [](const Control& c) { return Number(c.Width()); }},
@@ -48,24 +48,24 @@ constexpr Property<Control> commonProperties[] = {
     {"FontBold", [](const Control& c) { return Json(c.Font().Bold); }},
 };
 
-constexpr Property<CheckBox> checkBoxProperties[] = {
+constexpr Property<CheckBox> CheckBoxProperties[] = {
     {"Caption", [](const CheckBox& c) { return Json(c.Caption()); }},
     {"Value", [](const CheckBox& c) { return Json(c.Value()); }},
 };
 
-constexpr Property<ChoiceControl> choiceProperties[] = {
+constexpr Property<ChoiceControl> ChoiceProperties[] = {
     {"Text", [](const ChoiceControl& c) { return Json(c.Text()); }},
     {"ListIndex", [](const ChoiceControl& c) { return Json(c.ListIndex()); }},
     {"ListCount", [](const ChoiceControl& c) { return Json(c.ListCount()); }},
 };
 
-constexpr Property<CommandButton> commandButtonProperties[] = {
+constexpr Property<CommandButton> CommandButtonProperties[] = {
     {"Caption", [](const CommandButton& c) { return Json(c.Caption()); }},
     {"Default", [](const CommandButton& c) { return Json(c.Default()); }},
     {"Cancel", [](const CommandButton& c) { return Json(c.Cancel()); }},
 };
 
-constexpr Property<cmdButtonXP> flatButtonProperties[] = {
+constexpr Property<cmdButtonXP> FlatButtonProperties[] = {
     {"ButtonDown", [](const cmdButtonXP& c) { return Json(c.ButtonDown()); }},
     {"ButtonStyle", [](const cmdButtonXP& c) { return Json(c.ButtonStyle()); }},
     {"pictNormal", [](const cmdButtonXP& c) { return Json(c.pictNormal()); }},
@@ -74,11 +74,11 @@ constexpr Property<cmdButtonXP> flatButtonProperties[] = {
     {"blnMouseDown", [](const cmdButtonXP& c) { return Json(c.blnMouseDown()); }},
 };
 
-constexpr Property<Label> labelProperties[] = {
+constexpr Property<Label> LabelProperties[] = {
     {"Caption", [](const Label& c) { return Json(c.Caption()); }},
 };
 
-constexpr Property<LineControl> lineProperties[] = {
+constexpr Property<LineControl> LineProperties[] = {
     {"X1", [](const LineControl& c) { return Number(c.X1()); }},
     {"Y1", [](const LineControl& c) { return Number(c.Y1()); }},
     {"X2", [](const LineControl& c) { return Number(c.X2()); }},
@@ -86,27 +86,27 @@ constexpr Property<LineControl> lineProperties[] = {
     {"BorderColor", [](const LineControl& c) { return Json(c.ForeColor()); }},
 };
 
-constexpr Property<MenuItem> menuItemProperties[] = {
+constexpr Property<MenuItem> MenuItemProperties[] = {
     {"Caption", [](const MenuItem& c) { return Json(c.Caption()); }},
 };
 
-constexpr Property<OptionButton> optionProperties[] = {
+constexpr Property<OptionButton> OptionProperties[] = {
     {"Caption", [](const OptionButton& c) { return Json(c.Caption()); }},
     {"Value", [](const OptionButton& c) { return Json(c.Value()); }},
 };
 
-constexpr Property<PictureBox> pictureProperties[] = {
+constexpr Property<PictureBox> PictureProperties[] = {
     {"Picture", [](const PictureBox& c) { return Json(c.Picture()); }},
     {"HasPage", [](const PictureBox& c) { return Json(c.Page() != nullptr); }},
 };
 
-constexpr Property<ProgressBar> progressProperties[] = {
+constexpr Property<ProgressBar> ProgressProperties[] = {
     {"Value", [](const ProgressBar& c) { return Json(c.Value()); }},
     {"Min", [](const ProgressBar& c) { return Json(c.Min()); }},
     {"Max", [](const ProgressBar& c) { return Json(c.Max()); }},
 };
 
-constexpr Property<ScrollBar> scrollProperties[] = {
+constexpr Property<ScrollBar> ScrollProperties[] = {
     {"Value", [](const ScrollBar& c) { return Json(c.Value()); }},
     {"Min", [](const ScrollBar& c) { return Json(c.Min()); }},
     {"Max", [](const ScrollBar& c) { return Json(c.Max()); }},
@@ -114,7 +114,7 @@ constexpr Property<ScrollBar> scrollProperties[] = {
     {"LargeChange", [](const ScrollBar& c) { return Json(c.LargeChange()); }},
 };
 
-constexpr Property<TextBox> textBoxProperties[] = {
+constexpr Property<TextBox> TextBoxProperties[] = {
     {"Text", [](const TextBox& c) { return Json(c.Text()); }},
     {"SelStart", [](const TextBox& c) { return Json(c.SelStart()); }},
     {"SelLength", [](const TextBox& c) { return Json(c.SelLength()); }},
@@ -123,21 +123,21 @@ constexpr Property<TextBox> textBoxProperties[] = {
     {"Locked", [](const TextBox& c) { return Json(c.Locked()); }},
 };
 
-constexpr Property<Timer> timerProperties[] = {
+constexpr Property<Timer> TimerProperties[] = {
     {"Interval", [](const Timer& c) { return Json(c.Interval()); }},
 };
 
-constexpr Property<UpDown> upDownProperties[] = {
+constexpr Property<UpDown> UpDownProperties[] = {
     {"Min", [](const UpDown& c) { return Json(c.Min()); }},
     {"Max", [](const UpDown& c) { return Json(c.Max()); }},
 };
 
-constexpr Property<StatusPanel> panelProperties[] = {
+constexpr Property<StatusPanel> PanelProperties[] = {
     {"Text", [](const StatusPanel& c) { return Json(c.Text); }},
     {"Width", [](const StatusPanel& c) { return Number(c.Width); }},
 };
 
-constexpr Property<ToolbarButton> toolbarButtonProperties[] = {
+constexpr Property<ToolbarButton> ToolbarButtonProperties[] = {
     {"Enabled", [](const ToolbarButton& c) { return Json(c.Enabled); }},
     {"ToolTipText", [](const ToolbarButton& c) { return Json(c.ToolTipText); }},
     {"Image", [](const ToolbarButton& c) { return Json(c.Image); }},
@@ -156,7 +156,7 @@ std::optional<Json> Read(const Kind& object, const Table& table, const std::stri
 
 std::optional<Json> ReadChoice(const ChoiceControl& control, const PathPart& property) {
     if (!property.HasIndex()) {
-        return Read(control, choiceProperties, property.Name);
+        return Read(control, ChoiceProperties, property.Name);
     }
     if (property.Index < 0 || property.Index >= control.ListCount()) {
         return std::nullopt;
@@ -175,34 +175,34 @@ std::optional<Json> ReadOwn(const Control& control, const PathPart& property) {
     const std::string& name = property.Name;
     switch (control.Kind()) {
     case ControlKind::CheckBox:
-        return Read(static_cast<const CheckBox&>(control), checkBoxProperties, name);
+        return Read(static_cast<const CheckBox&>(control), CheckBoxProperties, name);
     case ControlKind::ComboBox:
     case ControlKind::ListBox:
         return ReadChoice(static_cast<const ChoiceControl&>(control), property);
     case ControlKind::CommandButton:
-        return Read(static_cast<const CommandButton&>(control), commandButtonProperties, name);
+        return Read(static_cast<const CommandButton&>(control), CommandButtonProperties, name);
     case ControlKind::FlatButton:
-        return Read(static_cast<const cmdButtonXP&>(control), flatButtonProperties, name);
+        return Read(static_cast<const cmdButtonXP&>(control), FlatButtonProperties, name);
     case ControlKind::Label:
-        return Read(static_cast<const Label&>(control), labelProperties, name);
+        return Read(static_cast<const Label&>(control), LabelProperties, name);
     case ControlKind::Line:
-        return Read(static_cast<const LineControl&>(control), lineProperties, name);
+        return Read(static_cast<const LineControl&>(control), LineProperties, name);
     case ControlKind::MenuItem:
-        return Read(static_cast<const MenuItem&>(control), menuItemProperties, name);
+        return Read(static_cast<const MenuItem&>(control), MenuItemProperties, name);
     case ControlKind::OptionButton:
-        return Read(static_cast<const OptionButton&>(control), optionProperties, name);
+        return Read(static_cast<const OptionButton&>(control), OptionProperties, name);
     case ControlKind::PictureBox:
-        return Read(static_cast<const PictureBox&>(control), pictureProperties, name);
+        return Read(static_cast<const PictureBox&>(control), PictureProperties, name);
     case ControlKind::ProgressBar:
-        return Read(static_cast<const ProgressBar&>(control), progressProperties, name);
+        return Read(static_cast<const ProgressBar&>(control), ProgressProperties, name);
     case ControlKind::ScrollBar:
-        return Read(static_cast<const ScrollBar&>(control), scrollProperties, name);
+        return Read(static_cast<const ScrollBar&>(control), ScrollProperties, name);
     case ControlKind::TextBox:
-        return Read(static_cast<const TextBox&>(control), textBoxProperties, name);
+        return Read(static_cast<const TextBox&>(control), TextBoxProperties, name);
     case ControlKind::Timer:
-        return Read(static_cast<const Timer&>(control), timerProperties, name);
+        return Read(static_cast<const Timer&>(control), TimerProperties, name);
     case ControlKind::UpDown:
-        return Read(static_cast<const UpDown&>(control), upDownProperties, name);
+        return Read(static_cast<const UpDown&>(control), UpDownProperties, name);
     case ControlKind::MenuBar:
     case ControlKind::StatusBar:
     case ControlKind::Toolbar:
@@ -216,12 +216,12 @@ std::optional<Json> ReadElement(const Target& target, const std::string& name) {
         const auto& bar = static_cast<const StatusBar&>(*target.Control);
         return target.Element < 1 || target.Element > bar.PanelCount()
                    ? std::nullopt
-                   : Read(bar.Panel(target.Element), panelProperties, name);
+                   : Read(bar.Panel(target.Element), PanelProperties, name);
     }
     const auto& bar = static_cast<const Toolbar&>(*target.Control);
     return target.Element < 1 || target.Element > bar.ButtonCount()
                ? std::nullopt
-               : Read(bar.Button(target.Element), toolbarButtonProperties, name);
+               : Read(bar.Button(target.Element), ToolbarButtonProperties, name);
 }
 
 } // namespace
@@ -233,7 +233,7 @@ Json PropertyOf(const Target& target, const PathPart& property) {
     } else {
         value = ReadOwn(*target.Control, property);
         if (!value) {
-            value = Read(*target.Control, commonProperties, property.Name);
+            value = Read(*target.Control, CommonProperties, property.Name);
         }
     }
     if (!value) {

@@ -42,7 +42,7 @@ struct Field {
 };
 
 template <class Value>
-inline constexpr bool isList = !std::is_arithmetic_v<Value> && !std::is_same_v<Value, std::string> &&
+inline constexpr bool IsList = !std::is_arithmetic_v<Value> && !std::is_same_v<Value, std::string> &&
                                !std::is_same_v<Value, platform::Boolean>;
 
 /// ScriptError if the JSON is of another kind, or does not fit.
@@ -88,7 +88,7 @@ bool WithField(Record& record, const Table& table, const PathPart& part, const U
         std::visit(
             [&](const auto member) {
                 auto& value = record.*member;
-                if constexpr (isList<std::remove_cvref_t<decltype(value)>>) {
+                if constexpr (IsList<std::remove_cvref_t<decltype(value)>>) {
                     if (part.HasIndex()) {
                         use(ElementOf(value, part, field.First));
                     } else {

@@ -16,12 +16,12 @@ using printmanager::frmPrintManager;
 using printmanager::PrinterState;
 using wizard::frmMain;
 
-constexpr Field<frmMain> mainFields[] = {
+constexpr Field<frmMain> MainFields[] = {
     {"Page", &frmMain::Page},
     {"FirstFocus", &frmMain::FirstFocus},
 };
 
-constexpr Field<frmPrintManager> managerFields[] = {
+constexpr Field<frmPrintManager> ManagerFields[] = {
     {"blnBusy", &frmPrintManager::blnBusy},
     {"blnClosing", &frmPrintManager::blnClosing},
     {"blnLoading", &frmPrintManager::blnLoading},
@@ -40,13 +40,13 @@ constexpr Field<frmPrintManager> managerFields[] = {
     {"iBinIds", &frmPrintManager::iBinIds, 1},
 };
 
-constexpr Field<frmPrintPreview> previewFields[] = {
+constexpr Field<frmPrintPreview> PreviewFields[] = {
     {"iCurrentPage", &frmPrintPreview::iCurrentPage}, {"iTotalPages", &frmPrintPreview::iTotalPages},
     {"lScrollSpanY", &frmPrintPreview::lScrollSpanY}, {"lScrollSpanX", &frmPrintPreview::lScrollSpanX},
     {"blnHScroll", &frmPrintPreview::blnHScroll},
 };
 
-constexpr Field<frmPrintPreviewGhost> ghostFields[] = {
+constexpr Field<frmPrintPreviewGhost> GhostFields[] = {
     {"Tag", &frmPrintPreviewGhost::Tag},
     {"iPage", &frmPrintPreviewGhost::iPage},
     {"iDisplayPage", &frmPrintPreviewGhost::iDisplayPage},
@@ -93,16 +93,16 @@ bool ReadRecord(const frmPrintManager& form, const std::string& name, Json& valu
 template <class Use>
 bool WithFormField(forms::Form& form, const PathPart& part, const Use& use) {
     if (auto* main = dynamic_cast<frmMain*>(&form)) {
-        return WithField(*main, mainFields, part, use);
+        return WithField(*main, MainFields, part, use);
     }
     if (auto* manager = dynamic_cast<frmPrintManager*>(&form)) {
-        return WithField(*manager, managerFields, part, use);
+        return WithField(*manager, ManagerFields, part, use);
     }
     if (auto* window = dynamic_cast<frmPrintPreview*>(&form)) {
-        return WithField(*window, previewFields, part, use);
+        return WithField(*window, PreviewFields, part, use);
     }
     if (auto* ghost = dynamic_cast<frmPrintPreviewGhost*>(&form)) {
-        return WithField(*ghost, ghostFields, part, use);
+        return WithField(*ghost, GhostFields, part, use);
     }
     return false;
 }
@@ -112,7 +112,7 @@ struct FormProperty {
     Json (*Get)(const forms::Form&);
 };
 
-constexpr FormProperty formProperties[] = {
+constexpr FormProperty FormProperties[] = {
     {"Name", [](const forms::Form& form) { return Json(form.Name()); }},
     {"Caption", [](const forms::Form& form) { return Json(form.Caption()); }},
     {"Visible", [](const forms::Form& form) { return Json(form.Visible()); }},
@@ -143,7 +143,7 @@ Json FormValue(forms::Form& form, const std::vector<PathPart>& parts) {
         manager != nullptr && ReadRecord(*manager, parts[0].Name, value)) {
         return value;
     }
-    for (const FormProperty& property : formProperties) {
+    for (const FormProperty& property : FormProperties) {
         if (property.Name == parts[0].Name) {
             return property.Get(form);
         }

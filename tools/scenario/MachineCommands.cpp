@@ -14,7 +14,7 @@ namespace {
 
 void Set(World& world, CommandLine& line) {
     const std::string name = line.Word("name");
-    world.memory.registry.SetText(settingsKey, name, line.Word("text"));
+    world.memory.registry.SetText(SettingsPath, name, line.Word("text"));
 }
 
 void SetIn(World& world, CommandLine& line) {
@@ -29,11 +29,11 @@ void SetNumber(World& world, CommandLine& line) {
     if (number > std::numeric_limits<std::uint32_t>::max()) {
         throw ScriptError("the number does not fit 32 bits");
     }
-    world.memory.registry.SetNumber(settingsKey, name, static_cast<std::uint32_t>(number));
+    world.memory.registry.SetNumber(SettingsPath, name, static_cast<std::uint32_t>(number));
 }
 
 void NoKey(World& world, CommandLine& /*line*/) {
-    world.memory.registry.RemoveKey(settingsKey);
+    world.memory.registry.RemoveKey(SettingsPath);
 }
 
 void Printer(World& world, CommandLine& line) {
@@ -110,14 +110,14 @@ struct CallName {
     std::string_view InRecord;
     std::string_view Call;
 };
-constexpr CallName recordedCalls[] = {
+constexpr CallName RecordedCalls[] = {
     {"text", "DrawText"},   {"line", "DrawLine"},        {"page", "NewPage"},
     {"end", "EndDocument"}, {"store", "RegSetValueExA"},
 };
 
 void Fail(World& world, CommandLine& line) {
     std::string call = line.Word("call");
-    for (const CallName& name : recordedCalls) {
+    for (const CallName& name : RecordedCalls) {
         if (name.InRecord == call) {
             call = name.Call;
         }
@@ -133,7 +133,7 @@ void PokeCommand(World& world, CommandLine& line) {
     Poke(world, path, Parsed(line.Rest()));
 }
 
-constexpr Command commands[] = {
+constexpr Command Commands[] = {
     {"set", Set},           {"set-in", SetIn}, {"set-number", SetNumber}, {"no-key", NoKey},
     {"printer", Printer},   {"clock", Clock},  {"random", Random},        {"decimal", Decimal},
     {"workarea", WorkArea}, {"start", Start},  {"trace", Trace},          {"fail", Fail},
@@ -143,7 +143,7 @@ constexpr Command commands[] = {
 } // namespace
 
 std::span<const Command> MachineCommands() {
-    return commands;
+    return Commands;
 }
 
 } // namespace scenario

@@ -14,7 +14,7 @@ struct PrinterProperty {
     Json (*Get)(MemoryPrinter&);
 };
 
-constexpr PrinterProperty printerProperties[] = {
+constexpr PrinterProperty PrinterProperties[] = {
     {"DeviceName", [](MemoryPrinter& p) { return Json(p.DeviceName()); }},
     {"Port", [](MemoryPrinter& p) { return Json(p.Port()); }},
     {"Orientation", [](MemoryPrinter& p) { return Json(p.Orientation()); }},
@@ -67,7 +67,7 @@ void WithSpoolerField(World& world, const std::string& printer, const std::strin
 } // namespace
 
 Json PrinterValue(World& world, const std::string& property) {
-    for (const PrinterProperty& known : printerProperties) {
+    for (const PrinterProperty& known : PrinterProperties) {
         if (known.Name != property) {
             continue;
         }

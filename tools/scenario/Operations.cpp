@@ -26,7 +26,7 @@ struct Operation {
     Json (*Run)(World&, FormType&, scenario::Arguments&);
 };
 
-constexpr Operation<frmMain> mainOperations[] = {
+constexpr Operation<frmMain> MainOperations[] = {
     {"LaadInstellingen", 1,
      [](World&, frmMain& form, Arguments& a) {
          form.LaadInstellingen(a.Flag(0));
@@ -47,7 +47,7 @@ constexpr Operation<frmMain> mainOperations[] = {
      }},
 };
 
-constexpr Operation<frmPrintManager> managerOperations[] = {
+constexpr Operation<frmPrintManager> ManagerOperations[] = {
     {"UpdatePercentage", 1,
      [](World&, frmPrintManager& form, Arguments& a) {
          form.UpdatePercentage(a.Int16(0));
@@ -127,7 +127,7 @@ constexpr Operation<frmPrintManager> managerOperations[] = {
      }},
 };
 
-constexpr Operation<frmPrintPreviewGhost> ghostOperations[] = {
+constexpr Operation<frmPrintPreviewGhost> GhostOperations[] = {
     {"Page", 0, [](World&, frmPrintPreviewGhost& form, Arguments&) { return Json(form.Page()); }},
     {"Newpage", 0,
      [](World&, frmPrintPreviewGhost& form, Arguments&) {
@@ -161,7 +161,7 @@ constexpr Operation<frmPrintPreviewGhost> ghostOperations[] = {
      }},
 };
 
-constexpr Operation<frmPrintPreview> previewOperations[] = {
+constexpr Operation<frmPrintPreview> PreviewOperations[] = {
     {"SetiTotalPages", 1,
      [](World&, frmPrintPreview& form, Arguments& a) {
          form.SetiTotalPages(a.Int16(0));
@@ -202,10 +202,10 @@ bool RunIn(World& world, forms::Form& form, const Table& table, const std::strin
 Json CallOperation(World& world, const std::string& formName, const std::string& name, Arguments& arguments) {
     forms::Form& form = world.FormNamed(formName);
     Json result;
-    if (RunIn<frmMain>(world, form, mainOperations, name, arguments, result) ||
-        RunIn<frmPrintManager>(world, form, managerOperations, name, arguments, result) ||
-        RunIn<frmPrintPreviewGhost>(world, form, ghostOperations, name, arguments, result) ||
-        RunIn<frmPrintPreview>(world, form, previewOperations, name, arguments, result)) {
+    if (RunIn<frmMain>(world, form, MainOperations, name, arguments, result) ||
+        RunIn<frmPrintManager>(world, form, ManagerOperations, name, arguments, result) ||
+        RunIn<frmPrintPreviewGhost>(world, form, GhostOperations, name, arguments, result) ||
+        RunIn<frmPrintPreview>(world, form, PreviewOperations, name, arguments, result)) {
         return result;
     }
     throw ScriptError("no such operation of " + formName + ": " + name);

@@ -9,8 +9,8 @@ namespace scenario {
 
 namespace {
 
-constexpr std::string_view storePrefix = "Store.";
-constexpr std::string_view spoolerPrefix = "Spooler.";
+constexpr std::string_view StorePrefix = "Store.";
+constexpr std::string_view SpoolerPrefix = "Spooler.";
 
 /// "Spooler.PRINTER.FIELD": the printer's name may hold points itself.
 struct SpoolerPath {
@@ -20,14 +20,14 @@ struct SpoolerPath {
 
 SpoolerPath SpoolerPathOf(const std::string& path) {
     const std::size_t point = path.rfind('.');
-    if (point < spoolerPrefix.size()) {
+    if (point < SpoolerPrefix.size()) {
         throw ScriptError("no field of a printer: " + path);
     }
-    return {path.substr(spoolerPrefix.size(), point - spoolerPrefix.size()), path.substr(point + 1)};
+    return {path.substr(SpoolerPrefix.size(), point - SpoolerPrefix.size()), path.substr(point + 1)};
 }
 
 Json StoreValue(const World& world, const std::string& name) {
-    const std::optional<std::string> text = world.memory.registry.Text(settingsKey, name);
+    const std::optional<std::string> text = world.memory.registry.Text(SettingsPath, name);
     return text ? Json(*text) : Json();
 }
 
@@ -45,10 +45,10 @@ Json ValueAt(World& world, const std::string& path) {
     if (path == "Forms") {
         return LoadedForms(world);
     }
-    if (path.starts_with(storePrefix)) {
-        return StoreValue(world, path.substr(storePrefix.size()));
+    if (path.starts_with(StorePrefix)) {
+        return StoreValue(world, path.substr(StorePrefix.size()));
     }
-    if (path.starts_with(spoolerPrefix)) {
+    if (path.starts_with(SpoolerPrefix)) {
         const SpoolerPath spooler = SpoolerPathOf(path);
         return SpoolerValue(world, spooler.Printer, spooler.Field);
     }
@@ -66,13 +66,13 @@ Json ValueAt(World& world, const std::string& path) {
 }
 
 void Poke(World& world, const std::string& path, const Json& value) {
-    if (path.starts_with(storePrefix)) {
+    if (path.starts_with(StorePrefix)) {
         std::string text;
         Assign(text, value);
-        world.memory.registry.SetText(settingsKey, path.substr(storePrefix.size()), text);
+        world.memory.registry.SetText(SettingsPath, path.substr(StorePrefix.size()), text);
         return;
     }
-    if (path.starts_with(spoolerPrefix)) {
+    if (path.starts_with(SpoolerPrefix)) {
         const SpoolerPath spooler = SpoolerPathOf(path);
         PokeSpooler(world, spooler.Printer, spooler.Field, value);
         return;

@@ -12,16 +12,16 @@ Player::Player(std::istream& script, std::ostream& out, std::ostream& complaints
 }
 
 int Player::Run() {
-    int status = statusDone;
+    int status = StatusDone;
     try {
         while (Step()) {
         }
     } catch (const ScriptError& error) {
         complaints_ << "line " << failedLine_ << ": " << error.what() << '\n';
-        status = statusScriptError;
+        status = StatusScriptError;
     } catch (const ExpectationFailed& error) {
         complaints_ << "line " << failedLine_ << ": " << error.what() << '\n';
-        status = statusExpectationFailed;
+        status = StatusExpectationFailed;
     }
     record_.Flush();
     return status;

@@ -10,9 +10,9 @@
 namespace scenario {
 
 /// Ends of a run, as exit status.
-inline constexpr int statusDone = 0;
-inline constexpr int statusScriptError = 2;
-inline constexpr int statusExpectationFailed = 3;
+inline constexpr int StatusDone = 0;
+inline constexpr int StatusScriptError = 2;
+inline constexpr int StatusExpectationFailed = 3;
 
 /// Plays a script, line by line. A modal form does not stop it: the next lines are played inside the call
 /// that shows the form, and when the script has come to its end, forms that are still modal are closed.

@@ -59,12 +59,12 @@ platform::Dots Pair(std::string_view text, char mark) {
     return {WholeNumberOf(parts[0], "option"), WholeNumberOf(parts[1], "option")};
 }
 
-constexpr std::size_t noLimit = std::numeric_limits<std::size_t>::max();
+constexpr std::size_t NoLimit = std::numeric_limits<std::size_t>::max();
 
 /// "9:2100x2970:A4;5:2159x3556:Legal"; empty for none.
 std::vector<platform::QueuePaper> Papers(std::string_view text) {
     std::vector<platform::QueuePaper> papers;
-    for (const std::string_view paper : Split(text, ';', noLimit)) {
+    for (const std::string_view paper : Split(text, ';', NoLimit)) {
         if (text.empty()) {
             break;
         }
@@ -81,7 +81,7 @@ std::vector<platform::QueuePaper> Papers(std::string_view text) {
 /// "15:Automatisch;1:Lade 1"; empty for none.
 std::vector<platform::QueueBin> Bins(std::string_view text) {
     std::vector<platform::QueueBin> bins;
-    for (const std::string_view bin : Split(text, ';', noLimit)) {
+    for (const std::string_view bin : Split(text, ';', NoLimit)) {
         if (text.empty()) {
             break;
         }
@@ -107,7 +107,7 @@ struct Option {
     void (*Apply)(PrintQueue&, std::string_view);
 };
 
-constexpr Option options[] = {
+constexpr Option Options[] = {
     {"port", [](PrintQueue& q, std::string_view v) { q.Port = v; }},
     {"comment", [](PrintQueue& q, std::string_view v) { q.Comment = v; }},
     {"status", [](PrintQueue& q,
@@ -132,7 +132,7 @@ constexpr Option options[] = {
 
 void ApplyPrinterOption(PrintQueue& queue, std::string_view option) {
     const std::size_t mark = option.find('=');
-    for (const Option& known : options) {
+    for (const Option& known : Options) {
         if (mark != std::string_view::npos && known.Name == option.substr(0, mark)) {
             known.Apply(queue, option.substr(mark + 1));
             return;

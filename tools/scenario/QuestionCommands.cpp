@@ -48,7 +48,7 @@ void Dump(World& world, CommandLine& line) {
     }
 }
 
-constexpr Command commands[] = {
+constexpr Command Commands[] = {
     {"get", Get},
     {"expect", Expect},
     {"call", CallCommand},
@@ -58,7 +58,7 @@ constexpr Command commands[] = {
 } // namespace
 
 std::span<const Command> QuestionCommands() {
-    return commands;
+    return Commands;
 }
 
 } // namespace scenario

@@ -46,7 +46,7 @@ Json CallKalibreer(World& world, Arguments& a) {
     return composition::Kalibreer(state, world.memory.locale, a.Int32(0), a.Text(1));
 }
 
-constexpr Routine routines[] = {
+constexpr Routine Routines[] = {
     {"ToetsFilter", 2, CallToetsFilter},
     {"BankGiroCheck", 1, [](World&, Arguments& a) { return Json(payment::BankGiroCheck(a.Text(0))); }},
     {"Text2Rekening", 1, [](World&, Arguments& a) { return Json(payment::Text2Rekening(a.Text(0))); }},
@@ -92,7 +92,7 @@ constexpr Routine routines[] = {
 } // namespace
 
 Json CallRoutine(World& world, const std::string& name, Arguments& arguments) {
-    for (const Routine& routine : routines) {
+    for (const Routine& routine : Routines) {
         if (routine.Name == name) {
             arguments.ExpectCount(routine.Arguments);
             return routine.Run(world, arguments);

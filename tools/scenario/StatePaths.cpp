@@ -10,7 +10,7 @@ namespace {
 
 using wizard::AppState;
 
-constexpr Field<AppState> stateFields[] = {
+constexpr Field<AppState> StateFields[] = {
     {"CurrencySymbol", &AppState::CurrencySymbol},
     {"MonetaryDecimal", &AppState::MonetaryDecimal},
     {"MonetaryThousand", &AppState::MonetaryThousand},
@@ -99,14 +99,14 @@ Json StateValue(const World& world, const PathPart& part) {
         return TableValue(world.state.AccountTable, part);
     }
     Json value;
-    if (!WithField(world.state, stateFields, part, [&](const auto& field) { value = field; })) {
+    if (!WithField(world.state, StateFields, part, [&](const auto& field) { value = field; })) {
         NoSuchField(part);
     }
     return value;
 }
 
 void PokeState(World& world, const PathPart& part, const Json& value) {
-    if (!WithField(world.state, stateFields, part, [&](auto& field) { Assign(field, value); })) {
+    if (!WithField(world.state, StateFields, part, [&](auto& field) { Assign(field, value); })) {
         NoSuchField(part);
     }
 }

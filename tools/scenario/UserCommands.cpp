@@ -267,7 +267,7 @@ void Resize(World& world, CommandLine& line) {
     });
 }
 
-constexpr Command commands[] = {
+constexpr Command Commands[] = {
     {"click", Click}, {"pick", Pick},   {"focus", Focus}, {"tab", Tab},       {"type", Type},
     {"clear", Clear}, {"paste", Paste}, {"key", Key},     {"wheel", Wheel},   {"scroll", Scroll},
     {"menu", Menu},   {"over", Over},   {"away", Away},   {"down", Down},     {"up", Up},
@@ -277,7 +277,7 @@ constexpr Command commands[] = {
 } // namespace
 
 std::span<const Command> UserCommands() {
-    return commands;
+    return Commands;
 }
 
 } // namespace scenario

@@ -8,7 +8,7 @@ namespace scenario {
 
 World::World(RecordWriter& recordWriter) : record(recordWriter) {
     memory.recorder.Sink = [this](const platform::Event& event) { record.Write(event); };
-    memory.registry.CreateKey(settingsKey);
+    memory.registry.CreateKey(SettingsPath);
 }
 
 World::~World() = default;

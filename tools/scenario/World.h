@@ -46,6 +46,6 @@ class World {
 };
 
 /// Key of the program's settings below the current user's root.
-inline constexpr const char* settingsKey = R"(Software\Ondor\Tarvik\CurrentVersion)";
+inline constexpr const char* SettingsPath = R"(Software\Ondor\Tarvik\CurrentVersion)";
 
 } // namespace scenario

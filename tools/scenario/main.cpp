@@ -9,7 +9,7 @@ int main(int argc, char** argv) {
     std::ios::sync_with_stdio(false);
     if (argc > 2) {
         std::cerr << "usage: drukkeuring-scenario [FILE]\n";
-        return scenario::statusScriptError;
+        return scenario::StatusScriptError;
     }
     if (argc == 1) {
         return scenario::Player(std::cin, std::cout, std::cerr).Run();
@@ -17,7 +17,7 @@ int main(int argc, char** argv) {
     std::ifstream file(argv[1]);
     if (!file) {
         std::cerr << "cannot read " << argv[1] << '\n';
-        return scenario::statusScriptError;
+        return scenario::StatusScriptError;
     }
     return scenario::Player(file, std::cout, std::cerr).Run();
 }

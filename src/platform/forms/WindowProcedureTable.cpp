@@ -7,8 +7,8 @@ namespace forms {
 
 namespace {
 
-constexpr int highWordBits = 16;
-constexpr double twipsPerDot = 15;
+constexpr int HighWordBits = 16;
+constexpr double TwipsPerDot = 15;
 
 /// The toolkit does itself what a window procedure would do.
 std::intptr_t WINDOW_CALL DefaultProcedure(platform::WindowHandle /*hWnd*/, std::int32_t /*uMsg*/,
@@ -55,7 +55,7 @@ std::intptr_t WindowProcedureTable::Send(platform::WindowHandle hWnd, std::int32
 }
 
 void WindowProcedureTable::SendWheel(platform::WindowHandle hWnd, std::int16_t delta) {
-    const auto highWord = static_cast<std::uint32_t>(static_cast<std::uint16_t>(delta)) << highWordBits;
+    const auto highWord = static_cast<std::uint32_t>(static_cast<std::uint16_t>(delta)) << HighWordBits;
     Send(hWnd, platform::WM_MOUSEWHEEL, static_cast<std::intptr_t>(highWord), 0);
 }
 
@@ -72,7 +72,7 @@ WindowSize WindowProcedureTable::BoundedSize(platform::WindowHandle hWnd, const 
     bounds.ptMaxTrackSize = {any, any};
     bounds = AskBounds(hWnd, bounds);
     const auto within = [](double twips, std::int32_t least, std::int32_t most) {
-        return std::max(least * twipsPerDot, std::min(twips, most * twipsPerDot));
+        return std::max(least * TwipsPerDot, std::min(twips, most * TwipsPerDot));
     };
     return {within(wanted.Width, bounds.ptMinTrackSize.x, bounds.ptMaxTrackSize.x),
             within(wanted.Height, bounds.ptMinTrackSize.y, bounds.ptMaxTrackSize.y)};

@@ -6,20 +6,20 @@
 namespace platform {
 
 namespace {
-constexpr double charWidthPerPoint = 10;
-constexpr double boldCharWidthPerPoint = 11;
-constexpr double lineHeightPerPoint = 24;
-constexpr const char* printerError = "Printer error";
+constexpr double CharWidthPerPoint = 10;
+constexpr double BoldCharWidthPerPoint = 11;
+constexpr double LineHeightPerPoint = 24;
+constexpr const char* PrinterError = "Printer error";
 } // namespace
 
 TextSize MemoryCanvas::MeasureText(std::string_view text, const FontSpec& font) {
-    recorder_.RaiseFailure("MeasureText", ErrorPrinter, printerError);
-    const double charWidth = font.Bold ? boldCharWidthPerPoint : charWidthPerPoint;
-    return {static_cast<double>(text::Length(text)) * charWidth * font.Size, lineHeightPerPoint * font.Size};
+    recorder_.RaiseFailure("MeasureText", ErrorPrinter, PrinterError);
+    const double charWidth = font.Bold ? BoldCharWidthPerPoint : CharWidthPerPoint;
+    return {static_cast<double>(text::Length(text)) * charWidth * font.Size, LineHeightPerPoint * font.Size};
 }
 
 void MemoryCanvas::DrawText(double x, double y, std::string_view text, const FontSpec& font) {
-    recorder_.RaiseFailure("DrawText", ErrorPrinter, printerError);
+    recorder_.RaiseFailure("DrawText", ErrorPrinter, PrinterError);
     if (!text.empty()) {
         recorder_.Record({"text",
                           {{"surface", surface_},
@@ -34,7 +34,7 @@ void MemoryCanvas::DrawText(double x, double y, std::string_view text, const Fon
 }
 
 void MemoryCanvas::DrawLine(double x1, double y1, double x2, double y2, std::int32_t colour) {
-    recorder_.RaiseFailure("DrawLine", ErrorPrinter, printerError);
+    recorder_.RaiseFailure("DrawLine", ErrorPrinter, PrinterError);
     recorder_.Record({"line",
                       {{"surface", surface_},
                        {"page", page_},
@@ -46,13 +46,13 @@ void MemoryCanvas::DrawLine(double x1, double y1, double x2, double y2, std::int
 }
 
 void MemoryCanvas::NewPage() {
-    recorder_.RaiseFailure("NewPage", ErrorPrinter, printerError);
+    recorder_.RaiseFailure("NewPage", ErrorPrinter, PrinterError);
     ++page_;
     recorder_.Record({"page", {{"surface", surface_}, {"page", page_}}});
 }
 
 void MemoryCanvas::EndDocument() {
-    recorder_.RaiseFailure("EndDocument", ErrorPrinter, printerError);
+    recorder_.RaiseFailure("EndDocument", ErrorPrinter, PrinterError);
     page_ = 1;
     recorder_.Record({"end", {{"surface", surface_}}});
 }

@@ -6,8 +6,8 @@
 namespace platform {
 
 namespace {
-constexpr char euroInCodePage = '\x80';
-constexpr std::array<const char*, 12> months = {"jan", "feb", "mrt", "apr", "mei", "jun",
+constexpr char EuroInCodePage = '\x80';
+constexpr std::array<const char*, 12> Months = {"jan", "feb", "mrt", "apr", "mei", "jun",
                                                 "jul", "aug", "sep", "okt", "nov", "dec"};
 } // namespace
 
@@ -19,7 +19,7 @@ std::int32_t MemoryLocale::GetLocaleInfoA(std::int32_t /*locale*/, std::int32_t 
     std::string text;
     switch (item) {
     case LocaleCurrencySymbol:
-        text = euroInCodePage;
+        text = EuroInCodePage;
         break;
     case LocaleDecimal:
     case LocaleMonetaryDecimal:
@@ -43,7 +43,7 @@ std::int32_t MemoryLocale::GetLocaleInfoA(std::int32_t /*locale*/, std::int32_t 
 }
 
 std::string MemoryLocale::ShortMonthName(int month) {
-    return month >= 1 && month <= 12 ? months[static_cast<std::size_t>(month - 1)] : "";
+    return month >= 1 && month <= 12 ? Months[static_cast<std::size_t>(month - 1)] : "";
 }
 
 } // namespace platform

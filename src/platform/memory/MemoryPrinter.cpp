@@ -5,17 +5,17 @@
 namespace platform {
 
 namespace {
-constexpr double ownFontSize = 12;
-constexpr double twipsPerInch = 1440;
-constexpr std::int16_t portrait = 1;
-constexpr std::int16_t landscape = 2;
-constexpr const char* printerError = "Printer error";
-constexpr const char* invalidValue = "Invalid property value";
+constexpr double OwnFontSize = 12;
+constexpr double TwipsPerInch = 1440;
+constexpr std::int16_t Portrait = 1;
+constexpr std::int16_t Landscape = 2;
+constexpr const char* PrinterError = "Printer error";
+constexpr const char* InvalidValue = "Invalid property value";
 } // namespace
 
 PrintQueue& MemoryPrinter::Current() {
     if (index_ < 0) {
-        throw RuntimeError(ErrorPrinter, printerError);
+        throw RuntimeError(ErrorPrinter, PrinterError);
     }
     return printers_.Queue(index_);
 }
@@ -24,7 +24,7 @@ void MemoryPrinter::Take(int index) {
     const PrintQueue& queue = printers_.Queue(index);
     index_ = index;
     settings_ = queue.Defaults;
-    Drawing = {0, 0, {queue.Font, ownFontSize, false}};
+    Drawing = {0, 0, {queue.Font, OwnFontSize, false}};
 }
 
 void MemoryPrinter::TakeDefault() {
@@ -34,7 +34,7 @@ void MemoryPrinter::TakeDefault() {
 }
 
 void MemoryPrinter::Assign(int index) {
-    recorder_.RaiseFailure("Printer", ErrorPrinter, printerError);
+    recorder_.RaiseFailure("Printer", ErrorPrinter, PrinterError);
     Take(index);
     recorder_.Record(
         {"set", {{"object", "Printer"}, {"property", "Printer"}, {"value", printers_.Queue(index).Name}}});
@@ -45,7 +45,7 @@ void MemoryPrinter::RecordSet(const char* property, std::int16_t value) {
 }
 
 std::string MemoryPrinter::DeviceName() {
-    recorder_.RaiseFailure("DeviceName", ErrorPrinter, printerError);
+    recorder_.RaiseFailure("DeviceName", ErrorPrinter, PrinterError);
     return Current().Name;
 }
 
@@ -55,15 +55,15 @@ std::string MemoryPrinter::Port() {
 
 std::int16_t MemoryPrinter::Orientation() {
     Current();
-    recorder_.RaiseFailure("ReadOrientation", ErrorPrinter, printerError);
+    recorder_.RaiseFailure("ReadOrientation", ErrorPrinter, PrinterError);
     return settings_.Orientation;
 }
 
 void MemoryPrinter::SetOrientation(std::int16_t orientation) {
     Current();
-    recorder_.RaiseFailure("Orientation", ErrorInvalidPropertyValue, invalidValue);
-    if (orientation != portrait && orientation != landscape) {
-        throw RuntimeError(ErrorInvalidPropertyValue, invalidValue);
+    recorder_.RaiseFailure("Orientation", ErrorInvalidPropertyValue, InvalidValue);
+    if (orientation != Portrait && orientation != Landscape) {
+        throw RuntimeError(ErrorInvalidPropertyValue, InvalidValue);
     }
     settings_.Orientation = orientation;
     RecordSet("Orientation", orientation);
@@ -71,78 +71,78 @@ void MemoryPrinter::SetOrientation(std::int16_t orientation) {
 
 std::int16_t MemoryPrinter::PaperSize() {
     Current();
-    recorder_.RaiseFailure("ReadPaperSize", ErrorPrinter, printerError);
+    recorder_.RaiseFailure("ReadPaperSize", ErrorPrinter, PrinterError);
     return settings_.PaperSize;
 }
 
 void MemoryPrinter::SetPaperSize(std::int16_t paper) {
     Current();
-    recorder_.RaiseFailure("PaperSize", ErrorInvalidPropertyValue, invalidValue);
+    recorder_.RaiseFailure("PaperSize", ErrorInvalidPropertyValue, InvalidValue);
     settings_.PaperSize = paper;
     RecordSet("PaperSize", paper);
 }
 
 std::int16_t MemoryPrinter::PaperBin() {
     Current();
-    recorder_.RaiseFailure("ReadPaperBin", ErrorPrinter, printerError);
+    recorder_.RaiseFailure("ReadPaperBin", ErrorPrinter, PrinterError);
     return settings_.DefaultSource;
 }
 
 void MemoryPrinter::SetPaperBin(std::int16_t bin) {
     Current();
-    recorder_.RaiseFailure("PaperBin", ErrorInvalidPropertyValue, invalidValue);
+    recorder_.RaiseFailure("PaperBin", ErrorInvalidPropertyValue, InvalidValue);
     settings_.DefaultSource = bin;
     RecordSet("PaperBin", bin);
 }
 
 std::int16_t MemoryPrinter::Copies() {
     Current();
-    recorder_.RaiseFailure("Copies", ErrorPrinter, printerError);
+    recorder_.RaiseFailure("Copies", ErrorPrinter, PrinterError);
     return settings_.Copies;
 }
 
 Dots MemoryPrinter::Turned(Dots upright) {
-    return settings_.Orientation == landscape ? Dots{upright.Y, upright.X} : upright;
+    return settings_.Orientation == Landscape ? Dots{upright.Y, upright.X} : upright;
 }
 
 double MemoryPrinter::Twips(int dots) {
-    return dots * twipsPerInch / Current().Dpi;
+    return dots * TwipsPerInch / Current().Dpi;
 }
 
 double MemoryPrinter::Width() {
-    recorder_.RaiseFailure("Width", ErrorPrinter, printerError);
+    recorder_.RaiseFailure("Width", ErrorPrinter, PrinterError);
     return Twips(Turned(Current().Sheet).X);
 }
 
 double MemoryPrinter::Height() {
-    recorder_.RaiseFailure("Height", ErrorPrinter, printerError);
+    recorder_.RaiseFailure("Height", ErrorPrinter, PrinterError);
     return Twips(Turned(Current().Sheet).Y);
 }
 
 double MemoryPrinter::ScaleLeft() {
     Current();
-    recorder_.RaiseFailure("ScaleLeft", ErrorPrinter, printerError);
+    recorder_.RaiseFailure("ScaleLeft", ErrorPrinter, PrinterError);
     return 0;
 }
 
 double MemoryPrinter::ScaleTop() {
     Current();
-    recorder_.RaiseFailure("ScaleTop", ErrorPrinter, printerError);
+    recorder_.RaiseFailure("ScaleTop", ErrorPrinter, PrinterError);
     return 0;
 }
 
 double MemoryPrinter::ScaleWidth() {
-    recorder_.RaiseFailure("ScaleWidth", ErrorPrinter, printerError);
+    recorder_.RaiseFailure("ScaleWidth", ErrorPrinter, PrinterError);
     return Twips(Turned(Current().Printable).X);
 }
 
 double MemoryPrinter::ScaleHeight() {
-    recorder_.RaiseFailure("ScaleHeight", ErrorPrinter, printerError);
+    recorder_.RaiseFailure("ScaleHeight", ErrorPrinter, PrinterError);
     return Twips(Turned(Current().Printable).Y);
 }
 
 int MemoryPrinter::GetDeviceCaps(int item) {
-    recorder_.RaiseFailure("GetDeviceCaps", ErrorPrinter, printerError);
+    recorder_.RaiseFailure("GetDeviceCaps", ErrorPrinter, PrinterError);
     switch (item) {
     case CapsLogPixelsX:
     case CapsLogPixelsY:

@@ -12,12 +12,12 @@ namespace platform {
 
 namespace {
 
-constexpr std::uint32_t levelOfPrinterInfo = 2;
-constexpr std::size_t paperNameBytes = 64;
-constexpr std::size_t binNameBytes = 24;
-constexpr std::int32_t succeeded = 1;
-constexpr std::int32_t failed = -1;
-constexpr char driverByte = 'd';
+constexpr std::uint32_t LevelOfPrinterInfo = 2;
+constexpr std::size_t PaperNameBytes = 64;
+constexpr std::size_t BinNameBytes = 24;
+constexpr std::int32_t Succeeded = 1;
+constexpr std::int32_t Failed = -1;
+constexpr char DriverByte = 'd';
 
 using FullDevMode = std::vector<char>;
 
@@ -38,7 +38,7 @@ FullDevMode StoredDevMode(const PrintQueue& queue) {
     mode.dmPaperSize = queue.Defaults.PaperSize;
     mode.dmDefaultSource = queue.Defaults.DefaultSource;
     mode.dmCopies = queue.Defaults.Copies;
-    FullDevMode bytes(sizeof mode + MemorySpooler::DriverExtra, driverByte);
+    FullDevMode bytes(sizeof mode + MemorySpooler::DriverExtra, DriverByte);
     std::memcpy(bytes.data(), &mode, sizeof mode);
     return bytes;
 }
@@ -180,7 +180,7 @@ std::int32_t MemorySpooler::DocumentPropertiesA(PrinterHandle handle, const std:
                  {"printer", text::FromCodePage(printer)},
                  {"handle", Number(handle)},
                  {"mode", mode}}};
-    std::int32_t result = failed;
+    std::int32_t result = Failed;
     std::vector<DEVMODE> told;
     if (!recorder_.TakeFailure("DocumentPropertiesA") && queue != nullptr) {
         if (mode == 0) {
@@ -188,14 +188,14 @@ std::int32_t MemorySpooler::DocumentPropertiesA(PrinterHandle handle, const std:
         } else if (mode == DM_OUT_BUFFER && output != nullptr) {
             const FullDevMode stored = StoredDevMode(*queue);
             std::memcpy(output, stored.data(), stored.size());
-            result = succeeded;
+            result = Succeeded;
             told.push_back(ReadDevMode(output));
         } else if (mode == (DM_IN_BUFFER | DM_OUT_BUFFER) && output != nullptr && input != nullptr) {
             PrintQueue asked = *queue;
             asked.Defaults = Merged(*queue, ReadDevMode(input));
             const FullDevMode merged = StoredDevMode(asked);
             std::memcpy(output, merged.data(), merged.size());
-            result = succeeded;
+            result = Succeeded;
             told.push_back(ReadDevMode(output));
         }
     }
@@ -212,7 +212,7 @@ bool MemorySpooler::GetPrinterA(PrinterHandle handle, std::uint32_t level, void*
     PrintQueue* queue = Reach(handle);
     bool filled = false;
     needed = 0;
-    if (!recorder_.TakeFailure("GetPrinterA") && queue != nullptr && level == levelOfPrinterInfo) {
+    if (!recorder_.TakeFailure("GetPrinterA") && queue != nullptr && level == LevelOfPrinterInfo) {
         InfoWriter writer(*queue);
         needed = writer.Needed();
         if (buffer != nullptr && size >= needed) {
@@ -241,7 +241,7 @@ bool MemorySpooler::SetPrinterA(PrinterHandle handle, std::uint32_t level, const
                  {"level", level},
                  {"command", command}}};
     PRINTER_INFO_2 info{};
-    if (level == levelOfPrinterInfo && buffer != nullptr) {
+    if (level == LevelOfPrinterInfo && buffer != nullptr) {
         std::memcpy(&info, buffer, sizeof info);
     }
     const bool refused = recorder_.TakeFailure("SetPrinterA");
@@ -262,7 +262,7 @@ std::int32_t MemorySpooler::DeviceCapabilitiesA(const std::string& printer, cons
                                                 std::uint16_t capability, void* output) {
     const std::string name = text::FromCodePage(printer);
     const PrintQueue* queue = printers_.Find(name);
-    std::int32_t result = failed;
+    std::int32_t result = Failed;
     if (!recorder_.TakeFailure("DeviceCapabilitiesA") && queue != nullptr && queue->Reachable) {
         char* at = static_cast<char*>(output);
         const auto put = [&at](const auto& value) {
@@ -288,7 +288,7 @@ std::int32_t MemorySpooler::DeviceCapabilitiesA(const std::string& printer, cons
                     put(paper.Width);
                     put(paper.Height);
                 } else {
-                    putName(paper.Name, paperNameBytes);
+                    putName(paper.Name, PaperNameBytes);
                 }
             }
             break;
@@ -302,7 +302,7 @@ std::int32_t MemorySpooler::DeviceCapabilitiesA(const std::string& printer, cons
                 if (capability == DC_BINS) {
                     put(bin.Id);
                 } else {
-                    putName(bin.Name, binNameBytes);
+                    putName(bin.Name, BinNameBytes);
                 }
             }
             break;

@@ -9,7 +9,7 @@ namespace platform {
 
 namespace {
 
-constexpr std::string_view callsThatCanFail[] = {
+constexpr std::string_view FallibleCalls[] = {
     "OpenPrinterA",
     "ClosePrinter",
     "DocumentPropertiesA",
@@ -51,12 +51,12 @@ constexpr std::string_view callsThatCanFail[] = {
 } // namespace
 
 std::span<const std::string_view> Recorder::CallsThatCanFail() {
-    return callsThatCanFail;
+    return FallibleCalls;
 }
 
 bool Recorder::Fail(std::string_view call, int count) {
-    const auto* const end = std::end(callsThatCanFail);
-    if (std::find(std::begin(callsThatCanFail), end, call) == end) {
+    const auto* const end = std::end(FallibleCalls);
+    if (std::find(std::begin(FallibleCalls), end, call) == end) {
         return false;
     }
     failures_[std::string(call)] = count;

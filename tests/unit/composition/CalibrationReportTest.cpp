@@ -9,8 +9,8 @@ using testing::Not;
 
 class CalibrationReportTest : public CompositionTest {
   protected:
-    static constexpr double lineStep = 192 * 1.1;
-    static constexpr const char* none = "Geen calibratie ingegeven !";
+    static constexpr double LineStep = 192 * 1.1;
+    static constexpr const char* None = "Geen calibratie ingegeven !";
 
     struct Section {
         const char* title;
@@ -52,32 +52,32 @@ TEST_F(CalibrationReportTest, WithoutCalibration) {
     Draw();
     EXPECT_EQ(Texts().front().text, "Instellingen calibratie acceptgiro in millimeters");
     EXPECT_EQ(Texts().front().x, 450);
-    EXPECT_DOUBLE_EQ(Texts().front().y, lineStep);
+    EXPECT_DOUBLE_EQ(Texts().front().y, LineStep);
     EXPECT_FALSE(Texts().front().bold);
     ASSERT_EQ(printer.canvas.lines.size(), 1U);
-    EXPECT_DOUBLE_EQ(printer.canvas.lines[0].y1, 2 * lineStep);
+    EXPECT_DOUBLE_EQ(printer.canvas.lines[0].y1, 2 * LineStep);
 
-    const double section = 1.5 * lineStep + 192 + lineStep; // title, message, and the line before the next
+    const double section = 1.5 * LineStep + 192 + LineStep; // title, message, and the line before the next
     for (std::size_t i = 0; i < 7; ++i) {
         const Section expected = Sections()[i];
         const std::size_t inColumn = i < 4 ? i : i - 4;
         const support::DrawnText title = Drawn(expected.title);
         EXPECT_TRUE(title.bold);
         EXPECT_EQ(title.x, expected.x);
-        EXPECT_NEAR(title.y, 3 * lineStep + static_cast<double>(inColumn) * section, 1e-6);
+        EXPECT_NEAR(title.y, 3 * LineStep + static_cast<double>(inColumn) * section, 1e-6);
         const std::vector<support::DrawnText> below = Below(expected.title);
         ASSERT_EQ(below.size(), 1U);
-        EXPECT_EQ(below[0].text, none);
+        EXPECT_EQ(below[0].text, None);
         EXPECT_FALSE(below[0].bold);
         EXPECT_EQ(below[0].x, expected.x);
-        EXPECT_NEAR(below[0].y, title.y + 1.5 * lineStep, 1e-6);
+        EXPECT_NEAR(below[0].y, title.y + 1.5 * LineStep, 1e-6);
     }
     EXPECT_EQ(printer.canvas.pages, 1);
 }
 
 TEST_F(CalibrationReportTest, NotesBelowTheLeftColumn) {
     Draw();
-    double y = Drawn(none, 4).y + 192 + 2 * lineStep;
+    double y = Drawn(None, 4).y + 192 + 2 * LineStep;
     const auto expectAt = [&](const std::string& text, double x) {
         EXPECT_NEAR(Drawn(text).x, x, 1e-6) << text;
         EXPECT_NEAR(Drawn(text).y, y, 1e-6) << text;
@@ -86,24 +86,24 @@ TEST_F(CalibrationReportTest, NotesBelowTheLeftColumn) {
         "NB: De calibratie X (naar links/rechts) en de Y (naar boven/beneden) waarde worden bepaald vanaf "
         "de basispositie op de acceptgiro.",
         450);
-    y += lineStep;
+    y += LineStep;
     expectAt(
         "Bij een X van 1,00 en een Y van -1,00 wordt vanaf de basispositie 1 mm. naar rechts en 1 mm. naar "
         "boven afgedrukt.",
         450);
-    y += 2 * lineStep;
+    y += 2 * LineStep;
     expectAt("Contractvorm: ", 450);
     expectAt("C-Contract - Blanco acceptgiro zonder servicenr.", 450 + 14 * 80);
-    y += lineStep;
+    y += LineStep;
     expectAt("Acceptgiro type: ", 450);
     expectAt("Acceptgiro's, 3 op 1 vel, smalle souche", 450 + 17 * 80);
-    y += 192 + 2 * lineStep;
+    y += 192 + 2 * LineStep;
     expectAt("OCR-B schrift :     ", 450);
     const std::string sample = "1234567890+><ABCDEFGHIJKLMNOPQRSTUVWXYZ";
     expectAt(sample, 450 + 20 * 80);
-    EXPECT_EQ(Drawn(sample).font, ocrFont);
+    EXPECT_EQ(Drawn(sample).font, OcrFont);
     EXPECT_EQ(Drawn(sample).size, 12);
-    y += 24 * 12 + 2 * lineStep;
+    y += 24 * 12 + 2 * LineStep;
     expectAt("Bovenstaand is het door u gekozen OCR-B schrift", 450);
     for (const support::DrawnText& drawn : Texts()) {
         if (drawn.text != sample) {
@@ -117,7 +117,7 @@ TEST_F(CalibrationReportTest, UnknownTypeLeavesItsLineOpen) {
     state.AcceptgiroType = 0;
     Draw();
     const support::DrawnText label = Drawn("Acceptgiro type: ");
-    EXPECT_NEAR(Drawn("OCR-B schrift :     ").y, label.y + 2 * lineStep, 1e-6);
+    EXPECT_NEAR(Drawn("OCR-B schrift :     ").y, label.y + 2 * LineStep, 1e-6);
 }
 
 TEST_F(CalibrationReportTest, EachContractAndType) {
@@ -142,13 +142,13 @@ TEST_F(CalibrationReportTest, ValuesOfEachSection) {
         }
     }
     Draw();
-    EXPECT_THAT(Words(), Not(Contains(none)));
+    EXPECT_THAT(Words(), Not(Contains(None)));
     number = 0;
     for (const Section& section : Sections()) {
         const bool last = std::string(section.title) == "Incassant/begunstigde op acceptgiro";
         const std::vector<support::DrawnText> below = Below(section.title);
         ASSERT_EQ(below.size(), 4U * 5) << section.title;
-        double y = Drawn(section.title).y + 1.5 * lineStep;
+        double y = Drawn(section.title).y + 1.5 * LineStep;
         for (std::size_t i = 0; i < 4; ++i) {
             const support::DrawnText* drawn = &below[5 * i];
             std::string links = std::to_string(++number) + ",00";
@@ -174,7 +174,7 @@ TEST_F(CalibrationReportTest, ValuesOfEachSection) {
             EXPECT_EQ(drawn[2].y, drawn[1].y);
             EXPECT_NEAR(drawn[3].y, y + 2 * 192, 1e-6);
             EXPECT_EQ(drawn[4].y, drawn[3].y);
-            y += 3 * 192 + 0.2 * lineStep;
+            y += 3 * 192 + 0.2 * LineStep;
         }
     }
 }
@@ -184,7 +184,7 @@ TEST_F(CalibrationReportTest, FirstXValueAloneTellsWhetherThereIsCalibration) {
         section.links[0] = "1,00";
     }
     Draw();
-    EXPECT_THAT(Words(), Not(Contains(none)));
+    EXPECT_THAT(Words(), Not(Contains(None)));
     EXPECT_EQ(Below("OCR regel").size(), 4U * 3 + 1); // labels, and the one value
     const std::vector<support::DrawnText> last = Below("Incassant/begunstigde op acceptgiro");
     ASSERT_EQ(last.size(), 20U);
@@ -200,7 +200,7 @@ TEST_F(CalibrationReportTest, FirstXValueAloneTellsWhetherThereIsCalibration) {
     Draw();
     EXPECT_FALSE(IsDrawn("2,00"));
     EXPECT_FALSE(IsDrawn("X-waarde :"));
-    EXPECT_EQ(Drawn(none, 7).x, 5450);
+    EXPECT_EQ(Drawn(None, 7).x, 5450);
 }
 
 TEST_F(CalibrationReportTest, ValueThatIsNoNumberMeansNothingToThePrinter) {

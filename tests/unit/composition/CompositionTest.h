@@ -17,7 +17,7 @@ namespace composition {
 
 using Numbers = std::vector<std::int16_t>;
 
-inline constexpr const char* ocrFont = "OCR-B";
+inline constexpr const char* OcrFont = "OCR-B";
 
 /// The program's state as the start leaves it, with a printer that is the surface.
 class CompositionTest : public testing::Test {
@@ -25,14 +25,14 @@ class CompositionTest : public testing::Test {
     CompositionTest() {
         memory.clock.Set({2026, 3, 14, 10, 30, 0, 0});
         memory.random.Seed(1);
-        memory.registry.CreateKey(settingsKey);
-        state.SettingsKey = settingsKey;
+        memory.registry.CreateKey(SettingsPath);
+        state.SettingsKey = SettingsPath;
         state.MessageTitle = "Drukkeuring acceptgiro's";
         state.ListFontName = "Tahoma";
         state.TwipsPerCm = 567;
         state.LeftMargin = 450;
         state.GMUVerkeer = true;
-        state.GMUFontName = ocrFont;
+        state.GMUFontName = OcrFont;
         state.GMUFontSize = "12";
         state.GMUContractVorm = 31;
         state.AcceptgiroType = 1;
@@ -52,7 +52,7 @@ class CompositionTest : public testing::Test {
         printer.Drawing.Font.Size = 8;
     }
 
-    static constexpr const char* settingsKey = "Software\\Ondor\\Tarvik\\CurrentVersion";
+    static constexpr const char* SettingsPath = "Software\\Ondor\\Tarvik\\CurrentVersion";
 
     std::vector<support::DrawnText>& Texts() { return printer.canvas.texts; }
 

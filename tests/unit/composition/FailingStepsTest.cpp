@@ -9,7 +9,7 @@ using testing::Contains;
 
 class FailingStepsTest : public CompositionTest {
   protected:
-    static constexpr double ocrLineY = 8.975 * 567;
+    static constexpr double OcrLineY = 8.975 * 567;
 
     void Print(std::int16_t iMethod) { Afdrukken(state, services, host, iMethod, 1, false); }
     void Restart() {
@@ -65,7 +65,7 @@ TEST_F(FailingStepsTest, FormsKeepTheirPlacesWhicheverCallFails) {
         ASSERT_GE(marks.size(), 3U) << failing;
         const double places[] = {0, 5760, 11520};
         for (const support::DrawnText& mark : marks) {
-            const double top = mark.y - ocrLineY;
+            const double top = mark.y - OcrLineY;
             EXPECT_THAT(places, Contains(testing::DoubleNear(top, 0.01))) << failing;
         }
     }
@@ -168,8 +168,8 @@ TEST_F(FailingStepsTest, HostileStateComesToItsEnd) {
     state.AcceptGiroNAWLinks.fill(std::string(5000, '9'));
     state.AcceptGiroBGAcceptLinks.fill("37870000");
     state.AcceptGiroBGSoucheLinks.fill("37870000");
-    memory.registry.SetText(settingsKey, "AcceptFontSizeNAW1", garbage);
-    memory.registry.SetText(settingsKey, "AcceptFontSizeNAW2", "1e400");
+    memory.registry.SetText(SettingsPath, "AcceptFontSizeNAW1", garbage);
+    memory.registry.SetText(SettingsPath, "AcceptFontSizeNAW2", "1e400");
     host.count = "3";
     constexpr std::int32_t least = std::numeric_limits<std::int32_t>::min();
     constexpr std::int32_t most = std::numeric_limits<std::int32_t>::max();

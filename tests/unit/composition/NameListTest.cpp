@@ -8,7 +8,7 @@ namespace composition {
 
 class NameListTest : public CompositionTest {
   protected:
-    static constexpr double lineStep = 192 * 1.1;
+    static constexpr double LineStep = 192 * 1.1;
 
     /// The cells of the list without its headers, row by row.
     std::vector<support::DrawnText> Cells() {
@@ -30,13 +30,13 @@ TEST_F(NameListTest, HeaderStandsOneLineBelowTheTop) {
     for (std::size_t i = 0; i < 4; ++i) {
         EXPECT_EQ(Texts()[i].text, headers[i]);
         EXPECT_EQ(Texts()[i].x, 450 + offsets[i]);
-        EXPECT_DOUBLE_EQ(Texts()[i].y, lineStep);
+        EXPECT_DOUBLE_EQ(Texts()[i].y, LineStep);
         EXPECT_FALSE(Texts()[i].bold);
     }
-    EXPECT_DOUBLE_EQ(printer.canvas.lines[0].y1, 2 * lineStep);
+    EXPECT_DOUBLE_EQ(printer.canvas.lines[0].y1, 2 * LineStep);
     EXPECT_EQ(printer.canvas.lines[0].x1, 450);
     EXPECT_EQ(printer.canvas.lines[0].x2, 11424 - 450);
-    EXPECT_DOUBLE_EQ(Texts()[4].y, 3 * lineStep);
+    EXPECT_DOUBLE_EQ(Texts()[4].y, 3 * LineStep);
     EXPECT_EQ(Texts()[4].font, "Printer");
     EXPECT_EQ(Texts()[4].size, 8);
 }
@@ -85,7 +85,7 @@ TEST_F(NameListTest, PageBreaksFiveLinesBeforeTheEnd) {
     PrintNameList(state);
     // The rows begin three line steps down; a page is full when the cursor behind a row plus 5 x 192 lies
     // beyond it.
-    const int rowsOnPage = static_cast<int>(std::floor((16358 - 5 * 192) / lineStep)) - 3 + 1;
+    const int rowsOnPage = static_cast<int>(std::floor((16358 - 5 * 192) / LineStep)) - 3 + 1;
     int onFirst = 0;
     for (const support::DrawnText& cell : Cells()) {
         onFirst += cell.page == 1 ? 1 : 0;
@@ -96,12 +96,12 @@ TEST_F(NameListTest, PageBreaksFiveLinesBeforeTheEnd) {
     EXPECT_EQ(printer.canvas.lines.size(), static_cast<std::size_t>(pages)); // each with its header
     const support::DrawnText header = Drawn("Naam", 2);
     EXPECT_EQ(header.page, 2);
-    EXPECT_DOUBLE_EQ(header.y, lineStep);
+    EXPECT_DOUBLE_EQ(header.y, LineStep);
 }
 
 TEST_F(NameListTest, LastRowCanLeaveAPageOfTheHeaderAlone) {
     // Of three lines' header, 249 rows and the five lines that are kept free, one line step too little.
-    state.PageHeight = static_cast<std::int32_t>((3 + 248.5) * lineStep + 5 * 192);
+    state.PageHeight = static_cast<std::int32_t>((3 + 248.5) * LineStep + 5 * 192);
     PrintNameList(state);
     EXPECT_EQ(printer.canvas.pages, 2);
     EXPECT_EQ(Texts().back().text, "Woonplaats");
@@ -109,7 +109,7 @@ TEST_F(NameListTest, LastRowCanLeaveAPageOfTheHeaderAlone) {
 
     printer.canvas = {};
     printer.Drawing.CurrentY = 0;
-    state.PageHeight = static_cast<std::int32_t>((3 + 249.5) * lineStep + 5 * 192);
+    state.PageHeight = static_cast<std::int32_t>((3 + 249.5) * LineStep + 5 * 192);
     PrintNameList(state);
     EXPECT_EQ(printer.canvas.pages, 1);
 }

@@ -15,7 +15,7 @@ class PrintFormulierTest : public CompositionTest {
         PrintFormulier(state, services, state.AcceptgiroType != 2, corner, tekst, positie);
     }
     void SetSize(const char* name, const std::string& value) {
-        memory.registry.SetText(settingsKey, name, value);
+        memory.registry.SetText(SettingsPath, name, value);
     }
     void ExpectDrawn(const std::string& text, double x, double y, const std::string& font, double size,
                      int nth = 1) {
@@ -48,9 +48,9 @@ TEST_F(PrintFormulierTest, NarrowLayout) {
     ExpectDrawn("123", Cm(2.1) - 270, Cm(3), "Tahoma", 9);
     ExpectDrawn("45", Cm(3.2) - 180, Cm(3), "Tahoma", 9);
     ExpectDrawn("DRUKKEURING ", Cm(10.3), Cm(0.8), "Tahoma", 9);
-    ExpectDrawn("123", Cm(6.9) - 360, Cm(1.75), ocrFont, 12, 2);
-    ExpectDrawn("45", Cm(8.1), Cm(1.75), ocrFont, 12, 2);
-    ExpectDrawn("NL68TEST0123456789", Cm(4.5), Cm(3), ocrFont, 12);
+    ExpectDrawn("123", Cm(6.9) - 360, Cm(1.75), OcrFont, 12, 2);
+    ExpectDrawn("45", Cm(8.1), Cm(1.75), OcrFont, 12, 2);
+    ExpectDrawn("NL68TEST0123456789", Cm(4.5), Cm(3), OcrFont, 12);
     ExpectDrawn("Dhr. A. Voorbeeld e/o", Cm(6.5), Cm(4), "Tahoma", 10);
     ExpectDrawn("Mevr. B. Proef", Cm(6.5), Cm(4) + 240, "Tahoma", 10);
     ExpectDrawn("Proefweg 1", Cm(6.5), Cm(4) + 480, "Tahoma", 10);
@@ -119,7 +119,7 @@ TEST_F(PrintFormulierTest, FormWithoutAnAccount) {
     tekst.rekening = {};
     Draw();
     EXPECT_EQ(Texts().size(), all - 1);
-    ExpectDrawn("45", Cm(8.1), Cm(1.75), ocrFont, 12, 2);
+    ExpectDrawn("45", Cm(8.1), Cm(1.75), OcrFont, 12, 2);
     ExpectDrawn("Dhr. A. Voorbeeld e/o", Cm(6.5), Cm(4), "Tahoma", 10);
 }
 

@@ -25,11 +25,11 @@ class PrintIncassantTest : public CompositionTest {
         EXPECT_EQ(drawn.bold, bold) << text;
     }
 
-    static constexpr const char* account = "NL13ABNA0500000018";
-    static constexpr const char* name = "Stichting Proef";
-    static constexpr const char* address = "Voorbeeldstraat 1, 1234 AB  TESTDAM";
-    IncassantTekst incassant = {.rekening = account,
-                                .naam = name,
+    static constexpr const char* Account = "NL13ABNA0500000018";
+    static constexpr const char* Name = "Stichting Proef";
+    static constexpr const char* Address = "Voorbeeldstraat 1, 1234 AB  TESTDAM";
+    IncassantTekst incassant = {.rekening = Account,
+                                .naam = Name,
                                 .adres = "Voorbeeldstraat 1",
                                 .postcode = "1234AB",
                                 .plaats = "TESTDAM"};
@@ -40,23 +40,23 @@ class PrintIncassantTest : public CompositionTest {
 
 TEST_F(PrintIncassantTest, WholeBlock) {
     Draw();
-    EXPECT_THAT(Words(), ElementsAre(account, name, "TESTDAM", account, name, address));
-    ExpectDrawn(account, 1, Cm(0.25), Cm(7), 8, false);
-    ExpectDrawn(name, 1, Cm(0.25), Cm(7) + 1.2 * stubLine, 6, true);
+    EXPECT_THAT(Words(), ElementsAre(Account, Name, "TESTDAM", Account, Name, Address));
+    ExpectDrawn(Account, 1, Cm(0.25), Cm(7), 8, false);
+    ExpectDrawn(Name, 1, Cm(0.25), Cm(7) + 1.2 * stubLine, 6, true);
     ExpectDrawn("TESTDAM", 1, Cm(0.25), Cm(7) + 2.2 * stubLine, 6, true);
-    ExpectDrawn(account, 2, Cm(6.5), Cm(6.5), 9, false);
-    ExpectDrawn(name, 2, Cm(6.5), Cm(6.5) + 1.3 * acceptLine, 7, true);
-    ExpectDrawn(address, 1, Cm(6.5), Cm(6.5) + 2.3 * acceptLine, 7, true);
+    ExpectDrawn(Account, 2, Cm(6.5), Cm(6.5), 9, false);
+    ExpectDrawn(Name, 2, Cm(6.5), Cm(6.5) + 1.3 * acceptLine, 7, true);
+    ExpectDrawn(Address, 1, Cm(6.5), Cm(6.5) + 2.3 * acceptLine, 7, true);
     EXPECT_EQ(printer.Drawing.Font, (platform::FontSpec{"Tahoma", 7, false}));
 }
 
 TEST_F(PrintIncassantTest, WideStubMovesTheAcceptPartOneCentimetre) {
     state.AcceptgiroType = 2;
     Draw();
-    ExpectDrawn(account, 1, Cm(0.25), Cm(7), 8, false);
-    ExpectDrawn(account, 2, Cm(7.5), Cm(6.5), 9, false);
-    ExpectDrawn(name, 2, Cm(7.5), Cm(6.5) + 1.3 * acceptLine, 7, true);
-    ExpectDrawn(address, 1, Cm(7.5), Cm(6.5) + 2.3 * acceptLine, 7, true);
+    ExpectDrawn(Account, 1, Cm(0.25), Cm(7), 8, false);
+    ExpectDrawn(Account, 2, Cm(7.5), Cm(6.5), 9, false);
+    ExpectDrawn(Name, 2, Cm(7.5), Cm(6.5) + 1.3 * acceptLine, 7, true);
+    ExpectDrawn(Address, 1, Cm(7.5), Cm(6.5) + 2.3 * acceptLine, 7, true);
 }
 
 TEST_F(PrintIncassantTest, ContractTellsWhatIsOnTheStationery) {
@@ -76,9 +76,9 @@ TEST_F(PrintIncassantTest, ContractTellsWhatIsOnTheStationery) {
 TEST_F(PrintIncassantTest, AccountAloneUnderContract34) {
     state.GMUContractVorm = 34;
     Draw();
-    EXPECT_THAT(Words(), ElementsAre(account, account));
-    ExpectDrawn(account, 1, Cm(0.25), Cm(7), 8, false);
-    ExpectDrawn(account, 2, Cm(6.5), Cm(6.5), 9, false);
+    EXPECT_THAT(Words(), ElementsAre(Account, Account));
+    ExpectDrawn(Account, 1, Cm(0.25), Cm(7), 8, false);
+    ExpectDrawn(Account, 2, Cm(6.5), Cm(6.5), 9, false);
 }
 
 TEST_F(PrintIncassantTest, NothingWhereItIsSwitchedOff) {
@@ -92,17 +92,17 @@ TEST_F(PrintIncassantTest, AddressLineNeedsAllItsTexts) {
     const IncassantTekst whole = incassant;
     incassant.adres = {};
     Draw();
-    EXPECT_THAT(Words(), ElementsAre(account, name, "TESTDAM", account, name));
+    EXPECT_THAT(Words(), ElementsAre(Account, Name, "TESTDAM", Account, Name));
     incassant = whole;
     incassant.postcode = {};
     Texts().clear();
     Draw();
-    EXPECT_THAT(Words(), ElementsAre(account, name, "TESTDAM", account, name));
+    EXPECT_THAT(Words(), ElementsAre(Account, Name, "TESTDAM", Account, Name));
     incassant = whole;
     incassant.plaats = {};
     Texts().clear();
     Draw();
-    EXPECT_THAT(Words(), ElementsAre(account, name, account, name));
+    EXPECT_THAT(Words(), ElementsAre(Account, Name, Account, Name));
 }
 
 TEST_F(PrintIncassantTest, LongNameIsCutOnTheStubAlone) {
@@ -128,28 +128,28 @@ TEST_F(PrintIncassantTest, CalibrationOfTheStub) {
     state.AcceptGiroBGSoucheLinks[1] = "1";
     state.AcceptGiroBGSoucheTop[1] = "2";
     Draw({.x = 0, .y = 1000}, 2);
-    ExpectDrawn(account, 1, Cm(0.25) + 57, Cm(7) + 1000 + 113, 8, false);
-    ExpectDrawn(account, 2, Cm(6.5), Cm(6.5) + 1000, 9, false);
+    ExpectDrawn(Account, 1, Cm(0.25) + 57, Cm(7) + 1000 + 113, 8, false);
+    ExpectDrawn(Account, 2, Cm(6.5), Cm(6.5) + 1000, 9, false);
 }
 
 TEST_F(PrintIncassantTest, CalibrationOfTheAcceptPartCountsTwiceAndItsTopNot) {
     state.AcceptGiroBGAcceptTop[0] = "30";
     Draw();
-    ExpectDrawn(account, 2, Cm(6.5), Cm(6.5), 9, false);
+    ExpectDrawn(Account, 2, Cm(6.5), Cm(6.5), 9, false);
     state.AcceptGiroBGAcceptLinks[0] = "2";
     Texts().clear();
     Draw();
-    ExpectDrawn(account, 1, Cm(0.25), Cm(7), 8, false);
-    ExpectDrawn(account, 2, Cm(6.5) + 113, Cm(6.5) + 113, 9, false);
-    ExpectDrawn(name, 2, Cm(6.5) + 113, Cm(6.5) + 113 + 1.3 * acceptLine, 7, true);
+    ExpectDrawn(Account, 1, Cm(0.25), Cm(7), 8, false);
+    ExpectDrawn(Account, 2, Cm(6.5) + 113, Cm(6.5) + 113, 9, false);
+    ExpectDrawn(Name, 2, Cm(6.5) + 113, Cm(6.5) + 113 + 1.3 * acceptLine, 7, true);
 }
 
 TEST_F(PrintIncassantTest, CalibrationOfTheWholeForm) {
     state.AcceptGiroLinks[0] = "1";
     state.AcceptGiroTop[0] = "5";
     Draw();
-    ExpectDrawn(account, 1, Cm(0.25) + 57, Cm(7) + 284, 8, false);
-    ExpectDrawn(account, 2, Cm(6.5) + 57, Cm(6.5) + 284, 9, false);
+    ExpectDrawn(Account, 1, Cm(0.25) + 57, Cm(7) + 284, 8, false);
+    ExpectDrawn(Account, 2, Cm(6.5) + 57, Cm(6.5) + 284, 9, false);
 }
 
 TEST_F(PrintIncassantTest, UnderALetterTheFourthPlaceCounts) {

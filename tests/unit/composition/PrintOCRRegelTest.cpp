@@ -36,16 +36,16 @@ TEST_F(PrintOCRRegelTest, ReferenceAndLine) {
     EXPECT_THAT(Words(),
                 ElementsAre("7100 0000 1201 0326", "7100 0000", "1201 0326", "X", "7100000012010326+",
                             "000123457<", "ABNANL2A+", "NL13ABNA0500000018+", "17>"));
-    ExpectDrawn("7100 0000 1201 0326", Cm(10), Cm(1.75), ocrFont, 12);
-    ExpectDrawn("7100 0000", Cm(0.5), Cm(1.3), ocrFont, 9);
-    ExpectDrawn("1201 0326", Cm(0.5), Cm(1.8), ocrFont, 9);
+    ExpectDrawn("7100 0000 1201 0326", Cm(10), Cm(1.75), OcrFont, 12);
+    ExpectDrawn("7100 0000", Cm(0.5), Cm(1.3), OcrFont, 9);
+    ExpectDrawn("1201 0326", Cm(0.5), Cm(1.8), OcrFont, 9);
     const double y = 8.975 * 567;
-    ExpectDrawn("X", Cm(3.2), y, ocrFont, 12);
-    ExpectDrawn("7100000012010326+", Cm(4.45), y, ocrFont, 12);
-    ExpectDrawn("000123457<", Cm(9.02), y, ocrFont, 12);
-    ExpectDrawn("ABNANL2A+", Cm(11.82), y, ocrFont, 12);
-    ExpectDrawn("NL13ABNA0500000018+", Cm(14.37), y, ocrFont, 12);
-    ExpectDrawn("17>", Cm(19.48), y, ocrFont, 12);
+    ExpectDrawn("X", Cm(3.2), y, OcrFont, 12);
+    ExpectDrawn("7100000012010326+", Cm(4.45), y, OcrFont, 12);
+    ExpectDrawn("000123457<", Cm(9.02), y, OcrFont, 12);
+    ExpectDrawn("ABNANL2A+", Cm(11.82), y, OcrFont, 12);
+    ExpectDrawn("NL13ABNA0500000018+", Cm(14.37), y, OcrFont, 12);
+    ExpectDrawn("17>", Cm(19.48), y, OcrFont, 12);
     EXPECT_EQ(printer.Drawing.Font, (platform::FontSpec{"Tahoma", 7, false}));
     EXPECT_EQ(state.LineHeight, 24 * 9);
 }
@@ -130,19 +130,19 @@ TEST_F(PrintOCRRegelTest, FormAndLineAreCalibratedApart) {
     state.AcceptGiroTop[0] = "5";
     state.AcceptGiroLinks[0] = "10";
     Draw({.x = 100, .y = 1000});
-    ExpectDrawn("7100 0000 1201 0326", Cm(10) + 667, Cm(1.75) + 1284, ocrFont,
+    ExpectDrawn("7100 0000 1201 0326", Cm(10) + 667, Cm(1.75) + 1284, OcrFont,
                 12); // 1283.5, to the even number
-    ExpectDrawn("7100 0000", Cm(0.5) + 667, Cm(1.3) + 1284, ocrFont, 9);
-    ExpectDrawn("X", Cm(3.2) + 100, 8.975 * 567 + 1000, ocrFont, 12);
+    ExpectDrawn("7100 0000", Cm(0.5) + 667, Cm(1.3) + 1284, OcrFont, 9);
+    ExpectDrawn("X", Cm(3.2) + 100, 8.975 * 567 + 1000, OcrFont, 12);
 
     state.AcceptGiroTop[0] = state.AcceptGiroLinks[0] = "";
     state.OCRTop[0] = "5";
     state.OCRLinks[0] = "-10";
     Texts().clear();
     Draw({.x = 100, .y = 1000});
-    ExpectDrawn("7100 0000 1201 0326", Cm(10) + 100, Cm(1.75) + 1000, ocrFont, 12);
-    ExpectDrawn("X", Cm(3.2) - 467, 8.975 * 567 + 1284, ocrFont, 12);
-    ExpectDrawn("17>", Cm(19.48) - 467, 8.975 * 567 + 1284, ocrFont, 12);
+    ExpectDrawn("7100 0000 1201 0326", Cm(10) + 100, Cm(1.75) + 1000, OcrFont, 12);
+    ExpectDrawn("X", Cm(3.2) - 467, 8.975 * 567 + 1284, OcrFont, 12);
+    ExpectDrawn("17>", Cm(19.48) - 467, 8.975 * 567 + 1284, OcrFont, 12);
 }
 
 TEST_F(PrintOCRRegelTest, ReferenceIsCalibratedOnBothParts) {
@@ -151,10 +151,10 @@ TEST_F(PrintOCRRegelTest, ReferenceIsCalibratedOnBothParts) {
     state.AcceptGiroBKSoucheLinks[0] = "3";
     state.AcceptGiroBKSoucheTop[0] = "4";
     Draw();
-    ExpectDrawn("7100 0000 1201 0326", Cm(10) + 57, Cm(1.75) + 113, ocrFont, 12);
-    ExpectDrawn("7100 0000", Cm(0.5) + 170, Cm(1.3) + 227, ocrFont, 9);
-    ExpectDrawn("1201 0326", Cm(0.5) + 170, Cm(1.8) + 227, ocrFont, 9);
-    ExpectDrawn("X", Cm(3.2), 8.975 * 567, ocrFont, 12);
+    ExpectDrawn("7100 0000 1201 0326", Cm(10) + 57, Cm(1.75) + 113, OcrFont, 12);
+    ExpectDrawn("7100 0000", Cm(0.5) + 170, Cm(1.3) + 227, OcrFont, 9);
+    ExpectDrawn("1201 0326", Cm(0.5) + 170, Cm(1.8) + 227, OcrFont, 9);
+    ExpectDrawn("X", Cm(3.2), 8.975 * 567, OcrFont, 12);
 }
 
 TEST_F(PrintOCRRegelTest, StubBeginsAtTheEdgeAtLeast) {

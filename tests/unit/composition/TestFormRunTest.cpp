@@ -47,9 +47,9 @@ class TestFormRunTest : public CompositionTest {
     }
 
     using Place = std::pair<int, double>;
-    static constexpr double second = 5760;  // 10.158 x 567 = 5759.586
-    static constexpr double third = 11520;  // 20.317 x 567 = 11519.739
-    static constexpr double letter = 11227; // 19.8 x 567 = 11226.6
+    static constexpr double Second = 5760;  // 10.158 x 567 = 5759.586
+    static constexpr double Third = 11520;  // 20.317 x 567 = 11519.739
+    static constexpr double Letter = 11227; // 19.8 x 567 = 11226.6
 };
 
 TEST_F(TestFormRunTest, OneForm) {
@@ -69,14 +69,14 @@ TEST_F(TestFormRunTest, OneForm) {
 
 TEST_F(TestFormRunTest, ThreeFormsFillASheetAndBreakNoPage) {
     Run(3);
-    EXPECT_THAT(Places(), ElementsAre(Place(1, 0), Place(1, second), Place(1, third)));
+    EXPECT_THAT(Places(), ElementsAre(Place(1, 0), Place(1, Second), Place(1, Third)));
     EXPECT_EQ(printer.canvas.pages, 1);
     EXPECT_THAT(host.percentages, ElementsAre(33, 67, 100));
 }
 
 TEST_F(TestFormRunTest, FourthFormBeginsTheNextSheet) {
     Run(4);
-    EXPECT_THAT(Places(), ElementsAre(Place(1, 0), Place(1, second), Place(1, third), Place(2, 0)));
+    EXPECT_THAT(Places(), ElementsAre(Place(1, 0), Place(1, Second), Place(1, Third), Place(2, 0)));
     EXPECT_EQ(printer.canvas.pages, 2);
     EXPECT_THAT(host.percentages, ElementsAre(25, 50, 75, 100));
 }
@@ -84,7 +84,7 @@ TEST_F(TestFormRunTest, FourthFormBeginsTheNextSheet) {
 TEST_F(TestFormRunTest, UnderALetterEachFormHasItsPage) {
     state.AcceptgiroType = 3;
     Run(3);
-    EXPECT_THAT(Places(), ElementsAre(Place(1, letter), Place(2, letter), Place(3, letter)));
+    EXPECT_THAT(Places(), ElementsAre(Place(1, Letter), Place(2, Letter), Place(3, Letter)));
     EXPECT_EQ(printer.canvas.pages, 3);
 }
 
@@ -93,7 +93,7 @@ TEST_F(TestFormRunTest, OffsetsMoveTheFormsToTheEdgeOfThePaper) {
     state.PhysicalOffsetY = 200;
     Run(4);
     EXPECT_THAT(Places(),
-                ElementsAre(Place(1, -200), Place(1, second - 200), Place(1, third - 200), Place(2, -200)));
+                ElementsAre(Place(1, -200), Place(1, Second - 200), Place(1, Third - 200), Place(2, -200)));
     for (const support::DrawnText& mark : All("X")) {
         EXPECT_DOUBLE_EQ(mark.x, Cm(3.2) - 233);
     }
@@ -101,13 +101,13 @@ TEST_F(TestFormRunTest, OffsetsMoveTheFormsToTheEdgeOfThePaper) {
     Texts().clear();
     printer.canvas.pages = 1;
     Run(1);
-    EXPECT_THAT(Places(), ElementsAre(Place(1, letter - 200)));
+    EXPECT_THAT(Places(), ElementsAre(Place(1, Letter - 200)));
 }
 
 TEST_F(TestFormRunTest, CopiesTakeTheNextPlaces) {
     Run(2, 3);
-    EXPECT_THAT(Places(), ElementsAre(Place(1, 0), Place(1, second), Place(1, third), Place(2, 0),
-                                      Place(2, second), Place(2, third)));
+    EXPECT_THAT(Places(), ElementsAre(Place(1, 0), Place(1, Second), Place(1, Third), Place(2, 0),
+                                      Place(2, Second), Place(2, Third)));
     EXPECT_THAT(host.percentages, ElementsAre(50, 100));
     const std::vector<std::string> references = References();
     EXPECT_EQ(std::set<std::string>(references.begin(), references.begin() + 3).size(), 1U);
@@ -116,7 +116,7 @@ TEST_F(TestFormRunTest, CopiesTakeTheNextPlaces) {
     Texts().clear();
     printer.canvas.pages = 1;
     Run(2, 2);
-    EXPECT_THAT(Places(), ElementsAre(Place(1, 0), Place(1, second), Place(1, third), Place(2, 0)));
+    EXPECT_THAT(Places(), ElementsAre(Place(1, 0), Place(1, Second), Place(1, Third), Place(2, 0)));
     EXPECT_EQ(References()[1], References()[0]);
     EXPECT_EQ(References()[3], References()[2]);
 }
@@ -155,7 +155,7 @@ TEST_F(TestFormRunTest, UnknownStationeryGetsTheOcrLineAlone) {
         Texts().clear();
         printer.canvas.pages = 1;
         Run(4);
-        EXPECT_THAT(Places(), ElementsAre(Place(1, 0), Place(1, second), Place(1, third), Place(2, 0)));
+        EXPECT_THAT(Places(), ElementsAre(Place(1, 0), Place(1, Second), Place(1, Third), Place(2, 0)));
         EXPECT_EQ(Texts().size(), 4U * 9);
         EXPECT_FALSE(IsDrawn("DRUKKEURING "));
     }
@@ -236,7 +236,7 @@ TEST_F(TestFormRunTest, FormsWithoutAnAccountStillShowTheirAmount) {
     // The account of a form stands at 4.5 cm, in the OCR font.
     std::vector<int> accounts;
     for (const support::DrawnText& drawn : Texts()) {
-        if (drawn.font == ocrFont && std::abs(drawn.x - Cm(4.5)) < 0.01) {
+        if (drawn.font == OcrFont && std::abs(drawn.x - Cm(4.5)) < 0.01) {
             accounts.push_back(drawn.page);
         }
     }

@@ -10,7 +10,7 @@ namespace {
 using namespace platform;
 using testing::ElementsAre;
 
-const std::string key = R"(Software\Ondor)";
+const std::string OndorPath = R"(Software\Ondor)";
 
 TEST(MemoryPlatformTest, BundlesItsParts) {
     MemoryPlatform memory;
@@ -27,25 +27,25 @@ TEST(MemoryPlatformTest, BundlesItsParts) {
 
 TEST(MemoryPlatformTest, RecordsWritesToTheStore) {
     WatchedPlatform watched;
-    watched.memory.registry.CreateKey(key);
+    watched.memory.registry.CreateKey(OndorPath);
     const modRegistry registry(watched.memory.registry);
-    EXPECT_TRUE(registry.SetRegistryValue(HkeyCurrentUser, key, "GMUFontSize", "12"));
+    EXPECT_TRUE(registry.SetRegistryValue(HkeyCurrentUser, OndorPath, "GMUFontSize", "12"));
     watched.memory.recorder.Fail("RegSetValueExA");
-    EXPECT_FALSE(registry.SetRegistryValue(HkeyCurrentUser, key, "GMUFontSize", "13"));
+    EXPECT_FALSE(registry.SetRegistryValue(HkeyCurrentUser, OndorPath, "GMUFontSize", "13"));
     const auto store = [](const char* value, bool ok) {
-        return Event{"store", {{"path", key}, {"name", "GMUFontSize"}, {"value", value}, {"ok", ok}}};
+        return Event{"store", {{"path", OndorPath}, {"name", "GMUFontSize"}, {"value", value}, {"ok", ok}}};
     };
     EXPECT_THAT(watched.events, ElementsAre(store("12", true), store("13", false)));
-    EXPECT_EQ(registry.GetRegistryValue(HkeyCurrentUser, key, "GMUFontSize"), "12");
+    EXPECT_EQ(registry.GetRegistryValue(HkeyCurrentUser, OndorPath, "GMUFontSize"), "12");
 }
 
 TEST(MemoryPlatformTest, TheStoreCanFailToOpen) {
     WatchedPlatform watched;
-    watched.memory.registry.SetText(key, "A", "1");
+    watched.memory.registry.SetText(OndorPath, "A", "1");
     const modRegistry registry(watched.memory.registry);
     watched.memory.recorder.Fail("RegOpenKeyA");
-    EXPECT_EQ(registry.GetRegistryValue(HkeyCurrentUser, key, "A"), "");
-    EXPECT_EQ(registry.GetRegistryValue(HkeyCurrentUser, key, "A"), "1");
+    EXPECT_EQ(registry.GetRegistryValue(HkeyCurrentUser, OndorPath, "A"), "");
+    EXPECT_EQ(registry.GetRegistryValue(HkeyCurrentUser, OndorPath, "A"), "1");
 }
 
 TEST(MemoryPlatformTest, TheClockStandsWhereItIsSet) {

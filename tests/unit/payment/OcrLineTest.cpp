@@ -39,7 +39,7 @@ TEST(OcrLine, HoldsTheFieldsInTheirOrder) {
     const OcrLine line = Made(UsualValues());
     std::vector<std::string> texts;
     std::vector<double> places;
-    for (const OcrField& field : ocrFields) {
+    for (const OcrField& field : OcrFields) {
         texts.push_back(line.*field.text);
         places.push_back(field.xCm);
     }

@@ -7,7 +7,7 @@ namespace {
 using testing::ElementsAre;
 using testing::IsEmpty;
 
-constexpr std::int32_t wheel = platform::WM_MOUSEWHEEL;
+constexpr std::int32_t Wheel = platform::WM_MOUSEWHEEL;
 
 class MsgHookTableTest : public HookTest {
   protected:
@@ -19,12 +19,12 @@ class MsgHookTableTest : public HookTest {
             hooks.back()->Before = [this, n = hooks.size()](auto&, auto&, auto&, auto&) {
                 told.push_back(n);
             };
-            hooks.back()->Hook(windows.back()->Handle(), {wheel});
+            hooks.back()->Hook(windows.back()->Handle(), {Wheel});
         }
     }
     void SendToAll() {
         for (const auto& window : windows) {
-            EXPECT_EQ(table.Send(window->Handle(), wheel, 0, 0), 100 + wheel);
+            EXPECT_EQ(table.Send(window->Handle(), Wheel, 0, 0), 100 + Wheel);
         }
     }
     platform::WindowHandle HandleOf(std::size_t n) const { return windows[n - 1]->Handle(); }
@@ -87,7 +87,7 @@ TEST_F(MsgHookTableTest, NineteenHooksGrowTheTableToThirtySixSlots) {
 TEST_F(MsgHookTableTest, AnOverflowProcedureWithoutASlotDoesNothingAtAll) {
     HookWindows(10);
     const auto stranger = NewWindow();
-    EXPECT_EQ(hook::OverflowProc(stranger->Handle(), wheel, 0, 0), 0);
+    EXPECT_EQ(hook::OverflowProc(stranger->Handle(), Wheel, 0, 0), 0);
     EXPECT_THAT(Handled(), IsEmpty());
 }
 
@@ -121,7 +121,7 @@ TEST_F(MsgHookTableTest, AReleasedSlotKeepsItsWindowAndProceduresAndIsTakenAgain
     EXPECT_EQ(entry.lFilterCount, 1);
     EXPECT_TRUE(entry.blnBucket.none());
     EXPECT_TRUE(entry.colExact.empty());
-    hooks[9]->Hook(HandleOf(10), {wheel});
+    hooks[9]->Hook(HandleOf(10), {Wheel});
     EXPECT_EQ(hooks[9]->lSlot(), 10);
 }
 
@@ -133,14 +133,14 @@ TEST_F(MsgHookTableTest, TheTableCannotGrowInsideAHandler) {
     platform::MsgHook late(table);
     int error = 0;
     hooks[0]->Before = [&](auto&, auto&, auto&, auto&) {
-        error = ErrorOf([&] { late.Hook(window->Handle(), {wheel}); });
+        error = ErrorOf([&] { late.Hook(window->Handle(), {Wheel}); });
     };
-    table.Send(HandleOf(1), wheel, 0, 0);
+    table.Send(HandleOf(1), Wheel, 0, 0);
     EXPECT_EQ(error, hook::ErrorTableLocked);
     EXPECT_EQ(hook::SlotCount(), full);
     EXPECT_TRUE(HasOwnProcedure(*window));
 
-    late.Hook(window->Handle(), {wheel});
+    late.Hook(window->Handle(), {Wheel});
     EXPECT_EQ(late.lSlot(), full + 1);
     EXPECT_EQ(hook::SlotCount(), 2 * full);
 }
@@ -149,8 +149,8 @@ TEST_F(MsgHookTableTest, AFreeSlotCanBeTakenInsideAHandler) {
     HookWindows(2);
     platform::MsgHook late(table);
     const auto window = NewWindow();
-    hooks[0]->After = [&](auto&, auto&, auto&) { late.Hook(window->Handle(), {wheel}); };
-    table.Send(HandleOf(1), wheel, 0, 0);
+    hooks[0]->After = [&](auto&, auto&, auto&) { late.Hook(window->Handle(), {Wheel}); };
+    table.Send(HandleOf(1), Wheel, 0, 0);
     EXPECT_EQ(late.lSlot(), 3);
 }
 
@@ -167,8 +167,8 @@ TEST_F(MsgHookTableTest, AThousandHooksLeaveNothingBehind) {
     for (int i = 0; i < 1000; ++i) {
         const auto window = NewWindow();
         platform::MsgHook passing(table);
-        passing.Hook(window->Handle(), {wheel});
-        table.Send(window->Handle(), wheel, 0, 0);
+        passing.Hook(window->Handle(), {Wheel});
+        table.Send(window->Handle(), Wheel, 0, 0);
     }
     EXPECT_EQ(table.Count(), standing);
     EXPECT_EQ(hook::SlotsInUse(), 0);

@@ -7,9 +7,9 @@ namespace {
 using testing::ElementsAre;
 using testing::IsEmpty;
 
-constexpr std::int32_t bounds = platform::WM_GETMINMAXINFO;
-constexpr std::int32_t sameBucket = bounds + 257;
-constexpr std::int32_t wheel = platform::WM_MOUSEWHEEL;
+constexpr std::int32_t Bounds = platform::WM_GETMINMAXINFO;
+constexpr std::int32_t SameBucket = Bounds + 257;
+constexpr std::int32_t Wheel = platform::WM_MOUSEWHEEL;
 
 std::intptr_t WINDOW_CALL OtherProcedure(platform::WindowHandle /*hWnd*/, std::int32_t /*uMsg*/,
                                          std::intptr_t /*wParam*/, std::intptr_t /*lParam*/) {
@@ -37,16 +37,16 @@ TEST_F(MsgHookTest, ReportsAWatchedMessageBeforeAndAfterTheWindow) {
         order.push_back("before");
     };
     watcher.After = [&](auto&, auto&, auto&) {
-        EXPECT_THAT(Handled(), ElementsAre(Message{wheel, 7, 8}));
+        EXPECT_THAT(Handled(), ElementsAre(Message{Wheel, 7, 8}));
         order.push_back("after");
     };
-    watcher.Hook(window->Handle(), {wheel});
-    EXPECT_EQ(table.Send(window->Handle(), wheel, 7, 8), 100 + wheel);
+    watcher.Hook(window->Handle(), {Wheel});
+    EXPECT_EQ(table.Send(window->Handle(), Wheel, 7, 8), 100 + Wheel);
     EXPECT_THAT(order, ElementsAre("before", "after"));
 }
 
 TEST_F(MsgHookTest, PassesOtherMessagesOnUnreported) {
-    watcher.Hook(window->Handle(), {wheel});
+    watcher.Hook(window->Handle(), {Wheel});
     EXPECT_EQ(table.Send(window->Handle(), 15, 1, 2), 115);
     EXPECT_THAT(before, IsEmpty());
     EXPECT_THAT(after, IsEmpty());
@@ -54,19 +54,19 @@ TEST_F(MsgHookTest, PassesOtherMessagesOnUnreported) {
 }
 
 TEST_F(MsgHookTest, AMessageOfTheSameBucketIsAnotherMessage) {
-    watcher.Hook(window->Handle(), {bounds});
-    EXPECT_EQ(table.Send(window->Handle(), sameBucket, 0, 0), 100 + sameBucket);
+    watcher.Hook(window->Handle(), {Bounds});
+    EXPECT_EQ(table.Send(window->Handle(), SameBucket, 0, 0), 100 + SameBucket);
     EXPECT_THAT(before, IsEmpty());
-    table.Send(window->Handle(), bounds, 0, 0);
-    EXPECT_THAT(before, ElementsAre(bounds));
+    table.Send(window->Handle(), Bounds, 0, 0);
+    EXPECT_THAT(before, ElementsAre(Bounds));
 }
 
 TEST_F(MsgHookTest, BothMessagesOfABucketCanBeWatched) {
-    watcher.Hook(window->Handle(), {bounds, sameBucket});
-    table.Send(window->Handle(), bounds, 0, 0);
-    table.Send(window->Handle(), sameBucket, 0, 0);
-    table.Send(window->Handle(), sameBucket + 257, 0, 0);
-    EXPECT_THAT(before, ElementsAre(bounds, sameBucket));
+    watcher.Hook(window->Handle(), {Bounds, SameBucket});
+    table.Send(window->Handle(), Bounds, 0, 0);
+    table.Send(window->Handle(), SameBucket, 0, 0);
+    table.Send(window->Handle(), SameBucket + 257, 0, 0);
+    EXPECT_THAT(before, ElementsAre(Bounds, SameBucket));
 }
 
 TEST_F(MsgHookTest, NoMessagesStandForAllOfThem) {
@@ -98,8 +98,8 @@ TEST_F(MsgHookTest, AHandlerThatClearsTheMessageKeepsItFromTheWindow) {
         uMsg = 0;
         retVal = 4711;
     };
-    watcher.Hook(window->Handle(), {wheel});
-    EXPECT_EQ(table.Send(window->Handle(), wheel, 0, 0), 4711);
+    watcher.Hook(window->Handle(), {Wheel});
+    EXPECT_EQ(table.Send(window->Handle(), Wheel, 0, 0), 4711);
     EXPECT_THAT(Handled(), IsEmpty());
     EXPECT_THAT(after, IsEmpty());
 }
@@ -113,8 +113,8 @@ TEST_F(MsgHookTest, TheWindowGetsWhatTheHandlerMadeOfTheMessage) {
         retVal = 4711; // counts only for a message that is kept from the window
     };
     watcher.After = [&](auto& uMsg, auto& wParam, auto& lParam) { seenAfter = {uMsg, wParam, lParam}; };
-    watcher.Hook(window->Handle(), {wheel});
-    EXPECT_EQ(table.Send(window->Handle(), wheel, 1, 2), 199);
+    watcher.Hook(window->Handle(), {Wheel});
+    EXPECT_EQ(table.Send(window->Handle(), Wheel, 1, 2), 199);
     EXPECT_THAT(Handled(), ElementsAre(Message{99, 5, 6}));
     EXPECT_EQ(seenAfter, (Message{99, 5, 6}));
 }
@@ -126,24 +126,24 @@ TEST_F(MsgHookTest, ArgumentsKeepTheFullPointerWidth) {
         uMsg = 0;
         retVal = wide + 1;
     };
-    watcher.Hook(window->Handle(), {wheel});
-    EXPECT_EQ(table.Send(window->Handle(), wheel, wide, 0), wide + 1);
+    watcher.Hook(window->Handle(), {Wheel});
+    EXPECT_EQ(table.Send(window->Handle(), Wheel, wide, 0), wide + 1);
 }
 
 TEST_F(MsgHookTest, WithoutHandlersTheMessageJustPasses) {
     platform::MsgHook silent(table);
-    silent.Hook(window->Handle(), {wheel});
-    EXPECT_EQ(table.Send(window->Handle(), wheel, 0, 0), 100 + wheel);
+    silent.Hook(window->Handle(), {Wheel});
+    EXPECT_EQ(table.Send(window->Handle(), Wheel, 0, 0), 100 + Wheel);
 }
 
 TEST_F(MsgHookTest, UnhookGivesTheWindowItsProcedureBack) {
-    watcher.Hook(window->Handle(), {wheel});
+    watcher.Hook(window->Handle(), {Wheel});
     EXPECT_NE(watcher.lSlot(), 0);
     EXPECT_FALSE(HasOwnProcedure(*window));
     watcher.Unhook();
     EXPECT_EQ(watcher.lSlot(), 0);
     EXPECT_TRUE(HasOwnProcedure(*window));
-    table.Send(window->Handle(), wheel, 0, 0);
+    table.Send(window->Handle(), Wheel, 0, 0);
     EXPECT_THAT(before, IsEmpty());
 }
 
@@ -164,30 +164,30 @@ TEST_F(MsgHookTest, AHookThatGoesAwayLetsTheWindowGo) {
 
 TEST_F(MsgHookTest, ASecondHookLetsTheFirstWindowGoAndMayTakeItsSlot) {
     const auto other = NewWindow();
-    watcher.Hook(window->Handle(), {wheel});
+    watcher.Hook(window->Handle(), {Wheel});
     const std::int32_t slot = watcher.lSlot();
-    watcher.Hook(other->Handle(), {bounds});
+    watcher.Hook(other->Handle(), {Bounds});
     EXPECT_EQ(watcher.lSlot(), slot);
     EXPECT_TRUE(HasOwnProcedure(*window));
-    table.Send(window->Handle(), bounds, 0, 0);
+    table.Send(window->Handle(), Bounds, 0, 0);
     EXPECT_THAT(before, IsEmpty());
-    table.Send(other->Handle(), wheel, 0, 0);
+    table.Send(other->Handle(), Wheel, 0, 0);
     EXPECT_THAT(before, IsEmpty()) << "the messages of the first hook are forgotten";
-    table.Send(other->Handle(), bounds, 0, 0);
-    EXPECT_THAT(before, ElementsAre(bounds));
+    table.Send(other->Handle(), Bounds, 0, 0);
+    EXPECT_THAT(before, ElementsAre(Bounds));
 }
 
 TEST_F(MsgHookTest, AMessageListedTwiceIsAnErrorAndLeavesNothingHooked) {
-    watcher.Hook(window->Handle(), {wheel});
+    watcher.Hook(window->Handle(), {Wheel});
     EXPECT_EQ(ErrorOf([&] {
-                  watcher.Hook(window->Handle(), {bounds, wheel, bounds});
+                  watcher.Hook(window->Handle(), {Bounds, Wheel, Bounds});
               }),
               platform::ErrorDuplicateKey);
     EXPECT_EQ(watcher.lSlot(), 0);
     EXPECT_TRUE(HasOwnProcedure(*window));
-    watcher.Hook(window->Handle(), {wheel});
-    table.Send(window->Handle(), wheel, 0, 0);
-    EXPECT_THAT(before, ElementsAre(wheel));
+    watcher.Hook(window->Handle(), {Wheel});
+    table.Send(window->Handle(), Wheel, 0, 0);
+    EXPECT_THAT(before, ElementsAre(Wheel));
 }
 
 TEST_F(MsgHookTest, TwoHooksOnOneWindowBothSeeTheMessage) {
@@ -195,22 +195,22 @@ TEST_F(MsgHookTest, TwoHooksOnOneWindowBothSeeTheMessage) {
     platform::MsgHook outer(table);
     outer.Before = [&](auto&, auto&, auto&, auto&) { order.push_back("outer"); };
     watcher.Before = [&](auto&, auto&, auto&, auto&) { order.push_back("inner"); };
-    watcher.Hook(window->Handle(), {wheel});
-    outer.Hook(window->Handle(), {wheel});
-    table.Send(window->Handle(), wheel, 0, 0);
+    watcher.Hook(window->Handle(), {Wheel});
+    outer.Hook(window->Handle(), {Wheel});
+    table.Send(window->Handle(), Wheel, 0, 0);
     EXPECT_THAT(order, ElementsAre("outer", "inner"));
     outer.Unhook();
-    table.Send(window->Handle(), wheel, 0, 0);
+    table.Send(window->Handle(), Wheel, 0, 0);
     EXPECT_THAT(order, ElementsAre("outer", "inner", "inner"));
 }
 
 TEST_F(MsgHookTest, TwoHooksOnOneWindowMayGoInTheWrongOrder) {
     platform::MsgHook outer(table);
     watcher.Hook(window->Handle());
-    outer.Hook(window->Handle(), {wheel});
+    outer.Hook(window->Handle(), {Wheel});
     watcher.Unhook();
     outer.Unhook(); // puts back the procedure of a slot that is free by now
-    EXPECT_EQ(table.Send(window->Handle(), wheel, 0, 0), 100 + wheel);
+    EXPECT_EQ(table.Send(window->Handle(), Wheel, 0, 0), 100 + Wheel);
     EXPECT_THAT(before, IsEmpty());
 }
 
@@ -218,21 +218,21 @@ TEST_F(MsgHookTest, AMessageWithinAMessageComesThroughTheSameHook) {
     watcher.Before = [&](auto& uMsg, auto& wParam, auto&, auto&) {
         before.push_back(uMsg);
         if (wParam > 0) {
-            EXPECT_EQ(table.Send(window->Handle(), wheel, wParam - 1, 0), 100 + wheel);
+            EXPECT_EQ(table.Send(window->Handle(), Wheel, wParam - 1, 0), 100 + Wheel);
         }
     };
-    watcher.Hook(window->Handle(), {wheel});
-    EXPECT_EQ(table.Send(window->Handle(), wheel, 3, 0), 100 + wheel);
+    watcher.Hook(window->Handle(), {Wheel});
+    EXPECT_EQ(table.Send(window->Handle(), Wheel, 3, 0), 100 + Wheel);
     EXPECT_EQ(before.size(), 4U);
-    EXPECT_THAT(Handled(), ElementsAre(Message{wheel, 0, 0}, Message{wheel, 1, 0}, Message{wheel, 2, 0},
-                                       Message{wheel, 3, 0}));
+    EXPECT_THAT(Handled(), ElementsAre(Message{Wheel, 0, 0}, Message{Wheel, 1, 0}, Message{Wheel, 2, 0},
+                                       Message{Wheel, 3, 0}));
 }
 
 TEST_F(MsgHookTest, AHandlerMayUnhookAndIsStillToldWhatFollows) {
     watcher.Before = [this](auto&, auto&, auto&, auto&) { watcher.Unhook(); };
-    watcher.Hook(window->Handle(), {wheel});
-    EXPECT_EQ(table.Send(window->Handle(), wheel, 0, 0), 100 + wheel);
-    EXPECT_THAT(after, ElementsAre(wheel));
+    watcher.Hook(window->Handle(), {Wheel});
+    EXPECT_EQ(table.Send(window->Handle(), Wheel, 0, 0), 100 + Wheel);
+    EXPECT_THAT(after, ElementsAre(Wheel));
     EXPECT_TRUE(HasOwnProcedure(*window));
 }
 
@@ -240,12 +240,12 @@ TEST_F(MsgHookTest, AHandlerMayUnhookAndIsStillToldWhatFollows) {
 TEST_F(MsgHookTest, AHandlerMayHookAnotherWindowAndTheMessageStillMeetsTheProcedureThatItReplaced) {
     const auto other = NewWindow();
     table.SetWindowLongA(other->Handle(), platform::GWL_WNDPROC, platform::AddressOf(OtherProcedure));
-    ASSERT_EQ(table.Send(other->Handle(), wheel, 0, 0), 7);
-    watcher.Before = [&](auto&, auto&, auto&, auto&) { watcher.Hook(other->Handle(), {wheel}); };
-    watcher.Hook(window->Handle(), {wheel});
+    ASSERT_EQ(table.Send(other->Handle(), Wheel, 0, 0), 7);
+    watcher.Before = [&](auto&, auto&, auto&, auto&) { watcher.Hook(other->Handle(), {Wheel}); };
+    watcher.Hook(window->Handle(), {Wheel});
     const std::int32_t slot = watcher.lSlot();
-    EXPECT_EQ(table.Send(window->Handle(), wheel, 1, 2), 100 + wheel);
-    EXPECT_THAT(Handled(), ElementsAre(Message{wheel, 1, 2}));
+    EXPECT_EQ(table.Send(window->Handle(), Wheel, 1, 2), 100 + Wheel);
+    EXPECT_THAT(Handled(), ElementsAre(Message{Wheel, 1, 2}));
     EXPECT_EQ(watcher.lSlot(), slot);
     EXPECT_EQ(hook::Slot(slot).hWnd, other->Handle());
 }
@@ -259,18 +259,18 @@ TEST_F(MsgHookTest, AHookMayBeDestroyedByItsOwnHandler) {
     };
     passing->After = [&told](auto&, auto&, auto&) { told = "after"; };
     passing->Hook(window->Handle());
-    EXPECT_EQ(table.Send(window->Handle(), wheel, 0, 0), 100 + wheel);
+    EXPECT_EQ(table.Send(window->Handle(), Wheel, 0, 0), 100 + Wheel);
     EXPECT_EQ(told, "before");
     EXPECT_TRUE(HasOwnProcedure(*window));
 }
 
 TEST_F(MsgHookTest, AFailingHandlerSurfacesAndLeavesTheTableUsable) {
     watcher.Before = [](auto&, auto&, auto&, auto&) { throw platform::RuntimeError(5, "no"); };
-    watcher.Hook(window->Handle(), {wheel});
-    EXPECT_EQ(ErrorOf([&] { table.Send(window->Handle(), wheel, 0, 0); }), 5);
+    watcher.Hook(window->Handle(), {Wheel});
+    EXPECT_EQ(ErrorOf([&] { table.Send(window->Handle(), Wheel, 0, 0); }), 5);
     watcher.Before = nullptr;
-    EXPECT_EQ(table.Send(window->Handle(), wheel, 0, 0), 100 + wheel);
-    EXPECT_THAT(after, ElementsAre(wheel));
+    EXPECT_EQ(table.Send(window->Handle(), Wheel, 0, 0), 100 + Wheel);
+    EXPECT_THAT(after, ElementsAre(Wheel));
 }
 
 /// Procedures whose messages come from a system that lets no failure through.
@@ -299,22 +299,22 @@ TEST_F(MsgHookTest, AFailureThatIsToldOnTheWayLetsTheWindowHaveTheMessage) {
     platform::MsgHook hooked(telling);
     hooked.Before = [](auto&, auto&, auto&, auto&) { throw platform::RuntimeError(5, "no"); };
     hooked.After = [](auto&, auto&, auto&) { throw std::bad_alloc(); };
-    hooked.Hook(window->Handle(), {wheel});
-    EXPECT_EQ(table.Send(window->Handle(), wheel, 0, 0), 100 + wheel);
+    hooked.Hook(window->Handle(), {Wheel});
+    EXPECT_EQ(table.Send(window->Handle(), Wheel, 0, 0), 100 + Wheel);
     EXPECT_EQ(telling.Failures, 2);
-    EXPECT_THAT(Handled(), ElementsAre(Message{wheel, 0, 0}));
+    EXPECT_THAT(Handled(), ElementsAre(Message{Wheel, 0, 0}));
 }
 
 TEST_F(MsgHookTest, AWindowThatDoesNotExistIsNotNoticed) {
     constexpr platform::WindowHandle nobody = 5;
-    watcher.Hook(nobody, {wheel});
+    watcher.Hook(nobody, {Wheel});
     EXPECT_EQ(hook::Slot(watcher.lSlot()).lOldProc, 0U);
     EXPECT_EQ(hook::HookDispatch(watcher.lSlot(), nobody, 15, 0, 0), 0);
     watcher.Unhook();
 }
 
 TEST_F(MsgHookTest, AWindowMayGoWhileItIsHooked) {
-    watcher.Hook(window->Handle(), {wheel});
+    watcher.Hook(window->Handle(), {Wheel});
     window.reset();
     watcher.Unhook();
     EXPECT_EQ(watcher.lSlot(), 0);

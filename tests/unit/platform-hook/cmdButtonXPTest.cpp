@@ -13,10 +13,10 @@ namespace {
 using platform::cmdButtonXP;
 using testing::ElementsAre;
 
-constexpr std::int16_t disabled = cmdButtonXP::LookDisabled;
-constexpr std::int16_t normal = cmdButtonXP::LookNormal;
-constexpr std::int16_t hot = cmdButtonXP::LookHot;
-constexpr std::int16_t down = cmdButtonXP::LookDown;
+constexpr std::int16_t Disabled = cmdButtonXP::LookDisabled;
+constexpr std::int16_t Normal = cmdButtonXP::LookNormal;
+constexpr std::int16_t Hot = cmdButtonXP::LookHot;
+constexpr std::int16_t Down = cmdButtonXP::LookDown;
 
 class ButtonForm : public forms::Form {
   public:
@@ -53,7 +53,7 @@ class FlatButtonTest : public testing::Test {
 
 TEST_F(FlatButtonTest, StartsNormalWithoutATimer) {
     ButtonForm fresh(session);
-    EXPECT_EQ(fresh.button.iState(), normal);
+    EXPECT_EQ(fresh.button.iState(), Normal);
     EXPECT_EQ(fresh.button.ButtonStyle(), 0);
     EXPECT_FALSE(fresh.button.ButtonDown());
     EXPECT_TRUE(fresh.button.Enabled());
@@ -66,10 +66,10 @@ TEST_F(FlatButtonTest, StartsNormalWithoutATimer) {
 
 TEST_F(FlatButtonTest, LightsUpUnderTheMouseWithTheFirstTick) {
     Over();
-    EXPECT_EQ(button.iState(), normal);
+    EXPECT_EQ(button.iState(), Normal);
     EXPECT_TRUE(button.Timer.Enabled());
     Tick();
-    EXPECT_EQ(button.iState(), hot);
+    EXPECT_EQ(button.iState(), Hot);
     EXPECT_EQ(button.pictNormal(), Picture(3));
     EXPECT_TRUE(button.Timer.Enabled());
 }
@@ -79,7 +79,7 @@ TEST_F(FlatButtonTest, GoesBackWithinOneTickWhenTheMouseIsGone) {
     Tick();
     Away();
     Tick();
-    EXPECT_EQ(button.iState(), normal);
+    EXPECT_EQ(button.iState(), Normal);
     EXPECT_FALSE(button.Timer.Enabled());
     EXPECT_FALSE(button.blnOver());
 }
@@ -88,7 +88,7 @@ TEST_F(FlatButtonTest, AFleetingMouseLeavesNoTrace) {
     Over();
     Away();
     Tick();
-    EXPECT_EQ(button.iState(), normal);
+    EXPECT_EQ(button.iState(), Normal);
     EXPECT_FALSE(button.Timer.Enabled());
 }
 
@@ -96,14 +96,14 @@ TEST_F(FlatButtonTest, PressAndReleaseShowWithTheNextTick) {
     Over();
     Tick();
     button.UserMouseDown();
-    EXPECT_EQ(button.iState(), hot);
+    EXPECT_EQ(button.iState(), Hot);
     Tick();
-    EXPECT_EQ(button.iState(), down);
+    EXPECT_EQ(button.iState(), Down);
     EXPECT_EQ(button.pictNormal(), Picture(4));
     button.UserMouseUp();
-    EXPECT_EQ(button.iState(), down);
+    EXPECT_EQ(button.iState(), Down);
     Tick();
-    EXPECT_EQ(button.iState(), hot);
+    EXPECT_EQ(button.iState(), Hot);
 }
 
 TEST_F(FlatButtonTest, LeavingWithTheButtonHeldStaysHotAndKeepsTheTimerUntilTheRelease) {
@@ -112,13 +112,13 @@ TEST_F(FlatButtonTest, LeavingWithTheButtonHeldStaysHotAndKeepsTheTimerUntilTheR
     Tick();
     Away();
     Tick();
-    EXPECT_EQ(button.iState(), hot);
+    EXPECT_EQ(button.iState(), Hot);
     EXPECT_TRUE(button.Timer.Enabled());
     Tick();
     EXPECT_TRUE(button.Timer.Enabled());
     button.UserMouseUp();
     Tick();
-    EXPECT_EQ(button.iState(), normal);
+    EXPECT_EQ(button.iState(), Normal);
     EXPECT_FALSE(button.Timer.Enabled());
 }
 
@@ -132,13 +132,13 @@ TEST_F(FlatButtonTest, APictureChangesOnlyWithTheLook) {
     for (int i = 0; i < 100; ++i) {
         Tick();
     }
-    EXPECT_EQ(button.iState(), hot);
+    EXPECT_EQ(button.iState(), Hot);
     EXPECT_EQ(pictures, 1);
     Away();
     for (int i = 0; i < 100; ++i) {
         Tick();
     }
-    EXPECT_EQ(button.iState(), normal);
+    EXPECT_EQ(button.iState(), Normal);
     EXPECT_EQ(pictures, 2);
 }
 
@@ -150,13 +150,13 @@ TEST_F(FlatButtonTest, AClickEndsNormalWithTheTimerOffWhileTheMouseIsStillThere)
     button.UserMouseUp();
     EXPECT_TRUE(button.UserClick());
     EXPECT_THAT(events, ElementsAre("click"));
-    EXPECT_EQ(button.iState(), normal);
+    EXPECT_EQ(button.iState(), Normal);
     EXPECT_FALSE(button.Timer.Enabled());
     Tick();
-    EXPECT_EQ(button.iState(), normal) << "the timer is off";
+    EXPECT_EQ(button.iState(), Normal) << "the timer is off";
     Over();
     Tick();
-    EXPECT_EQ(button.iState(), hot);
+    EXPECT_EQ(button.iState(), Hot);
 }
 
 TEST_F(FlatButtonTest, NothingComesInWhileAClickIsHandled) {
@@ -170,7 +170,7 @@ TEST_F(FlatButtonTest, NothingComesInWhileAClickIsHandled) {
         EXPECT_FALSE(button.Timer.Enabled());
         EXPECT_FALSE(button.blnOver());
         EXPECT_FALSE(button.blnMouseDown());
-        EXPECT_EQ(button.iState(), normal);
+        EXPECT_EQ(button.iState(), Normal);
     };
     EXPECT_TRUE(button.UserClick());
     EXPECT_THAT(events, ElementsAre("click"));
@@ -183,7 +183,7 @@ TEST_F(FlatButtonTest, ATickWhileAClickIsHandledChangesNothing) {
     button.Click = [this] {
         EXPECT_TRUE(button.Timer.Enabled());
         Tick();
-        EXPECT_EQ(button.iState(), normal);
+        EXPECT_EQ(button.iState(), Normal);
     };
     EXPECT_TRUE(button.UserClick());
     EXPECT_FALSE(button.Timer.Enabled());
@@ -204,20 +204,20 @@ TEST_F(FlatButtonTest, AFailingHandlerLeavesTheButtonUsable) {
 TEST_F(FlatButtonTest, AHandlerMayDisableTheButton) {
     button.Click = [this] { button.SetEnabled(false); };
     EXPECT_TRUE(button.UserClick());
-    EXPECT_EQ(button.iState(), disabled);
+    EXPECT_EQ(button.iState(), Disabled);
     EXPECT_FALSE(button.Enabled());
     EXPECT_TRUE(button.WindowEnabled());
 }
 
 TEST_F(FlatButtonTest, ADisabledButtonTakesNoMouse) {
     button.SetEnabled(false);
-    EXPECT_EQ(button.iState(), disabled);
+    EXPECT_EQ(button.iState(), Disabled);
     EXPECT_EQ(button.pictNormal(), Picture(1));
     Over();
     EXPECT_FALSE(button.Timer.Enabled());
     EXPECT_FALSE(button.UserClick());
     EXPECT_TRUE(events.empty());
-    EXPECT_EQ(button.iState(), disabled);
+    EXPECT_EQ(button.iState(), Disabled);
 }
 
 TEST_F(FlatButtonTest, DisablingUnderTheMouseLetsTheTimerTickWithoutEffect) {
@@ -226,12 +226,12 @@ TEST_F(FlatButtonTest, DisablingUnderTheMouseLetsTheTimerTickWithoutEffect) {
     button.SetEnabled(false);
     EXPECT_TRUE(button.Timer.Enabled());
     Tick();
-    EXPECT_EQ(button.iState(), disabled);
+    EXPECT_EQ(button.iState(), Disabled);
     EXPECT_TRUE(button.Timer.Enabled());
     button.SetEnabled(true);
-    EXPECT_EQ(button.iState(), normal) << "normal until the next tick or move";
+    EXPECT_EQ(button.iState(), Normal) << "normal until the next tick or move";
     Tick();
-    EXPECT_EQ(button.iState(), hot);
+    EXPECT_EQ(button.iState(), Hot);
 }
 
 TEST_F(FlatButtonTest, AHiddenContainerKeepsTheMouseAway) {
@@ -245,72 +245,72 @@ TEST_F(FlatButtonTest, AHiddenContainerKeepsTheMouseAway) {
 
 TEST_F(FlatButtonTest, AStickyButtonStaysDownUntilItIsClickedAgain) {
     button.SetStickyButton(true);
-    button.SetStickyStyle(down);
+    button.SetStickyStyle(Down);
     EXPECT_TRUE(button.UserClick());
     EXPECT_TRUE(button.ButtonDown());
-    EXPECT_EQ(button.iState(), down);
+    EXPECT_EQ(button.iState(), Down);
     EXPECT_EQ(button.pictNormal(), Picture(4));
     EXPECT_TRUE(button.UserClick());
     EXPECT_FALSE(button.ButtonDown());
-    EXPECT_EQ(button.iState(), normal);
+    EXPECT_EQ(button.iState(), Normal);
     EXPECT_THAT(events, ElementsAre("click", "click"));
 }
 
 TEST_F(FlatButtonTest, AStuckButtonIsDownUnderTheMouseAndItsStickyStyleElsewhere) {
     button.SetStickyButton(true);
-    button.SetStickyStyle(hot);
+    button.SetStickyStyle(Hot);
     button.UserClick();
-    EXPECT_EQ(button.iState(), hot);
+    EXPECT_EQ(button.iState(), Hot);
     Over();
     Tick();
-    EXPECT_EQ(button.iState(), down);
+    EXPECT_EQ(button.iState(), Down);
     button.UserMouseDown();
     Tick();
-    EXPECT_EQ(button.iState(), down);
+    EXPECT_EQ(button.iState(), Down);
     Away();
     Tick();
-    EXPECT_EQ(button.iState(), hot) << "also while the button of the mouse is held";
+    EXPECT_EQ(button.iState(), Hot) << "also while the button of the mouse is held";
     button.UserMouseUp();
     Tick();
-    EXPECT_EQ(button.iState(), hot);
+    EXPECT_EQ(button.iState(), Hot);
     EXPECT_FALSE(button.Timer.Enabled());
 }
 
 TEST_F(FlatButtonTest, StickButtonPressesAStickyButtonWithoutAClick) {
     button.SetStickyButton(true);
-    button.SetStickyStyle(down);
+    button.SetStickyStyle(Down);
     button.StickButton();
     EXPECT_TRUE(button.ButtonDown());
-    EXPECT_EQ(button.iState(), down);
+    EXPECT_EQ(button.iState(), Down);
     EXPECT_TRUE(events.empty());
 }
 
 TEST_F(FlatButtonTest, StickButtonOnAPlainButtonKeepsItsLook) {
     button.StickButton();
     EXPECT_TRUE(button.ButtonDown());
-    EXPECT_EQ(button.iState(), normal);
+    EXPECT_EQ(button.iState(), Normal);
 }
 
 TEST_F(FlatButtonTest, ReleaseButtonUnsticksWithoutAClick) {
     button.SetStickyButton(true);
-    button.SetStickyStyle(down);
+    button.SetStickyStyle(Down);
     button.UserClick();
     events.clear();
     button.ReleaseButton();
     EXPECT_FALSE(button.ButtonDown());
-    EXPECT_EQ(button.iState(), normal);
+    EXPECT_EQ(button.iState(), Normal);
     EXPECT_TRUE(button.WindowEnabled());
     EXPECT_TRUE(events.empty());
     Over();
     Tick();
-    EXPECT_EQ(button.iState(), hot) << "it is not busy";
+    EXPECT_EQ(button.iState(), Hot) << "it is not busy";
 }
 
 TEST_F(FlatButtonTest, ReleaseButtonOnAPlainButtonEndsNormal) {
     Over();
     Tick();
     button.ReleaseButton();
-    EXPECT_EQ(button.iState(), normal);
+    EXPECT_EQ(button.iState(), Normal);
     EXPECT_FALSE(button.ButtonDown());
     EXPECT_FALSE(button.Timer.Enabled());
 }

@@ -21,10 +21,10 @@ using namespace platform;
 using namespace std::string_literals;
 namespace fs = std::filesystem;
 
-const std::string key = "Software\\Ondor\\Tarvik\\CurrentVersion";
+const std::string SettingsPath = "Software\\Ondor\\Tarvik\\CurrentVersion";
 
 std::string File(const std::string& lines) {
-    return "REGEDIT4\r\n\r\n[HKEY_CURRENT_USER\\" + key + "]\r\n" + lines;
+    return "REGEDIT4\r\n\r\n[HKEY_CURRENT_USER\\" + SettingsPath + "]\r\n" + lines;
 }
 
 /// No file may grow beyond `bytes` while this lives, so a write fails halfway, as on a full disk.
@@ -79,17 +79,17 @@ class RegFileStoreTest : public testing::Test {
     fs::path file;
 };
 
-std::string Read(RegFileStore& store, const std::string& name, const std::string& path = key) {
+std::string Read(RegFileStore& store, const std::string& name, const std::string& path = SettingsPath) {
     return modRegistry(store).GetRegistryValue(HkeyCurrentUser, path, name);
 }
 
 bool Write(RegFileStore& store, const std::string& name, const std::string& text) {
-    return modRegistry(store).SetRegistryValue(HkeyCurrentUser, key, name, text);
+    return modRegistry(store).SetRegistryValue(HkeyCurrentUser, SettingsPath, name, text);
 }
 
 std::int32_t WriteCall(RegFileStore& store, const std::string& name, std::string_view bytes) {
     RegistryKey handle = 0;
-    EXPECT_EQ(store.RegOpenKeyA(HkeyCurrentUser, key, handle), RegSuccess);
+    EXPECT_EQ(store.RegOpenKeyA(HkeyCurrentUser, SettingsPath, handle), RegSuccess);
     const std::int32_t result = store.RegSetValueExA(handle, name, RegSz, bytes);
     EXPECT_EQ(store.RegCloseKey(handle), RegSuccess);
     return result;
@@ -100,7 +100,7 @@ TEST_F(RegFileStoreTest, MissingFileHasNoKeys) {
     EXPECT_EQ(Read(store, "GMUVerkeer"), "");
     EXPECT_FALSE(Write(store, "GMUVerkeer", "1"));
     RegistryKey handle = 0;
-    EXPECT_EQ(store.RegOpenKeyA(HkeyCurrentUser, key, handle), RegFileNotFound);
+    EXPECT_EQ(store.RegOpenKeyA(HkeyCurrentUser, SettingsPath, handle), RegFileNotFound);
     EXPECT_EQ(FilesInFolder(), 0U);
 }
 
@@ -123,7 +123,7 @@ TEST_F(RegFileStoreTest, OtherTypesAreNoText) {
     std::uint32_t size = 4;
     char data[4] = {};
     RegistryKey handle = 0;
-    ASSERT_EQ(store.RegOpenKeyA(HkeyCurrentUser, key, handle), RegSuccess);
+    ASSERT_EQ(store.RegOpenKeyA(HkeyCurrentUser, SettingsPath, handle), RegSuccess);
     EXPECT_EQ(store.RegQueryValueExA(handle, "a", type, data, size), RegSuccess);
     EXPECT_EQ(type, RegDword);
     EXPECT_EQ(std::string(data, 4), "\x01\0\0\0"s);
@@ -137,7 +137,7 @@ TEST_F(RegFileStoreTest, EmptyTextIsOneNul) {
     std::uint32_t type = RegNone;
     std::uint32_t size = 0;
     RegistryKey handle = 0;
-    ASSERT_EQ(store.RegOpenKeyA(HkeyCurrentUser, key, handle), RegSuccess);
+    ASSERT_EQ(store.RegOpenKeyA(HkeyCurrentUser, SettingsPath, handle), RegSuccess);
     EXPECT_EQ(store.RegQueryValueExA(handle, "a", type, nullptr, size), RegSuccess);
     EXPECT_EQ(size, 1U);
     EXPECT_EQ(Bytes(file), File("\"a\"=\"\"\r\n"));
@@ -154,24 +154,24 @@ TEST_F(RegFileStoreTest, TextOfAnyKindComesBack) {
 }
 
 TEST_F(RegFileStoreTest, TextBeyondTheCodePageReadsAsQuestionMarks) {
-    Put("Windows Registry Editor Version 5.00\n[HKEY_CURRENT_USER\\" + key + "]\n\"a\"=\"Ω €\"\n");
+    Put("Windows Registry Editor Version 5.00\n[HKEY_CURRENT_USER\\" + SettingsPath + "]\n\"a\"=\"Ω €\"\n");
     RegFileStore store(file);
     EXPECT_EQ(Read(store, "a"), "? €");
 }
 
 TEST_F(RegFileStoreTest, HandlesOfKeysAndRoots) {
-    Put(File("\"a\"=\"1\"\r\n[HKEY_CURRENT_USER\\" + key + "\\PrinterSetting]\r\n\"b\"=\"2\"\r\n"));
+    Put(File("\"a\"=\"1\"\r\n[HKEY_CURRENT_USER\\" + SettingsPath + "\\PrinterSetting]\r\n\"b\"=\"2\"\r\n"));
     RegFileStore store(file);
     RegistryKey current = 0;
     RegistryKey below = 0;
     std::uint32_t type = RegNone;
     std::uint32_t size = 0;
-    ASSERT_EQ(store.RegOpenKeyA(HkeyCurrentUser, key, current), RegSuccess);
+    ASSERT_EQ(store.RegOpenKeyA(HkeyCurrentUser, SettingsPath, current), RegSuccess);
     ASSERT_EQ(store.RegOpenKeyA(current, "PrinterSetting", below), RegSuccess);
     EXPECT_NE(current, below);
     EXPECT_EQ(store.RegQueryValueExA(below, "b", type, nullptr, size), RegSuccess);
     EXPECT_EQ(store.RegQueryValueExA(current, "b", type, nullptr, size), RegFileNotFound);
-    EXPECT_EQ(store.RegOpenKeyA(HkeyLocalMachine, key, below), RegFileNotFound);
+    EXPECT_EQ(store.RegOpenKeyA(HkeyLocalMachine, SettingsPath, below), RegFileNotFound);
     EXPECT_EQ(store.RegCloseKey(current), RegSuccess);
     EXPECT_EQ(store.RegCloseKey(current), RegInvalidHandle);
     EXPECT_EQ(store.RegQueryValueExA(current, "a", type, nullptr, size), RegInvalidHandle);
@@ -187,7 +187,7 @@ TEST_F(RegFileStoreTest, TooSmallABufferTellsTheSize) {
     Put(File("\"a\"=\"abc\"\r\n"));
     RegFileStore store(file);
     RegistryKey handle = 0;
-    ASSERT_EQ(store.RegOpenKeyA(HkeyCurrentUser, key, handle), RegSuccess);
+    ASSERT_EQ(store.RegOpenKeyA(HkeyCurrentUser, SettingsPath, handle), RegSuccess);
     std::uint32_t type = RegNone;
     std::uint32_t size = 3;
     char data[3] = {};
@@ -225,7 +225,7 @@ TEST_F(RegFileStoreTest, OpenHandleSeesTheChangeToo) {
     Put(File("\"a\"=\"1\"\r\n"));
     RegFileStore store(file);
     RegistryKey handle = 0;
-    ASSERT_EQ(store.RegOpenKeyA(HkeyCurrentUser, key, handle), RegSuccess);
+    ASSERT_EQ(store.RegOpenKeyA(HkeyCurrentUser, SettingsPath, handle), RegSuccess);
     Put(File("\"a\"=\"1\"\r\n\"b\"=\"2\"\r\n"));
     std::uint32_t type = RegNone;
     std::uint32_t size = 0;
@@ -343,7 +343,7 @@ TEST_F(RegFileStoreTest, NameThatAFileCannotHoldIsRefused) {
 TEST_F(RegFileStoreTest, NamesEndAtTheirFirstNul) {
     Put(File("\"a\"=\"1\"\r\n"));
     RegFileStore store(file);
-    EXPECT_EQ(Read(store, "a\0b"s, key + "\0x"s), "1");
+    EXPECT_EQ(Read(store, "a\0b"s, SettingsPath + "\0x"s), "1");
 }
 
 TEST_F(RegFileStoreTest, WhatIsNoFileHasNoKeysAndNeverWaits) {
@@ -428,7 +428,8 @@ TEST_F(ExampleSettingsTest, CalibrationsCanAllBeToldApart) {
 TEST_F(ExampleSettingsTest, HasTheKeysOfEveryKindOfDocument) {
     for (const char* const kind : {"Etiketten", "Acceptgiro", "Persoonskaart", "Gezinskaart", "Overige"}) {
         RegistryKey handle = 0;
-        ASSERT_EQ(store.RegOpenKeyA(HkeyCurrentUser, key + "\\PrinterSetting\\" + kind, handle), RegSuccess)
+        ASSERT_EQ(store.RegOpenKeyA(HkeyCurrentUser, SettingsPath + "\\PrinterSetting\\" + kind, handle),
+                  RegSuccess)
             << kind;
         for (const char* const name : {"Printer", "Orientatie", "Formaat", "Lade", "Matrix"}) {
             std::uint32_t type = RegNone;

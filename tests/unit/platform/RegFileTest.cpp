@@ -13,39 +13,39 @@ using platform::RegFile;
 using platform::RegValue;
 using namespace std::string_literals;
 
-constexpr std::uint32_t text = 1;
-const std::string path = "HKEY_CURRENT_USER\\Software\\Ondor";
+constexpr std::uint32_t ValueText = 1;
+const std::string OndorPath = "HKEY_CURRENT_USER\\Software\\Ondor";
 
 std::string Utf16(const std::string& utf8) {
     return "\xFF\xFE" + platform::regfile::ToUtf16(utf8);
 }
 
 std::string Five(const std::string& lines) {
-    return "Windows Registry Editor Version 5.00\r\n\r\n[" + path + "]\r\n" + lines;
+    return "Windows Registry Editor Version 5.00\r\n\r\n[" + OndorPath + "]\r\n" + lines;
 }
 
 std::string Four(const std::string& lines) {
-    return "REGEDIT4\r\n\r\n[" + path + "]\r\n" + lines;
+    return "REGEDIT4\r\n\r\n[" + OndorPath + "]\r\n" + lines;
 }
 
 /// The text without its closing NUL; "(none)" if there is no such value, "(other)" if it is no text.
-std::string Text(const RegFile& file, const std::string& name, const std::string& key = path) {
+std::string Text(const RegFile& file, const std::string& name, const std::string& key = OndorPath) {
     const std::optional<RegValue> value = file.Find(key, name);
     if (!value) {
         return "(none)";
     }
-    if (value->type != text || !value->data.ends_with('\0')) {
+    if (value->type != ValueText || !value->data.ends_with('\0')) {
         return "(other)";
     }
     return value->data.substr(0, value->data.size() - 1);
 }
 
 RegValue TextValue(const std::string& utf8) {
-    return {text, utf8 + '\0'};
+    return {ValueText, utf8 + '\0'};
 }
 
 std::string Written(const std::string& bytes, const std::string& name, const std::string& utf8,
-                    const std::string& key = path) {
+                    const std::string& key = OndorPath) {
     return RegFile(bytes).WithValue(key, name, TextValue(utf8)).value_or("(refused)");
 }
 
@@ -84,8 +84,8 @@ TEST(RegFileTest, HexadecimalTextIsUtf16InVersionFive) {
              "\"c\"=hex(1):\r\n\"d\"=hex(1):41,00\r\n\"e\"=\"na\"\r\n"));
     EXPECT_EQ(Text(file, "a"), "A€");
     EXPECT_EQ(Text(file, "b"), "A\r\n");
-    EXPECT_EQ(file.Find(path, "c")->data, "");
-    EXPECT_EQ(file.Find(path, "d")->data, "A"); // without a closing NUL, as it was stored
+    EXPECT_EQ(file.Find(OndorPath, "c")->data, "");
+    EXPECT_EQ(file.Find(OndorPath, "d")->data, "A"); // without a closing NUL, as it was stored
     EXPECT_EQ(Text(file, "e"), "na");
 }
 
@@ -105,15 +105,15 @@ TEST(RegFileTest, OtherTypesHaveTheirBytes) {
     const RegFile file(
         Five("\"bin\"=hex:01,02,ff\n\"n\"=dword:0000001f\n\"q\"=hex(b):01,00,00,00,00,00,00,00\n"
              "\"e\"=hex(2):25,00,41,00,25,00,00,00\n\"m\"=hex(7):41,00,00,00,00,00\n"));
-    EXPECT_EQ(file.Find(path, "bin")->type, 3U);
-    EXPECT_EQ(file.Find(path, "bin")->data, "\x01\x02\xFF");
-    EXPECT_EQ(file.Find(path, "n")->type, 4U);
-    EXPECT_EQ(file.Find(path, "n")->data, "\x1F\0\0\0"s);
-    EXPECT_EQ(file.Find(path, "q")->type, 11U);
-    EXPECT_EQ(file.Find(path, "e")->type, 2U);
-    EXPECT_EQ(file.Find(path, "e")->data, "%A%\0"s);
-    EXPECT_EQ(file.Find(path, "m")->type, 7U);
-    EXPECT_EQ(file.Find(path, "m")->data, "A\0\0"s);
+    EXPECT_EQ(file.Find(OndorPath, "bin")->type, 3U);
+    EXPECT_EQ(file.Find(OndorPath, "bin")->data, "\x01\x02\xFF");
+    EXPECT_EQ(file.Find(OndorPath, "n")->type, 4U);
+    EXPECT_EQ(file.Find(OndorPath, "n")->data, "\x1F\0\0\0"s);
+    EXPECT_EQ(file.Find(OndorPath, "q")->type, 11U);
+    EXPECT_EQ(file.Find(OndorPath, "e")->type, 2U);
+    EXPECT_EQ(file.Find(OndorPath, "e")->data, "%A%\0"s);
+    EXPECT_EQ(file.Find(OndorPath, "m")->type, 7U);
+    EXPECT_EQ(file.Find(OndorPath, "m")->data, "A\0\0"s);
 }
 
 TEST(RegFileTest, CommentsAndBlanksBetweenTheMarks) {
@@ -123,8 +123,8 @@ TEST(RegFileTest, CommentsAndBlanksBetweenTheMarks) {
     EXPECT_EQ(Text(file, "a"), "1");
     EXPECT_EQ(Text(file, "b"), "2");
     EXPECT_EQ(Text(file, "c"), "a;b");
-    EXPECT_EQ(file.Find(path, "n")->data, "\x05\0\0\0"s);
-    EXPECT_EQ(file.Find(path, "h")->data, "\x01\x02");
+    EXPECT_EQ(file.Find(OndorPath, "n")->data, "\x05\0\0\0"s);
+    EXPECT_EQ(file.Find(OndorPath, "h")->data, "\x01\x02");
 }
 
 TEST(RegFileTest, DefaultValue) {
@@ -156,14 +156,14 @@ TEST(RegFileTest, DeletedValues) {
 
 TEST(RegFileTest, DeletedKeysGoWithAllBelow) {
     const std::string head =
-        Five("\"a\"=\"1\"\r\n[" + path + "\\Tarvik\\X]\r\n\"a\"=\"2\"\r\n[" + path + "s]\r\n");
+        Five("\"a\"=\"1\"\r\n[" + OndorPath + "\\Tarvik\\X]\r\n\"a\"=\"2\"\r\n[" + OndorPath + "s]\r\n");
     const RegFile file(head + "[-HKEY_CURRENT_USER\\software\\ONDOR]\r\n\"a\"=\"3\"\r\n");
-    EXPECT_FALSE(file.HasKey(path));
-    EXPECT_FALSE(file.HasKey(path + "\\Tarvik\\X"));
-    EXPECT_TRUE(file.HasKey(path + "s"));
-    EXPECT_EQ(Text(file, "a", path + "s"), "(none)"); // a line below a deleted key belongs to none
+    EXPECT_FALSE(file.HasKey(OndorPath));
+    EXPECT_FALSE(file.HasKey(OndorPath + "\\Tarvik\\X"));
+    EXPECT_TRUE(file.HasKey(OndorPath + "s"));
+    EXPECT_EQ(Text(file, "a", OndorPath + "s"), "(none)"); // a line below a deleted key belongs to none
 
-    const RegFile again(head + "[-" + path + "]\r\n[" + path + "]\r\n\"b\"=\"4\"\r\n");
+    const RegFile again(head + "[-" + OndorPath + "]\r\n[" + OndorPath + "]\r\n\"b\"=\"4\"\r\n");
     EXPECT_EQ(Text(again, "a"), "(none)");
     EXPECT_EQ(Text(again, "b"), "4");
 
@@ -173,7 +173,7 @@ TEST(RegFileTest, DeletedKeysGoWithAllBelow) {
 
 TEST(RegFileTest, KeysAboveExistAsWell) {
     const RegFile file(Five(""));
-    EXPECT_TRUE(file.HasKey(path));
+    EXPECT_TRUE(file.HasKey(OndorPath));
     EXPECT_TRUE(file.HasKey("HKEY_CURRENT_USER\\Software"));
     EXPECT_TRUE(file.HasKey("HKEY_CURRENT_USER\\Software\\Ondor\\"));
     EXPECT_FALSE(file.HasKey("HKEY_CURRENT_USER\\Soft"));
@@ -183,19 +183,19 @@ TEST(RegFileTest, KeysAboveExistAsWell) {
 
 TEST(RegFileTest, RootsGoByTheirFullNameAlone) {
     const RegFile file("REGEDIT4\n\n[HKCU\\Software\\Ondor]\n\"a\"=\"1\"\n");
-    EXPECT_FALSE(file.HasKey(path));
+    EXPECT_FALSE(file.HasKey(OndorPath));
 }
 
 TEST(RegFileTest, PathWithBrackets) {
-    const RegFile file("REGEDIT4\n[" + path + "\\a]b[c]\n\"a\"=\"1\"\n");
-    EXPECT_EQ(Text(file, "a", path + "\\a]b[c"), "1");
+    const RegFile file("REGEDIT4\n[" + OndorPath + "\\a]b[c]\n\"a\"=\"1\"\n");
+    EXPECT_EQ(Text(file, "a", OndorPath + "\\a]b[c"), "1");
 }
 
 TEST(RegFileTest, LineEndsOfEitherKindAndAMissingLastOne) {
     std::string lines = "\"a\"=\"1\"\r\n\"b\"=\"2\"";
     for (const std::string& bytes :
-         {Five(lines), Utf16(Five(lines)), "REGEDIT4\n[" + path + "]\n\"a\"=\"1\"\n\"b\"=\"2\"",
-          "REGEDIT4\n\n\n[" + path + "]\r\n\"a\"=\"1\"\n\r\n\"b\"=\"2\"\r"}) {
+         {Five(lines), Utf16(Five(lines)), "REGEDIT4\n[" + OndorPath + "]\n\"a\"=\"1\"\n\"b\"=\"2\"",
+          "REGEDIT4\n\n\n[" + OndorPath + "]\r\n\"a\"=\"1\"\n\r\n\"b\"=\"2\"\r"}) {
         EXPECT_EQ(Text(RegFile(bytes), "a"), "1");
         EXPECT_EQ(Text(RegFile(bytes), "b"), "2");
     }
@@ -238,7 +238,7 @@ TEST(RegFileTest, DamagedLinesAreSkippedAndTheirNeighboursRead) {
             const RegFile file(bytes);
             EXPECT_EQ(Text(file, "a"), "1") << line;
             EXPECT_EQ(Text(file, "b"), "2") << line;
-            EXPECT_FALSE(file.Find(path, "x")) << line;
+            EXPECT_FALSE(file.Find(OndorPath, "x")) << line;
         }
     }
 }
@@ -248,38 +248,38 @@ TEST(RegFileTest, DamagedLineDoesNotOverride) {
 }
 
 TEST(RegFileTest, ListThatBreaksOffLeavesTheNextKeyReadable) {
-    const RegFile file(Five("\"x\"=hex(1):41,00,\\\r\n[" + path + "\\B]\r\n\"b\"=\"2\"\r\n"));
-    EXPECT_FALSE(file.Find(path, "x"));
-    EXPECT_EQ(Text(file, "b", path + "\\B"), "2");
+    const RegFile file(Five("\"x\"=hex(1):41,00,\\\r\n[" + OndorPath + "\\B]\r\n\"b\"=\"2\"\r\n"));
+    EXPECT_FALSE(file.Find(OndorPath, "x"));
+    EXPECT_EQ(Text(file, "b", OndorPath + "\\B"), "2");
 }
 
 TEST(RegFileTest, ValuesBelowADamagedKeyBelongToNone) {
     for (const char* const line : {"[HKEY_CURRENT_USER\\Other", "[]", "[-]", "[\\]"}) {
         const RegFile file(
-            Five("\"a\"=\"1\"\r\n"s + line + "\r\n\"a\"=\"2\"\r\n[" + path + "]\r\n\"b\"=\"3\"\r\n"));
+            Five("\"a\"=\"1\"\r\n"s + line + "\r\n\"a\"=\"2\"\r\n[" + OndorPath + "]\r\n\"b\"=\"3\"\r\n"));
         EXPECT_EQ(Text(file, "a"), "1") << line;
         EXPECT_EQ(Text(file, "b"), "3") << line;
     }
 }
 
 TEST(RegFileTest, FileWithoutHeaderReadsAsVersionFive) {
-    EXPECT_EQ(Text(RegFile("[" + path + "]\n\"a\"=hex(1):41,00,00,00\n"), "a"), "A");
+    EXPECT_EQ(Text(RegFile("[" + OndorPath + "]\n\"a\"=hex(1):41,00,00,00\n"), "a"), "A");
 }
 
 TEST(RegFileTest, EmptyFiles) {
     for (const std::string& bytes : {""s, "\xFF\xFE"s, "\xEF\xBB\xBF"s, "\xFF"s, "\xFF\xFE\x5B"s, "\r\n"s,
                                      "["s, "\""s, "REGEDIT4"s, " "s}) {
-        EXPECT_FALSE(RegFile(bytes).HasKey(path));
+        EXPECT_FALSE(RegFile(bytes).HasKey(OndorPath));
         EXPECT_EQ(Written(bytes, "a", "1"), "(refused)");
     }
 }
 
 TEST(RegFileTest, WriteChangesTheDataAlone) {
     const std::string before =
-        "REGEDIT4\r\n; kop\r\n\r\n[HKEY_LOCAL_MACHINE\\X]\r\n\"naam\"=\"vreemd\"\r\n\r\n[" + path +
+        "REGEDIT4\r\n; kop\r\n\r\n[HKEY_LOCAL_MACHINE\\X]\r\n\"naam\"=\"vreemd\"\r\n\r\n[" + OndorPath +
         "]\r\n@=\"d\"\r\nrommel\r\n  \"NAAM\" = \"";
     const std::string after =
-        "\" ; blijft\r\n\"n\"=dword:00000001\r\n\"kapot=\r\n\"h\"=hex:01,\\\r\n  02\r\n\r\n[" + path +
+        "\" ; blijft\r\n\"n\"=dword:00000001\r\n\"kapot=\r\n\"h\"=hex:01,\\\r\n  02\r\n\r\n[" + OndorPath +
         "\\Y]\r\n\"naam\"=\"ander\"";
     EXPECT_EQ(Written(before + "oud" + after, "naam", "nieuw"), before + "nieuw" + after);
     EXPECT_EQ(Written(Utf16(before + "oud" + after), "naam", "nieuw € 😀"),
@@ -295,8 +295,8 @@ TEST(RegFileTest, WriteKeepsTheEncoding) {
 }
 
 TEST(RegFileTest, WriteReplacesTheEntryInForce) {
-    EXPECT_EQ(Written(Five("\"a\"=\"1\"\r\n[" + path + "]\r\n\"A\"=\"2\"\r\n"), "a", "3"),
-              Five("\"a\"=\"1\"\r\n[" + path + "]\r\n\"A\"=\"3\"\r\n"));
+    EXPECT_EQ(Written(Five("\"a\"=\"1\"\r\n[" + OndorPath + "]\r\n\"A\"=\"2\"\r\n"), "a", "3"),
+              Five("\"a\"=\"1\"\r\n[" + OndorPath + "]\r\n\"A\"=\"3\"\r\n"));
 }
 
 TEST(RegFileTest, WriteReplacesOtherNotations) {
@@ -306,7 +306,7 @@ TEST(RegFileTest, WriteReplacesOtherNotations) {
 }
 
 TEST(RegFileTest, NewValueStandsBehindTheLastOfItsKey) {
-    const std::string tail = "; over de volgende sleutel\r\n\r\n[" + path + "\\Y]\r\n";
+    const std::string tail = "; over de volgende sleutel\r\n\r\n[" + OndorPath + "\\Y]\r\n";
     EXPECT_EQ(Written(Five("\"a\"=\"1\"\r\n\r\n" + tail), "b", "2"),
               Five("\"a\"=\"1\"\r\n\"b\"=\"2\"\r\n\r\n" + tail));
     EXPECT_EQ(Written(Five("\r\n" + tail), "b", "2"), Five("\"b\"=\"2\"\r\n\r\n" + tail));
@@ -316,7 +316,8 @@ TEST(RegFileTest, NewValueStandsBehindTheLastOfItsKey) {
 
 TEST(RegFileTest, NewValueAtAnOpenEndOfTheFile) {
     EXPECT_EQ(Written(Five("\"a\"=\"1\""), "b", "2"), Five("\"a\"=\"1\"\r\n\"b\"=\"2\""));
-    EXPECT_EQ(Written("REGEDIT4\n[" + path + "]", "b", "2"), "REGEDIT4\n[" + path + "]\n\"b\"=\"2\"");
+    EXPECT_EQ(Written("REGEDIT4\n[" + OndorPath + "]", "b", "2"),
+              "REGEDIT4\n[" + OndorPath + "]\n\"b\"=\"2\"");
     // The odd last byte of a file that was cut stays where it is.
     EXPECT_EQ(Written(Utf16(Five("\"a\"=\"1\"")) + "x", "b", "2"),
               Utf16(Five("\"a\"=\"1\"\r\n\"b\"=\"2\"")) + "x");
@@ -325,7 +326,8 @@ TEST(RegFileTest, NewValueAtAnOpenEndOfTheFile) {
 TEST(RegFileTest, ValueWrittenAfterItsDeletionIsInForce) {
     const std::string bytes = Written(Five("\"a\"=\"1\"\r\n\"a\"=-\r\n"), "a", "2");
     EXPECT_EQ(Text(RegFile(bytes), "a"), "2");
-    const std::string again = Written(Five("\"a\"=\"1\"\r\n[-" + path + "]\r\n[" + path + "]\r\n"), "a", "2");
+    const std::string again =
+        Written(Five("\"a\"=\"1\"\r\n[-" + OndorPath + "]\r\n[" + OndorPath + "]\r\n"), "a", "2");
     EXPECT_EQ(Text(RegFile(again), "a"), "2");
 }
 
@@ -337,8 +339,8 @@ TEST(RegFileTest, KeyThatOnlyOthersImplyGetsASectionOfItsOwn) {
 }
 
 TEST(RegFileTest, WriteIntoAMissingKeyIsRefused) {
-    EXPECT_EQ(Written(Five(""), "a", "1", path + "\\Nieuw"), "(refused)");
-    EXPECT_EQ(Written(Five("[-" + path + "]\r\n"), "a", "1"), "(refused)");
+    EXPECT_EQ(Written(Five(""), "a", "1", OndorPath + "\\Nieuw"), "(refused)");
+    EXPECT_EQ(Written(Five("[-" + OndorPath + "]\r\n"), "a", "1"), "(refused)");
 }
 
 TEST(RegFileTest, NameThatALineCannotHoldIsRefused) {
@@ -387,14 +389,15 @@ TEST(RegFileTest, ControlCharactersGoOutInHexadecimal) {
 
 TEST(RegFileTest, OtherTypesAreWrittenByTheirNumber) {
     const RegValue number{4, "\x1F\0\0\0"s};
-    const std::optional<std::string> bytes = RegFile(Five("\"a\"=\"1\"\r\n")).WithValue(path, "a", number);
+    const std::optional<std::string> bytes =
+        RegFile(Five("\"a\"=\"1\"\r\n")).WithValue(OndorPath, "a", number);
     EXPECT_EQ(bytes, Five("\"a\"=hex(4):1f,00,00,00\r\n"));
-    const std::optional<RegValue> read = RegFile(*bytes).Find(path, "a");
+    const std::optional<RegValue> read = RegFile(*bytes).Find(OndorPath, "a");
     EXPECT_EQ(read->type, 4U);
     EXPECT_EQ(read->data, number.data);
     // Text without its closing NUL stays without.
     const std::optional<std::string> open =
-        RegFile(Five("\"a\"=\"1\"\r\n")).WithValue(path, "a", {text, "A"});
+        RegFile(Five("\"a\"=\"1\"\r\n")).WithValue(OndorPath, "a", {ValueText, "A"});
     EXPECT_EQ(open, Five("\"a\"=hex(1):41,00\r\n"));
 }
 
@@ -414,7 +417,7 @@ TEST(RegFileTest, VeryDeepAndVeryLongKeysAreNoKeys) {
 // Large files: each of these would stand still for minutes if reading took more than linear time. What costs
 // a sanitized build much for each byte makes do with a part of the size.
 
-constexpr std::size_t large = 50U << 20U;
+constexpr std::size_t Large = 50U << 20U;
 
 std::string Repeated(const std::string& piece, std::size_t bytes) {
     std::string result;
@@ -427,26 +430,26 @@ std::string Repeated(const std::string& piece, std::size_t bytes) {
 
 TEST(RegFileTest, LargeFileOfForeignLines) {
     const std::string lines =
-        Repeated(std::string(5000, 'x') + "\r\n; " + std::string(5000, 'y') + "\r\n", large);
+        Repeated(std::string(5000, 'x') + "\r\n; " + std::string(5000, 'y') + "\r\n", Large);
     EXPECT_EQ(Text(RegFile(Five("\"a\"=\"1\"\r\n" + lines + "\"b\"=\"2\"\r\n")), "b"), "2");
 }
 
 TEST(RegFileTest, LargeFileOfForeignValues) {
-    const std::string lines = Repeated("\"x\"=\"" + std::string(20'000, 'x') + "\"\r\n", large / 5);
+    const std::string lines = Repeated("\"x\"=\"" + std::string(20'000, 'x') + "\"\r\n", Large / 5);
     EXPECT_EQ(Text(RegFile(Five("\"a\"=\"1\"\r\n" + lines + "\"b\"=\"2\"\r\n")), "b"), "2");
 }
 
 TEST(RegFileTest, LargeLineOfText) {
-    const std::string value(large, 'x');
+    const std::string value(Large, 'x');
     const RegFile file(Five("\"a\"=\"" + value + "\"\r\n\"b\"=\"2\"\r\n"));
-    EXPECT_EQ(file.Find(path, "a")->data.size(), value.size() + 1);
+    EXPECT_EQ(file.Find(OndorPath, "a")->data.size(), value.size() + 1);
     EXPECT_EQ(Text(file, "b"), "2");
 }
 
 TEST(RegFileTest, LargeLinesThatNeverClose) {
     for (const char* const start : {"\"", "\"a\"=\"", "[", "[-", "@"}) {
         const RegFile file(
-            Five(start + std::string(large / 10, 'x') + "\r\n[" + path + "]\r\n\"b\"=\"2\"\r\n"));
+            Five(start + std::string(Large / 10, 'x') + "\r\n[" + OndorPath + "]\r\n\"b\"=\"2\"\r\n"));
         EXPECT_EQ(Text(file, "b"), "2");
     }
 }
@@ -454,7 +457,7 @@ TEST(RegFileTest, LargeLinesThatNeverClose) {
 TEST(RegFileTest, ManyDamagedLinesWithoutALineOfRest) {
     for (const char* const piece :
          {"[", "\"", "\"\"=hex:00,\\\r\n", "\\", "[a\r\n", "[-\r\n", "\r", "\"\\", "\"\\\"\\\\"}) {
-        const RegFile file(Five(Repeated(piece, 200'000)) + "\r\n[" + path + "]\r\n\"b\"=\"2\"\r\n");
+        const RegFile file(Five(Repeated(piece, 200'000)) + "\r\n[" + OndorPath + "]\r\n\"b\"=\"2\"\r\n");
         EXPECT_EQ(Text(file, "b"), "2");
     }
 }
@@ -462,22 +465,22 @@ TEST(RegFileTest, ManyDamagedLinesWithoutALineOfRest) {
 TEST(RegFileTest, ManyKeysMadeAndTakenAway) {
     std::string lines;
     for (int i = 0; i < 1000; ++i) {
-        lines += "[" + path + "\\K\\" + std::to_string(i) + "]\r\n[-" + path + "\\K\\" +
+        lines += "[" + OndorPath + "\\K\\" + std::to_string(i) + "]\r\n[-" + OndorPath + "\\K\\" +
                  std::to_string(i / 2) + "]\r\n";
     }
-    EXPECT_EQ(Text(RegFile(Five(lines + "[" + path + "]\r\n\"b\"=\"2\"\r\n")), "b"), "2");
+    EXPECT_EQ(Text(RegFile(Five(lines + "[" + OndorPath + "]\r\n\"b\"=\"2\"\r\n")), "b"), "2");
 }
 
 TEST(RegFileTest, LargeHexadecimalList) {
-    const std::string list = Repeated("41,00,42,00,43,00,44,00,45,00,46,00,\\\r\n  ", large / 50);
+    const std::string list = Repeated("41,00,42,00,43,00,44,00,45,00,46,00,\\\r\n  ", Large / 50);
     const RegFile file(Five("\"a\"=hex(1):" + list + "00,00\r\n\"b\"=\"2\"\r\n"));
-    EXPECT_TRUE(file.Find(path, "a")->data.starts_with("ABCDEF"));
+    EXPECT_TRUE(file.Find(OndorPath, "a")->data.starts_with("ABCDEF"));
     EXPECT_EQ(Text(file, "b"), "2");
 }
 
 TEST(RegFileTest, LargeFileInUtf16) {
     std::string bytes = Utf16(Five("\"a\"=\"1\"\r\n;"));
-    bytes.resize(large / 5, 'x');
+    bytes.resize(Large / 5, 'x');
     EXPECT_EQ(Text(RegFile(bytes + platform::regfile::ToUtf16("\r\n\"b\"=\"2\"\r\n")), "b"), "2");
 }
 
@@ -492,7 +495,7 @@ TEST(RegFileTest, RandomBytesAreReadWithoutHarm) {
         for (const std::string& head : {""s, "\xFF\xFE"s, Five(""), Four(""), Utf16(Five(""))}) {
             const RegFile file(head + bytes);
             EXPECT_EQ(file.Bytes(), head + bytes);
-            if (file.HasKey(path)) {
+            if (file.HasKey(OndorPath)) {
                 const std::string written = Written(head + bytes, "naam", "waarde");
                 EXPECT_EQ(Text(RegFile(written), "naam"), "waarde");
             }
@@ -506,7 +509,7 @@ TEST(RegFileTest, LargeFileOfRandomBytes) {
     for (char& c : block) {
         c = static_cast<char>(random() & 0xFFU);
     }
-    EXPECT_FALSE(RegFile(Repeated(block, large)).HasKey(path));
+    EXPECT_FALSE(RegFile(Repeated(block, Large)).HasKey(OndorPath));
 }
 
 } // namespace

@@ -13,7 +13,7 @@ namespace {
 using namespace platform;
 using namespace std::string_literals;
 
-const std::string key = "Software\\Ondor\\Tarvik\\CurrentVersion";
+const std::string SettingsPath = "Software\\Ondor\\Tarvik\\CurrentVersion";
 
 /// Writes down every call and lets a test answer the second query as a registry that changed meanwhile.
 class ScriptedRegistry : public Registry {
@@ -60,10 +60,10 @@ class ScriptedRegistry : public Registry {
 class modRegistryTest : public testing::Test {
   protected:
     std::string Read(const std::string& name) const {
-        return settings.GetRegistryValue(HkeyCurrentUser, key, name);
+        return settings.GetRegistryValue(HkeyCurrentUser, SettingsPath, name);
     }
     bool Write(const std::string& name, const std::string& text) const {
-        return settings.SetRegistryValue(HkeyCurrentUser, key, name, text);
+        return settings.SetRegistryValue(HkeyCurrentUser, SettingsPath, name, text);
     }
 
     MemoryRegistry registry;
@@ -71,34 +71,34 @@ class modRegistryTest : public testing::Test {
 };
 
 TEST_F(modRegistryTest, ReadsAText) {
-    registry.SetText(key, "GMUContractVorm", "31");
+    registry.SetText(SettingsPath, "GMUContractVorm", "31");
     EXPECT_EQ(Read("GMUContractVorm"), "31");
     EXPECT_EQ(Read("gmucontractvorm"), "31");
 }
 
 TEST_F(modRegistryTest, EmptyValueReadsAsEmpty) {
-    registry.SetText(key, "GMUCode", "");
+    registry.SetText(SettingsPath, "GMUCode", "");
     EXPECT_EQ(Read("GMUCode"), "");
 }
 
 TEST_F(modRegistryTest, OneCharacterIsStoredAsTwoBytes) {
-    registry.SetBytes(key, "GMUCode", RegSz, "A\0"s);
+    registry.SetBytes(SettingsPath, "GMUCode", RegSz, "A\0"s);
     EXPECT_EQ(Read("GMUCode"), "A");
 }
 
 TEST_F(modRegistryTest, ValueWithoutClosingNulReadsWhole) {
-    registry.SetBytes(key, "a", RegSz, "A");
-    registry.SetBytes(key, "b", RegSz, "AB");
-    registry.SetBytes(key, "c", RegSz, "");
+    registry.SetBytes(SettingsPath, "a", RegSz, "A");
+    registry.SetBytes(SettingsPath, "b", RegSz, "AB");
+    registry.SetBytes(SettingsPath, "c", RegSz, "");
     EXPECT_EQ(Read("a"), "A");
     EXPECT_EQ(Read("b"), "AB");
     EXPECT_EQ(Read("c"), "");
 }
 
 TEST_F(modRegistryTest, OtherTypesReadAsEmpty) {
-    registry.SetNumber(key, "GMUVerkeer", 1);
-    registry.SetBytes(key, "expandable", 2, "A\0"s);
-    registry.SetBytes(key, "none", RegNone, "A\0"s);
+    registry.SetNumber(SettingsPath, "GMUVerkeer", 1);
+    registry.SetBytes(SettingsPath, "expandable", 2, "A\0"s);
+    registry.SetBytes(SettingsPath, "none", RegNone, "A\0"s);
     EXPECT_EQ(Read("GMUVerkeer"), "");
     EXPECT_EQ(Read("expandable"), "");
     EXPECT_EQ(Read("none"), "");
@@ -110,19 +110,19 @@ TEST_F(modRegistryTest, MissingKeyReadsAsEmptyAndOpensNothing) {
 }
 
 TEST_F(modRegistryTest, MissingValueReadsAsEmptyAndClosesTheKey) {
-    registry.CreateKey(key);
+    registry.CreateKey(SettingsPath);
     EXPECT_EQ(Read("GMUVerkeer"), "");
     EXPECT_EQ(registry.OpenHandles(), 0U);
 }
 
 TEST_F(modRegistryTest, WritingIntoAMissingKeyFailsAndCreatesNothing) {
     EXPECT_FALSE(Write("GMUFontSize", "12"));
-    EXPECT_FALSE(registry.HasKey(key));
+    EXPECT_FALSE(registry.HasKey(SettingsPath));
     EXPECT_FALSE(registry.HasKey("Software"));
 }
 
 TEST_F(modRegistryTest, WritesAndReadsBack) {
-    registry.CreateKey(key);
+    registry.CreateKey(SettingsPath);
     EXPECT_TRUE(Write("GMUFontSize", "12"));
     EXPECT_EQ(Read("GMUFontSize"), "12");
     EXPECT_TRUE(Write("GMUFontSize", "10"));
@@ -130,21 +130,21 @@ TEST_F(modRegistryTest, WritesAndReadsBack) {
 }
 
 TEST_F(modRegistryTest, RefusedWriteAnswersFalse) {
-    registry.SetText(key, "GMUFontSize", "10");
+    registry.SetText(SettingsPath, "GMUFontSize", "10");
     registry.ShouldFail = [](const char* call) { return std::string(call) == "RegSetValueExA"; };
     EXPECT_FALSE(Write("GMUFontSize", "12"));
     EXPECT_EQ(Read("GMUFontSize"), "10");
 }
 
 TEST_F(modRegistryTest, ReadThatFailsGivesEmptyAndClosesTheKey) {
-    registry.SetText(key, "GMUFontSize", "10");
+    registry.SetText(SettingsPath, "GMUFontSize", "10");
     registry.ShouldFail = [](const char* call) { return std::string(call) == "RegQueryValueExA"; };
     EXPECT_EQ(Read("GMUFontSize"), "");
     EXPECT_EQ(registry.OpenHandles(), 0U);
 }
 
 TEST_F(modRegistryTest, ReadingClosesItsHandleAndWritingDoesNot) {
-    registry.SetText(key, "GMUFontSize", "10");
+    registry.SetText(SettingsPath, "GMUFontSize", "10");
     Read("GMUFontSize");
     EXPECT_EQ(registry.OpenHandles(), 0U);
     Write("GMUFontSize", "12");
@@ -155,7 +155,7 @@ TEST_F(modRegistryTest, ReadingClosesItsHandleAndWritingDoesNot) {
 }
 
 TEST_F(modRegistryTest, RefusedWriteLeavesItsHandleOpenToo) {
-    registry.CreateKey(key);
+    registry.CreateKey(SettingsPath);
     registry.ShouldFail = [](const char* call) { return std::string(call) == "RegSetValueExA"; };
     Write("GMUFontSize", "12");
     EXPECT_EQ(registry.OpenHandles(), 1U);
@@ -163,13 +163,13 @@ TEST_F(modRegistryTest, RefusedWriteLeavesItsHandleOpenToo) {
 
 TEST_F(modRegistryTest, EmptyTextIsStoredAsOneNul) {
     ScriptedRegistry script;
-    EXPECT_TRUE(modRegistry(script).SetRegistryValue(HkeyCurrentUser, key, "CurrentPrinter", ""));
+    EXPECT_TRUE(modRegistry(script).SetRegistryValue(HkeyCurrentUser, SettingsPath, "CurrentPrinter", ""));
     EXPECT_EQ(script.written, "\0"s);
 
-    registry.CreateKey(key);
+    registry.CreateKey(SettingsPath);
     Write("CurrentPrinter", "");
     EXPECT_EQ(Read("CurrentPrinter"), "");
-    EXPECT_EQ(registry.Text(key, "CurrentPrinter"), "");
+    EXPECT_EQ(registry.Text(SettingsPath, "CurrentPrinter"), "");
 }
 
 TEST_F(modRegistryTest, ReadingMakesFourCallsInOrder) {
@@ -209,9 +209,9 @@ TEST_F(modRegistryTest, ValueThatShrankBetweenTheCallsKeepsItsBlanks) {
 }
 
 TEST_F(modRegistryTest, QueryLeavesTheTextAloneOnFailure) {
-    registry.SetNumber(key, "number", 1);
+    registry.SetNumber(SettingsPath, "number", 1);
     RegistryKey handle = 0;
-    ASSERT_TRUE(settings.OpenRegistryKey(HkeyCurrentUser, key, handle));
+    ASSERT_TRUE(settings.OpenRegistryKey(HkeyCurrentUser, SettingsPath, handle));
     std::string text = "as it was";
     EXPECT_FALSE(settings.QueryStringValue(handle, "number", text));
     EXPECT_FALSE(settings.QueryStringValue(handle, "missing", text));
@@ -220,21 +220,21 @@ TEST_F(modRegistryTest, QueryLeavesTheTextAloneOnFailure) {
 }
 
 TEST_F(modRegistryTest, QueryOfAnEmptyValueGivesItsNul) {
-    registry.SetText(key, "empty", "");
+    registry.SetText(SettingsPath, "empty", "");
     RegistryKey handle = 0;
-    ASSERT_TRUE(settings.OpenRegistryKey(HkeyCurrentUser, key, handle));
+    ASSERT_TRUE(settings.OpenRegistryKey(HkeyCurrentUser, SettingsPath, handle));
     std::string text;
     EXPECT_TRUE(settings.QueryStringValue(handle, "empty", text));
     EXPECT_EQ(text, "\0"s);
 }
 
 TEST_F(modRegistryTest, OpensAndClosesExistingKeysOnly) {
-    registry.CreateKey(key);
+    registry.CreateKey(SettingsPath);
     RegistryKey handle = 0;
-    EXPECT_FALSE(settings.OpenRegistryKey(HkeyCurrentUser, key + "\\PrinterSetting", handle));
-    EXPECT_FALSE(settings.OpenRegistryKey(HkeyLocalMachine, key, handle));
+    EXPECT_FALSE(settings.OpenRegistryKey(HkeyCurrentUser, SettingsPath + "\\PrinterSetting", handle));
+    EXPECT_FALSE(settings.OpenRegistryKey(HkeyLocalMachine, SettingsPath, handle));
     EXPECT_EQ(handle, 0U);
-    EXPECT_TRUE(settings.OpenRegistryKey(HkeyCurrentUser, key, handle));
+    EXPECT_TRUE(settings.OpenRegistryKey(HkeyCurrentUser, SettingsPath, handle));
     EXPECT_TRUE(settings.CloseRegistryKey(handle));
     EXPECT_FALSE(settings.CloseRegistryKey(handle));
 }
@@ -255,13 +255,13 @@ TEST_F(modRegistryTest, TextPassesInTheCodePage) {
 }
 
 TEST_F(modRegistryTest, CharacterOutsideTheCodePageBecomesAQuestionMark) {
-    registry.CreateKey(key);
+    registry.CreateKey(SettingsPath);
     EXPECT_TRUE(Write("naam", "Ωmega 😀"));
     EXPECT_EQ(Read("naam"), "?mega ?");
 }
 
 TEST_F(modRegistryTest, AnyLengthGoesThrough) {
-    registry.CreateKey(key);
+    registry.CreateKey(SettingsPath);
     std::string text;
     for (int i = 0; i < 200'000; ++i) {
         text += i % 7 == 0 ? "é" : "x";
@@ -271,7 +271,7 @@ TEST_F(modRegistryTest, AnyLengthGoesThrough) {
 }
 
 TEST_F(modRegistryTest, NulsInsideATextStay) {
-    registry.CreateKey(key);
+    registry.CreateKey(SettingsPath);
     EXPECT_TRUE(Write("inside", "A\0B"s));
     EXPECT_EQ(Read("inside"), "A\0B"s);
     EXPECT_TRUE(Write("behind", "A\0"s));
@@ -301,9 +301,9 @@ TEST_F(modRegistryTest, RootsHaveTheirNames) {
 }
 
 TEST_F(modRegistryTest, DisplayNameKnowsTheRootsAlone) {
-    registry.CreateKey(key);
+    registry.CreateKey(SettingsPath);
     RegistryKey handle = 0;
-    ASSERT_TRUE(settings.OpenRegistryKey(HkeyCurrentUser, key, handle));
+    ASSERT_TRUE(settings.OpenRegistryKey(HkeyCurrentUser, SettingsPath, handle));
     EXPECT_EQ(settings.KeyDisplayName(HkeyUsers), "HKEY_USERS");
     EXPECT_EQ(settings.KeyDisplayName(handle), "");
     EXPECT_EQ(settings.FindOpenKey(handle), -1);

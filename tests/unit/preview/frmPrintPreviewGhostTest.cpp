@@ -6,7 +6,7 @@ namespace {
 using testing::ElementsAre;
 using testing::IsEmpty;
 
-constexpr const char* tooMany =
+constexpr const char* TooMany =
     "Er zijn meer dan 40 pagina's gevonden, in het afdrukvoorbeeld worden maximaal 40 pagina's getoond.";
 
 class GhostTest : public PreviewTest {
@@ -142,7 +142,7 @@ TEST_F(GhostTest, OfFortyOnePagesTheLastIsDroppedWithAMessage) {
     Surface().EndDoc();
     EXPECT_THAT(
         memory.desktop.Messages(),
-        ElementsAre(platform::ShownMessage{tooMany, platform::MessageIcon::Information, state.MessageTitle}));
+        ElementsAre(platform::ShownMessage{TooMany, platform::MessageIcon::Information, state.MessageTitle}));
     EXPECT_EQ(Ghost().Tag, "40");
     EXPECT_EQ(Ghost().Page(), 40);
     EXPECT_EQ(Window().iTotalPages, 40);

@@ -16,8 +16,8 @@
 namespace testdata {
 namespace {
 
-constexpr int rowCount = 22654;
-constexpr int lastGiroRow = 5000;
+constexpr int RowCount = 22654;
+constexpr int LastGiroRow = 5000;
 
 struct Row {
     std::string_view account;
@@ -33,7 +33,7 @@ struct Row {
 const std::vector<Row>& Rows() {
     static const std::vector<Row> rows = [] {
         std::vector<Row> all;
-        for (int i = 0; i < rowCount; ++i) {
+        for (int i = 0; i < RowCount; ++i) {
             const std::string_view row = AccountTable()[i];
             all.push_back({row.substr(0, 10), row.substr(11, 18), row.substr(30)});
         }
@@ -69,7 +69,7 @@ int InBands(std::string_view bank, int from, int to) {
 }
 
 TEST(AccountRows, HaveThirtyEightCharactersAndTwoCommas) {
-    for (int i = 0; i < rowCount; ++i) {
+    for (int i = 0; i < RowCount; ++i) {
         const std::string_view row = AccountTable()[i];
         ASSERT_EQ(row.size(), 38U) << i;
         ASSERT_EQ(std::count(row.begin(), row.end(), ','), 2) << i;
@@ -102,7 +102,7 @@ TEST(AccountRows, HaveTheBicOfTheirBank) {
 }
 
 TEST(AccountRows, PassTheElevenTestBehindTheGiroNumbers) {
-    for (std::size_t i = lastGiroRow + 1; i < Rows().size(); ++i) {
+    for (std::size_t i = LastGiroRow + 1; i < Rows().size(); ++i) {
         const Row& row = Rows()[i];
         ASSERT_TRUE(PassesElevenTest(row.account)) << row.account;
         ASSERT_TRUE(payment::BankGiroCheck(row.account)) << row.account;
@@ -124,9 +124,9 @@ TEST(AccountRows, BeginWithARowOutOfOrder) {
 
 TEST(AccountRows, AscendInBothGroups) {
     for (std::size_t i = 1; i < Rows().size(); ++i) {
-        const bool giro = i <= lastGiroRow;
+        const bool giro = i <= LastGiroRow;
         ASSERT_EQ(Rows()[i].Bank() == "INGB", giro) << i;
-        if (i != 1 && i != lastGiroRow + 1) {
+        if (i != 1 && i != LastGiroRow + 1) {
             ASSERT_LE(Rows()[i - 1].account, Rows()[i].account) << i;
         }
     }
@@ -138,7 +138,7 @@ TEST(AccountRows, AreRepeatedInTwentyFourPlaces) {
     for (std::size_t i = 1; i < Rows().size(); ++i) {
         if (Rows()[i] == Rows()[i - 1]) {
             ++places;
-            giroPlaces += i <= lastGiroRow ? 1 : 0;
+            giroPlaces += i <= LastGiroRow ? 1 : 0;
         }
     }
     EXPECT_EQ(places, 24);

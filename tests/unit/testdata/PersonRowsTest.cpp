@@ -17,7 +17,7 @@
 namespace testdata {
 namespace {
 
-constexpr int rowCount = 250;
+constexpr int RowCount = 250;
 
 struct Row {
     std::string text;
@@ -30,7 +30,7 @@ struct Row {
 const std::vector<Row>& Rows() {
     static const std::vector<Row> rows = [] {
         std::vector<Row> all;
-        for (int i = 0; i < rowCount; ++i) {
+        for (int i = 0; i < RowCount; ++i) {
             const std::string text(PersonTable()[i]);
             const auto trimmed = [&](std::size_t at, std::size_t width) {
                 return std::string(platform::text::Trim(text.substr(at, width)));
@@ -117,7 +117,7 @@ TEST(PersonRows, HaveStreetAndHouseNumber) {
 TEST(PersonRows, HaveOnePlace) {
     const std::string place = Rows()[0].place;
     EXPECT_TRUE(std::regex_match(place, std::regex("[A-Z]{10}"))) << place;
-    EXPECT_EQ(CountRows([&](const Row& row) { return row.place == place; }), rowCount);
+    EXPECT_EQ(CountRows([&](const Row& row) { return row.place == place; }), RowCount);
 }
 
 TEST(PersonRows, AreDifferentAndInNoOrder) {

@@ -16,7 +16,7 @@ namespace {
 using support::HeldClock;
 using support::ListedRandom;
 
-constexpr std::int32_t lastRij = 248;
+constexpr std::int32_t LastRij = 248;
 
 // Draws as many documents as asked, the loop index starting over behind its last value as in a run.
 template <class Look>
@@ -26,7 +26,7 @@ void DrawForms(int count, const DrawSources& sources, Look look) {
     for (int i = 0; i < count; ++i) {
         DrawTestDocument(state, sources, document);
         look(state, document);
-        state.Rij = state.Rij == lastRij ? 0 : state.Rij + 1;
+        state.Rij = state.Rij == LastRij ? 0 : state.Rij + 1;
     }
 }
 

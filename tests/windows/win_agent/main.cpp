@@ -18,7 +18,7 @@ struct Command {
     std::string (*Run)(std::istream& in);
 };
 
-constexpr Command commands[] = {
+constexpr Command Commands[] = {
     {"start", StartProgram},
     {"open", OpenShortcut},
     {"state", State},
@@ -54,7 +54,7 @@ std::string Obey(const std::string& line) {
     std::istringstream in(line);
     std::string name;
     in >> name;
-    for (const Command& command : commands) {
+    for (const Command& command : Commands) {
         if (name == command.Name) {
             return command.Run(in);
         }
