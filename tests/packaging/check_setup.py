@@ -1,0 +1,194 @@
+#!/usr/bin/env python3
+"""The setup of the Windows program under Wine: it installs silently, the program is started from the start menu and prints a
+batch, the setup and the removal leave a running program alone, an older version is replaced, and after the removal disk and
+registry are what they were. And the zip holds the exe alone.
+
+    check_setup.py --build FOLDER
+
+FOLDER is the build folder of the Windows program. Exit status 77 where Wine, CUPS or Ghostscript is missing, or where no
+setup has been made.
+"""
+import argparse
+import hashlib
+import os
+import pathlib
+import re
+import sys
+import tempfile
+import time
+import zipfile
+
+HERE = pathlib.Path(__file__).parent
+for folder in ("pdf", "security", "windows"):
+    sys.path.insert(0, str(HERE.with_name(folder)))
+from agent import Registry  # noqa: E402
+from check_windows_writes import files_in  # noqa: E402
+from form_checker import FontMissing, FormChecker  # noqa: E402
+from office import EXAMPLE, FORMS, PAPER, Office  # noqa: E402
+from print_batch import DOTS, LEGAL, MARGIN, OFFSET, TOLERANCE_MM, Failures, this_month  # noqa: E402
+from printed import Batch, as_pdf, settings_of  # noqa: E402
+from watcher import PATIENCE, SETTINGS  # noqa: E402
+from wine_prefix import skip  # noqa: E402
+
+TITLE = "Ondor Drukkeuring"
+ENTRY = r"Software\Microsoft\Windows\CurrentVersion\Uninstall\Drukkeuring"
+PROGRAM = "drukkeuring.exe"
+REMOVER = "verwijderen.exe"
+COUNT = 250
+REFUSED = 2  # exit status of a setup that ended without having done anything
+# What Windows notes itself, of its screen and its printers, and the settings, which are to stay.
+OTHERS_KEYS = re.compile(r"\[HKEY_CURRENT_USER\\Software\\(Wine|Ondor\\Tarvik|"
+                         r"Microsoft\\Windows NT\\CurrentVersion\\(Devices|Windows|PrinterPorts))\b.*", re.S)
+# A removal goes on in a copy of itself, which Windows takes away at the next start.
+LEFT_OVER = re.compile(r".*/Temp/(~nsu\w*\.tmp(/.*)?|ns\w+\.tmp)")
+
+
+def sum_of(path):
+    return hashlib.sha256(path.read_bytes()).hexdigest()
+
+
+class Trial:
+    """An office in which the program is installed and removed."""
+
+    def __init__(self, office, setup, program, version, failures):
+        self.office = office
+        self.setup = setup
+        self.program = program
+        self.version = version
+        self.check = failures.check
+        self.failures = failures
+        self.registry = Registry(office.agent)
+        self.disk = office.prefix.folder / "drive_c"
+        self.user, = (user for user in (self.disk / "users").iterdir() if user.name != "Public")
+        self.folder = self.user / "AppData/Local/Programs/Drukkeuring"
+        self.menu = self.user / "AppData/Roaming/Microsoft/Windows/Start Menu/Programs"
+        self.shortcut = self.menu / f"{TITLE}.lnk"
+
+    def windows_path(self, path):
+        """As the user knows it, on drive C."""
+        return "C:\\" + str(path.relative_to(self.disk)).replace("/", "\\")
+
+    def run(self, program, *arguments):
+        return self.office.prefix.run(program, *arguments, check=False, timeout=PATIENCE).returncode
+
+    def keys(self):
+        """The user's registry, a text for each key."""
+        with tempfile.TemporaryDirectory() as folder:
+            file = pathlib.Path(folder) / "user.reg"
+            self.office.prefix.run("reg", "export", "HKCU", self.office.prefix.windows_path(file), "/y")
+            return set(re.split(r"\n+(?=\[)", file.read_text("utf-16").replace("\r", "").rstrip()))
+
+    def entry(self):
+        values = self.registry.values(ENTRY) or {}
+        return {name: int.from_bytes(data, "little") if kind == 4 else data.decode("utf-16-le").rstrip("\0")
+                for name, (kind, data) in values.items()}
+
+    def check_installed(self, what):
+        folder = self.windows_path(self.folder)
+        self.check(sorted(os.listdir(self.folder)) == [PROGRAM, REMOVER], f"{what}: the folder holds two files")
+        self.check(sum_of(self.folder / PROGRAM) == sum_of(self.program), f"{what}: the program is the one that was built")
+        self.check(self.shortcut.exists(), f"{what}: the start menu has it")
+        entry = self.entry()
+        size = entry.pop("EstimatedSize", 0)
+        kilobytes = self.program.stat().st_size // 1024
+        self.check(kilobytes <= size <= kilobytes + 200, f"{what}: {size} KB are told")
+        expected = {"DisplayName": TITLE, "DisplayVersion": self.version, "DisplayIcon": rf"{folder}\{PROGRAM},0",
+                    "Publisher": "Ondor", "InstallLocation": folder, "UninstallString": rf'"{folder}\{REMOVER}"',
+                    "QuietUninstallString": rf'"{folder}\{REMOVER}" /S', "NoModify": 1, "NoRepair": 1}
+        self.check(entry == expected, f"{what}: the list of programs tells {entry}")
+
+    def start(self):
+        self.office.user.shown.clear()
+        self.office.user.command_line = self.windows_path(self.shortcut)
+        self.office.start_at_the_last_page()
+
+    def check_print(self):
+        month = this_month()  # the month is on the forms
+        self.office.open_manager(details=True)
+        self.office.choose(PAPER, LEGAL)  # three forms are longer than a sheet of A4
+        self.office.print_document(FORMS)
+        job = self.office.server.next_job()
+        if month != this_month():
+            self.check_print()
+            return
+        with tempfile.TemporaryDirectory() as folder:
+            pdf = as_pdf(job.document, folder)
+            batch = Batch(settings_of(EXAMPLE), pdf, COUNT, month, (MARGIN, MARGIN), (OFFSET, OFFSET))
+            self.failures.none_of(batch.errors(), "what was drawn by chance may be")
+            checker = FormChecker(batch.record, pdf, TOLERANCE_MM, DOTS)
+            checker.run()
+        self.failures.none_of(checker.errors, f"the installed program prints {COUNT} forms, every text at its place")
+
+    def check_refusals(self):
+        """While the program runs."""
+        before = files_in(self.folder)
+        self.check(self.run(self.setup, "/S") == REFUSED, "the setup refuses while the program runs")
+        # In its own place, and not in a copy: so its exit status is to be had.
+        self.check(self.run(self.folder / REMOVER, "/S", f"_?={self.windows_path(self.folder)}") == REFUSED,
+                   "the removal refuses while the program runs")
+        self.check(files_in(self.folder) == before and self.shortcut.exists() and self.entry(), "and changes nothing")
+        self.check(self.office.user.program.exit_code() is None, "the program runs on")
+
+    def check_update(self):
+        (self.folder / PROGRAM).write_bytes(b"an older program")
+        self.registry.set_text(ENTRY, "DisplayVersion", "2.9.0")
+        self.check(self.run(self.setup, "/S") == 0, "the setup runs over an older version")
+        self.check_installed("updated")
+
+    def remove(self):
+        """As the list of programs does it. The command comes back before its copy has done the work."""
+        (self.folder / "printrap.log").write_text("what the program may write where it was started")
+        program, argument = re.fullmatch(r'"(.*)" (/S)', self.entry()["QuietUninstallString"]).groups()
+        self.check(self.run(program, argument) == 0, "the removal runs")
+        end = time.monotonic() + PATIENCE
+        while (self.folder.exists() or self.entry()) and time.monotonic() < end:
+            self.office.agent.ask("nap")
+
+    def run_all(self):
+        disk, keys = files_in(self.disk), self.keys()
+        self.check(self.run(self.setup, "/S") == 0, "the setup runs")
+        self.check_installed("installed")
+        self.start()
+        self.check_print()
+        self.check_refusals()
+        self.office.play("click frmMain.Cancel")
+        self.check_update()
+        self.registry.set_text(SETTINGS, "IncassantWoonplaats", "Veendam")
+        self.remove()
+        left = sorted(path for path in {*disk} ^ {*files_in(self.disk)} if not LEFT_OVER.fullmatch(path))
+        self.failures.none_of(left, "no file is left behind, and none is gone")
+        self.check(not self.folder.parent.exists() and not self.shortcut.exists(), "nor is a folder or an entry")
+        settings = self.registry.values(SETTINGS)
+        self.check(settings["IncassantWoonplaats"][1].decode("utf-16-le") == "Veendam\0", "the settings of Tarvik stand")
+        new = [key for key in self.keys() - keys if not OTHERS_KEYS.fullmatch(key)]
+        self.failures.none_of(new, "no key is left behind")
+
+
+def check_zip(file, program, failures):
+    with zipfile.ZipFile(file) as archive:
+        failures.check(archive.namelist() == [PROGRAM] and archive.testzip() is None
+                       and archive.read(PROGRAM) == program.read_bytes(), "the zip holds the program alone")
+
+
+def main():
+    parser = argparse.ArgumentParser()
+    parser.add_argument("--build", type=pathlib.Path, required=True)
+    build = parser.parse_args().build.resolve()
+    setups = list((build / "packages").glob("drukkeuring-setup-*.exe"))
+    if not setups:
+        skip("no setup has been made: NSIS is not installed")
+    newest = max(setups, key=lambda file: file.stat().st_mtime)
+    version = newest.stem.rpartition("-")[2]
+    failures = Failures()
+    check_zip(newest.with_name(f"drukkeuring-{version}-windows.zip"), build / "bin" / PROGRAM, failures)
+    with Office(build) as office:
+        try:
+            Trial(office, newest, build / "bin" / PROGRAM, version, failures).run_all()
+        except FontMissing as missing:
+            skip(f"{missing} is not installed")
+    print(f"{failures.count} failed")
+    return 1 if failures.count else 0
+
+
+if __name__ == "__main__":
+    sys.exit(main())
