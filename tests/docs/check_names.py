@@ -14,10 +14,10 @@ import markdown
 from markdown import ROOT
 
 # What the program and its build make, and what belongs to the machine.
-MADE = re.compile(r"^(build|out)(/|$)|^[~/$.]|^\.\.")
-MADE_NAMES = {"printrap.log", "settings.reg", "pdf-bestand.conf", "QtProject.conf", "drukkeuring.exe"}
-PATH = re.compile(r"^[\w.…*{},-]+(/[\w.…*{},-]+)+/?$")
-FILE = re.compile(r"^[\w.-]+\.(cpp|h|py|sh|inc|md|txt|json|reg|svg|qrc|cmake|scenario|jsonl|in|log|conf|exe)$")
+MADE = re.compile(r"^(build|dist|out)(/|$)|^[~/$.]|^\.\.")
+MADE_NAMES = {"printrap.log", "settings.reg", "pdf-bestand.conf", "QtProject.conf"}
+PATH = re.compile(r"^[\w.*-]+(/[\w.*-]+)+/?$")
+FILE = re.compile(r"^[\w.-]+\.(cpp|h|py|sh|inc|md|txt|json|reg|svg|qrc|cmake|scenario|jsonl|in|log|conf)$")
 MEMBER = re.compile(r"^((?:\w+::)+)(~?\w+)(?:\(.*\))?$")
 NAME = re.compile(r"^\w*[A-Za-z]\w*(?:\(\))?$")
 
@@ -28,7 +28,7 @@ def files():
     found = []
     for folder, below, names in os.walk(ROOT):
         here = pathlib.Path(folder).relative_to(ROOT)
-        below[:] = [name for name in below if (here / name).as_posix() not in {"build", "out", ".git"}
+        below[:] = [name for name in below if (here / name).as_posix() not in {"build", "dist", "out", ".git"}
                     and name != "__pycache__"]
         found += [(here / name).as_posix() for name in names]
     return sorted(found)
