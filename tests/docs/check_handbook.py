@@ -7,10 +7,10 @@ time. Each must be in the sources as it is, each message of the program must be 
 import re
 import sys
 
-import markdown
+import documents
 import program_texts
 
-HANDBOOK = markdown.ROOT / "docs" / "handleiding.md"
+HANDBOOK = documents.ROOT / "docs" / "handleiding.md"
 CHANGES = "…"
 
 
@@ -30,15 +30,15 @@ def tells(quoted, message):
 
 def complaints():
     text = HANDBOOK.read_text(encoding="utf-8")
-    name = HANDBOOK.relative_to(markdown.ROOT)
-    quotes = [(line, " ".join(quoted.split())) for line, quoted in markdown.italics(text)]
+    name = HANDBOOK.relative_to(documents.ROOT)
+    quotes = [(line, " ".join(quoted.split())) for line, quoted in documents.italics(text)]
     for line, quoted in quotes:
         if not is_quoted_well(quoted):
             yield f"{name}:{line}: the program has no text *{quoted}*"
     for message, file in program_texts.messages().items():
         if not any(tells(quoted, message) for _, quoted in quotes):
             yield f"{name}: says nothing of the message \"{message}\" ({file})"
-    yield from markdown.broken_links(HANDBOOK)
+    yield from documents.broken_links(HANDBOOK)
 
 
 def main():

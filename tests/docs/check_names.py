@@ -2,7 +2,7 @@
 """Checks what the documents name between backticks: files and folders of the project, and names of its code.
 
 A path is one from the root or from src/ on ("platform/qt"), or of a file by its name alone ("QtTextBox.cpp"). A name, or a
-"Class::Member", has to be found in the sources. Commands, and files of the machine, are not looked at.
+"Class::Member", has to be found in the sources. Commands, and files of the machine, are not looked at. Links and tables are checked on the way.
 """
 import functools
 import os
@@ -10,8 +10,8 @@ import pathlib
 import re
 import sys
 
-import markdown
-from markdown import ROOT
+import documents
+from documents import ROOT
 
 # What the program and its build make, and what belongs to the machine.
 MADE = re.compile(r"^(build|dist|out)(/|$)|^[~/$.]|^\.\.")
@@ -84,12 +84,13 @@ def complaint(name):
 
 
 def complaints():
-    for path in markdown.documents():
-        for line, name in markdown.spans(path.read_text(encoding="utf-8")):
+    for path in documents.all_documents():
+        for line, name in documents.spans(path.read_text(encoding="utf-8")):
             wrong = complaint(name)
             if wrong:
                 yield f"{path.relative_to(ROOT)}:{line}: `{name}`: {wrong}"
-        yield from markdown.broken_links(path)
+        yield from documents.broken_links(path)
+        yield from documents.broken_tables(path)
 
 
 def main():

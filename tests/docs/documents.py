@@ -10,7 +10,7 @@ LINK = re.compile(r"!?\[[^\]\n]*\]\(([^)\s]+)\)")
 ITALIC = re.compile(r"(?<![*\w\\])\*(?![*\s])((?:(?!\*|\n\s*\n).)+?)(?<!\s)\*(?![*\w])", re.DOTALL)
 
 
-def documents():
+def all_documents():
     return sorted([*ROOT.glob("*.md"), *(ROOT / "docs").rglob("*.md")])
 
 
@@ -61,3 +61,18 @@ def broken_links(path):
             yield f"{path.relative_to(ROOT)}:{line}: {target} is not there"
         elif anchor and anchor not in anchors(there.read_text(encoding="utf-8")):
             yield f"{path.relative_to(ROOT)}:{line}: {name or path.name} has no heading #{anchor}"
+
+
+def broken_tables(path):
+    """Rows of a table that have more or fewer cells than its head."""
+    head = None
+    text = blanked(FENCE, path.read_text(encoding="utf-8"))
+    for number, line in enumerate(text.splitlines(), 1):
+        row = line.strip()
+        if not row.startswith("|"):
+            head = None
+            continue
+        cells = len(re.findall(r"(?<!\\)\|", row)) - 1
+        head = head or cells
+        if cells != head:
+            yield f"{path.relative_to(ROOT)}:{number}: {cells} cells in a table of {head}"
