@@ -30,8 +30,12 @@ void QtLabel::Place() {
     ShowText();
 }
 
-/// The text, or as much of it as the label has room for: half a line at the lower edge is not readable.
+/// The text, or as much of it as the label has room for: half a line at the lower edge is not readable. A
+/// label that nobody sees is not measured; it is when it comes on show.
 QString QtLabel::Fitting(const QString& text) const {
+    if (!label_->isVisible()) {
+        return text;
+    }
     const QRect room = label_->contentsRect();
     const QFontMetrics metrics = label_->fontMetrics();
     const auto fits = [&](const QString& wanted) {
@@ -75,6 +79,9 @@ bool QtLabel::eventFilter(QObject* watched, QEvent* event) {
             target->SetFocus();
         }
         return true;
+    }
+    if (event->type() == QEvent::Show) {
+        ShowText();
     }
     return QtControl::eventFilter(watched, event);
 }

@@ -1,0 +1,63 @@
+// Labels: a text that its place has no room for, seen or not yet, and what the first one costs.
+#include <QApplication>
+#include <QLabel>
+#include <QSignalSpy>
+
+#include "platform/qt/Fonts.h"
+#include "qt/SampleTest.h"
+
+namespace {
+
+const std::string Long = "Derde verdieping, naast de lift, sleutel bij de receptie";
+
+class LabelTest : public SampleTest {
+  protected:
+    QLabel* Shown() { return Widget<QLabel>("AccountLabel"); }
+};
+
+TEST_F(LabelTest, TextThatIsTooLongIsCutAndToldWhole) {
+    form.AccountLabel.SetCaption(Long);
+    EXPECT_TRUE(Shown()->text().endsWith(QChar(0x2026)));
+    EXPECT_EQ(Shown()->toolTip().toStdString(), Long);
+    form.AccountLabel.SetCaption("Kort");
+    EXPECT_EQ(Shown()->text(), "Kort");
+    EXPECT_EQ(Shown()->toolTip(), "");
+}
+
+TEST_F(LabelTest, TextThatNobodySeesYetIsCutWhenItComesOnShow) {
+    form.AccountLabel.SetVisible(false);
+    form.AccountLabel.SetCaption(Long);
+    form.AccountLabel.SetVisible(true);
+    EXPECT_TRUE(Shown()->text().endsWith(QChar(0x2026)));
+    EXPECT_EQ(Shown()->toolTip().toStdString(), Long);
+}
+
+TEST_F(LabelTest, TextIsCutInAWindowThatComesOnShowWithIt) {
+    SampleForm second(session, "Tweede");
+    second.AccountLabel.SetCaption(Long);
+    second.Show();
+    window::Settle();
+    auto* label = window::Find<QLabel>("Tweede", "AccountLabel");
+    EXPECT_TRUE(label->text().endsWith(QChar(0x2026)));
+    second.Unload();
+}
+
+TEST_F(LabelTest, TextFollowsTheRoomThatItHas) {
+    form.AccountLabel.SetCaption(Long);
+    form.AccountLabel.SetVisible(false);
+    form.AccountLabel.Move(120, 570, 5800, 480);
+    form.AccountLabel.SetVisible(true);
+    EXPECT_EQ(Shown()->text().toStdString(), Long);
+    form.AccountLabel.Move(120, 570, 1200, 240);
+    EXPECT_TRUE(Shown()->text().endsWith(QChar(0x2026)));
+}
+
+// A font that is added makes the toolkit forget those that it has loaded, and all texts are measured anew.
+TEST(Fonts, AreAllThereBeforeTheFirstWindow) {
+    const QSignalSpy added(qApp, &QGuiApplication::fontDatabaseChanged);
+    platform::qt::ResolveFamily("Tahoma");
+    platform::qt::ResolveFamily("OCR-B");
+    EXPECT_EQ(added.count(), 0);
+}
+
+} // namespace
