@@ -20,6 +20,7 @@ OutFile "${OUTPUT}"
 BrandingText "${TITLE} ${VERSION}"
 RequestExecutionLevel user
 InstallDir "$LOCALAPPDATA\Programs\Drukkeuring"
+InstallDirRegKey HKCU "${ENTRY}" "InstallLocation"
 ManifestSupportedOS all
 ManifestDPIAware true
 ShowInstDetails nevershow

@@ -135,17 +135,27 @@ class Trial:
         self.check(self.run(self.setup, "/S") == 0, "the setup runs over an older version")
         self.check_installed("updated")
 
-    def remove(self):
+    def check_other_folder(self):
+        """The setup's own option for a folder elsewhere; an update goes where the program is."""
+        other = self.disk / "Elders"
+        self.check(self.run(self.setup, "/S", rf"/D={self.windows_path(other)}") == 0, "the setup takes another folder")
+        (other / PROGRAM).write_bytes(b"an older program")
+        self.check(self.run(self.setup, "/S") == 0 and sum_of(other / PROGRAM) == sum_of(self.program)
+                   and not self.folder.exists(), "and finds it again")
+        self.remove(other)
+
+    def remove(self, folder):
         """As the list of programs does it. The command comes back before its copy has done the work."""
-        (self.folder / "printrap.log").write_text("what the program may write where it was started")
+        (folder / "printrap.log").write_text("what the program may write where it was started")
         program, argument = re.fullmatch(r'"(.*)" (/S)', self.entry()["QuietUninstallString"]).groups()
         self.check(self.run(program, argument) == 0, "the removal runs")
         end = time.monotonic() + PATIENCE
-        while (self.folder.exists() or self.entry()) and time.monotonic() < end:
+        while (folder.exists() or self.entry()) and time.monotonic() < end:
             self.office.agent.ask("nap")
 
     def run_all(self):
         disk, keys = files_in(self.disk), self.keys()
+        self.check_other_folder()
         self.check(self.run(self.setup, "/S") == 0, "the setup runs")
         self.check_installed("installed")
         self.start()
@@ -154,7 +164,7 @@ class Trial:
         self.office.play("click frmMain.Cancel")
         self.check_update()
         self.registry.set_text(SETTINGS, "IncassantWoonplaats", "Veendam")
-        self.remove()
+        self.remove(self.folder)
         left = sorted(path for path in {*disk} ^ {*files_in(self.disk)} if not LEFT_OVER.fullmatch(path))
         self.failures.none_of(left, "no file is left behind, and none is gone")
         self.check(not self.folder.parent.exists() and not self.shortcut.exists(), "nor is a folder or an entry")

@@ -34,8 +34,9 @@ SETTINGS = ".config/tarvik/settings.reg"
 # What may be new in the user's home: the settings, and the toolkit's folders that its file window has shown.
 KEPT = re.compile(rf"home/{USER}/(\.config(/(tarvik(/settings\.reg)?|drukkeuring(/pdf-bestand\.conf)?|QtProject\.conf))?"
                   rf"|keuring\.pdf)")
-# What apt, dpkg and the loader write at each installation, and what the system's own packages leave of theirs.
-SYSTEMS = re.compile(r"(var/(lib|cache|log)|etc|run|tmp)(/.*)?")
+# What apt and dpkg keep of each installation.
+SYSTEMS = re.compile(r"var/(cache/(apt/archives/.*|debconf/.*-old|ldconfig/.*)|lib/(apt|dpkg)/.*|log/(apt/.*|dpkg\.log))"
+                     r"|etc/ld\.so\.cache")
 
 
 class Trial:
