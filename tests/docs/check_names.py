@@ -63,7 +63,7 @@ def is_member(owner, member):
     defines = re.compile(rf"\b(?:class|struct|enum|enum class|namespace)\s+(?:\w+::)*{owner}\b")
     named = re.compile(rf"\b{owner}::{member}\b")
     return any(named.search(text) or (defines.search(text) and re.search(rf"\b{member}\b", text))
-               for text in code().values())
+               for text in code().values() if owner in text and member in text)
 
 
 def complaint(name):
