@@ -11,6 +11,7 @@
 #include <QPixmap>
 #include <QTest>
 #include <QTimer>
+#include <QUrl>
 
 #include <cstdio>
 #include <utility>
@@ -206,7 +207,13 @@ void Player::AnswerFile(const QString& file, const QString& pictureName) {
                 return;
             }
             if (!pictureName.isEmpty()) {
+                // In a folder of its own: nothing of this machine is to be in the picture.
+                const QString shown = QDir::temp().filePath(QStringLiteral("Documenten"));
+                QDir().mkpath(shown);
+                dialog->setDirectory(shown);
+                dialog->setSidebarUrls({QUrl::fromLocalFile(shown)});
                 Save(dialog, pictureName);
+                QDir().rmdir(shown);
             }
             name->setText(file); // typed, it would open a list of proposals
             QTest::keyClick(name, Qt::Key_Return);
