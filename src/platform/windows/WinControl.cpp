@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <array>
+#include <unordered_map>
 
 #include "platform/forms/Form.h"
 #include "platform/windows/Colours.h"
@@ -33,9 +34,6 @@ using forms::ControlKind;
 
 namespace {
 
-constexpr UINT_PTR SubclassId = 1;
-constexpr const wchar_t* ControlProperty = L"DrukkeuringControl";
-
 template <class ControlType, class WinControlType>
 std::unique_ptr<WinControl> Make(forms::Control& control, WinForm& form, const WindowPlace& place) {
     return std::make_unique<WinControlType>(static_cast<ControlType&>(control), form, place);
@@ -66,12 +64,24 @@ constexpr std::array<Maker, 17> Makers{{
     {ControlKind::UpDown, Make<forms::UpDown, WinUpDown>},
 }};
 
-// All that a new window has to show. The selection belongs to the text and the order of depth to the making.
-constexpr std::array AllAspects{Aspect::Font,    Aspect::Colours, Aspect::Geometry, Aspect::Caption,
-                                Aspect::Picture, Aspect::Items,   Aspect::Text,     Aspect::Value,
-                                Aspect::ToolTip, Aspect::Enabled, Aspect::Visible};
+// All that a new window has to show. The font brings the place with it, the selection belongs to the text and
+// the order of depth to the making, and the colours are asked for when it is drawn.
+constexpr std::array AllAspects{Aspect::Font,  Aspect::Caption, Aspect::Picture, Aspect::Items,  Aspect::Text,
+                                Aspect::Value, Aspect::ToolTip, Aspect::Enabled, Aspect::Visible};
 
 constexpr UINT OutOfThePlace = SWP_NOMOVE | SWP_NOSIZE | SWP_NOACTIVATE;
+
+// Which control a window belongs to is asked at every message: a table in the program answers at once, a
+// property of the window is kept by the system.
+std::unordered_map<HWND, WinControl*>& ControlsByWindow() {
+    static std::unordered_map<HWND, WinControl*> controls;
+    return controls;
+}
+
+WinControl* Known(HWND window) {
+    const auto found = ControlsByWindow().find(window);
+    return found == ControlsByWindow().end() ? nullptr : found->second;
+}
 
 } // namespace
 
@@ -90,14 +100,16 @@ WinControl::WinControl(forms::Control& control, WinForm& form, const WindowPlace
     if (className == nullptr) {
         return;
     }
-    window_ = ::CreateWindowExW(extendedStyle, className, L"", style | WS_CHILD | WS_CLIPSIBLINGS, 0, 0, 0, 0,
-                                place.Parent, reinterpret_cast<HMENU>(static_cast<INT_PTR>(place.Id)),
-                                ::GetModuleHandleW(nullptr), nullptr);
+    const DWORD shown = control.Visible() ? WS_VISIBLE : 0;
+    window_ = ::CreateWindowExW(
+        extendedStyle, className, L"", style | shown | WS_CHILD | WS_CLIPSIBLINGS, 0, 0, 0, 0, place.Parent,
+        reinterpret_cast<HMENU>(static_cast<INT_PTR>(place.Id)), ::GetModuleHandleW(nullptr), nullptr);
     if (window_ == nullptr) {
         throw OutOfMemory();
     }
-    ::SetPropW(window_, ControlProperty, this);
-    ::SetWindowSubclass(window_, Procedure, SubclassId, reinterpret_cast<DWORD_PTR>(this));
+    ControlsByWindow()[window_] = this;
+    own_ = reinterpret_cast<WNDPROC>(
+        ::SetWindowLongPtrW(window_, GWLP_WNDPROC, reinterpret_cast<LONG_PTR>(Procedure)));
     // A control that is made later lies above those before it.
     ::SetWindowPos(window_, HWND_TOP, 0, 0, 0, 0, OutOfThePlace);
 }
@@ -109,15 +121,9 @@ WinControl::~WinControl() {
     }
 }
 
-void WinControl::Leave() const {
-    if (window_ != nullptr) {
-        ::RemoveWindowSubclass(window_, Procedure, SubclassId);
-        ::RemovePropW(window_, ControlProperty);
-    }
-}
-
 WinControl* WinControl::Of(HWND window) {
-    return static_cast<WinControl*>(::GetPropW(window, ControlProperty));
+    WinControl* control = Known(window);
+    return control == nullptr || control->left_ ? nullptr : control;
 }
 
 void WinControl::MirrorAll() {
@@ -137,10 +143,14 @@ void WinControl::Mirror(Aspect aspect) {
         Place();
         break;
     case Aspect::Visible:
-        ::ShowWindow(window_, model_.Visible() ? SW_SHOWNA : SW_HIDE);
+        if (HasStyle(WS_VISIBLE) != model_.Visible()) {
+            ::ShowWindow(window_, model_.Visible() ? SW_SHOWNA : SW_HIDE);
+        }
         break;
     case Aspect::Enabled:
-        ::EnableWindow(window_, ShowsEnabled() ? TRUE : FALSE);
+        if (HasStyle(WS_DISABLED) == ShowsEnabled()) {
+            ::EnableWindow(window_, ShowsEnabled() ? TRUE : FALSE);
+        }
         break;
     case Aspect::ToolTip:
         form_.Tips().Set(window_, model_.ToolTipText());
@@ -159,6 +169,10 @@ void WinControl::Mirror(Aspect aspect) {
         break;
     }
     MirrorContent(aspect);
+}
+
+bool WinControl::HasStyle(DWORD style) const {
+    return (static_cast<DWORD>(::GetWindowLongW(window_, GWL_STYLE)) & style) != 0;
 }
 
 HFONT WinControl::FontOf() const {
@@ -213,7 +227,7 @@ bool WinControl::MousePressed() {
 }
 
 LRESULT WinControl::PassOn(UINT message, WPARAM wParam, LPARAM lParam) {
-    return ::DefSubclassProc(window_, message, wParam, lParam);
+    return ::CallWindowProcW(own_, window_, message, wParam, lParam);
 }
 
 LRESULT WinControl::Received(UINT message, WPARAM wParam, LPARAM lParam) {
@@ -265,14 +279,17 @@ LRESULT WinControl::Handle(UINT message, WPARAM wParam, LPARAM lParam) {
     return Received(message, wParam, lParam);
 }
 
-LRESULT CALLBACK WinControl::Procedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam,
-                                       UINT_PTR /*id*/, DWORD_PTR control) {
-    auto* self = reinterpret_cast<WinControl*>(control);
+LRESULT CALLBACK WinControl::Procedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
+    WinControl* self = Known(window);
+    if (self == nullptr) {
+        return ::DefWindowProcW(window, message, wParam, lParam);
+    }
     if (message == WM_NCDESTROY) {
-        ::RemoveWindowSubclass(window, Procedure, SubclassId);
-        ::RemovePropW(window, ControlProperty);
+        ControlsByWindow().erase(window);
         self->window_ = nullptr;
-        return ::DefSubclassProc(window, message, wParam, lParam);
+    }
+    if (message == WM_NCDESTROY || self->left_) {
+        return ::CallWindowProcW(self->own_, window, message, wParam, lParam);
     }
     LRESULT result = 0;
     WinForm& form = self->form_;

@@ -36,7 +36,7 @@ class WinControl {
     static WinControl* Of(HWND window);
 
     /// From now on what the window does reaches neither the form nor its control.
-    void Leave() const;
+    void Leave() { left_ = true; }
 
     virtual void Mirror(forms::Aspect aspect);
     void MirrorAll();
@@ -96,16 +96,19 @@ class WinControl {
 
     void SetCaption(const std::string& text) const;
     void MoveTo(const RECT& area) const;
+    bool HasStyle(DWORD style) const;
     HFONT FontOf() const;
 
   private:
-    static LRESULT CALLBACK Procedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam, UINT_PTR id,
-                                      DWORD_PTR control);
+    static LRESULT CALLBACK Procedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam);
     LRESULT Handle(UINT message, WPARAM wParam, LPARAM lParam);
 
     forms::Control& model_;
     WinForm& form_;
     HWND window_ = nullptr;
+    /// What the window's class does with its messages.
+    WNDPROC own_ = nullptr;
+    bool left_ = false;
     int silent_ = 0;
 };
 

@@ -87,7 +87,9 @@ void WinForm::MakeControls() {
     }
     // A label finds the control that its access key goes to only when all are there.
     for (const auto& control : controls_) {
-        control->Mirror(forms::Aspect::Caption);
+        if (control->Model().Kind() == forms::ControlKind::Label) {
+            control->Mirror(forms::Aspect::Caption);
+        }
     }
     PutLabelsBeforeControls();
 }

@@ -30,7 +30,9 @@ void WinLabel::MirrorContent(forms::Aspect aspect) {
     const bool goes = forms::AccessKeyTarget(model_) != nullptr;
     const auto style = static_cast<DWORD>(::GetWindowLongW(Window(), GWL_STYLE));
     const DWORD wanted = goes ? style & ~static_cast<DWORD>(SS_NOPREFIX) : style | SS_NOPREFIX;
-    ::SetWindowLongW(Window(), GWL_STYLE, static_cast<LONG>(wanted));
+    if (wanted != style) {
+        ::SetWindowLongW(Window(), GWL_STYLE, static_cast<LONG>(wanted));
+    }
     SetCaption(model_.UseMnemonic() && !goes ? forms::WithoutAccessKey(model_.Caption()) : model_.Caption());
     ::InvalidateRect(Window(), nullptr, TRUE);
 }
