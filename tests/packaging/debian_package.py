@@ -23,7 +23,10 @@ def make(build, folder):
     configuration = pathlib.Path(build) / "CPackConfig.cmake"
     if not configuration.exists():
         skip("the build folder has no configuration of a package")
-    subprocess.run(["cpack", "--config", str(configuration.resolve()), "-B", str(folder)], check=True, capture_output=True)
+    done = subprocess.run(["cpack", "--config", str(configuration.resolve()), "-B", str(folder)], check=False,
+                          stdout=subprocess.PIPE, stderr=subprocess.STDOUT, text=True)
+    if done.returncode:
+        raise RuntimeError(f"no package was made:\n{done.stdout}")
     package, = pathlib.Path(folder).glob("drukkeuring_*_amd64.deb")
     return package
 
