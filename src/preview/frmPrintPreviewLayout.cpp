@@ -48,6 +48,7 @@ std::int32_t ScrollSpan(double window, double sheet) {
 void frmPrintPreview::LayOut() {
     SetCaption("Afdrukvoorbeeld");
     SetResizable(true);
+    SetBackColor(forms::colour::AppWorkspace);
 
     pictShadow.Move(3060, 1500, 915, 1515);
     pictShadow.SetBackColor(forms::colour::DarkShadow);

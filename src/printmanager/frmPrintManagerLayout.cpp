@@ -11,7 +11,8 @@ constexpr double ClientWidth = 6840;
 // Columns. The panel stands in the left column, so its own columns count from there.
 constexpr double ListLeft = 120;
 constexpr double ListWidth = 4920;
-constexpr double FieldLeft = 1710;
+constexpr double FieldLeft = 2160;
+constexpr double LabelWidth = FieldLeft - ListLeft - 60;
 constexpr double RuleLeft = 5160;
 constexpr double ButtonLeft = 5280;
 constexpr double ButtonWidth = 1440;
@@ -61,18 +62,18 @@ void PlaceControls(frmPrintManager& form) {
     const Place places[] = {
         {form.Header1, ListLeft, 120, ListWidth, LabelHeight},
         {form.lstAfdrukken, ListLeft, 405, ListWidth, 1110},
-        {form.Label4, ListLeft, 1710, 3450, LabelHeight},
-        {form.UserText(0), 3570, 1665, 600, BoxHeight},
-        {form.UpDown, 4170, 1665, 255, BoxHeight},
-        {form.pictMyOrientation, 4560, 1590, 480, 480},
-        {form.pictOrientation(0), 4560, 1590, 480, 480},
-        {form.pictOrientation(1), 4560, 1590, 480, 480},
-        {form.Label3, ListLeft, 2220, 1530, LabelHeight},
-        {form.cboPrinterSelect(0), FieldLeft, 2175, 2910, BoxHeight},
+        {form.Label4, ListLeft, 1710, LabelWidth, LabelHeight},
+        {form.UserText(0), FieldLeft, 1665, 600, BoxHeight},
+        {form.UpDown, FieldLeft + 600, 1665, 255, BoxHeight},
+        {form.pictMyOrientation, FieldLeft + 990, 1590, 480, 480},
+        {form.pictOrientation(0), FieldLeft + 990, 1590, 480, 480},
+        {form.pictOrientation(1), FieldLeft + 990, 1590, 480, 480},
+        {form.Label3, ListLeft, 2220, LabelWidth, LabelHeight},
+        {form.cboPrinterSelect(0), FieldLeft, 2175, 2460, BoxHeight},
         {form.pictError, 4710, 2175, BoxHeight, BoxHeight},
         {form.chkMatrixPrinter, ListLeft, 2610, ListWidth, 285},
-        {form.Label6, ListLeft, 3060, 1530, LabelHeight},
-        {form.ProgressBar, FieldLeft, 3045, 3330, 270},
+        {form.Label6, ListLeft, 3060, LabelWidth, LabelHeight},
+        {form.ProgressBar, FieldLeft, 3045, PanelFieldWidth, 270},
         {form.cmdDetails, 3600, 3570, ButtonWidth, ButtonHeight},
         {form.lblPaperSize, ListLeft, 3570, 1440, LabelHeight},
         {form.lblPaperBin, 1680, 3570, 1440, LabelHeight},
@@ -87,19 +88,19 @@ void PlaceControls(frmPrintManager& form) {
 
         {form.pictDetails, ListLeft, 4155, ListWidth, 3180},
         {form.Label2, 0, 0, ListWidth, LabelHeight},
-        {form.lblPrinterSelect(2), 0, 330, 1530, LabelHeight},
+        {form.lblPrinterSelect(2), 0, 330, LabelWidth, LabelHeight},
         {form.lblPrinterSelect(6), PanelFieldLeft, 330, PanelFieldWidth, LabelHeight},
-        {form.lblPrinterSelect(1), 0, 615, 1530, LabelHeight},
+        {form.lblPrinterSelect(1), 0, 615, LabelWidth, LabelHeight},
         {form.lblPrinterSelect(5), PanelFieldLeft, 615, PanelFieldWidth, LabelHeight},
-        {form.lblPrinterSelect(3), 0, 900, 1530, LabelHeight},
+        {form.lblPrinterSelect(3), 0, 900, LabelWidth, LabelHeight},
         {form.lblPrinterSelect(7), PanelFieldLeft, 900, PanelFieldWidth, LabelHeight},
-        {form.lblPrinterSelect(4), 0, 1185, 1530, 2 * LabelHeight},
+        {form.lblPrinterSelect(4), 0, 1185, LabelWidth, 2 * LabelHeight},
         {form.lblPrinterSelect(8), PanelFieldLeft, 1185, PanelFieldWidth, 2 * LabelHeight},
-        {form.Label8, 0, 1905, 1530, LabelHeight},
+        {form.Label8, 0, 1905, LabelWidth, LabelHeight},
         {form.cboPrinterSelect(3), PanelFieldLeft, 1860, PanelFieldWidth, BoxHeight},
-        {form.Label7, 0, 2325, 1530, LabelHeight},
+        {form.Label7, 0, 2325, LabelWidth, LabelHeight},
         {form.cboPrinterSelect(1), PanelFieldLeft, 2280, PanelFieldWidth, BoxHeight},
-        {form.Label5, 0, 2745, 1530, LabelHeight},
+        {form.Label5, 0, 2745, LabelWidth, LabelHeight},
         {form.cboPrinterSelect(2), PanelFieldLeft, 2700, PanelFieldWidth, BoxHeight},
 
         {form.Picture3, 180, 285, 480, 480},
@@ -163,6 +164,8 @@ void SetTexts(frmPrintManager& form) {
         {form.cboPrinterSelect(2), "Papierlade"},
         {form.cboPrinterSelect(3), "Papier oriëntatie"},
         {form.ProgressBarSort, "De gegevens worden gesorteerd"},
+        {form.pictDetails, "Printerdetails"},
+        {form.pictFakeForm, "De gegevens worden gesorteerd"},
     };
     for (const SpokenName& row : names) {
         row.Control.SetAccessibleName(row.Name);

@@ -15,6 +15,7 @@ constexpr int NoIndex = forms::Control::NoIndex;
 frmPrintManagerSetup::frmPrintManagerSetup(forms::Session& session, platform::Platform& platform,
                                            wizard::AppState& state)
     : Form(session, "frmPrintManagerSetup"), Picture1(*this, "Picture1"),
+      pictHeading(*this, "pictHeading", NoIndex, &Picture1), lineHeading(*this, "lineHeading"),
       Label1(*this, "Label1", NoIndex, &Picture1), Label2(*this, "Label2"), Label3(*this, "Label3"),
       Label4(*this, "Label4"), UserText(*this, "UserText", {1, 0}),
       UpDown(*this, "UpDown", UserText(0), 10, 999999), cmdOK(*this, "cmdOK"), cmdClose(*this, "cmdClose"),

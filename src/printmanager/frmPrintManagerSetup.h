@@ -5,6 +5,7 @@
 #include "platform/forms/ControlArray.h"
 #include "platform/forms/Form.h"
 #include "platform/forms/Label.h"
+#include "platform/forms/LineControl.h"
 #include "platform/forms/PictureBox.h"
 #include "platform/forms/TextBox.h"
 #include "platform/forms/UpDown.h"
@@ -19,6 +20,8 @@ class frmPrintManagerSetup : public forms::Form {
     frmPrintManagerSetup(forms::Session& session, platform::Platform& platform, wizard::AppState& state);
 
     forms::PictureBox Picture1;
+    forms::PictureBox pictHeading;
+    forms::LineControl lineHeading;
     forms::Label Label1;
     forms::Label Label2;
     forms::Label Label3;

@@ -11,6 +11,7 @@ constexpr double ClientWidth = 6240;
 constexpr double ClientHeight = 2670;
 constexpr double Margin = 180;
 constexpr double HeadingHeight = 480;
+constexpr double PictureSide = 360;
 constexpr double FieldLeft = 2520;
 constexpr double LabelHeight = 240;
 constexpr double BoxHeight = 330;
@@ -32,7 +33,9 @@ void frmPrintManagerSetup::LayOut() {
     };
     const Place places[] = {
         {Picture1, 0, 0, ClientWidth, HeadingHeight},
-        {Label1, Margin, 120, ClientWidth - 2 * Margin, LabelHeight},
+        {pictHeading, Margin, 60, PictureSide, PictureSide},
+        {Label1, 2 * Margin + PictureSide - 60, 120, ClientWidth - 3 * Margin - PictureSide, LabelHeight},
+        {lineHeading, 0, HeadingHeight, ClientWidth, 0},
         {Label2, Margin, 555, ClientWidth - 2 * Margin, 3 * LabelHeight},
         {Label3, Margin, 1320, FieldLeft - 2 * Margin, LabelHeight},
         {UserText(1), FieldLeft, 1275, 1080, BoxHeight},
@@ -67,6 +70,8 @@ void frmPrintManagerSetup::LayOut() {
     cmdClose.SetCancel(true);
 
     Picture1.SetBackColor(forms::colour::WindowBackground);
+    pictHeading.SetPicture("printer");
+    lineHeading.SetForeColor(forms::colour::ButtonShadow);
     Label1.SetFont({.Name = {}, .Size = 0, .Bold = true});
     UserText(0).SetBackColor(forms::colour::WindowBackground);
     UserText(0).SetAccessibleName("Nieuwe initialisatietijd");

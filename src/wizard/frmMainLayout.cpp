@@ -9,6 +9,7 @@ namespace {
 constexpr double FormWidth = 10200;
 constexpr double ClientHeight = 7200;
 constexpr double PanelHeight = 6015;
+constexpr double RuleHeight = 15;
 constexpr double ButtonTop = 6675;
 constexpr double ButtonHeight = 390;
 
@@ -59,7 +60,8 @@ constexpr PageText PageTexts[] = {
     {0, "Bedragen en IBAN-banknummers worden automatisch gegenereerd.", NoteIndent, 4725, 8580, 240},
     {0, "De gebruikte persoonsgegevens zijn automatisch gegenereerd. ", NoteIndent, 4995, 8580, 240},
 
-    {1, "Selecteer de te volgen procedure voor de aanmaak van de testpartij:", Margin, 165, TextWidth, 240},
+    {1, "Selecteer de te volgen procedure voor de aanmaak van de testpartij:", Margin, 165, TextWidth, 240,
+     Style::Bold},
     {1,
      "Een testpartij aanmaken en deze ter goedkeuring aanbieden aan een door Acceptgiro B.V. aangewezen "
      "testinstituut.",
@@ -90,13 +92,13 @@ constexpr PageText PageTexts[] = {
      "De omvang van de testpartij welke u moet aanleveren hangt af van het soort acceptgirocontract en de "
      "hoeveelheid te verspreiden IBAN-acceptgiroformulieren.",
      Margin, 165, TextWidth, 480},
-    {2, "Selecteer de optie welke het beste bij u past:", Margin, 855, TextWidth, 240},
+    {2, "Selecteer de optie welke het beste bij u past:", Margin, 855, TextWidth, 240, Style::Bold},
 
     {3,
      "Indien u zelf het aantal af te drukken IBAN-acceptgiroformulieren nog wilt wijzigen dan kunt u dat "
      "hier doen.",
      Margin, 165, TextWidth, 240},
-    {3, "Aantal af te drukken IBAN-acceptgiroformulieren:", Margin, 645, 4500, 240},
+    {3, "Aantal af te drukken IBAN-acceptgiroformulieren:", Margin, 645, 4800, 240, Style::Bold},
     {3, "Klik op 'Afdrukken' om de IBAN-acceptgiroformulieren (testdocumenten) af te drukken...", Margin,
      1110, TextWidth, 240},
     {3, "Let op:", Margin, 1575, 960, 240, Style::Bold},
@@ -165,14 +167,15 @@ void frmMain::LayOut() {
     SetCaption("Ondor Drukkeuring 3.0");
     Resize(FormWidth, ClientHeight + forms::TitleBarHeight);
 
-    pictHeading.Move(0, 0, FormWidth, PanelTop);
+    // The rule below the heading belongs to it: the pages begin right under it.
+    pictHeading.Move(0, 0, FormWidth, PanelTop - RuleHeight);
     pictHeading.SetBackColor(forms::colour::WindowBackground);
     pictLogo.Move(Margin, 60, 420, 420);
     pictLogo.SetPicture("wizard");
     lblHeading.Move(870, 120, FormWidth - 1170, 330);
     lblHeading.SetCaption("Drukkeuring IBAN-acceptgiroformulieren");
     lblHeading.SetFont({.Name = {}, .Size = 12, .Bold = true});
-    lineHeading.SetEnds(0, PanelTop, FormWidth, PanelTop);
+    lineHeading.SetEnds(0, PanelTop - RuleHeight, FormWidth, PanelTop - RuleHeight);
     lineHeading.SetForeColor(forms::colour::ButtonShadow);
     lineButtons.SetEnds(0, PanelTop + PanelHeight, FormWidth, PanelTop + PanelHeight);
     lineButtons.SetForeColor(forms::colour::ButtonShadow);
@@ -222,7 +225,7 @@ void frmMain::LayOut() {
         {72, FieldLeft, 3300, 1320, 9, "", 2, "Postcode"},
         {73, FieldLeft, 3705, 4440, 60, "", 3, "Woonplaats"},
         {74, FieldLeft, 4110, 4440, 34, "", 4, "IBAN"},
-        {0, 4860, 600, 720, 4, "numeriek", 40, "Aantal af te drukken IBAN-acceptgiroformulieren"},
+        {0, 5160, 600, 720, 4, "numeriek", 40, "Aantal af te drukken IBAN-acceptgiroformulieren"},
     };
     for (const Box& row : Boxes) {
         forms::TextBox& box = UserText(row.Element);
@@ -233,7 +236,7 @@ void frmMain::LayOut() {
         box.SetAccessibleName(row.AccessibleName);
         box.SetBackColor(forms::colour::WindowBackground);
     }
-    UpDown.Move(5580, 600, 255, FieldHeight);
+    UpDown.Move(5880, 600, 255, FieldHeight);
 
     struct Option {
         forms::OptionButton& Button;
@@ -271,10 +274,10 @@ void frmMain::LayOut() {
     // before the count, and "Terug" last of all, before the first box: the focus never falls on the button
     // that closes.
     const Button buttons[] = {
-        {Terug, "< &Terug", 5385, ButtonTop, 51},
+        {Terug, "< &Terug", 5265, ButtonTop, 51},
         {Verder, "&Volgende >", 6825, ButtonTop, 39},
         {Cancel, "&Sluiten", 8460, ButtonTop, 50},
-        {cmdPrinten, "Af&drukken", 6300, 570, 41},
+        {cmdPrinten, "Af&drukken", 6600, 570, 41},
     };
     for (const Button& button : buttons) {
         button.Control.SetCaption(button.Caption);

@@ -1,13 +1,17 @@
 // Plays a user of the desktop program: goes through the wizard, prints the three documents as PDF files and
-// saves a picture of every window. drukkeuring-demo FOLDER [--200]
+// saves a picture of every window.
+// drukkeuring-demo FOLDER [--125 | --150 | --200 | --300] [--dark | --mixed | --contrast] [--points N]
+#include <QApplication>
 #include <QDir>
 #include <QFile>
 #include <QStringList>
 #include <QTemporaryDir>
 
+#include <cmath>
 #include <cstdio>
 #include <cstdlib>
 
+#include "Palettes.h"
 #include "Player.h"
 #include "platform/forms/Session.h"
 #include "platform/qt/QtPlatform.h"
@@ -154,14 +158,56 @@ void LookAtWhatIsRarelySeen(Player& player, const wizard::frmMain& form,
     player.AnswerMessage("21-melding-initialisatie");
 }
 
-// The screen that is not there: an ordinary one of 1280 by 1024, or one of twice the density.
-void DescribeScreen(const QString& name, int density) {
+/// How the desktop looks on which the program is shown.
+struct Desktop {
+    double Density = 1;
+    /// What pictures of a density other than the usual have behind their names.
+    QString Suffix;
+    QString Palette;
+    /// Size of the user's font; 0 for the desktop's own.
+    int Points = 0;
+};
+
+/// Takes what describes the desktop out of the arguments.
+Desktop TakeDesktop(QStringList& arguments) {
+    Desktop desktop;
+    for (const int percent : {125, 150, 200, 300}) {
+        if (arguments.removeAll(QStringLiteral("--%1").arg(percent)) > 0) {
+            desktop.Density = percent / 100.0;
+            desktop.Suffix = QStringLiteral("-%1").arg(percent);
+        }
+    }
+    for (const char* palette : {"dark", "mixed", "contrast"}) {
+        if (arguments.removeAll(QStringLiteral("--") + QLatin1String(palette)) > 0) {
+            desktop.Palette = QLatin1String(palette);
+        }
+    }
+    if (const auto at = arguments.indexOf(QStringLiteral("--points")); at >= 0 && at + 1 < arguments.size()) {
+        desktop.Points = arguments[at + 1].toInt();
+        arguments.remove(at, 2);
+    }
+    return desktop;
+}
+
+void ShowAs(const Desktop& desktop) {
+    if (!desktop.Palette.isEmpty()) {
+        QApplication::setPalette(DesktopPalette(desktop.Palette));
+    }
+    if (desktop.Points > 0) {
+        QFont font = QApplication::font();
+        font.setPointSize(desktop.Points);
+        QApplication::setFont(font);
+    }
+}
+
+// The screen that is not there: an ordinary one of 1280 by 1024, or a denser one.
+void DescribeScreen(const QString& name, double density) {
     QFile file(name);
     if (file.open(QIODevice::WriteOnly)) {
         file.write(QStringLiteral(R"({"screens": [{"name": "demo", "x": 0, "y": 0, "width": %1, "height": %2,
             "logicalDpi": 96, "logicalBaseDpi": 96, "dpr": 1}]})")
-                       .arg(1280 * density)
-                       .arg(1024 * density)
+                       .arg(std::lround(1280 * density))
+                       .arg(std::lround(1024 * density))
                        .toUtf8());
     }
 }
@@ -182,31 +228,32 @@ int main(int argc, char** argv) {
     for (int i = 1; i < argc; ++i) {
         arguments << QString::fromLocal8Bit(argv[i]);
     }
-    const bool doubled = arguments.removeAll(QStringLiteral("--200")) > 0;
+    const Desktop desktop = TakeDesktop(arguments);
     if (arguments.size() != 1 || !QDir().mkpath(arguments[0])) {
-        std::fprintf(stderr, "drukkeuring-demo FOLDER [--200]\n");
+        std::fprintf(stderr, "drukkeuring-demo FOLDER [--125 | --150 | --200 | --300] [--dark | --mixed | "
+                             "--contrast] [--points N]\n");
         return 2;
     }
     const QDir folder(QDir(arguments[0]).absolutePath());
 
     // Nothing of the user's own machine: no screen, no settings, no print server.
     const QTemporaryDir home;
-    const int density = doubled ? 2 : 1;
     const QString screen = home.filePath(QStringLiteral("screen.json"));
-    DescribeScreen(screen, density);
+    DescribeScreen(screen, desktop.Density);
     QDir(home.path()).mkpath(QStringLiteral("tarvik"));
     QFile::copy(QStringLiteral(EXAMPLE_SETTINGS), home.filePath(QStringLiteral("tarvik/settings.reg")));
     qputenv("XDG_CONFIG_HOME", home.path().toLocal8Bit());
     qputenv("QT_QPA_PLATFORM", "offscreen:configfile=" + screen.toLocal8Bit());
     qputenv("CUPS_SERVER", "localhost:1");
-    qputenv("QT_SCALE_FACTOR", QByteArray::number(density));
+    qputenv("QT_SCALE_FACTOR", QByteArray::number(desktop.Density));
 
     platform::qt::QtPlatform platform(argc, argv);
+    ShowAs(desktop);
     wizard::AppState state;
     forms::Session session(platform.Services().Desktop);
     wizard::frmMain form(session, platform.Services(), state);
 
-    Player player(folder.path(), doubled ? QStringLiteral("-200") : QString());
+    Player player(folder.path(), desktop.Suffix);
     player.OnFailure = [&] {
         std::fprintf(stderr, "This step failed: %s\n", player.Failure().c_str());
         std::_Exit(1); // the step may have left windows that wait

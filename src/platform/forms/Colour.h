@@ -11,6 +11,8 @@ using Colour = std::uint32_t;
 namespace colour {
 inline constexpr Colour WindowBackground = 0x80000005;
 inline constexpr Colour WindowText = 0x80000008;
+/// Behind documents, such as the sheet of a preview.
+inline constexpr Colour AppWorkspace = 0x8000000C;
 inline constexpr Colour Highlight = 0x8000000D;
 inline constexpr Colour ButtonFace = 0x8000000F;
 inline constexpr Colour ButtonShadow = 0x80000010;
@@ -19,6 +21,11 @@ inline constexpr Colour ButtonText = 0x80000012;
 inline constexpr Colour DarkShadow = 0x80000015;
 /// No background of its own: what lies beneath shows.
 inline constexpr Colour Transparent = 0xFFFFFFFF;
+
+/// True for a number of the system's theme.
+constexpr bool IsSystem(Colour colour) {
+    return colour != Transparent && (colour & 0x80000000) != 0;
+}
 
 constexpr Colour Rgb(std::uint32_t red, std::uint32_t green, std::uint32_t blue) {
     return red | (green << 8U) | (blue << 16U);

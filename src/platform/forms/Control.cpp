@@ -80,6 +80,15 @@ void Control::SetBackColor(Colour colour) {
     }
 }
 
+Colour Control::ShownBackColor() const {
+    for (const Control* holder = this; holder != nullptr; holder = holder->Container()) {
+        if (holder->BackColor() != colour::Transparent) {
+            return holder->BackColor();
+        }
+    }
+    return form_.BackColor();
+}
+
 void Control::SetFocus() {
     form_.MoveFocus(*this);
 }

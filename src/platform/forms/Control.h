@@ -111,6 +111,8 @@ class Control {
     Colour ForeColor() const { return foreColor_; }
     void SetForeColor(Colour colour);
     Colour BackColor() const { return backColor_; }
+    /// The background that shows in the control: its own, or that of what holds it.
+    Colour ShownBackColor() const;
     void SetBackColor(Colour colour);
 
     /// Handle of the control, for Desktop::LockWindowUpdate; 0 until its form is loaded.

@@ -40,6 +40,8 @@ class Form {
     void Resize(double width, double height);
     /// True if the user may change the size.
     bool Resizable() const { return resizable_; }
+    /// What shows between the controls.
+    Colour BackColor() const { return backColor_; }
     /// True once the program has chosen the place itself; otherwise the desktop puts the form in the middle.
     bool Placed() const { return placed_; }
 
@@ -108,7 +110,9 @@ class Form {
     /// The user logs off while the form refuses to close; the program may be gone a moment later.
     virtual void OnSessionEnd() {}
 
+    // Both before the form loads.
     void SetResizable(bool resizable) { resizable_ = resizable; }
+    void SetBackColor(Colour colour) { backColor_ = colour; }
 
   private:
     void TellPeer();
@@ -124,6 +128,7 @@ class Form {
     double top_ = 0;
     double width_ = 0;
     double height_ = 0;
+    Colour backColor_ = colour::ButtonFace;
     bool resizable_ = false;
     bool placed_ = false;
     bool loaded_ = false;

@@ -1,11 +1,12 @@
 #include "platform/qt/PictureWidget.h"
 
-#include <QFile>
 #include <QPainter>
+#include <QSvgRenderer>
 
 #include <cmath>
 
 #include "platform/qt/QtBitmaps.h"
+#include "platform/qt/ThemedPicture.h"
 
 namespace platform::qt {
 
@@ -25,18 +26,28 @@ QPointF OffsetToWholeDots(const QPainter& painter) {
 
 } // namespace
 
-PictureWidget::PictureWidget(QWidget* parent) : QWidget(parent) {
-    renderer_.setAspectRatioMode(Qt::KeepAspectRatio);
-}
+PictureWidget::PictureWidget(QWidget* parent) : QWidget(parent) {}
+
+PictureWidget::~PictureWidget() = default;
 
 void PictureWidget::SetPicture(const QString& name) {
-    if (name == name_) {
-        return;
+    if (name != name_) {
+        name_ = name;
+        renderer_.reset();
+        update();
     }
-    name_ = name;
-    const QString file = PictureFile(name);
-    named_ = QFile::exists(file) && renderer_.load(file);
-    update();
+}
+
+// Read when it is drawn for the first time, in colours for the background that it then has.
+bool PictureWidget::HasPicture() {
+    const QColor background = palette().color(QPalette::Window);
+    if (renderer_ == nullptr || background != background_) {
+        background_ = background;
+        renderer_ = std::make_unique<QSvgRenderer>();
+        renderer_->load(ThemedPicture(name_, background));
+        renderer_->setAspectRatioMode(Qt::KeepAspectRatio); // heeded only once there is a picture
+    }
+    return renderer_->isValid();
 }
 
 void PictureWidget::SetPage(std::shared_ptr<const PageBitmap> page) {
@@ -50,9 +61,9 @@ void PictureWidget::paintEvent(QPaintEvent* /*event*/) {
         painter.setRenderHint(QPainter::SmoothPixmapTransform);
         painter.translate(OffsetToWholeDots(painter));
         painter.drawImage(QPointF(0, 0), page->Image());
-    } else if (named_) {
+    } else if (!name_.isEmpty() && HasPicture()) {
         QPainter painter(this);
-        renderer_.render(&painter, QRectF(rect()));
+        renderer_->render(&painter, QRectF(rect()));
     }
 }
 

@@ -1,11 +1,13 @@
 #pragma once
 
-#include <QSvgRenderer>
+#include <QColor>
 #include <QWidget>
 
 #include <memory>
 
 #include "platform/Bitmaps.h"
+
+class QSvgRenderer;
 
 namespace platform::qt {
 
@@ -16,6 +18,7 @@ QString PictureFile(const QString& name);
 class PictureWidget final : public QWidget {
   public:
     explicit PictureWidget(QWidget* parent);
+    ~PictureWidget() override;
 
     /// Name of the picture; empty, or a name that the program does not have, shows none.
     void SetPicture(const QString& name);
@@ -26,9 +29,11 @@ class PictureWidget final : public QWidget {
     void paintEvent(QPaintEvent* event) override;
 
   private:
-    QSvgRenderer renderer_;
+    bool HasPicture();
+
+    std::unique_ptr<QSvgRenderer> renderer_;
     QString name_;
-    bool named_ = false;
+    QColor background_;
     std::shared_ptr<const PageBitmap> page_;
 };
 

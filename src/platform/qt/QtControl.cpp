@@ -1,5 +1,6 @@
 #include "platform/qt/QtControl.h"
 
+#include <QAccessible>
 #include <QApplication>
 #include <QFontInfo>
 #include <QMouseEvent>
@@ -11,8 +12,11 @@
 
 #include "platform/RuntimeError.h"
 #include "platform/forms/AccessibleNames.h"
+#include "platform/forms/Contrast.h"
 #include "platform/forms/Form.h"
+#include "platform/qt/Accessibility.h"
 #include "platform/qt/Fonts.h"
+#include "platform/qt/Outlines.h"
 #include "platform/qt/QtCheckBox.h"
 #include "platform/qt/QtColours.h"
 #include "platform/qt/QtComboBox.h"
@@ -77,6 +81,19 @@ constexpr std::array AllAspects{Aspect::Font,    Aspect::Colours, Aspect::Geomet
                                 Aspect::Picture, Aspect::Items,   Aspect::Text,     Aspect::Value,
                                 Aspect::ToolTip, Aspect::Enabled, Aspect::Visible};
 
+/// What assistive technology calls a kind that is no widget of the toolkit's own.
+struct Role {
+    ControlKind Kind;
+    QAccessible::Role Spoken;
+};
+
+constexpr std::array<Role, 4> Roles{{
+    {ControlKind::FlatButton, QAccessible::Button},
+    {ControlKind::PictureBox, QAccessible::Graphic},
+    {ControlKind::Toolbar, QAccessible::ToolBar},
+    {ControlKind::UpDown, QAccessible::Grouping},
+}};
+
 QString ObjectName(const forms::Control& control) {
     const QString name = ToQString(control.Name());
     return control.Index() == forms::Control::NoIndex
@@ -85,6 +102,16 @@ QString ObjectName(const forms::Control& control) {
 }
 
 constexpr double DesignFontSize = 9;
+
+// A theme has one colour for texts on its boxes and another for those on its windows; a form may put a label
+// on what looks like a box, or the other way round. Mostly they are the same, and nothing has to change.
+void UseText(QPalette& palette, QPalette::ColorRole drawn, QPalette::ColorRole wanted) {
+    for (const QPalette::ColorGroup group : {QPalette::Active, QPalette::Inactive, QPalette::Disabled}) {
+        if (palette.color(group, drawn) != palette.color(group, wanted)) {
+            palette.setColor(group, drawn, palette.color(group, wanted));
+        }
+    }
+}
 
 } // namespace
 
@@ -103,6 +130,11 @@ QtControl::QtControl(forms::Control& control, QtForm& form, QWidget* widget)
         return;
     }
     widget_->setObjectName(ObjectName(control));
+    const auto role = std::find_if(Roles.begin(), Roles.end(),
+                                   [&](const Role& candidate) { return candidate.Kind == control.Kind(); });
+    if (role != Roles.end()) {
+        widget_->setProperty(RoleProperty, static_cast<int>(role->Spoken));
+    }
     widget_->setFocusPolicy(control.TakesFocus() ? Qt::TabFocus : Qt::NoFocus);
     Watch(widget_);
 }
@@ -173,22 +205,42 @@ void QtControl::MirrorFont() {
 void QtControl::Colour() {
     const QPalette theme = QApplication::palette(widget_);
     QPalette palette = theme;
+    palette.setResolveMask(0); // what is not set below comes from what holds the control
+    const forms::Colour background = model_.ShownBackColor();
+    const bool filled = model_.BackColor() != forms::colour::Transparent;
+    const bool drawsItself = DrawsItself(model_.Kind());
+    if (filled) {
+        const QColor colour = ToQColor(background, theme);
+        for (const QPalette::ColorRole role : {QPalette::Window, QPalette::Base}) {
+            palette.setColor(role, colour);
+        }
+        widget_->setAutoFillBackground(!drawsItself);
+    }
+    if (drawsItself) {
+        Outline(palette, theme);
+    }
+    if (background == forms::colour::WindowBackground) {
+        UseText(palette, QPalette::WindowText, QPalette::Text);
+    } else if (filled) {
+        UseText(palette, QPalette::Text, QPalette::WindowText);
+    }
     if (model_.ForeColor() != forms::colour::WindowText) {
-        const QColor colour = ToQColor(model_.ForeColor(), theme);
+        const QColor colour = TextColour(theme);
         for (const QPalette::ColorRole role : {QPalette::WindowText, QPalette::Text, QPalette::ButtonText}) {
             palette.setColor(QPalette::Active, role, colour);
             palette.setColor(QPalette::Inactive, role, colour);
         }
     }
-    const bool filled = model_.BackColor() != forms::colour::Transparent;
-    if (filled) {
-        const QColor colour = ToQColor(model_.BackColor(), theme);
-        for (const QPalette::ColorRole role : {QPalette::Window, QPalette::Base}) {
-            palette.setColor(role, colour);
-        }
-        widget_->setAutoFillBackground(true);
-    }
     widget_->setPalette(palette);
+}
+
+// The theme may be dark, or ask for high contrast: a form's own colour then gives way.
+QColor QtControl::TextColour(const QPalette& theme) const {
+    const QColor wanted = ToQColor(model_.ForeColor(), theme);
+    const QColor background = ToQColor(model_.ShownBackColor(), theme);
+    const forms::Colour shown =
+        forms::Readable(FromQColor(wanted), FromQColor(background), forms::ContrastOfText);
+    return forms::colour::IsSystem(model_.ForeColor()) ? wanted : ToQColor(shown, theme);
 }
 
 void QtControl::TakeFocus() {

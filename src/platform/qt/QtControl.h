@@ -57,6 +57,7 @@ class QtControl : public QObject {
 
   private:
     void MirrorFont();
+    QColor TextColour(const QPalette& theme) const;
 
     forms::Control& model_;
     QtForm& form_;

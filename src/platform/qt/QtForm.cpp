@@ -1,7 +1,7 @@
 #include "platform/qt/QtForm.h"
 
+#include <QApplication>
 #include <QCursor>
-#include <QGuiApplication>
 #include <QKeyEvent>
 #include <QScopedValueRollback>
 #include <QScreen>
@@ -14,6 +14,8 @@
 #include "platform/Desktop.h"
 #include "platform/forms/AccessibleNames.h"
 #include "platform/forms/Form.h"
+#include "platform/qt/FocusRing.h"
+#include "platform/qt/QtColours.h"
 #include "platform/qt/QtDesktop.h"
 #include "platform/qt/QtMenuBar.h"
 #include "platform/qt/QtText.h"
@@ -95,6 +97,7 @@ QtForm::QtForm(forms::Form& form, QtDesktop& desktop)
             Find(*control);
         }
     }
+    Colour();
     // A label finds the control that its access key goes to only when all are there.
     for (const auto& control : controls_) {
         control->Mirror(forms::Aspect::Caption);
@@ -172,7 +175,7 @@ void QtForm::ShowPlace() {
 
 void QtForm::MoveToMiddle() {
     const QWidget* below = desktop_.TopWindow();
-    const QScreen* screen = below == nullptr ? QGuiApplication::primaryScreen() : below->screen();
+    const QScreen* screen = below == nullptr ? QApplication::primaryScreen() : below->screen();
     const QPoint middle =
         below == nullptr ? screen->availableGeometry().center() : below->frameGeometry().center();
     QRect frame = window_->frameGeometry();
@@ -267,6 +270,7 @@ bool QtForm::KeyPressed(const QKeyEvent& event, QtControl* control) {
     case key::Tab:
         window_->setAttribute(Qt::WA_KeyboardFocusChange);
         form_.UserKey(virtualKey, shift);
+        ShowFocus();
         return true;
     case key::Enter:
     case key::Escape:
@@ -287,11 +291,23 @@ bool QtForm::KeyPressed(const QKeyEvent& event, QtControl* control) {
     return false;
 }
 
+// Made when the user first takes to the Tab key.
+void QtForm::ShowFocus() {
+    if (ring_ == nullptr) {
+        ring_ = new FocusRing(window_.get());
+    }
+    const forms::Control* active = form_.ActiveControl();
+    ring_->Surround(active == nullptr ? nullptr : WidgetOf(*active));
+}
+
 void QtForm::FocusMoved(forms::Control* control) {
     if (control != nullptr) {
         Find(*control).TakeFocus();
     } else if (QWidget* holder = window_->focusWidget()) {
         holder->clearFocus();
+    }
+    if (ring_ != nullptr) {
+        ring_->Surround(control == nullptr ? nullptr : WidgetOf(*control));
     }
 }
 
@@ -359,7 +375,18 @@ bool QtForm::PointerIsOver(const forms::Control& control) {
            widget->rect().contains(widget->mapFromGlobal(QCursor::pos()));
 }
 
+// The window's own colour needs no filling.
+void QtForm::Colour() {
+    if (form_.BackColor() != forms::colour::ButtonFace) {
+        QPalette palette = QApplication::palette();
+        palette.setColor(QPalette::Window, ToQColor(form_.BackColor(), palette));
+        area_->setPalette(palette);
+        area_->setAutoFillBackground(true);
+    }
+}
+
 void QtForm::ThemeChanged() {
+    Colour();
     for (const auto& control : controls_) {
         control->Mirror(forms::Aspect::Colours);
     }

@@ -15,6 +15,7 @@
 namespace platform::qt {
 
 class QtDesktop;
+class FocusRing;
 class QtMenuBar;
 
 /// The real window of a form.
@@ -62,6 +63,8 @@ class QtForm final : public forms::FormPeer {
     /// Twips of the form's width that its window's frame takes.
     double FrameWidth() const;
     QSize WantedSize() const;
+    void Colour();
+    void ShowFocus();
     void ShowSize();
     void ShowPlace();
     void MoveToMiddle();
@@ -72,7 +75,8 @@ class QtForm final : public forms::FormPeer {
     forms::Form& form_;
     QtDesktop& desktop_;
     std::unique_ptr<QWidget> window_;
-    QWidget* area_; // where the controls are: the window, or what a menu bar leaves of it
+    FocusRing* ring_ = nullptr; // the window's
+    QWidget* area_;             // where the controls are: the window, or what a menu bar leaves of it
     QtMenuBar* menuBar_ = nullptr;
     forms::WindowProcedureTable::Window procedure_;
     std::vector<std::unique_ptr<QtControl>> controls_;

@@ -1,5 +1,6 @@
 #include "platform/qt/QtMenuBar.h"
 
+#include <QApplication>
 #include <QEvent>
 #include <QMenu>
 #include <QMenuBar>
@@ -40,6 +41,16 @@ void QtMenuBar::MirrorContent(forms::Aspect aspect) {
 // The bar opens a menu by its access key itself.
 bool QtMenuBar::eventFilter(QObject* watched, QEvent* event) {
     return event->type() != QEvent::Shortcut && QtControl::eventFilter(watched, event);
+}
+
+// The bar shows the window's background, and the toolkit draws its texts like those of buttons.
+void QtMenuBar::Colour() {
+    QPalette palette = QApplication::palette(bar_);
+    const QColor text = palette.color(QPalette::WindowText);
+    if (palette.color(QPalette::ButtonText) != text) {
+        palette.setColor(QPalette::ButtonText, text);
+    }
+    bar_->setPalette(palette);
 }
 
 int QtMenuBar::StripHeight() const {

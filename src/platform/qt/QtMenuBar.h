@@ -20,6 +20,7 @@ class QtMenuBar final : public QtControl {
 
   protected:
     void MirrorContent(forms::Aspect aspect) override;
+    void Colour() override;
     void Place() override;
 
   private:

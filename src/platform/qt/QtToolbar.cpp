@@ -4,9 +4,9 @@
 #include <QIcon>
 #include <QToolButton>
 
-#include "platform/qt/PictureWidget.h"
 #include "platform/qt/QtText.h"
 #include "platform/qt/Scale.h"
+#include "platform/qt/ThemedPicture.h"
 
 namespace platform::qt {
 
@@ -33,20 +33,24 @@ QWidget* QtToolbar::MakeButton(int number) {
     button->setObjectName(QStringLiteral("%1(%2)").arg(ToQString(model_.Name())).arg(number));
     button->setAutoRaise(true);
     button->setFocusPolicy(Qt::NoFocus);
-    QIcon icon(PictureFile(ToQString(model.Image)));
-    icon.addFile(PictureFile(ToQString(model.HotImage)), {}, QIcon::Active);
-    button->setIcon(icon);
     connect(button, &QToolButton::clicked, this, [this, number] { model_.UserClickButton(number); });
     return button;
+}
+
+void QtToolbar::MakeButtons() {
+    while (static_cast<int>(buttons_.size()) < model_.ButtonCount()) {
+        buttons_.push_back(MakeButton(static_cast<int>(buttons_.size()) + 1));
+        buttons_.back()->show();
+    }
+    ShowPictures();
 }
 
 void QtToolbar::MirrorContent(forms::Aspect aspect) {
     if (aspect != forms::Aspect::Items) {
         return;
     }
-    while (static_cast<int>(buttons_.size()) < model_.ButtonCount()) {
-        buttons_.push_back(MakeButton(static_cast<int>(buttons_.size()) + 1));
-        buttons_.back()->show();
+    if (static_cast<int>(buttons_.size()) < model_.ButtonCount()) {
+        MakeButtons();
     }
     for (int number = 1; number <= model_.ButtonCount(); ++number) {
         const forms::ToolbarButton& model = model_.Button(number);
@@ -57,6 +61,21 @@ void QtToolbar::MirrorContent(forms::Aspect aspect) {
             ToQString(model.AccessibleName.empty() ? model.ToolTipText : model.AccessibleName).trimmed());
     }
     Place();
+}
+
+void QtToolbar::Colour() {
+    QtControl::Colour();
+    ShowPictures();
+}
+
+void QtToolbar::ShowPictures() {
+    for (std::size_t at = 0; at < buttons_.size(); ++at) {
+        if (auto* button = qobject_cast<QToolButton*>(buttons_[at])) {
+            const forms::ToolbarButton& model = model_.Button(static_cast<int>(at) + 1);
+            button->setIcon(ThemedIcon(ToQString(model.Image), ToQString(model.HotImage),
+                                       Widget()->palette().color(QPalette::Window)));
+        }
+    }
 }
 
 void QtToolbar::Place() {

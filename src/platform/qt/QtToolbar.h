@@ -16,10 +16,13 @@ class QtToolbar final : public QtControl {
 
   protected:
     void MirrorContent(forms::Aspect aspect) override;
+    void Colour() override;
     void Place() override;
 
   private:
+    void MakeButtons();
     QWidget* MakeButton(int number);
+    void ShowPictures();
 
     forms::Toolbar& model_;
     std::vector<QWidget*> buttons_; // the button or the rule at each place

@@ -1,0 +1,76 @@
+#include "platform/qt/ThemedPicture.h"
+
+#include <QApplication>
+#include <QFile>
+#include <QIconEngine>
+#include <QPainter>
+#include <QPixmap>
+#include <QStyle>
+#include <QStyleOption>
+#include <QSvgRenderer>
+
+#include <memory>
+
+#include "platform/PictureInks.h"
+#include "platform/qt/PictureWidget.h"
+#include "platform/qt/QtColours.h"
+
+namespace platform::qt {
+
+namespace {
+
+/// Draws the picture anew for each size that a button asks for.
+class PictureEngine final : public QIconEngine {
+  public:
+    PictureEngine(QByteArray plain, QByteArray lit) : plain_(std::move(plain)), lit_(std::move(lit)) {}
+
+    void paint(QPainter* painter, const QRect& area, QIcon::Mode mode, QIcon::State state) override {
+        const double density = painter->device()->devicePixelRatio();
+        QPixmap drawn = pixmap(area.size() * density, mode, state);
+        drawn.setDevicePixelRatio(density);
+        painter->drawPixmap(area.topLeft(), drawn);
+    }
+
+    QPixmap pixmap(const QSize& size, QIcon::Mode mode, QIcon::State /*state*/) override {
+        QPixmap drawn(size);
+        drawn.fill(Qt::transparent);
+        QPainter painter(&drawn);
+        QSvgRenderer(mode == QIcon::Active ? lit_ : plain_).render(&painter);
+        painter.end();
+        if (mode != QIcon::Disabled) {
+            return drawn;
+        }
+        QStyleOption option;
+        option.palette = QApplication::palette();
+        return QApplication::style()->generatedIconPixmap(mode, drawn, &option);
+    }
+
+    QIconEngine* clone() const override { return new PictureEngine(*this); }
+
+  private:
+    QByteArray plain_;
+    QByteArray lit_;
+};
+
+} // namespace
+
+QByteArray ThemedPicture(const QString& name, const QColor& background) {
+    QFile file(PictureFile(name));
+    if (!file.open(QIODevice::ReadOnly)) {
+        return {};
+    }
+    QByteArray picture = file.readAll();
+    for (const forms::Colour drawn : ink::All) {
+        const forms::Colour shown = InkOn(drawn, FromQColor(background));
+        if (shown != drawn) {
+            picture.replace(ToQColor(drawn, {}).name().toLatin1(), ToQColor(shown, {}).name().toLatin1());
+        }
+    }
+    return picture;
+}
+
+QIcon ThemedIcon(const QString& name, const QString& lit, const QColor& background) {
+    return QIcon(new PictureEngine(ThemedPicture(name, background), ThemedPicture(lit, background)));
+}
+
+} // namespace platform::qt

@@ -1,0 +1,18 @@
+#pragma once
+
+#include <QByteArray>
+#include <QColor>
+#include <QIcon>
+#include <QString>
+
+namespace platform::qt {
+
+/// One of the program's own pictures as vectors, with its signs in colours that stand out from this
+/// background; empty if there is no such picture.
+QByteArray ThemedPicture(const QString& name, const QColor& background);
+
+/// A picture, and the one that takes its place under the mouse, as the icon of a button: sharp at each size
+/// and density.
+QIcon ThemedIcon(const QString& name, const QString& lit, const QColor& background);
+
+} // namespace platform::qt

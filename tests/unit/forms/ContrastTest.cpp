@@ -1,0 +1,93 @@
+#include "platform/forms/Contrast.h"
+
+#include <gtest/gtest.h>
+
+#include "platform/PictureInks.h"
+#include "platform/forms/Label.h"
+#include "platform/forms/PictureBox.h"
+#include "unit/forms/TestForm.h"
+
+namespace {
+
+using forms::colour::Rgb;
+
+constexpr forms::Colour White = Rgb(255, 255, 255);
+constexpr forms::Colour Black = Rgb(0, 0, 0);
+constexpr forms::Colour Dark = Rgb(0x35, 0x35, 0x35);
+constexpr forms::Colour Light = Rgb(0xEF, 0xEF, 0xEF);
+
+TEST(ContrastTest, IsTheRatioOfTheGuidelines) {
+    EXPECT_DOUBLE_EQ(forms::Contrast(White, Black), 21);
+    EXPECT_DOUBLE_EQ(forms::Contrast(Black, White), 21);
+    EXPECT_DOUBLE_EQ(forms::Contrast(Dark, Dark), 1);
+    EXPECT_NEAR(forms::Contrast(Rgb(0x76, 0x76, 0x76), White), 4.54, 0.005);
+    EXPECT_NEAR(forms::Contrast(Rgb(255, 0, 0), White), 4.00, 0.005);
+}
+
+TEST(ContrastTest, AMixtureLiesBetween) {
+    EXPECT_EQ(forms::Mixed(Black, White, 0), Black);
+    EXPECT_EQ(forms::Mixed(Black, White, 1), White);
+    EXPECT_EQ(forms::Mixed(Rgb(10, 20, 30), Rgb(20, 40, 60), 0.5), Rgb(15, 30, 45));
+}
+
+TEST(ContrastTest, AColourThatCanBeReadStays) {
+    const forms::Colour red = Rgb(0xB0, 0x30, 0x10);
+    EXPECT_EQ(forms::Readable(red, Light, forms::ContrastOfText), red);
+}
+
+TEST(ContrastTest, AColourThatCannotBeReadGivesWay) {
+    const forms::Colour red = Rgb(0xB0, 0x30, 0x10);
+    for (const forms::Colour background : {Dark, Black, red, Rgb(0x80, 0x80, 0x80), White}) {
+        for (const forms::Colour ink : {red, Dark, Light, background}) {
+            const forms::Colour shown = forms::Readable(ink, background, forms::ContrastOfText);
+            EXPECT_GE(forms::Contrast(shown, background), forms::ContrastOfText) << std::hex << background;
+        }
+    }
+}
+
+TEST(ContrastTest, TheHueOfAColourThatGivesWayIsKept) {
+    const forms::Colour shown = forms::Readable(Rgb(0xB0, 0x30, 0x10), Dark, forms::ContrastOfText);
+    EXPECT_GT(shown & 0xFF, (shown >> 16) & 0xFF);
+}
+
+TEST(ContrastTest, ASignStandsOutOfEachBackgroundAndOneThatIsOffKeepsToIt) {
+    for (const forms::Colour background :
+         {White, Light, Rgb(0xAB, 0xAB, 0xAB), Dark, Black, Rgb(0, 0, 0x80)}) {
+        const auto contrast = [&](forms::Colour drawn) {
+            return forms::Contrast(platform::InkOn(drawn, background), background);
+        };
+        EXPECT_GE(contrast(platform::ink::Sign), 3) << std::hex << background;
+        EXPECT_GE(contrast(platform::ink::SignLit), 3) << std::hex << background;
+        EXPECT_LE(contrast(platform::ink::SignOff), 2.2) << std::hex << background;
+        EXPECT_LT(contrast(platform::ink::Field), contrast(platform::ink::SignLit)) << std::hex << background;
+        EXPECT_GE(forms::Contrast(platform::InkOn(platform::ink::SignLit, background),
+                                  platform::InkOn(platform::ink::Field, background)),
+                  2.4)
+            << std::hex << background;
+    }
+}
+
+TEST(ContrastTest, AnUsualBackgroundHasThePicturesAsTheyAreDrawn) {
+    for (const forms::Colour drawn : platform::ink::All) {
+        EXPECT_EQ(platform::InkOn(drawn, Light), drawn);
+    }
+}
+
+TEST(ContrastTest, OtherColoursOfAPictureStay) {
+    EXPECT_EQ(platform::InkOn(Rgb(1, 2, 3), Black), Rgb(1, 2, 3));
+}
+
+TEST(ContrastTest, ABackgroundShowsThroughWhatHasNone) {
+    platform::MemoryPlatform memory;
+    forms::Session session(memory.desktop);
+    TestForm form(session);
+    forms::PictureBox panel(form, "panel");
+    forms::Label inside(form, "inside", forms::Control::NoIndex, &panel);
+    EXPECT_EQ(inside.ShownBackColor(), forms::colour::ButtonFace);
+    panel.SetBackColor(forms::colour::WindowBackground);
+    EXPECT_EQ(inside.ShownBackColor(), forms::colour::WindowBackground);
+    inside.SetBackColor(White);
+    EXPECT_EQ(inside.ShownBackColor(), White);
+}
+
+} // namespace
