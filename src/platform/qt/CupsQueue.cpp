@@ -5,8 +5,7 @@
 #include "platform/qt/CupsJob.h"
 #include "platform/qt/CupsStatus.h"
 #include "platform/qt/PaperTable.h"
-
-#include <QTemporaryFile>
+#include "platform/qt/PpdFile.h"
 
 #include <algorithm>
 #include <array>
@@ -76,16 +75,11 @@ ipp_attribute_t* NextQueue(ipp_t* answer, ipp_attribute_t* at) {
 /// answer.
 std::optional<CupsMedia> ReadMedia(CupsServer& server, ipp_t* attributes, const std::string& uri) {
     const CupsConnection connection = server.ConnectForFile();
-    QTemporaryFile ppd;
-    if (connection == nullptr || !ppd.open()) {
+    PpdFile ppd;
+    if (connection == nullptr || !ppd.Fetch(connection.get(), ResourceOf(uri) + ".ppd")) {
         return std::nullopt;
     }
-    const std::string resource = ResourceOf(uri) + ".ppd";
-    const http_status_t status = cupsGetFd(connection.get(), resource.c_str(), ppd.handle());
-    if (status == HTTP_STATUS_ERROR) {
-        return std::nullopt;
-    }
-    return MediaOfQueue(attributes, status == HTTP_STATUS_OK ? ppd.fileName().toStdString() : "");
+    return MediaOfQueue(attributes, ppd.Name());
 }
 
 /// The queue that the user prefers, by the environment or the user's own defaults; empty if they name none.
