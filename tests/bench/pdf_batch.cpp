@@ -6,6 +6,7 @@
 // makes the same texts at the same places with the toolkit's plainest calls, and nothing else.
 
 #include "bench/Batch.h"
+#include "bench/Measured.h"
 
 #include "platform/qt/Fonts.h"
 #include "platform/qt/PdfPrinter.h"
@@ -17,35 +18,16 @@
 #include <QPdfWriter>
 #include <QTemporaryDir>
 
-#include <chrono>
 #include <cstdio>
 #include <cstdlib>
-#include <cstring>
-#include <fstream>
 #include <string>
 #include <vector>
 
 namespace {
 
-constexpr int recordedForms = 249; // whole sheets
-constexpr int formsOnSheet = 3;
-constexpr double unitsPerTwip = 5;
-
-/// Peak memory of this process in kilobytes.
-long PeakMemory() {
-    std::ifstream status("/proc/self/status");
-    for (std::string line; std::getline(status, line);) {
-        if (line.starts_with("VmHWM:")) {
-            return std::strtol(line.c_str() + std::strlen("VmHWM:"), nullptr, 10);
-        }
-    }
-    return 0;
-}
-
-/// Starts the count of the peak anew.
-void ForgetPeak() {
-    std::ofstream("/proc/self/clear_refs") << '5';
-}
+constexpr int RecordedForms = 249; // whole sheets
+constexpr int FormsOnSheet = 3;
+constexpr double UnitsPerTwip = 5;
 
 platform::qt::QtPrinters PrintersFor(const QString& file, const QString& folder) {
     return platform::qt::QtPrinters(std::make_unique<platform::qt::PdfPrinter>(
@@ -106,7 +88,7 @@ class Recording final : public platform::Printer, private platform::Canvas {
             specs_.push_back(font);
             Fonts.push_back(platform::qt::DesignFont(font));
         }
-        Pages.back().push_back({QPointF(x, y) * unitsPerTwip,
+        Pages.back().push_back({QPointF(x, y) * UnitsPerTwip,
                                 QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size())), index});
     }
     void DrawLine(double, double, double, double, std::int32_t) override {}
@@ -122,7 +104,7 @@ void PrintFloor(const Recording& recording, int forms, const QString& file) {
     writer.setResolution(7200);
     writer.setPageLayout(QPageLayout(QPageSize(QPageSize::A4), QPageLayout::Portrait, QMarginsF()));
     QPainter painter(&writer);
-    const int pages = (forms + formsOnSheet - 1) / formsOnSheet;
+    const int pages = (forms + FormsOnSheet - 1) / FormsOnSheet;
     for (int page = 0; page < pages; ++page) {
         if (page > 0) {
             writer.newPage();
@@ -154,16 +136,14 @@ int main(int argc, char** argv) {
     platform::qt::QtPrinter measures(printers);
     Recording recording(measures);
     if (isFloor) {
-        bench::Batch(printers, recording).Print(recordedForms);
+        bench::Batch(printers, recording).Print(RecordedForms);
     }
-    ForgetPeak();
-    const auto start = std::chrono::steady_clock::now();
-    if (isFloor) {
-        PrintFloor(recording, forms, file);
-    } else {
-        PrintWithProgram(forms, file, folder.path());
-    }
-    const std::chrono::duration<double, std::milli> took = std::chrono::steady_clock::now() - start;
-    std::printf("{\"ms\": %.2f, \"peak_kb\": %ld}\n", took.count(), PeakMemory());
+    bench::TellMeasures([&] {
+        if (isFloor) {
+            PrintFloor(recording, forms, file);
+        } else {
+            PrintWithProgram(forms, file, folder.path());
+        }
+    });
     return 0;
 }

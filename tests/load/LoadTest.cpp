@@ -1,0 +1,124 @@
+// Loads beyond what a user asks of the program: each runs to its end, and nothing is left out.
+
+#include <gtest/gtest.h>
+
+#include <set>
+#include <string>
+#include <variant>
+
+#include "support/Allocations.h"
+#include "support/LoadedProgram.h"
+
+namespace {
+
+using support::LoadedProgram;
+
+constexpr int FormsOnSheet = 3;
+
+int Sheets(int forms) {
+    return (forms + FormsOnSheet - 1) / FormsOnSheet;
+}
+
+void ExpectForms(const LoadedProgram& program, int forms) {
+    EXPECT_EQ(program.Printer.Canvas.Forms, forms);
+    EXPECT_EQ(program.Printer.Canvas.Pages, Sheets(forms));
+    EXPECT_EQ(program.Printer.Canvas.Documents, 1);
+    EXPECT_TRUE(program.Memory.desktop.Messages().empty());
+    EXPECT_FALSE(program.State.PrintManagerOpen);
+}
+
+TEST(Load, MostFormsThatTheWizardTakes) {
+    LoadedProgram program;
+    program.Print(30000);
+    ExpectForms(program, 30000);
+}
+
+TEST(Load, FormsWithMostCopies) {
+    LoadedProgram program;
+    program.Print(101, 99);
+    ExpectForms(program, 101 * 99);
+}
+
+/// Takes minutes under the sanitizers.
+TEST(Load, ManyFormsWithMostCopies) {
+    LoadedProgram program;
+    program.Print(9999, 99);
+    ExpectForms(program, 9999 * 99);
+}
+
+TEST(Load, AllOfManyPrintersCanBeChosen) {
+    constexpr int Many = 200;
+    LoadedProgram program(Many);
+    std::set<std::string> asked;
+    program.Memory.recorder.Sink = [&](const platform::Event& event) {
+        for (const platform::EventField& field : event.Fields) {
+            if (event.Kind == "spooler" && field.Name == "printer") {
+                asked.insert(std::get<std::string>(field.Value));
+            }
+        }
+    };
+    program.ChooseEachPrinter();
+    EXPECT_EQ(asked.size(), static_cast<std::size_t>(Many));
+    // Who shows a printer's details keeps its handle until the program ends: the first one's, and one for
+    // each choice.
+    EXPECT_EQ(program.Memory.spooler.OpenHandles(), static_cast<std::size_t>(Many + 1));
+}
+
+// An opening asks the printer that it selects, however many there are.
+TEST(Load, AnOpeningAsksAsManyQuestionsWithManyPrintersAsWithOne) {
+    const auto questions = [](int printers) {
+        LoadedProgram program(printers);
+        int count = 0;
+        program.Memory.recorder.Sink = [&](const platform::Event& event) {
+            count += event.Kind == "spooler" ? 1 : 0;
+        };
+        program.OpenManager();
+        return count;
+    };
+    EXPECT_GT(questions(1), 0);
+    EXPECT_EQ(questions(200), questions(1));
+}
+
+// Of the long name the stub takes what fits, and the rest of the form has it whole.
+TEST(Load, ALongCreditorIsDrawn) {
+    constexpr int Length = 10000;
+    constexpr int Forms = 30;
+    LoadedProgram program(1, std::string(Length, 'a'));
+    program.Print(Forms);
+    ExpectForms(program, Forms);
+    EXPECT_GE(program.Printer.Canvas.Bytes, Length * Forms);
+    EXPECT_LT(program.Printer.Canvas.Bytes, 2 * Length * Forms);
+}
+
+// Who stores a setting keeps the handle of its key until the program ends, once for each opening.
+TEST(Load, ThousandOpeningsLeaveTheHandleOfASettingEachAndNothingElse) {
+    constexpr std::size_t Openings = 1000;
+    constexpr std::size_t BytesOfAHandle = 256;
+    LoadedProgram program;
+    program.OpenManager();
+    program.OpenManager();
+    const std::size_t bytes = support::AllocatedBytes();
+    const std::size_t settings = program.Memory.registry.OpenHandles();
+    const std::size_t printers = program.Memory.spooler.OpenHandles();
+    for (std::size_t i = 0; i < Openings; ++i) {
+        program.OpenManager();
+    }
+    EXPECT_EQ(program.Memory.registry.OpenHandles(), settings + Openings);
+    EXPECT_EQ(program.Memory.spooler.OpenHandles(), printers);
+    EXPECT_LE(support::AllocatedBytes(), bytes + Openings * BytesOfAHandle);
+    program.Print(3);
+    ExpectForms(program, 3);
+}
+
+TEST(Load, ALongRunHoldsNoMoreThanAShortOne) {
+    const auto held = [](int forms) {
+        LoadedProgram program;
+        program.Print(3);
+        const std::size_t before = support::AllocatedBytes();
+        program.Print(forms);
+        return support::AllocatedBytes() - before;
+    };
+    EXPECT_EQ(held(3000), held(30));
+}
+
+} // namespace
