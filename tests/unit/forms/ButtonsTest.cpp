@@ -98,6 +98,20 @@ TEST_F(ButtonsTest, TheSpaceBarPressesWhatHasTheFocus) {
     EXPECT_THAT(log, ElementsAre("ok", "check"));
 }
 
+TEST_F(ButtonsTest, AnotherKeyPressesNothing) {
+    OptionButton option(form, "option");
+    form.Show();
+    ok.SetFocus();
+    form.UserKey('A');
+    EXPECT_THAT(log, IsEmpty());
+    form.MoveFocus(option);
+    option.SetValue(false);
+    form.UserKey('A');
+    EXPECT_FALSE(option.Value());
+    form.UserKey(' ');
+    EXPECT_TRUE(option.Value());
+}
+
 TEST_F(ButtonsTest, ACheckBoxTurnsAtEachClickAndTellsChangesAlone) {
     CheckBox check(form, "check");
     check.OnClick = Log("check");

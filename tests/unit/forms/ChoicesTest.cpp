@@ -70,6 +70,15 @@ TEST_F(ChoicesTest, TheUserPicksWhatIsThere) {
     EXPECT_THAT(log, ElementsAre("click"));
 }
 
+TEST_F(ChoicesTest, AClickTakesTheFocusAndPicksNothing) {
+    form.Show();
+    EXPECT_TRUE(combo.UserClick());
+    EXPECT_EQ(form.ActiveControl(), &combo);
+    EXPECT_THAT(log, IsEmpty());
+    combo.SetEnabled(false);
+    EXPECT_FALSE(combo.UserClick());
+}
+
 TEST_F(ChoicesTest, APickIsLostWhereTheFocusDoesNotStay) {
     form.Show();
     box.OnLostFocus = [this] { box.SetFocus(); };

@@ -132,6 +132,15 @@ TEST_F(TextBoxTest, KeysOfTheFormReachTheBoxWithTheFocus) {
     EXPECT_EQ(box.Text(), "7aA ");
 }
 
+TEST_F(TextBoxTest, TheNumberPadTypesDigits) {
+    box.SetFocus();
+    constexpr int numericPad0 = 0x60;
+    form.UserKey(numericPad0);
+    form.UserKey(numericPad0 + 9);
+    form.UserKey(numericPad0 + 10); // the sign beside them
+    EXPECT_EQ(box.Text(), "09");
+}
+
 TEST_F(TextBoxTest, ASelectionStaysWithinTheText) {
     box.SetText("één");
     box.Select(-3, 99);

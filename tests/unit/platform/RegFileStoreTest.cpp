@@ -11,6 +11,7 @@
 #include <set>
 #include <string>
 
+#include <pwd.h>
 #include <sys/resource.h>
 #include <sys/stat.h>
 #include <unistd.h>
@@ -377,6 +378,14 @@ TEST_F(RegFileStoreTest, DefaultPathFollowsTheUsersConfiguration) {
     EXPECT_EQ(DefaultSettingsPath(), "/home/piet/.config/tarvik/settings.reg");
     unsetenv("XDG_CONFIG_HOME");
     EXPECT_EQ(DefaultSettingsPath(), "/home/piet/.config/tarvik/settings.reg");
+}
+
+TEST_F(RegFileStoreTest, WithoutAHomeTheDefaultPathIsInTheOneThatTheSystemKnows) {
+    const passwd* const user = getpwuid(getuid());
+    ASSERT_NE(user, nullptr);
+    unsetenv("XDG_CONFIG_HOME");
+    unsetenv("HOME");
+    EXPECT_EQ(DefaultSettingsPath(), std::string(user->pw_dir) + "/.config/tarvik/settings.reg");
 }
 
 class ExampleSettingsTest : public RegFileStoreTest {
