@@ -181,4 +181,17 @@ TEST_F(FormTest, TheHourglassDoesNotNest) {
     EXPECT_EQ(memory.desktop.MousePointer(), platform::PointerDefault);
 }
 
+TEST_F(FormTest, AFormOnShowIsNotShownOnceMoreToTakeAllInput) {
+    TestForm other(session, "frmOther");
+    other.Show();
+    bool isAsked = false;
+    memory.desktop.OnModal = [&isAsked](forms::Form& /*form*/) {
+        isAsked = true;
+        return false;
+    };
+    other.ShowModal();
+    EXPECT_FALSE(isAsked);
+    EXPECT_TRUE(other.Visible());
+}
+
 } // namespace

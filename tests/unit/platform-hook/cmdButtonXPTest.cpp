@@ -394,4 +394,21 @@ TEST_F(FlatButtonTest, AThousandFormsLeaveNoWindowBehind) {
     EXPECT_THAT(session.OpenForms(), ElementsAre(&form));
 }
 
+TEST_F(FlatButtonTest, ADisabledOneKeepsItsLookWhereItIsToStick) {
+    button.SetEnabled(false);
+    button.StickButton();
+    EXPECT_EQ(button.iState(), Disabled);
+}
+
+TEST_F(FlatButtonTest, AClickThatNobodyAwaitsLeavesItUsable) {
+    button.Click = nullptr;
+    EXPECT_TRUE(button.UserClick());
+    EXPECT_EQ(button.iState(), Normal);
+    Over();
+    Tick();
+    EXPECT_NE(button.iState(), Disabled);
+    EXPECT_TRUE(button.UserDblClick());
+    EXPECT_THAT(events, ElementsAre("double click"));
+}
+
 } // namespace
