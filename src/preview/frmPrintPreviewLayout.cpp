@@ -89,9 +89,11 @@ void frmPrintPreview::LayOut() {
         line->SetEnds(0, number * gripLineGap + gripLineGap, 60, number * gripLineGap + gripLineGap);
     }
     Toolbar.Move(180, 60, 4635, 570);
+    Toolbar.SetAccessibleName("Werkbalk");
     FillToolbar();
 
     StatusBar.Move(0, 0, 0, StatusBarHeight);
+    StatusBar.SetAccessibleName("Statusbalk");
     StatusBar.SetBackColor(forms::colour::ButtonFace);
     FillMenu();
 }
@@ -127,6 +129,7 @@ void frmPrintPreview::FillToolbar() {
 }
 
 void frmPrintPreview::FillMenu() {
+    SSActiveToolBars.SetAccessibleName("Menubalk");
     SSActiveToolBars.AddMenu({"ID_Overzicht",
                               "&Overzicht",
                               {{"ID_Afdrukken", "Afdrukken", false},

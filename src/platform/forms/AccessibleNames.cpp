@@ -1,6 +1,7 @@
 #include "platform/forms/AccessibleNames.h"
 
 #include <algorithm>
+#include <array>
 #include <limits>
 #include <vector>
 
@@ -57,6 +58,12 @@ std::string WithoutColon(std::string text) {
 
 } // namespace
 
+bool IsNamedByLabel(const Control& control) {
+    constexpr std::array kinds{ControlKind::ComboBox, ControlKind::ListBox, ControlKind::ProgressBar,
+                               ControlKind::TextBox, ControlKind::UpDown};
+    return std::find(kinds.begin(), kinds.end(), control.Kind()) != kinds.end();
+}
+
 const Label* NearestLabel(const Control& control) {
     const Label* nearest = nullptr;
     double best = std::numeric_limits<double>::infinity();
@@ -93,13 +100,12 @@ std::string AccessibleNameOf(const Control& control) {
             control.Kind() != ControlKind::Label || static_cast<const Label&>(control).UseMnemonic();
         return marked ? WithoutAccessKey(*text) : *text;
     }
-    if (control.TakesFocus() || control.Kind() == ControlKind::ProgressBar ||
-        control.Kind() == ControlKind::UpDown) {
+    if (IsNamedByLabel(control)) {
         if (const Label* label = NearestLabel(control)) {
             return WithoutColon(WithoutAccessKey(label->Caption()));
         }
     }
-    return control.ToolTipText().empty() ? control.Name() : control.ToolTipText();
+    return control.ToolTipText();
 }
 
 Control* AccessKeyTarget(const Label& label) {

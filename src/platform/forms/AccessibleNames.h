@@ -8,8 +8,12 @@ class Control;
 class Label;
 
 /// What assistive technology reads for a control: the name that the form gives, the control's own text, the
-/// label that stands at its left or above it, or the tool tip.
+/// label that stands at its left or above it, or the tool tip. Empty for what only decorates.
 std::string AccessibleNameOf(const Control& control);
+
+/// True for a control that a user knows by the label beside it, as it shows no text of its own that tells
+/// what it is for.
+bool IsNamedByLabel(const Control& control);
 
 /// The label at the left of a control or above it, by which a user knows it; nullptr if there is none.
 const Label* NearestLabel(const Control& control);

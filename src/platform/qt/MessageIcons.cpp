@@ -16,12 +16,13 @@ struct MessagePicture {
     QMessageBox::Icon Icon;
     const char* ThemeName;
     const char* Picture;
+    const char* Name;
 };
 
 constexpr MessagePicture Pictures[] = {
-    {QMessageBox::Information, "dialog-information", "message-information"},
-    {QMessageBox::Warning, "dialog-warning", "message-exclamation"},
-    {QMessageBox::Critical, "dialog-error", "message-critical"},
+    {QMessageBox::Information, "dialog-information", "message-information", "Informatie"},
+    {QMessageBox::Warning, "dialog-warning", "message-exclamation", "Waarschuwing"},
+    {QMessageBox::Critical, "dialog-error", "message-critical", "Fout"},
 };
 
 } // namespace
@@ -30,8 +31,11 @@ void SharpenIcon(QMessageBox& box) {
     // Not setIconPixmap: the box would no longer know its kind, which assistive technology reads.
     auto* label = box.findChild<QLabel*>(QStringLiteral("qt_msgboxex_icon_label"));
     for (const MessagePicture& row : Pictures) {
-        if (label == nullptr || row.Icon != box.icon() ||
-            QIcon::hasThemeIcon(QString::fromLatin1(row.ThemeName))) {
+        if (label == nullptr || row.Icon != box.icon()) {
+            continue;
+        }
+        label->setAccessibleName(QString::fromLatin1(row.Name));
+        if (QIcon::hasThemeIcon(QString::fromLatin1(row.ThemeName))) {
             continue;
         }
         const int size = box.style()->pixelMetric(QStyle::PM_MessageBoxIconSize, nullptr, &box);

@@ -17,6 +17,7 @@
 #include "platform/qt/FocusRing.h"
 #include "platform/qt/QtColours.h"
 #include "platform/qt/QtDesktop.h"
+#include "platform/qt/QtLabel.h"
 #include "platform/qt/QtMenuBar.h"
 #include "platform/qt/QtText.h"
 #include "platform/qt/QtWindow.h"
@@ -204,6 +205,16 @@ void QtForm::NameControls() {
     for (const auto& control : controls_) {
         if (QWidget* widget = control->Widget()) {
             widget->setAccessibleName(ToQString(AccessibleNameOf(control->Model())));
+            TieLabel(control->Model(), widget);
+        }
+    }
+}
+
+// The arrows beside a box share its label, which belongs to the box.
+void QtForm::TieLabel(const forms::Control& control, QWidget* widget) {
+    if (IsNamedByLabel(control) && control.Kind() != forms::ControlKind::UpDown) {
+        if (const forms::Label* label = NearestLabel(control)) {
+            static_cast<QtLabel&>(*byModel_.at(label)).NameWidget(widget);
         }
     }
 }

@@ -71,6 +71,7 @@ class QtForm final : public forms::FormPeer {
     void ShowBounds();
     void PlaceBars();
     void NameControls();
+    void TieLabel(const forms::Control& control, QWidget* widget);
 
     forms::Form& form_;
     QtDesktop& desktop_;

@@ -12,6 +12,15 @@
 
 namespace platform::qt {
 
+namespace {
+
+/// A text in which no "&" marks an access key.
+QString WithoutMarks(QString text) {
+    return text.replace(QStringLiteral("&"), QStringLiteral("&&"));
+}
+
+} // namespace
+
 QtLabel::QtLabel(forms::Label& control, QtForm& form, QWidget* parent)
     : QtControl(control, form, new QLabel(parent)), model_(control), label_(static_cast<QLabel*>(Widget())) {
     label_->setTextFormat(Qt::PlainText);
@@ -62,14 +71,19 @@ void QtLabel::MirrorContent(forms::Aspect aspect) {
     ShowText();
 }
 
+void QtLabel::NameWidget(QWidget* named) {
+    named_ = named;
+    ShowText();
+}
+
 void QtLabel::ShowText() {
     // The toolkit reads a "&" as a mark only where the label has a control to go to.
     const forms::Control* target = AccessKeyTarget(model_);
-    label_->setBuddy(target == nullptr ? nullptr : Form().WidgetOf(*target));
-    const bool marked = model_.UseMnemonic() && label_->buddy() == nullptr;
+    label_->setBuddy(target == nullptr ? named_ : Form().WidgetOf(*target));
+    const bool marked = model_.UseMnemonic() && target == nullptr;
     const QString text = ToQString(marked ? forms::WithoutAccessKey(model_.Caption()) : model_.Caption());
     const QString shown = Fitting(text);
-    label_->setText(shown);
+    label_->setText(target == nullptr && named_ != nullptr ? WithoutMarks(shown) : shown);
     label_->setToolTip(PlainToolTip(shown == text ? ToQString(model_.ToolTipText()) : text));
 }
 

@@ -11,6 +11,9 @@ class QtLabel final : public QtControl {
   public:
     QtLabel(forms::Label& control, QtForm& form, QWidget* parent);
 
+    /// This label tells what another widget is for.
+    void NameWidget(QWidget* named);
+
     bool eventFilter(QObject* watched, QEvent* event) override;
 
   protected:
@@ -23,6 +26,7 @@ class QtLabel final : public QtControl {
 
     forms::Label& model_;
     QLabel* label_;
+    QWidget* named_ = nullptr;
 };
 
 } // namespace platform::qt

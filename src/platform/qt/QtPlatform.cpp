@@ -4,6 +4,7 @@
 #include <QLibraryInfo>
 #include <QTranslator>
 
+#include "platform/qt/Accessibility.h"
 #include "platform/qt/Fonts.h"
 
 // Resources of a static library are not there until they are asked for, and that from outside any namespace.
@@ -15,6 +16,7 @@ namespace platform::qt {
 
 DutchApplication::DutchApplication(int& argc, char** argv) : QApplication(argc, argv) {
     LoadPictures();
+    InstallAccessibility();
     LoadPackagedFonts(); // before any text is laid out: the toolkit loads all fonts anew when one is added
     auto* translator = new QTranslator(this);
     if (translator->load(QStringLiteral("qtbase_nl"), QLibraryInfo::path(QLibraryInfo::TranslationsPath))) {
