@@ -180,8 +180,11 @@ void frmMain::LayOut() {
     lineButtons.SetEnds(0, PanelTop + PanelHeight, FormWidth, PanelTop + PanelHeight);
     lineButtons.SetForeColor(forms::colour::ButtonShadow);
 
+    static constexpr const char* pageNames[] = {"Incassant en instellingen", "Procedure",
+                                                "Omvang van de testpartij", "Afdrukken"};
     for (const auto& [index, panel] : WizardPanel) {
         panel->Move(0, PanelTop, FormWidth, PanelHeight);
+        panel->SetAccessibleName(pageNames[index]);
     }
     for (const PageText& text : PageTexts) {
         addText(text, text.Page);
@@ -270,12 +273,11 @@ void frmMain::LayOut() {
         double Top;
         int TabIndex;
     };
-    // A button that a page disables passes the focus on to the next in this order. "Verder" stands right
-    // before the count, and "Terug" last of all, before the first box: the focus never falls on the button
-    // that closes.
+    // As they stand, after all that a page asks for. A button that is disabled passes the focus on to the
+    // next.
     const Button buttons[] = {
-        {Terug, "< &Terug", 5265, ButtonTop, 51},
-        {Verder, "&Volgende >", 6825, ButtonTop, 39},
+        {Terug, "< &Terug", 5265, ButtonTop, 42},
+        {Verder, "&Volgende >", 6825, ButtonTop, 43},
         {Cancel, "&Sluiten", 8460, ButtonTop, 50},
         {cmdPrinten, "Af&drukken", 6600, 570, 41},
     };
