@@ -35,6 +35,7 @@ class Office:
             self.ids = Ids.of(self.prefix, build)
             self.agent = Agent(self.prefix.command(), build / "bin" / "win_agent.exe", log)
             ends.callback(self.agent.close)
+            self._build, self._log = build, log
             self.program = self.prefix.windows_path(build / "bin" / "drukkeuring.exe")
             self.user = Player(self.agent, Registry(self.agent), self.program, self.ids)
             self._ends = ends.pop_all()
@@ -44,6 +45,14 @@ class Office:
 
     def __exit__(self, *_):
         self._ends.close()
+
+    def use_screen(self, display):
+        """Windows appear on this X display from now on. Before the program starts."""
+        self.agent.close()
+        self.prefix.use_screen(display)
+        self.agent = Agent(self.prefix.command(), self._build / "bin" / "win_agent.exe", self._log)
+        self._ends.callback(self.agent.close)
+        self.user = Player(self.agent, Registry(self.agent), self.program, self.ids)
 
     def play(self, *lines):
         self.user.play(lines, finish=False)

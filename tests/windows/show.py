@@ -1,7 +1,7 @@
 #!/usr/bin/env python3
 """Starts the Windows program under Wine in a Windows of the user's own.
 
-    show.py --build FOLDER --settings FILE.reg --out FOLDER [--dpi 192]
+    show.py --build FOLDER --settings FILE.reg --out FOLDER [--dpi 192] [--contrast]
 
 On a display the program is there to be used. Without one it plays a demonstration on a screen that nobody sees: a picture of
 each window, and the three documents as PDF, are left in the folder.
@@ -13,6 +13,7 @@ import pathlib
 import shutil
 import subprocess
 import tempfile
+import time
 
 from agent import Agent, Registry
 from control_ids import Ids
@@ -40,6 +41,7 @@ STORY = [
     ("key frmPrintPreview 34", "preview-2"),
     ("key frmPrintPreview 27", None),
 ]
+PAUSE, PATIENCE = 0.3, 10  # seconds between two pictures of a window, and how often it is tried
 DOCUMENTS = ["testformulieren", "naamlijst", "kalibratie"]
 
 
@@ -63,10 +65,18 @@ class Screen:
         self.server.wait()
 
     def picture(self, area, file):
-        """Saves a part of the screen: left, top, width, height in dots."""
+        """Saves a part of the screen as soon as nothing more is drawn there: left, top, width, height in dots."""
         left, top, width, height = area
-        subprocess.run(["import", "-display", self.display, "-window", "root", "-crop",
-                        f"{width}x{height}+{left}+{top}", "+repage", str(file)], check=True)
+        before = None
+        for _ in range(PATIENCE):
+            made = subprocess.run(["import", "-display", self.display, "-window", "root", "-crop",
+                                   f"{width}x{height}+{left}+{top}", "+repage", "-define", "png:exclude-chunks=date,time",
+                                   "png:-"], check=True, capture_output=True).stdout
+            if made == before:
+                break
+            before = made
+            time.sleep(PAUSE)
+        file.write_bytes(made)
 
 
 def as_pdf(document, file):
@@ -107,11 +117,14 @@ def main():
     parser.add_argument("--settings", type=pathlib.Path, required=True)
     parser.add_argument("--out", type=pathlib.Path, required=True)
     parser.add_argument("--dpi", type=int, default=96)
+    parser.add_argument("--contrast", action="store_true", help="in a theme of high contrast")
     arguments = parser.parse_args()
     display = os.environ.get("DISPLAY")
     if not display:
         with WinePrefix.for_test(arguments.build) as prefix:
             prefix.import_settings(arguments.settings)
+            if arguments.contrast:
+                prefix.use_high_contrast()
             demonstrate(prefix, arguments.build, arguments.out, arguments.dpi)
         return
     prefix = user_prefix(arguments.build)

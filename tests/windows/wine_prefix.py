@@ -32,6 +32,19 @@ SETTINGS = r"""Windows Registry Editor Version 5.00
 """
 
 
+# What Control Panel has for each colour of the system under a theme of high contrast.
+BLACK, WHITE, YELLOW, GREEN, CYAN = "0 0 0", "255 255 255", "255 255 0", "0 192 0", "0 255 255"
+HIGH_CONTRAST = {
+    "ActiveBorder": WHITE, "ActiveTitle": BLACK, "AppWorkSpace": BLACK, "Background": BLACK, "ButtonAlternateFace": BLACK,
+    "ButtonDkShadow": WHITE, "ButtonFace": BLACK, "ButtonHilight": WHITE, "ButtonLight": WHITE, "ButtonShadow": WHITE,
+    "ButtonText": YELLOW, "GradientActiveTitle": BLACK, "GradientInactiveTitle": BLACK, "GrayText": GREEN,
+    "Hilight": CYAN, "HilightText": BLACK, "HotTrackingColor": CYAN, "InactiveBorder": WHITE, "InactiveTitle": BLACK,
+    "InactiveTitleText": WHITE, "InfoText": WHITE, "InfoWindow": BLACK, "Menu": BLACK, "MenuBar": BLACK,
+    "MenuHilight": CYAN, "MenuText": YELLOW, "Scrollbar": BLACK, "TitleText": WHITE, "Window": BLACK,
+    "WindowFrame": WHITE, "WindowText": WHITE,
+}
+
+
 def skip(reason):
     print(f"skipped: {reason}")
     sys.exit(SKIPPED)
@@ -116,6 +129,17 @@ class WinePrefix:
 
     def import_settings(self, reg_file):
         self.run("reg", "import", self.windows_path(reg_file))
+
+    def use_high_contrast(self):
+        """The colours of a desktop for users who see badly: yellow and white upon black, without the theme's pictures."""
+        rows = [f'"{name}"="{colour}"' for name, colour in HIGH_CONTRAST.items()]
+        file = self.folder / "contrast.reg"
+        file.write_text("\n".join([
+            "Windows Registry Editor Version 5.00", "", r"[HKEY_CURRENT_USER\Control Panel\Colors]", *rows, "",
+            r"[HKEY_CURRENT_USER\Software\Microsoft\Windows\CurrentVersion\ThemeManager]", '"ThemeActive"="0"', ""]),
+            encoding="utf-16")
+        self.import_settings(file)
+        self.stop()
 
     def use_screen(self, display, dpi=96):
         """Windows appear on this X display from now on, with so many dots to the inch; 96 is 100 %."""

@@ -1,18 +1,16 @@
 #include "platform/windows/Colours.h"
 
+#include "platform/forms/Contrast.h"
+
 namespace platform::windows {
 
 namespace {
 
-constexpr forms::Colour SystemBit = 0x80000000;
-
-bool IsSystemColour(forms::Colour colour) {
-    return colour != forms::colour::Transparent && (colour & SystemBit) != 0;
-}
+constexpr forms::Colour NumberBits = 0x7FFFFFFF;
 
 // Forms number the system's colours as the system does.
 int SystemIndex(forms::Colour colour) {
-    return static_cast<int>(colour & ~SystemBit);
+    return static_cast<int>(colour & NumberBits);
 }
 
 bool HighContrast() {
@@ -25,33 +23,28 @@ bool HighContrast() {
 } // namespace
 
 COLORREF ToColourRef(forms::Colour colour) {
-    return IsSystemColour(colour) ? ::GetSysColor(SystemIndex(colour)) : colour & ~SystemBit;
+    return forms::colour::IsSystem(colour) ? ::GetSysColor(SystemIndex(colour)) : colour & NumberBits;
 }
 
 HBRUSH BrushFor(HDC device, forms::Colour colour) {
-    if (IsSystemColour(colour)) {
+    if (forms::colour::IsSystem(colour)) {
         return ::GetSysColorBrush(SystemIndex(colour));
     }
     ::SetDCBrushColor(device, ToColourRef(colour));
     return static_cast<HBRUSH>(::GetStockObject(DC_BRUSH));
 }
 
-forms::Colour BackgroundOf(const forms::Control& control) {
-    for (const forms::Control* holder = &control; holder != nullptr; holder = holder->Container()) {
-        if (holder->BackColor() != forms::colour::Transparent) {
-            return holder->BackColor();
-        }
-    }
-    return forms::colour::ButtonFace;
-}
-
 COLORREF TextColourOf(const forms::Control& control) {
-    const forms::Colour usual = BackgroundOf(control) == forms::colour::ButtonFace
-                                    ? forms::colour::ButtonText
-                                    : forms::colour::WindowText;
+    const forms::Colour background = control.ShownBackColor();
+    const forms::Colour usual =
+        background == forms::colour::ButtonFace ? forms::colour::ButtonText : forms::colour::WindowText;
     const bool plain = control.ForeColor() == forms::colour::WindowText;
-    const bool foreign = !IsSystemColour(control.ForeColor()) && HighContrast();
-    return ToColourRef(plain || foreign ? usual : control.ForeColor());
+    const bool foreign = !forms::colour::IsSystem(control.ForeColor());
+    if (plain || (foreign && HighContrast())) {
+        return ToColourRef(usual);
+    }
+    const COLORREF wanted = ToColourRef(control.ForeColor());
+    return foreign ? forms::Readable(wanted, ToColourRef(background), forms::ContrastOfText) : wanted;
 }
 
 } // namespace platform::windows

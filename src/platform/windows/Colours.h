@@ -12,11 +12,9 @@ COLORREF ToColourRef(forms::Colour colour);
 /// A brush for a background, which nobody has to release; a colour of the form's own is set on the device.
 HBRUSH BrushFor(HDC device, forms::Colour colour);
 
-/// The background that shows in a control: its own, or that of what holds it.
-forms::Colour BackgroundOf(const forms::Control& control);
-
 /// The colour of a control's text upon that background. A user who has asked for high contrast gets the
-/// system's in place of a form's own.
+/// system's in place of a form's own; elsewhere a form's own is made lighter or darker where it could not be
+/// read.
 COLORREF TextColourOf(const forms::Control& control);
 
 } // namespace platform::windows

@@ -59,7 +59,7 @@ void ShowPicture(HDC device, const RECT& area, const PictureContent& content) {
     }
     const Selected selected(whole.Get(), dots.Get());
     Fill(whole.Get(), area, content.Background);
-    DrawPicture(whole.Get(), content.Picture, area);
+    DrawPicture(whole.Get(), content.Picture, area, content.Background);
     ::BitBlt(device, 0, 0, area.right, area.bottom, whole.Get(), 0, 0, SRCCOPY);
 }
 

@@ -1,12 +1,13 @@
 #include "platform/windows/VectorPicture.h"
 
+#include "platform/PictureInks.h"
 #include "platform/windows/GdiPlus.h"
 #include "platform/windows/VectorPictureTable.h"
 
 #include <algorithm>
 #include <cstring>
 #include <map>
-#include <utility>
+#include <tuple>
 #include <vector>
 
 namespace platform::windows {
@@ -53,9 +54,19 @@ void AddSteps(Gdiplus::GpPath* path, std::span<const PathStep> steps) {
     }
 }
 
-void Stroke(Gdiplus::GpGraphics* graphics, Gdiplus::GpPath* path, const PictureShape& shape) {
+/// A colour of a picture, ARGB as in the table, as it is shown on this background.
+Gdiplus::ARGB Shown(std::uint32_t drawn, COLORREF background) {
+    constexpr std::uint32_t opaque = 0xFF000000;
+    const forms::Colour ink =
+        InkOn(forms::colour::Rgb((drawn >> 16) & 0xFF, (drawn >> 8) & 0xFF, drawn & 0xFF), background);
+    return opaque | static_cast<std::uint32_t>(GetRValue(ink)) << 16 |
+           static_cast<std::uint32_t>(GetGValue(ink)) << 8 | GetBValue(ink);
+}
+
+void Stroke(Gdiplus::GpGraphics* graphics, Gdiplus::GpPath* path, const PictureShape& shape,
+            COLORREF background) {
     GdiPlusPen pen;
-    gdip::GdipCreatePen1(shape.Stroke, shape.Width, Gdiplus::UnitWorld, pen.Receive());
+    gdip::GdipCreatePen1(Shown(shape.Stroke, background), shape.Width, Gdiplus::UnitWorld, pen.Receive());
     if (shape.RoundCaps) {
         gdip::GdipSetPenLineCap197819(pen.Get(), Gdiplus::LineCapRound, Gdiplus::LineCapRound,
                                       Gdiplus::DashCapRound);
@@ -70,17 +81,17 @@ void Stroke(Gdiplus::GpGraphics* graphics, Gdiplus::GpPath* path, const PictureS
     gdip::GdipDrawPath(graphics, pen.Get(), path);
 }
 
-void DrawShape(Gdiplus::GpGraphics* graphics, const PictureShape& shape) {
+void DrawShape(Gdiplus::GpGraphics* graphics, const PictureShape& shape, COLORREF background) {
     GdiPlusPath path;
     gdip::GdipCreatePath(Gdiplus::FillModeWinding, path.Receive());
     AddSteps(path.Get(), Part(AllPictures().Steps, shape.FirstStep, shape.EndStep));
     if (shape.Fill != 0) {
         GdiPlusBrush brush;
-        gdip::GdipCreateSolidFill(shape.Fill, brush.Receive());
+        gdip::GdipCreateSolidFill(Shown(shape.Fill, background), brush.Receive());
         gdip::GdipFillPath(graphics, brush.Get(), path.Get());
     }
     if (shape.Stroke != 0) {
-        Stroke(graphics, path.Get(), shape);
+        Stroke(graphics, path.Get(), shape, background);
     }
 }
 
@@ -89,7 +100,7 @@ class Dots {
   public:
     Dots(int width, int height, void* bits) : width_(width), height_(height), bits_(bits) {}
 
-    void Draw(const PictureRow& picture, Gdiplus::PixelFormat format) {
+    void Draw(const PictureRow& picture, Gdiplus::PixelFormat format, COLORREF background) {
         GdiPlusBitmap bitmap;
         GdiPlusGraphics graphics;
         if (gdip::GdipCreateBitmapFromScan0(width_, height_, 4 * width_, format, static_cast<BYTE*>(bits_),
@@ -106,7 +117,7 @@ class Dots {
             (static_cast<float>(height_) - picture.Height * scale) / 2, Gdiplus::MatrixOrderPrepend);
         gdip::GdipScaleWorldTransform(graphics.Get(), scale, scale, Gdiplus::MatrixOrderPrepend);
         for (const PictureShape& shape : Part(AllPictures().Shapes, picture.FirstShape, picture.EndShape)) {
-            DrawShape(graphics.Get(), shape);
+            DrawShape(graphics.Get(), shape, background);
         }
     }
 
@@ -127,23 +138,23 @@ BITMAPINFO InfoFor(int width, int height) {
     return info;
 }
 
-Bitmap DrawnBitmap(const PictureRow& picture, int width, int height) {
+Bitmap DrawnBitmap(const PictureRow& picture, int width, int height, COLORREF background) {
     const BITMAPINFO info = InfoFor(width, height);
     void* bits = nullptr;
     Bitmap bitmap(::CreateDIBSection(nullptr, &info, DIB_RGB_COLORS, &bits, nullptr, 0));
     if (bitmap) {
-        Dots(width, height, bits).Draw(picture, PixelFormat32bppPARGB);
+        Dots(width, height, bits).Draw(picture, PixelFormat32bppPARGB, background);
     }
     return bitmap;
 }
 
-/// Pictures that have been drawn, by name and size. A window shows few, at the one or two sizes of its
-/// screens, so they stay.
-HBITMAP KeptBitmap(const PictureRow& picture, int width, int height) {
-    static std::map<std::pair<const PictureRow*, std::pair<int, int>>, Bitmap> kept;
-    Bitmap& bitmap = kept[{&picture, {width, height}}];
+/// Pictures that have been drawn. A window shows few, at the one or two sizes of its screens and on one
+/// background, so they stay.
+HBITMAP KeptBitmap(const PictureRow& picture, int width, int height, COLORREF background) {
+    static std::map<std::tuple<const PictureRow*, int, int, COLORREF>, Bitmap> kept;
+    Bitmap& bitmap = kept[{&picture, width, height, background}];
     if (!bitmap) {
-        bitmap = DrawnBitmap(picture, width, height);
+        bitmap = DrawnBitmap(picture, width, height, background);
     }
     return bitmap.Get();
 }
@@ -151,7 +162,7 @@ HBITMAP KeptBitmap(const PictureRow& picture, int width, int height) {
 void Fade(std::vector<BYTE>& dots) {
     constexpr int opaque = 3;
     for (std::size_t at = opaque; at < dots.size(); at += 4) {
-        dots[at] = static_cast<BYTE>(dots[at] * 2 / 5);
+        dots[at] = static_cast<BYTE>(dots[at] * 11 / 20);
     }
 }
 
@@ -161,14 +172,14 @@ bool IsPicture(const std::string& name) {
     return Find(name) != nullptr;
 }
 
-void DrawPicture(HDC device, const std::string& name, const RECT& area) {
+void DrawPicture(HDC device, const std::string& name, const RECT& area, COLORREF background) {
     const int width = area.right - area.left;
     const int height = area.bottom - area.top;
     const PictureRow* picture = Find(name);
     if (picture == nullptr || width <= 0 || height <= 0 || !GdiPlus::Started()) {
         return;
     }
-    HBITMAP bitmap = KeptBitmap(*picture, width, height);
+    HBITMAP bitmap = KeptBitmap(*picture, width, height, background);
     const DeviceContext source(::CreateCompatibleDC(device));
     if (bitmap == nullptr || !source) {
         return;
@@ -178,13 +189,13 @@ void DrawPicture(HDC device, const std::string& name, const RECT& area) {
     ::GdiAlphaBlend(device, area.left, area.top, width, height, source.Get(), 0, 0, width, height, over);
 }
 
-Icon PictureIcon(const std::string& name, int side, PictureLook look) {
+Icon PictureIcon(const std::string& name, int side, PictureLook look, COLORREF background) {
     const PictureRow* picture = Find(name);
     if (picture == nullptr || side <= 0 || !GdiPlus::Started()) {
         return {};
     }
     std::vector<BYTE> dots(static_cast<std::size_t>(side) * static_cast<std::size_t>(side) * 4);
-    Dots(side, side, dots.data()).Draw(*picture, PixelFormat32bppARGB);
+    Dots(side, side, dots.data()).Draw(*picture, PixelFormat32bppARGB, background);
     if (look == PictureLook::Faded) {
         Fade(dots);
     }

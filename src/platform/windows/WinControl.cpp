@@ -193,7 +193,7 @@ void WinControl::SetCaption(const std::string& text) const {
 }
 
 HBRUSH WinControl::Colour(HDC device) {
-    const forms::Colour background = BackgroundOf(model_);
+    const forms::Colour background = model_.ShownBackColor();
     if (::IsWindowEnabled(window_) != FALSE) {
         ::SetTextColor(device, TextColourOf(model_));
     }

@@ -48,7 +48,7 @@ LRESULT WinFlatButton::Received(UINT message, WPARAM wParam, LPARAM lParam) {
     case WM_ERASEBKGND:
         return TRUE;
     case WM_PAINT:
-        PaintPicture(Window(), {ToColourRef(BackgroundOf(model_)), model_.pictNormal(), nullptr, {}});
+        PaintPicture(Window(), {ToColourRef(model_.ShownBackColor()), model_.pictNormal(), nullptr, {}});
         return 0;
     default:
         return WinControl::Received(message, wParam, lParam);

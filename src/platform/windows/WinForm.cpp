@@ -6,6 +6,7 @@
 #include "platform/forms/AccessibleNames.h"
 #include "platform/forms/Form.h"
 #include "platform/forms/Label.h"
+#include "platform/forms/ReadingOrder.h"
 #include "platform/windows/ControlIds.h"
 #include "platform/windows/DpiFunctions.h"
 #include "platform/windows/FormWindow.h"
@@ -17,8 +18,16 @@ namespace platform::windows {
 
 namespace {
 
-constexpr std::array NamedKinds{forms::ControlKind::FlatButton, forms::ControlKind::ProgressBar,
-                                forms::ControlKind::ScrollBar, forms::ControlKind::UpDown};
+constexpr std::array NamedKinds{forms::ControlKind::FlatButton,  forms::ControlKind::PictureBox,
+                                forms::ControlKind::ProgressBar, forms::ControlKind::ScrollBar,
+                                forms::ControlKind::Toolbar,     forms::ControlKind::UpDown};
+
+constexpr std::array ReadKinds{
+    forms::ControlKind::CheckBox,    forms::ControlKind::ComboBox, forms::ControlKind::CommandButton,
+    forms::ControlKind::Label,       forms::ControlKind::ListBox,  forms::ControlKind::OptionButton,
+    forms::ControlKind::ProgressBar, forms::ControlKind::TextBox,  forms::ControlKind::UpDown};
+
+constexpr UINT OnlyTheOrder = SWP_NOMOVE | SWP_NOSIZE | SWP_NOACTIVATE | SWP_NOREDRAW;
 
 DWORD StyleFor(const forms::Form& form, bool first) {
     constexpr DWORD common = WS_OVERLAPPED | WS_CAPTION | WS_SYSMENU | WS_CLIPCHILDREN;
@@ -91,7 +100,8 @@ void WinForm::MakeControls() {
             control->Mirror(forms::Aspect::Caption);
         }
     }
-    PutLabelsBeforeControls();
+    PutInReadingOrder();
+    PutLabelsBeforeFields();
 }
 
 WinControl& WinForm::Find(forms::Control& control) {
@@ -112,15 +122,38 @@ WinControl& WinForm::Add(forms::Control& control) {
     return added;
 }
 
-// Assistive technology takes the text right before a control for its name.
-void WinForm::PutLabelsBeforeControls() {
+// Assistive technology goes through windows from the upper to the lower. Texts and fields never overlap: they
+// can lie in the order in which they are read, below all that may cover them.
+void WinForm::PutInReadingOrder() {
+    struct Siblings {
+        std::vector<HWND> Windows;
+        std::vector<forms::Area> Areas;
+    };
+    std::unordered_map<const forms::Control*, Siblings> byContainer;
     for (const auto& control : controls_) {
-        const forms::Label* label =
-            control->Model().TakesFocus() ? forms::NearestLabel(control->Model()) : nullptr;
-        if (label != nullptr) {
-            HWND before = ::GetWindow(control->Window(), GW_HWNDPREV);
-            ::SetWindowPos(WindowOf(*label), before == nullptr ? HWND_TOP : before, 0, 0, 0, 0,
-                           SWP_NOMOVE | SWP_NOSIZE | SWP_NOACTIVATE);
+        const forms::Control& model = control->Model();
+        if (std::find(ReadKinds.begin(), ReadKinds.end(), model.Kind()) != ReadKinds.end()) {
+            Siblings& siblings = byContainer[model.Container()];
+            siblings.Windows.push_back(control->Window());
+            siblings.Areas.push_back({model.Left(), model.Top(), model.Width(), model.Height()});
+        }
+    }
+    for (const auto& [container, siblings] : byContainer) {
+        for (const std::size_t at : forms::ReadingOrder(siblings.Areas)) {
+            ::SetWindowPos(siblings.Windows[at], HWND_BOTTOM, 0, 0, 0, 0, OnlyTheOrder);
+        }
+    }
+}
+
+// Assistive technology takes the text right before a field for its name.
+void WinForm::PutLabelsBeforeFields() {
+    for (const auto& control : controls_) {
+        const forms::Control& model = control->Model();
+        const bool named = forms::IsNamedByLabel(model) && model.Kind() != forms::ControlKind::UpDown;
+        const forms::Label* label = named ? forms::NearestLabel(model) : nullptr;
+        HWND before = ::GetWindow(control->Window(), GW_HWNDPREV);
+        if (label != nullptr && WindowOf(*label) != before) {
+            ::SetWindowPos(WindowOf(*label), before == nullptr ? HWND_TOP : before, 0, 0, 0, 0, OnlyTheOrder);
         }
     }
 }
@@ -129,9 +162,7 @@ void WinForm::PutLabelsBeforeControls() {
 void WinForm::NameControls() {
     for (const auto& control : controls_) {
         const forms::Control& model = control->Model();
-        const bool pictured = model.Kind() == forms::ControlKind::PictureBox &&
-                              (!model.AccessibleName().empty() || !model.ToolTipText().empty());
-        if (pictured || std::find(NamedKinds.begin(), NamedKinds.end(), model.Kind()) != NamedKinds.end()) {
+        if (std::find(NamedKinds.begin(), NamedKinds.end(), model.Kind()) != NamedKinds.end()) {
             const std::wstring name = ToWide(forms::AccessibleNameOf(model));
             ::SetWindowTextW(control->Window(), name.c_str());
         }
@@ -311,10 +342,13 @@ LRESULT WinForm::Received(UINT message, WPARAM wParam, LPARAM lParam) {
     case WM_DPICHANGED:
         DensityChanged(HIWORD(wParam), *reinterpret_cast<const RECT*>(lParam));
         return 0;
+    case WM_ERASEBKGND:
+        Erase(reinterpret_cast<HDC>(wParam));
+        return TRUE;
     case WM_SETTINGCHANGE:
     case WM_SYSCOLORCHANGE:
     case WM_THEMECHANGED:
-        DrawAnew(); // in colours that may be others
+        ColoursChanged(message, wParam, lParam);
         break;
     default:
         break;

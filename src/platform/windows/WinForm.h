@@ -83,7 +83,8 @@ class WinForm final : public forms::FormPeer {
     void TellFailure() noexcept;
     void Close();
     void DestroyWindows();
-    void PutLabelsBeforeControls();
+    void PutInReadingOrder();
+    void PutLabelsBeforeFields();
     void NameControls();
 
     // WinFormInput.cpp: the keyboard and the focus.
@@ -105,6 +106,8 @@ class WinForm final : public forms::FormPeer {
     void Resized();
     void DensityChanged(UINT dpi, const RECT& place);
     void DrawAnew() const;
+    void Erase(HDC device) const;
+    void ColoursChanged(UINT message, WPARAM wParam, LPARAM lParam);
 
     forms::Form& form_;
     WinDesktop& desktop_;

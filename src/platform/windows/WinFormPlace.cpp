@@ -4,6 +4,7 @@
 #include <utility>
 
 #include "platform/forms/Form.h"
+#include "platform/windows/Colours.h"
 #include "platform/windows/DpiFunctions.h"
 #include "platform/windows/WinDesktop.h"
 #include "platform/windows/WinForm.h"
@@ -142,6 +143,23 @@ void WinForm::DensityChanged(UINT dpi, const RECT& place) {
     ::SetWindowPos(window_, nullptr, place.left, place.top, size.cx, size.cy, SWP_NOZORDER | SWP_NOACTIVATE);
     showingSize_ = false;
     Resized();
+    DrawAnew();
+}
+
+void WinForm::Erase(HDC device) const {
+    RECT area{};
+    ::GetClientRect(window_, &area);
+    ::FillRect(device, &area, BrushFor(device, form_.BackColor()));
+}
+
+// The system tells windows of their own alone; what they hold may keep colours as well.
+void WinForm::ColoursChanged(UINT message, WPARAM wParam, LPARAM lParam) {
+    for (const auto& control : controls_) {
+        if (message == WM_SYSCOLORCHANGE && control->Window() != nullptr) {
+            ::SendMessageW(control->Window(), message, wParam, lParam);
+        }
+        control->Mirror(forms::Aspect::Colours);
+    }
     DrawAnew();
 }
 

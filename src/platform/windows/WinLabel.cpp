@@ -20,6 +20,16 @@ void WinLabel::Place() {
     const int room = Form().Scaling().ToDots(first) - LineHeight(FontOf());
     area.top += std::max(0, room / 2);
     MoveTo(area);
+    // Where there is room for one line alone, a text that is too long ends in dots; wrapped it would lose its
+    // last words without a sign.
+    SetStyle(SS_ENDELLIPSIS, model_.Height() < 2 * line);
+}
+
+void WinLabel::SetStyle(DWORD style, bool wanted) const {
+    if (HasStyle(style) != wanted) {
+        const auto before = static_cast<DWORD>(::GetWindowLongW(Window(), GWL_STYLE));
+        ::SetWindowLongW(Window(), GWL_STYLE, static_cast<LONG>(before ^ style));
+    }
 }
 
 void WinLabel::MirrorContent(forms::Aspect aspect) {
@@ -28,11 +38,7 @@ void WinLabel::MirrorContent(forms::Aspect aspect) {
     }
     // "&" is a mark only where the label has a control to go to.
     const bool goes = forms::AccessKeyTarget(model_) != nullptr;
-    const auto style = static_cast<DWORD>(::GetWindowLongW(Window(), GWL_STYLE));
-    const DWORD wanted = goes ? style & ~static_cast<DWORD>(SS_NOPREFIX) : style | SS_NOPREFIX;
-    if (wanted != style) {
-        ::SetWindowLongW(Window(), GWL_STYLE, static_cast<LONG>(wanted));
-    }
+    SetStyle(SS_NOPREFIX, !goes);
     SetCaption(model_.UseMnemonic() && !goes ? forms::WithoutAccessKey(model_.Caption()) : model_.Caption());
     ::InvalidateRect(Window(), nullptr, TRUE);
 }

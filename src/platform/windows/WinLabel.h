@@ -14,6 +14,8 @@ class WinLabel final : public WinControl {
     void MirrorContent(forms::Aspect aspect) override;
 
   private:
+    void SetStyle(DWORD style, bool wanted) const;
+
     forms::Label& model_;
 };
 

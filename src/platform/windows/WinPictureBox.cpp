@@ -21,13 +21,13 @@ void WinPictureBox::Paint() const {
     const Scale& scale = Form().Scaling();
     const SIZE size =
         page == nullptr ? SIZE{} : SIZE{scale.ToDots(page->Width()), scale.ToDots(page->Height())};
-    PaintPicture(Window(), {ToColourRef(BackgroundOf(model_)), model_.Picture(), page, size});
+    PaintPicture(Window(), {ToColourRef(model_.ShownBackColor()), model_.Picture(), page, size});
 }
 
 void WinPictureBox::Fill(HDC device) const {
     RECT area{};
     ::GetClientRect(Window(), &area);
-    ::FillRect(device, &area, BrushFor(device, BackgroundOf(model_)));
+    ::FillRect(device, &area, BrushFor(device, model_.ShownBackColor()));
 }
 
 LRESULT WinPictureBox::Received(UINT message, WPARAM wParam, LPARAM lParam) {

@@ -15,8 +15,8 @@ namespace {
 constexpr double RuleWidth = 150;
 constexpr double PictureMargin = 120;
 
-void AddPicture(HIMAGELIST list, const std::string& name, int side, PictureLook look) {
-    const Icon icon = PictureIcon(name, side, look);
+void AddPicture(HIMAGELIST list, const std::string& name, int side, PictureLook look, COLORREF background) {
+    const Icon icon = PictureIcon(name, side, look, background);
     ::ImageList_ReplaceIcon(list, -1, icon.Get());
 }
 
@@ -75,12 +75,13 @@ void WinToolbar::MakePictures() {
     Pictures normal = make();
     Pictures hot = make();
     Pictures disabled = make();
+    background_ = ToColourRef(model_.ShownBackColor());
     for (int number = 1; number <= model_.ButtonCount(); ++number) {
         const forms::ToolbarButton& button = model_.Button(number);
         if (!button.Separator) {
-            AddPicture(normal.Get(), button.Image, pictureSide_, PictureLook::Plain);
-            AddPicture(hot.Get(), button.HotImage, pictureSide_, PictureLook::Plain);
-            AddPicture(disabled.Get(), button.Image, pictureSide_, PictureLook::Faded);
+            AddPicture(normal.Get(), button.Image, pictureSide_, PictureLook::Plain, background_);
+            AddPicture(hot.Get(), button.HotImage, pictureSide_, PictureLook::Plain, background_);
+            AddPicture(disabled.Get(), button.Image, pictureSide_, PictureLook::Faded, background_);
         }
     }
     Send(TB_SETIMAGELIST, 0, reinterpret_cast<LPARAM>(normal.Get()));
@@ -92,6 +93,10 @@ void WinToolbar::MakePictures() {
 }
 
 void WinToolbar::MirrorContent(forms::Aspect aspect) {
+    if (aspect == forms::Aspect::Colours && shownButtons_ > 0 &&
+        background_ != ToColourRef(model_.ShownBackColor())) {
+        MakePictures();
+    }
     if (aspect != forms::Aspect::Items) {
         return;
     }
@@ -141,7 +146,7 @@ LRESULT WinToolbar::Notified(NMHDR& header) {
 void WinToolbar::Erase(HDC device) const {
     RECT area{};
     ::GetClientRect(Window(), &area);
-    ::FillRect(device, &area, BrushFor(device, BackgroundOf(model_)));
+    ::FillRect(device, &area, BrushFor(device, model_.ShownBackColor()));
 }
 
 LRESULT WinToolbar::Received(UINT message, WPARAM wParam, LPARAM lParam) {

@@ -31,7 +31,8 @@ class WinToolbar final : public WinControl {
 
     forms::Toolbar& model_;
     int shownButtons_ = 0;
-    int pictureSide_ = 0; // dots
+    COLORREF background_ = 0; // that the pictures are drawn for
+    int pictureSide_ = 0;     // dots
     int pictures_ = 0;
     Pictures normal_;
     Pictures hot_;

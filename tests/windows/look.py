@@ -1,0 +1,193 @@
+#!/usr/bin/env python3
+"""What the windows look like, by the dots of their pictures: every text can be read, in the usual colours and under a theme of
+high contrast, whose colours are followed.
+
+    look.py --build FOLDER
+
+FOLDER is the build folder of the Windows program. Exit status 77 where Wine, CUPS, Ghostscript or a screen is missing.
+"""
+import argparse
+import collections
+import pathlib
+import shutil
+import subprocess
+import sys
+import time
+
+from agent import Window
+from messages import BUTTON, COMBO, EDIT, LIST, STATIC
+from office import FORMS, Office
+from show import Screen
+from wine_prefix import HIGH_CONTRAST, skip
+
+TEXT, DISABLED, SIGN = 4.5, 1.5, 2.8  # least contrast, 1 to 21; a thin line is mixed with what it lies on
+PAUSE, PATIENCE = 0.3, 40  # seconds between two pictures, and how often it is tried
+FRAME = 4  # dots
+MARK, ARROW = 22, 26  # dots that an option's mark takes on the left, and a combo's arrow on the right
+
+
+def light(level):
+    share = level / 255
+    return share / 12.92 if share <= 0.04045 else ((share + 0.055) / 1.055) ** 2.4
+
+
+def luminance(colour):
+    return sum(weight * light(level) for weight, level in zip((0.2126, 0.7152, 0.0722), colour))
+
+
+def contrast(one, other):
+    """As the Web Content Accessibility Guidelines count it."""
+    low, high = sorted((luminance(one) + 0.05, luminance(other) + 0.05))
+    return high / low
+
+
+class Picture:
+    """The whole screen."""
+
+    def __init__(self, display):
+        made = subprocess.run(["import", "-display", display, "-window", "root", "-depth", "8", "ppm:-"], check=True,
+                              capture_output=True).stdout
+        header, size, _, self.dots = made.split(b"\n", 3)
+        assert header == b"P6"
+        self.width, self.height = (int(word) for word in size.split())
+
+    def colours(self, left, top, width, height):
+        """How many dots of an area have each colour."""
+        count = collections.Counter()
+        for y in range(max(0, top), min(self.height, top + height)):
+            start, end = max(0, left), min(self.width, left + width)
+            row = self.dots[3 * (y * self.width + start):3 * (y * self.width + end)]
+            count.update(zip(row[0::3], row[1::3], row[2::3]))
+        return count
+
+    def painted(self, area):
+        """The background of an area, and the colour on it that stands out most."""
+        count = self.colours(*area)
+        background = count.most_common(1)[0][0]
+        return background, max(count, key=lambda colour: contrast(colour, background))
+
+
+class Failures:
+    def __init__(self):
+        self.count = 0
+
+    def expect(self, right, what):
+        if not right:
+            print("FAILED", what)
+            self.count += 1
+
+
+def inner(kind, area):
+    left, top, width, height = area
+    if kind == STATIC:
+        return area
+    mark = MARK if kind == "option" else 0
+    arrow = ARROW if kind == COMBO else 0
+    return left + FRAME + mark, top + FRAME, width - 2 * FRAME - mark - arrow, height - 2 * FRAME
+
+
+def texts(office, form):
+    """The controls of a form that show a text: name, whether enabled, and area of the text."""
+    user = office.user
+    top = user.form(form)
+    for place, name in enumerate(user.ids.forms[form]):
+        handle = user.agent.number("child", top.handle, user.ids.FIRST_CONTROL + place)
+        if handle == 0:
+            continue
+        window = Window(user.agent, handle)
+        if not window.shown or window.kind not in {BUTTON, COMBO, EDIT, LIST, STATIC}:
+            continue
+        if window.kind != LIST and not window.text.strip():
+            continue
+        kind = "option" if name.startswith(("opt", "chk")) else window.kind
+        yield name, window.usable, inner(kind, user.area(handle))
+
+
+def until_right(check, *what):
+    """What is wrong on a screen that is still being drawn is looked at again: a list of complaints, empty in the end."""
+    for _ in range(PATIENCE):
+        complaints = check(*what)
+        if not complaints:
+            break
+        time.sleep(PAUSE)
+    return complaints
+
+
+def unreadable(office, screen, form):
+    picture = Picture(screen.display)
+    found = []
+    for name, enabled, area in texts(office, form):
+        background, ink = picture.painted(area)
+        if contrast(background, ink) < (TEXT if enabled else DISABLED):
+            found.append(f"{form}.{name}: {ink} on {background}")
+    return found
+
+
+def check_form(office, screen, form, failures):
+    seen = len(list(texts(office, form)))
+    print(f"{form}: {seen} texts")
+    failures.expect(seen >= 5, f"{form} shows its texts")
+    for complaint in until_right(unreadable, office, screen, form):
+        failures.expect(False, complaint)
+
+
+def faint_signs(office, screen):
+    """Pictures of buttons that can be pressed, and do not stand out of what they lie on."""
+    user = office.user
+    picture = Picture(screen.display)
+    left, top, _, height = user.area(user.handle("frmPrintPreview", "Toolbar"))
+    areas = {"the toolbar's first picture": (left, top, height, height),  # a button is as wide as the bar is high
+             "the arrow to the next page": user.area(user.handle("frmPrintPreview", "cmdDown"))}
+    return [what for what, area in areas.items() if contrast(*picture.painted(area)) < SIGN]
+
+
+def not_followed(office, screen):
+    """The heading is a window and the page the face of a button, to the theme."""
+    system = {name: tuple(int(part) for part in colour.split()) for name, colour in HIGH_CONTRAST.items()}
+    user = office.user
+    picture = Picture(screen.display)
+    wanted = {"lblHeading": (system["Window"], system["WindowText"]),
+              "lblContractsoort": (system["ButtonFace"], system["ButtonText"])}
+    return [f"{name} has not the theme's colours" for name, colours in wanted.items()
+            if picture.painted(user.area(user.handle("frmMain", name))) != colours]
+
+
+def check(build, high_contrast, failures):
+    with Screen(1280, 1024) as screen, Office(build) as office:
+        if high_contrast:
+            office.prefix.use_high_contrast()
+        office.use_screen(screen.display)
+        office.play("start")
+        check_form(office, screen, "frmMain", failures)
+        if high_contrast:
+            for complaint in until_right(not_followed, office, screen):
+                failures.expect(False, complaint)
+        for choice in ("optProcedure(0)", "optTestpartij(2)", None):
+            office.play("click frmMain.Verder")
+            check_form(office, screen, "frmMain", failures)
+            if choice:
+                office.play(f"click frmMain.{choice}")
+        office.open_manager(details=True)
+        check_form(office, screen, "frmPrintManager", failures)
+        office.pick_document(FORMS)
+        office.play("click frmPrintManager.cmdPrintVoorbeeld")
+        for complaint in until_right(faint_signs, office, screen):
+            failures.expect(False, complaint)
+
+
+def main():
+    parser = argparse.ArgumentParser()
+    parser.add_argument("--build", type=pathlib.Path, required=True)
+    build = parser.parse_args().build
+    for tool, package in (("Xvfb", "Xvfb"), ("import", "ImageMagick")):
+        if not shutil.which(tool):
+            skip(f"{package} is not installed")
+    failures = Failures()
+    for high_contrast in (False, True):
+        check(build, high_contrast, failures)
+    print(f"{failures.count} failed")
+    return 1 if failures.count else 0
+
+
+if __name__ == "__main__":
+    sys.exit(main())
