@@ -1,6 +1,6 @@
 #!/usr/bin/env bash
 # Installs the Debian packages that a task needs and that are missing:
-# setup.sh build|run|test|slow|fuzz|windows|wine|screen|package
+# setup.sh build|run|test|slow|coverage|fuzz|windows|wine|screen|package
 set -euo pipefail
 
 # To build the program.
@@ -12,6 +12,9 @@ test=(libgtest-dev libgmock-dev qt6-base-private-dev libbenchmark-dev python3 po
       cups-daemon cups-client strace)
 # Tests that take minutes: a reader of print, a fresh machine, its screen and keyboard.
 slow=(tesseract-ocr tesseract-ocr-eng debootstrap xvfb xauth xdotool imagemagick)
+
+# To count what the tests reach.
+coverage=(gcovr)
 
 # To build the fuzzers.
 fuzz=(clang-14 libclang-rt-14-dev)
@@ -33,13 +36,14 @@ case "${1:-}" in
   build) wanted=("${build[@]}") ;;
   run) wanted=("${build[@]}" "${run[@]}") ;;
   test) wanted=("${build[@]}" "${run[@]}" "${test[@]}") ;;
+  coverage) wanted=("${build[@]}" "${test[@]}" "${coverage[@]}") ;;
   fuzz) wanted=("${build[@]}" "${fuzz[@]}") ;;
   slow) wanted=("${build[@]}" "${run[@]}" "${test[@]}" "${slow[@]}") ;;
   windows) wanted=("${windows[@]}") ;;
   wine) wanted=("${windows[@]}" "${wine[@]}") ;;
   screen) wanted=("${screen[@]}") ;;
   package) wanted=("${package[@]}") ;;
-  *) echo "usage: $0 build|run|test|slow|fuzz|windows|wine|screen|package" >&2; exit 2 ;;
+  *) echo "usage: $0 build|run|test|slow|coverage|fuzz|windows|wine|screen|package" >&2; exit 2 ;;
 esac
 
 missing=()
