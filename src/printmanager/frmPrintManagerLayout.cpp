@@ -11,8 +11,8 @@ constexpr double ClientWidth = 6840;
 // Columns. The panel stands in the left column, so its own columns count from there.
 constexpr double ListLeft = 120;
 constexpr double ListWidth = 4920;
-constexpr double FieldLeft = 2160;
-constexpr double LabelWidth = FieldLeft - ListLeft - 60;
+constexpr double FieldLeft = 2280;
+constexpr double LabelWidth = FieldLeft - ListLeft;
 constexpr double RuleLeft = 5160;
 constexpr double ButtonLeft = 5280;
 constexpr double ButtonWidth = 1440;
@@ -69,7 +69,7 @@ void PlaceControls(frmPrintManager& form) {
         {form.pictOrientation(0), FieldLeft + 990, 1590, 480, 480},
         {form.pictOrientation(1), FieldLeft + 990, 1590, 480, 480},
         {form.Label3, ListLeft, 2220, LabelWidth, LabelHeight},
-        {form.cboPrinterSelect(0), FieldLeft, 2175, 2460, BoxHeight},
+        {form.cboPrinterSelect(0), FieldLeft, 2175, 2340, BoxHeight},
         {form.pictError, 4710, 2175, BoxHeight, BoxHeight},
         {form.chkMatrixPrinter, ListLeft, 2610, ListWidth, 285},
         {form.Label6, ListLeft, 3060, LabelWidth, LabelHeight},

@@ -269,6 +269,8 @@ TEST_F(PreviewTest, OnlyTheLeftButtonOfTheMouseWorksAnArrow) {
             EXPECT_FALSE(Form().cmdDown.blnMouseDown());
             QTest::mouseRelease(arrow, other);
             QTest::mouseDClick(arrow, other);
+            QTest::mouseRelease(
+                arrow, other); // a double click leaves the button down, also for the tests after this
         }
         EXPECT_EQ(PageOnScreen(), 1);
         QTest::mousePress(arrow, Qt::LeftButton);
