@@ -141,9 +141,6 @@ void cmdButtonXP::EnableWindow(bool enabled) {
 }
 
 void cmdButtonXP::DeliverClick(const std::function<void()>& event) {
-    if (!Enabled()) {
-        return;
-    }
     blnBusy_ = true;
     ApplyClick();
     if (event) {
