@@ -86,7 +86,8 @@ void PlaceControls(frmPrintManager& form) {
         {form.cmdAnnuleren, ButtonLeft, 1650, ButtonWidth, ButtonHeight},
         {form.pictPrinter, 5580, DetailsClosed.PrinterTop, 840, 840},
 
-        {form.pictDetails, ListLeft, 4155, ListWidth, 3180},
+        // A little wider than its fields: a part of a dot must not cost them their right edge.
+        {form.pictDetails, ListLeft, 4155, ListWidth + 30, 3180},
         {form.Label2, 0, 0, ListWidth, LabelHeight},
         {form.lblPrinterSelect(2), 0, 330, LabelWidth, LabelHeight},
         {form.lblPrinterSelect(6), PanelFieldLeft, 330, PanelFieldWidth, LabelHeight},
