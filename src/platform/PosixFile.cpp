@@ -91,7 +91,7 @@ std::optional<FileContent> ReadWholeFile(const std::string& path, std::size_t li
         const ssize_t count =
             read(descriptor.Number(), content.bytes.data() + filled, content.bytes.size() - filled);
         if (count == 0) {
-            break; // somebody cut it meanwhile
+            break;
         }
         if (count > 0) {
             filled += static_cast<std::size_t>(count);
@@ -99,11 +99,15 @@ std::optional<FileContent> ReadWholeFile(const std::string& path, std::size_t li
             return std::nullopt;
         }
     }
+    // Half of what another program is writing must not be taken for the whole.
+    if (fstat(descriptor.Number(), &status) != 0 || StampOf(status) != content.stamp) {
+        return std::nullopt;
+    }
     content.bytes.resize(filled);
     return content;
 }
 
-int ReplaceFile(const std::string& path, std::string_view bytes) {
+int ReplaceFile(const std::string& path, std::string_view bytes, const FileStamp& before) {
     const std::unique_ptr<char, void (*)(void*)> resolved(realpath(path.c_str(), nullptr), std::free);
     if (!resolved) {
         return errno;
@@ -120,10 +124,16 @@ int ReplaceFile(const std::string& path, std::string_view bytes) {
     if (!descriptor.IsOpen()) {
         return errno;
     }
-    if (!WriteAll(descriptor.Number(), bytes) || !TakeOver(descriptor.Number(), old) ||
-        fsync(descriptor.Number()) != 0 || descriptor.Close() != 0 ||
-        std::rename(temporary.c_str(), target.c_str()) != 0) {
-        const int error = errno;
+    const bool stands = WriteAll(descriptor.Number(), bytes) && TakeOver(descriptor.Number(), old) &&
+                        fsync(descriptor.Number()) == 0 && descriptor.Close() == 0;
+    int error = stands ? 0 : errno;
+    if (stands && StampOf(target) != before) {
+        error = EAGAIN;
+    }
+    if (error == 0 && std::rename(temporary.c_str(), target.c_str()) != 0) {
+        error = errno;
+    }
+    if (error != 0) {
         unlink(temporary.c_str());
         return error;
     }

@@ -27,13 +27,14 @@ struct FileContent {
     FileStamp stamp;
 };
 
-/// The file's bytes and its stamp before they were read. Nothing if it cannot be read, is no file or is
-/// larger than `limit` bytes. Never waits for another process.
+/// The file's bytes and its stamp before they were read. Nothing if it cannot be read, is no file, is larger
+/// than `limit` bytes or changed while it was read. Never waits for another process.
 std::optional<FileContent> ReadWholeFile(const std::string& path, std::size_t limit);
 
 /// Puts new bytes in the place of an existing file, whole or not at all: they are on the disk before the
 /// file's name passes to them. A symbolic link stays and its target changes; the file's rights stay, and its
-/// owner where the machine allows it. Returns 0 or errno, the old file being untouched then.
-int ReplaceFile(const std::string& path, std::string_view bytes);
+/// owner where the machine allows it. Returns 0 or errno, the old file being untouched then: EAGAIN if it is
+/// no longer in the state `before`, because another program has written it meanwhile.
+int ReplaceFile(const std::string& path, std::string_view bytes, const FileStamp& before);
 
 } // namespace platform

@@ -16,6 +16,9 @@ namespace {
 
 constexpr std::size_t MaximumFileSize = 512U << 20U; // bytes; a file beyond that holds no settings
 
+/// Another program may write the file between our reading and our writing; its change must stay.
+constexpr int WriteAttempts = 3;
+
 // Windows error numbers of what can go wrong with a file.
 constexpr std::int32_t ErrorWriteFault = 29;
 constexpr std::int32_t ErrorInvalidParameter = 87;
@@ -85,11 +88,15 @@ void RegFileStore::Refresh() {
         return;
     }
     std::optional<FileContent> content = ReadWholeFile(path_, MaximumFileSize);
+    if (!content) { // once more, for a file that was just being written
+        content = ReadWholeFile(path_, MaximumFileSize);
+    }
     stamp_.reset();
     if (!content) {
         file_ = RegFile();
         return;
     }
+    state_ = content->stamp;
     if (content->bytes != file_.Bytes()) {
         file_ = RegFile(std::move(content->bytes));
     }
@@ -137,19 +144,22 @@ std::int32_t RegFileStore::RegSetValueExA(RegistryKey key, const std::string& na
     if (!path) {
         return RegInvalidHandle;
     }
-    Refresh();
-    if (!file_.HasKey(*path)) {
-        return RegFileNotFound;
-    }
     const RegValue value{type, IsTextType(type) ? text::FromCodePage(bytes) : std::string(bytes)};
-    const std::optional<std::string> changed =
-        file_.WithValue(*path, text::FromCodePage(UpToNul(name)), value);
-    if (!changed) {
-        return ErrorInvalidParameter;
+    int error = EAGAIN;
+    for (int attempt = 0; error == EAGAIN && attempt < WriteAttempts; ++attempt) {
+        Refresh();
+        if (!file_.HasKey(*path)) {
+            return RegFileNotFound;
+        }
+        const std::optional<std::string> changed =
+            file_.WithValue(*path, text::FromCodePage(UpToNul(name)), value);
+        if (!changed) {
+            return ErrorInvalidParameter;
+        }
+        error = ReplaceFile(path_, *changed, state_);
+        stamp_.reset(); // whatever lies there now is read again
     }
-    const std::int32_t error = ErrorOf(ReplaceFile(path_, *changed));
-    stamp_.reset(); // whatever lies there now is read again
-    return error;
+    return ErrorOf(error);
 }
 
 } // namespace platform

@@ -35,6 +35,7 @@ class RegFileStore : public Registry {
 
     std::string path_;
     RegFile file_;
+    FileStamp state_;                // of what `file_` was read from
     std::optional<FileStamp> stamp_; // of the state that was read; nothing if the next call has to read again
     OpenRegistryKeys keys_;
 };

@@ -1,8 +1,4 @@
-#include "platform/RegFileStore.h"
-
-#include "platform/modRegistry.h"
-
-#include <gtest/gtest.h>
+#include "unit/platform/RegFileStoreFixture.h"
 
 #include <csignal>
 #include <cstdlib>
@@ -11,9 +7,9 @@
 #include <set>
 #include <string>
 
-#include <pwd.h>
 #include <sys/resource.h>
 #include <sys/stat.h>
+#include <pwd.h>
 #include <unistd.h>
 
 namespace {
@@ -21,8 +17,6 @@ namespace {
 using namespace platform;
 using namespace std::string_literals;
 namespace fs = std::filesystem;
-
-const std::string SettingsPath = "Software\\Ondor\\Tarvik\\CurrentVersion";
 
 std::string File(const std::string& lines) {
     return "REGEDIT4\r\n\r\n[HKEY_CURRENT_USER\\" + SettingsPath + "]\r\n" + lines;
@@ -47,54 +41,6 @@ class FileSizeLimit {
     rlimit old_{};
     void (*oldHandler_)(int);
 };
-
-class RegFileStoreTest : public testing::Test {
-  protected:
-    void SetUp() override {
-        std::string folderName = (fs::temp_directory_path() / "regfilestore-XXXXXX").string();
-        ASSERT_NE(mkdtemp(folderName.data()), nullptr);
-        folder = folderName;
-        file = folder / "settings.reg";
-    }
-    void TearDown() override { fs::remove_all(folder); }
-
-    void Put(const std::string& bytes) const { PutInto(file, bytes); }
-    static void PutInto(const fs::path& path, const std::string& bytes) {
-        std::ofstream(path, std::ios::binary) << bytes;
-    }
-    static std::string Bytes(const fs::path& path) {
-        std::ifstream stream(path, std::ios::binary);
-        return {std::istreambuf_iterator<char>(stream), {}};
-    }
-    std::size_t FilesInFolder() const {
-        return static_cast<std::size_t>(
-            std::distance(fs::directory_iterator(folder), fs::directory_iterator()));
-    }
-    static mode_t Mode(const fs::path& path) {
-        struct stat status {};
-        EXPECT_EQ(stat(path.c_str(), &status), 0);
-        return status.st_mode & 07777;
-    }
-
-    fs::path folder;
-    fs::path file;
-};
-
-std::string Read(RegFileStore& store, const std::string& name, const std::string& path = SettingsPath) {
-    return modRegistry(store).GetRegistryValue(HkeyCurrentUser, path, name);
-}
-
-bool Write(RegFileStore& store, const std::string& name, const std::string& text) {
-    return modRegistry(store).SetRegistryValue(HkeyCurrentUser, SettingsPath, name, text);
-}
-
-std::int32_t WriteCall(RegFileStore& store, const std::string& name, std::string_view bytes) {
-    RegistryKey handle = 0;
-    EXPECT_EQ(store.RegOpenKeyA(HkeyCurrentUser, SettingsPath, handle), RegSuccess);
-    const std::int32_t result = store.RegSetValueExA(handle, name, RegSz, bytes);
-    EXPECT_EQ(store.RegCloseKey(handle), RegSuccess);
-    return result;
-}
 
 TEST_F(RegFileStoreTest, MissingFileHasNoKeys) {
     RegFileStore store(file);
@@ -386,75 +332,6 @@ TEST_F(RegFileStoreTest, WithoutAHomeTheDefaultPathIsInTheOneThatTheSystemKnows)
     unsetenv("XDG_CONFIG_HOME");
     unsetenv("HOME");
     EXPECT_EQ(DefaultSettingsPath(), std::string(user->pw_dir) + "/.config/tarvik/settings.reg");
-}
-
-class ExampleSettingsTest : public RegFileStoreTest {
-  protected:
-    const fs::path example = fs::path(DRUKKEURING_EXAMPLES) / "tarvik.reg";
-    RegFileStore store{example};
-};
-
-TEST_F(ExampleSettingsTest, IsAnExportOfWindows) {
-    const std::string bytes = Bytes(example);
-    EXPECT_TRUE(bytes.starts_with("\xFF\xFEW\0i\0n\0"s));
-    EXPECT_TRUE(bytes.ends_with("\r\0\n\0\r\0\n\0"s));
-}
-
-TEST_F(ExampleSettingsTest, HoldsEverySetting) {
-    EXPECT_EQ(Read(store, "GMUContractVorm"), "31");
-    EXPECT_EQ(Read(store, "AcceptgiroType"), "1");
-    EXPECT_EQ(Read(store, "GMUVerkeer"), "1");
-    EXPECT_EQ(Read(store, "GMUFontName"), "OCR-B");
-    EXPECT_EQ(Read(store, "GMUFontSize"), "10");
-    EXPECT_EQ(Read(store, "IncassantBankGiro"), "NL13ABNA0500000018");
-    EXPECT_EQ(Read(store, "IncassantAfdrukken"), "1");
-    for (const char* const name :
-         {"IncassantBegunstigde", "IncassantAdres", "IncassantPostCode", "IncassantWoonplaats",
-          "PrinterOrientation", "GMUServiceNr", "GMUCode", "AcceptFontSizeNAW1", "AcceptFontSizeNAW2",
-          "UseSpecificPrinterSettings", "MatrixPrinter", "PrinterOverrulePaperSize"}) {
-        EXPECT_NE(Read(store, name), "") << name;
-    }
-}
-
-TEST_F(ExampleSettingsTest, CalibrationsCanAllBeToldApart) {
-    std::set<double> millimetres;
-    for (const char* const stem : {"OCR", "AcceptGiro", "AcceptGiroNAW", "AcceptGiroBKSouche",
-                                   "AcceptGiroBKAccept", "AcceptGiroBGSouche", "AcceptGiroBGAccept"}) {
-        for (const char* const axis : {"Links", "Top"}) {
-            for (int index = 0; index < 4; ++index) {
-                std::string text = Read(store, stem + std::string(axis) + std::to_string(index));
-                const std::size_t comma = text.find(',');
-                ASSERT_NE(comma, std::string::npos) << stem << axis << index;
-                text[comma] = '.';
-                const double value = std::stod(text);
-                EXPECT_LE(std::abs(value), 2.0);
-                EXPECT_TRUE(millimetres.insert(std::abs(value)).second) << stem << axis << index;
-            }
-        }
-    }
-}
-
-TEST_F(ExampleSettingsTest, HasTheKeysOfEveryKindOfDocument) {
-    for (const char* const kind : {"Etiketten", "Acceptgiro", "Persoonskaart", "Gezinskaart", "Overige"}) {
-        RegistryKey handle = 0;
-        ASSERT_EQ(store.RegOpenKeyA(HkeyCurrentUser, SettingsPath + "\\PrinterSetting\\" + kind, handle),
-                  RegSuccess)
-            << kind;
-        for (const char* const name : {"Printer", "Orientatie", "Formaat", "Lade", "Matrix"}) {
-            std::uint32_t type = RegNone;
-            std::uint32_t size = 0;
-            EXPECT_EQ(store.RegQueryValueExA(handle, name, type, nullptr, size), RegSuccess) << kind << name;
-        }
-    }
-}
-
-TEST_F(ExampleSettingsTest, WriteChangesOneValue) {
-    const std::string before = Bytes(example);
-    Put(before);
-    RegFileStore copy(file);
-    EXPECT_TRUE(Write(copy, "PrinterOrientation", "2"));
-    EXPECT_TRUE(Write(copy, "PrinterOrientation", "1"));
-    EXPECT_EQ(Bytes(file), before);
 }
 
 } // namespace
