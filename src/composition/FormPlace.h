@@ -24,7 +24,7 @@ std::int16_t PlaceOf(const wizard::AppState& state, std::int16_t positie);
 template <std::size_t Places>
 const std::string& SettingAt(const std::array<std::string, Places>& calibration, std::int16_t positie) {
     if (positie < 1 || static_cast<std::size_t>(positie) > Places) {
-        throw platform::RuntimeError(platform::ErrorSubscriptOutOfRange, "Subscript out of range");
+        throw platform::SubscriptOutOfRange();
     }
     return calibration[static_cast<std::size_t>(positie) - 1];
 }

@@ -47,7 +47,7 @@ void PrintSurface::EndDoc() {
 }
 
 void PrintSurface::SetPaperSize(std::int16_t) {
-    throw platform::RuntimeError(platform::ErrorInvalidPropertyValue, "Invalid property value");
+    throw platform::InvalidPropertyValue();
 }
 
 void PrintSurface::MoveToTopLeft() {
@@ -57,7 +57,7 @@ void PrintSurface::MoveToTopLeft() {
 
 PrintSurface& SurfaceOf(const wizard::AppState& state) {
     if (state.Surface == nullptr) {
-        throw platform::RuntimeError(platform::ErrorNoObject, "Object variable not set");
+        throw platform::NoObject();
     }
     return *state.Surface;
 }

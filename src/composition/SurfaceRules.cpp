@@ -56,7 +56,7 @@ void RegelVerder(const wizard::AppState& state, platform::Locale& locale, std::s
     const std::optional<double> lines =
         aantal.empty() ? std::optional(1.0) : PlainDecimal(aantal, locale.DecimalMark());
     if (!lines) {
-        throw platform::RuntimeError(platform::ErrorTypeMismatch, "Type mismatch");
+        throw platform::TypeMismatch();
     }
     RegelVerder(state, *lines);
 }

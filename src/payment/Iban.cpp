@@ -119,10 +119,10 @@ bool IBANCheck(std::string_view tekst) {
 
 std::int16_t Modulus(std::string& getal, std::int16_t deler) {
     if (deler == 0 || deler < -LargestDivisor || deler > LargestDivisor) {
-        throw platform::RuntimeError(platform::ErrorOverflow, "Overflow");
+        throw platform::Overflow();
     }
     if (!std::all_of(getal.begin(), getal.end(), IsFigure)) {
-        throw platform::RuntimeError(platform::ErrorTypeMismatch, "Type mismatch");
+        throw platform::TypeMismatch();
     }
     if (getal.empty()) {
         getal.assign(1, '0');

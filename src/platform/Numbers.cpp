@@ -23,7 +23,7 @@ Whole Rounded(double value) {
     const double whole = RoundTiesToEven(value);
     // Written so that a value that is no number fails as well.
     if (!(whole >= std::numeric_limits<Whole>::min() && whole <= std::numeric_limits<Whole>::max())) {
-        throw RuntimeError(ErrorOverflow, "Overflow");
+        throw Overflow();
     }
     return static_cast<Whole>(whole);
 }
@@ -103,7 +103,7 @@ std::string NumberText(double value) {
         return {buffer.data(), end.ptr};
     }
     if (!std::isfinite(value)) {
-        throw RuntimeError(ErrorOverflow, "Overflow");
+        throw Overflow();
     }
 
     // "d.dddddddddddddde+xx": the digits rounded to 15, and where the point belongs among them.

@@ -31,9 +31,31 @@ inline constexpr int ErrorNoSuchMember = 438;
 inline constexpr int ErrorDuplicateKey = 457;
 inline constexpr int ErrorPrinter = 482;
 
+// Those that are raised in more than one place, with the words that go with the number.
+
 /// What the machine answers where it cannot make one more bitmap or window.
 inline RuntimeError OutOfMemory() {
     return {ErrorOutOfMemory, "Out of memory"};
+}
+/// A number that its type cannot hold.
+inline RuntimeError Overflow() {
+    return {ErrorOverflow, "Overflow"};
+}
+/// A place in a list or a table that is not there.
+inline RuntimeError SubscriptOutOfRange() {
+    return {ErrorSubscriptOutOfRange, "Subscript out of range"};
+}
+/// A text where a number has to stand.
+inline RuntimeError TypeMismatch() {
+    return {ErrorTypeMismatch, "Type mismatch"};
+}
+/// A page or a surface that is not there (yet).
+inline RuntimeError NoObject() {
+    return {ErrorNoObject, "Object variable not set"};
+}
+/// A property that does not take the value.
+inline RuntimeError InvalidPropertyValue() {
+    return {ErrorInvalidPropertyValue, "Invalid property value"};
 }
 
 } // namespace platform

@@ -75,7 +75,7 @@ void cmdButtonXP::DisableTimer() {
 
 void cmdButtonXP::ShowLook() {
     if (iState_ < LookDisabled || iState_ > LookDown) { // a sticky style may be any number
-        throw RuntimeError(ErrorSubscriptOutOfRange, "Subscript out of range");
+        throw SubscriptOutOfRange();
     }
     const std::string& picture = pictButtonXP_[static_cast<std::size_t>(iState_)];
     if (picture != pictNormal_) {

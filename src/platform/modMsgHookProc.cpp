@@ -28,7 +28,7 @@ Running* running = nullptr;
 
 HookEntry& At(std::int32_t slot) {
     if (slot < 1 || slot > SlotCount()) {
-        throw RuntimeError(ErrorSubscriptOutOfRange, "Subscript out of range");
+        throw SubscriptOutOfRange();
     }
     return HookTable[static_cast<std::size_t>(slot - 1)];
 }

@@ -58,7 +58,7 @@ void frmPrintPreviewGhost::OnLoad() {
 
 platform::Canvas& frmPrintPreviewGhost::Drawing() {
     if (page_ == nullptr) {
-        throw platform::RuntimeError(platform::ErrorNoObject, "Object variable not set");
+        throw platform::NoObject();
     }
     return page_->Drawing();
 }

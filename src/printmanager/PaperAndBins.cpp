@@ -19,12 +19,8 @@ constexpr std::size_t EntriesBehind = 1024;
 constexpr std::size_t PaperNameBytes = 64;
 constexpr std::size_t BinNameBytes = 24;
 
-[[noreturn]] void OutOfRange() {
-    throw platform::RuntimeError(platform::ErrorSubscriptOutOfRange, "Subscript out of range");
-}
-
 /// The driver's answers for one printer. The driver knows no size of a buffer and may tell more at one call
-/// than at the one before, so each buffer has room for the longest list.
+/// than at the one before, so each buffer has room for 1024 entries more than it told.
 class Capabilities {
   public:
     Capabilities(platform::Spooler& spooler, const platform::PrinterEntry& printer)
@@ -35,7 +31,7 @@ class Capabilities {
     std::size_t Count(std::uint16_t capability) const {
         const std::int32_t count = Ask(capability, nullptr);
         if (count < 1 || static_cast<std::size_t>(count) > MostEntries) {
-            OutOfRange();
+            throw platform::SubscriptOutOfRange();
         }
         return static_cast<std::size_t>(count);
     }
@@ -54,7 +50,7 @@ class Capabilities {
     std::vector<std::string> ReadNames(std::uint16_t capability, std::size_t width, std::size_t count,
                                        std::int32_t told) const {
         if (told < 0 || static_cast<std::size_t>(told) > count) {
-            OutOfRange();
+            throw platform::SubscriptOutOfRange();
         }
         std::string text((count + EntriesBehind) * width, '\0');
         Ask(capability, text.data());
@@ -63,7 +59,7 @@ class Capabilities {
             const std::string_view name = std::string_view(text).substr(i * width, width);
             const std::size_t end = name.find('\0');
             if (end == std::string_view::npos) {
-                OutOfRange();
+                throw platform::SubscriptOutOfRange();
             }
             names[i] = platform::text::FromCodePage(name.substr(0, end));
         }

@@ -29,7 +29,7 @@ constexpr int LyingPosition = 1;
 /// The identifier at a combo's position; -1 and anything outside the list is an error.
 std::int16_t IdAt(const std::vector<std::int16_t>& ids, int position) {
     if (position < 0 || static_cast<std::size_t>(position) >= ids.size()) {
-        throw platform::RuntimeError(platform::ErrorSubscriptOutOfRange, "Subscript out of range");
+        throw platform::SubscriptOutOfRange();
     }
     return ids[static_cast<std::size_t>(position)];
 }

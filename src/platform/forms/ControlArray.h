@@ -29,7 +29,7 @@ class ControlArray {
     ControlType& operator()(int number) const {
         const auto found = elements_.find(number);
         if (found == elements_.end()) {
-            throw platform::RuntimeError(platform::ErrorSubscriptOutOfRange, "Subscript out of range");
+            throw platform::SubscriptOutOfRange();
         }
         return *found->second;
     }

@@ -14,8 +14,6 @@ class LineControl : public Control {
     double Y1() const { return Top(); }
     double X2() const { return Left() + Width(); }
     double Y2() const { return Top() + Height(); }
-    void SetX1(double x) { Move(x, Top(), X2() - x, Height()); }
-    void SetY1(double y) { Move(Left(), y, Width(), Y2() - y); }
     void SetX2(double x) { Move(Left(), Top(), x - Left(), Height()); }
     void SetY2(double y) { Move(Left(), Top(), Width(), y - Top()); }
     void SetEnds(double x1, double y1, double x2, double y2) { Move(x1, y1, x2 - x1, y2 - y1); }

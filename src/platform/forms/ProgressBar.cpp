@@ -6,7 +6,7 @@ namespace forms {
 
 void ProgressBar::SetValue(int value) {
     if (value < Min() || value > Max()) {
-        throw platform::RuntimeError(platform::ErrorInvalidPropertyValue, "Invalid property value");
+        throw platform::InvalidPropertyValue();
     }
     value_ = value;
     Changed(Aspect::Value);

@@ -14,7 +14,7 @@ void Toolbar::AddButton(ToolbarButton button) {
 
 const ToolbarButton& Toolbar::Button(int number) const {
     if (number < 1 || number > ButtonCount()) {
-        throw platform::RuntimeError(platform::ErrorSubscriptOutOfRange, "Subscript out of range");
+        throw platform::SubscriptOutOfRange();
     }
     return buttons_[static_cast<std::size_t>(number - 1)];
 }

@@ -10,7 +10,6 @@ constexpr double TwipsPerInch = 1440;
 constexpr std::int16_t Portrait = 1;
 constexpr std::int16_t Landscape = 2;
 constexpr const char* PrinterError = "Printer error";
-constexpr const char* InvalidValue = "Invalid property value";
 } // namespace
 
 PrintQueue& MemoryPrinter::Current() {
@@ -61,9 +60,9 @@ std::int16_t MemoryPrinter::Orientation() {
 
 void MemoryPrinter::SetOrientation(std::int16_t orientation) {
     Current();
-    recorder_.RaiseFailure("Orientation", ErrorInvalidPropertyValue, InvalidValue);
+    recorder_.RaiseFailure("Orientation", ErrorInvalidPropertyValue, InvalidPropertyValue().what());
     if (orientation != Portrait && orientation != Landscape) {
-        throw RuntimeError(ErrorInvalidPropertyValue, InvalidValue);
+        throw InvalidPropertyValue();
     }
     settings_.Orientation = orientation;
     RecordSet("Orientation", orientation);
@@ -77,7 +76,7 @@ std::int16_t MemoryPrinter::PaperSize() {
 
 void MemoryPrinter::SetPaperSize(std::int16_t paper) {
     Current();
-    recorder_.RaiseFailure("PaperSize", ErrorInvalidPropertyValue, InvalidValue);
+    recorder_.RaiseFailure("PaperSize", ErrorInvalidPropertyValue, InvalidPropertyValue().what());
     settings_.PaperSize = paper;
     RecordSet("PaperSize", paper);
 }
@@ -90,7 +89,7 @@ std::int16_t MemoryPrinter::PaperBin() {
 
 void MemoryPrinter::SetPaperBin(std::int16_t bin) {
     Current();
-    recorder_.RaiseFailure("PaperBin", ErrorInvalidPropertyValue, InvalidValue);
+    recorder_.RaiseFailure("PaperBin", ErrorInvalidPropertyValue, InvalidPropertyValue().what());
     settings_.DefaultSource = bin;
     RecordSet("PaperBin", bin);
 }

@@ -24,7 +24,7 @@ PrinterEntry MemoryPrinters::Item(int index) {
 
 PrintQueue& MemoryPrinters::Queue(int index) {
     if (index < 0 || index >= static_cast<int>(queues_.size())) {
-        throw RuntimeError(ErrorSubscriptOutOfRange, "Subscript out of range");
+        throw SubscriptOutOfRange();
     }
     return queues_[static_cast<std::size_t>(index)];
 }
