@@ -79,11 +79,11 @@ constexpr std::array<FormRow, 13> WideRows = {{
 
 /// Sizes of the payer's block that an organisation can set for itself, in points.
 struct SizeSetting {
-    std::string name;
+    const char* name;
     double standardPoints;
 };
-const SizeSetting SizeAboveName = {"AcceptFontSizeNAW1", 9};
-const SizeSetting SizeNameAndAddress = {"AcceptFontSizeNAW2", 10};
+constexpr SizeSetting SizeAboveName = {"AcceptFontSizeNAW1", 9};
+constexpr SizeSetting SizeNameAndAddress = {"AcceptFontSizeNAW2", 10};
 
 double ReadSize(const wizard::AppState& state, platform::Platform& platform, const SizeSetting& setting) {
     std::string text = platform::modRegistry(platform.Registry)
@@ -105,13 +105,23 @@ void PrintFormulier(wizard::AppState& state, platform::Platform& platform, bool 
     ChangeFont(state, platform, fonts[plain9], true);
 
     platform::Locale& locale = platform.Locale;
-    const std::array<RowShift, shiftCount> shifts = {
-        CalibratedShift(state, locale, state.AcceptGiroNAWLinks, state.AcceptGiroNAWTop, positie)};
+    std::array<RowShift, shiftCount> shifts;
+    shifts[payer] = CalibratedShift(state, locale, state.AcceptGiroNAWLinks, state.AcceptGiroNAWTop, positie);
     std::string both;
     both.append(tekst.omschrijving1).append(" ").append(tekst.omschrijving2);
-    const std::array<std::string_view, textCount> texts = {
-        tekst.omschrijving1, tekst.omschrijving2, both,          tekst.euro,   tekst.cent,  tekst.rekening,
-        tekst.regel0,        tekst.naam,          tekst.partner, tekst.regel3, tekst.adres, tekst.plaats};
+    std::array<std::string_view, textCount> texts;
+    texts[omschrijving1] = tekst.omschrijving1;
+    texts[omschrijving2] = tekst.omschrijving2;
+    texts[omschrijvingen] = both;
+    texts[euro] = tekst.euro;
+    texts[cent] = tekst.cent;
+    texts[rekening] = tekst.rekening;
+    texts[regel0] = tekst.regel0;
+    texts[naam] = tekst.naam;
+    texts[partner] = tekst.partner;
+    texts[regel3] = tekst.regel3;
+    texts[adres] = tekst.adres;
+    texts[plaats] = tekst.plaats;
     const RowValues values = {.texts = texts,
                               .fonts = fonts,
                               .shifts = shifts,

@@ -21,14 +21,16 @@ constexpr double StubLeastXTwips = 10;
 constexpr double WideStubCm = 1; ///< by which the accept part begins further to the right
 constexpr double StubPoints = 6;
 
-constexpr std::array<FontChange, fontCount> FontsOfLines = {{
-    {.points = 8},
-    {.points = 6, .bold = true},
-    {.bold = false},
-    {.points = 9, .newLineHeight = true},
-    {.points = 7, .newLineHeight = true},
-    {.points = 7, .bold = true},
-}};
+constexpr std::array<FontChange, fontCount> FontsOfLines = [] {
+    std::array<FontChange, fontCount> fonts = {};
+    fonts[account8] = {.points = 8};
+    fonts[stub6Bold] = {.points = 6, .bold = true};
+    fonts[regular] = {.bold = false};
+    fonts[accept9] = {.points = 9, .newLineHeight = true};
+    fonts[accept7] = {.points = 7, .newLineHeight = true};
+    fonts[accept7Bold] = {.points = 7, .bold = true};
+    return fonts;
+}();
 
 constexpr std::array<FormRow, 12> Rows = {{
     {.text = rekening,
@@ -94,8 +96,11 @@ void PrintIncassant(wizard::AppState& state, platform::Platform& platform, bool 
         shifts[accept].x += WideStubCm * state.TwipsPerCm;
     }
     const std::string addressLine = AddressLine(incassant);
-    const std::array<std::string_view, textCount> texts = {incassant.rekening, incassant.naam,
-                                                           incassant.plaats, addressLine};
+    std::array<std::string_view, textCount> texts;
+    texts[rekening] = incassant.rekening;
+    texts[naam] = incassant.naam;
+    texts[plaats] = incassant.plaats;
+    texts[adresregel] = addressLine;
 
     // The stub's lines stand at the height of its small print, the account among them.
     ChangeFont(state, platform, {.points = StubPoints, .newLineHeight = true}, true);

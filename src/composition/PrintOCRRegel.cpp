@@ -63,22 +63,25 @@ void PrintOCRRegel(wizard::AppState& state, platform::Platform& platform, Twips 
     positie = PlaceOf(state, positie);
     platform::Locale& locale = platform.Locale;
     const double ocrPoints = platform::NumericValue(state.GMUFontSize);
-    const std::array<RowShift, shiftCount> shifts = {
-        CalibratedShift(state, locale, state.AcceptGiroBKAcceptLinks, state.AcceptGiroBKAcceptTop, positie),
-        CalibratedShift(state, locale, state.AcceptGiroBKSoucheLinks, state.AcceptGiroBKSoucheTop, positie)};
-    const std::array<FontChange, fontCount> fonts = {{
-        {.name = state.GMUFontName, .points = ocrPoints},
-        {.points = 9, .newLineHeight = true},
-        {.name = fontBefore},
-        {.points = 5, .newLineHeight = true},
-    }};
+    std::array<RowShift, shiftCount> shifts;
+    shifts[accept] =
+        CalibratedShift(state, locale, state.AcceptGiroBKAcceptLinks, state.AcceptGiroBKAcceptTop, positie);
+    shifts[stub] =
+        CalibratedShift(state, locale, state.AcceptGiroBKSoucheLinks, state.AcceptGiroBKSoucheTop, positie);
+    std::array<FontChange, fontCount> fonts = {};
+    fonts[ocr] = {.name = state.GMUFontName, .points = ocrPoints};
+    fonts[ocr9] = {.points = 9, .newLineHeight = true};
+    fonts[plain] = {.name = fontBefore};
+    fonts[plain5] = {.points = 5, .newLineHeight = true};
     std::string service;
     if (state.GMUContractVorm == ContractSBlank && !text::Trim(state.GMUServiceNr).empty()) {
         service.append(state.GMUServiceNr).append(ServiceMark);
     }
-    const std::array<std::string_view, textCount> texts = {
-        line.groupedReference, text::Trim(text::Left(line.groupedReference, FirstHalfLength)),
-        text::Trim(text::Mid(line.groupedReference, SecondHalfStart)), service};
+    std::array<std::string_view, textCount> texts;
+    texts[wholeReference] = line.groupedReference;
+    texts[firstHalf] = text::Trim(text::Left(line.groupedReference, FirstHalfLength));
+    texts[secondHalf] = text::Trim(text::Mid(line.groupedReference, SecondHalfStart));
+    texts[serviceNumber] = service;
     ChangeFont(state, platform, {.points = ReferencePoints, .newLineHeight = true}, false);
     DrawRows(state, platform, ReferenceRows,
              {.texts = texts,
