@@ -10,6 +10,7 @@
 #include "platform/Registry.h"
 #include "platform/Resume.h"
 #include "platform/RuntimeError.h"
+#include "printmanager/ClearAtEnd.h"
 #include "printmanager/DrawingUnlock.h"
 #include "printmanager/frmPrintManagerLayout.h"
 
@@ -24,18 +25,6 @@ constexpr std::int32_t LeftMarginPortrait = 450;
 constexpr std::int32_t LeftMarginLandscape = 175;
 /// A document whose title holds this word is landscape whatever the user has chosen.
 constexpr const char* LandscapeTitle = "Landscape";
-
-/// Takes a flag down on every way out, so that a failure cannot leave a form that never closes.
-class ClearAtEnd {
-  public:
-    explicit ClearAtEnd(platform::Boolean& flag) : flag_(flag) {}
-    ~ClearAtEnd() { flag_ = false; }
-    ClearAtEnd(const ClearAtEnd&) = delete;
-    ClearAtEnd& operator=(const ClearAtEnd&) = delete;
-
-  private:
-    platform::Boolean& flag_;
-};
 
 void ShowProgress(forms::ProgressBar& bar, std::int16_t percent) {
     bar.SetValue(std::min<int>(percent, bar.Max()));
@@ -171,7 +160,7 @@ void frmPrintManager::ForEachCaller(const std::function<void(forms::Form&)>& cal
     const std::size_t count = open.size();
     for (std::size_t i = 0; i < count; ++i) {
         if (i >= open.size()) {
-            throw platform::RuntimeError(platform::ErrorSubscriptOutOfRange, "Subscript out of range");
+            throw platform::SubscriptOutOfRange();
         }
         if (open[i]->Name() == state_.CallerFormName) {
             call(*open[i]);
@@ -193,6 +182,7 @@ void frmPrintManager::cmdPrint_Click() {
     }
     GetSession().HourglassOn();
     std::int16_t orientation = state_.PrinterOrientation;
+    const ClearAtEnd notBusy(blnBusy);
     try {
         if (!PrepareRun(false, orientation)) {
             return;

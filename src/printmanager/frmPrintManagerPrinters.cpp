@@ -3,6 +3,7 @@
 #include "platform/Desktop.h"
 #include "platform/Numbers.h"
 #include "platform/RuntimeError.h"
+#include "printmanager/ClearAtEnd.h"
 #include "printmanager/DrawingUnlock.h"
 #include "printmanager/PrinterInfo.h"
 #include "printmanager/frmPrintManager.h"
@@ -15,6 +16,7 @@ void frmPrintManager::cboPrinterSelect_Click(int index) {
         return;
     }
     blnBusy = true;
+    const ClearAtEnd notBusy(blnBusy);
     try {
         if (!blnLoading) {
             blnUserChanged = true;
@@ -26,7 +28,6 @@ void frmPrintManager::cboPrinterSelect_Click(int index) {
     } catch (const platform::RuntimeError&) { // the panel tells
         ShowNoConnection();
     }
-    blnBusy = false;
 }
 
 void frmPrintManager::ChangePrinter() {

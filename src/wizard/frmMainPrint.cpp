@@ -1,5 +1,6 @@
 // The end of the wizard's own work: the documents go to the print manager, which calls back for each of them.
 #include <algorithm>
+#include <memory>
 
 #include "composition/DocumentRun.h"
 #include "composition/OpenPrinter.h"
@@ -14,6 +15,24 @@ namespace wizard {
 namespace {
 
 constexpr double MostForms = 30000;
+
+/// Takes the manager away at the end of the command, also where it could not be shown or its closing broke
+/// off halfway: the wizard must not stay locked.
+class ManagerGone {
+  public:
+    ManagerGone(std::unique_ptr<printmanager::frmPrintManager>& manager, AppState& state)
+        : manager_(manager), state_(state) {}
+    ~ManagerGone() {
+        manager_.reset();
+        state_.PrintManagerOpen = false;
+    }
+    ManagerGone(const ManagerGone&) = delete;
+    ManagerGone& operator=(const ManagerGone&) = delete;
+
+  private:
+    std::unique_ptr<printmanager::frmPrintManager>& manager_;
+    AppState& state_;
+};
 
 } // namespace
 
@@ -64,11 +83,9 @@ void frmMain::cmdPrintenClick() {
     state_.DocumentTitle[3] = "Instellingen calibratie";
     state_.CallerFormName = Name();
 
+    const ManagerGone gone(printManager_, state_);
     printManager_ = std::make_unique<printmanager::frmPrintManager>(GetSession(), platform_, state_);
     printManager_->ShowModal();
-    printManager_.reset();
-    // It is gone, also where its closing broke off halfway: the wizard must not stay locked.
-    state_.PrintManagerOpen = false;
 }
 
 void frmMain::Afdrukken(std::int16_t iMethod, std::int16_t num_copies, bool blnPrintPreview) {

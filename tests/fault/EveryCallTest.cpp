@@ -36,7 +36,7 @@ struct WithoutHandler {
 
 const WithoutHandler withoutHandler[] = {
     // The manager comes up as far as its load got, so that it can be closed.
-    {"open the manager", {"Printers", "Item", "DeviceName", "Copies"}},
+    {"open the manager", {"Printers", "Item", "DeviceName", "Copies", CallCreateWindow}},
     // The commands stay off until a document is picked again.
     {"document", {"Printers"}},
     // The panel stays as it is.

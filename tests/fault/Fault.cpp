@@ -43,6 +43,7 @@ constexpr CallOfKind Calls[] = {
     {"EndDocument", Kind::Canvas},
     {"CreatePage", Kind::Bitmap},
     {"Image", Kind::Bitmap},
+    {CallCreateWindow, Kind::Window},
     {CallTick, Kind::Timer},
     {CallOpenFile, Kind::File},
     {CallWriteFile, Kind::File},
@@ -67,6 +68,8 @@ const char* NameOf(Kind kind) {
         return "Canvas";
     case Kind::Bitmap:
         return "Bitmap";
+    case Kind::Window:
+        return "Window";
     case Kind::Timer:
         return "Timer";
     case Kind::File:

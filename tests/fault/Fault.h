@@ -9,10 +9,10 @@
 namespace fault {
 
 /// What a call of the machine belongs to.
-enum class Kind { Store, Spooler, Printer, Canvas, Bitmap, Timer, File, Locale };
+enum class Kind { Store, Spooler, Printer, Canvas, Bitmap, Window, Timer, File, Locale };
 
-inline constexpr Kind AllKinds[] = {Kind::Store,  Kind::Spooler, Kind::Printer, Kind::Canvas,
-                                    Kind::Bitmap, Kind::Timer,   Kind::File,    Kind::Locale};
+inline constexpr Kind AllKinds[] = {Kind::Store,  Kind::Spooler, Kind::Printer, Kind::Canvas, Kind::Bitmap,
+                                    Kind::Window, Kind::Timer,   Kind::File,    Kind::Locale};
 
 const char* NameOf(Kind kind);
 
@@ -26,6 +26,8 @@ std::span<const CallOfKind> AllCalls();
 
 /// True if there is such a call, of this kind.
 bool IsOfKind(std::string_view call, Kind kind);
+
+inline constexpr std::string_view CallCreateWindow = "CreatePeer";
 
 // Calls that the memory platform does not have, because nothing of it stands between: a timer's tick, and the
 // print log's file.

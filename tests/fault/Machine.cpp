@@ -97,7 +97,11 @@ Machine::Machine(const Story& story, Fault& fault) : story_(story), fault_(fault
         {.Year = 2026, .Month = 3, .Day = 14, .Hour = 12, .Minute = 0, .Second = 0, .Millisecond = 0});
     memory_.random.Seed(1);
     memory_.recorder.Sink = [this](const platform::Event& event) { Observe(event); };
-    memory_.recorder.ShouldFail = [this](std::string_view call) { return fault_.Strikes(call); };
+    memory_.recorder.ShouldFail = [this](std::string_view call) {
+        // Without the wizard's own window there is no program that could survive.
+        const bool isFirstWindow = call == CallCreateWindow && !main_->Visible();
+        return !isFirstWindow && fault_.Strikes(call);
+    };
     memory_.desktop.OnModal = [this](forms::Form& form) { return PlayNext(form); };
     memory_.desktop.OnYield = [this] { ObserveYield(); };
     fault_.OnStrike = [this] { NoteFault(); };

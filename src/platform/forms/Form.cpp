@@ -13,6 +13,21 @@ namespace {
 /// Virtual key code of the numeric pad's 0; 1 to 9 follow.
 constexpr int NumericPad0 = 96;
 
+/// A form's turn to take all input, over when the block is left on whatever way.
+class ModalTurn {
+  public:
+    ModalTurn(std::vector<Form*>& turns, Form& form) : turns_(turns), form_(form) {
+        turns_.push_back(&form_);
+    }
+    ~ModalTurn() { std::erase(turns_, &form_); }
+    ModalTurn(const ModalTurn&) = delete;
+    ModalTurn& operator=(const ModalTurn&) = delete;
+
+  private:
+    std::vector<Form*>& turns_;
+    Form& form_;
+};
+
 } // namespace
 
 Form::Form(Session& session, std::string name) : session_(session), name_(std::move(name)) {}
@@ -71,10 +86,10 @@ void Form::Load() {
     if (loaded_) {
         return;
     }
+    peer_.reset(); // of the time before, if the form has been shown before: the desktop knows one at a time
+    peer_ = session_.Desktop().CreatePeer(*this); // a form that gets no window stays unloaded
     loaded_ = true;
     session_.forms_.push_back(this);
-    peer_.reset(); // of the time before, if the form has been shown before: the desktop knows one at a time
-    peer_ = session_.Desktop().CreatePeer(*this);
     OnLoad();
     Dispatch([this] { OnResize(); });
 }
@@ -99,12 +114,11 @@ void Form::ShowModal() {
     if (visible_ || !loaded_) {
         return;
     }
-    session_.modal_.push_back(this);
+    const ModalTurn turn(session_.modal_, *this);
     Show();
     if (visible_) {
         session_.Desktop().RunModal(*this);
     }
-    std::erase(session_.modal_, this);
 }
 
 bool Form::Unload() {

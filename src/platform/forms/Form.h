@@ -14,7 +14,7 @@ namespace forms {
 
 /// A window of the program. A form is a class whose members are its controls; it overrides the On... members
 /// for what it does. It loads at its first Show or at Load(), stands among the session's open forms until it
-/// is unloaded, and is not used again after that. Lengths are twips.
+/// is unloaded, and may be shown again after that, in a new window. Lengths are twips.
 class Form {
   public:
     Form(Session& session, std::string name);

@@ -65,6 +65,8 @@ const char* IconName(MessageIcon icon) {
 } // namespace
 
 std::unique_ptr<forms::FormPeer> MemoryDesktop::CreatePeer(forms::Form& form) {
+    const RuntimeError error = OutOfMemory();
+    recorder_.RaiseFailure("CreatePeer", error.Number(), error.what());
     return std::make_unique<MemoryPeer>(recorder_, *this, form, NewHandle());
 }
 

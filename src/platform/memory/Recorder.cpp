@@ -25,6 +25,7 @@ constexpr std::string_view FallibleCalls[] = {
     "DrawLine",
     "NewPage",
     "CreatePage",
+    "CreatePeer",
     "Image",
     "EndDocument",
     "Printer",
@@ -61,6 +62,11 @@ bool Recorder::Fail(std::string_view call, int count) {
     }
     failures_[std::string(call)] = count;
     return true;
+}
+
+int Recorder::Left(std::string_view call) const {
+    const auto found = failures_.find(call);
+    return found == failures_.end() ? 0 : found->second;
 }
 
 bool Recorder::TakeFailure(std::string_view call) {

@@ -31,6 +31,9 @@ class Recorder {
     /// Lets the next `count` calls of this name fail. False if no such call can fail.
     bool Fail(std::string_view call, int count = 1);
 
+    /// How many calls of this name are still to fail after Fail(): less than it was told if a failure struck.
+    int Left(std::string_view call) const;
+
     /// True if this call is to fail; counts it.
     bool TakeFailure(std::string_view call);
 

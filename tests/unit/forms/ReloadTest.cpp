@@ -2,7 +2,9 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <new>
 
+#include "platform/RuntimeError.h"
 #include "platform/forms/FormPeer.h"
 #include "unit/forms/TestForm.h"
 
@@ -13,11 +15,20 @@ class ListingDesktop final : public platform::Desktop {
   public:
     int Windows = 0;
     int MostWindows = 0;
+    bool HasRoom = true;     ///< for one more window
+    bool LoopBreaks = false; ///< the message loop of a modal form ends by an exception
 
     std::unique_ptr<forms::FormPeer> CreatePeer(forms::Form& /*form*/) override {
+        if (!HasRoom) {
+            throw platform::OutOfMemory();
+        }
         return std::make_unique<Peer>(*this);
     }
-    void RunModal(forms::Form& /*form*/) override {}
+    void RunModal(forms::Form& /*form*/) override {
+        if (LoopBreaks) {
+            throw std::bad_alloc();
+        }
+    }
     void Yield() override {}
     void MsgBox(const std::string& /*text*/, platform::MessageIcon /*icon*/,
                 const std::string& /*title*/) override {}
@@ -57,6 +68,36 @@ TEST(ReloadTest, TheOldWindowIsGoneBeforeTheNewOneIsMade) {
         EXPECT_TRUE(form.Unload());
     }
     EXPECT_EQ(desktop.MostWindows, 1);
+}
+
+TEST(ReloadTest, AFormThatGetsNoWindowIsNotLoaded) {
+    ListingDesktop desktop;
+    forms::Session session(desktop);
+    TestForm form(session);
+    for (const bool before : {false, true}) {
+        SCOPED_TRACE(before ? "shown before" : "never shown");
+        desktop.HasRoom = false;
+        EXPECT_THROW(form.Show(), platform::RuntimeError);
+        EXPECT_THROW(form.ShowModal(), platform::RuntimeError);
+        EXPECT_FALSE(form.Loaded());
+        EXPECT_FALSE(form.Visible());
+        EXPECT_TRUE(session.OpenForms().empty());
+        EXPECT_EQ(session.ModalForm(), nullptr);
+        EXPECT_TRUE(form.Unload());
+        desktop.HasRoom = true;
+        form.Show();
+        EXPECT_TRUE(form.Visible());
+        EXPECT_TRUE(form.Unload());
+    }
+}
+
+TEST(ReloadTest, AModalFormThatBreaksOffTakesNoMoreInput) {
+    ListingDesktop desktop;
+    forms::Session session(desktop);
+    TestForm form(session);
+    desktop.LoopBreaks = true;
+    EXPECT_THROW(form.ShowModal(), std::bad_alloc);
+    EXPECT_EQ(session.ModalForm(), nullptr);
 }
 
 } // namespace

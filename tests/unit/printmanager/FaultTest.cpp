@@ -1,3 +1,5 @@
+#include <new>
+
 #include "ManagerFixture.h"
 
 namespace printmanager {
@@ -43,6 +45,30 @@ TEST_P(FaultTest, EndsInAFormThatIsClosedOrCloses) {
         EXPECT_FALSE(manager->Loaded());
         EXPECT_EQ(memory.desktop.LockedWindow(), 0U);
     }
+}
+
+/// What no handler knows: the desktop tells it and goes on.
+class StrangeFailureTest : public ManagerTest {};
+
+TEST_F(StrangeFailureTest, InAPrintLeavesAFormThatCloses) {
+    InstallTwo();
+    AddCaller("frmCaller");
+    OpenAndPick();
+    OnCall = [](bool) { throw std::bad_alloc(); };
+    EXPECT_THROW(manager->cmdPrint.UserClick(), std::bad_alloc);
+    EXPECT_FALSE(manager->blnBusy);
+    EXPECT_TRUE(manager->UserClose());
+}
+
+TEST_F(StrangeFailureTest, InAChangeOfPrinterLeavesAFormThatCloses) {
+    InstallTwo();
+    AddCaller("frmCaller");
+    OpenAndPick();
+    memory.desktop.OnYield = [] { throw std::bad_alloc(); };
+    EXPECT_THROW(manager->cboPrinterSelect(0).UserPick(1), std::bad_alloc);
+    memory.desktop.OnYield = nullptr;
+    EXPECT_FALSE(manager->blnBusy);
+    EXPECT_TRUE(manager->UserClose());
 }
 
 INSTANTIATE_TEST_SUITE_P(Calls, FaultTest,

@@ -1,3 +1,5 @@
+#include <new>
+
 #include "WizardFixture.h"
 
 namespace wizard {
@@ -93,6 +95,24 @@ TEST_F(PrintCommand, DoesNothingWhileThePrintManagerIsOpen) {
     WhileOpen = [&] { form->cmdPrinten.Press(); };
     form->cmdPrinten.UserClick();
     EXPECT_EQ(modal.size(), 1U);
+}
+
+// No window for the manager, or a failure of any other kind while it is open.
+TEST_F(PrintCommand, OpensThePrintManagerAfterOneThatFailed) {
+    InstallPrinter();
+    Start();
+    GoToPrinting();
+    memory.recorder.Fail("CreatePeer");
+    form->cmdPrinten.UserClick();
+    EXPECT_TRUE(modal.empty());
+    EXPECT_FALSE(state.PrintManagerOpen);
+    WhileOpen = [] { throw std::bad_alloc(); };
+    EXPECT_THROW(form->cmdPrinten.UserClick(), std::bad_alloc);
+    EXPECT_FALSE(state.PrintManagerOpen);
+    EXPECT_EQ(form->PrintManager(), nullptr);
+    WhileOpen = nullptr;
+    form->cmdPrinten.UserClick();
+    EXPECT_EQ(modal.size(), 2U);
 }
 
 TEST_F(PrintCommand, PrintsTheBatchThroughThePrintManager) {
