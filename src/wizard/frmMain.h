@@ -82,6 +82,11 @@ class frmMain : public forms::Form {
 
     // The look: frmMainLayout.cpp.
     void LayOut();
+    void LayOutFrame();
+    void LayOutPages();
+    void LayOutFields();
+    void LayOutOptions();
+    void LayOutButtons();
 
     // The start: frmMainLoad.cpp.
     void LeesLocale();

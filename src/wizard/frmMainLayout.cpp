@@ -149,21 +149,38 @@ constexpr PageText NextHint[] = {
 };
 constexpr int LastPageWithHint = 2;
 
+/// A box: its element, left, top, width, longest text, key filter, place in the tab order and spoken
+/// name.
+struct Box {
+    int Element;
+    double Left;
+    double Top;
+    double Width;
+    int MaxLength;
+    const char* Tag;
+    int TabIndex;
+    const char* AccessibleName;
+};
+constexpr Box Boxes[] = {
+    {70, FieldLeft, 2490, 4440, 60, "", 0, "Incassant"},
+    {71, FieldLeft, 2895, 4440, 60, "", 1, "Adres"},
+    {72, FieldLeft, 3300, 1320, 9, "", 2, "Postcode"},
+    {73, FieldLeft, 3705, 4440, 60, "", 3, "Woonplaats"},
+    {74, FieldLeft, 4110, 4440, 34, "", 4, "IBAN"},
+    {0, 5160, 600, 720, 4, "numeriek", 40, "Aantal af te drukken IBAN-acceptgiroformulieren"},
+};
+
 } // namespace
 
 void frmMain::LayOut() {
-    const auto addText = [this](const PageText& text, int page) {
-        auto label =
-            std::make_unique<forms::Label>(*this, "Label", forms::Control::NoIndex, &WizardPanel(page));
-        label->SetCaption(text.Text);
-        label->Move(text.Left, text.Top, text.Width, text.Height);
-        label->SetFont({.Name = {}, .Size = 0, .Bold = text.Look == Style::Bold});
-        if (text.Look == Style::Note) {
-            label->SetForeColor(NoteColour);
-        }
-        decoration_.push_back(std::move(label));
-    };
+    LayOutFrame();
+    LayOutPages();
+    LayOutFields();
+    LayOutOptions();
+    LayOutButtons();
+}
 
+void frmMain::LayOutFrame() {
     SetCaption("Ondor Drukkeuring 3.0");
     Resize(FormWidth, ClientHeight + forms::TitleBarHeight);
 
@@ -179,6 +196,20 @@ void frmMain::LayOut() {
     lineHeading.SetForeColor(forms::colour::ButtonShadow);
     lineButtons.SetEnds(0, PanelTop + PanelHeight, FormWidth, PanelTop + PanelHeight);
     lineButtons.SetForeColor(forms::colour::ButtonShadow);
+}
+
+void frmMain::LayOutPages() {
+    const auto addText = [this](const PageText& text, int page) {
+        auto label =
+            std::make_unique<forms::Label>(*this, "Label", forms::Control::NoIndex, &WizardPanel(page));
+        label->SetCaption(text.Text);
+        label->Move(text.Left, text.Top, text.Width, text.Height);
+        label->SetFont({.Name = {}, .Size = 0, .Bold = text.Look == Style::Bold});
+        if (text.Look == Style::Note) {
+            label->SetForeColor(NoteColour);
+        }
+        decoration_.push_back(std::move(label));
+    };
 
     static constexpr const char* pageNames[] = {"Incassant en instellingen", "Procedure",
                                                 "Omvang van de testpartij", "Afdrukken"};
@@ -201,7 +232,9 @@ void frmMain::LayOut() {
         box->Move(picture.Left, picture.Top, picture.Size, picture.Size);
         decoration_.push_back(std::move(box));
     }
+}
 
+void frmMain::LayOutFields() {
     lblOCRFont.Move(FieldLeft, 1605, 2700, 240);
     lblOCR.Move(5550, 1545, 4350, 345);
     lblContractsoort.Move(FieldLeft, 1965, FormWidth - FieldLeft - Margin, 240);
@@ -210,26 +243,6 @@ void frmMain::LayOut() {
         label->SetUseMnemonic(false);
     }
 
-    /// A box: its element, left, top, width, longest text, key filter, place in the tab order and spoken
-    /// name.
-    struct Box {
-        int Element;
-        double Left;
-        double Top;
-        double Width;
-        int MaxLength;
-        const char* Tag;
-        int TabIndex;
-        const char* AccessibleName;
-    };
-    static constexpr Box Boxes[] = {
-        {70, FieldLeft, 2490, 4440, 60, "", 0, "Incassant"},
-        {71, FieldLeft, 2895, 4440, 60, "", 1, "Adres"},
-        {72, FieldLeft, 3300, 1320, 9, "", 2, "Postcode"},
-        {73, FieldLeft, 3705, 4440, 60, "", 3, "Woonplaats"},
-        {74, FieldLeft, 4110, 4440, 34, "", 4, "IBAN"},
-        {0, 5160, 600, 720, 4, "numeriek", 40, "Aantal af te drukken IBAN-acceptgiroformulieren"},
-    };
     for (const Box& row : Boxes) {
         forms::TextBox& box = UserText(row.Element);
         box.Move(row.Left, row.Top, row.Width, FieldHeight);
@@ -240,7 +253,9 @@ void frmMain::LayOut() {
         box.SetBackColor(forms::colour::WindowBackground);
     }
     UpDown.Move(5880, 600, 255, FieldHeight);
+}
 
+void frmMain::LayOutOptions() {
     struct Option {
         forms::OptionButton& Button;
         const char* Caption;
@@ -265,7 +280,9 @@ void frmMain::LayOut() {
         option.Button.SetTabIndex(option.TabIndex);
         option.Button.SetFont({.Name = {}, .Size = 0, .Bold = option.Bold});
     }
+}
 
+void frmMain::LayOutButtons() {
     struct Button {
         forms::CommandButton& Control;
         const char* Caption;
