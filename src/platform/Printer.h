@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstdint>
+#include <functional>
 #include <string>
 
 #include "platform/Canvas.h"
@@ -14,6 +15,14 @@ struct DrawingState {
     double CurrentY = 0;
     FontSpec Font;
 };
+
+/// What a printer has of its own until a font is set. The lists take their line height from it before they
+/// choose a size: at 8 points, the size that they choose, the report of the calibration fits on a sheet of
+/// A4.
+inline const FontSpec PrintersOwnFont = {"Tahoma", 8, false};
+
+/// Tells the user that a document has not come on paper, as the program's own run goes on past any failure.
+using PrintFailureTeller = std::function<void(const std::string& text)>;
 
 /// An installed printer.
 struct PrinterEntry {

@@ -37,7 +37,7 @@ platform::qt::QtPrinters PrintersFor(const QString& file, const QString& folder)
 
 void PrintWithProgram(int forms, const QString& file, const QString& folder) {
     platform::qt::QtPrinters printers = PrintersFor(file, folder);
-    platform::qt::QtPrinter printer(printers);
+    platform::qt::QtPrinter printer(printers, [](const std::string&) {});
     bench::Batch(printers, printer).Print(forms);
 }
 
@@ -133,7 +133,7 @@ int main(int argc, char** argv) {
 
     platform::qt::LoadPackagedFonts();
     platform::qt::QtPrinters printers = PrintersFor(QString(), folder.path());
-    platform::qt::QtPrinter measures(printers);
+    platform::qt::QtPrinter measures(printers, [](const std::string&) {});
     Recording recording(measures);
     if (isFloor) {
         bench::Batch(printers, recording).Print(RecordedForms);

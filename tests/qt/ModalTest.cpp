@@ -2,6 +2,7 @@
 #include <QApplication>
 #include <QMessageBox>
 #include <QPushButton>
+#include <QScreen>
 #include <QTest>
 #include <QTimer>
 
@@ -149,7 +150,9 @@ TEST_F(ModalTest, AHandleOfNothingLocksNothing) {
 TEST_F(ModalTest, AFormStandsInTheMiddleUntilItIsPlaced) {
     const platform::ScreenArea area = desktop.WorkArea();
     const QWidget* window = window::Of("Sample");
-    EXPECT_GE(window->x(), 0);
+    const QPoint middle = QGuiApplication::primaryScreen()->availableGeometry().center();
+    EXPECT_NEAR(window->geometry().center().x(), middle.x(), 1);
+    EXPECT_NEAR(window->geometry().center().y(), middle.y(), 1);
     form.Move(area.Left + 150, area.Top + 300);
     const QPoint placed = window->pos();
     form.Move(area.Left + 300, area.Top + 300);

@@ -10,6 +10,7 @@
 #include <array>
 #include <cstddef>
 #include <limits>
+#include <set>
 #include <string_view>
 #include <utility>
 
@@ -131,6 +132,10 @@ template <class Item, class Key>
 void GiveNumbersOfBefore(std::vector<Item>& items, std::map<std::string, std::int16_t>& numbers,
                          std::int16_t& preset, Key key) {
     const std::int16_t oldPreset = preset;
+    std::set<std::int16_t> taken;
+    for (const auto& [name, id] : numbers) {
+        taken.insert(id);
+    }
     for (Item& item : items) {
         if (item.Id < FirstPrivateId) {
             continue;
@@ -138,14 +143,11 @@ void GiveNumbersOfBefore(std::vector<Item>& items, std::map<std::string, std::in
         const bool isPreset = item.Id == oldPreset;
         const auto [entry, isNew] = numbers.try_emplace(key(item), item.Id);
         if (isNew) {
-            const auto isTaken = [&numbers, entry = entry](std::int16_t id) {
-                return std::any_of(numbers.begin(), numbers.end(), [&](const auto& each) {
-                    return each.second == id && each.first != entry->first;
-                });
-            };
-            while (isTaken(entry->second) && entry->second < std::numeric_limits<std::int16_t>::max()) {
+            while (taken.contains(entry->second) &&
+                   entry->second < std::numeric_limits<std::int16_t>::max()) {
                 ++entry->second;
             }
+            taken.insert(entry->second);
         }
         item.Id = entry->second;
         if (isPreset) {

@@ -82,14 +82,21 @@ std::optional<CupsMedia> ReadMedia(CupsServer& server, ipp_t* attributes, const 
     return MediaOfQueue(attributes, ppd.Name());
 }
 
+/// The queue that a variable of the environment names, without the instance that may stand behind it.
+std::string QueueFrom(const char* variable) {
+    const char* const value = std::getenv(variable);
+    const std::string name = value != nullptr ? value : "";
+    return name.substr(0, name.find('/'));
+}
+
 /// The queue that the user prefers, by the environment or the user's own defaults; empty if they name none.
 std::string PreferredQueue(const UserDefaults& defaults) {
-    const char* name = std::getenv("LPDEST");
-    if (name == nullptr) {
-        name = std::getenv("PRINTER");
-        name = name != nullptr && std::string_view(name) == "lp" ? nullptr : name; // a device in old systems
+    std::string name = QueueFrom("LPDEST");
+    if (name.empty()) {
+        name = QueueFrom("PRINTER");
+        name = name == "lp" ? "" : name; // a device in old systems
     }
-    return name != nullptr ? name : defaults.PreferredQueue();
+    return name.empty() ? defaults.PreferredQueue() : name;
 }
 
 template <class Item>
@@ -128,7 +135,7 @@ FoundQueues FindCupsQueues(const std::shared_ptr<CupsServer>& server) {
             serversDefault = index;
         }
         found.Queues.push_back(std::make_unique<CupsQueue>(server, std::move(attributes)));
-        if (found.Queues.back()->Name() == preferred) {
+        if (qstricmp(found.Queues.back()->Name().c_str(), preferred.c_str()) == 0) {
             found.Default = index;
         }
     }

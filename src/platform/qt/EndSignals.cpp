@@ -1,8 +1,10 @@
 #include "platform/qt/EndSignals.h"
 
 #include <QGuiApplication>
+#include <QSessionManager>
 
 #include <array>
+#include <cerrno>
 #include <csignal>
 #include <utility>
 
@@ -18,14 +20,24 @@ constexpr std::array<int, 3> Signals = {SIGTERM, SIGINT, SIGHUP};
 volatile std::sig_atomic_t signalEnd = -1;
 
 void Tell(int) {
+    const int kept = errno; // of the code that was interrupted
     const char mark = 1;
     [[maybe_unused]] const auto written =
         write(signalEnd, &mark, sizeof mark); // a full socket has told already
+    errno = kept;
 }
 
 } // namespace
 
-EndSignals::EndSignals(std::function<void()> end) : end_(std::move(end)) {
+EndSignals::EndSignals(std::function<void()> end, std::function<bool()> sessionMayEnd)
+    : end_(std::move(end)), sessionMayEnd_(std::move(sessionMayEnd)) {
+    if (qGuiApp != nullptr) {
+        connect(qGuiApp, &QGuiApplication::commitDataRequest, this, [this](QSessionManager& manager) {
+            if (!sessionMayEnd_() && manager.allowsInteraction()) {
+                manager.cancel();
+            }
+        });
+    }
     if (socketpair(AF_UNIX, SOCK_STREAM | SOCK_CLOEXEC | SOCK_NONBLOCK, 0, ends_) != 0) {
         return;
     }
@@ -36,18 +48,21 @@ EndSignals::EndSignals(std::function<void()> end) : end_(std::move(end)) {
             end_();
         }
     });
-    if (qGuiApp != nullptr) { // the session asks each program before it ends
-        connect(qGuiApp, &QGuiApplication::commitDataRequest, this, [this] { end_(); });
-    }
     signalEnd = ends_[0];
-    for (const int each : Signals) {
-        std::signal(each, Tell);
+    for (std::size_t i = 0; i < Signals.size(); ++i) {
+        before_[i] = std::signal(Signals[i], Tell);
+        if (before_[i] == SIG_IGN) { // as nohup asks
+            std::signal(Signals[i], SIG_IGN);
+        }
     }
 }
 
 EndSignals::~EndSignals() {
-    for (const int each : Signals) {
-        std::signal(each, SIG_DFL);
+    if (notifier_ == nullptr) {
+        return;
+    }
+    for (std::size_t i = 0; i < Signals.size(); ++i) {
+        std::signal(Signals[i], before_[i]);
     }
     signalEnd = -1;
     for (const int end : ends_) {

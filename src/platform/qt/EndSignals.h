@@ -3,21 +3,27 @@
 #include <QObject>
 #include <QSocketNotifier>
 
+#include <array>
 #include <functional>
 
 namespace platform::qt {
 
-/// Has the program end in order when the session does or someone asks it to (SIGTERM, SIGINT, SIGHUP): what
-/// it has borrowed, such as the defaults of a printer, is put back then. One at a time; needs a QApplication.
+/// Has the program end in order when someone asks it to (SIGTERM, SIGINT, SIGHUP), and be ready when the
+/// session may end: what it has borrowed, such as the defaults of a printer, is put back then. One at a time;
+/// needs a QApplication.
 class EndSignals : public QObject {
   public:
-    /// `end` runs from the message loop, once for each signal.
-    explicit EndSignals(std::function<void()> end);
+    /// `end` runs from the message loop, once for each signal. `sessionMayEnd` is asked when the session is
+    /// about to end, which another program may still prevent: the program goes on after it. False holds the
+    /// session up.
+    EndSignals(std::function<void()> end, std::function<bool()> sessionMayEnd);
     ~EndSignals() override;
 
   private:
     int ends_[2] = {-1, -1}; ///< a handler may write to a socket, and do little else
     std::function<void()> end_;
+    std::function<bool()> sessionMayEnd_;
+    std::array<void (*)(int), 3> before_{}; ///< what the signals did
     QSocketNotifier* notifier_ = nullptr;
 };
 

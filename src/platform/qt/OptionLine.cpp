@@ -49,6 +49,11 @@ QByteArray TextOf(const QByteArray& line, const Word& word) {
     return line.mid(word.Begin, word.End - word.Begin);
 }
 
+/// The server knows a queue by any case of its letters.
+bool IsSameQueue(const QByteArray& a, const QByteArray& b) {
+    return a.compare(b, Qt::CaseInsensitive) == 0;
+}
+
 /// A line has a keyword and a name before its options.
 constexpr qsizetype FirstOption = 2;
 
@@ -58,7 +63,7 @@ bool IsLineOf(const QByteArray& line, const QByteArray& queue) {
         return false;
     }
     const QByteArray keyword = TextOf(line, words[0]).toLower();
-    return (keyword == "dest" || keyword == "default") && TextOf(line, words[1]) == queue;
+    return (keyword == "dest" || keyword == "default") && IsSameQueue(TextOf(line, words[1]), queue);
 }
 
 } // namespace

@@ -9,6 +9,7 @@
 #include <QFile>
 #include <QFileDialog>
 #include <QFileInfo>
+#include <QMessageBox>
 #include <QSaveFile>
 #include <QStandardPaths>
 
@@ -85,6 +86,22 @@ class FileJob : public PrintJob {
     QSaveFile file_;
 };
 
+QString WithEnding(const QString& path) {
+    return QFileInfo(path).suffix().isEmpty() ? path + QStringLiteral(".pdf") : path;
+}
+
+bool MayReplace(const QString& path, const QString& title) {
+    QMessageBox box(QApplication::activeWindow());
+    box.setIcon(QMessageBox::Warning);
+    box.setWindowTitle(title);
+    box.setTextFormat(Qt::PlainText);
+    box.setText(
+        QStringLiteral("Het bestand %1 bestaat al.\nWilt u het vervangen?").arg(QFileInfo(path).fileName()));
+    box.setStandardButtons(QMessageBox::Yes | QMessageBox::No);
+    box.setDefaultButton(QMessageBox::No);
+    return box.exec() == QMessageBox::Yes;
+}
+
 } // namespace
 
 std::optional<QString> AskForPdfFile(const QString& proposed) {
@@ -93,7 +110,8 @@ std::optional<QString> AskForPdfFile(const QString& proposed) {
                        QStringLiteral("PDF-bestanden (*.pdf);;Alle bestanden (*)"));
     dialog.setAcceptMode(QFileDialog::AcceptSave);
     dialog.setFileMode(QFileDialog::AnyFile);
-    dialog.setDefaultSuffix(QStringLiteral("pdf"));
+    dialog.setOption(
+        QFileDialog::DontConfirmOverwrite); // a dialog of the desktop asks before the ending is added
     dialog.setLabelText(QFileDialog::LookIn, QStringLiteral("Map:"));
     dialog.setLabelText(QFileDialog::FileName, QStringLiteral("Bestandsnaam:"));
     dialog.setLabelText(QFileDialog::FileType, QStringLiteral("Bestandstype:"));
@@ -101,11 +119,14 @@ std::optional<QString> AskForPdfFile(const QString& proposed) {
     dialog.setLabelText(QFileDialog::Reject, QStringLiteral("Annuleren"));
     dialog.selectFile(proposed);
     const ArrowPointer arrow;
-    if (dialog.exec() != QDialog::Accepted || dialog.selectedFiles().isEmpty()) {
-        return std::nullopt;
+    while (dialog.exec() == QDialog::Accepted && !dialog.selectedFiles().isEmpty()) {
+        const QString path = WithEnding(dialog.selectedFiles().front());
+        if (!QFileInfo::exists(path) || MayReplace(path, dialog.windowTitle())) {
+            folder = dialog.directory().absolutePath();
+            return path;
+        }
     }
-    folder = dialog.directory().absolutePath();
-    return dialog.selectedFiles().front();
+    return std::nullopt;
 }
 
 QString FileNameForTitle(const std::string& title) {

@@ -162,7 +162,7 @@ void QtControl::Mirror(Aspect aspect) {
         widget_->setEnabled(model_.Enabled());
         break;
     case Aspect::ToolTip:
-        widget_->setToolTip(ToQString(model_.ToolTipText()));
+        widget_->setToolTip(PlainToolTip(ToQString(model_.ToolTipText())));
         break;
     case Aspect::Font:
         MirrorFont();

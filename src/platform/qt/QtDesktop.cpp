@@ -1,5 +1,7 @@
 #include "platform/qt/QtDesktop.h"
 
+#include "platform/CaughtError.h"
+#include "platform/qt/ArrowPointer.h"
 #include <QApplication>
 #include <QKeyEvent>
 #include <QMessageBox>
@@ -116,6 +118,7 @@ void QtDesktop::MsgBox(const std::string& text, MessageIcon icon, const std::str
     QMessageBox box(IconOf(icon), ToQString(title), ToQString(text), QMessageBox::Ok, TopWindow());
     box.setTextFormat(Qt::PlainText);
     SharpenIcon(box);
+    const ArrowPointer arrow;
     box.exec();
     if (QWidget* top = TopWindow()) {
         top->activateWindow();
@@ -123,7 +126,7 @@ void QtDesktop::MsgBox(const std::string& text, MessageIcon icon, const std::str
 }
 
 void QtDesktop::UnhandledError(const RuntimeError& error) {
-    MsgBox("Fout " + std::to_string(error.Number()) + ":\n\n" + error.Description(), MessageIcon::Critical,
+    MsgBox(UnhandledErrorText(error), MessageIcon::Critical,
            TopWindow() == nullptr ? "" : FromQString(TopWindow()->windowTitle()));
 }
 

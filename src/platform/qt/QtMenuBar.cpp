@@ -24,6 +24,9 @@ void QtMenuBar::MirrorContent(forms::Aspect aspect) {
         return;
     }
     bar_->clear();
+    for (QMenu* old : bar_->findChildren<QMenu*>(Qt::FindDirectChildrenOnly)) {
+        old->deleteLater(); // it may be the one whose entry was just chosen
+    }
     for (const forms::Menu& menu : model_.Menus()) {
         QMenu* shown = bar_->addMenu(ToQString(menu.Caption));
         for (const forms::MenuTool& tool : menu.Tools) {

@@ -1,5 +1,7 @@
 #include "platform/qt/QtPlatform.h"
 
+#include "platform/CaughtError.h"
+
 #include <QIcon>
 #include <QLibraryInfo>
 #include <QTranslator>
@@ -24,6 +26,18 @@ DutchApplication::DutchApplication(int& argc, char** argv) : QApplication(argc, 
     }
     setWindowIcon(QIcon(QStringLiteral(":/pictures/program.svg")));
     setDesktopFileName(QStringLiteral("drukkeuring"));
+}
+
+bool DutchApplication::notify(QObject* receiver, QEvent* event) {
+    try {
+        return QApplication::notify(receiver, event);
+    } catch (const std::exception&) {
+        if (desktop_ == nullptr) {
+            throw;
+        }
+        TellCaught(*desktop_);
+        return true;
+    }
 }
 
 } // namespace platform::qt

@@ -21,13 +21,23 @@ class DutchApplication final : public QApplication {
   public:
     /// Both must live as long as the object.
     DutchApplication(int& argc, char** argv);
+
+    /// From now on a failure that no handler of the program knows is told there, and the program goes on.
+    /// With nullptr it ends the program, as without this call.
+    void TellFailuresOn(Desktop* desktop) { desktop_ = desktop; }
+
+    bool notify(QObject* receiver, QEvent* event) override;
+
+  private:
+    Desktop* desktop_ = nullptr;
 };
 
 /// The Linux desktop: everything outside the program that it works with.
 class QtPlatform {
   public:
     /// Both must live as long as the object.
-    QtPlatform(int& argc, char** argv) : application_(argc, argv) {}
+    QtPlatform(int& argc, char** argv) : application_(argc, argv) { application_.TellFailuresOn(&desktop_); }
+    ~QtPlatform() { application_.TellFailuresOn(nullptr); }
     QtPlatform(const QtPlatform&) = delete;
     QtPlatform& operator=(const QtPlatform&) = delete;
 
@@ -37,6 +47,16 @@ class QtPlatform {
     void Run() { desktop_.Run(); }
 
   private:
+    /// Before the session ends. A document under way needs what the program has set for it, and is waited
+    /// for.
+    bool MayEnd() {
+        if (printer_.IsPrinting()) {
+            return false;
+        }
+        printers_.PutSettingsBack();
+        return true;
+    }
+
     DutchApplication application_;
     QtDesktop desktop_;
     RegFileStore registry_{DefaultSettingsPath()};
@@ -44,16 +64,19 @@ class QtPlatform {
     QtClock clock_;
     SeededRandom random_;
     QtPrinters printers_;
-    QtPrinter printer_{printers_};
+    QtPrinter printer_{printers_, [this](const std::string& text) {
+                           desktop_.MsgBox(text, MessageIcon::Critical, "Afdrukken");
+                       }};
     CupsSpooler spooler_{printers_};
     QtBitmaps bitmaps_;
     platform::Platform services_{desktop_, registry_, locale_,  clock_,   random_,
                                  spooler_, printers_, printer_, bitmaps_, desktop_.Windows()};
     EndSignals ending_{[this] {
-        printers_
-            .PutSettingsBack(); // here already: a document under way ends first, and the session may not wait
-        QCoreApplication::exit(); // of every loop that is open, a modal form's too
-    }};
+                           // Here already: a document under way ends first, and the session may not wait.
+                           printers_.PutSettingsBack();
+                           QCoreApplication::exit(); // of every loop that is open, a modal form's too
+                       },
+                       [this] { return MayEnd(); }};
 };
 
 } // namespace platform::qt

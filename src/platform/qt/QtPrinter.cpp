@@ -1,10 +1,6 @@
 #include "platform/qt/QtPrinter.h"
 
-#include "platform/qt/ArrowPointer.h"
 #include "platform/qt/PaperTable.h"
-
-#include <QApplication>
-#include <QMessageBox>
 
 #include <algorithm>
 #include <cmath>
@@ -18,13 +14,16 @@ constexpr int DotsPerInch = 600;
 constexpr double TwipsPerDot = 1440.0 / DotsPerInch;
 constexpr double UnitsPerDot = 7200.0 / DotsPerInch;
 
-/// What a printer has of its own until a font is set. The lists take their line height from it before they
-/// choose a size: at 8 points, the size that they choose, the report of the calibration fits on a sheet of
-/// A4.
-const FontSpec OwnFont = {"Tahoma", 8, false};
-
 /// The sheet of a queue that tells no papers: it prints on what it has.
-const Paper Unlisted = {PaperA4, "A4", "", "", 210 / 25.4 * 1440, 297 / 25.4 * 1440};
+const Paper Unlisted = [] {
+    Paper paper;
+    paper.Id = PaperA4;
+    paper.Name = "A4";
+    paper.Width = 210 / 25.4 * 1440;
+    paper.Height = 297 / 25.4 * 1440;
+    paper.StandIn = true;
+    return paper;
+}();
 
 int Dots(double twips) {
     return static_cast<int>(std::lround(twips / TwipsPerDot));
@@ -32,17 +31,9 @@ int Dots(double twips) {
 
 } // namespace
 
-void TellPrintFailure(const std::string& text) {
-    QMessageBox box(QMessageBox::Critical, QStringLiteral("Afdrukken"), QString::fromStdString(text),
-                    QMessageBox::Ok, QApplication::activeWindow());
-    box.setTextFormat(Qt::PlainText); // a server's own words are part of it
-    const ArrowPointer arrow;
-    box.exec();
-}
-
 QtPrinter::QtPrinter(QtPrinters& printers, PrintFailureTeller teller)
     : printers_(printers), teller_(std::move(teller)), canvas_(static_cast<PageDevice&>(*this)) {
-    Drawing.Font = OwnFont;
+    Drawing.Font = PrintersOwnFont;
 }
 
 PrintQueue& QtPrinter::Queue() {
@@ -55,7 +46,7 @@ PrintQueue& QtPrinter::Queue() {
 void QtPrinter::Assign(int index) {
     queue_ = printers_.Share(index);
     settings_ = queue_->ReadSettings();
-    Drawing = DrawingState{0, 0, OwnFont};
+    Drawing = DrawingState{0, 0, PrintersOwnFont};
 }
 
 std::string QtPrinter::DeviceName() {

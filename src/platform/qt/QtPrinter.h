@@ -13,16 +13,13 @@
 
 namespace platform::qt {
 
-/// Tells the user that a document has not come on paper, as the program's own run goes on past any failure.
-using PrintFailureTeller = std::function<void(const std::string& text)>;
-
-/// Tells it in a message box.
-void TellPrintFailure(const std::string& text);
-
 /// The current printer. Until one is assigned it is the user's default.
 class QtPrinter : public Printer, private PageDevice {
   public:
-    explicit QtPrinter(QtPrinters& printers, PrintFailureTeller teller = TellPrintFailure);
+    QtPrinter(QtPrinters& printers, PrintFailureTeller teller);
+
+    /// From a document's first output to its end.
+    bool IsPrinting() const { return begun_; }
 
     void Assign(int index) override;
 

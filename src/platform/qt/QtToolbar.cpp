@@ -56,7 +56,7 @@ void QtToolbar::MirrorContent(forms::Aspect aspect) {
         const forms::ToolbarButton& model = model_.Button(number);
         QWidget* button = buttons_[static_cast<std::size_t>(number - 1)];
         button->setEnabled(model.Enabled);
-        button->setToolTip(ToQString(model.ToolTipText));
+        button->setToolTip(PlainToolTip(ToQString(model.ToolTipText)));
         button->setAccessibleName(
             ToQString(model.AccessibleName.empty() ? model.ToolTipText : model.AccessibleName).trimmed());
     }

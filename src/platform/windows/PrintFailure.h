@@ -2,7 +2,6 @@
 
 #include "platform/RuntimeError.h"
 
-#include <functional>
 #include <string>
 
 namespace platform::windows {
@@ -16,8 +15,5 @@ RuntimeError PrinterError(const std::string& text);
 
 /// For a call of a document that has just failed: PrintCalledOff if that is the reason, else PrinterError.
 [[noreturn]] void ThrowPrintFailure(const std::string& text);
-
-/// Tells the user that a document has not come on paper, as the program's own run goes on past any failure.
-using PrintFailureTeller = std::function<void(const std::string& text)>;
 
 } // namespace platform::windows

@@ -1,5 +1,6 @@
 #include "platform/windows/WinDesktop.h"
 
+#include "platform/CaughtError.h"
 #include <algorithm>
 #include <exception>
 #include <new>
@@ -152,26 +153,18 @@ void WinDesktop::Yield() {
 }
 
 void WinDesktop::MsgBox(const std::string& text, MessageIcon icon, const std::string& title) {
-    ::MessageBoxW(TopWindow(), ToWide(text).c_str(), ToWide(title).c_str(), FlagsOf(icon));
+    HWND owner = TopWindow();
+    const UINT alone = owner == nullptr ? MB_TASKMODAL : 0U; // no window of the program takes input meanwhile
+    ::MessageBoxW(owner, ToWide(text).c_str(), ToWide(title).c_str(), FlagsOf(icon) | alone);
 }
 
 void WinDesktop::UnhandledError(const RuntimeError& error) {
-    MsgBox("Fout " + std::to_string(error.Number()) + ":\n\n" + error.Description(), MessageIcon::Critical,
-           shown_.empty() ? "" : shown_.back()->Caption());
+    MsgBox(UnhandledErrorText(error), MessageIcon::Critical, shown_.empty() ? "" : shown_.back()->Caption());
 }
 
 void WinDesktop::TellCaught() noexcept {
-    constexpr int internalError = 51;
     try {
-        try {
-            throw;
-        } catch (const RuntimeError& error) {
-            UnhandledError(error);
-        } catch (const std::bad_alloc&) {
-            UnhandledError(OutOfMemory());
-        } catch (const std::exception& error) {
-            UnhandledError(RuntimeError(internalError, error.what()));
-        }
+        platform::TellCaught(*this);
     } catch (const std::exception&) { // no memory to tell it in words of its own
         ::MessageBoxW(nullptr, L"Fout 7:\n\nOut of memory", nullptr, MB_OK | MB_ICONERROR | MB_TASKMODAL);
     }

@@ -12,11 +12,6 @@ namespace {
 
 constexpr double TwipsPerInch = 1440;
 
-/// What a printer has of its own until a font is set. The lists take their line height from it before they
-/// choose a size: at 8 points, the size that they choose, the report of the calibration fits on a sheet of
-/// A4.
-const FontSpec OwnFont = {"Tahoma", 8, false};
-
 /// A driver that does not tell what it offers is asked by trying.
 bool Offers(const DriverSettings& settings, WORD capability, std::int16_t value) {
     const std::vector<short> offered = settings.Offered(capability);
@@ -27,7 +22,7 @@ bool Offers(const DriverSettings& settings, WORD capability, std::int16_t value)
 
 WinPrinter::WinPrinter(WinPrinters& printers, PrintFailureTeller teller)
     : printers_(printers), teller_(std::move(teller)), canvas_(static_cast<PageDevice&>(*this)) {
-    Drawing.Font = OwnFont;
+    Drawing.Font = PrintersOwnFont;
 }
 
 const PrinterEntry& WinPrinter::Entry() {
@@ -56,7 +51,7 @@ void WinPrinter::Assign(int index) {
     device_.Reset();
     settings_.reset();
     entry_ = std::move(entry);
-    Drawing = DrawingState{0, 0, OwnFont};
+    Drawing = DrawingState{0, 0, PrintersOwnFont};
     // A printer that cannot be reached becomes the current one all the same: its name is to be had, and what
     // is printed must not go to the one before it.
     Resume([this] { Settings(); });

@@ -13,7 +13,7 @@ inline void DrawAgain(const std::vector<TeePrinter::Call>& calls, std::int16_t p
     platform::qt::QtPrinters printers(std::make_unique<platform::qt::PdfPrinter>(
                                           [&file](const QString&) { return file; }, file + ".settings"),
                                       [] { return platform::qt::FoundQueues{}; });
-    platform::qt::QtPrinter printer(printers);
+    platform::qt::QtPrinter printer(printers, [](const std::string&) {});
     printer.SetPaperSize(paper);
     for (const TeePrinter::Call& call : calls) {
         call(printer.Page());

@@ -17,10 +17,12 @@ namespace {
 void PrintAndWait() {
     const window::MessageBoxes boxes;
     RealProgram program;
-    const platform::qt::EndSignals ending([&program] {
-        program.Printers.PutSettingsBack();
-        QCoreApplication::exit();
-    });
+    const platform::qt::EndSignals ending(
+        [&program] {
+            program.Printers.PutSettingsBack();
+            QCoreApplication::exit();
+        },
+        [] { return true; });
     program.GoToTheLastPage();
     program.OpenManager([&] {
         program.OpenDetails();

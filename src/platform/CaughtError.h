@@ -1,0 +1,17 @@
+#pragma once
+
+#include <string>
+
+namespace platform {
+
+class Desktop;
+class RuntimeError;
+
+/// How an error is told that no handler of the program knows.
+std::string UnhandledErrorText(const RuntimeError& error);
+
+/// To be called where an exception is being handled, at the edge to the toolkit: tells the user of it as an
+/// error of the machine, and the program goes on. What cannot be told passes on.
+void TellCaught(Desktop& desktop);
+
+} // namespace platform

@@ -1,0 +1,69 @@
+// Failures that no handler of the program knows, on their way through the toolkit.
+#include "platform/RuntimeError.h"
+#include "platform/memory/MemoryPlatform.h"
+#include "platform/qt/QtPlatform.h"
+
+#include <gtest/gtest.h>
+
+#include <QEvent>
+#include <QTimer>
+
+#include <functional>
+#include <new>
+#include <vector>
+
+namespace {
+
+/// An object whose handler fails.
+class Failing : public QObject {
+  public:
+    explicit Failing(std::function<void()> handler) : handler_(std::move(handler)) {}
+    bool event(QEvent*) override {
+        handler_();
+        return true;
+    }
+
+  private:
+    std::function<void()> handler_;
+};
+
+class ApplicationTest : public testing::Test {
+  protected:
+    ApplicationTest() {
+        memory.recorder.Sink = [this](const platform::Event& event) {
+            if (event.Kind == "error") {
+                numbers.push_back(std::get<int>(event.Fields[0].Value));
+            }
+        };
+        Application().TellFailuresOn(&memory.desktop);
+    }
+    ~ApplicationTest() override { Application().TellFailuresOn(nullptr); }
+
+    static platform::qt::DutchApplication& Application() {
+        return static_cast<platform::qt::DutchApplication&>(*qApp);
+    }
+    static void Send(const std::function<void()>& handler) {
+        Failing object(handler);
+        QEvent event(QEvent::User);
+        QCoreApplication::sendEvent(&object, &event);
+    }
+
+    platform::MemoryPlatform memory;
+    std::vector<int> numbers;
+};
+
+TEST_F(ApplicationTest, TellsWhatNoHandlerKnowsAndGoesOn) {
+    Send([] { throw platform::SubscriptOutOfRange(); });
+    Send([] { throw std::bad_alloc(); });
+    Send([] { throw std::logic_error("x"); });
+    EXPECT_EQ(numbers,
+              (std::vector<int>{platform::ErrorSubscriptOutOfRange, platform::ErrorOutOfMemory, 51}));
+}
+
+TEST_F(ApplicationTest, LetsItPassWhereNobodyIsTold) {
+    Application().TellFailuresOn(nullptr);
+    EXPECT_THROW(Send([] { throw std::bad_alloc(); }), std::bad_alloc);
+    EXPECT_TRUE(numbers.empty());
+}
+
+} // namespace
