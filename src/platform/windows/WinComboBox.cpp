@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "platform/windows/DpiFunctions.h"
 #include "platform/windows/Fonts.h"
 #include "platform/windows/WideText.h"
 #include "platform/windows/WinForm.h"
@@ -57,7 +58,7 @@ void WinComboBox::WidenList() {
     for (int index = 0; index < model_.ListCount(); ++index) {
         widest = std::max(widest, TextWidth(FontOf(), ToWide(model_.List(index))));
     }
-    const int bar = model_.ListCount() > MostLines ? ::GetSystemMetrics(SM_CXVSCROLL) : 0;
+    const int bar = model_.ListCount() > MostLines ? SystemMetric(SM_CXVSCROLL, DpiOf(Window())) : 0;
     constexpr double margins = 180; // twips
     Send(CB_SETDROPPEDWIDTH, static_cast<WPARAM>(widest + bar + Form().Scaling().ToDots(margins)));
 }

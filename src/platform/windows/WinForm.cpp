@@ -44,12 +44,12 @@ WinForm::WinForm(forms::Form& form, WinDesktop& desktop) : form_(form), desktop_
     MakeWindow();
     try {
         MakeControls();
+        FormChanged();
+        desktop_.Opened(form_, *this);
     } catch (...) {
         DestroyWindows();
         throw;
     }
-    FormChanged();
-    desktop_.Opened(form_, *this);
 }
 
 void WinForm::MakeWindow() {

@@ -28,7 +28,9 @@ constexpr DWORD LargestInfo = 16U << 20U;
 void ChangeInPlace(char* text) {
     if (text != nullptr) {
         const std::string changed = FromMachine(text);
-        std::memcpy(text, changed.c_str(), std::min(changed.size(), std::strlen(text)) + 1);
+        const std::size_t length = std::min(changed.size(), std::strlen(text));
+        std::memcpy(text, changed.data(), length);
+        text[length] = '\0';
     }
 }
 

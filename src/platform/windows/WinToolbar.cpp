@@ -55,7 +55,13 @@ void WinToolbar::AddButton(int number) {
 
 void WinToolbar::ShowButton(int number) {
     const forms::ToolbarButton& model = model_.Button(number);
-    if (model.Separator) {
+    if (model.Separator) { // as wide as the screen's density asks
+        TBBUTTONINFOW gap{};
+        gap.cbSize = sizeof gap;
+        gap.dwMask = TBIF_SIZE;
+        gap.cx = static_cast<WORD>(Form().Scaling().ToDots(RuleWidth));
+        Send(TB_SETBUTTONINFOW, static_cast<WPARAM>(FirstToolbarButton + number),
+             reinterpret_cast<LPARAM>(&gap));
         return;
     }
     std::wstring name = NameOf(model);
