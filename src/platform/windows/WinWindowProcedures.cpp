@@ -14,13 +14,13 @@ ProcedureAddress WinWindowProcedures::SetWindowLongA(WindowHandle hWnd, int inde
         ::SetWindowLongPtrW(reinterpret_cast<HWND>(hWnd), index, static_cast<LONG_PTR>(procedure)));
 }
 
-std::intptr_t WinWindowProcedures::CallWindowProcW(ProcedureAddress procedure, WindowHandle hWnd,
+std::intptr_t WinWindowProcedures::CallWindowProcA(ProcedureAddress procedure, WindowHandle hWnd,
                                                    std::int32_t uMsg, std::intptr_t wParam,
                                                    std::intptr_t lParam) {
     if (procedure == 0) {
         return 0;
     }
-    return ::CallWindowProcA(reinterpret_cast<WNDPROC>(procedure), reinterpret_cast<HWND>(hWnd),
+    return ::CallWindowProcW(reinterpret_cast<WNDPROC>(procedure), reinterpret_cast<HWND>(hWnd),
                              static_cast<UINT>(uMsg), static_cast<WPARAM>(wParam), lParam);
 }
 
