@@ -9,6 +9,7 @@
 #include <QFile>
 #include <QFileDialog>
 #include <QFileInfo>
+#include <QLabel>
 #include <QMessageBox>
 #include <QSaveFile>
 #include <QStandardPaths>
@@ -102,6 +103,17 @@ bool MayReplace(const QString& path, const QString& title) {
     return box.exec() == QMessageBox::Yes;
 }
 
+// The toolkit's own dialog, where the desktop has none, ties only the name of the file to its label: a screen
+// reader would know the other two boxes by nothing but what is chosen in them.
+void TieLabels(const QFileDialog& dialog) {
+    for (const auto& [name, box] :
+         {std::pair("lookInLabel", "lookInCombo"), {"fileTypeLabel", "fileTypeCombo"}}) {
+        if (auto* label = dialog.findChild<QLabel*>(QLatin1String(name))) {
+            label->setBuddy(dialog.findChild<QWidget*>(QLatin1String(box)));
+        }
+    }
+}
+
 } // namespace
 
 std::optional<QString> AskForPdfFile(const QString& proposed) {
@@ -117,6 +129,7 @@ std::optional<QString> AskForPdfFile(const QString& proposed) {
     dialog.setLabelText(QFileDialog::FileType, QStringLiteral("Bestandstype:"));
     dialog.setLabelText(QFileDialog::Accept, QStringLiteral("Opslaan"));
     dialog.setLabelText(QFileDialog::Reject, QStringLiteral("Annuleren"));
+    TieLabels(dialog);
     dialog.selectFile(proposed);
     const ArrowPointer arrow;
     while (dialog.exec() == QDialog::Accepted && !dialog.selectedFiles().isEmpty()) {
