@@ -49,7 +49,9 @@ class RealProgram {
     platform::qt::QtClock Clock;
     platform::SeededRandom Random;
     platform::qt::QtPrinters Printers;
-    TeePrinter Printer{Printers};
+    TeePrinter Printer{Printers, [this](const std::string& text) {
+                           Desktop.MsgBox(text, platform::MessageIcon::Critical, "Afdrukken");
+                       }};
     platform::qt::CupsSpooler Spooler{Printers};
     platform::qt::QtBitmaps Bitmaps;
     platform::Platform Services{Desktop, Registry, Locale,  Clock,   Random,

@@ -5,12 +5,14 @@
 
 #include <functional>
 #include <string>
+#include <utility>
 #include <vector>
 
 /// The program's printer, with a record of what is drawn on it.
 class TeePrinter final : public platform::Printer, private platform::Canvas {
   public:
-    explicit TeePrinter(platform::qt::QtPrinters& printers) : printer_(printers) {
+    TeePrinter(platform::qt::QtPrinters& printers, platform::PrintFailureTeller teller)
+        : printer_(printers, std::move(teller)) {
         Drawing = printer_.Drawing;
     }
 
