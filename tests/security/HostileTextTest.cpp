@@ -1,9 +1,10 @@
-// Texts that would do harm if anything took them for more than texts: as the title of a document and as the
-// wording of a printer.
+// Texts that would do harm if anything took them for more than texts: as the title of a document, and as the
+// name and the wording of a printer.
 
 #include "platform/qt/PdfPrinter.h"
 #include "platform/qt/QtPrinter.h"
 #include "platform/qt/QtText.h"
+#include "platform/qt/UserDefaults.h"
 #include "qt/printing/PdfReader.h"
 #include "qt/printing/PrintServer.h"
 
@@ -103,6 +104,31 @@ TEST_P(HostileTitle, GoesToTheQueueAsATitle) {
     EXPECT_FALSE(QFile::exists("gekraakt"));
     EXPECT_FALSE(QFile::exists(server.Folder() + "/gekraakt"));
 }
+
+class HostileName : public testing::TestWithParam<std::string> {};
+
+// A server may name a queue as it likes; the user's file takes a name that is one word, and no other.
+TEST_P(HostileName, WritesNothingButItsOwnLine) {
+    const QTemporaryDir folder;
+    const QString path = folder.filePath("lpoptions");
+    const QByteArray before = "Dest Kantoor InputSlot=Lade1\n";
+    QFile file(path);
+    ASSERT_TRUE(file.open(QIODevice::WriteOnly));
+    file.write(before);
+    file.close();
+    UserDefaults defaults(path, {});
+    const bool taken = defaults.Change(GetParam(), {{"InputSlot", "Lade3"}});
+    ASSERT_TRUE(file.open(QIODevice::ReadOnly));
+    QByteArray after = file.readAll();
+    EXPECT_TRUE(after.endsWith(before));
+    after.chop(before.size());
+    EXPECT_EQ(after.count('\n'), taken ? 1 : 0);
+    EXPECT_EQ(QDir(folder.path()).entryList(QDir::Files), QStringList{"lpoptions"});
+    EXPECT_EQ(defaults.Options("Kantoor"), (CupsOptions{{"InputSlot", "Lade1"}}));
+}
+
+INSTANTIATE_TEST_SUITE_P(Texts, HostileName, testing::ValuesIn(HostileTexts),
+                         [](const auto& text) { return "Number" + std::to_string(text.index); });
 
 INSTANTIATE_TEST_SUITE_P(Texts, HostileTitle, testing::ValuesIn(HostileTexts),
                          [](const auto& text) { return "Number" + std::to_string(text.index); });
