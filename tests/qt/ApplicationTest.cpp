@@ -8,6 +8,7 @@
 #include <QEvent>
 #include <QTimer>
 
+#include <cstdint>
 #include <functional>
 #include <new>
 #include <vector>
@@ -32,7 +33,7 @@ class ApplicationTest : public testing::Test {
     ApplicationTest() {
         memory.recorder.Sink = [this](const platform::Event& event) {
             if (event.Kind == "error") {
-                numbers.push_back(std::get<int>(event.Fields[0].Value));
+                numbers.push_back(std::get<std::int64_t>(event.Fields[0].Value));
             }
         };
         Application().TellFailuresOn(&memory.desktop);
@@ -49,15 +50,15 @@ class ApplicationTest : public testing::Test {
     }
 
     platform::MemoryPlatform memory;
-    std::vector<int> numbers;
+    std::vector<std::int64_t> numbers;
 };
 
 TEST_F(ApplicationTest, TellsWhatNoHandlerKnowsAndGoesOn) {
     Send([] { throw platform::SubscriptOutOfRange(); });
     Send([] { throw std::bad_alloc(); });
     Send([] { throw std::logic_error("x"); });
-    EXPECT_EQ(numbers,
-              (std::vector<int>{platform::ErrorSubscriptOutOfRange, platform::ErrorOutOfMemory, 51}));
+    EXPECT_EQ(numbers, (std::vector<std::int64_t>{platform::ErrorSubscriptOutOfRange,
+                                                  platform::ErrorOutOfMemory, 51}));
 }
 
 TEST_F(ApplicationTest, LetsItPassWhereNobodyIsTold) {

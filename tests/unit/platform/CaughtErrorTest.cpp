@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include <cstdint>
 #include <new>
 #include <stdexcept>
 #include <string>
@@ -17,7 +18,7 @@ std::string Told(const Exception& exception) {
     platform::MemoryPlatform memory;
     std::string told = "nothing";
     memory.recorder.Sink = [&told](const platform::Event& event) {
-        told = event.Kind + " " + std::to_string(std::get<int>(event.Fields[0].Value)) + " " +
+        told = event.Kind + " " + std::to_string(std::get<std::int64_t>(event.Fields[0].Value)) + " " +
                std::get<std::string>(event.Fields[1].Value);
     };
     try {
