@@ -37,6 +37,8 @@ struct WithoutHandler {
 const WithoutHandler withoutHandler[] = {
     // The manager comes up as far as its load got, so that it can be closed.
     {"open the manager", {"Printers", "Item", "DeviceName", "Copies", CallCreateWindow}},
+    // It is not there.
+    {"open the setup", {CallCreateWindow}},
     // The commands stay off until a document is picked again.
     {"document", {"Printers"}},
     // The panel stays as it is.

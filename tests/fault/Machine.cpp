@@ -219,7 +219,7 @@ preview::frmPrintPreview& Machine::Preview() {
 
 void Machine::OpenSetup() {
     setup_ = std::make_unique<printmanager::frmPrintManagerSetup>(session_, memory_.Services(), state_);
-    setup_->ShowModal();
+    session_.Dispatch([this] { setup_->ShowModal(); });
     setup_.reset();
 }
 
