@@ -7,9 +7,9 @@
 #include <set>
 #include <string>
 
+#include <pwd.h>
 #include <sys/resource.h>
 #include <sys/stat.h>
-#include <pwd.h>
 #include <unistd.h>
 
 namespace {
