@@ -6,6 +6,7 @@
 #include <optional>
 #include <string>
 #include <string_view>
+#include <vector>
 
 #include "Input.h"
 #include "Require.h"
@@ -49,15 +50,23 @@ std::optional<string> IbanDigits(string_view t) {
     if (text::Length(t) < 10 || t.find(' ') != string_view::npos) {
         return std::nullopt;
     }
-    string bare(t);
-    std::erase_if(bare, [](char c) { return string_view("/:\\+-*").find(c) != string_view::npos; });
-    if (text::Length(bare) < 4) {
+    // By characters, before any is taken out: bytes that are none must not become one by losing what parts
+    // them.
+    std::vector<string> bare;
+    while (!t.empty()) {
+        const string character(text::Left(t, 1));
+        t.remove_prefix(character.size());
+        if (string_view("/:\\+-*").find(character) == string_view::npos) {
+            bare.push_back(character);
+        }
+    }
+    if (bare.size() < 4) {
         return std::nullopt;
     }
-    const string head(text::Left(bare, 4));
-    bare = bare.substr(head.size()) + head;
+    std::rotate(bare.begin(), bare.begin() + 4, bare.end());
     string digits;
-    for (const char c : bare) {
+    for (const string& character : bare) {
+        const char c = character.front();
         if (IsFigure(c)) {
             digits += c;
         } else if (std::isalpha(static_cast<unsigned char>(c)) != 0) {
