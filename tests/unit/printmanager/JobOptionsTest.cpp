@@ -8,13 +8,6 @@ namespace {
 
 constexpr const char* NoCopies = "U kunt geen 0 afdrukken maken.";
 
-std::string UnknownError(const std::string& error) {
-    return "Een onbekende fout is opgetreden !\r\nMocht u deze fout kunnen reproduceren neem dan contact op "
-           "met "
-           "Ondor BV.\r\n\r\nSluit dit onderdeel af en herstart het weer.\r\n\r\nError: " +
-           error;
-}
-
 class JobOptionsTest : public JobTest {};
 
 struct OrientationRow {

@@ -7,13 +7,6 @@ using testing::IsEmpty;
 
 namespace {
 
-std::string UnknownError(const std::string& error) {
-    return "Een onbekende fout is opgetreden !\r\nMocht u deze fout kunnen reproduceren neem dan contact op "
-           "met "
-           "Ondor BV.\r\n\r\nSluit dit onderdeel af en herstart het weer.\r\n\r\nError: " +
-           error;
-}
-
 TEST_F(JobTest, CommandsWaitForAChoice) {
     Open();
     EXPECT_FALSE(manager->cmdPrint.Enabled());

@@ -7,13 +7,6 @@ using testing::IsEmpty;
 
 namespace {
 
-std::string UnknownError(const std::string& error) {
-    return "Een onbekende fout is opgetreden !\r\nMocht u deze fout kunnen reproduceren neem dan contact op "
-           "met "
-           "Ondor BV.\r\n\r\nSluit dit onderdeel af en herstart het weer.\r\n\r\nError: " +
-           error;
-}
-
 class JobYieldTest : public JobTest {};
 
 // The yield behind the preparation comes before the flag is up: a click that lands there is taken.
