@@ -2,6 +2,7 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <QLabel>
 #include <QApplication>
 #include <QLineEdit>
 #include <QListWidget>
