@@ -22,8 +22,9 @@ function(drukkeuring_compile_options target)
   endif()
 endfunction()
 
-# What a test file is compiled with. The sanitizers watch the code under test, not the test: with them the templates of
-# the test framework take more than twice as long to compile. In a sanitized program an optimised test gains nothing.
+# What a test, or a tool that plays tests, is compiled with. The sanitizers watch the code under test, not the test: with
+# them the templates of the test framework take more than twice as long to compile. In a sanitized program an optimised
+# test gains nothing.
 function(drukkeuring_test_options target)
   drukkeuring_warnings(${target})
   if(DRUKKEURING_SANITIZE)

@@ -1,10 +1,9 @@
 #!/bin/sh
-# Builds the release and measures it, or with "load" what grows with its load: tools/bench.sh [BUILD FOLDER [load]]
+# Builds the benchmarks and runs them, or with "load" what grows with its load: tools/bench.sh [BUILD FOLDER [load]]
 set -eu
 source=$(cd "$(dirname "$0")/.." && pwd)
-build=${1:-$source/build}
-cmake -S "$source" -B "$build" -G Ninja -DCMAKE_BUILD_TYPE=Release -DDRUKKEURING_SANITIZE=OFF \
-  -DDRUKKEURING_BENCHMARKS=ON > /dev/null
+build=${1:-$source/build/bench}
+(cd "$source" && cmake --preset bench -B "$build" > /dev/null)
 ninja -C "$build" bench_composition bench_preview load pdf_batch > /dev/null
 if [ "${2:-}" = load ]; then
   exec python3 "$source/tests/bench/load.py" "$build/bin/load" "$build/bin/pdf_batch"

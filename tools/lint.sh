@@ -12,6 +12,6 @@ else
   mapfile -t files < <(git ls-files 'src/**/*.cpp' 'tools/**/*.cpp' | grep -v -e '^src/platform/windows/' -e main_windows)
 fi
 # A folder of its own: clang-tidy cannot read the compiler's precompiled headers.
-cmake --preset release -B build/lint -DCMAKE_DISABLE_PRECOMPILE_HEADERS=ON >/dev/null
+cmake --preset lint >/dev/null
 printf '%s\0' "${files[@]}" | xargs -0 -n 1 -P "$(nproc)" clang-tidy -p build/lint --quiet \
   --extra-arg=-Wno-unknown-warning-option --extra-arg=-Wno-ignored-optimization-argument

@@ -10,16 +10,16 @@ usage() { echo "usage: $0 [debian|windows]" >&2; exit 2; }
 debian() {
   tools/setup.sh build
   tools/setup.sh package
-  cmake --preset release -DDRUKKEURING_TESTS=OFF -DDRUKKEURING_BENCHMARKS=OFF >/dev/null
+  cmake --preset release >/dev/null
   cmake --build --preset release --target drukkeuring installed_files
-  cpack --config build/CPackConfig.cmake -B build/packages >/dev/null
-  cp build/packages/drukkeuring_"$version"_amd64.deb dist/
+  cpack --config build/release/CPackConfig.cmake -B build/release/packages >/dev/null
+  cp build/release/packages/drukkeuring_"$version"_amd64.deb dist/
 }
 
 windows() {
   tools/setup.sh windows
   tools/setup.sh package
-  cmake --preset windows -DDRUKKEURING_TESTS=OFF >/dev/null
+  cmake --preset windows >/dev/null
   cmake --build --preset windows --target packages
   cp build/windows/packages/drukkeuring-{setup-"$version".exe,"$version"-windows.zip} dist/
 }

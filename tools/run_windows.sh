@@ -6,7 +6,7 @@ cd "$(dirname "$(readlink -f "$0")")/.."
 
 tools/setup.sh wine
 tools/setup.sh screen
-cmake --preset windows -DDRUKKEURING_TESTS=ON >/dev/null
+cmake --preset windows >/dev/null
 cmake --build --preset windows
 
 exec /usr/bin/python3 tests/windows/show.py --build build/windows --settings examples/tarvik.reg --out out/windows

@@ -6,9 +6,9 @@ cd "$(dirname "$(readlink -f "$0")")/.."
 tools/setup.sh run
 tools/setup.sh wine
 tools/setup.sh screen
-cmake --preset release -DDRUKKEURING_TESTS=OFF -DDRUKKEURING_BENCHMARKS=OFF >/dev/null
+cmake --preset release >/dev/null
 cmake --build --preset release --target drukkeuring-demo
-cmake --preset windows -DDRUKKEURING_TESTS=ON >/dev/null
+cmake --preset windows >/dev/null
 cmake --build --preset windows
 
 made=$(mktemp -d)
