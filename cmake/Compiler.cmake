@@ -23,12 +23,11 @@ function(drukkeuring_compile_options target)
 endfunction()
 
 # What a test, or a tool that plays tests, is compiled with. The sanitizers watch the code under test, not the test: with
-# them the templates of the test framework take more than twice as long to compile. In a sanitized program an optimised
-# test gains nothing.
+# them the templates of the test framework take more than twice as long to compile. Nor does an optimised test gain.
 function(drukkeuring_test_options target)
   drukkeuring_warnings(${target})
+  target_compile_options(${target} PRIVATE -O0)
   if(DRUKKEURING_SANITIZE)
-    target_compile_options(${target} PRIVATE -O0)
     target_link_options(${target} PRIVATE -fsanitize=address,undefined)
   endif()
 endfunction()
