@@ -122,9 +122,9 @@ bool frmPrintManager::MayStart() const {
     return !blnBusy && !blnClosing && lstAfdrukken.ListIndex() != -1;
 }
 
-/// What a print and a preview have in common before the call back. `orientation` takes the value that the
-/// user's choice gives, to be put back after the run. False if there is nothing to print.
-bool frmPrintManager::PrepareRun(bool preview, std::int16_t& orientation) {
+/// What a print and a preview have in common before the call back. `job` is the one to run; `orientation` takes
+/// the value that the user's choice gives, to be put back after the run. False if there is nothing to print.
+bool frmPrintManager::PrepareRun(bool preview, Job& job, std::int16_t& orientation) {
     PreparePrinter(cboPrinterSelect(0).Text());
     blnRestorePending = true;
     blnUserChanged = false;
@@ -134,7 +134,7 @@ bool frmPrintManager::PrepareRun(bool preview, std::int16_t& orientation) {
 
     orientation = static_cast<std::int16_t>(cboPrinterSelect(3).ListIndex() + 1);
     state_.PrinterOrientation = orientation;
-    if (lstAfdrukken.Text().find(LandscapeTitle) != std::string::npos) {
+    if (job.Title.find(LandscapeTitle) != std::string::npos) {
         state_.PrinterOrientation = Landscape;
     }
     if (state_.PrinterOrientation == Portrait) {
@@ -152,6 +152,7 @@ bool frmPrintManager::PrepareRun(bool preview, std::int16_t& orientation) {
         blnBusy = false;
         return false;
     }
+    job.Copies = iCopies;
     return true;
 }
 
@@ -168,12 +169,17 @@ void frmPrintManager::ForEachCaller(const std::function<void(forms::Form&)>& cal
     }
 }
 
-void frmPrintManager::CallBack(forms::Form& caller, bool preview) {
-    if (!preview) {
-        platform_.Printer.SetDocumentTitle(lstAfdrukken.Text());
-    }
+/// The list may be clicked while a run yields; what was asked for is printed all the same.
+frmPrintManager::Job frmPrintManager::ChosenJob() const {
     const std::int32_t document = lstAfdrukken.ItemData(lstAfdrukken.ListIndex());
-    caller.Afdrukken(platform::ToInt16(document), iCopies, preview);
+    return {platform::ToInt16(document), lstAfdrukken.Text(), iCopies};
+}
+
+void frmPrintManager::CallBack(forms::Form& caller, const Job& job, bool preview) {
+    if (!preview) {
+        platform_.Printer.SetDocumentTitle(job.Title);
+    }
+    caller.Afdrukken(job.Document, job.Copies, preview);
 }
 
 void frmPrintManager::cmdPrint_Click() {
@@ -183,21 +189,26 @@ void frmPrintManager::cmdPrint_Click() {
     GetSession().HourglassOn();
     std::int16_t orientation = state_.PrinterOrientation;
     const ClearAtEnd notBusy(blnBusy);
-    try {
-        if (!PrepareRun(false, orientation)) {
-            return;
-        }
-        ForEachCaller([this](forms::Form& caller) { CallBack(caller, false); });
+    const auto giveBack = [&] {
         state_.PrinterOrientation = orientation;
         blnBusy = false;
         GetSession().HourglassOff();
+    };
+    try {
+        Job job = ChosenJob();
+        if (!PrepareRun(false, job, orientation)) {
+            return;
+        }
+        ForEachCaller([&](forms::Form& caller) { CallBack(caller, job, false); });
+        giveBack();
         Desktop().Yield();
         Unload();
     } catch (const platform::RuntimeError& error) {
-        state_.PrinterOrientation = orientation;
-        blnBusy = false;
-        GetSession().HourglassOff();
+        giveBack();
         Desktop().MsgBox(UnknownErrorText(error), platform::MessageIcon::Critical, state_.MessageTitle);
+    } catch (...) {
+        giveBack();
+        throw;
     }
 }
 
@@ -208,14 +219,15 @@ void frmPrintManager::cmdPrintVoorbeeld_Click() {
     GetSession().HourglassOn();
     std::int16_t orientation = 0;
     const ClearAtEnd notBusy(blnBusy);
-    if (!PrepareRun(true, orientation)) {
+    Job job = ChosenJob();
+    if (!PrepareRun(true, job, orientation)) {
         return;
     }
-    ForEachCaller([this](forms::Form& caller) {
-        CallBack(caller, true);
+    ForEachCaller([&](forms::Form& caller) {
+        CallBack(caller, job, true);
         if (state_.PrintAfterPreview) {
             blnIsPreview = false;
-            CallBack(caller, false);
+            CallBack(caller, job, false);
             // Still busy, so the form refuses: after a preview the user goes on here.
             Unload();
         }
@@ -246,6 +258,7 @@ void frmPrintManager::OnSessionEnd() {
 /// The steps of a closing. A failure ends them, and the form closes all the same.
 void frmPrintManager::CloseCheck() {
     blnClosing = true;
+    const ClearAtEnd notClosing(blnClosing); // a form that stays after all is to be closed another time
     tmrSetPaperSize.SetEnabled(false);
     const DrawingUnlock unlock(Desktop());
     if (blnRestorePending) {
@@ -259,7 +272,6 @@ void frmPrintManager::CloseCheck() {
     }
     state_.CallerFormName.clear();
     state_.PrintManagerOpen = false;
-    blnClosing = false;
 }
 
 } // namespace printmanager

@@ -180,8 +180,15 @@ class frmPrintManager : public forms::Form {
     void cmdAnnuleren_Click();
     void UserText_GotFocus();
     bool MayStart() const;
-    bool PrepareRun(bool preview, std::int16_t& orientation);
-    void CallBack(forms::Form& caller, bool preview);
+    /// What one command prints, as the user had chosen it when he gave the command.
+    struct Job {
+        std::int16_t Document = 0;
+        std::string Title;
+        std::int16_t Copies = 0;
+    };
+    Job ChosenJob() const;
+    bool PrepareRun(bool preview, Job& job, std::int16_t& orientation);
+    void CallBack(forms::Form& caller, const Job& job, bool preview);
     void ForEachCaller(const std::function<void(forms::Form&)>& call);
 
     // The printer list: frmPrintManagerPrinters.cpp.

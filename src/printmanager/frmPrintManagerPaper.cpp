@@ -9,6 +9,7 @@
 #include "platform/RuntimeError.h"
 #include "platform/Spooler.h"
 #include "platform/Text.h"
+#include "printmanager/ClearAtEnd.h"
 #include "printmanager/DevModeField.h"
 #include "printmanager/PrintLog.h"
 #include "printmanager/frmPrintManager.h"
@@ -72,6 +73,7 @@ void frmPrintManager::LoadPrinterLists(const std::string& name, bool& failed) {
     }
     // A selection made here is no choice of the user.
     blnBusy = true;
+    const ClearAtEnd notBusy(blnBusy);
     iPaperIds = lists.PaperIds;
     ptPaperSizes = lists.PaperSizes;
     FillCombo(cboPrinterSelect(1), lists.PaperNames, iPaperIds, lists.CurrentPaper);
@@ -79,7 +81,6 @@ void frmPrintManager::LoadPrinterLists(const std::string& name, bool& failed) {
     FillCombo(cboPrinterSelect(2), lists.BinNames, iBinIds, lists.CurrentBin);
     const std::int16_t orientation = GetDevModeField(platform_.Spooler, printer, platform::DM_ORIENTATION);
     cboPrinterSelect(3).SetListIndex(orientation == LandscapeInDefaults ? LyingPosition : StandingPosition);
-    blnBusy = false;
 }
 
 bool frmPrintManager::AssignPrinter(const std::string& name) {

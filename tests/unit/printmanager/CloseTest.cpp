@@ -129,10 +129,40 @@ TEST_F(CloseTest, FailureSkipsTheRestWithoutAMessageAndTheFormCloses) {
     EXPECT_EQ(memory.desktop.LockedWindow(), 0U);
     // What the check did not come to stays as it was.
     EXPECT_TRUE(manager->blnRestorePending);
-    EXPECT_TRUE(manager->blnClosing);
     EXPECT_EQ(state.CallerFormName, "frmCaller");
     EXPECT_TRUE(state.PrintManagerOpen);
     EXPECT_FALSE(manager->tmrSetPaperSize.Enabled());
+}
+
+TEST_F(CloseTest, ACloseThatBreaksOffCanBeTriedAgain) {
+    Open();
+    memory.desktop.OnControlChanged = [this](const forms::Control& control, forms::Aspect) {
+        if (&control == &manager->tmrSetPaperSize) {
+            throw std::bad_alloc();
+        }
+    };
+    EXPECT_THROW(manager->UserClose(), std::bad_alloc);
+    EXPECT_TRUE(manager->Visible());
+    EXPECT_FALSE(manager->blnClosing);
+    memory.desktop.OnControlChanged = nullptr;
+    EXPECT_TRUE(manager->UserClose());
+    EXPECT_FALSE(manager->Loaded());
+    EXPECT_FALSE(state.PrintManagerOpen);
+}
+
+TEST_F(CloseTest, ALogOffThatFailsInTheMiddleOfARunLeavesItsCommandsUsable) {
+    AddCaller("frmCaller");
+    OpenAndPick();
+    OnCall = [this](bool /*preview*/) {
+        memory.recorder.Fail("PaperSize");
+        session.End();
+    };
+    manager->cmdPrintVoorbeeld.UserClick();
+    ASSERT_TRUE(manager->Visible());
+    EXPECT_FALSE(manager->blnClosing);
+    OnCall = nullptr;
+    manager->cmdPrintVoorbeeld.UserClick();
+    EXPECT_EQ(calls.size(), 2U);
 }
 
 TEST_F(CloseTest, DetailsAreLockedWhileItRestores) {

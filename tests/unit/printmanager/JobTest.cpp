@@ -227,5 +227,37 @@ TEST_F(JobTest, CopiesAreSelectedByTheTabKeyAlone) {
     EXPECT_EQ(manager->UserText(0).SelLength(), 0);
 }
 
+TEST_F(JobTest, ARunThatBreaksOffInAnyWayLeavesTheManagerUsable) {
+    OpenAndPick();
+    manager->cboPrinterSelect(3).SetListIndex(1);
+    state.DocumentTitle[1] = "x";
+    OnCall = [this](bool /*preview*/) {
+        state.PrinterOrientation = 1;
+        throw std::bad_alloc();
+    };
+    EXPECT_THROW(manager->cmdPrint.UserClick(), std::bad_alloc);
+    EXPECT_EQ(state.PrinterOrientation, 2);
+    EXPECT_FALSE(manager->blnBusy);
+    EXPECT_EQ(memory.desktop.MousePointer(), platform::PointerDefault);
+    OnCall = nullptr;
+    manager->cmdPrint.UserClick();
+    EXPECT_EQ(calls.size(), 2U);
+    EXPECT_FALSE(manager->Loaded());
+}
+
+TEST_F(JobTest, ListsThatCannotBeShownLeaveTheManagerUsable) {
+    Set("CurrentPrinter", "Laser"); // known, so not loaded yet
+    OpenAndPick();
+    memory.desktop.OnControlChanged = [this](const forms::Control& control, forms::Aspect aspect) {
+        if (&control == &manager->cboPrinterSelect(2) && aspect == forms::Aspect::Items) {
+            memory.desktop.OnControlChanged = nullptr;
+            throw platform::OutOfMemory();
+        }
+    };
+    manager->cmdDetails.UserClick();
+    EXPECT_FALSE(manager->blnBusy);
+    EXPECT_TRUE(manager->UserClose());
+}
+
 } // namespace
 } // namespace printmanager

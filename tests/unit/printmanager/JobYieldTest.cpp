@@ -83,6 +83,21 @@ TEST_F(JobYieldTest, DetailsThatLoadDuringARunTakeTheFlagDownAndTheFormMayClose)
     EXPECT_FALSE(manager->blnBusy);
 }
 
+TEST_F(JobYieldTest, AClickOnTheListMeanwhileChangesNothing) {
+    AddCaller("frmCaller"); // a second one of that name
+    state.DocumentTitle[2] = "Landscape lijst";
+    OpenAndPick();
+    memory.desktop.OnYield = [this] { manager->lstAfdrukken.UserPick(1); };
+    OnCall = [this](bool /*preview*/) { manager->lstAfdrukken.UserPick(1); };
+    manager->cmdPrint.UserClick();
+    ASSERT_EQ(calls.size(), 2U);
+    for (const Call& call : calls) {
+        EXPECT_EQ(call.Document, 1);
+        EXPECT_EQ(call.DocumentTitle, "Acceptgiroformulieren");
+        EXPECT_EQ(call.Orientation, 1);
+    }
+}
+
 TEST_F(JobYieldTest, CloseInTheYieldBehindThePreparationEndsWithoutACall) {
     state.PrinterInit = 0;
     Set("CurrentPrinter", "Laser"); // no lists: the preparation itself does not yield

@@ -48,6 +48,25 @@ TEST_F(PreviewCommandTest, PrintFromThePreviewCallsAgainAndStaysOpen) {
     EXPECT_FALSE(manager->blnRestorePending);
 }
 
+TEST_F(PreviewCommandTest, WhatIsPrintedIsWhatWasPreviewedThoughTheListWasClicked) {
+    OpenAndPick();
+    manager->UserText(0).SetText("3");
+    OnCall = [this](bool /*preview*/) {
+        state.PrintAfterPreview = true;
+        manager->lstAfdrukken.UserPick(1);
+        manager->UserText(0).SetText("9");
+        manager->iCopies = 9;
+    };
+    manager->cmdPrintVoorbeeld.UserClick();
+    ASSERT_EQ(calls.size(), 2U);
+    EXPECT_EQ(calls[0].Document, 1);
+    EXPECT_EQ(calls[1].Document, 1);
+    EXPECT_EQ(calls[1].DocumentTitle, "Acceptgiroformulieren");
+    EXPECT_EQ(calls[0].Copies, 3);
+    EXPECT_EQ(calls[1].Copies, 3);
+    EXPECT_EQ(manager->lstAfdrukken.ListIndex(), 1) << "the list itself follows the user";
+}
+
 TEST_F(PreviewCommandTest, FailureOfThePreviewGoesToTheDesktopAndTheFormCloses) {
     OpenAndPick();
     OnCall = [](bool) { throw platform::RuntimeError(482, "Printer error"); };
