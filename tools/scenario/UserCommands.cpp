@@ -140,9 +140,13 @@ void Clear(World& world, CommandLine& line) {
     BoxAt(TargetOf(world, line.Word("control"))).SetText("");
 }
 
+/// The text stands in the box whole: what a count is worth that no user can type is asked this way.
 void Paste(World& world, CommandLine& line) {
     forms::TextBox& box = BoxAt(TargetOf(world, line.Word("control")));
+    const int limit = box.MaxLength();
+    box.SetMaxLength(0);
     box.SetText(line.Word("text"));
+    box.SetMaxLength(limit);
 }
 
 void Key(World& world, CommandLine& line) {
@@ -200,14 +204,19 @@ void Menu(World& world, CommandLine& line) {
     });
 }
 
-/// Where the mouse is, for the buttons that follow it.
+/// What a command of the mouse does with the pointer.
+enum class Pointer { ToControl, Away, Stays };
+
+/// The mouse, for the buttons that follow it.
 template <class Act>
-void Mouse(World& world, CommandLine& line, const char* command, bool over, const Act& act) {
+void Mouse(World& world, CommandLine& line, const char* command, Pointer pointer, const Act& act) {
     OnControl(world, line, command, [&](const Target& target, bool reachable) {
         if (!reachable) {
             return false;
         }
-        world.memory.desktop.PointAt(over ? target.Control : nullptr);
+        if (pointer != Pointer::Stays) {
+            world.memory.desktop.PointAt(pointer == Pointer::ToControl ? target.Control : nullptr);
+        }
         if (target.Control->Kind() == ControlKind::FlatButton) {
             act(static_cast<platform::cmdButtonXP&>(*target.Control));
         }
@@ -216,19 +225,19 @@ void Mouse(World& world, CommandLine& line, const char* command, bool over, cons
 }
 
 void Over(World& world, CommandLine& line) {
-    Mouse(world, line, "over", true, [](platform::cmdButtonXP& button) { button.UserMouseMove(); });
+    Mouse(world, line, "over", Pointer::ToControl, [](platform::cmdButtonXP& button) { button.UserMouseMove(); });
 }
 
 void Away(World& world, CommandLine& line) {
-    Mouse(world, line, "away", false, [](platform::cmdButtonXP&) {});
+    Mouse(world, line, "away", Pointer::Away, [](platform::cmdButtonXP&) {});
 }
 
 void Down(World& world, CommandLine& line) {
-    Mouse(world, line, "down", true, [](platform::cmdButtonXP& button) { button.UserMouseDown(); });
+    Mouse(world, line, "down", Pointer::ToControl, [](platform::cmdButtonXP& button) { button.UserMouseDown(); });
 }
 
 void Up(World& world, CommandLine& line) {
-    Mouse(world, line, "up", true, [](platform::cmdButtonXP& button) { button.UserMouseUp(); });
+    Mouse(world, line, "up", Pointer::Stays, [](platform::cmdButtonXP& button) { button.UserMouseUp(); });
 }
 
 void Tick(World& world, CommandLine& line) {

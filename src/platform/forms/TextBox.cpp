@@ -22,11 +22,16 @@ std::size_t Count(int n) {
 
 } // namespace
 
+std::string TextBox::Fitting(const std::string& text) const {
+    return maxLength_ == 0 ? text : std::string(text::Left(text, Count(maxLength_)));
+}
+
 void TextBox::SetText(const std::string& newText) {
-    if (newText == text_) {
+    const std::string fitting = Fitting(newText);
+    if (fitting == text_) {
         return;
     }
-    text_ = newText;
+    text_ = fitting;
     selStart_ = 0;
     selLength_ = 0;
     Changed(Aspect::Text);
@@ -118,9 +123,8 @@ bool TextBox::UserClick() {
 }
 
 bool TextBox::UserEdit(const std::string& newText, int selStart, int selLength) {
-    const int limit = std::max(maxLength_, CharCount(text_));
-    const bool fits = maxLength_ == 0 || CharCount(newText) <= limit;
-    text_ = fits ? newText : std::string(text::Left(newText, Count(limit)));
+    text_ = Fitting(newText);
+    const bool fits = text_ == newText;
     const int count = CharCount(text_);
     selStart_ = std::clamp(selStart, 0, count);
     selLength_ = std::clamp(selLength, 0, count - selStart_);

@@ -7,8 +7,7 @@
 
 namespace forms {
 
-/// A box of one line that the user types in. Lengths and positions count characters. MaxLength holds for what
-/// is typed; a text that the program sets may be longer.
+/// A box of one line that the user types in. Lengths and positions count characters.
 class TextBox : public Control {
   public:
     TextBox(Form& form, std::string name, int index = NoIndex, Control* container = nullptr)
@@ -21,7 +20,7 @@ class TextBox : public Control {
     std::function<void(std::int16_t& KeyAscii)> OnKeyPress;
 
     const std::string& Text() const { return text_; }
-    /// The caret goes to the start, as when a program fills a box.
+    /// The caret goes to the start, as when a program fills a box. What is beyond MaxLength is cut off.
     void SetText(const std::string& text);
 
     int SelStart() const { return selStart_; }
@@ -31,7 +30,7 @@ class TextBox : public Control {
     void Select(int start, int length);
     void SelectAll();
 
-    /// 0: no limit.
+    /// Of what is typed, pasted or set from now on; 0: no limit.
     int MaxLength() const { return maxLength_; }
     void SetMaxLength(int length) { maxLength_ = length; }
     /// Free for the form's own use: here the name of the key filter.
@@ -50,13 +49,14 @@ class TextBox : public Control {
     bool UserClick() override;
 
     /// The toolkit's own editing (paste, cut, delete, input method) has left this text and selection. No more
-    /// than MaxLength characters are taken unless the box held more before. True if the text was taken as it
-    /// is.
+    /// than MaxLength characters are taken. True if the text was taken as it is.
     bool UserEdit(const std::string& text, int selStart, int selLength);
     /// The user has moved the caret or the selection.
     void UserSelect(int start, int length);
 
   private:
+    /// As much of a text as the box takes.
+    std::string Fitting(const std::string& text) const;
     void ReplaceSelection(const std::string& with);
 
     std::string text_;

@@ -83,6 +83,29 @@ TEST_F(EntryFields, CancelWithAWrongAccountBringsTheMessageAndIsLost) {
     EXPECT_FALSE(form->Visible());
 }
 
+TEST_F(EntryFields, EscapeAndTheCloseBoxDoNotJudgeTheAccount) {
+    for (const bool byKey : {true, false}) {
+        Start();
+        Type(74, "123456780");
+        if (byKey) {
+            form->UserKey(platform::key::Escape);
+        } else {
+            EXPECT_TRUE(form->UserClose());
+        }
+        EXPECT_FALSE(form->Loaded());
+        EXPECT_TRUE(MessageTexts().empty());
+    }
+}
+
+TEST_F(EntryFields, EnterWithAWrongAccountTellsItOnce) {
+    Start();
+    Type(74, "123456780");
+    form->UserKey(platform::key::Enter);
+    EXPECT_EQ(MessageTexts(), std::vector<std::string>{WrongAccount});
+    EXPECT_EQ(form->UserText(74).Text(), "");
+    EXPECT_EQ(form->ActiveControl(), &form->UserText(74));
+}
+
 TEST_F(EntryFields, VerderWithAWrongAccountTellsItOnce) {
     Start();
     Type(74, "123456780");
@@ -122,6 +145,29 @@ TEST_F(EntryFields, TheCreditorsBoxesTakeEveryKeyUpToTheirLength) {
     form->UserText(70).TypeKey(U'ł');
     form->UserText(70).TypeKey(U'-');
     EXPECT_EQ(form->UserText(70).Text(), "éł-");
+}
+
+TEST_F(EntryFields, AFilterChangesAKeyOnItsWayIntoTheBox) {
+    Start();
+    form->UserText(71).SetTag(" NumTeken");
+    Type(71, "a1,5.x");
+    EXPECT_EQ(form->UserText(71).Text(), "1.5.");
+}
+
+TEST_F(EntryFields, TheirLengthHoldsForTheSettingsToo) {
+    const std::string name = std::string(59, 'N') + "éN";
+    Set("IncassantBegunstigde", name);
+    Set("IncassantAdres", std::string(61, 'A'));
+    Set("IncassantPostCode", "1234567890");
+    Set("IncassantWoonplaats", std::string(61, 'W'));
+    Set("IncassantBankGiro", std::string(40, '1'));
+    Start();
+    EXPECT_EQ(form->UserText(70).Text(), std::string(59, 'N') + "é");
+    EXPECT_EQ(form->UserText(71).Text(), std::string(60, 'A'));
+    EXPECT_EQ(form->UserText(72).Text(), "123456789");
+    EXPECT_EQ(form->UserText(73).Text(), std::string(60, 'W'));
+    EXPECT_EQ(form->UserText(74).Text(), "1111 1111 1111 1111 1111 1111 1111");
+    EXPECT_EQ(state.IncassantBegunstigde, name) << "on screen alone";
 }
 
 TEST_F(EntryFields, HaveTheirPlaceInTheTabOrder) {

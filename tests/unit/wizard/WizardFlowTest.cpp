@@ -32,7 +32,9 @@ TEST_F(WizardFlow, CopiesTheCreditor) {
 TEST_F(WizardFlow, StaysOnPage0WithAWrongAccountAndHasCopiedTheRest) {
     Start();
     Type(70, "Naam");
+    Type(71, "Straat 1");
     Type(72, "9999zz");
+    Type(73, "Plaats");
     // Straight into the box, so that only the button's own check sees it.
     form->UserText(74).SetText("123456780");
     form->Verder.UserClick();
@@ -43,7 +45,9 @@ TEST_F(WizardFlow, StaysOnPage0WithAWrongAccountAndHasCopiedTheRest) {
     EXPECT_EQ(form->UserText(74).Text(), "");
     EXPECT_EQ(form->ActiveControl(), &form->UserText(74));
     EXPECT_EQ(state.IncassantBegunstigde, "Naam");
+    EXPECT_EQ(state.IncassantAdres, "Straat 1");
     EXPECT_EQ(state.IncassantPostCode, "9999ZZ");
+    EXPECT_EQ(state.IncassantWoonplaats, "Plaats");
     EXPECT_EQ(state.IncassantBankGiro, "");
     EXPECT_FALSE(form->Terug.Enabled());
 }
@@ -99,6 +103,34 @@ TEST_P(BatchSizes, GeneralProcedure) {
 
 INSTANTIATE_TEST_SUITE_P(Cases, BatchSizes,
                          testing::Values(std::pair{0, "250"}, std::pair{1, "250"}, std::pair{2, "100"}));
+
+TEST_F(WizardFlow, WhatIsTypedOnTheLastPageReplacesTheCount) {
+    Start();
+    for (const int size : {0, 2}) {
+        GoToPrinting(size);
+        ASSERT_EQ(form->ActiveControl(), &form->UserText(0));
+        EXPECT_EQ(form->UserText(0).SelStart(), 0);
+        EXPECT_EQ(form->UserText(0).SelLength(), 3);
+        form->UserKey('7');
+        EXPECT_EQ(form->UserText(0).Text(), "7");
+        form->Terug.UserClick();
+        form->Terug.UserClick();
+        form->Terug.UserClick();
+    }
+}
+
+TEST_F(WizardFlow, ShowsTheNewPageBeforeItHidesTheOldOne) {
+    Start();
+    std::vector<int> visible;
+    memory.desktop.OnControlChanged = [&](const forms::Control& control, forms::Aspect aspect) {
+        if (control.Name() == "WizardPanel" && aspect == forms::Aspect::Visible) {
+            visible.push_back(control.Visible() ? control.Index() : -1);
+        }
+    };
+    form->Verder.UserClick();
+    form->Terug.UserClick();
+    EXPECT_EQ(visible, (std::vector{1, -1, 0, -1}));
+}
 
 TEST_F(WizardFlow, ChangesFromTheGeneralToTheShortProcedure) {
     Start();
