@@ -45,9 +45,7 @@ cmdButtonXP::cmdButtonXP(forms::Form& form, std::string name, Control* container
 
 void cmdButtonXP::ReleaseButton() {
     blnStuck_ = true;
-    blnBusy_ = true;
-    ApplyClick();
-    DisableTimer();
+    DeliverClick(nullptr);
 }
 
 void cmdButtonXP::StickButton() {
@@ -142,9 +140,14 @@ void cmdButtonXP::EnableWindow(bool enabled) {
 
 void cmdButtonXP::DeliverClick(const std::function<void()>& event) {
     blnBusy_ = true;
-    ApplyClick();
-    if (event) {
-        Owner().Dispatch(event);
+    try {
+        ApplyClick();
+        if (event) {
+            Owner().Dispatch(event);
+        }
+    } catch (...) { // whatever it was, the button must not be dead for good
+        DisableTimer();
+        throw;
     }
     DisableTimer();
 }

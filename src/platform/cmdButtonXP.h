@@ -41,6 +41,7 @@ class cmdButtonXP : public forms::Control {
     /// pictures.
     void SetButtonStyle(std::int16_t Style);
     std::int16_t ButtonStyle() const { return iButtonStyle_; }
+    /// Look and flag: one that is off does nothing, and its window stays as it is, so its tooltip shows.
     void SetEnabled(bool blnEnabled) override;
     void DisableTimer();
 
@@ -52,7 +53,8 @@ class cmdButtonXP : public forms::Control {
     /// False while a click is being handled: the window system then keeps the mouse from the button.
     bool WindowEnabled() const { return windowEnabled_; }
 
-    // What the mouse does on the button. A press and a release show with the next tick.
+    // What the mouse does on the button, whichever of its own buttons it is: a press and a release show with
+    // the next tick.
     void UserMouseMove();
     void UserMouseDown();
     void UserMouseUp();

@@ -28,6 +28,18 @@ class ModalTurn {
     Form& form_;
 };
 
+/// A flag that is up for a block, whatever way the block is left.
+class FlagUp {
+  public:
+    explicit FlagUp(bool& flag) : flag_(flag) { flag_ = true; }
+    ~FlagUp() { flag_ = false; }
+    FlagUp(const FlagUp&) = delete;
+    FlagUp& operator=(const FlagUp&) = delete;
+
+  private:
+    bool& flag_;
+};
+
 } // namespace
 
 Form::Form(Session& session, std::string name) : session_(session), name_(std::move(name)) {}
@@ -125,11 +137,11 @@ bool Form::Unload() {
     if (!loaded_ || unloading_) {
         return true;
     }
-    unloading_ = true;
+    const FlagUp unloading(unloading_);
     bool agreed = true;
     Dispatch([&] { agreed = OnQueryUnload(); });
     if (agreed) {
-        leaving_ = true;
+        const FlagUp leaving(leaving_);
         Dispatch([this] { OnUnload(); });
         visible_ = false;
         loaded_ = false;
@@ -137,9 +149,7 @@ bool Form::Unload() {
         std::erase(session_.forms_, this);
         std::erase(session_.modal_, this);
         peer_->Hide();
-        leaving_ = false;
     }
-    unloading_ = false;
     return agreed;
 }
 

@@ -12,7 +12,7 @@ class WheelTurn {
     static constexpr int Notch = 120;
 
     /// Adds a part, positive away from the user. The whole turn once it is a notch or more, limited to 16
-    /// bits, and until then 0. A part the other way begins anew.
+    /// bits, and until then 0. A part the other way begins anew; one of 0 is no turn and takes nothing back.
     std::int16_t Add(int part);
 
   private:

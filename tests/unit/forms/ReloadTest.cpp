@@ -100,4 +100,22 @@ TEST(ReloadTest, AModalFormThatBreaksOffTakesNoMoreInput) {
     EXPECT_EQ(session.ModalForm(), nullptr);
 }
 
+TEST(ReloadTest, AClosingThatBreaksOffCanBeTriedAgain) {
+    ListingDesktop desktop;
+    forms::Session session(desktop);
+    TestForm form(session);
+    form.Show();
+    form.onQueryUnload = []() -> bool { throw std::bad_alloc(); };
+    EXPECT_THROW(form.Unload(), std::bad_alloc);
+    EXPECT_TRUE(form.Visible());
+    form.onQueryUnload = nullptr;
+    form.onUnload = [] { throw std::bad_alloc(); };
+    EXPECT_THROW(form.Unload(), std::bad_alloc);
+    EXPECT_FALSE(form.Leaving());
+    form.onUnload = nullptr;
+    EXPECT_TRUE(form.Unload());
+    EXPECT_FALSE(form.Loaded());
+    EXPECT_TRUE(session.OpenForms().empty());
+}
+
 } // namespace

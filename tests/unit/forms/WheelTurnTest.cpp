@@ -34,6 +34,11 @@ TEST(WheelTurnTest, ThePartOfTheOtherWayIsForgotten) {
 TEST(WheelTurnTest, NothingTurnedIsNothing) {
     forms::WheelTurn wheel;
     EXPECT_EQ(wheel.Add(0), 0);
+    for (const int way : {1, -1}) {
+        EXPECT_EQ(wheel.Add(60 * way), 0);
+        EXPECT_EQ(wheel.Add(0), 0);
+        EXPECT_EQ(wheel.Add(60 * way), 120 * way) << "it takes nothing back";
+    }
 }
 
 TEST(WheelTurnTest, StaysWithinSixteenBits) {

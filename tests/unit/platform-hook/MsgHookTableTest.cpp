@@ -1,4 +1,5 @@
 #include <algorithm>
+#include <cstdlib>
 
 #include "HookFixture.h"
 
@@ -70,6 +71,30 @@ TEST_F(MsgHookTableTest, TheTenthWindowGoesThroughTheOverflowProcedure) {
     hooks[9]->Unhook();
     EXPECT_EQ(hook::OverflowSlotOf(HandleOf(10)), 0);
     EXPECT_TRUE(HasOwnProcedure(*windows[9]));
+}
+
+/// Exit status of a process in which this many windows are hooked at once: the slots that its table then has.
+[[noreturn]] void ExitWithSlots(int hooked) {
+    forms::WindowProcedureTable table;
+    std::vector<std::unique_ptr<forms::WindowProcedureTable::Window>> windows;
+    std::vector<std::unique_ptr<platform::MsgHook>> hooks;
+    for (int i = 1; i <= hooked; ++i) {
+        windows.push_back(std::make_unique<forms::WindowProcedureTable::Window>(
+            table, static_cast<platform::WindowHandle>(i)));
+        hooks.push_back(std::make_unique<platform::MsgHook>(table));
+        hooks.back()->Hook(windows.back()->Handle(), {Wheel});
+    }
+    std::_Exit(hook::SlotCount());
+}
+
+// The table is the process's own, and every other test may have made it grow.
+TEST(MsgHookTableDeathTest, InAFreshProcessItGrowsFromNineSlotsToEighteenAndThirtySix) {
+    GTEST_FLAG_SET(death_test_style, "threadsafe");
+    EXPECT_EXIT(ExitWithSlots(1), testing::ExitedWithCode(9), "");
+    EXPECT_EXIT(ExitWithSlots(9), testing::ExitedWithCode(9), "");
+    EXPECT_EXIT(ExitWithSlots(10), testing::ExitedWithCode(18), "");
+    EXPECT_EXIT(ExitWithSlots(18), testing::ExitedWithCode(18), "");
+    EXPECT_EXIT(ExitWithSlots(19), testing::ExitedWithCode(36), "");
 }
 
 TEST_F(MsgHookTableTest, NineteenHooksGrowTheTableToThirtySixSlots) {

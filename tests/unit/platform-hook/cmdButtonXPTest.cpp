@@ -3,6 +3,8 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <new>
+
 #include "platform/RuntimeError.h"
 #include "platform/forms/Form.h"
 #include "platform/forms/PictureBox.h"
@@ -201,6 +203,29 @@ TEST_F(FlatButtonTest, AFailingHandlerLeavesTheButtonUsable) {
     EXPECT_TRUE(button.UserClick());
 }
 
+TEST_F(FlatButtonTest, AHandlerThatFailsInAnyOtherWayDoesToo) {
+    button.Click = [] { throw std::bad_alloc(); };
+    Over();
+    EXPECT_THROW(button.UserClick(), std::bad_alloc);
+    EXPECT_TRUE(button.WindowEnabled());
+    EXPECT_FALSE(button.Timer.Enabled());
+    button.Click = [this] { events.push_back("click"); };
+    EXPECT_TRUE(button.UserClick());
+    EXPECT_THAT(events, ElementsAre("click"));
+    Over();
+    Tick();
+    EXPECT_EQ(button.iState(), Hot) << "it is not busy";
+}
+
+TEST_F(FlatButtonTest, AStickyStyleThatIsNoLookLeavesTheWindowEnabled) {
+    button.SetStickyButton(true);
+    button.SetStickyStyle(9);
+    EXPECT_THROW(button.UserClick(), platform::RuntimeError);
+    EXPECT_TRUE(button.WindowEnabled());
+    button.SetStickyStyle(Down);
+    EXPECT_TRUE(button.UserClick());
+}
+
 TEST_F(FlatButtonTest, AHandlerMayDisableTheButton) {
     button.Click = [this] { button.SetEnabled(false); };
     EXPECT_TRUE(button.UserClick());
@@ -218,6 +243,18 @@ TEST_F(FlatButtonTest, ADisabledButtonTakesNoMouse) {
     EXPECT_FALSE(button.UserClick());
     EXPECT_TRUE(events.empty());
     EXPECT_EQ(button.iState(), Disabled);
+    EXPECT_TRUE(button.WindowEnabled()) << "the window is another matter";
+}
+
+TEST_F(FlatButtonTest, APressOnADisabledOneCountsOnceItWorks) {
+    button.SetEnabled(false);
+    memory.desktop.PointAt(&button);
+    button.UserMouseDown();
+    EXPECT_TRUE(button.blnMouseDown());
+    button.SetEnabled(true);
+    button.UserMouseMove();
+    Tick();
+    EXPECT_EQ(button.iState(), Down);
 }
 
 TEST_F(FlatButtonTest, DisablingUnderTheMouseLetsTheTimerTickWithoutEffect) {
