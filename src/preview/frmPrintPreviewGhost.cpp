@@ -1,6 +1,7 @@
 #include "preview/frmPrintPreviewGhost.h"
 
 #include <cstring>
+#include <new>
 
 #include "platform/Desktop.h"
 #include "platform/Numbers.h"
@@ -101,23 +102,31 @@ frmPrintPreviewGhost::PageHolder& frmPrintPreviewGhost::Holder(std::int16_t page
 
 void frmPrintPreviewGhost::Newpage() {
     platform::Resume([this] {
-        const double tally = platform::NumericValue(Tag);
-        if (tally > MostPages) {
-            return;
+        try {
+            KeepPage();
+        } catch (const std::bad_alloc&) { // one page less to see is no reason to show none
+            throw platform::OutOfMemory();
         }
-        Tag = platform::NumberText(tally + 1);
-        Drawing();
-        AutoRedraw = false;
-        Desktop().Yield();
-        Holder(iPage).Picture = page_->Image();
-        Desktop().Yield();
-        AutoRedraw = true;
-        Cls();
-        ++iPage;
-        PageHolder& next = ThisPage[iPage];
-        next.Width = platform_.Printer.ScaleWidth();
-        next.Height = lPageHeight;
     });
+}
+
+void frmPrintPreviewGhost::KeepPage() {
+    const double tally = platform::NumericValue(Tag);
+    if (tally > MostPages) {
+        return;
+    }
+    Tag = platform::NumberText(tally + 1);
+    Drawing();
+    AutoRedraw = false;
+    Desktop().Yield();
+    Holder(iPage).Picture = page_->Image();
+    Desktop().Yield();
+    AutoRedraw = true;
+    Cls();
+    ++iPage;
+    PageHolder& next = ThisPage[iPage];
+    next.Width = platform_.Printer.ScaleWidth();
+    next.Height = lPageHeight;
 }
 
 void frmPrintPreviewGhost::EndDoc() {

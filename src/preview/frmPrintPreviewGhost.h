@@ -111,6 +111,7 @@ class frmPrintPreviewGhost : public forms::Form {
 
     platform::Canvas& Drawing();
     void Cls();
+    void KeepPage();
     void FinishPages();
     PageHolder& Holder(std::int16_t page);
 

@@ -1,5 +1,7 @@
 #include "PreviewFixture.h"
 
+#include <new>
+
 namespace preview {
 namespace {
 
@@ -98,6 +100,23 @@ TEST_F(GhostTest, APageBreakYieldsTwiceAndPutsTheCursorBack) {
     EXPECT_EQ(Surface().CurrentX(), 0);
     EXPECT_EQ(Surface().CurrentY(), 0);
     EXPECT_EQ(Ghost().Tag, "2");
+}
+
+TEST_F(GhostTest, OutOfMemoryInAPageBreakCostsThatPageAndNoPreview) {
+    Surface().PrintLine("pagina 1");
+    memory.desktop.OnYield = [this] {
+        memory.desktop.OnYield = nullptr;
+        throw std::bad_alloc();
+    };
+    EXPECT_NO_THROW(Surface().Newpage());
+    EXPECT_EQ(Ghost().Tag, "2") << "what stands before the failure is not undone";
+    EXPECT_EQ(Ghost().Page(), 1);
+    EXPECT_TRUE(memory.desktop.Messages().empty());
+    Surface().Newpage();
+    Surface().PrintLine("pagina 2");
+    Surface().EndDoc();
+    EXPECT_EQ(Window().iTotalPages, 3);
+    EXPECT_THAT(OnScreen(), ElementsAre("pagina 1"));
 }
 
 TEST_F(GhostTest, TheEndOfTheDocumentDoesNotYield) {
