@@ -86,6 +86,9 @@ class Printer {
 
     /// Names the next document for the queue, or as the file's name that is proposed to the user.
     virtual void SetDocumentTitle(const std::string& title) = 0;
+    /// Gives up a document that was begun and not ended, as by a run that broke off: without a trace, and
+    /// without a word. Nothing happens if there is none.
+    virtual void Abandon() {}
 
     /// The paper. The document starts with the first output and ends with EndDocument.
     virtual Canvas& Page() = 0;

@@ -6,6 +6,7 @@
 #include "composition/OpenPrinter.h"
 #include "platform/Desktop.h"
 #include "platform/Numbers.h"
+#include "platform/Printer.h"
 #include "preview/PrintPreview.h"
 #include "printmanager/frmPrintManager.h"
 #include "wizard/frmMain.h"
@@ -32,6 +33,19 @@ class ManagerGone {
   private:
     std::unique_ptr<printmanager::frmPrintManager>& manager_;
     AppState& state_;
+};
+
+/// Lets nothing of a document be left at the end of its run: a run that broke off must not become the
+/// beginning of the next one.
+class WholeDocument {
+  public:
+    explicit WholeDocument(platform::Printer& printer) : printer_(printer) {}
+    ~WholeDocument() { printer_.Abandon(); }
+    WholeDocument(const WholeDocument&) = delete;
+    WholeDocument& operator=(const WholeDocument&) = delete;
+
+  private:
+    platform::Printer& printer_;
 };
 
 } // namespace
@@ -89,6 +103,7 @@ void frmMain::cmdPrintenClick() {
 }
 
 void frmMain::Afdrukken(std::int16_t iMethod, std::int16_t num_copies, bool blnPrintPreview) {
+    const WholeDocument whole(platform_.Printer);
     Host host(*this);
     composition::Afdrukken(state_, platform_, host, iMethod, num_copies, blnPrintPreview);
 }

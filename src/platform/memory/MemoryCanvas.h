@@ -22,6 +22,9 @@ class MemoryCanvas final : public Canvas {
     void NewPage() override;
     void EndDocument() override;
 
+    /// Gives up a document that was not ended. No event.
+    void Abandon() { page_ = 1; }
+
     /// Number of the page that is drawn on, from 1.
     int PageNumber() const { return page_; }
 

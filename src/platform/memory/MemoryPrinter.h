@@ -34,6 +34,7 @@ class MemoryPrinter final : public Printer {
     int GetDeviceCaps(int item) override;
 
     void SetDocumentTitle(const std::string& title) override { documentTitle_ = title; }
+    void Abandon() override { page_.Abandon(); }
     Canvas& Page() override { return page_; }
 
     /// Makes the first installed printer the current one, if there is one: what a program finds at its start.

@@ -49,6 +49,16 @@ void QtPrinter::Assign(int index) {
     Drawing = DrawingState{0, 0, PrintersOwnFont};
 }
 
+void QtPrinter::SetDocumentTitle(const std::string& title) {
+    Abandon();
+    title_ = title;
+}
+
+void QtPrinter::Abandon() {
+    begun_ = false;
+    DropOutput();
+}
+
 std::string QtPrinter::DeviceName() {
     return Queue().Name();
 }
@@ -202,9 +212,8 @@ void QtPrinter::NewPage() {
 }
 
 void QtPrinter::EndDocument() {
-    const bool begun = std::exchange(begun_, false);
-    if (!begun || document_ == nullptr) {
-        job_.reset();
+    if (!begun_ || document_ == nullptr) {
+        Abandon();
         return;
     }
     document_->End();
@@ -212,14 +221,19 @@ void QtPrinter::EndDocument() {
     try {
         job_->Finish();
     } catch (const RuntimeError& error) {
+        begun_ = false;
         Fail(error);
     }
+    Abandon();
+}
+
+void QtPrinter::DropOutput() {
+    document_.reset(); // before the job, where it writes to its end
     job_.reset();
 }
 
 void QtPrinter::Fail(const RuntimeError& error) {
-    document_.reset();
-    job_.reset();
+    DropOutput();
     teller_(error.Description());
     throw error;
 }

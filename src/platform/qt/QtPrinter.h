@@ -44,7 +44,8 @@ class QtPrinter : public Printer, private PageDevice {
 
     int GetDeviceCaps(int item) override;
 
-    void SetDocumentTitle(const std::string& title) override { title_ = title; }
+    void SetDocumentTitle(const std::string& title) override;
+    void Abandon() override;
     Canvas& Page() override { return canvas_; }
 
   private:
@@ -65,6 +66,8 @@ class QtPrinter : public Printer, private PageDevice {
     double LineWidth() override;
 
     void Begin();
+    /// Takes what has been drawn of a document; what else is drawn of it goes nowhere.
+    void DropOutput();
     /// Ends the document without a trace, tells the user why and passes the failure on.
     [[noreturn]] void Fail(const RuntimeError& error);
 

@@ -233,6 +233,19 @@ TEST_F(PdfPrinterTest, KeepsAJobOnItsPrinterWhenAnotherIsAssigned) {
     EXPECT_EQ(pdf::Text(Path), "x\ny\n\f");
 }
 
+TEST_F(PdfPrinterTest, ANewTitleBeginsANewDocumentThoughTheOldOneWasNeverEnded) {
+    const QString path = std::exchange(Path, Folder.filePath("oud.pdf"));
+    Printer.Page().DrawText(567, 0, "oud", Tahoma9);
+    Printer.Page().NewPage();
+    Path = path;
+    PrintOneLine();
+    EXPECT_EQ(Proposed.size(), 2U);
+    EXPECT_EQ(pdf::Text(Path), "Regel\n\f");
+    EXPECT_EQ(QDir(Folder.path()).entryList(QDir::Files | QDir::Hidden), QStringList{"uit.pdf"});
+    EXPECT_FALSE(Printer.IsPrinting());
+    EXPECT_TRUE(Told.empty());
+}
+
 TEST_F(PdfPrinterTest, AssigningTakesStoredDefaultsAndTheOwnFontAfresh) {
     Printer.SetOrientation(2);
     Printer.SetPaperSize(PaperA5);

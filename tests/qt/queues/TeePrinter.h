@@ -43,6 +43,10 @@ class TeePrinter final : public platform::Printer, private platform::Canvas {
     double ScaleHeight() override { return printer_.ScaleHeight(); }
     int GetDeviceCaps(int item) override { return printer_.GetDeviceCaps(item); }
     void SetDocumentTitle(const std::string& title) override { printer_.SetDocumentTitle(title); }
+    void Abandon() override {
+        current_.clear();
+        printer_.Abandon();
+    }
     platform::Canvas& Page() override { return *this; }
 
   private:

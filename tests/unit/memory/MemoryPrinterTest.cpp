@@ -49,6 +49,18 @@ TEST_F(MemoryPrinterTest, TheFirstInstalledIsTheDefault) {
     EXPECT_THAT(watched.events, IsEmpty());
 }
 
+TEST_F(MemoryPrinterTest, ADocumentThatIsGivenUpLeavesTheNextOneItsFirstPage) {
+    watched.memory.InstallPrinter({.Name = "Laser"});
+    printer.Page().DrawText(0, 0, "oud", {});
+    printer.Page().NewPage();
+    watched.events.clear();
+    printer.Abandon();
+    EXPECT_THAT(watched.events, IsEmpty());
+    printer.Page().DrawText(0, 0, "nieuw", {});
+    ASSERT_EQ(watched.events.size(), 1U);
+    EXPECT_EQ(std::get<std::int64_t>(watched.events[0].Fields[1].Value), 1) << "page";
+}
+
 TEST_F(MemoryPrinterTest, MeasuresAreTwipsOfTheDeviceDots) {
     watched.memory.InstallPrinter({.Name = "Laser", .Offset = {100, 50}});
     EXPECT_DOUBLE_EQ(printer.Width(), 11904);

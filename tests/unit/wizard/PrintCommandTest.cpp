@@ -42,6 +42,7 @@ INSTANTIATE_TEST_SUITE_P(Cases, NoCount, testing::Values("", "0", "abc", "-1", "
 TEST_F(PrintCommand, RefusesMoreThan30000) {
     Start();
     GoToPrinting();
+    form->UserText(0).SetMaxLength(0); // no user can type as much
     form->UserText(0).SetText("30001");
     form->cmdPrinten.UserClick();
     EXPECT_EQ(memory.desktop.Messages(), Information("U kunt maximaal 30.000 acceptgiro's afdrukken."));
@@ -61,9 +62,42 @@ TEST_F(PrintCommand, TakesAFraction) {
 TEST_F(PrintCommand, TakesExactly30000) {
     Start();
     GoToPrinting();
+    form->UserText(0).SetMaxLength(0);
     form->UserText(0).SetText("30000");
     form->cmdPrinten.UserClick();
     EXPECT_EQ(modal, std::vector<std::string>{"frmPrintManager"});
+}
+
+TEST_F(PrintCommand, ARunThatBreaksOffLeavesNothingForTheNextDocument) {
+    Set("AcceptgiroType", "3"); // a sheet for each form
+    InstallPrinter();
+    Start();
+    GoToPrinting();
+    std::vector<std::int64_t> pages;
+    memory.recorder.Sink = [&](const platform::Event& event) {
+        if (event.Kind == "text") {
+            pages.push_back(std::get<std::int64_t>(event.Fields[1].Value));
+        }
+    };
+    WhileOpen = [&] {
+        printmanager::frmPrintManager& manager = *form->PrintManager();
+        manager.lstAfdrukken.UserPick(0);
+        memory.desktop.OnYield = [&] {
+            if (!pages.empty() && pages.back() == 3) {
+                memory.desktop.OnYield = nullptr;
+                throw std::bad_alloc();
+            }
+        };
+        EXPECT_THROW(manager.cmdPrint.UserClick(), std::bad_alloc);
+        EXPECT_EQ(pages.back(), 3);
+        pages.clear();
+        manager.lstAfdrukken.UserPick(2);
+        manager.cmdPrint.UserClick();
+    };
+    form->cmdPrinten.UserClick();
+    ASSERT_FALSE(pages.empty());
+    EXPECT_EQ(pages.front(), 1);
+    EXPECT_EQ(pages.back(), 1);
 }
 
 TEST_F(PrintCommand, NamesTheDocumentsAndTheCaller) {
