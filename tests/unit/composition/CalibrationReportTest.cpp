@@ -120,6 +120,31 @@ TEST_F(CalibrationReportTest, UnknownTypeLeavesItsLineOpen) {
     EXPECT_NEAR(Drawn("OCR-B schrift :     ").y, label.y + 2 * LineStep, 1e-6);
 }
 
+TEST_F(CalibrationReportTest, AllFourPlacesAreLabelledForEveryType) {
+    for (const Section& section : Sections()) {
+        section.links[0] = "1,00";
+    }
+    for (const std::int16_t type : Numbers{0, 1, 2, 3}) {
+        Texts().clear();
+        state.AcceptgiroType = type;
+        Draw();
+        for (const char* label : {"Acceptgiro 1", "Acceptgiro 2", "Acceptgiro 3", "Acceptgiro onder brief"}) {
+            const std::vector<std::string> words = Words();
+            EXPECT_EQ(std::count(words.begin(), words.end(), label), 7) << label << " for type " << type;
+        }
+    }
+}
+
+TEST_F(CalibrationReportTest, AFontThatTheSurfaceLacksIsAskedForAllTheSame) {
+    state.GMUFontName = "Bestaat Niet";
+    state.GMUFontSize = "10";
+    Draw();
+    const support::DrawnText sample = Drawn("1234567890+><ABCDEFGHIJKLMNOPQRSTUVWXYZ");
+    EXPECT_EQ(sample.font, "Bestaat Niet");
+    EXPECT_EQ(sample.size, 10);
+    EXPECT_EQ(Drawn("Bovenstaand is het door u gekozen OCR-B schrift").font, "Printer");
+}
+
 TEST_F(CalibrationReportTest, EachContractAndType) {
     state.GMUContractVorm = 30;
     state.AcceptgiroType = 2;

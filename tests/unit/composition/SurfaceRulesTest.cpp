@@ -42,8 +42,10 @@ TEST_F(SurfaceRulesTest, LineFeedMovesTheCursorAlone) {
 
 TEST_F(SurfaceRulesTest, LineFeedOfATextFollowsTheLocale) {
     state.LineHeight = 100;
+    surface.SetCurrentX(500);
     RegelVerder(state, memory.locale, "");
     EXPECT_DOUBLE_EQ(surface.CurrentY(), 110);
+    EXPECT_EQ(surface.CurrentX(), 0);
     surface.SetCurrentY(0);
     RegelVerder(state, memory.locale, "1,2");
     EXPECT_DOUBLE_EQ(surface.CurrentY(), 1.2 * 100 * 1.1);

@@ -51,6 +51,15 @@ TEST_F(RegFileStoreTest, MissingFileHasNoKeys) {
     EXPECT_EQ(FilesInFolder(), 0U);
 }
 
+TEST_F(RegFileStoreTest, AWriteIntoAMissingKeyCreatesNothing) {
+    const std::string bytes = "REGEDIT4\r\n\r\n[HKEY_CURRENT_USER\\Software\\Ondor]\r\n\"a\"=\"1\"\r\n";
+    Put(bytes);
+    RegFileStore store(file);
+    EXPECT_FALSE(Write(store, "GMUFontSize", "12"));
+    EXPECT_EQ(Bytes(file), bytes);
+    EXPECT_EQ(FilesInFolder(), 1U);
+}
+
 TEST_F(RegFileStoreTest, ReadsAndWrites) {
     Put(File("\"GMUFontSize\"=\"10\"\r\n"));
     RegFileStore store(file);
