@@ -19,6 +19,7 @@ std::string UnhandledErrorText(const RuntimeError& error) {
 }
 
 void TellCaught(Desktop& desktop) {
+    desktop.SetMousePointer(PointerDefault); // whatever was under way has broken off
     try {
         throw;
     } catch (const RuntimeError& error) {

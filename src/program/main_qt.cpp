@@ -1,15 +1,33 @@
 // The program on the Linux desktop.
 #include "platform/forms/Session.h"
+#include "platform/qt/Guarded.h"
 #include "platform/qt/QtPlatform.h"
 #include "wizard/AppState.h"
 #include "wizard/frmMain.h"
 
-int main(int argc, char** argv) {
-    platform::qt::QtPlatform platform(argc, argv);
+#include <cstdio>
+#include <cstdlib>
+#include <exception>
+
+namespace {
+
+int Run(platform::qt::QtPlatform& platform) {
     wizard::AppState state;
     forms::Session session(platform.Services().Desktop);
     wizard::frmMain form(session, platform.Services(), state);
     session.Dispatch([&] { form.Show(); });
     platform.Run();
-    return 0;
+    return EXIT_SUCCESS;
+}
+
+} // namespace
+
+int main(int argc, char** argv) {
+    try {
+        platform::qt::QtPlatform platform(argc, argv);
+        return platform::qt::Guarded(EXIT_FAILURE, [&] { return Run(platform); });
+    } catch (const std::exception& error) { // there is no desktop yet to tell it on
+        std::fprintf(stderr, "drukkeuring: %s\n", error.what());
+        return EXIT_FAILURE;
+    }
 }

@@ -1,10 +1,11 @@
 // Failures that no handler of the program knows, on their way through the toolkit.
 #include "platform/RuntimeError.h"
 #include "platform/memory/MemoryPlatform.h"
-#include "platform/qt/QtPlatform.h"
+#include "platform/qt/Guarded.h"
 
 #include <gtest/gtest.h>
 
+#include <QCoreApplication>
 #include <QEvent>
 #include <QTimer>
 
@@ -36,13 +37,10 @@ class ApplicationTest : public testing::Test {
                 numbers.push_back(std::get<std::int64_t>(event.Fields[0].Value));
             }
         };
-        Application().TellFailuresOn(&memory.desktop);
+        platform::qt::TellFailuresOn(&memory.desktop);
     }
-    ~ApplicationTest() override { Application().TellFailuresOn(nullptr); }
+    ~ApplicationTest() override { platform::qt::TellFailuresOn(nullptr); }
 
-    static platform::qt::DutchApplication& Application() {
-        return static_cast<platform::qt::DutchApplication&>(*qApp);
-    }
     static void Send(const std::function<void()>& handler) {
         Failing object(handler);
         QEvent event(QEvent::User);
@@ -62,7 +60,7 @@ TEST_F(ApplicationTest, TellsWhatNoHandlerKnowsAndGoesOn) {
 }
 
 TEST_F(ApplicationTest, LetsItPassWhereNobodyIsTold) {
-    Application().TellFailuresOn(nullptr);
+    platform::qt::TellFailuresOn(nullptr);
     EXPECT_THROW(Send([] { throw std::bad_alloc(); }), std::bad_alloc);
     EXPECT_TRUE(numbers.empty());
 }

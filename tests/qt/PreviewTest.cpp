@@ -1,12 +1,16 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <QAccessible>
+#include <QHelpEvent>
 #include <QMenuBar>
 #include <QPainter>
 #include <QSvgRenderer>
 #include <QTest>
+#include <QToolTip>
 
 #include <cmath>
+#include <new>
 
 #include "platform/qt/PictureWidget.h"
 #include "qt/PreviewFixture.h"
@@ -81,6 +85,10 @@ TEST_F(PreviewTest, TheWheelScrollsAndSideTurnsDoNot) {
         Wheel({120, 0});
         Wheel({-120, 0});
         EXPECT_EQ(Bar()->value(), 15);
+        Wheel({0, 60});
+        Wheel({120, 0});
+        Wheel({0, 60});
+        EXPECT_EQ(Bar()->value(), 0) << "a turn to the side takes nothing back";
     });
 }
 
@@ -218,13 +226,38 @@ TEST_F(PreviewTest, TheMenuPrints) {
 
 TEST_F(PreviewTest, ButtonsThatLeadNowhereAreOff) {
     Show(1, [this] {
-        for (const char* name :
-             {"Toolbar(3)", "Toolbar(4)", "Toolbar(5)", "Toolbar(6)", "cmdUp", "cmdDown"}) {
+        for (const char* name : {"Toolbar(3)", "Toolbar(4)", "Toolbar(5)", "Toolbar(6)"}) {
             EXPECT_FALSE(Widget(name)->isEnabled()) << name;
         }
         EXPECT_TRUE(Widget("Toolbar(1)")->isEnabled());
         EXPECT_EQ(Widget("Toolbar(1)")->toolTip(), "Afdrukken (Proefprinter)");
         EXPECT_EQ(Widget("Toolbar(8)")->accessibleName(), "Afdrukvoorbeeld sluiten");
+        EXPECT_EQ(Widget("Toolbar(8)")->toolTip(), "");
+    });
+}
+
+TEST_F(PreviewTest, AnArrowThatLeadsNowhereTellsWhatItIsForAllTheSame) {
+    Show(1, [this] {
+        const std::pair<const char*, const char*> arrows[] = {{"cmdUp", " Vorige pagina... "},
+                                                              {"cmdDown", " Volgende pagina... "}};
+        for (const auto& [name, toolTip] : arrows) {
+            QWidget* arrow = Widget(name);
+            EXPECT_TRUE(arrow->isEnabled()) << "the toolkit shows no tooltip of a widget that is not";
+            QHelpEvent help(QEvent::ToolTip, arrow->rect().center(),
+                            arrow->mapToGlobal(arrow->rect().center()));
+            QApplication::sendEvent(arrow, &help);
+            EXPECT_TRUE(QToolTip::isVisible());
+            EXPECT_EQ(QToolTip::text(), QString(toolTip)) << name;
+            QToolTip::hideText();
+            EXPECT_TRUE(QAccessible::queryAccessibleInterface(arrow)->state().disabled) << name;
+            window::PointAt(arrow);
+            window::Click(arrow);
+            QAccessible::queryAccessibleInterface(arrow)->actionInterface()->doAction(
+                QAccessibleActionInterface::pressAction());
+        }
+        EXPECT_EQ(Form().cmdUp.iState(), platform::cmdButtonXP::LookDisabled);
+        EXPECT_FALSE(Form().cmdUp.Timer.Enabled());
+        EXPECT_EQ(Panel(1), "Pagina: 1");
     });
 }
 
@@ -261,13 +294,14 @@ TEST_F(PreviewTest, TheArrowIsItselfAgainWhenThePointerHasLeft) {
     });
 }
 
-TEST_F(PreviewTest, OnlyTheLeftButtonOfTheMouseWorksAnArrow) {
+TEST_F(PreviewTest, AnyButtonOfTheMouseHoldsAnArrowAndTheLeftOneWorksIt) {
     Show(2, [this] {
         QWidget* arrow = Widget("cmdDown");
         for (const Qt::MouseButton other : {Qt::RightButton, Qt::MiddleButton}) {
             QTest::mousePress(arrow, other);
-            EXPECT_FALSE(Form().cmdDown.blnMouseDown());
+            EXPECT_TRUE(Form().cmdDown.blnMouseDown());
             QTest::mouseRelease(arrow, other);
+            EXPECT_FALSE(Form().cmdDown.blnMouseDown());
             QTest::mouseDClick(arrow, other);
             QTest::mouseRelease(
                 arrow, other); // a double click leaves the button down, also for the tests after this
@@ -275,11 +309,104 @@ TEST_F(PreviewTest, OnlyTheLeftButtonOfTheMouseWorksAnArrow) {
         EXPECT_EQ(PageOnScreen(), 1);
         QTest::mousePress(arrow, Qt::LeftButton);
         QTest::mouseRelease(arrow, Qt::RightButton);
-        EXPECT_TRUE(Form().cmdDown.blnMouseDown());
         EXPECT_EQ(PageOnScreen(), 1);
         QTest::mouseRelease(arrow, Qt::LeftButton);
         EXPECT_EQ(PageOnScreen(), 2);
     });
+}
+
+TEST_F(PreviewTest, AnArrowThatThePointerLeavesWithTheButtonHeldWaitsForTheRelease) {
+    Show(2, [this] {
+        QWidget* arrow = Widget("cmdDown");
+        const auto looks = [this](std::int16_t look) {
+            return window::WaitFor([this, look] { return Form().cmdDown.iState() == look; });
+        };
+        window::PointAt(arrow);
+        EXPECT_TRUE(looks(platform::cmdButtonXP::LookHot));
+        const QImage hot = arrow->grab().toImage();
+        QTest::mousePress(arrow, Qt::LeftButton);
+        EXPECT_TRUE(looks(platform::cmdButtonXP::LookDown));
+        EXPECT_NE(arrow->grab().toImage(), hot);
+        window::PointAt(Widget("Toolbar(1)"));
+        EXPECT_TRUE(looks(platform::cmdButtonXP::LookHot));
+        EXPECT_EQ(arrow->grab().toImage(), hot);
+        EXPECT_TRUE(Form().cmdDown.Timer.Enabled());
+        QTest::mouseRelease(arrow, Qt::LeftButton, {}, {-40, -40});
+        EXPECT_TRUE(looks(platform::cmdButtonXP::LookNormal));
+        EXPECT_FALSE(Form().cmdDown.Timer.Enabled());
+        EXPECT_EQ(PageOnScreen(), 1);
+    });
+}
+
+TEST_F(PreviewTest, ADoubleClickOnAnArrowIsAnEventOfItsOwn) {
+    Show(3, [this] {
+        int clicks = 0;
+        int doubles = 0;
+        Form().cmdDown.Click = [&clicks] { ++clicks; };
+        Form().cmdDown.DblClick = [&doubles] { ++doubles; };
+        QWidget* arrow = Widget("cmdDown");
+        QTest::mouseClick(arrow, Qt::LeftButton);
+        QTest::mouseDClick(arrow, Qt::LeftButton);
+        QTest::mouseRelease(arrow, Qt::LeftButton);
+        EXPECT_EQ(clicks, 1);
+        EXPECT_EQ(doubles, 1);
+        EXPECT_FALSE(Form().cmdDown.blnMouseDown());
+        EXPECT_FALSE(Form().cmdDown.Timer.Enabled());
+    });
+}
+
+/// Pages whose first picture after the next yield finds no memory.
+class ShortBitmaps final : public platform::Bitmaps {
+  public:
+    bool Short = false;
+
+    std::unique_ptr<platform::OffscreenPage> CreatePage(double width, double height) override {
+        return std::make_unique<Page>(bitmaps_.CreatePage(width, height), Short);
+    }
+
+  private:
+    class Page final : public platform::OffscreenPage {
+      public:
+        Page(std::unique_ptr<platform::OffscreenPage> page, bool& isShort)
+            : page_(std::move(page)), short_(isShort) {}
+        platform::Canvas& Drawing() override { return page_->Drawing(); }
+        std::shared_ptr<const platform::PageBitmap> Image() override {
+            if (std::exchange(short_, false)) {
+                throw std::bad_alloc();
+            }
+            return page_->Image();
+        }
+        void Cls() override { page_->Cls(); }
+
+      private:
+        std::unique_ptr<platform::OffscreenPage> page_;
+        bool& short_;
+    };
+
+    platform::qt::QtBitmaps bitmaps_;
+};
+
+TEST_F(PreviewTest, OutOfMemoryInAPageBreakCostsNoPreview) {
+    ShortBitmaps shortBitmaps;
+    platform::Platform machine{desktop,       memory.registry,  memory.locale,   memory.clock,
+                               memory.random, memory.spooler,   memory.printers, memory.printer,
+                               shortBitmaps,  desktop.Windows()};
+    preview::PrintPreview another(session, machine, state, printer);
+    window::MessageBoxes boxes;
+    another.OpenPreview(0);
+    state.Surface->PrintLine("pagina 1");
+    shortBitmaps.Short = true;
+    EXPECT_NO_THROW(state.Surface->Newpage());
+    EXPECT_FALSE(shortBitmaps.Short);
+    state.Surface->Newpage();
+    state.Surface->EndDoc();
+    window::WhenShown("frmPrintPreview", [&] {
+        EXPECT_EQ(Panel(2), "Totaal aantal pagina's : 3");
+        another.Window()->Unload();
+    });
+    another.Show();
+    another.OpenPreview(1);
+    EXPECT_TRUE(boxes.All().empty());
 }
 
 TEST_F(PreviewTest, ItsPageIsAskedForItsBoundsAndMayOutgrowTheScreen) {

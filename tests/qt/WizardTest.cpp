@@ -8,6 +8,9 @@
 #include <QListWidget>
 #include <QPushButton>
 #include <QTest>
+#include <QTimer>
+
+#include <algorithm>
 
 #include "platform/memory/MemoryPlatform.h"
 #include "printmanager/frmPrintManager.h"
@@ -95,6 +98,48 @@ TEST_F(WizardTest, ClosingWithARefusedAccountBringsTheMessageFirst) {
     EXPECT_FALSE(program.form.Visible());
 }
 
+TEST_F(WizardTest, NeitherEscapeNorTheCloseBoxJudgesTheAccount) {
+    for (const bool byKey : {true, false}) {
+        Start();
+        window::Click(Account());
+        window::Type("123456780");
+        if (byKey) {
+            window::Key(Qt::Key_Escape);
+        } else {
+            window::Of("frmMain")->close();
+        }
+        EXPECT_FALSE(program.form.Visible());
+        EXPECT_TRUE(boxes.All().empty());
+    }
+}
+
+TEST_F(WizardTest, WhatIsTypedOnTheLastPageReplacesTheCount) {
+    Start();
+    GoToTheLastPage();
+    EXPECT_EQ(window::Find<QLineEdit>("frmMain", "UserText(0)")->selectedText(), "250");
+    window::Type("7");
+    EXPECT_EQ(window::Find<QLineEdit>("frmMain", "UserText(0)")->text(), "7");
+    EXPECT_EQ(program.form.UserText(0).Text(), "7");
+}
+
+TEST_F(WizardTest, TheSettingsAreCutAtTheLengthOfTheirBox) {
+    program.Set("IncassantBegunstigde", std::string(59, 'N') + "éN");
+    program.Set("IncassantPostCode", "1234567890");
+    program.Set("IncassantBankGiro", std::string(40, '1'));
+    Start();
+    EXPECT_EQ(window::Find<QLineEdit>("frmMain", "UserText(70)")->text(), QString(59, 'N') + u'é');
+    EXPECT_EQ(window::Find<QLineEdit>("frmMain", "UserText(72)")->text(), "123456789");
+    EXPECT_EQ(Account()->text(), "1111 1111 1111 1111 1111 1111 1111");
+}
+
+TEST_F(WizardTest, AFilterTurnsACommaIntoAPointInTheBox) {
+    Start();
+    program.form.UserText(71).SetTag("NUMTEKEN");
+    window::Click(Widget("UserText(71)"));
+    window::Type("a1,5");
+    EXPECT_EQ(window::Find<QLineEdit>("frmMain", "UserText(71)")->text(), "1.5");
+}
+
 TEST_F(WizardTest, EnterAndTheAccessKeysGoThroughThePages) {
     Start();
     window::Key(Qt::Key_Return);
@@ -129,6 +174,52 @@ TEST_F(WizardTest, PrintsFromTheManagerAndStandsOnItsLastPageAgain) {
     EXPECT_EQ(window::Of("frmPrintManager"), nullptr);
     EXPECT_EQ(program.form.Page, 3);
     EXPECT_TRUE(boxes.All().empty());
+}
+
+/// A click on a line of the manager's list, as far as the window lets it through.
+void PickDocument(int row) {
+    auto* list = window::Find<QListWidget>("frmPrintManager", "lstAfdrukken");
+    QTest::mouseClick(list->viewport(), Qt::LeftButton, {}, list->visualItemRect(list->item(row)).center());
+    window::Settle();
+}
+
+TEST_F(WizardTest, AnEmptyCountIsOneForTheRunAndShowsIt) {
+    program.Set("AcceptgiroType", "1");
+    Start();
+    GoToTheLastPage();
+    OpenManager([this] {
+        program.form.UserText(0).SetText("");
+        PickDocument(0);
+        window::Click(window::Find("frmPrintManager", "cmdPrint"));
+    });
+    EXPECT_EQ(window::Find<QLineEdit>("frmMain", "UserText(0)")->text(), "1");
+}
+
+TEST_F(WizardTest, TheListClickedDuringARunChangesNothingOfIt) {
+    program.Set("AcceptgiroType", "1");
+    Start();
+    GoToTheLastPage();
+    std::vector<std::string> printed;
+    program.memory.recorder.Sink = [&](const platform::Event& event) {
+        if (event.Kind == "text" && std::get<std::string>(event.Fields[0].Value) == "printer") {
+            printed.push_back(std::get<std::string>(event.Fields[4].Value));
+        }
+    };
+    OpenManager([this] {
+        PickDocument(0);
+        // While the first run yields, the user clicks another line.
+        QTimer::singleShot(0, [this] {
+            EXPECT_TRUE(program.form.PrintManager()->blnBusy);
+            PickDocument(1);
+        });
+        window::WhenShown("frmPrintPreview",
+                          [] { window::Click(window::Find("frmPrintPreview", "Toolbar(1)")); });
+        window::Click(window::Find("frmPrintManager", "cmdPrintVoorbeeld"));
+        EXPECT_EQ(program.form.PrintManager()->lstAfdrukken.ListIndex(), 1);
+        window::Of("frmPrintManager")->close();
+    });
+    EXPECT_EQ(program.memory.printer.DocumentTitle(), "Acceptgiroformulieren voor de drukkeuring");
+    EXPECT_EQ(std::count(printed.begin(), printed.end(), "DRUKKEURING "), 250);
 }
 
 TEST_F(WizardTest, TheDetailsOpenAndClose) {

@@ -12,10 +12,13 @@
 #include <vector>
 
 #include "platform/forms/ReadingOrder.h"
+#include "platform/qt/Guarded.h"
 
 namespace platform::qt {
 
 namespace {
+
+constexpr const char* OffProperty = "accessibleOff";
 
 bool IsPlain(const QWidget& widget) {
     const std::string_view name = widget.metaObject()->className();
@@ -64,17 +67,17 @@ class AreaInterface : public QAccessibleWidget {
   public:
     explicit AreaInterface(QWidget* area) : QAccessibleWidget(area) {}
 
-    int childCount() const override { return static_cast<int>(ReadParts(*widget()).size()); }
+    int childCount() const override { return static_cast<int>(Parts().size()); }
 
     QAccessibleInterface* child(int index) const override {
-        const std::vector<QWidget*> parts = ReadParts(*widget());
+        const std::vector<QWidget*> parts = Parts();
         return index < 0 || index >= static_cast<int>(parts.size())
                    ? nullptr
                    : QAccessible::queryAccessibleInterface(parts[static_cast<std::size_t>(index)]);
     }
 
     int indexOfChild(const QAccessibleInterface* child) const override {
-        const std::vector<QWidget*> parts = ReadParts(*widget());
+        const std::vector<QWidget*> parts = Parts();
         const auto found = std::find(parts.begin(), parts.end(), child->object());
         return found == parts.end() ? -1 : static_cast<int>(found - parts.begin());
     }
@@ -91,13 +94,21 @@ class AreaInterface : public QAccessibleWidget {
         return holds ? QAccessible::Grouping : static_cast<QAccessible::Role>(role.toInt());
     }
 
+    QAccessible::State state() const override {
+        QAccessible::State state = QAccessibleWidget::state();
+        if (!SpokenEnabled()) {
+            state.disabled = true;
+        }
+        return state;
+    }
+
     QStringList actionNames() const override {
         return role() == QAccessible::Button ? QStringList(pressAction()) : QAccessibleWidget::actionNames();
     }
 
     // A button that the program draws itself knows the mouse only.
     void doAction(const QString& action) override {
-        if (action != pressAction() || !widget()->isEnabled()) {
+        if (action != pressAction() || !widget()->isEnabled() || !SpokenEnabled()) {
             QAccessibleWidget::doAction(action);
             return;
         }
@@ -109,6 +120,12 @@ class AreaInterface : public QAccessibleWidget {
             QApplication::sendEvent(widget(), &event);
         }
     }
+
+  private:
+    std::vector<QWidget*> Parts() const {
+        return GuardedQuietly(std::vector<QWidget*>(), [this] { return ReadParts(*widget()); });
+    }
+    bool SpokenEnabled() const { return !widget()->property(OffProperty).toBool(); }
 };
 
 /// One of several options. The form turns off the others of its group, for which the toolkit would take it
@@ -154,6 +171,17 @@ QAccessibleInterface* Make(const QString& className, QObject* object) {
 }
 
 } // namespace
+
+void SpeakEnabled(QWidget& widget, bool enabled) {
+    if (widget.property(OffProperty).toBool() == !enabled) {
+        return;
+    }
+    widget.setProperty(OffProperty, !enabled);
+    QAccessible::State changed;
+    changed.disabled = true;
+    QAccessibleStateChangeEvent event(&widget, changed);
+    QAccessible::updateAccessibility(&event);
+}
 
 void InstallAccessibility() {
     QAccessible::installFactory(Make);

@@ -10,6 +10,7 @@
 #include <algorithm>
 
 #include "platform/forms/Contrast.h"
+#include "platform/qt/Guarded.h"
 #include "platform/qt/QtColours.h"
 
 namespace platform::qt {
@@ -65,7 +66,7 @@ bool FocusRing::eventFilter(QObject* watched, QEvent* event) {
     case QEvent::Move:
     case QEvent::Resize:
     case QEvent::Show:
-        Follow();
+        GuardedQuietly([this] { Follow(); });
         break;
     default:
         break;
@@ -74,6 +75,10 @@ bool FocusRing::eventFilter(QObject* watched, QEvent* event) {
 }
 
 void FocusRing::paintEvent(QPaintEvent* /*event*/) {
+    GuardedQuietly([this] { Paint(); });
+}
+
+void FocusRing::Paint() {
     const QPalette theme = QApplication::palette();
     const forms::Colour colour =
         forms::Readable(FromQColor(theme.color(QPalette::Highlight)),

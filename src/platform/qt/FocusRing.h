@@ -21,6 +21,7 @@ class FocusRing final : public QWidget {
 
   private:
     void Follow();
+    void Paint();
 
     QPointer<QWidget> control_;
 };

@@ -5,6 +5,7 @@
 
 #include <cmath>
 
+#include "platform/qt/Guarded.h"
 #include "platform/qt/QtBitmaps.h"
 #include "platform/qt/ThemedPicture.h"
 
@@ -56,6 +57,10 @@ void PictureWidget::SetPage(std::shared_ptr<const PageBitmap> page) {
 }
 
 void PictureWidget::paintEvent(QPaintEvent* /*event*/) {
+    GuardedQuietly([this] { Paint(); });
+}
+
+void PictureWidget::Paint() {
     if (const auto* page = dynamic_cast<const QtPageBitmap*>(page_.get())) {
         QPainter painter(this);
         painter.setRenderHint(QPainter::SmoothPixmapTransform);

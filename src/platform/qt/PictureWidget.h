@@ -30,6 +30,7 @@ class PictureWidget final : public QWidget {
 
   private:
     bool HasPicture();
+    void Paint();
 
     std::unique_ptr<QSvgRenderer> renderer_;
     QString name_;

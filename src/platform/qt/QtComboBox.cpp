@@ -4,6 +4,7 @@
 #include <QComboBox>
 #include <QEvent>
 
+#include "platform/qt/Guarded.h"
 #include "platform/qt/QtText.h"
 
 namespace platform::qt {
@@ -12,8 +13,8 @@ QtComboBox::QtComboBox(forms::ComboBox& control, QtForm& form, QWidget* parent)
     : QtControl(control, form, new QComboBox(parent)), model_(control),
       combo_(static_cast<QComboBox*>(Widget())) {
     connect(combo_, &QComboBox::activated, this, [this](int index) {
-        model_.UserPick(index);
-        Mirror(forms::Aspect::Value);
+        Guarded([&] { model_.UserPick(index); });
+        Guarded([this] { Mirror(forms::Aspect::Value); });
     });
 }
 
@@ -37,7 +38,7 @@ void QtComboBox::WidenList() {
     list->setMinimumWidth(list->sizeHintForColumn(0) + 2 * list->frameWidth());
 }
 
-bool QtComboBox::eventFilter(QObject* watched, QEvent* event) {
+bool QtComboBox::Filter(QObject* watched, QEvent* event) {
     switch (event->type()) {
     case QEvent::Wheel:
         // Rolling over a box on the way elsewhere must not choose another printer or paper.
@@ -52,7 +53,7 @@ bool QtComboBox::eventFilter(QObject* watched, QEvent* event) {
     default:
         break;
     }
-    return QtControl::eventFilter(watched, event);
+    return QtControl::Filter(watched, event);
 }
 
 } // namespace platform::qt

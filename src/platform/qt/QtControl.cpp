@@ -16,6 +16,7 @@
 #include "platform/forms/Form.h"
 #include "platform/qt/Accessibility.h"
 #include "platform/qt/Fonts.h"
+#include "platform/qt/Guarded.h"
 #include "platform/qt/Outlines.h"
 #include "platform/qt/QtCheckBox.h"
 #include "platform/qt/QtColours.h"
@@ -250,8 +251,8 @@ void QtControl::TakeFocus() {
 }
 
 void QtControl::Click() {
-    model_.UserClick();
-    Mirror(Aspect::Value);
+    Guarded([this] { model_.UserClick(); });
+    Guarded([this] { Mirror(Aspect::Value); });
 }
 
 bool QtControl::KeyPressed(const QKeyEvent& event, int virtualKey) {
@@ -271,6 +272,10 @@ bool QtControl::MousePressed(const QMouseEvent& event) {
 }
 
 bool QtControl::eventFilter(QObject* watched, QEvent* event) {
+    return Guarded(true, [&] { return Filter(watched, event); });
+}
+
+bool QtControl::Filter(QObject* watched, QEvent* event) {
     switch (event->type()) {
     case QEvent::KeyPress:
         return form_.KeyPressed(*static_cast<QKeyEvent*>(event), this);

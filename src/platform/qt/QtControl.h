@@ -37,9 +37,11 @@ class QtControl : public QObject {
     /// A key that is none of Tab, Enter and Escape. True keeps it from the widget.
     virtual bool KeyPressed(const QKeyEvent& event, int virtualKey);
 
-    bool eventFilter(QObject* watched, QEvent* event) override;
+    bool eventFilter(QObject* watched, QEvent* event) final;
 
   protected:
+    /// An event of the widget or of a watched part of it. True keeps it from there.
+    virtual bool Filter(QObject* watched, QEvent* event);
     QtForm& Form() const { return form_; }
 
     /// What is particular to the kind.

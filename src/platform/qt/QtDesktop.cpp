@@ -11,6 +11,7 @@
 #include <limits>
 
 #include "platform/forms/Form.h"
+#include "platform/qt/Guarded.h"
 #include "platform/qt/MessageIcons.h"
 #include "platform/qt/QtForm.h"
 #include "platform/qt/QtText.h"
@@ -55,9 +56,11 @@ QtDesktop::QtDesktop() {
     // moment.
     QApplication::setQuitOnLastWindowClosed(false);
     qApp->installEventFilter(this);
+    toldBefore_ = TellFailuresOn(this);
 }
 
 QtDesktop::~QtDesktop() {
+    TellFailuresOn(toldBefore_);
     SetMousePointer(PointerDefault);
 }
 

@@ -14,7 +14,8 @@ namespace platform::qt {
 
 class QtForm;
 
-/// The user's desktop through the toolkit's widgets. Needs a QApplication.
+/// The user's desktop through the toolkit's widgets. Needs a QApplication. While it is there it tells the
+/// user of failures that no handler of the program knows.
 class QtDesktop final : public QObject, public Desktop {
   public:
     QtDesktop();
@@ -55,6 +56,7 @@ class QtDesktop final : public QObject, public Desktop {
     std::unordered_map<const forms::Form*, QtForm*> peers_;
     std::vector<const forms::Form*> shown_;
     QPointer<QWidget> locked_;
+    Desktop* toldBefore_ = nullptr; // of failures that nobody knows, while this one is
     bool tabDown_ = false;
     bool hourglass_ = false;
     bool running_ = false;

@@ -2,6 +2,9 @@
 
 #include <QMouseEvent>
 
+#include <utility>
+
+#include "platform/qt/Accessibility.h"
 #include "platform/qt/PictureWidget.h"
 #include "platform/qt/QtText.h"
 
@@ -22,10 +25,13 @@ QtFlatButton::QtFlatButton(cmdButtonXP& control, QtForm& form, QWidget* parent)
 }
 
 void QtFlatButton::Mirror(forms::Aspect aspect) {
-    QtControl::Mirror(aspect);
-    if (aspect == forms::Aspect::Enabled) {
-        picture_->setEnabled(model_.Enabled() && model_.WindowEnabled());
+    if (aspect != forms::Aspect::Enabled) {
+        QtControl::Mirror(aspect);
+        return;
     }
+    // A button that is off keeps its window, and with it its tooltip; a screen reader is told all the same.
+    picture_->setEnabled(model_.WindowEnabled());
+    SpeakEnabled(*picture_, model_.Enabled());
 }
 
 void QtFlatButton::MirrorContent(forms::Aspect aspect) {
@@ -34,35 +40,34 @@ void QtFlatButton::MirrorContent(forms::Aspect aspect) {
     }
 }
 
-bool QtFlatButton::eventFilter(QObject* watched, QEvent* event) {
+// Any button of the mouse holds this one down; the left one clicks it, where it goes up on it as well.
+void QtFlatButton::Released(const QMouseEvent& event) {
+    model_.UserMouseUp();
+    if (IsLeft(&event) && std::exchange(leftDown_, false) &&
+        picture_->rect().contains(event.position().toPoint())) {
+        model_.UserClick();
+    }
+}
+
+bool QtFlatButton::Filter(QObject* watched, QEvent* event) {
     switch (event->type()) {
     case QEvent::MouseMove:
         model_.UserMouseMove();
         return true;
     case QEvent::MouseButtonPress:
-        if (IsLeft(event)) {
-            model_.UserMouseDown();
-        }
+        model_.UserMouseDown();
+        leftDown_ = leftDown_ || (IsLeft(event) && model_.blnMouseDown());
         return true;
     case QEvent::MouseButtonDblClick:
         if (IsLeft(event)) {
             model_.UserDblClick();
         }
         return true;
-    case QEvent::MouseButtonRelease: {
-        if (!IsLeft(event)) {
-            return true;
-        }
-        const bool pressed = model_.blnMouseDown();
-        model_.UserMouseUp();
-        const QPoint at = static_cast<QMouseEvent*>(event)->position().toPoint();
-        if (pressed && picture_->rect().contains(at)) {
-            model_.UserClick();
-        }
+    case QEvent::MouseButtonRelease:
+        Released(*static_cast<QMouseEvent*>(event));
         return true;
-    }
     default:
-        return QtControl::eventFilter(watched, event);
+        return QtControl::Filter(watched, event);
     }
 }
 

@@ -12,14 +12,17 @@ class QtFlatButton final : public QtControl {
     QtFlatButton(cmdButtonXP& control, QtForm& form, QWidget* parent);
 
     void Mirror(forms::Aspect aspect) override;
-    bool eventFilter(QObject* watched, QEvent* event) override;
 
   protected:
     void MirrorContent(forms::Aspect aspect) override;
+    bool Filter(QObject* watched, QEvent* event) override;
 
   private:
+    void Released(const QMouseEvent& event);
+
     cmdButtonXP& model_;
     PictureWidget* picture_;
+    bool leftDown_ = false; // the left button of the mouse went down here
 };
 
 } // namespace platform::qt

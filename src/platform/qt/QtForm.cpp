@@ -15,6 +15,7 @@
 #include "platform/forms/AccessibleNames.h"
 #include "platform/forms/Form.h"
 #include "platform/qt/FocusRing.h"
+#include "platform/qt/Guarded.h"
 #include "platform/qt/QtColours.h"
 #include "platform/qt/QtDesktop.h"
 #include "platform/qt/QtLabel.h"
@@ -325,7 +326,7 @@ void QtForm::FocusMoved(forms::Control* control) {
 void QtForm::SettleFocusLater() {
     if (!settling_) {
         settling_ = true;
-        QTimer::singleShot(0, window_.get(), [this] { SettleFocus(); });
+        QTimer::singleShot(0, window_.get(), [this] { Guarded([this] { SettleFocus(); }); });
     }
 }
 
@@ -373,7 +374,7 @@ void QtForm::Resized() {
 }
 
 void QtForm::WheelTurned(int delta) {
-    if (const std::int16_t turn = wheel_.Add(delta); turn != 0) { // sideways it is 0 as well
+    if (const std::int16_t turn = wheel_.Add(delta); turn != 0) {
         desktop_.Windows().SendWheel(procedure_.Handle(), turn);
     }
 }

@@ -87,7 +87,7 @@ void QtLabel::ShowText() {
     label_->setToolTip(PlainToolTip(shown == text ? ToQString(model_.ToolTipText()) : text));
 }
 
-bool QtLabel::eventFilter(QObject* watched, QEvent* event) {
+bool QtLabel::Filter(QObject* watched, QEvent* event) {
     if (event->type() == QEvent::Shortcut) {
         if (forms::Control* target = AccessKeyTarget(model_)) {
             target->SetFocus();
@@ -97,7 +97,7 @@ bool QtLabel::eventFilter(QObject* watched, QEvent* event) {
     if (event->type() == QEvent::Show) {
         ShowText();
     }
-    return QtControl::eventFilter(watched, event);
+    return QtControl::Filter(watched, event);
 }
 
 } // namespace platform::qt

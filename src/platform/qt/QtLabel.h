@@ -14,9 +14,8 @@ class QtLabel final : public QtControl {
     /// This label tells what another widget is for.
     void NameWidget(QWidget* named);
 
-    bool eventFilter(QObject* watched, QEvent* event) override;
-
   protected:
+    bool Filter(QObject* watched, QEvent* event) override;
     void Place() override;
     void MirrorContent(forms::Aspect aspect) override;
 

@@ -3,6 +3,7 @@
 #include <QListWidget>
 #include <QMouseEvent>
 
+#include "platform/qt/Guarded.h"
 #include "platform/qt/QtText.h"
 
 namespace platform::qt {
@@ -29,15 +30,15 @@ QtListBox::QtListBox(forms::ListBox& control, QtForm& form, QWidget* parent)
 
 void QtListBox::Pick(int row) {
     picked_ = true;
-    model_.UserPick(row);
-    Mirror(forms::Aspect::Value);
+    Guarded([&] { model_.UserPick(row); });
+    Guarded([this] { Mirror(forms::Aspect::Value); });
 }
 
-bool QtListBox::eventFilter(QObject* watched, QEvent* event) {
+bool QtListBox::Filter(QObject* watched, QEvent* event) {
     if (event->type() == QEvent::MouseButtonPress) {
         picked_ = false;
     }
-    return QtControl::eventFilter(watched, event);
+    return QtControl::Filter(watched, event);
 }
 
 void QtListBox::MirrorContent(forms::Aspect aspect) {

@@ -11,9 +11,8 @@ class QtListBox final : public QtControl {
   public:
     QtListBox(forms::ListBox& control, QtForm& form, QWidget* parent);
 
-    bool eventFilter(QObject* watched, QEvent* event) override;
-
   protected:
+    bool Filter(QObject* watched, QEvent* event) override;
     void MirrorContent(forms::Aspect aspect) override;
 
   private:

@@ -7,6 +7,7 @@
 
 #include <algorithm>
 
+#include "platform/qt/Guarded.h"
 #include "platform/qt/QtForm.h"
 #include "platform/qt/QtText.h"
 #include "platform/qt/Scale.h"
@@ -36,14 +37,15 @@ void QtMenuBar::MirrorContent(forms::Aspect aspect) {
             }
             QAction* action = shown->addAction(ToQString(tool.Caption));
             action->setObjectName(ToQString(tool.Id));
-            connect(action, &QAction::triggered, this, [this, id = tool.Id] { model_.UserChoose(id); });
+            connect(action, &QAction::triggered, this,
+                    [this, id = tool.Id] { Guarded([&] { model_.UserChoose(id); }); });
         }
     }
 }
 
 // The bar opens a menu by its access key itself.
-bool QtMenuBar::eventFilter(QObject* watched, QEvent* event) {
-    return event->type() != QEvent::Shortcut && QtControl::eventFilter(watched, event);
+bool QtMenuBar::Filter(QObject* watched, QEvent* event) {
+    return event->type() != QEvent::Shortcut && QtControl::Filter(watched, event);
 }
 
 // The bar shows the window's background, and the toolkit draws its texts like those of buttons.

@@ -16,9 +16,8 @@ class QtMenuBar final : public QtControl {
     /// Dots.
     int StripHeight() const;
 
-    bool eventFilter(QObject* watched, QEvent* event) override;
-
   protected:
+    bool Filter(QObject* watched, QEvent* event) override;
     void MirrorContent(forms::Aspect aspect) override;
     void Colour() override;
     void Place() override;

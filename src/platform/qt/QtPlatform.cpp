@@ -1,13 +1,12 @@
 #include "platform/qt/QtPlatform.h"
 
-#include "platform/CaughtError.h"
-
 #include <QIcon>
 #include <QLibraryInfo>
 #include <QTranslator>
 
 #include "platform/qt/Accessibility.h"
 #include "platform/qt/Fonts.h"
+#include "platform/qt/Guarded.h"
 
 // Resources of a static library are not there until they are asked for, and that from outside any namespace.
 static void LoadPictures() {
@@ -29,15 +28,7 @@ DutchApplication::DutchApplication(int& argc, char** argv) : QApplication(argc, 
 }
 
 bool DutchApplication::notify(QObject* receiver, QEvent* event) {
-    try {
-        return QApplication::notify(receiver, event);
-    } catch (const std::exception&) {
-        if (desktop_ == nullptr) {
-            throw;
-        }
-        TellCaught(*desktop_);
-        return true;
-    }
+    return Guarded(true, [&] { return QApplication::notify(receiver, event); });
 }
 
 } // namespace platform::qt

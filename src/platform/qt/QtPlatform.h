@@ -7,6 +7,7 @@
 #include "platform/SeededRandom.h"
 #include "platform/qt/CupsSpooler.h"
 #include "platform/qt/EndSignals.h"
+#include "platform/qt/Guarded.h"
 #include "platform/qt/QtBitmaps.h"
 #include "platform/qt/QtClock.h"
 #include "platform/qt/QtDesktop.h"
@@ -22,22 +23,15 @@ class DutchApplication final : public QApplication {
     /// Both must live as long as the object.
     DutchApplication(int& argc, char** argv);
 
-    /// From now on a failure that no handler of the program knows is told there, and the program goes on.
-    /// With nullptr it ends the program, as without this call.
-    void TellFailuresOn(Desktop* desktop) { desktop_ = desktop; }
-
+    /// The last guard, for failures that begin in the toolkit itself.
     bool notify(QObject* receiver, QEvent* event) override;
-
-  private:
-    Desktop* desktop_ = nullptr;
 };
 
 /// The Linux desktop: everything outside the program that it works with.
 class QtPlatform {
   public:
     /// Both must live as long as the object.
-    QtPlatform(int& argc, char** argv) : application_(argc, argv) { application_.TellFailuresOn(&desktop_); }
-    ~QtPlatform() { application_.TellFailuresOn(nullptr); }
+    QtPlatform(int& argc, char** argv) : application_(argc, argv) {}
     QtPlatform(const QtPlatform&) = delete;
     QtPlatform& operator=(const QtPlatform&) = delete;
 
@@ -73,10 +67,10 @@ class QtPlatform {
                                  spooler_, printers_, printer_, bitmaps_, desktop_.Windows()};
     EndSignals ending_{[this] {
                            // Here already: a document under way ends first, and the session may not wait.
-                           printers_.PutSettingsBack();
+                           Guarded([this] { printers_.PutSettingsBack(); });
                            QCoreApplication::exit(); // of every loop that is open, a modal form's too
                        },
-                       [this] { return MayEnd(); }};
+                       [this] { return Guarded(true, [this] { return MayEnd(); }); }};
 };
 
 } // namespace platform::qt

@@ -3,6 +3,8 @@
 #include <QEvent>
 #include <QScrollBar>
 
+#include "platform/qt/Guarded.h"
+
 namespace platform::qt {
 
 QtScrollBar::QtScrollBar(forms::ScrollBar& control, QtForm& form, QWidget* parent)
@@ -13,8 +15,8 @@ QtScrollBar::QtScrollBar(forms::ScrollBar& control, QtForm& form, QWidget* paren
     bar_->setRange(control.Min(), control.Max());
     bar_->setTracking(false); // a thumb that is being dragged reports nothing
     connect(bar_, &QScrollBar::valueChanged, this, [this](int value) {
-        model_.UserScroll(value);
-        Mirror(forms::Aspect::Value);
+        Guarded([&] { model_.UserScroll(value); });
+        Guarded([this] { Mirror(forms::Aspect::Value); });
     });
 }
 
@@ -26,12 +28,12 @@ void QtScrollBar::MirrorContent(forms::Aspect aspect) {
     }
 }
 
-bool QtScrollBar::eventFilter(QObject* watched, QEvent* event) {
+bool QtScrollBar::Filter(QObject* watched, QEvent* event) {
     if (event->type() == QEvent::Wheel) { // the form itself follows the wheel
         event->ignore();
         return true;
     }
-    return QtControl::eventFilter(watched, event);
+    return QtControl::Filter(watched, event);
 }
 
 } // namespace platform::qt

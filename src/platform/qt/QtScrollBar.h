@@ -11,9 +11,8 @@ class QtScrollBar final : public QtControl {
   public:
     QtScrollBar(forms::ScrollBar& control, QtForm& form, QWidget* parent);
 
-    bool eventFilter(QObject* watched, QEvent* event) override;
-
   protected:
+    bool Filter(QObject* watched, QEvent* event) override;
     void MirrorContent(forms::Aspect aspect) override;
 
   private:

@@ -11,6 +11,7 @@
 #include "platform/Desktop.h"
 #include "platform/forms/Form.h"
 #include "platform/forms/UpDown.h"
+#include "platform/qt/Guarded.h"
 #include "platform/qt/QtForm.h"
 #include "platform/qt/QtText.h"
 
@@ -19,9 +20,9 @@ namespace platform::qt {
 QtTextBox::QtTextBox(forms::TextBox& control, QtForm& form, QWidget* parent)
     : QtControl(control, form, new QLineEdit(parent)), model_(control),
       edit_(static_cast<QLineEdit*>(Widget())) {
-    connect(edit_, &QLineEdit::textEdited, this, [this] { TellEdit(); });
-    connect(edit_, &QLineEdit::selectionChanged, this, [this] { TellSelection(); });
-    connect(edit_, &QLineEdit::cursorPositionChanged, this, [this] { TellSelection(); });
+    connect(edit_, &QLineEdit::textEdited, this, [this] { Guarded([this] { TellEdit(); }); });
+    connect(edit_, &QLineEdit::selectionChanged, this, [this] { Guarded([this] { TellSelection(); }); });
+    connect(edit_, &QLineEdit::cursorPositionChanged, this, [this] { Guarded([this] { TellSelection(); }); });
 }
 
 int QtTextBox::SelectionStart() const {
@@ -158,11 +159,11 @@ bool QtTextBox::Commit(const QInputMethodEvent& event) {
     return true;
 }
 
-bool QtTextBox::eventFilter(QObject* watched, QEvent* event) {
+bool QtTextBox::Filter(QObject* watched, QEvent* event) {
     if (event->type() == QEvent::InputMethod) {
         return Commit(*static_cast<QInputMethodEvent*>(event));
     }
-    return QtControl::eventFilter(watched, event);
+    return QtControl::Filter(watched, event);
 }
 
 } // namespace platform::qt

@@ -17,9 +17,9 @@ class QtTextBox final : public QtControl {
     void Mirror(forms::Aspect aspect) override;
     void TakeFocus() override;
     bool KeyPressed(const QKeyEvent& event, int virtualKey) override;
-    bool eventFilter(QObject* watched, QEvent* event) override;
 
   protected:
+    bool Filter(QObject* watched, QEvent* event) override;
     void MirrorContent(forms::Aspect aspect) override;
     bool MousePressed(const QMouseEvent& event) override;
 

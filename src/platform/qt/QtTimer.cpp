@@ -1,11 +1,13 @@
 #include "platform/qt/QtTimer.h"
 
+#include "platform/qt/Guarded.h"
+
 namespace platform::qt {
 
 QtTimer::QtTimer(forms::Timer& control, QtForm& form, QWidget* /*parent*/)
     : QtControl(control, form, nullptr), model_(control) {
     timer_.setInterval(control.Interval());
-    connect(&timer_, &QTimer::timeout, this, [this] { model_.Tick(); });
+    connect(&timer_, &QTimer::timeout, this, [this] { Guarded([this] { model_.Tick(); }); });
 }
 
 void QtTimer::MirrorContent(forms::Aspect aspect) {

@@ -4,6 +4,7 @@
 #include <QIcon>
 #include <QToolButton>
 
+#include "platform/qt/Guarded.h"
 #include "platform/qt/QtText.h"
 #include "platform/qt/Scale.h"
 #include "platform/qt/ThemedPicture.h"
@@ -33,7 +34,8 @@ QWidget* QtToolbar::MakeButton(int number) {
     button->setObjectName(QStringLiteral("%1(%2)").arg(ToQString(model_.Name())).arg(number));
     button->setAutoRaise(true);
     button->setFocusPolicy(Qt::NoFocus);
-    connect(button, &QToolButton::clicked, this, [this, number] { model_.UserClickButton(number); });
+    connect(button, &QToolButton::clicked, this,
+            [this, number] { Guarded([&] { model_.UserClickButton(number); }); });
     return button;
 }
 

@@ -4,6 +4,7 @@
 #include <QToolButton>
 
 #include "platform/forms/Form.h"
+#include "platform/qt/Guarded.h"
 #include "platform/qt/QtText.h"
 
 namespace platform::qt {
@@ -21,19 +22,20 @@ QToolButton* QtUpDown::MakeArrow(int direction) {
     arrow->setFocusPolicy(Qt::NoFocus);
     arrow->setAutoRepeat(true);
     Watch(arrow);
-    connect(arrow, &QToolButton::clicked, this, [this, direction] { model_.UserStep(direction); });
+    connect(arrow, &QToolButton::clicked, this,
+            [this, direction] { Guarded([&] { model_.UserStep(direction); }); });
     return arrow;
 }
 
 // A press in the arrows brings the focus to the box, and is lost if it does not stay there.
-bool QtUpDown::eventFilter(QObject* watched, QEvent* event) {
+bool QtUpDown::Filter(QObject* watched, QEvent* event) {
     const bool press =
         event->type() == QEvent::MouseButtonPress || event->type() == QEvent::MouseButtonDblClick;
     if (press && watched != Widget()) {
         forms::TextBox& box = model_.Buddy();
         return box.CanFocus() && !box.Owner().MoveFocus(box);
     }
-    return QtControl::eventFilter(watched, event);
+    return QtControl::Filter(watched, event);
 }
 
 void QtUpDown::Place() {

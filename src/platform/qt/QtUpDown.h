@@ -12,9 +12,8 @@ class QtUpDown final : public QtControl {
   public:
     QtUpDown(forms::UpDown& control, QtForm& form, QWidget* parent);
 
-    bool eventFilter(QObject* watched, QEvent* event) override;
-
   protected:
+    bool Filter(QObject* watched, QEvent* event) override;
     void Place() override;
 
   private:

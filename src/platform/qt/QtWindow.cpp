@@ -4,6 +4,7 @@
 #include <QKeyEvent>
 #include <QWheelEvent>
 
+#include "platform/qt/Guarded.h"
 #include "platform/qt/QtForm.h"
 
 namespace platform::qt {
@@ -11,25 +12,25 @@ namespace platform::qt {
 QtWindow::QtWindow(QtForm& form, Qt::WindowFlags flags) : QWidget(nullptr, flags), form_(form) {}
 
 void QtWindow::closeEvent(QCloseEvent* event) {
-    event->setAccepted(form_.CloseRequested());
+    event->setAccepted(Guarded(false, [this] { return form_.CloseRequested(); }));
 }
 
 void QtWindow::keyPressEvent(QKeyEvent* event) {
-    form_.KeyPressed(*event, nullptr);
+    Guarded([&] { form_.KeyPressed(*event, nullptr); });
 }
 
 void QtWindow::wheelEvent(QWheelEvent* event) {
-    form_.WheelTurned(event->angleDelta().y());
+    Guarded([&] { form_.WheelTurned(event->angleDelta().y()); }); // of a turn to the side this is 0
 }
 
 void QtWindow::resizeEvent(QResizeEvent* event) {
     QWidget::resizeEvent(event);
-    form_.Resized();
+    Guarded([this] { form_.Resized(); });
 }
 
 bool QtWindow::event(QEvent* event) {
     if (event->type() == QEvent::ApplicationPaletteChange) {
-        form_.ThemeChanged();
+        Guarded([this] { form_.ThemeChanged(); });
     }
     return QWidget::event(event);
 }

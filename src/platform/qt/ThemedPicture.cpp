@@ -12,6 +12,7 @@
 #include <memory>
 
 #include "platform/PictureInks.h"
+#include "platform/qt/Guarded.h"
 #include "platform/qt/PictureWidget.h"
 #include "platform/qt/QtColours.h"
 
@@ -25,13 +26,22 @@ class PictureEngine final : public QIconEngine {
     PictureEngine(QByteArray plain, QByteArray lit) : plain_(std::move(plain)), lit_(std::move(lit)) {}
 
     void paint(QPainter* painter, const QRect& area, QIcon::Mode mode, QIcon::State state) override {
-        const double density = painter->device()->devicePixelRatio();
-        QPixmap drawn = pixmap(area.size() * density, mode, state);
-        drawn.setDevicePixelRatio(density);
-        painter->drawPixmap(area.topLeft(), drawn);
+        GuardedQuietly([&] {
+            const double density = painter->device()->devicePixelRatio();
+            QPixmap drawn = pixmap(area.size() * density, mode, state);
+            drawn.setDevicePixelRatio(density);
+            painter->drawPixmap(area.topLeft(), drawn);
+        });
     }
 
     QPixmap pixmap(const QSize& size, QIcon::Mode mode, QIcon::State /*state*/) override {
+        return GuardedQuietly(QPixmap(), [&] { return Draw(size, mode); });
+    }
+
+    QIconEngine* clone() const override { return new PictureEngine(*this); }
+
+  private:
+    QPixmap Draw(const QSize& size, QIcon::Mode mode) const {
         QPixmap drawn(size);
         drawn.fill(Qt::transparent);
         QPainter painter(&drawn);
@@ -45,9 +55,6 @@ class PictureEngine final : public QIconEngine {
         return QApplication::style()->generatedIconPixmap(mode, drawn, &option);
     }
 
-    QIconEngine* clone() const override { return new PictureEngine(*this); }
-
-  private:
     QByteArray plain_;
     QByteArray lit_;
 };

@@ -18,8 +18,10 @@ std::string Told(const Exception& exception) {
     platform::MemoryPlatform memory;
     std::string told = "nothing";
     memory.recorder.Sink = [&told](const platform::Event& event) {
-        told = event.Kind + " " + std::to_string(std::get<std::int64_t>(event.Fields[0].Value)) + " " +
-               std::get<std::string>(event.Fields[1].Value);
+        if (event.Kind == "error") {
+            told = event.Kind + " " + std::to_string(std::get<std::int64_t>(event.Fields[0].Value)) + " " +
+                   std::get<std::string>(event.Fields[1].Value);
+        }
     };
     try {
         throw exception;
@@ -33,6 +35,17 @@ TEST(CaughtErrorTest, IsToldAsAnErrorOfTheMachine) {
     EXPECT_EQ(Told(platform::RuntimeError(482, "Printer error")), "error 482 Printer error");
     EXPECT_EQ(Told(std::bad_alloc()), "error 7 Out of memory");
     EXPECT_EQ(Told(std::logic_error("onmogelijk")), "error 51 onmogelijk");
+}
+
+TEST(CaughtErrorTest, EndsTheHourglassOfWhatBrokeOff) {
+    platform::MemoryPlatform memory;
+    memory.desktop.SetMousePointer(platform::PointerHourglass);
+    try {
+        throw std::bad_alloc();
+    } catch (...) {
+        platform::TellCaught(memory.desktop);
+    }
+    EXPECT_EQ(memory.desktop.MousePointer(), platform::PointerDefault);
 }
 
 TEST(CaughtErrorTest, WhatIsNoErrorPassesOn) {
