@@ -15,7 +15,8 @@ namespace {
 
 constexpr const char* LineBreak = "\r\n";
 
-/// Numbers of the steps, by which a message names the one that failed.
+/// Numbers of the steps, by which a message names the one that failed. 21 let go of the printer, which is no
+/// step any more.
 enum Regel : int {
     regelCount = 1,
     regelGet = 2,

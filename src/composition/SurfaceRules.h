@@ -20,7 +20,7 @@ bool PaginaVol(const wizard::AppState& state, std::int16_t regels);
 /// that Print has left open.
 void RegelVerder(const wizard::AppState& state, double aantal);
 /// The number as text in the user's locale; empty for 1. RuntimeError with ErrorTypeMismatch for what is no
-/// number.
+/// number. No document of the program needs it so far (docs/deliberate.md).
 void RegelVerder(const wizard::AppState& state, platform::Locale& locale, std::string_view aantal);
 
 /// A horizontal rule at the height of the cursor, from `x1` to `x2`. An `x1` of 0 stands for the full width

@@ -32,6 +32,7 @@ TEST_F(GhostTest, LoadingLeavesItReadyForPageOne) {
     EXPECT_EQ(Ghost().Tag, "1");
     EXPECT_EQ(Ghost().Page(), 1);
     EXPECT_EQ(Ghost().iDisplayPage, 1);
+    EXPECT_EQ(Ghost().BackColor, 0xFFFFFF);
     EXPECT_THAT(PagesHeld(), ElementsAre(0, 1));
     EXPECT_THAT(TextsOn(Ghost().ThisPage.at(0).Picture), IsEmpty());
     EXPECT_EQ(Ghost().ThisPage.at(1).Picture, nullptr);
