@@ -7,6 +7,8 @@
 #include "preview/frmPrintPreview.h"
 #include "preview/frmPrintPreviewGhost.h"
 
+#include <exception>
+
 namespace preview {
 
 namespace {
@@ -30,8 +32,13 @@ PrintPreview::PrintPreview(forms::Session& session, platform::Platform& platform
     : session_(session), platform_(platform), state_(state), printer_(printer) {}
 
 PrintPreview::~PrintPreview() {
-    if (forms_ != nullptr) {
+    if (forms_ == nullptr) {
+        return;
+    }
+    try {
         Close();
+    } catch (const std::exception&) { // the failure that broke the preview off is on its way already
+        state_.Surface = nullptr;
     }
 }
 

@@ -12,6 +12,7 @@
 #include <cmath>
 #include <new>
 
+#include "composition/CalibrationReport.h"
 #include "platform/qt/PictureWidget.h"
 #include "qt/PreviewFixture.h"
 
@@ -73,6 +74,26 @@ TEST_F(PreviewTest, ATextOnThePageIsAsWideAsOnPaper) {
     const double dotsPerTwip = image.width() / bitmap->Width();
     const double width = page->Drawing().MeasureText(text, font).Width;
     EXPECT_NEAR(right / dotsPerTwip, width, 60); // the last letter's own side bearing
+}
+
+TEST_F(PreviewTest, TheSampleOfTheReportShowsInAnotherFontWhereItsOwnIsMissing) {
+    state.GMUFontName = "Bestaat Niet";
+    const auto ink = [this](const char* size) {
+        state.GMUFontSize = size;
+        preview.OpenPreview(0);
+        composition::PrintCalibrationReport(state, memory.locale);
+        state.Surface->EndDoc();
+        const QImage& page = Bitmap(1).Image();
+        int dark = 0;
+        for (int y = 0; y < page.height(); ++y) {
+            for (int x = 0; x < page.width(); ++x) {
+                dark += page.pixelColor(x, y).lightness() < 128 ? 1 : 0;
+            }
+        }
+        preview.OpenPreview(1);
+        return dark;
+    };
+    EXPECT_GT(ink("30"), ink("1") + 1000) << "the sample is there to be judged";
 }
 
 TEST_F(PreviewTest, TheWheelScrollsAndSideTurnsDoNot) {

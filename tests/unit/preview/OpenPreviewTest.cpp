@@ -1,5 +1,7 @@
 #include "PreviewFixture.h"
 
+#include <new>
+
 namespace preview {
 namespace {
 
@@ -27,6 +29,18 @@ TEST_F(PreviewTest, OpeningOpensThePrinterFirst) {
     EXPECT_EQ(memory.printer.Drawing.Font.Size, 8);
     EXPECT_EQ(memory.printer.Drawing.Font.Name, "Printer") << "the printer keeps its own font";
     Close();
+}
+
+TEST_F(PreviewTest, OneThatBreaksOffGoesWithItsFormsThoughItsClosingFailsToo) {
+    InstallPrinter();
+    {
+        PrintPreview broken(session, memory.Services(), state, printer);
+        broken.OpenPreview(0);
+        memory.desktop.OnYield = [] { throw std::bad_alloc(); };
+    }
+    memory.desktop.OnYield = nullptr;
+    EXPECT_THAT(session.OpenForms(), IsEmpty());
+    EXPECT_EQ(state.Surface, nullptr);
 }
 
 TEST_F(PreviewTest, TheFormsAreLoadedAndHidden) {
