@@ -6,8 +6,8 @@
 
 namespace platform {
 
-/// A finished picture of a page, shared by whoever shows it. Lengths are twips, 15 to the dot of a screen of 96
-/// dots to the inch; a screen of higher density shows the same picture finer.
+/// A finished picture of a page, shared by whoever shows it. Lengths are twips, 15 to the dot of a screen of
+/// 96 dots to the inch; a screen of higher density shows the same picture finer.
 class PageBitmap {
   public:
     virtual ~PageBitmap() = default;

@@ -122,8 +122,9 @@ bool frmPrintManager::MayStart() const {
     return !blnBusy && !blnClosing && lstAfdrukken.ListIndex() != -1;
 }
 
-/// What a print and a preview have in common before the call back. `job` is the one to run; `orientation` takes
-/// the value that the user's choice gives, to be put back after the run. False if there is nothing to print.
+/// What a print and a preview have in common before the call back. `job` is the one to run; `orientation`
+/// takes the value that the user's choice gives, to be put back after the run. False if there is nothing to
+/// print.
 bool frmPrintManager::PrepareRun(bool preview, Job& job, std::int16_t& orientation) {
     PreparePrinter(cboPrinterSelect(0).Text());
     blnRestorePending = true;

@@ -121,7 +121,7 @@ void frmMain::VanTestpartij() {
 void frmMain::NaarAfdrukken(const std::string& aantal) {
     UserText(0).SetText(aantal);
     ToonPagina(LastPage);
-    UserText(0).SetFocus(); // and not the button after this one, which closes
+    UserText(0).SetFocus();  // and not the button after this one, which closes
     UserText(0).SelectAll(); // what is typed replaces it
     Verder.SetEnabled(false);
 }

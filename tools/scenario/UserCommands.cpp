@@ -225,7 +225,8 @@ void Mouse(World& world, CommandLine& line, const char* command, Pointer pointer
 }
 
 void Over(World& world, CommandLine& line) {
-    Mouse(world, line, "over", Pointer::ToControl, [](platform::cmdButtonXP& button) { button.UserMouseMove(); });
+    Mouse(world, line, "over", Pointer::ToControl,
+          [](platform::cmdButtonXP& button) { button.UserMouseMove(); });
 }
 
 void Away(World& world, CommandLine& line) {
@@ -233,7 +234,8 @@ void Away(World& world, CommandLine& line) {
 }
 
 void Down(World& world, CommandLine& line) {
-    Mouse(world, line, "down", Pointer::ToControl, [](platform::cmdButtonXP& button) { button.UserMouseDown(); });
+    Mouse(world, line, "down", Pointer::ToControl,
+          [](platform::cmdButtonXP& button) { button.UserMouseDown(); });
 }
 
 void Up(World& world, CommandLine& line) {
