@@ -138,12 +138,17 @@ void WinToolbar::Commanded(int id, UINT /*code*/) {
     model_.UserClickButton(id - FirstToolbarButton);
 }
 
+std::wstring WinToolbar::TipOf(UINT_PTR command) const {
+    const int number = static_cast<int>(command) - FirstToolbarButton;
+    return number >= 1 && number <= model_.ButtonCount() ? ToWide(model_.Button(number).ToolTipText)
+                                                         : std::wstring();
+}
+
 LRESULT WinToolbar::Notified(NMHDR& header) {
     if (header.code == static_cast<UINT>(TBN_GETINFOTIPW)) {
         auto& tip = reinterpret_cast<NMTBGETINFOTIPW&>(header);
-        const int number = tip.iItem - FirstToolbarButton;
-        if (number >= 1 && number <= model_.ButtonCount() && tip.cchTextMax > 0) {
-            ::lstrcpynW(tip.pszText, ToWide(model_.Button(number).ToolTipText).c_str(), tip.cchTextMax);
+        if (tip.cchTextMax > 0) {
+            ::lstrcpynW(tip.pszText, TipOf(static_cast<UINT_PTR>(tip.iItem)).c_str(), tip.cchTextMax);
         }
     }
     return 0;
@@ -159,6 +164,15 @@ LRESULT WinToolbar::Received(UINT message, WPARAM wParam, LPARAM lParam) {
     if (message == WM_ERASEBKGND) {
         Erase(reinterpret_cast<HDC>(wParam));
         return TRUE;
+    }
+    // The window of tips asks. For a button without one the bar would answer with the button's text.
+    if (message == WM_NOTIFY) {
+        const auto& asked = *reinterpret_cast<const NMHDR*>(lParam);
+        const bool forTip = asked.code == static_cast<UINT>(TTN_GETDISPINFOW) ||
+                            asked.code == static_cast<UINT>(TTN_GETDISPINFOA);
+        if (forTip && TipOf(asked.idFrom).empty()) {
+            return 0;
+        }
     }
     return WinControl::Received(message, wParam, lParam);
 }

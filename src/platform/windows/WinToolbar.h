@@ -27,6 +27,8 @@ class WinToolbar final : public WinControl {
     void ShowButton(int number);
     void MakePictures();
     std::wstring NameOf(const forms::ToolbarButton& button) const;
+    /// The text that shows when the mouse rests on a button; empty for none.
+    std::wstring TipOf(UINT_PTR command) const;
     void Erase(HDC device) const;
 
     forms::Toolbar& model_;
