@@ -23,7 +23,7 @@ fuzz=(clang-14 libclang-rt-14-dev)
 windows=(g++-mingw-w64-x86-64-posix cmake ninja-build ccache python3 librsvg2-bin)
 # To run it here, with its fonts and Dutch settings, and to print from it.
 wine=(wine64 wine64-preloader libgnutls30 libcups2 fonts-wine fonts-ocr-b python3-fonttools locales cups-daemon cups-client
-      ghostscript xvfb xauth imagemagick)
+      ghostscript xvfb xauth imagemagick xdotool)
 
 # Its windows on a screen, or on one of paper.
 screen=(libx11-6 libxext6 libxcomposite1 libxcursor1 libxfixes3 libxi6 libxinerama1 libxrandr2 libxrender1 libxxf86vm1

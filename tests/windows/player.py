@@ -10,7 +10,7 @@ from messages import (CBN_SELCHANGE, CB_GETCOUNT, CB_SETCURSEL, COMBO, EM_SETSEL
                       LB_SETCURSEL, MK_LBUTTON, SBM_SETPOS, SB_ENDSCROLL, SB_THUMBPOSITION, STATIC,
                       TB_ISBUTTONENABLED, VK_TAB, WM_CHAR, WM_HSCROLL, WM_LBUTTONDOWN, WM_LBUTTONUP, WM_MOUSEWHEEL,
                       WM_VSCROLL)
-from reader import Reader
+from reader import PICTURE_BUTTONS, Reader
 from script import Unplayable, words_of
 from watcher import PATIENCE, SETTINGS
 
@@ -84,8 +84,17 @@ class Player(Reader):
         window = self.window(form, control)
         if not self.can_use(form, control) or window.kind == STATIC:
             self.ignore("click", path)
+        elif (form, control) in PICTURE_BUTTONS:
+            self.click_picture_button(path, window.handle)
         else:
             self.act(*self.mouse(window.handle))
+
+    def click_picture_button(self, path, handle):
+        """It turns the page unless it is off."""
+        page = self.value("frmPrintPreview.StatusBar(1).Text")
+        self.act(*self.mouse(handle))
+        if self.value("frmPrintPreview.StatusBar(1).Text") == page:
+            self.ignore("click", path)
 
     def click_tool(self, path, form, number):
         bar = self.handle(form, "Toolbar")

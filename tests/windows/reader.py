@@ -17,6 +17,10 @@ FROM_THE_MACHINE = {("frmPrintManager", f"lblPrinterSelect({number})") for numbe
     ("frmPrintManager", f"cboPrinterSelect({number})") for number in (1, 2)}
 
 
+# A button that is off keeps its window: that it is shows in its picture alone.
+PICTURE_BUTTONS = {("frmPrintPreview", "cmdUp"), ("frmPrintPreview", "cmdDown")}
+
+
 class Reader(Watcher):
     """Answers the script's questions."""
 
@@ -62,6 +66,8 @@ class Reader(Watcher):
             return Unknown
         if name == "Visible":
             return window.visible
+        if name == "Enabled" and (form, control) in PICTURE_BUTTONS:
+            return Unknown
         if name == "Enabled":
             return window.own_enabled
         if window.kind == EDIT:

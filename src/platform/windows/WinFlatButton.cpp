@@ -1,9 +1,18 @@
 #include "platform/windows/WinFlatButton.h"
 
+#include <utility>
+
 #include "platform/windows/Colours.h"
 #include "platform/windows/PictureWindow.h"
 
 namespace platform::windows {
+
+namespace {
+
+/// The buttons of the mouse, as its messages tell which are held.
+constexpr WPARAM AnyButton = MK_LBUTTON | MK_RBUTTON | MK_MBUTTON | MK_XBUTTON1 | MK_XBUTTON2;
+
+} // namespace
 
 WinFlatButton::WinFlatButton(cmdButtonXP& control, WinForm& form, const WindowPlace& place)
     : WinControl(control, form, place, PlainWindowClass()), model_(control) {}
@@ -14,15 +23,23 @@ void WinFlatButton::MirrorContent(forms::Aspect aspect) {
     }
 }
 
-void WinFlatButton::Released(POINT place) {
-    const bool pressed = model_.blnMouseDown();
+// The mouse stays with the button until all of its own are let go, wherever that is.
+void WinFlatButton::Pressed() {
+    if (::GetCapture() != Window()) { // else the window would be told that it loses the mouse
+        ::SetCapture(Window());
+    }
+    model_.UserMouseDown();
+}
+
+void WinFlatButton::Released(UINT message, WPARAM held, POINT place) {
+    const bool clicks = message == WM_LBUTTONUP && std::exchange(clicking_, false);
     model_.UserMouseUp();
-    if (::GetCapture() == Window()) {
+    if ((held & AnyButton) == 0 && ::GetCapture() == Window()) {
         ::ReleaseCapture();
     }
     RECT area{};
     ::GetClientRect(Window(), &area);
-    if (pressed && ::PtInRect(&area, place) != FALSE) {
+    if (clicks && ::PtInRect(&area, place) != FALSE) {
         model_.UserClick();
     }
 }
@@ -32,17 +49,29 @@ LRESULT WinFlatButton::Received(UINT message, WPARAM wParam, LPARAM lParam) {
     case WM_MOUSEMOVE:
         model_.UserMouseMove();
         return 0;
-    case WM_LBUTTONDOWN:
-        ::SetCapture(Window());
-        model_.UserMouseDown();
-        return 0;
     case WM_LBUTTONDBLCLK:
         model_.UserDblClick();
         return 0;
+    case WM_LBUTTONDOWN:
+        clicking_ = true;
+        Pressed();
+        return 0;
+    case WM_RBUTTONDOWN:
+    case WM_RBUTTONDBLCLK:
+    case WM_MBUTTONDOWN:
+    case WM_MBUTTONDBLCLK:
+    case WM_XBUTTONDOWN:
+    case WM_XBUTTONDBLCLK:
+        Pressed();
+        return 0;
     case WM_LBUTTONUP:
-        Released({static_cast<short>(LOWORD(lParam)), static_cast<short>(HIWORD(lParam))});
+    case WM_RBUTTONUP:
+    case WM_MBUTTONUP:
+    case WM_XBUTTONUP:
+        Released(message, wParam, {static_cast<short>(LOWORD(lParam)), static_cast<short>(HIWORD(lParam))});
         return 0;
     case WM_CAPTURECHANGED: // another window has taken the mouse away
+        clicking_ = false;
         model_.UserMouseUp();
         return 0;
     case WM_ERASEBKGND:

@@ -11,13 +11,16 @@ class WinFlatButton final : public WinControl {
 
   protected:
     void MirrorContent(forms::Aspect aspect) override;
-    bool ShowsEnabled() const override { return model_.Enabled() && model_.WindowEnabled(); }
+    // A button that is off takes the mouse all the same, without an effect, and tells what it is for.
+    bool ShowsEnabled() const override { return model_.WindowEnabled(); }
     LRESULT Received(UINT message, WPARAM wParam, LPARAM lParam) override;
 
   private:
-    void Released(POINT place);
+    void Pressed();
+    void Released(UINT message, WPARAM held, POINT place);
 
     cmdButtonXP& model_;
+    bool clicking_ = false; // the left button has gone down here
 };
 
 } // namespace platform::windows
