@@ -169,13 +169,17 @@ class PrintServer:
     def __exit__(self, *_):
         self.close()
 
-    def close(self):
+    def stop(self):
+        """Ends the server, as a machine does that is switched off."""
         self._server.terminate()
         try:
             self._server.wait(PATIENCE)
         except subprocess.TimeoutExpired:
             self._server.kill()
             self._server.wait()
+
+    def close(self):
+        self.stop()
         shutil.rmtree(self.folder, ignore_errors=True)
 
     @property

@@ -1,5 +1,6 @@
 #include "platform/windows/GdiCanvas.h"
 
+#include "platform/RuntimeError.h"
 #include "platform/Text.h"
 
 #include <algorithm>
@@ -65,15 +66,28 @@ GdiFont& GdiCanvas::FontOf(const FontSpec& font) {
     return *last_;
 }
 
+// A text that cannot be measured stands at the wrong place, or not at all: the page is spoilt.
 TextSize GdiCanvas::MeasureText(std::string_view text, const FontSpec& font) {
-    GdiFont& measured = FontOf(font);
-    TextSize size{0, measured.LineHeight()};
-    while (!text.empty()) {
-        const text::Decoded next = Next(text);
-        size.Width += measured.Of(next.code).Advance;
-        text.remove_prefix(next.bytes);
-    }
+    TextSize size;
+    WithFont(font, [&](GdiFont& measured) {
+        size.Height = measured.LineHeight();
+        while (!text.empty()) {
+            const text::Decoded next = Next(text);
+            size.Width += measured.Of(next.code).Advance;
+            text.remove_prefix(next.bytes);
+        }
+    });
     return size;
+}
+
+template <class Step>
+void GdiCanvas::WithFont(const FontSpec& font, Step step) {
+    try {
+        step(FontOf(font));
+    } catch (const RuntimeError&) { // the machine makes no more fonts
+        device_.DrawingFailed();
+        throw;
+    }
 }
 
 void GdiCanvas::LayOut(std::string_view text, GdiFont& font, double start, double dotsPerTwip) {
@@ -106,14 +120,22 @@ void GdiCanvas::DrawText(double x, double y, std::string_view text, const FontSp
         return;
     }
     const Resolution dots = device_.DotsPerInch();
-    GdiFont& drawn = FontOf(font);
     const double left = x * dots.X / TwipsPerInch;
-    const double base = (y + drawn.Ascent()) * dots.Y / TwipsPerInch;
+    double base = 0;
+    HFONT letters = nullptr;
+    WithFont(font, [&](GdiFont& drawn) {
+        base = (y + drawn.Ascent()) * dots.Y / TwipsPerInch;
+        LayOut(text, drawn, left, dots.X / TwipsPerInch);
+        letters = drawn.At(dots.Y);
+    });
     if (!IsNear(left) || !IsNear(base)) {
         return;
     }
-    LayOut(text, drawn, left, dots.X / TwipsPerInch);
-    const Selected selected(page, drawn.At(dots.Y));
+    const Selected selected(page, letters);
+    if (!selected) {
+        device_.DrawingFailed();
+        return;
+    }
     DrawRun(page, Near(left), Near(base));
 }
 
@@ -125,6 +147,7 @@ void GdiCanvas::DrawRun(HDC page, int x, int y) {
         if (at + count < run_.size() && IS_LOW_SURROGATE(run_[at + count])) {
             --count;
         }
+        ::SetLastError(ERROR_SUCCESS); // what is told later is the reason of this call
         if (::ExtTextOutW(page, x, y, 0, nullptr, &run_[at], static_cast<UINT>(count), &advances_[at]) ==
             FALSE) {
             device_.DrawingFailed();
@@ -147,7 +170,8 @@ void GdiCanvas::DrawLine(double x1, double y1, double x2, double y2, std::int32_
     const Pen pen(::CreatePen(PS_SOLID, LineWidth(dots), ColourOf(colour)));
     const Selected selected(page, pen.Get());
     const POINT ends[] = {{Near(x1 * across), Near(y1 * down)}, {Near(x2 * across), Near(y2 * down)}};
-    if (!pen || ::Polyline(page, ends, static_cast<int>(std::size(ends))) == FALSE) {
+    ::SetLastError(ERROR_SUCCESS);
+    if (!pen || !selected || ::Polyline(page, ends, static_cast<int>(std::size(ends))) == FALSE) {
         device_.DrawingFailed();
     }
 }

@@ -24,6 +24,9 @@ class GdiCanvas final : public Canvas {
 
   private:
     GdiFont& FontOf(const FontSpec& font);
+    /// Runs a step with this font. The device is told if there is none to be had.
+    template <class Step>
+    void WithFont(const FontSpec& font, Step step);
     /// The letters of `text` with their advances in whole dots, which keep each letter at its rounded place.
     void LayOut(std::string_view text, GdiFont& font, double start, double dotsPerTwip);
     void DrawRun(HDC page, int x, int y);

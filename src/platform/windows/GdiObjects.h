@@ -55,6 +55,8 @@ class Selected {
     Selected(HDC device, HGDIOBJ object) : device_(device), before_(::SelectObject(device, object)) {}
     Selected(const Selected&) = delete;
     Selected& operator=(const Selected&) = delete;
+    /// False if the device context has not taken it.
+    explicit operator bool() const { return before_ != nullptr; }
     ~Selected() {
         if (before_ != nullptr) {
             ::SelectObject(device_, before_);

@@ -45,9 +45,10 @@ DriverSettings& WinPrinter::Settings() {
 }
 
 void WinPrinter::Assign(int index) {
-    PrinterEntry entry = printers_.Item(index);
+    // Also where the other printer is not there: what is printed next must not go on in this document.
     document_.reset();
     begun_ = false;
+    PrinterEntry entry = printers_.Item(index);
     device_.Reset();
     settings_.reset();
     entry_ = std::move(entry);
@@ -64,6 +65,7 @@ HDC WinPrinter::Device() {
     }
     if (!device_) {
         const std::vector<std::byte> mode = settings.ForDocument();
+        ::SetLastError(ERROR_SUCCESS); // a driver need not tell why
         device_.Reset(::CreateDCW(L"WINSPOOL", settings.Printer().c_str(), nullptr,
                                   reinterpret_cast<const DEVMODEW*>(mode.data())));
         changed_ = false;
@@ -189,6 +191,9 @@ void WinPrinter::Run(Step step) {
         document_.reset();
         teller_(error.Description());
         throw;
+    } catch (...) {
+        document_.reset();
+        throw;
     }
 }
 
@@ -230,6 +235,9 @@ void WinPrinter::EndDocument() {
 }
 
 void WinPrinter::DrawingFailed() {
+    if (document_ == nullptr) { // only measured
+        throw OutOfMemory();
+    }
     Run([] { ThrowPrintFailure("Het document kan niet verder worden afgedrukt."); });
 }
 

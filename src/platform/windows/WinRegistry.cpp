@@ -1,10 +1,12 @@
 #include "platform/windows/WinRegistry.h"
 
 #include "platform/Text.h"
+#include "platform/windows/SystemReason.h"
 #include "platform/windows/WideText.h"
 #include "platform/windows/Win32.h"
 
 #include <algorithm>
+#include <utility>
 #include <vector>
 
 namespace platform::windows {
@@ -59,7 +61,25 @@ std::int32_t Answer(std::string_view bytes, char* data, std::uint32_t& size) {
     return RegSuccess;
 }
 
+/// True for the answers of a registry that works.
+bool IsUsual(std::int32_t status) {
+    return status == ERROR_SUCCESS || status == ERROR_FILE_NOT_FOUND || status == ERROR_PATH_NOT_FOUND ||
+           status == ERROR_MORE_DATA || status == ERROR_INVALID_HANDLE;
+}
+
 } // namespace
+
+WinRegistry::WinRegistry(RefusalTeller teller) : teller_(std::move(teller)) {}
+
+std::int32_t WinRegistry::Answered(std::int32_t status) {
+    if (status == ERROR_SUCCESS) {
+        told_ = false;
+    } else if (!IsUsual(status) && teller_ && !std::exchange(told_, true)) {
+        teller_(WithReason("De instellingen van Tarvik kunnen niet worden gelezen.",
+                           static_cast<std::uint32_t>(status)));
+    }
+    return status;
+}
 
 std::int32_t WinRegistry::RegOpenKeyA(RegistryKey root, const std::string& path, RegistryKey& key) {
     HKEY opened = nullptr;
@@ -69,7 +89,7 @@ std::int32_t WinRegistry::RegOpenKeyA(RegistryKey root, const std::string& path,
     if (status == ERROR_SUCCESS) {
         key = reinterpret_cast<RegistryKey>(opened);
     }
-    return status;
+    return status == ERROR_SUCCESS ? status : Answered(status); // an open key has not been read yet
 }
 
 std::int32_t WinRegistry::RegCloseKey(RegistryKey key) {
@@ -78,6 +98,11 @@ std::int32_t WinRegistry::RegCloseKey(RegistryKey key) {
 
 std::int32_t WinRegistry::RegQueryValueExA(RegistryKey key, const std::string& name, std::uint32_t& type,
                                            char* data, std::uint32_t& size) {
+    return Answered(Query(key, name, type, data, size));
+}
+
+std::int32_t WinRegistry::Query(RegistryKey key, const std::string& name, std::uint32_t& type, char* data,
+                                std::uint32_t& size) {
     DWORD found = REG_NONE;
     if (MachineSpeaks1252()) {
         DWORD bytes = size;

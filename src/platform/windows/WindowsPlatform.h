@@ -28,7 +28,9 @@ class WindowsPlatform {
 
   private:
     WinDesktop desktop_;
-    WinRegistry registry_;
+    WinRegistry registry_{[this](const std::string& text) {
+        desktop_.MsgBox(text, MessageIcon::Exclamation, "Drukkeuring acceptgiro's");
+    }};
     WinLocale locale_;
     WinClock clock_;
     SeededRandom random_;

@@ -112,7 +112,7 @@ void CheckChangeBetweenPages(WinPrinters& printers) {
     CheckNear(printer.Height(), height, 0, "and the next document the stored one");
 }
 
-/// A document that is begun and given up: by the assignment and by the printer's end.
+/// A document that is begun and given up: by the assignment, also one that fails, and by the printer's end.
 void CheckGivenUp(WinPrinters& printers) {
     {
         WinPrinter printer(printers, NothingToTell);
@@ -120,6 +120,13 @@ void CheckGivenUp(WinPrinters& printers) {
         printer.Assign(IndexOf(printers, "Kantoor"));
         printer.Page().EndDocument();
         printer.Page().DrawText(0, 0, "given up", {"Tahoma", 8, false});
+    }
+    {
+        WinPrinter printer(printers, NothingToTell);
+        printer.Page().DrawText(0, 0, "given up", {"Tahoma", 8, false});
+        CheckRaises(
+            platform::ErrorSubscriptOutOfRange, [&] { printer.Assign(99); }, "no printer of this number");
+        printer.Page().EndDocument(); // of a document that has not begun
     }
     Check(true, "a document that is not ended is taken back");
 }

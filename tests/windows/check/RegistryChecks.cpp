@@ -37,6 +37,13 @@ class OwnKey {
         return text;
     }
 
+    DWORD Count() {
+        DWORD values = 0;
+        ::RegQueryInfoKeyW(key_, nullptr, nullptr, nullptr, nullptr, nullptr, nullptr, &values, nullptr,
+                           nullptr, nullptr, nullptr);
+        return values;
+    }
+
   private:
     HKEY key_ = nullptr;
 };
@@ -65,7 +72,12 @@ void CheckSettings(OwnKey& own) {
     Check(settings.SetRegistryValue(HkeyCurrentUser, PathA, "Naam", ""), "an empty text is written");
     CheckEqual(read("Naam"), "", "and reads back as empty");
     Check(!settings.SetRegistryValue(HkeyCurrentUser, "Software\\Drukkeuring is er niet", "Naam", "x"),
-          "a key that does not exist is not created");
+          "a text for a key that does not exist is not written");
+    HKEY created = nullptr;
+    CheckEqual(::RegOpenKeyExW(HKEY_CURRENT_USER, L"Software\\Drukkeuring is er niet", 0, KEY_READ, &created),
+               ERROR_FILE_NOT_FOUND, "and the key is not created");
+    CheckEqual(read("Nieuw"), "", "a value that is asked for");
+    CheckEqual(own.Count(), 5, "is not created either");
     const std::string longText(20000, 'a');
     Check(settings.SetRegistryValue(HkeyCurrentUser, PathA, "Lang", longText) && read("Lang") == longText,
           "a long text comes back whole");
@@ -104,10 +116,38 @@ void CheckCalls(OwnKey& own) {
                "a closed key reads nothing");
 }
 
+/// A key without the right to read it, a question after which it has gone: both are no absence.
+void CheckRefusals() {
+    int told = 0;
+    WinRegistry registry([&told](const std::string&) { ++told; });
+    const platform::modRegistry settings(registry);
+    settings.GetRegistryValue(HkeyCurrentUser, "Software\\Drukkeuring is er niet", "Naam");
+    settings.GetRegistryValue(HkeyCurrentUser, PathA, "Ontbreekt");
+    CheckEqual(told, 0, "nobody is told of what is not there");
+
+    HKEY key = nullptr;
+    ::RegOpenKeyExW(HKEY_CURRENT_USER, Path, 0, KEY_SET_VALUE, &key); // and not KEY_QUERY_VALUE
+    std::uint32_t type = 0;
+    std::uint32_t size = 0;
+    const auto ask = [&] {
+        return registry.RegQueryValueExA(reinterpret_cast<platform::RegistryKey>(key), "Naam", type, nullptr,
+                                         size);
+    };
+    CheckEqual(ask(), platform::RegAccessDenied, "a key that may not be read refuses");
+    ask();
+    CheckEqual(told, 1, "which is told once");
+    settings.SetRegistryValue(HkeyCurrentUser, PathA, "Naam", "x");
+    CheckEqual(settings.GetRegistryValue(HkeyCurrentUser, PathA, "Naam"), "x", "a value that is read again");
+    ask();
+    CheckEqual(told, 2, "makes the next refusal a new one");
+    ::RegCloseKey(key);
+}
+
 } // namespace
 
 void CheckRegistry() {
     OwnKey own;
     CheckSettings(own);
+    CheckRefusals();
     CheckCalls(own);
 }

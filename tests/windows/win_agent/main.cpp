@@ -5,6 +5,7 @@
 #include "Handles.h"
 #include "Messages.h"
 #include "Program.h"
+#include "Refusals.h"
 #include "Settings.h"
 #include "WindowList.h"
 
@@ -44,6 +45,7 @@ constexpr Command Commands[] = {
     {"fetch", Fetch},
     {"entry", Entry},
     {"handles", Handles},
+    {"refuse", Refuse},
     {"values", Values},
     {"setvalue", SetValue},
     {"deletekey", DeleteKey},

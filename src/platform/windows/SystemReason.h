@@ -1,0 +1,11 @@
+#pragma once
+
+#include <cstdint>
+#include <string>
+
+namespace platform::windows {
+
+/// The text with the system's own sentence for an error behind it, in the user's language, where it has one.
+std::string WithReason(const std::string& text, std::uint32_t error);
+
+} // namespace platform::windows
