@@ -43,11 +43,10 @@ WinDesktop::WinDesktop() {
 
 // A form that scrolls has no focus. It is told of whole notches: a part of one waits here for its rest.
 bool WinDesktop::TurnsWheel(MSG& message) {
-    const auto part = static_cast<std::int16_t>(HIWORD(message.wParam));
-    if (part == 0 || shown_.empty() || shown_.back()->ActiveControl() != nullptr) {
+    if (shown_.empty() || shown_.back()->ActiveControl() != nullptr) {
         return true;
     }
-    const std::int16_t turn = wheel_.Add(part);
+    const std::int16_t turn = wheel_.Add(static_cast<std::int16_t>(HIWORD(message.wParam)));
     message.wParam = MAKEWPARAM(LOWORD(message.wParam), turn);
     return turn != 0;
 }
@@ -71,7 +70,7 @@ void WinDesktop::RunLoop(const std::function<bool()>& wanted) {
     MSG message{};
     while (wanted()) {
         if (ending_ != nullptr) {
-            ending_->End(); // forms that had to wait for the one whose loop has just ended
+            EndWaiting();
             if (!wanted()) {
                 return;
             }
@@ -83,6 +82,15 @@ void WinDesktop::RunLoop(const std::function<bool()>& wanted) {
         } else if (wanted()) {
             ::MsgWaitForMultipleObjectsEx(0, nullptr, INFINITE, QS_ALLINPUT, MWMO_INPUTAVAILABLE);
         }
+    }
+}
+
+/// Closes the forms that had to wait for the one whose loop has just ended.
+void WinDesktop::EndWaiting() {
+    try {
+        ending_->End();
+    } catch (const std::exception&) {
+        TellCaught();
     }
 }
 

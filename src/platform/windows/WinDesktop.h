@@ -59,6 +59,7 @@ class WinDesktop final : public Desktop {
     bool IsShown(const forms::Form& form) const;
     bool Handle(MSG& message);
     void RunLoop(const std::function<bool()>& wanted);
+    void EndWaiting();
     bool TurnsWheel(MSG& message);
 
     std::unordered_map<const forms::Form*, WinForm*> peers_;

@@ -189,7 +189,17 @@ void WinForm::FormChanged() {
     ShowPlace();
 }
 
+// A form that could not be shown leaves those below it as they were.
 void WinForm::Show(bool modal) {
+    try {
+        Appear(modal);
+    } catch (...) {
+        Hide();
+        throw;
+    }
+}
+
+void WinForm::Appear(bool modal) {
     NameControls();
     PlaceBars();
     HWND below = desktop_.TopWindow();
@@ -202,8 +212,8 @@ void WinForm::Show(bool modal) {
     if (modal) {
         for (HWND other : desktop_.ShownWindows()) {
             if (::IsWindowEnabled(other) != FALSE) {
-                ::EnableWindow(other, FALSE);
                 disabledOwners_.push_back(other);
+                ::EnableWindow(other, FALSE);
             }
         }
     }

@@ -80,6 +80,7 @@ class WinForm final : public forms::FormPeer {
     int NumberOf(const forms::Control& control) const;
     void MakeWindow();
     void MakeControls();
+    void Appear(bool modal);
     void TellFailure() noexcept;
     void Close();
     void DestroyWindows();

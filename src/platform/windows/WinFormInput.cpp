@@ -109,8 +109,7 @@ void WinForm::FocusMoved(forms::Control* control) {
 
 void WinForm::SettleFocusLater() {
     if (!settling_) {
-        settling_ = true;
-        ::PostMessageW(window_, MessageSettleFocus, 0, 0);
+        settling_ = ::PostMessageW(window_, MessageSettleFocus, 0, 0) != FALSE;
     }
 }
 

@@ -6,6 +6,7 @@
 #include "platform/forms/Form.h"
 #include "platform/windows/Colours.h"
 #include "platform/windows/DpiFunctions.h"
+#include "platform/windows/Raised.h"
 #include "platform/windows/WinDesktop.h"
 #include "platform/windows/WinForm.h"
 #include "platform/windows/WinMenuBar.h"
@@ -65,9 +66,8 @@ void WinForm::ShowSize() {
         return;
     }
     const SIZE size = OuterSize();
-    showingSize_ = true;
+    const Raised showing(showingSize_);
     ::SetWindowPos(window_, nullptr, 0, 0, size.cx, size.cy, SWP_NOMOVE | SWP_NOZORDER | SWP_NOACTIVATE);
-    showingSize_ = false;
 }
 
 void WinForm::ShowPlace() {
@@ -139,9 +139,11 @@ void WinForm::DensityChanged(UINT dpi, const RECT& place) {
     // A window that fills the screen goes on filling it; one of a fixed size keeps the size of its design.
     const SIZE size =
         form_.Resizable() ? SIZE{place.right - place.left, place.bottom - place.top} : OuterSize();
-    showingSize_ = true;
-    ::SetWindowPos(window_, nullptr, place.left, place.top, size.cx, size.cy, SWP_NOZORDER | SWP_NOACTIVATE);
-    showingSize_ = false;
+    {
+        const Raised showing(showingSize_);
+        ::SetWindowPos(window_, nullptr, place.left, place.top, size.cx, size.cy,
+                       SWP_NOZORDER | SWP_NOACTIVATE);
+    }
     Resized();
     DrawAnew();
 }

@@ -6,6 +6,7 @@
 #include "platform/forms/Form.h"
 #include "platform/forms/UpDown.h"
 #include "platform/windows/Fonts.h"
+#include "platform/windows/Raised.h"
 #include "platform/windows/TextUnits.h"
 #include "platform/windows/WideText.h"
 
@@ -139,9 +140,8 @@ bool WinTextBox::KeyPressed(int virtualKey, bool shift) {
 }
 
 void WinTextBox::TypeCharacter(char32_t character) {
-    typing_ = true;
+    const Raised typing(typing_);
     model_.Owner().UserCharacter(character);
-    typing_ = false;
 }
 
 bool WinTextBox::Type(wchar_t unit) {
@@ -194,6 +194,7 @@ LRESULT WinTextBox::TextSet(LPARAM text) {
         PassOn(WM_SETTEXT, 0, text);
     }
     model_.SetText(FromWide(Text()));
+    Mirror(forms::Aspect::Text); // also where the form's box has cut it to what it had before
     return TRUE;
 }
 

@@ -34,6 +34,7 @@ void CheckLocale();
 void CheckSpooler();
 void CheckPrinter();
 void CheckBitmaps();
+void CheckGuard();
 
 /// Prints a document of known texts on the default printer and one line for each of them: what the paper has
 /// to show is held against these by whoever reads it.
