@@ -177,10 +177,10 @@ BEHIND_SECTIONS = (
     "NB: De calibratie X (naar links/rechts) en de Y (naar boven/beneden) waarde worden bepaald vanaf de basispositie op "
     "de acceptgiro.",
     "Bij een X van 1,00 en een Y van -1,00 wordt vanaf de basispositie 1 mm. naar rechts en 1 mm. naar boven afgedrukt.",
-    "Contractvorm: C-Contract - Blanco acceptgiro zonder servicenr.",
-    "Acceptgiro type: Acceptgiro's, 3 op 1 vel, smalle souche",
-    "OCR-B schrift : 1234567890+><ABCDEFGHIJKLMNOPQRSTUVWXYZ",
-    "Bovenstaand is het door u gekozen OCR-B schrift")
+    "Contractvorm: C-Contract - Blanco acceptgiro zonder servicenr.")
+TYPES = {"1": "Acceptgiro's, 3 op 1 vel, smalle souche", "2": "Acceptgiro's, 3 op 1 vel, brede souche",
+         "3": "Acceptgiro onder brief, smalle souche"}
+FONT_SAMPLE = ("OCR-B schrift : 1234567890+><ABCDEFGHIJKLMNOPQRSTUVWXYZ", "Bovenstaand is het door u gekozen OCR-B schrift")
 
 
 def section(settings, title, stem):
@@ -206,7 +206,7 @@ def report_errors(pdf, settings, left):
     wanted = ["Instellingen calibratie acceptgiro in millimeters"]
     for title, stem in (*LEFT_SECTIONS, *RIGHT_SECTIONS):
         wanted += section(settings, title, stem)
-    wanted += BEHIND_SECTIONS
+    wanted += [*BEHIND_SECTIONS, f"Acceptgiro type: {TYPES.get(settings['AcceptgiroType'], '')}".strip(), *FONT_SAMPLE]
     for is_, should in zip(said, wanted):
         if is_ != should:
             yield f"{is_!r} instead of {should!r}"
