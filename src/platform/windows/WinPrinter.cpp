@@ -31,7 +31,7 @@ const PrinterEntry& WinPrinter::Entry() {
         if (index < 0) {
             throw RuntimeError(ErrorPrinter, "Er is geen printer.");
         }
-        Assign(index);
+        Use(index);
     }
     return *entry_;
 }
@@ -48,6 +48,10 @@ void WinPrinter::Assign(int index) {
     // Also where the other printer is not there: what is printed next must not go on in this document.
     document_.reset();
     begun_ = false;
+    Use(index);
+}
+
+void WinPrinter::Use(int index) {
     PrinterEntry entry = printers_.Item(index);
     device_.Reset();
     settings_.reset();

@@ -49,6 +49,7 @@ class WinPrinter final : public Printer, private PageDevice {
 
   private:
     const PrinterEntry& Entry();
+    void Use(int index);
     /// RuntimeError (ErrorPrinter) if the printer cannot be reached.
     DriverSettings& Settings();
     HDC Device();

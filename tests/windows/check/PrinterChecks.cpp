@@ -123,6 +123,7 @@ void CheckGivenUp(WinPrinters& printers) {
     }
     {
         WinPrinter printer(printers, NothingToTell);
+        CheckEqual(printer.DeviceName(), "Kantoor", "the default printer");
         printer.Page().DrawText(0, 0, "given up", {"Tahoma", 8, false});
         CheckRaises(
             platform::ErrorSubscriptOutOfRange, [&] { printer.Assign(99); }, "no printer of this number");
