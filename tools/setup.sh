@@ -4,7 +4,8 @@
 set -euo pipefail
 
 # To build the program.
-build=(g++ cmake ninja-build ccache qt6-base-dev libqt6svg6-dev libcups2-dev nlohmann-json3-dev)
+build=(g++ cmake ninja-build ccache qt6-base-dev libqt6svg6-dev libcups2-dev libfreetype-dev
+       nlohmann-json3-dev)
 # To run it: the fonts of the forms, one for the windows, the toolkit's Dutch texts.
 run=(fonts-wine fonts-ocr-b fonts-dejavu-core qt6-translations-l10n)
 # To test it.

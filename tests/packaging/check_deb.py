@@ -33,7 +33,8 @@ FILES = {
 }
 # Beside the libraries, which dpkg-shlibdeps finds.
 DEPENDS = {"fonts-wine", "fonts-ocr-b", "fonts-dejavu-core", "qt6-translations-l10n"}
-LIBRARIES = {"libc6", "libcups2", "libqt6core6", "libqt6gui6", "libqt6svg6", "libqt6widgets6", "libstdc++6"}
+LIBRARIES = {"libc6", "libcups2", "libfreetype6", "libqt6core6", "libqt6gui6", "libqt6svg6", "libqt6widgets6",
+             "libstdc++6"}
 SCRIPTS = {"preinst", "postinst", "prerm", "postrm", "config"}
 
 

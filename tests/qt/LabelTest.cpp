@@ -52,6 +52,25 @@ TEST_F(LabelTest, TextFollowsTheRoomThatItHas) {
     EXPECT_TRUE(Shown()->text().endsWith(QChar(0x2026)));
 }
 
+// The bold face that comes with the fonts of Wine has the outlines of the plain one, further apart.
+TEST_F(LabelTest, BoldIsBoldInTheFontOfTheForms) {
+    const auto darkness = [this](bool bold) {
+        form.AccountLabel.SetFont({.Name = "Tahoma", .Size = 12, .Bold = bold});
+        form.AccountLabel.SetCaption("Illi");
+        const QImage picture = Shown()->grab().toImage();
+        double dark = 0;
+        for (int y = 0; y < picture.height(); ++y) {
+            for (int x = 0; x < picture.width(); ++x) {
+                dark += qGray(picture.pixel(0, 0)) - qGray(picture.pixel(x, y));
+            }
+        }
+        return dark;
+    };
+    const double plain = darkness(false);
+    EXPECT_GT(plain, 0);
+    EXPECT_GT(darkness(true), 1.5 * plain);
+}
+
 // A font that is added makes the toolkit forget those that it has loaded, and all texts are measured anew.
 TEST(Fonts, AreAllThereBeforeTheFirstWindow) {
     const QSignalSpy added(qApp, &QGuiApplication::fontDatabaseChanged);

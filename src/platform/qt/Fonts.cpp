@@ -1,9 +1,12 @@
 #include "platform/qt/Fonts.h"
 
 #include "platform/Text.h"
+#include "platform/qt/BoldFace.h"
 
 #include <QFile>
 #include <QFontDatabase>
+#include <QRawFont>
+#include <QSet>
 
 #include <algorithm>
 #include <array>
@@ -80,6 +83,23 @@ std::string ResolveFamily(const std::string& wanted) {
     return wanted;
 }
 
+void ProvideBold(const QFont& font) {
+    static QSet<QString> seen;
+    const QString family = font.family();
+    if (seen.contains(family)) {
+        return;
+    }
+    seen.insert(family);
+    QFont plain(font);
+    plain.setBold(false);
+    QFont bold(font);
+    bold.setBold(true);
+    if (const QByteArray face = MakeBold(QRawFont::fromFont(plain), QRawFont::fromFont(bold));
+        !face.isEmpty()) {
+        QFontDatabase::addApplicationFontFromData(face);
+    }
+}
+
 QFont DesignFont(const FontSpec& font) {
     QFont design;
     design.setFamilies({QString::fromStdString(ResolveFamily(font.Name))});
@@ -90,6 +110,9 @@ QFont DesignFont(const FontSpec& font) {
     design.setKerning(false);
     design.setStyleStrategy(QFont::PreferNoShaping);
     design.setHintingPreference(QFont::PreferNoHinting);
+    if (font.Bold) {
+        ProvideBold(design);
+    }
     return design;
 }
 

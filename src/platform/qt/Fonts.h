@@ -23,6 +23,11 @@ void LoadPackagedFonts();
 /// is, and Qt replaces the font.
 std::string ResolveFamily(const std::string& wanted);
 
+/// Where the bold face of a font's family is no bolder than the plain one, adds one that is: from then on a
+/// bold font of the family is drawn with it, on paper and on the screen. Costs little after the first call
+/// for a family; DesignFont makes it itself.
+void ProvideBold(const QFont& font);
+
 /// The font at its design widths, without kerning, ligatures and hinting, sized for units of 1/7200 inch.
 QFont DesignFont(const FontSpec& font);
 

@@ -200,6 +200,9 @@ void QtControl::MirrorFont() {
         font.setPointSizeF(wanted.Size * growth);
     }
     font.setBold(wanted.Bold);
+    if (wanted.Bold) {
+        ProvideBold(font);
+    }
     widget_->setFont(font);
 }
 
