@@ -26,7 +26,8 @@ QPageLayout LayoutOf(const Sheet& sheet) {
 
 } // namespace
 
-PdfDocument::PdfDocument(QIODevice& output, const std::string& title, const Sheet& sheet) : writer_(&output) {
+PdfDocument::PdfDocument(QIODevice& output, const std::string& title, const Sheet& sheet)
+    : output_(output), writer_(&output_) {
     writer_.setResolution(UnitsPerInch);
     writer_.setTitle(QString::fromStdString(title));
     writer_.setCreator(QStringLiteral("Drukkeuring"));
@@ -39,7 +40,7 @@ PdfDocument::PdfDocument(QIODevice& output, const std::string& title, const Shee
 
 void PdfDocument::NewPage(const Sheet& sheet) {
     writer_.setPageLayout(LayoutOf(sheet));
-    if (!writer_.newPage()) {
+    if (output_.HasFailed() || !writer_.newPage()) {
         throw RuntimeError(ErrorPrinter, "De volgende pagina kon niet worden begonnen.");
     }
     Place(sheet);

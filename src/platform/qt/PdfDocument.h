@@ -4,6 +4,8 @@
 #include <QPdfWriter>
 #include <QString>
 
+#include "platform/qt/PdfOutput.h"
+
 class QIODevice;
 
 namespace platform::qt {
@@ -31,6 +33,7 @@ class PdfDocument {
   private:
     void Place(const Sheet& sheet);
 
+    PdfOutput output_;
     QPdfWriter writer_;
     QPainter painter_;
 };

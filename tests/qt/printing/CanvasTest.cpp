@@ -108,6 +108,37 @@ TEST(QtCanvas, EmbedsEveryFontAndKeepsTheTextReadable) {
     }
 }
 
+TEST(QtCanvas, PrintsABlankAsABlank) {
+    PdfFile pdf;
+    std::string expected;
+    double y = 0;
+    for (const FontSpec& font :
+         {Tahoma9, Ocr10, FontSpec{"Tahoma", 7, true}, FontSpec{"DejaVu Sans", 8, false}}) {
+        pdf.Canvas.DrawText(567, y += 600, "een  twee d", font);
+        expected += "een  twee d\n";
+    }
+    const QString file = pdf.Finish();
+    const std::vector<std::string> tables = pdf::CharacterTables(file);
+    EXPECT_EQ(tables.size(), 4U);
+    for (const std::string& table : tables) {
+        EXPECT_THAT(table, testing::HasSubstr("<0020>"));
+        EXPECT_THAT(table, testing::Not(testing::ContainsRegex("[[ ]<0009>[] ]")));
+    }
+    EXPECT_THAT(pdf::Text(file), testing::Not(testing::HasSubstr("\t")));
+    const std::optional<std::string> read = pdf::TextByMuPdf(file);
+    if (!read) {
+        GTEST_SKIP() << "MuPDF is missing";
+    }
+    EXPECT_EQ(*read, expected);
+}
+
+TEST(QtCanvas, KeepsTheGlyphWithTheNumberOfATab) {
+    PdfFile pdf;
+    pdf.Canvas.DrawText(567, 567, "abcdefghi jklm", Tahoma9); // the ninth glyph is followed by others
+    pdf.Canvas.DrawText(567, 1134, "zyxwvuts rq", Ocr10);     // the ninth is the blank
+    EXPECT_EQ(pdf::Text(pdf.Finish()), "abcdefghi jklm\nzyxwvuts rq\n\f");
+}
+
 TEST(QtCanvas, DrawsALineInItsColour) {
     constexpr int dots = 600;
     PdfFile pdf;

@@ -65,6 +65,31 @@ std::string Text(const QString& file) {
     return Run("pdftotext", {"-raw", file, "-"}).toStdString();
 }
 
+std::optional<std::string> TextByMuPdf(const QString& file) {
+    const QString python = "/usr/bin/python3"; // the packaged library belongs to the packaged Python
+    const QString script = "import fitz, sys\n"
+                           "for page in fitz.open(sys.argv[1]): sys.stdout.write(page.get_text())";
+    QProcess process;
+    process.start(python, {"-c", "import fitz"});
+    if (!process.waitForFinished(60000) || process.exitCode() != 0) {
+        return std::nullopt;
+    }
+    return Run(python, {"-c", script, file}).toStdString();
+}
+
+std::vector<std::string> CharacterTables(const QString& file) {
+    QFile document(file);
+    EXPECT_TRUE(document.open(QIODevice::ReadOnly));
+    const QByteArray bytes = document.readAll();
+    std::vector<std::string> tables;
+    for (qsizetype at = 0; (at = bytes.indexOf("begincmap", at)) >= 0;) {
+        const qsizetype end = bytes.indexOf("endcmap", at);
+        tables.push_back(bytes.mid(at, end - at).toStdString());
+        at = end;
+    }
+    return tables;
+}
+
 std::string Info(const QString& file, const std::string& name) {
     for (const QByteArray& line : Run("pdfinfo", {file}).split('\n')) {
         if (line.startsWith((name + ":").c_str())) {

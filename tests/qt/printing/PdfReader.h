@@ -4,6 +4,7 @@
 #include <QString>
 #include <QStringList>
 
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -30,6 +31,12 @@ std::vector<Font> Fonts(const QString& file);
 
 /// The text of the whole file, as one copies it out of a viewer.
 std::string Text(const QString& file);
+
+/// The same by MuPDF, which shows every character that the file tells. Nothing if it is not installed.
+std::optional<std::string> TextByMuPdf(const QString& file);
+
+/// A font's table from glyphs to characters, as the file has it, for each font.
+std::vector<std::string> CharacterTables(const QString& file);
 
 /// A line of pdfinfo, such as "Title" or "Page size"; empty if it is missing.
 std::string Info(const QString& file, const std::string& name);

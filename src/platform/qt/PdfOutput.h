@@ -1,0 +1,28 @@
+#pragma once
+
+#include <QIODevice>
+
+namespace platform::qt {
+
+/// Hands a PDF on as the toolkit writes it. The toolkit takes the blank for a tab where a font has the same
+/// glyph for both, so who copies a text gets tabs; here a blank stays a blank.
+class PdfOutput : public QIODevice {
+  public:
+    /// `output` must live as long as the object, and is told of every byte at once.
+    explicit PdfOutput(QIODevice& output);
+
+    /// True once a file has not taken what it was given. The toolkit asks that of a file alone, which this is
+    /// not.
+    bool HasFailed() const;
+
+    bool isSequential() const override { return true; }
+
+  protected:
+    qint64 readData(char* data, qint64 length) override;
+    qint64 writeData(const char* data, qint64 length) override;
+
+  private:
+    QIODevice& output_;
+};
+
+} // namespace platform::qt
