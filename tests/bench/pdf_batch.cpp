@@ -1,9 +1,10 @@
 // Prints a batch to a PDF file and tells time and memory as JSON.
 //
-// pdf_batch program|floor FORMS FILE
+// pdf_batch program|floor|empty FORMS FILE
 //
 // "program" goes through the whole run. "floor" is the least that a program on the same toolkit must do: it
-// makes the same texts at the same places with the toolkit's plainest calls, and nothing else.
+// makes the same texts at the same places with the toolkit's plainest calls, and nothing else. "empty" is a
+// PDF of one page with nothing on it.
 
 #include "bench/Batch.h"
 #include "bench/Measured.h"
@@ -117,15 +118,24 @@ void PrintFloor(const Recording& recording, int forms, const QString& file) {
     }
 }
 
+void PrintEmpty(const QString& file) {
+    QPdfWriter writer(file);
+    const QPainter painter(&writer);
+}
+
 } // namespace
 
 int main(int argc, char** argv) {
     if (argc != 4) {
-        std::fputs("pdf_batch program|floor FORMS FILE\n", stderr);
+        std::fputs("pdf_batch program|floor|empty FORMS FILE\n", stderr);
         return 2;
     }
     qputenv("QT_QPA_PLATFORM", "offscreen");
     const QApplication application(argc, argv);
+    if (std::string(argv[1]) == "empty") {
+        PrintEmpty(QString::fromLocal8Bit(argv[3]));
+        return 0;
+    }
     const QTemporaryDir folder;
     const bool isFloor = std::string(argv[1]) == "floor";
     const int forms = static_cast<int>(std::strtol(argv[2], nullptr, 10));

@@ -43,6 +43,9 @@ constexpr std::array<const char*, 15> KeptTables = {"GDEF", "GPOS", "GSUB", "OS/
 
 constexpr std::u32string_view Compared = U"HnoABCDEFGIJKLMNOPQRSTUVWXYZabcdefghijklmpqrstuvwxyz0123456789";
 
+/// The Latin letters end here. What comes behind them becomes as wide as its strokes make it.
+constexpr FT_ULong EndOfLatin = 0x250;
+
 /// From this weight on a face says of itself that it is bold.
 constexpr int BoldWeight = 600;
 
@@ -169,13 +172,12 @@ class BoldMaker {
   private:
     /// By how much the bold face is wider, for each glyph that stands for a character.
     void FindRooms(const Face& plain) {
-        FT_UInt index = 0;
-        for (FT_ULong code = FT_Get_First_Char(bold_.Get(), &index); index != 0;
-             code = FT_Get_Next_Char(bold_.Get(), code, &index)) {
+        for (FT_ULong code = ' '; code < EndOfLatin; ++code) {
+            const FT_UInt index = FT_Get_Char_Index(bold_.Get(), code);
             const FT_UInt same = FT_Get_Char_Index(plain.Get(), code);
             FT_Fixed wide = 0;
             FT_Fixed narrow = 0;
-            if (same != 0 && FT_Get_Advance(bold_.Get(), index, FT_LOAD_NO_SCALE, &wide) == 0 &&
+            if (index != 0 && same != 0 && FT_Get_Advance(bold_.Get(), index, FT_LOAD_NO_SCALE, &wide) == 0 &&
                 FT_Get_Advance(plain.Get(), same, FT_LOAD_NO_SCALE, &narrow) == 0) {
                 rooms_[static_cast<int>(index)] = static_cast<double>(wide - narrow);
             }
@@ -266,7 +268,8 @@ class BoldMaker {
     double em_;
     TrueTypeFile tables_;
     QByteArray metrics_;
-    int wide_;            ///< glyphs with an advance of their own
+    int wide_; ///< glyphs with an advance of their own
+    int dense_ = static_cast<int>(FT_Get_Char_Index(bold_.Get(), DenseSign));
     double height_ = em_; ///< of a capital
     std::unordered_map<int, double> rooms_;
     QByteArray outlines_;

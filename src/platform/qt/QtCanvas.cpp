@@ -37,6 +37,13 @@ QColor ColourOf(std::int32_t colour) {
                   static_cast<int>(bits >> 16 & 0xFF));
 }
 
+/// Of the blanks at a text's end, with which some are filled to their length, the first is enough: to draw
+/// them all would make a fifth of a form.
+std::string_view WithOneBlankAtItsEnd(std::string_view text) {
+    const std::size_t last = text.find_last_not_of(' ');
+    return text.substr(0, last == std::string_view::npos ? 1 : last + 2);
+}
+
 } // namespace
 
 QtCanvas::QtCanvas(PageDevice& device) : device_(device) {}
@@ -69,8 +76,7 @@ void QtCanvas::DrawText(double x, double y, std::string_view text, const FontSpe
     if (text.empty()) {
         return;
     }
-    QPainter* painter = device_.Painter();
-    if (painter == nullptr) {
+    if (!device_.Begin()) {
         return;
     }
     GlyphTable& table = TableOf(font);
@@ -78,9 +84,10 @@ void QtCanvas::DrawText(double x, double y, std::string_view text, const FontSpe
     if (!IsNear(start.x()) || !IsNear(start.y())) {
         return;
     }
+    text = WithOneBlankAtItsEnd(text);
     std::uint32_t face = 0;
-    double across = 0;
-    for (std::size_t at = 0; at < text.size() && IsNear(start.x() + across);) {
+    double across = start.x();
+    for (std::size_t at = 0; at < text.size() && IsNear(across);) {
         const auto byte = static_cast<unsigned char>(text[at]);
         const text::Decoded next = byte < 0x80 ? text::Decoded{byte, 1} : text::DecodeFirst(text.substr(at));
         at += next.bytes;
@@ -89,23 +96,21 @@ void QtCanvas::DrawText(double x, double y, std::string_view text, const FontSpe
             continue;
         }
         if (glyph.Face != face) {
-            FlushRun(*painter, start, table.Face(face));
+            DrawRun(table.Face(face));
             face = glyph.Face;
         }
         glyphs_.push_back(glyph.Index);
-        positions_.emplace_back(across, 0);
+        places_.emplace_back(across, start.y());
         across += glyph.Advance;
     }
-    FlushRun(*painter, start, table.Face(face));
+    DrawRun(table.Face(face));
 }
 
-void QtCanvas::FlushRun(QPainter& painter, const QPointF& at, const QRawFont& face) {
+void QtCanvas::DrawRun(const QRawFont& face) {
     if (!glyphs_.empty()) {
-        run_.setRawFont(face);
-        run_.setRawData(glyphs_.data(), positions_.data(), static_cast<int>(glyphs_.size()));
-        painter.drawGlyphRun(at, run_);
+        device_.DrawGlyphs(face, glyphs_, places_);
         glyphs_.clear();
-        positions_.clear();
+        places_.clear();
     }
 }
 

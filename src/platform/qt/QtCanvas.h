@@ -4,7 +4,6 @@
 #include "platform/qt/GlyphTable.h"
 #include "platform/qt/PageDevice.h"
 
-#include <QGlyphRun>
 #include <QPointF>
 
 #include <memory>
@@ -26,7 +25,7 @@ class QtCanvas : public Canvas {
 
   private:
     GlyphTable& TableOf(const FontSpec& font);
-    void FlushRun(QPainter& painter, const QPointF& at, const QRawFont& face);
+    void DrawRun(const QRawFont& face);
 
     PageDevice& device_;
     std::vector<std::unique_ptr<GlyphTable>> tables_;
@@ -34,8 +33,7 @@ class QtCanvas : public Canvas {
 
     // Room for one text, kept from call to call.
     std::vector<quint32> glyphs_;
-    std::vector<QPointF> positions_;
-    QGlyphRun run_;
+    std::vector<QPointF> places_;
 };
 
 } // namespace platform::qt

@@ -182,13 +182,22 @@ Sheet QtPrinter::SheetNow() {
 }
 
 QPainter* QtPrinter::Painter() {
-    if (!begun_) {
-        Begin();
-    }
-    return document_ == nullptr ? nullptr : &document_->Painter();
+    return Begin() ? &document_->Painter() : nullptr;
 }
 
-void QtPrinter::Begin() {
+bool QtPrinter::Begin() {
+    if (!begun_) {
+        BeginDocument();
+    }
+    return document_ != nullptr;
+}
+
+void QtPrinter::DrawGlyphs(const QRawFont& face, std::span<const quint32> glyphs,
+                           std::span<const QPointF> places) {
+    document_->DrawGlyphs(face, glyphs, places);
+}
+
+void QtPrinter::BeginDocument() {
     begun_ = true; // whatever comes of it, the user is asked and told once
     try {
         job_ = Queue().BeginJob(title_, CurrentPaper(), CurrentBin());
@@ -201,7 +210,7 @@ void QtPrinter::Begin() {
 }
 
 void QtPrinter::NewPage() {
-    if (Painter() == nullptr) {
+    if (!Begin()) {
         return;
     }
     try {

@@ -61,11 +61,14 @@ class QtPrinter : public Printer, private PageDevice {
     Sheet SheetNow();
 
     QPainter* Painter() override;
+    bool Begin() override;
+    void DrawGlyphs(const QRawFont& face, std::span<const quint32> glyphs,
+                    std::span<const QPointF> places) override;
     void NewPage() override;
     void EndDocument() override;
     double LineWidth() override;
 
-    void Begin();
+    void BeginDocument();
     /// Takes what has been drawn of a document; what else is drawn of it goes nowhere.
     void DropOutput();
     /// Ends the document without a trace, tells the user why and passes the failure on.

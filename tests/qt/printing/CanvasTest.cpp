@@ -132,6 +132,36 @@ TEST(QtCanvas, PrintsABlankAsABlank) {
     EXPECT_EQ(*read, expected);
 }
 
+TEST(QtCanvas, DrawsOneOfTheBlanksAtATextsEnd) {
+    PdfFile pdf;
+    pdf.Canvas.DrawText(567, 600, "  een  twee     ", Tahoma9);
+    pdf.Canvas.DrawText(567, 1200, "    ", Tahoma9);
+    pdf.Canvas.DrawText(567, 1800, "drie ", Tahoma9);
+    const std::optional<std::string> read = pdf::TextByMuPdf(pdf.Finish());
+    if (!read) {
+        GTEST_SKIP() << "MuPDF is missing";
+    }
+    EXPECT_EQ(*read, "  een  twee \n \ndrie \n");
+}
+
+TEST(QtCanvas, KeepsTheOrderOfTextsOfSeveralFontsAndOfLines) {
+    PdfFile pdf;
+    std::string expected;
+    for (int i = 0; i < 12; ++i) {
+        const FontSpec& font = i % 4 < 2 ? Tahoma9 : Ocr10;
+        pdf.Canvas.DrawText(567, 600 + i * 300, "tekst" + std::to_string(i), font);
+        expected += "tekst" + std::to_string(i) + "\n";
+        if (i % 5 == 0) {
+            pdf.Canvas.DrawLine(567, 600 + i * 300, 2000, 600 + i * 300, 0);
+        }
+        if (i == 6) {
+            pdf.Canvas.NewPage();
+            expected += "\f";
+        }
+    }
+    EXPECT_EQ(pdf::Text(pdf.Finish()), expected + "\f");
+}
+
 TEST(QtCanvas, KeepsTheGlyphWithTheNumberOfATab) {
     PdfFile pdf;
     pdf.Canvas.DrawText(567, 567, "abcdefghi jklm", Tahoma9); // the ninth glyph is followed by others

@@ -25,6 +25,11 @@ class PdfFile : public PageDevice {
     }
 
     QPainter* Painter() override { return &document_->Painter(); }
+    void DrawGlyphs(const QRawFont& face, std::span<const quint32> glyphs,
+                    std::span<const QPointF> places) override {
+        document_->DrawGlyphs(face, glyphs, places);
+    }
+    bool Begin() override { return true; }
     void NewPage() override { document_->NewPage(sheet_); }
     void EndDocument() override {
         document_->End();
