@@ -3,7 +3,10 @@
 #include <cstddef>
 #include <cstdint>
 #include <string>
+#include <string_view>
 #include <vector>
+
+#include "platform/Text.h"
 
 namespace platform {
 
@@ -103,11 +106,19 @@ inline constexpr std::uint32_t PrinterAccessUse = 0xF0008;
 using PrinterHandle = std::uintptr_t;
 
 /// The spooler's calls by the names that Windows gives them; Windows passes them on, other machines answer
-/// them from their own queues. Names, ports and texts are 8-bit text in the machine's code page. None throws:
-/// failure is told by the result, as on Windows. The program promises an order of calls, not just an outcome.
+/// them from their own queues. Names, ports and texts are 8-bit text as Encode gives it. None throws: failure
+/// is told by the result, as on Windows. The program promises an order of calls, not just an outcome.
 class Spooler {
   public:
     virtual ~Spooler() = default;
+
+    /// Text to and from the spooler's own encoding: the machine's code page, where it has one.
+    virtual std::string Encode(std::string_view utf8) const { return text::ToCodePage(utf8); }
+    virtual std::string Decode(std::string_view bytes) const { return text::FromCodePage(bytes); }
+
+    /// What the user is to know of a printer's stored defaults besides its status, in a few words; empty if
+    /// nothing is wrong with them.
+    virtual std::string Trouble(const std::string&) { return {}; }
 
     virtual bool OpenPrinterA(const std::string& printer, PrinterHandle& handle,
                               const PRINTER_DEFAULTS& defaults) = 0;

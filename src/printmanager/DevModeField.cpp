@@ -8,7 +8,6 @@
 
 #include "platform/Desktop.h"
 #include "platform/Resume.h"
-#include "platform/Text.h"
 #include "printmanager/SpoolerAccess.h"
 
 namespace printmanager {
@@ -83,7 +82,7 @@ std::int16_t StoreDefaults(platform::Spooler& spooler, platform::PrinterHandle h
 
 std::int16_t WriteField(platform::Spooler& spooler, platform::PrinterHandle handle,
                         const std::string& printer, std::int32_t selector, std::int16_t value) {
-    const std::string name = platform::text::ToCodePage(printer);
+    const std::string name = spooler.Encode(printer);
     const std::int32_t size = spooler.DocumentPropertiesA(handle, name, nullptr, nullptr, 0);
     if (size < 0) {
         return 0;
@@ -108,7 +107,7 @@ std::int16_t GetDevModeField(platform::Spooler& spooler, const std::string& prin
         if (!opened) {
             return;
         }
-        const std::string name = platform::text::ToCodePage(printer);
+        const std::string name = spooler.Encode(printer);
         const std::int32_t size = spooler.DocumentPropertiesA(opened.Handle(), name, nullptr, nullptr, 0);
         if (size < 0) {
             return;

@@ -6,7 +6,6 @@
 #include "platform/Printer.h"
 #include "platform/RuntimeError.h"
 #include "platform/Spooler.h"
-#include "platform/Text.h"
 #include "printmanager/DevModeField.h"
 
 namespace printmanager {
@@ -24,8 +23,7 @@ constexpr std::size_t BinNameBytes = 24;
 class Capabilities {
   public:
     Capabilities(platform::Spooler& spooler, const platform::PrinterEntry& printer)
-        : spooler_(spooler), name_(platform::text::ToCodePage(printer.DeviceName)),
-          port_(platform::text::ToCodePage(printer.Port)) {}
+        : spooler_(spooler), name_(spooler.Encode(printer.DeviceName)), port_(spooler.Encode(printer.Port)) {}
 
     /// Number of entries, at least one.
     std::size_t Count(std::uint16_t capability) const {
@@ -61,7 +59,7 @@ class Capabilities {
             if (end == std::string_view::npos) {
                 throw platform::SubscriptOutOfRange();
             }
-            names[i] = platform::text::FromCodePage(name.substr(0, end));
+            names[i] = spooler_.Decode(name.substr(0, end));
         }
         return names;
     }

@@ -7,7 +7,6 @@
 #include <vector>
 
 #include "platform/RuntimeError.h"
-#include "platform/Text.h"
 #include "printmanager/PrinterStatus.h"
 #include "printmanager/SpoolerAccess.h"
 
@@ -31,10 +30,13 @@ bool ReadInfo(platform::Spooler& spooler, const std::string& printer, PrinterInf
     if (spooler.GetPrinterA(handle, 2, data.data(), static_cast<std::uint32_t>(data.size()), needed)) {
         platform::PRINTER_INFO_2 told{};
         std::memcpy(&told, data.data(), sizeof told);
-        info.Port = PointerToString(told.pPortName, MostBytesOfText, data);
-        info.Comment = PointerToString(told.pComment, MostBytesOfText, data);
-        info.Name = PointerToString(told.pPrinterName, MostBytesOfText, data);
+        info.Port = spooler.Decode(PointerToString(told.pPortName, MostBytesOfText, data));
+        info.Comment = spooler.Decode(PointerToString(told.pComment, MostBytesOfText, data));
+        info.Name = spooler.Decode(PointerToString(told.pPrinterName, MostBytesOfText, data));
         PrinterStatusText(info.Status, static_cast<std::int32_t>(told.Status));
+    }
+    if (const std::string trouble = spooler.Trouble(spooler.Encode(printer)); !trouble.empty()) {
+        info.Status = trouble;
     }
     return true;
 }
@@ -57,7 +59,7 @@ std::string PointerToString(const char* pointer, std::size_t limit, std::span<co
         return {};
     }
     const std::string_view text(pointer, std::min<std::size_t>(limit, readable.size() - (at - begin)));
-    return platform::text::FromCodePage(text.substr(0, text.find('\0')));
+    return std::string(text.substr(0, text.find('\0')));
 }
 
 } // namespace printmanager

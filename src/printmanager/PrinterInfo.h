@@ -11,7 +11,7 @@ namespace printmanager {
 /// What the spooler tells of a printer.
 struct PrinterInfo {
     std::string Name;
-    std::string Status;
+    std::string Status; ///< or what is wrong with the printer's stored defaults
     std::string Port;
     std::string Comment;
 };
@@ -20,7 +20,7 @@ struct PrinterInfo {
 /// printer's handle stays open until the process ends.
 bool GetPrinterInfo(platform::Spooler& spooler, const std::string& printer, PrinterInfo& info);
 
-/// The text in the machine's code page at `pointer`, up to its first NUL and no longer than `limit` bytes.
+/// The text in the spooler's encoding at `pointer`, up to its first NUL and no longer than `limit` bytes.
 /// Empty if the pointer is null or points outside `readable`, the data that the spooler gave.
 std::string PointerToString(const char* pointer, std::size_t limit, std::span<const std::byte> readable);
 

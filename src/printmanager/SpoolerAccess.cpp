@@ -3,7 +3,6 @@
 #include <algorithm>
 
 #include "platform/RuntimeError.h"
-#include "platform/Text.h"
 
 namespace printmanager {
 
@@ -19,7 +18,7 @@ constexpr std::uint64_t MostBytes = 16U << 20U;
 platform::PrinterHandle OpenForDefaults(platform::Spooler& spooler, const std::string& printer) {
     const platform::PRINTER_DEFAULTS defaults{nullptr, nullptr, platform::PrinterAccessUse};
     platform::PrinterHandle handle = 0;
-    return spooler.OpenPrinterA(platform::text::ToCodePage(printer), handle, defaults) ? handle : 0;
+    return spooler.OpenPrinterA(spooler.Encode(printer), handle, defaults) ? handle : 0;
 }
 
 std::vector<std::byte> SpoolerBuffer(std::uint64_t reported) {

@@ -32,7 +32,7 @@ ENTRY = "/usr/share/applications/drukkeuring.desktop"
 PROGRAM = "usr/bin/drukkeuring"
 SETTINGS = ".config/tarvik/settings.reg"
 # What may be new in the user's home: the settings, and the toolkit's folders that its file window has shown.
-KEPT = re.compile(rf"home/{USER}/(\.config(/(tarvik(/settings\.reg)?|drukkeuring(/pdf-bestand\.conf)?|QtProject\.conf))?"
+KEPT = re.compile(rf"home/{USER}/(\.config(/(tarvik(/settings\.reg)?|QtProject\.conf))?"
                   rf"|keuring\.pdf)")
 # What apt and dpkg keep of each installation.
 SYSTEMS = re.compile(r"var/(cache/(apt/archives/.*|debconf/.*-old|ldconfig/.*)|lib/(apt|dpkg)/.*|log/(apt/.*|dpkg\.log))"

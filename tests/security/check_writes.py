@@ -25,8 +25,6 @@ ALLOWED = (
     rf"tmp/{NAME}/screen\.json",
     rf"tmp/{NAME}/tarvik",
     rf"tmp/{NAME}/tarvik/(settings\.reg|\.settings-{NAME})",
-    rf"tmp/{NAME}/drukkeuring",
-    rf"tmp/{NAME}/drukkeuring/pdf-bestand\.conf({NAME})?",
     rf"tmp/{NAME}/QtProject\.conf({NAME})?",  # the toolkit's: the folders that its file window has shown
     r"runtime",
 )

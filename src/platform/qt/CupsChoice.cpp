@@ -1,53 +1,62 @@
 #include "platform/qt/CupsChoice.h"
 
 #include "platform/qt/CupsServer.h"
+#include "platform/qt/PageOptions.h"
 
 #include <algorithm>
 #include <array>
-#include <cctype>
+#include <optional>
 #include <string_view>
+#include <utility>
 
 namespace platform::qt {
 
 namespace {
 
-// In small letters. The names are those of the server, of its filters and of PPD files.
-constexpr std::array<std::string_view, 26> PageOptions = {
-    "booklet",
-    "copies",
-    "fit-to-page",
-    "fitplot",
-    "imposition-template",
-    "landscape",
-    "media-size",
-    "mirror",
-    "natural-scaling",
-    "number-up",
-    "number-up-layout",
-    "orientation-requested",
-    "page-border",
-    "page-bottom",
-    "page-left",
-    "page-ranges",
-    "page-right",
-    "page-set",
-    "page-top",
-    "position",
-    "print-scaling",
-    "scaling",
-    "x-image-position",
-    "y-image-position",
-    "image-orientation",
-    "job-pages-per-set",
+struct Answer {
+    const char* Option;
+    const char* Value;
 };
+/// What every document needs.
+constexpr std::array<Answer, 10> Always = {{
+    {"copies", "1"},
+    {"document-format", CUPS_FORMAT_PDF},
+    {"job-sheets", "none,none"},
+    {"mirror", "false"},
+    {"number-up", "1"},
+    {"outputorder", "normal"},
+    {"page-border", "none"},
+    {"page-set", "all"},
+    {"print-scaling", "none"},
+    {"sides", "one-sided"},
+}};
+/// What a document needs where the server has something else for documents that do not say it. Said without
+/// need, some printers would refuse it.
+struct AnswerWhereNeeded {
+    const char* Option;
+    const char* Preset; ///< attribute of the queue
+    const char* Value;
+};
+constexpr std::array<AnswerWhereNeeded, 8> WhereNeeded = {{
+    {"fit-to-page", "fit-to-page-default", "false"},
+    {"fitplot", "fitplot-default", "false"},
+    {"landscape", "landscape-default", "false"},
+    {"natural-scaling", "natural-scaling-default", "100"},
+    {"orientation-requested", "orientation-requested-default", "3"},
+    {"page-ranges", "page-ranges-default", "1-2147483647"},
+    {"position", "position-default", "center"},
+    {"scaling", "scaling-default", "100"},
+}};
+
+// Option names as they are in small letters.
 constexpr std::array<std::string_view, 5> OtherPapers = {"pagesize", "pageregion", "media", "media-col",
                                                          "media-size-name"};
-constexpr std::array<std::string_view, 5> OtherBins = {"inputslot", "manualfeed", "media-source", "media",
-                                                       "media-col"};
+constexpr std::array<std::string_view, 6> OtherBins = {"inputslot",    "hppapersource", "manualfeed",
+                                                       "media-source", "media",         "media-col"};
 
 std::string Lower(std::string text) {
     std::transform(text.begin(), text.end(), text.begin(),
-                   [](unsigned char c) { return static_cast<char>(std::tolower(c)); });
+                   [](char c) { return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c; });
     return text;
 }
 
@@ -56,72 +65,158 @@ bool Contains(const std::array<std::string_view, N>& names, const std::string& n
     return std::find(names.begin(), names.end(), name) != names.end();
 }
 
-/// The first of the items for which `matches` holds with one of the keywords of the `media` option.
-template <class Item, class Matches>
-const Item* NamedByMedia(const std::vector<Item>& items, const CupsOptions& options, Matches matches) {
+/// The keywords of the `media` option.
+std::vector<std::string> MediaKeywords(const CupsOptions& options) {
     const std::string media = ValueOf(options, "media");
+    std::vector<std::string> keywords;
     for (std::size_t at = 0; at < media.size();) {
         const std::size_t end = std::min(media.find(',', at), media.size());
-        const std::string keyword = media.substr(at, end - at);
-        const auto found = std::find_if(items.begin(), items.end(), [&](const Item& item) {
-            return !keyword.empty() && matches(item, keyword);
-        });
+        if (end > at) {
+            keywords.push_back(media.substr(at, end - at));
+        }
+        at = end + 1;
+    }
+    return keywords;
+}
+
+/// The first of the items for which `matches` holds with one of the keywords, taken in their order.
+template <class Item, class Matches>
+const Item* FirstNamed(const std::vector<Item>& items, const std::vector<std::string>& keywords,
+                       Matches matches) {
+    for (const std::string& keyword : keywords) {
+        const auto found = std::find_if(items.begin(), items.end(),
+                                        [&](const Item& item) { return matches(item, keyword); });
         if (found != items.end()) {
             return &*found;
         }
-        at = end + 1;
     }
     return nullptr;
 }
 
-/// The item with this value of a member; nullptr if the value is empty or no item has it.
+/// The PPD's option for bins; empty if the queue has none.
+std::string BinOption(const CupsMedia& media) {
+    const auto found = std::find_if(media.Bins.begin(), media.Bins.end(),
+                                    [](const Bin& bin) { return !bin.PpdOption.empty(); });
+    return found == media.Bins.end() ? "InputSlot" : found->PpdOption;
+}
+
+bool IsPaper(const Paper& paper, const std::string& keyword) {
+    const std::optional<SheetSize> size = CustomSize(keyword);
+    return paper.PpdSize == keyword || paper.PwgMedia == keyword ||
+           (size && IsSameSheet(*size, {paper.Width, paper.Height}));
+}
+
+/// Paper and bin for a queue that is known by its attributes alone: the server passes a bin on to the printer
+/// only as part of a sheet that is described as a whole.
+std::string MediaCol(const Paper& paper, const Bin* bin) {
+    std::string text;
+    if (!paper.StandIn) {
+        text = "media-size={x-dimension=" + std::to_string(HundredthsOf(paper.Width)) +
+               " y-dimension=" + std::to_string(HundredthsOf(paper.Height)) + "}";
+    }
+    if (bin != nullptr && !bin->PwgSource.empty()) {
+        text += (text.empty() ? "" : " ") + ("media-source=" + bin->PwgSource);
+    }
+    return text.empty() ? text : "{" + text + "}";
+}
+
 template <class Item>
-const Item* Named(const std::vector<Item>& items, std::string Item::*member, const std::string& value) {
-    const auto found = std::find_if(items.begin(), items.end(), [&](const Item& item) {
-        return !value.empty() && item.*member == value;
-    });
-    return found == items.end() ? nullptr : &*found;
+bool TellsItsOwn(const std::vector<Item>& items) {
+    return std::any_of(items.begin(), items.end(), [](const Item& item) { return !item.StandIn; });
+}
+
+CupsOptions WithoutEmpty(CupsOptions options) {
+    std::erase_if(options, [](const auto& option) { return option.first.empty() || option.second.empty(); });
+    return options;
 }
 
 } // namespace
 
 CupsOptions PaperOptions(const Paper& paper) {
-    return paper.StandIn ? CupsOptions()
-                         : CupsOptions{{"PageSize", paper.PpdSize}, {"media", paper.PwgMedia}};
+    if (paper.StandIn) {
+        return {};
+    }
+    // A size that one has made up has no keyword that every server knows.
+    const bool isByMeasures = paper.PpdSize.empty() && CustomSize(paper.PwgMedia);
+    return WithoutEmpty({{"PageSize", paper.PpdSize}, {"media", isByMeasures ? "" : paper.PwgMedia}});
 }
 
 CupsOptions BinOptions(const Bin& bin) {
     return bin.StandIn ? CupsOptions()
-                       : CupsOptions{{"InputSlot", bin.PpdSlot}, {"media-source", bin.PwgSource}};
+                       : WithoutEmpty({{bin.PpdOption, bin.PpdSlot}, {"media-source", bin.PwgSource}});
 }
 
 const Paper* PaperIn(const CupsMedia& media, const CupsOptions& options) {
-    if (const std::string size = ValueOf(options, "PageSize"); !size.empty()) {
-        return Named(media.Papers, &Paper::PpdSize, size);
-    }
-    return NamedByMedia(media.Papers, options, [](const Paper& paper, const std::string& keyword) {
-        return paper.PwgMedia == keyword || paper.PpdSize == keyword;
-    });
+    const std::string size = ValueOf(options, "PageSize");
+    return FirstNamed(media.Papers, size.empty() ? MediaKeywords(options) : std::vector{size}, IsPaper);
 }
 
 const Bin* BinIn(const CupsMedia& media, const CupsOptions& options) {
-    if (const std::string slot = ValueOf(options, "InputSlot"); !slot.empty()) {
-        return Named(media.Bins, &Bin::PpdSlot, slot);
+    std::vector<std::string> keywords = MediaKeywords(options);
+    for (const std::string& name : {std::string("media-source"), BinOption(media)}) {
+        if (const std::string value = ValueOf(options, name); !value.empty()) {
+            keywords = {value};
+        }
     }
-    if (const std::string source = ValueOf(options, "media-source"); !source.empty()) {
-        return Named(media.Bins, &Bin::PwgSource, source);
-    }
-    return NamedByMedia(media.Bins, options, [](const Bin& bin, const std::string& keyword) {
-        return bin.PwgSource == keyword || bin.PpdSlot == keyword;
+    return FirstNamed(media.Bins, keywords, [](const Bin& bin, const std::string& keyword) {
+        return bin.PpdSlot == keyword || bin.PwgSource == keyword;
     });
 }
 
-void KeepPagesAsDrawn(CupsOptions& options, bool paper, bool bin) {
-    std::erase_if(options, [paper, bin](const auto& option) {
-        const std::string name = Lower(option.first);
-        return Contains(PageOptions, name) || (paper && Contains(OtherPapers, name)) ||
-               (bin && Contains(OtherBins, name));
+std::string OwnSizeIn(const CupsOptions& options) {
+    std::vector<std::string> keywords = MediaKeywords(options);
+    if (const std::string size = ValueOf(options, "PageSize"); !size.empty()) {
+        keywords = {size};
+    }
+    const auto found = std::find_if(keywords.begin(), keywords.end(), [](const std::string& keyword) {
+        return CustomSize(keyword).has_value();
     });
+    return found == keywords.end() ? std::string() : *found;
+}
+
+CupsOptions JobOptions(const CupsMedia& media, const CupsOptions& own,
+                       const std::map<std::string, std::string>& known, const Paper& paper, const Bin* bin) {
+    const bool hasPaper = !paper.StandIn;
+    const bool hasBin = bin != nullptr && TellsItsOwn(media.Bins);
+    CupsOptions options = own;
+    std::erase_if(options, [&](const auto& option) {
+        const std::string name = Lower(option.first);
+        const bool isPlain = std::any_of(media.PlainChoices.begin(), media.PlainChoices.end(),
+                                         [&name](const auto& each) { return Lower(each.first) == name; });
+        return isPlain || ChangesPages(name) || (hasPaper && Contains(OtherPapers, name)) ||
+               (hasBin && Contains(OtherBins, name));
+    });
+    const auto say = [&options](const CupsOptions& more) {
+        for (const auto& [name, value] : more) {
+            options[name] = value;
+        }
+    };
+    say(PaperOptions(paper));
+    if (hasBin) {
+        say(BinOptions(*bin));
+    }
+    if (!media.IsByPpd && (hasPaper || hasBin)) {
+        say(WithoutEmpty({{"media-col", MediaCol(paper, hasBin ? bin : nullptr)}}));
+    }
+    for (const AnswerWhereNeeded& answer : WhereNeeded) {
+        const std::string preset = ValueOf(known, answer.Preset);
+        if (!preset.empty() && preset != answer.Value) {
+            options[answer.Option] = answer.Value;
+        }
+    }
+    for (const Answer& answer : Always) {
+        options[answer.Option] = answer.Value;
+    }
+    say(media.PlainChoices);
+    return options;
+}
+
+std::vector<const char*> AttributesForJobs() {
+    std::vector<const char*> names;
+    for (const AnswerWhereNeeded& answer : WhereNeeded) {
+        names.push_back(answer.Preset);
+    }
+    return names;
 }
 
 } // namespace platform::qt

@@ -3,10 +3,13 @@
 #include "platform/qt/CupsMedia.h"
 #include "platform/qt/UserDefaults.h"
 
+#include <string>
+#include <vector>
+
 namespace platform::qt {
 
-/// The options by which queues know a paper; some heed the one name, some the other. An empty value is an
-/// option that the queue does not have. None at all for a stand-in: the queue prints on what it has.
+/// The options by which queues know a paper; some heed the one name, some the other. None at all for a
+/// stand-in: the queue prints on what it has.
 CupsOptions PaperOptions(const Paper& paper);
 /// The same for a bin.
 CupsOptions BinOptions(const Bin& bin);
@@ -15,10 +18,16 @@ CupsOptions BinOptions(const Bin& bin);
 const Paper* PaperIn(const CupsMedia& media, const CupsOptions& options);
 /// The same for a bin.
 const Bin* BinIn(const CupsMedia& media, const CupsOptions& options);
+/// The keyword of a size that the user has made up, if options name one.
+std::string OwnSizeIn(const CupsOptions& options);
 
-/// Takes out what would change the pages of a document that is complete (its pages turned, shrunk, left out
-/// or several on a sheet) and what would name another paper than `paper`, or another bin where `bin` is
-/// named. Option names are read in any letter case, as the server reads them.
-void KeepPagesAsDrawn(CupsOptions& options, bool paper, bool bin);
+/// What a job says: the paper and the bin, the user's own options of quality, colour, finishing and
+/// accounting, and that every page comes once, unscaled, in its order and on a sheet of its own, whatever the
+/// queue's maker, the server or the user have set. `known` are the queue's attributes; `bin` may be none.
+CupsOptions JobOptions(const CupsMedia& media, const CupsOptions& own,
+                       const std::map<std::string, std::string>& known, const Paper& paper, const Bin* bin);
+
+/// The attributes of a queue that JobOptions looks at.
+std::vector<const char*> AttributesForJobs();
 
 } // namespace platform::qt

@@ -4,23 +4,11 @@
 
 #include <QStandardPaths>
 
-#include <array>
 #include <utility>
 
 namespace platform::qt {
 
 namespace {
-
-struct FixedOption {
-    const char* Name;
-    const char* Value;
-};
-constexpr std::array<FixedOption, 4> FixedOptions = {{
-    {"copies", "1"},
-    {"number-up", "1"}, // a queue may have a default of its own
-    {"print-scaling", "none"},
-    {"document-format", CUPS_FORMAT_PDF},
-}};
 
 /// True for a failure that the server tells without an answer to the request itself.
 bool IsRefusal(ipp_status_t status) {
@@ -39,11 +27,7 @@ QString SpoolFolder() {
 CupsJob::CupsJob(std::shared_ptr<CupsServer> server, const std::string& queue, const std::string& queueUri,
                  const std::string& title, const CupsOptions& options)
     : server_(std::move(server)), queue_(queue), queueUri_(queueUri), title_(title), options_(options),
-      file_(SpoolFolder()) {
-    for (const FixedOption& option : FixedOptions) {
-        options_[option.Name] = option.Value;
-    }
-}
+      file_(SpoolFolder()) {}
 
 IppMessage CupsJob::NewPrintRequest() const {
     IppMessage request = NewRequest(IPP_OP_PRINT_JOB, queueUri_);

@@ -16,8 +16,7 @@ inline constexpr const char* NoAnswerText =
 /// A document on its way to a queue, kept meanwhile in a file that nobody else can open.
 class CupsJob : public PrintJob {
   public:
-    /// Options name paper and bin and whatever else the user has set for the queue. Each page goes on a sheet
-    /// of its own, once and unscaled.
+    /// Options are all that the job says.
     CupsJob(std::shared_ptr<CupsServer> server, const std::string& queue, const std::string& queueUri,
             const std::string& title, const CupsOptions& options);
 

@@ -1,118 +1,86 @@
 #include "platform/qt/CupsMedia.h"
 
 #include "platform/qt/CupsPpd.h"
+#include "platform/qt/IppMedia.h"
+#include "platform/qt/MediaWording.h"
 #include "platform/qt/PaperTable.h"
 #include "platform/qt/PossiblePaper.h"
 
+#include <cups/cups.h>
 #include <cups/pwg.h>
 
 #include <algorithm>
-#include <array>
 #include <cstddef>
 #include <limits>
+#include <optional>
 #include <set>
-#include <string_view>
 #include <utility>
 
 namespace platform::qt {
 
 namespace {
 
-constexpr double TwipsPerHundredthMillimetre = 1440.0 / 2540.0;
-
-struct BinWording {
-    std::string_view Source;
-    const char* Name;
-};
-constexpr std::array<BinWording, 14> BinWordings = {{
-    {"auto", "Automatisch"},
-    {"main", "Hoofdlade"},
-    {"manual", "Handmatige invoer"},
-    {"by-pass-tray", "Multifunctionele lade"},
-    {"top", "Bovenste lade"},
-    {"middle", "Middelste lade"},
-    {"bottom", "Onderste lade"},
-    {"large-capacity", "Grote lade"},
-    {"envelope", "Enveloppeninvoer"},
-    {"tray-1", "Lade 1"},
-    {"tray-2", "Lade 2"},
-    {"tray-3", "Lade 3"},
-    {"tray-4", "Lade 4"},
-    {"rear", "Achterste lade"},
-}};
-
-std::vector<std::string> Keywords(ipp_t* attributes, const char* name) {
-    std::vector<std::string> keywords;
-    if (ipp_attribute_t* attribute = ippFindAttribute(attributes, name, IPP_TAG_ZERO)) {
-        for (int i = 0; i < ippGetCount(attribute); ++i) {
-            if (const char* keyword = ippGetString(attribute, i, nullptr)) {
-                keywords.emplace_back(keyword);
-            }
-        }
+/// The paper of the keyword that the queue tells; where it tells none, or one that it does not have, A4.
+std::int16_t PresetPaper(const CupsMedia& media) {
+    const auto having = [&media](auto matches) {
+        const auto found = std::find_if(media.Papers.begin(), media.Papers.end(), matches);
+        return found == media.Papers.end() ? nullptr : &*found;
+    };
+    const std::string& preset = media.PresetKeyword;
+    const Paper* paper = having([&preset](const Paper& each) {
+        return !preset.empty() && (each.PpdSize == preset || each.PwgMedia == preset);
+    });
+    if (const std::optional<SheetSize> size = CustomSize(preset); paper == nullptr && size) {
+        paper = having([&size](const Paper& each) { return IsSameSheet(*size, {each.Width, each.Height}); });
     }
-    return keywords;
-}
-
-double MarginOf(ipp_t* collection, const char* name) {
-    ipp_attribute_t* margin = ippFindAttribute(collection, name, IPP_TAG_INTEGER);
-    return margin == nullptr ? 0 : ippGetInteger(margin, 0) * TwipsPerHundredthMillimetre;
-}
-
-/// The number of the bin that the queue takes where nobody chooses; 0 if it does not tell.
-std::int16_t PresetBin(ipp_t* attributes, const std::vector<Bin>& bins) {
-    std::string source = "auto"; // chooses by itself, if there is such a bin
-    if (ipp_attribute_t* preset =
-            ippFindAttribute(attributes, "media-col-default", IPP_TAG_BEGIN_COLLECTION)) {
-        const std::vector<std::string> told = Keywords(ippGetCollection(preset, 0), "media-source");
-        source = told.empty() ? source : told.front();
+    if (paper == nullptr) {
+        paper = having([](const Paper& each) { return each.Id == PaperA4; });
     }
-    const auto found =
-        std::find_if(bins.begin(), bins.end(), [&source](const Bin& bin) { return bin.PwgSource == source; });
-    return found == bins.end() ? std::int16_t{0} : found->Id;
+    return paper == nullptr ? media.Papers.front().Id : paper->Id;
 }
 
 /// The sheet of a queue that tells no papers, by what it says of its default; A4 if it says nothing.
-Paper SheetUntold(ipp_t* attributes) {
-    const std::vector<std::string> preset = Keywords(attributes, "media-default");
-    const pwg_media_t* size = preset.empty() ? nullptr : pwgMediaForPWG(preset.front().c_str());
+Paper SheetUntold(const std::string& preset) {
+    const pwg_media_t* size = preset.empty() ? nullptr : pwgMediaForPWG(preset.c_str());
     if (size == nullptr && !preset.empty()) {
-        size = pwgMediaForPPD(preset.front().c_str());
+        size = pwgMediaForPPD(preset.c_str());
     }
-    if (size == nullptr || !IsPossibleSide(size->width * TwipsPerHundredthMillimetre) ||
-        !IsPossibleSide(size->length * TwipsPerHundredthMillimetre)) {
+    if (size == nullptr || !IsPossibleSide(TwipsOfHundredths(size->width)) ||
+        !IsPossibleSide(TwipsOfHundredths(size->length))) {
         size = pwgMediaForPWG("iso_a4_210x297mm");
     }
     Paper paper;
     paper.Id = PaperCode(size->pwg);
-    paper.Name = size->ppd != nullptr && *size->ppd != 0 ? size->ppd : size->pwg;
-    paper.Width = size->width * TwipsPerHundredthMillimetre;
-    paper.Height = size->length * TwipsPerHundredthMillimetre;
+    paper.Width = TwipsOfHundredths(size->width);
+    paper.Height = TwipsOfHundredths(size->length);
+    paper.Name = WordingOfPaper(size->pwg, {paper.Width, paper.Height});
     paper.StandIn = true;
     return paper;
 }
 
-/// A raw queue tells no papers, and a printer with one tray often no bins. There is one of each all the same.
-void AddStandIns(CupsMedia& media, ipp_t* attributes) {
+Bin StandInBin(std::int16_t id, const char* name) {
+    Bin bin;
+    bin.Id = id;
+    bin.Name = name;
+    bin.StandIn = true;
+    return bin;
+}
+
+/// A raw queue tells no papers, and a printer with one tray often no bins. There is one of each all the same;
+/// and where nobody knows which bin the printer takes by itself, that can be left to it.
+void AddStandIns(CupsMedia& media) {
     if (media.Papers.empty()) {
-        media.Papers.push_back(SheetUntold(attributes));
+        media.Papers.push_back(SheetUntold(media.PresetKeyword));
         NumberMedia(media);
         media.DefaultPaper = media.Papers.front().Id;
     }
     if (media.Bins.empty()) {
-        Bin bin;
-        bin.Id = BinAutomatic;
-        bin.Name = "Automatisch";
-        bin.StandIn = true;
-        media.Bins.push_back(bin);
-        media.DefaultBin = bin.Id;
+        media.Bins.push_back(StandInBin(BinAutomatic, "Automatisch"));
+        media.DefaultBin = BinAutomatic;
+    } else if (media.DefaultBin == 0) {
+        media.Bins.insert(media.Bins.begin(), StandInBin(BinOfPrinter, "Standaardlade"));
+        media.DefaultBin = BinOfPrinter;
     }
-}
-
-std::string WordingOfBin(const std::string& source) {
-    const auto found =
-        std::find_if(BinWordings.begin(), BinWordings.end(),
-                     [&source](const BinWording& wording) { return wording.Source == source; });
-    return found == BinWordings.end() ? source : found->Name;
 }
 
 template <class Item>
@@ -175,49 +143,26 @@ void NumberMedia(CupsMedia& media) {
     GiveNumbers(media.Bins);
 }
 
-CupsMedia MediaOfAttributes(ipp_t* attributes) {
-    CupsMedia media;
-    Paper margins;
-    if (ipp_attribute_t* preset =
-            ippFindAttribute(attributes, "media-col-default", IPP_TAG_BEGIN_COLLECTION)) {
-        ipp_t* collection = ippGetCollection(preset, 0);
-        margins.Left = MarginOf(collection, "media-left-margin");
-        margins.Top = MarginOf(collection, "media-top-margin");
-        margins.Right = MarginOf(collection, "media-right-margin");
-        margins.Bottom = MarginOf(collection, "media-bottom-margin");
+void OfferSheet(CupsMedia& media, const SheetSize& size, const std::string& name) {
+    const bool isTaken =
+        std::any_of(media.CustomSizes.begin(), media.CustomSizes.end(), [&size](const SizeRange& range) {
+            return size.Width >= range.Least.Width && size.Width <= range.Most.Width &&
+                   size.Height >= range.Least.Height && size.Height <= range.Most.Height;
+        });
+    const bool isThere = std::any_of(media.Papers.begin(), media.Papers.end(), [&size](const Paper& paper) {
+        return IsSameSheet(size, {paper.Width, paper.Height});
+    });
+    if (!isTaken || isThere) {
+        return;
     }
-    for (const std::string& keyword : Keywords(attributes, "media-supported")) {
-        const pwg_media_t* size = pwgMediaForPWG(keyword.c_str());
-        if (size == nullptr || size->width <= 0 || size->length <= 0 || keyword.starts_with("custom_")) {
-            continue; // a type of media, or the bounds of sizes that one can make up
-        }
-        Paper paper = margins;
-        paper.Id = PaperCode(keyword);
-        paper.Name = size->ppd != nullptr && *size->ppd != 0 ? size->ppd : keyword;
-        paper.PwgMedia = keyword;
-        paper.Width = size->width * TwipsPerHundredthMillimetre;
-        paper.Height = size->length * TwipsPerHundredthMillimetre;
-        media.Papers.push_back(paper);
-    }
-    for (const std::string& source : Keywords(attributes, "media-source-supported")) {
-        Bin bin;
-        bin.Id = BinCode(source);
-        bin.Name = WordingOfBin(source);
-        bin.PwgSource = source;
-        media.Bins.push_back(bin);
-    }
+    Paper paper = media.CustomMargins;
+    paper.Name = name;
+    paper.PpdSize = media.IsByPpd ? PpdKeyword(size) : std::string();
+    paper.PwgMedia = media.IsByPpd ? paper.PpdSize : PwgKeyword(size);
+    paper.Width = size.Width;
+    paper.Height = size.Height;
+    media.Papers.push_back(paper);
     KeepPossible(media.Papers);
-    NumberMedia(media);
-    if (!media.Papers.empty()) {
-        const std::vector<std::string> preset = Keywords(attributes, "media-default");
-        const auto found =
-            std::find_if(media.Papers.begin(), media.Papers.end(), [&preset](const Paper& paper) {
-                return !preset.empty() && paper.PwgMedia == preset.front();
-            });
-        media.DefaultPaper = found == media.Papers.end() ? media.Papers.front().Id : found->Id;
-    }
-    media.DefaultBin = PresetBin(attributes, media.Bins);
-    return media;
 }
 
 CupsMedia MediaOfQueue(ipp_t* attributes, const std::string& ppdFile) {
@@ -231,8 +176,20 @@ CupsMedia MediaOfQueue(ipp_t* attributes, const std::string& ppdFile) {
         }
         media = std::move(byPpd);
     }
-    AddStandIns(media, attributes);
+    OfferSheet(media, FormSheet, FormSheetName);
+    OfferOwnSheet(media, media.PresetKeyword);
+    if (!media.Papers.empty()) {
+        media.DefaultPaper = PresetPaper(media);
+    }
+    AddStandIns(media);
     return media;
+}
+
+void OfferOwnSheet(CupsMedia& media, const std::string& keyword) {
+    if (const std::optional<SheetSize> size = CustomSize(keyword)) {
+        OfferSheet(media, *size, "Eigen formaat " + Measures(*size));
+    }
+    NumberMedia(media);
 }
 
 } // namespace platform::qt

@@ -19,7 +19,6 @@ namespace platform::qt {
 namespace {
 
 // Values of orientation-requested.
-constexpr std::string_view IppPortrait = "3";
 constexpr std::string_view IppLandscape = "4";
 constexpr std::string_view IppReverseLandscape = "5";
 
@@ -38,10 +37,13 @@ constexpr std::array<const char*, 6> ListAttributes = {
     "device-uri",   "printer-make-and-model",
 };
 /// What one queue is to tell besides.
-constexpr std::array<const char*, 11> StateAttributes = {
-    "printer-state",     "printer-state-reasons",      "copies-default",  "printer-is-accepting-jobs",
-    "printer-up-time",   "printer-config-change-time", "media-default",   "orientation-requested-default",
-    "media-col-default", "media-source-supported",     "media-supported",
+constexpr std::array<const char*, 12> StateAttributes = {
+    "printer-state",          "printer-state-reasons",
+    "copies-default",         "printer-is-accepting-jobs",
+    "printer-up-time",        "printer-config-change-time",
+    "media-default",          "media-col-default",
+    "media-source-supported", "media-supported",
+    "media-size-supported",   "media-col-database",
 };
 
 long NumberOf(const CupsAttributes& attributes, const std::string& name) {
@@ -57,6 +59,8 @@ IppMessage RequestFor(ipp_op_t operation, const std::string& uri) {
     std::vector<const char*> wanted(ListAttributes.begin(), ListAttributes.end());
     if (operation == IPP_OP_GET_PRINTER_ATTRIBUTES) {
         wanted.insert(wanted.end(), StateAttributes.begin(), StateAttributes.end());
+        const std::vector<const char*> forJobs = AttributesForJobs();
+        wanted.insert(wanted.end(), forJobs.begin(), forJobs.end());
     }
     ippAddStrings(request.get(), IPP_TAG_OPERATION, IPP_CONST_TAG(IPP_TAG_KEYWORD), "requested-attributes",
                   static_cast<int>(wanted.size()), nullptr, wanted.data());
@@ -165,14 +169,12 @@ bool CupsQueue::Reachable() {
 bool CupsQueue::Refresh() {
     isAsked_ = true;
     answered_.reset();
-    isGone_ = false;
     CupsConnection connection = server_->Connect();
     if (connection == nullptr) {
         return false;
     }
     const IppMessage answer = Ask(connection.get(), RequestFor(IPP_OP_GET_PRINTER_ATTRIBUTES, uri_));
     if (answer == nullptr) {
-        isGone_ = cupsLastError() == IPP_STATUS_ERROR_NOT_FOUND;
         return false;
     }
     ipp_attribute_t* at = NextQueue(answer.get(), ippFirstAttribute(answer.get()));
@@ -183,9 +185,10 @@ bool CupsQueue::Refresh() {
         if (!media) {
             return false;
         }
-        KeepNumbers(*media, server_->Numbers(name_));
         media_ = std::move(*media);
     }
+    OfferOwnSheet(media_, OwnSizeIn(server_->Defaults().Options(name_)));
+    KeepNumbers(media_, server_->Numbers(name_));
     known_ = std::move(attributes);
     answered_ = std::chrono::steady_clock::now();
     return true;
@@ -204,7 +207,8 @@ std::uint32_t CupsQueue::Status() {
                       ValueOf(known_, "printer-is-accepting-jobs"));
 }
 
-QueueSettings CupsQueue::SettingsOf(const CupsOptions& options) {
+QueueSettings CupsQueue::SettingsByFiles() {
+    const CupsOptions options = server_->Defaults().Options(name_);
     const CupsMedia& media = Media();
     QueueSettings settings{Portrait, media.DefaultPaper, media.DefaultBin, 1};
     if (const Paper* paper = PaperIn(media, options)) {
@@ -227,62 +231,23 @@ QueueSettings CupsQueue::SettingsOf(const CupsOptions& options) {
 }
 
 QueueSettings CupsQueue::ReadSettings() {
-    return SettingsOf(server_->Defaults().Options(name_));
+    const QueueSettings byFiles = SettingsByFiles();
+    return server_->Chosen(name_).Over(byFiles, media_.Papers, media_.Bins);
 }
 
-bool CupsQueue::WriteSettings(const QueueSettings& settings) {
-    UserDefaults& defaults = server_->Defaults();
-    if (const std::optional<CupsOptions> before = defaults.Before(name_)) {
-        QueueSettings first = SettingsOf(*before);
-        if (first.BinId == 0 && !media_.Bins.empty()) {
-            first.BinId = media_.Bins.front().Id; // a list shows its first where none is set
-        }
-        if (settings == first) {
-            return defaults.PutBack(name_);
-        }
-    }
-    const CupsOptions options = defaults.Options(name_);
-    const QueueSettings stored = SettingsOf(options);
-    if (settings == stored) {
-        return true;
-    }
-    CupsOptions changes;
-    const Paper* paper = WithId(media_.Papers, settings.PaperId);
-    const bool isOtherPaper = paper != nullptr && settings.PaperId != stored.PaperId;
-    if (isOtherPaper) {
-        changes.merge(PaperOptions(*paper));
-    }
-    // A bin that the user has named together with the paper goes with it, and has to be named by itself.
-    CupsOptions withoutMedia = options;
-    withoutMedia.erase("media");
-    const bool isNamedByMedia = isOtherPaper && BinIn(media_, withoutMedia) != BinIn(media_, options);
-    if (const Bin* bin = WithId(media_.Bins, settings.BinId);
-        bin != nullptr && (settings.BinId != stored.BinId || isNamedByMedia)) {
-        changes.merge(BinOptions(*bin));
-    }
-    if (settings.Orientation != stored.Orientation) {
-        changes["orientation-requested"] = settings.Orientation == Landscape ? IppLandscape : IppPortrait;
-    }
-    return defaults.Change(name_, changes);
+void CupsQueue::WriteSettings(const QueueSettings& settings) {
+    server_->Chosen(name_).Write(settings, SettingsByFiles());
+}
+
+CupsOptions CupsQueue::OptionsFor(const Paper& paper, const Bin* bin) const {
+    // The bin may be one of a list that the queue no longer has.
+    const Bin* const named = bin != nullptr ? bin : WithId(media_.Bins, media_.DefaultBin);
+    // The server adds the user's own options to no job.
+    return JobOptions(media_, server_->Defaults().Options(name_), known_, paper, named);
 }
 
 std::unique_ptr<PrintJob> CupsQueue::BeginJob(const std::string& title, const Paper& paper, const Bin* bin) {
-    if (NeedsReload && !isGone_) { // of a queue that is gone the server tells
-        throw RuntimeError(ErrorPrinter, NoAnswerText);
-    }
-    // The bin may be one of a list that the queue no longer has.
-    const Bin* const named = bin != nullptr ? bin : WithId(media_.Bins, media_.DefaultBin);
-    CupsOptions chosen = PaperOptions(paper);
-    const bool hasPaper = !chosen.empty();
-    const bool hasBin = named != nullptr && !named->StandIn;
-    if (hasBin) {
-        chosen.merge(BinOptions(*named));
-    }
-    CupsOptions options = server_->Defaults().Options(name_); // the server adds the user's own to no job
-    KeepPagesAsDrawn(options, hasPaper, hasBin);
-    std::erase_if(chosen, [](const auto& option) { return option.second.empty(); });
-    options.merge(chosen);
-    return std::make_unique<CupsJob>(server_, name_, uri_, title, options);
+    return std::make_unique<CupsJob>(server_, name_, uri_, title, OptionsFor(paper, bin));
 }
 
 } // namespace platform::qt

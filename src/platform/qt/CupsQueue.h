@@ -12,8 +12,8 @@
 
 namespace platform::qt {
 
-/// A queue of the print server. The user's own defaults, those that `lpoptions` shows, are its stored
-/// settings.
+/// A queue of the print server. Its stored settings are the user's own defaults, those that `lpoptions`
+/// shows, and over them what the program has written.
 class CupsQueue : public PrintQueue {
   public:
     CupsQueue(std::shared_ptr<CupsServer> server, CupsAttributes attributes);
@@ -31,14 +31,16 @@ class CupsQueue : public PrintQueue {
     const std::vector<Bin>& Bins() override { return Media().Bins; }
 
     QueueSettings ReadSettings() override;
-    bool WriteSettings(const QueueSettings& settings) override;
-    void PutSettingsBack() override { server_->Defaults().PutBack(name_); }
+    void WriteSettings(const QueueSettings& settings) override;
+    std::string Trouble() override { return server_->Defaults().Trouble(); }
 
+    /// All that a job on this paper and from this bin says.
+    CupsOptions OptionsFor(const Paper& paper, const Bin* bin) const;
     std::unique_ptr<PrintJob> BeginJob(const std::string& title, const Paper& paper, const Bin* bin) override;
 
   private:
     bool Refresh();
-    QueueSettings SettingsOf(const CupsOptions& options);
+    QueueSettings SettingsByFiles();
     const CupsMedia& Media();
     bool HasNewMedia(const CupsAttributes& attributes) const;
 
@@ -47,7 +49,6 @@ class CupsQueue : public PrintQueue {
     std::string uri_;
     CupsAttributes known_; ///< as the server last told them
     bool isAsked_ = false;
-    bool isGone_ = false; ///< the server has said that there is no such queue
     std::optional<std::chrono::steady_clock::time_point> answered_;
     CupsMedia media_;
 };

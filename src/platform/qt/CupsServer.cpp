@@ -3,6 +3,7 @@
 #include <sys/socket.h>
 
 #include <algorithm>
+#include <charconv>
 #include <utility>
 
 namespace platform::qt {
@@ -119,7 +120,23 @@ IppMessage NewRequest(ipp_op_t operation, const std::string& queueUri) {
 std::string ResourceOf(const std::string& queueUri) {
     const std::size_t host = queueUri.find("://");
     const std::size_t path = host == std::string::npos ? host : queueUri.find('/', host + 3);
-    return path == std::string::npos ? "/" : queueUri.substr(path);
+    if (path == std::string::npos) {
+        return "/";
+    }
+    std::string resource;
+    for (std::size_t at = path; at < queueUri.size(); ++at) {
+        unsigned value = 0;
+        const char* const digits = queueUri.c_str() + at + 1;
+        const auto parsed =
+            std::from_chars(digits, std::min(digits + 2, queueUri.c_str() + queueUri.size()), value, 16);
+        if (queueUri[at] == '%' && parsed.ptr == digits + 2 && value != 0) {
+            resource += static_cast<char>(value);
+            at += 2;
+        } else {
+            resource += queueUri[at];
+        }
+    }
+    return resource;
 }
 
 IppMessage Ask(http_t* http, IppMessage request) {

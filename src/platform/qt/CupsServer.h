@@ -1,6 +1,7 @@
 #pragma once
 
 #include "platform/qt/CupsMedia.h"
+#include "platform/qt/StoredChoice.h"
 #include "platform/qt/UserDefaults.h"
 
 #include <cups/cups.h>
@@ -57,7 +58,9 @@ class CupsServer {
     /// Has the server been found not to answer after this moment?
     bool HasFailedSince(std::chrono::steady_clock::time_point moment) const { return lastFailure_ > moment; }
 
-    UserDefaults& Defaults() { return defaults_; }
+    const UserDefaults& Defaults() const { return defaults_; }
+    /// What the program has written as a queue's stored settings, for as long as it runs.
+    StoredChoice& Chosen(const std::string& queue) { return chosen_[queue]; }
     /// What a queue's papers and bins are called, for as long as the program runs.
     MediaNumbers& Numbers(const std::string& queue) { return numbers_[queue]; }
 
@@ -77,13 +80,15 @@ class CupsServer {
     Clock::time_point lastSpent_;
     Clock::time_point lastFailure_;
     std::map<std::string, MediaNumbers> numbers_;
+    std::map<std::string, StoredChoice> chosen_;
     UserDefaults defaults_;
 };
 
 /// A request about a queue.
 IppMessage NewRequest(ipp_op_t operation, const std::string& queueUri);
 
-/// The place on the server that an address of a queue names.
+/// The place on the server that an address of a queue names, without the escapes of the address: the library
+/// puts its own.
 std::string ResourceOf(const std::string& queueUri);
 
 /// The answer, or nothing if there is none or it tells a failure.

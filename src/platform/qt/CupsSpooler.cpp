@@ -1,11 +1,12 @@
 #include "platform/qt/CupsSpooler.h"
 
-#include "platform/Text.h"
+#include "platform/qt/ShortNames.h"
 
 #include <algorithm>
 #include <array>
 #include <cmath>
 #include <cstring>
+#include <string_view>
 #include <vector>
 
 namespace platform::qt {
@@ -20,10 +21,10 @@ constexpr std::size_t BinNameBytes = 24;
 constexpr double TwipsPerTenthMillimetre = 1440.0 / 254.0;
 constexpr std::uint16_t DevModeVersion = 0x0401;
 
-/// A text in the code page into a field of `size` bytes, closed by a NUL.
-void PutText(char* field, std::size_t size, const std::string& utf8) {
-    const std::string bytes = text::ToCodePage(utf8);
-    char* end = std::copy_n(bytes.data(), std::min(size - 1, bytes.size()), field);
+/// A text into a field of `size` bytes, closed by a NUL.
+void PutText(char* field, std::size_t size, std::string_view text) {
+    const std::string_view part = WholeCharacters(text, size - 1);
+    char* end = std::copy(part.begin(), part.end(), field);
     std::fill(end, field + size, '\0');
 }
 
@@ -106,22 +107,28 @@ struct PutId {
     }
 };
 
-struct PutName {
-    std::size_t Size;
-
-    template <class Item>
-    void operator()(char*& at, const Item& item) const {
-        PutText(at, Size, item.Name);
-        at += Size;
-    }
-};
-
 struct PutPaperSize {
     void operator()(char*& at, const Paper& paper) const {
         Put(at, TenthsOfMillimetre(paper.Width));
         Put(at, TenthsOfMillimetre(paper.Height));
     }
 };
+
+/// The number of items and, where there is a buffer, their names in `size` bytes each.
+template <class Item>
+std::int32_t ListNames(void* output, const std::vector<Item>& items, std::size_t size) {
+    if (char* at = static_cast<char*>(output)) {
+        std::vector<std::string> names;
+        for (const Item& item : items) {
+            names.push_back(item.Name);
+        }
+        for (const std::string& name : ShortNames(names, size - 1)) {
+            PutText(at, size, name);
+            at += size;
+        }
+    }
+    return static_cast<std::int32_t>(items.size());
+}
 
 /// The number of items and, where there is a buffer, their data.
 template <class Item, class Write>
@@ -143,17 +150,26 @@ PrintQueue* CupsSpooler::OfHandle(PrinterHandle handle) const {
 
 bool CupsSpooler::OpenPrinterA(const std::string& printer, PrinterHandle& handle, const PRINTER_DEFAULTS&) {
     handle = 0;
-    PrintQueue* queue = printers_.Find(text::FromCodePage(printer));
-    if (queue == nullptr || queue->NeedsReload) {
+    PrintQueue* queue = printers_.Find(printer);
+    if (queue == nullptr) {
         return false;
     }
-    if (!queue->Reachable()) {
-        queue->NeedsReload = true;
+    queue->CouldNotBeOpened = !queue->Reachable();
+    if (queue->CouldNotBeOpened) {
         return false;
     }
     handle = ++last_;
     open_[handle] = queue->Name();
     return true;
+}
+
+std::string CupsSpooler::Decode(std::string_view bytes) const {
+    return std::string(WholeCharacters(bytes, bytes.size())); // a field's end may have cut the last one
+}
+
+std::string CupsSpooler::Trouble(const std::string& printer) {
+    PrintQueue* queue = printers_.Find(printer);
+    return queue == nullptr ? std::string() : queue->Trouble();
 }
 
 bool CupsSpooler::ClosePrinter(PrinterHandle handle) {
@@ -192,10 +208,10 @@ bool CupsSpooler::GetPrinterA(PrinterHandle handle, std::uint32_t level, void* b
         return false;
     }
     const std::array<InfoText, 4> texts = {{
-        {&PRINTER_INFO_2::pPrinterName, text::ToCodePage(queue->Name())},
-        {&PRINTER_INFO_2::pPortName, text::ToCodePage(queue->Port())},
-        {&PRINTER_INFO_2::pDriverName, text::ToCodePage(queue->Driver())},
-        {&PRINTER_INFO_2::pComment, text::ToCodePage(queue->Comment())},
+        {&PRINTER_INFO_2::pPrinterName, queue->Name()},
+        {&PRINTER_INFO_2::pPortName, queue->Port()},
+        {&PRINTER_INFO_2::pDriverName, queue->Driver()},
+        {&PRINTER_INFO_2::pComment, queue->Comment()},
     }};
     std::size_t total = sizeof(PRINTER_INFO_2) + sizeof(DEVMODE);
     for (const InfoText& each : texts) {
@@ -227,20 +243,18 @@ bool CupsSpooler::SetPrinterA(PrinterHandle handle, std::uint32_t level, const v
     }
     PRINTER_INFO_2 info;
     std::memcpy(&info, buffer, sizeof info);
-    return info.pDevMode != nullptr && queue->WriteSettings(Merged(*queue, ReadDevMode(info.pDevMode)));
+    if (info.pDevMode == nullptr) {
+        return false;
+    }
+    queue->WriteSettings(Merged(*queue, ReadDevMode(info.pDevMode)));
+    return true;
 }
 
 std::int32_t CupsSpooler::DeviceCapabilitiesA(const std::string& printer, const std::string&,
                                               std::uint16_t capability, void* output) {
-    PrintQueue* queue = printers_.Find(text::FromCodePage(printer));
-    if (queue == nullptr) {
-        return Failed;
-    }
-    if (output == nullptr) { // a count begins a reading of the lists, and they may have changed
-        queue->NeedsReload = !queue->Reachable();
-        if (queue->NeedsReload) {
-            return Failed;
-        }
+    PrintQueue* queue = printers_.Find(printer);
+    if (queue == nullptr || (output == nullptr && !queue->Reachable())) {
+        return Failed; // a count begins a reading of the lists, and they may have changed
     }
     switch (capability) {
     case DC_PAPERS:
@@ -248,11 +262,11 @@ std::int32_t CupsSpooler::DeviceCapabilitiesA(const std::string& printer, const 
     case DC_PAPERSIZE:
         return List(output, queue->Papers(), PutPaperSize{});
     case DC_PAPERNAMES:
-        return List(output, queue->Papers(), PutName{PaperNameBytes});
+        return ListNames(output, queue->Papers(), PaperNameBytes);
     case DC_BINS:
         return List(output, queue->Bins(), PutId{});
     case DC_BINNAMES:
-        return List(output, queue->Bins(), PutName{BinNameBytes});
+        return ListNames(output, queue->Bins(), BinNameBytes);
     default:
         return Failed;
     }

@@ -8,9 +8,8 @@
 
 namespace platform::qt {
 
-/// Has the program end in order when someone asks it to (SIGTERM, SIGINT, SIGHUP), and be ready when the
-/// session may end: what it has borrowed, such as the defaults of a printer, is put back then. One at a time;
-/// needs a QApplication.
+/// Has the program end in order when someone asks it to (SIGTERM, SIGINT, SIGHUP), and be asked when the
+/// session may end. One at a time; needs a QApplication.
 class EndSignals : public QObject {
   public:
     /// `end` runs from the message loop, once for each signal. `sessionMayEnd` is asked when the session is

@@ -4,8 +4,6 @@
 
 #include <QList>
 
-#include <utility>
-
 namespace platform::qt {
 
 namespace {
@@ -68,54 +66,15 @@ bool IsLineOf(const QByteArray& line, const QByteArray& queue) {
 
 } // namespace
 
-OptionLine::OptionLine(const QByteArray& text, const std::string& queue) : text_(text) {
+QByteArray LineOf(const QByteArray& text, const std::string& queue) {
     const QByteArray name = QByteArray::fromStdString(queue);
-    for (qsizetype at = 0; at < text_.size();) {
-        const qsizetype end = text_.indexOf('\n', at);
-        const qsizetype next = end < 0 ? text_.size() : end + 1;
-        if (IsLineOf(text_.mid(at, next - at), name)) {
-            begin_ = at;
-            size_ = next - at;
-        }
-        at = next;
-    }
-}
-
-QByteArray OptionLine::Replaced(const QByteArray& line) const {
-    return Exists() ? QByteArray(text_).replace(begin_, size_, line) : line + text_;
-}
-
-QByteArray WithOptions(const QByteArray& line, const std::string& queue,
-                       const std::map<std::string, std::string>& changes) {
-    const QByteArray lineEnd = line.isEmpty() || line.endsWith('\n') ? "\n" : ""; // never part of a word
-    QByteArray result = line.isEmpty() ? "Dest " + QByteArray::fromStdString(queue) : line;
-    result.chop(line.isEmpty() ? 0 : lineEnd.size());
-    std::map<std::string, std::string> left = changes;
-    QList<Word> words = WordsOf(result);
-    for (qsizetype i = words.size() - 1; i >= FirstOption;
-         --i) { // from the end, as places behind a change move
-        const QByteArray option = TextOf(result, words[i]);
-        const std::string name = option.split('=').front().toStdString();
-        const auto change = changes.find(name);
-        if (change == changes.end()) {
-            continue;
-        }
-        if (change->second.empty() || left.erase(name) == 0) { // the last one of its name counts
-            const qsizetype blankBefore = words[i - 1].End;
-            result.remove(blankBefore, words[i].End - blankBefore);
-        } else {
-            result.replace(words[i].Begin, words[i].End - words[i].Begin,
-                           QByteArray::fromStdString(name + "=" + change->second));
+    QByteArray found;
+    for (const QByteArray& line : text.split('\n')) {
+        if (IsLineOf(line, name)) {
+            found = line;
         }
     }
-    words = WordsOf(result);
-    QByteArray added;
-    for (const auto& [name, value] : left) {
-        if (!value.empty()) {
-            added += QByteArray::fromStdString(" " + name + "=" + value);
-        }
-    }
-    return result.insert(words.back().End, added) + lineEnd;
+    return found;
 }
 
 std::map<std::string, std::string> OptionsOf(const QByteArray& line) {
@@ -141,10 +100,6 @@ std::string PreferredIn(const QByteArray& text) {
         }
     }
     return {};
-}
-
-bool IsBare(const QByteArray& line) {
-    return line.startsWith("Dest ") && WordsOf(line).size() <= FirstOption;
 }
 
 } // namespace platform::qt

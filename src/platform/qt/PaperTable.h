@@ -11,6 +11,7 @@ inline constexpr std::int16_t PaperA4 = 9;
 inline constexpr std::int16_t PaperA5 = 11;
 
 inline constexpr std::int16_t BinAutomatic = 7;
+inline constexpr std::int16_t BinOfPrinter = 15;
 
 /// First number for a paper or bin that has no code of its own.
 inline constexpr std::int16_t FirstPrivateId = 256;

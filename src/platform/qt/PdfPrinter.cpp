@@ -3,6 +3,7 @@
 #include "platform/RuntimeError.h"
 #include "platform/qt/ArrowPointer.h"
 #include "platform/qt/PaperTable.h"
+#include "platform/qt/SheetSize.h"
 
 #include <QApplication>
 #include <QDir>
@@ -25,6 +26,9 @@ namespace {
 /// Bytes of a name without its ending. File systems take 255, and while the file is written it has a mark of
 /// a few letters behind it.
 constexpr qsizetype LongestFileName = 200;
+
+/// The sheet of three forms has no code of its own.
+constexpr std::int16_t PaperForm = FirstPrivateId;
 
 /// A name and where it stands in the settings.
 struct Setting {
@@ -161,7 +165,8 @@ QString FileNameForTitle(const std::string& title) {
 
 PdfPrinter::PdfPrinter(FileAsker asker, const QString& settingsFile)
     : asker_(std::move(asker)), defaults_(settingsFile.isEmpty() ? OwnSettingsFile() : settingsFile, {}),
-      papers_{PaperOf(PaperA4, "A4", TwipsOfMillimetres(210), TwipsOfMillimetres(297)),
+      papers_{PaperOf(PaperForm, FormSheetName, FormSheet.Width, FormSheet.Height),
+              PaperOf(PaperA4, "A4", TwipsOfMillimetres(210), TwipsOfMillimetres(297)),
               PaperOf(PaperA5, "A5", TwipsOfMillimetres(148), TwipsOfMillimetres(210)),
               PaperOf(PaperLetter, "Letter", TwipsOfInches(8.5), TwipsOfInches(11)),
               PaperOf(PaperLegal, "Legal", TwipsOfInches(8.5), TwipsOfInches(14))} {
@@ -175,8 +180,9 @@ std::string PdfPrinter::Comment() {
     return "Elk document wordt een PDF-bestand";
 }
 
-QueueSettings PdfPrinter::SettingsOf(const CupsOptions& options) const {
-    QueueSettings settings{Portrait, PaperA4, BinAutomatic, 1};
+QueueSettings PdfPrinter::SettingsByFile() const {
+    QueueSettings settings{Portrait, PaperForm, BinAutomatic, 1};
+    const CupsOptions options = defaults_.Options(DeviceName());
     for (const Setting& setting : StoredSettings) {
         const auto option = options.find(setting.Name);
         if (option != options.end()) {
@@ -192,22 +198,11 @@ QueueSettings PdfPrinter::SettingsOf(const CupsOptions& options) const {
 }
 
 QueueSettings PdfPrinter::ReadSettings() {
-    return SettingsOf(defaults_.Options(DeviceName()));
+    return chosen_.Over(SettingsByFile(), papers_, bins_);
 }
 
-bool PdfPrinter::WriteSettings(const QueueSettings& settings) {
-    if (const std::optional<CupsOptions> before = defaults_.Before(DeviceName());
-        before && settings == SettingsOf(*before)) {
-        return defaults_.PutBack(DeviceName());
-    }
-    const QueueSettings stored = ReadSettings();
-    CupsOptions changes;
-    for (const Setting& setting : StoredSettings) {
-        if (settings.*setting.Value != stored.*setting.Value) {
-            changes[setting.Name] = std::to_string(settings.*setting.Value);
-        }
-    }
-    return changes.empty() || defaults_.Change(DeviceName(), changes);
+void PdfPrinter::WriteSettings(const QueueSettings& settings) {
+    chosen_.Write(settings, SettingsByFile());
 }
 
 std::unique_ptr<PrintJob> PdfPrinter::BeginJob(const std::string& title, const Paper&, const Bin*) {

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "platform/qt/PrintQueue.h"
+#include "platform/qt/StoredChoice.h"
 #include "platform/qt/UserDefaults.h"
 
 #include <QString>
@@ -21,8 +22,9 @@ std::optional<QString> AskForPdfFile(const QString& proposed);
 /// when the document begins. The file appears when it is complete, or not at all.
 class PdfPrinter : public PrintQueue {
   public:
-    /// `settingsFile` keeps the printer's settings, as a print server's queues have theirs; an empty name
-    /// stands for one in the user's own configuration folder.
+    /// `settingsFile` has the printer's settings as the user wants them, as a print server's queues have
+    /// theirs; it is read and never written. An empty name stands for one in the user's own configuration
+    /// folder.
     explicit PdfPrinter(FileAsker asker = AskForPdfFile, const QString& settingsFile = {});
 
     static const char* DeviceName() { return "PDF-bestand"; }
@@ -38,16 +40,17 @@ class PdfPrinter : public PrintQueue {
     const std::vector<Bin>& Bins() override { return bins_; }
 
     QueueSettings ReadSettings() override;
-    bool WriteSettings(const QueueSettings& settings) override;
-    void PutSettingsBack() override { defaults_.PutBack(DeviceName()); }
+    void WriteSettings(const QueueSettings& settings) override;
+    std::string Trouble() override { return defaults_.Trouble(); }
 
     std::unique_ptr<PrintJob> BeginJob(const std::string& title, const Paper& paper, const Bin* bin) override;
 
   private:
-    QueueSettings SettingsOf(const CupsOptions& options) const;
+    QueueSettings SettingsByFile() const;
 
     FileAsker asker_;
     UserDefaults defaults_;
+    StoredChoice chosen_;
     std::vector<Paper> papers_;
     std::vector<Bin> bins_;
 };

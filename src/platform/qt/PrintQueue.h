@@ -29,15 +29,16 @@ struct Paper {
 struct Bin {
     std::int16_t Id = 0;   ///< DMBIN code, or from 256 on
     std::string Name;      ///< as the user reads it
-    std::string PpdSlot;   ///< choice of InputSlot; empty if the queue has none
+    std::string PpdOption; ///< option of the PPD that has the bins; empty if the queue has none
+    std::string PpdSlot;   ///< choice of that option
     std::string PwgSource; ///< keyword of `media-source`; empty if the queue has none
-    bool StandIn = false;  ///< the queue tells no bins: offered so that there is one to choose
+    bool StandIn = false;  ///< what the printer takes by itself: no option names it
 };
 
 inline constexpr std::int16_t Portrait = 1;
 inline constexpr std::int16_t Landscape = 2;
 
-/// What a user has set for a queue once and for all documents.
+/// What is set for a queue once and for all documents.
 struct QueueSettings {
     std::int16_t Orientation = Portrait;
     std::int16_t PaperId = 0;
@@ -79,21 +80,22 @@ class PrintQueue {
     virtual const std::vector<Paper>& Papers() = 0;
     virtual const std::vector<Bin>& Bins() = 0;
 
+    /// The user's own, with what the program has written over them.
     virtual QueueSettings ReadSettings() = 0;
-    /// False if they could not be stored.
-    virtual bool WriteSettings(const QueueSettings& settings) = 0;
+    /// They hold until the program ends, and what the user's files say stays as it is.
+    virtual void WriteSettings(const QueueSettings& settings) = 0;
+
+    /// What is wrong with the files that have the user's own settings, in a few words for the user; empty if
+    /// nothing is.
+    virtual std::string Trouble() { return {}; }
 
     /// RuntimeError(ErrorPrinter) if the document cannot be begun.
     virtual std::unique_ptr<PrintJob> BeginJob(const std::string& title, const Paper& paper,
                                                const Bin* bin) = 0;
 
-    /// Undoes what was written and not put back, as far as that can be done now.
-    virtual void PutSettingsBack() {}
-
-    /// Set when the printer did not answer while its lists were read or its settings written, until its lists
-    /// have been read again: what the user sees may not be what the printer has, and a document would go to a
-    /// tray that nobody chose.
-    bool NeedsReload = false;
+    /// Set while the last attempt to open the queue for its settings has failed: what the user chooses is
+    /// then written with the printer's own settings, or it would be lost when the printer is assigned anew.
+    bool CouldNotBeOpened = false;
 };
 
 /// The queues of a print server, and which of them is the user's default (-1: none).

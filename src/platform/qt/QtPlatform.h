@@ -7,7 +7,6 @@
 #include "platform/SeededRandom.h"
 #include "platform/qt/CupsSpooler.h"
 #include "platform/qt/EndSignals.h"
-#include "platform/qt/Guarded.h"
 #include "platform/qt/QtBitmaps.h"
 #include "platform/qt/QtClock.h"
 #include "platform/qt/QtDesktop.h"
@@ -41,16 +40,6 @@ class QtPlatform {
     void Run() { desktop_.Run(); }
 
   private:
-    /// Before the session ends. A document under way needs what the program has set for it, and is waited
-    /// for.
-    bool MayEnd() {
-        if (printer_.IsPrinting()) {
-            return false;
-        }
-        printers_.PutSettingsBack();
-        return true;
-    }
-
     DutchApplication application_;
     QtDesktop desktop_;
     RegFileStore registry_{DefaultSettingsPath()};
@@ -65,12 +54,8 @@ class QtPlatform {
     QtBitmaps bitmaps_;
     platform::Platform services_{desktop_, registry_, locale_,  clock_,   random_,
                                  spooler_, printers_, printer_, bitmaps_, desktop_.Windows()};
-    EndSignals ending_{[this] {
-                           // Here already: a document under way ends first, and the session may not wait.
-                           Guarded([this] { printers_.PutSettingsBack(); });
-                           QCoreApplication::exit(); // of every loop that is open, a modal form's too
-                       },
-                       [this] { return Guarded(true, [this] { return MayEnd(); }); }};
+    EndSignals ending_{[] { QCoreApplication::exit(); }, // of every loop that is open, a modal form's too
+                       [this] { return !printer_.IsPrinting(); }}; // a document under way is waited for
 };
 
 } // namespace platform::qt

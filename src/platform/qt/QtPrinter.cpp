@@ -90,6 +90,7 @@ void QtPrinter::SetPaperSize(std::int16_t paper) {
         throw RuntimeError(ErrorInvalidPropertyValue, "De printer kent dit papierformaat niet.");
     }
     settings_.PaperId = paper;
+    StoreWhereUnwritten();
 }
 
 std::int16_t QtPrinter::PaperBin() {
@@ -103,6 +104,13 @@ void QtPrinter::SetPaperBin(std::int16_t bin) {
         throw RuntimeError(ErrorInvalidPropertyValue, "De printer kent deze papierlade niet.");
     }
     settings_.BinId = bin;
+    StoreWhereUnwritten();
+}
+
+void QtPrinter::StoreWhereUnwritten() {
+    if (queue_->CouldNotBeOpened) {
+        queue_->WriteSettings(settings_);
+    }
 }
 
 std::int16_t QtPrinter::Copies() {

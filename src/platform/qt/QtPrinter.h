@@ -57,6 +57,7 @@ class QtPrinter : public Printer, private PageDevice {
     PrintQueue& Queue();
     const Paper& CurrentPaper();
     const Bin* CurrentBin();
+    void StoreWhereUnwritten();
     Measures Measure();
     Sheet SheetNow();
 

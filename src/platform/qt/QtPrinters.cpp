@@ -58,12 +58,6 @@ PrintQueue* QtPrinters::Find(const std::string& name) {
     return found == queues_.end() ? nullptr : found->get();
 }
 
-void QtPrinters::PutSettingsBack() {
-    for (const auto& queue : queues_) {
-        queue->PutSettingsBack();
-    }
-}
-
 int QtPrinters::DefaultIndex() {
     Load();
     return default_;

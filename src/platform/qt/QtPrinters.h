@@ -31,8 +31,6 @@ class QtPrinters : public Printers {
     std::shared_ptr<PrintQueue> Share(int index);
     /// Nothing if no printer has this name.
     PrintQueue* Find(const std::string& name);
-    /// Undoes what was written into the printers' settings, at the end of the program.
-    void PutSettingsBack();
     /// Index of the user's default printer, else of the PDF printer.
     int DefaultIndex();
 

@@ -55,7 +55,7 @@ class SpoolQueue final : public PrintQueue {
     const std::vector<Paper>& Papers() override { return papers_; }
     const std::vector<Bin>& Bins() override { return bins_; }
     QueueSettings ReadSettings() override { return {}; }
-    bool WriteSettings(const QueueSettings&) override { return true; }
+    void WriteSettings(const QueueSettings&) override {}
     std::unique_ptr<PrintJob> BeginJob(const std::string&, const Paper&, const Bin*) override {
         ++spool_.Begun;
         if (spool_.RefusesStart) {

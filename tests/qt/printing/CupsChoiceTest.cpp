@@ -2,6 +2,9 @@
 
 #include <gtest/gtest.h>
 
+#include <array>
+#include <string>
+
 namespace platform::qt {
 namespace {
 
@@ -13,6 +16,7 @@ CupsMedia TwoOfEach() {
     media.Papers[0].PwgMedia = "iso_a4_210x297mm";
     media.Papers[1].PwgMedia = "na_legal_8.5x14in";
     media.Bins.resize(2);
+    media.Bins[0].PpdOption = "InputSlot";
     media.Bins[0].PpdSlot = "Upper";
     media.Bins[0].PwgSource = "top";
     media.Bins[1].PwgSource = "tray-3";
@@ -53,22 +57,104 @@ TEST(CupsChoice, NamesNothingForAStandIn) {
     EXPECT_TRUE(BinOptions(bin).empty());
 }
 
-TEST(CupsChoice, KeepsPagesAsDrawnAndOtherOptionsAsTheyAre) {
-    const CupsOptions all = {{"number-up", "2"},     {"Landscape", "true"},  {"media", "A5"},
-                             {"ManualFeed", "True"}, {"sides", "one-sided"}, {"fitplot", "true"}};
-    const auto left = [&all](bool paper, bool bin) {
-        CupsOptions options = all;
-        KeepPagesAsDrawn(options, paper, bin);
-        return options;
-    };
-    const CupsOptions neutral = {{"sides", "one-sided"}};
-    CupsOptions withFeed = neutral;
-    withFeed["ManualFeed"] = "True";
-    CupsOptions withMedia = withFeed;
-    withMedia["media"] = "A5";
-    EXPECT_EQ(left(true, true), neutral);
-    EXPECT_EQ(left(true, false), withFeed);
-    EXPECT_EQ(left(false, false), withMedia);
+TEST(CupsChoice, FindsAMadeUpSizeByItsSides) {
+    CupsMedia media;
+    media.IsByPpd = true;
+    media.CustomSizes = {{{1440, 1440}, {20000, 20000}}};
+    OfferSheet(media, FormSheet, FormSheetName);
+    ASSERT_EQ(media.Papers.size(), 1U);
+    for (const char* own : {"Custom.210x304.8mm", "Custom.595.2756x864", "custom_210x304.8mm_210x304.8mm"}) {
+        EXPECT_EQ(PaperIn(media, {{"PageSize", own}}), &media.Papers[0]) << own;
+        EXPECT_EQ(PaperIn(media, {{"media", own}}), &media.Papers[0]) << own;
+        EXPECT_EQ(OwnSizeIn({{"media", std::string("Upper,") + own}}), own);
+    }
+    EXPECT_EQ(PaperIn(media, {{"PageSize", "Custom.200x300mm"}}), nullptr);
+    EXPECT_EQ(OwnSizeIn({{"PageSize", "A4"}, {"media", "Custom.200x300mm"}}), "");
+}
+
+constexpr std::array<const char*, 3> TwoSided = {"two-sided-long-edge", "DuplexTumble", "True"};
+
+TEST(CupsChoice, SaysWhatTheDocumentNeedsWhateverTheUserAndTheServerHave) {
+    CupsMedia media = TwoOfEach();
+    media.IsByPpd = true;
+    media.PlainChoices = {{"Duplex", "None"}, {"EFDuplex", "False"}};
+    const CupsOptions own = {{"sides", TwoSided[0]},       {"DUPLEX", TwoSided[1]},
+                             {"EFDuplexing", TwoSided[2]}, {"number-up", "4"},
+                             {"Page-Set", "even"},         {"mirror", "true"},
+                             {"page-border", "double"},    {"job-sheets", "standard,none"},
+                             {"page-ranges", "2"},         {"OutputOrder", "Reverse"},
+                             {"fit-to-page", "true"},      {"scaling", "50"},
+                             {"Landscape", "true"},        {"media", "A5"},
+                             {"ManualFeed", "True"},       {"copies", "3"},
+                             {"ColorModel", "Gray"},       {"print-quality", "5"},
+                             {"finishings", "4"},          {"job-account-id", "7"}};
+    const CupsOptions known = {{"page-ranges-default", "1-2"},
+                               {"orientation-requested-default", "4"},
+                               {"fitplot-default", "true"},
+                               {"scaling-default", "100"}};
+    EXPECT_EQ(JobOptions(media, own, known, media.Papers[0], &media.Bins[0]),
+              (CupsOptions{{"PageSize", "A4"},
+                           {"media", "iso_a4_210x297mm"},
+                           {"InputSlot", "Upper"},
+                           {"media-source", "top"},
+                           {"copies", "1"},
+                           {"document-format", "application/pdf"},
+                           {"sides", "one-sided"},
+                           {"Duplex", "None"},
+                           {"EFDuplex", "False"},
+                           {"number-up", "1"},
+                           {"page-set", "all"},
+                           {"mirror", "false"},
+                           {"page-border", "none"},
+                           {"job-sheets", "none,none"},
+                           {"outputorder", "normal"},
+                           {"print-scaling", "none"},
+                           {"page-ranges", "1-2147483647"},
+                           {"orientation-requested", "3"},
+                           {"fitplot", "false"},
+                           {"ColorModel", "Gray"},
+                           {"print-quality", "5"},
+                           {"finishings", "4"},
+                           {"job-account-id", "7"}}));
+}
+
+TEST(CupsChoice, DescribesTheSheetAndItsBinToAQueueWithoutAPpd) {
+    const CupsMedia media = TwoOfEach();
+    Paper own;
+    own.PwgMedia = PwgKeyword(FormSheet);
+    own.Width = FormSheet.Width;
+    own.Height = FormSheet.Height;
+    CupsOptions options = JobOptions(media, {{"media-col", "{media-source=top}"}}, {}, own, &media.Bins[1]);
+    EXPECT_EQ(options["media-col"], "{media-size={x-dimension=21000 y-dimension=30480} media-source=tray-3}");
+    EXPECT_FALSE(options.contains("media")); // no keyword that every server knows
+    EXPECT_FALSE(options.contains("PageSize"));
+}
+
+TEST(CupsChoice, NamesNoBinWhereThePrinterChooses) {
+    CupsMedia media = TwoOfEach();
+    media.IsByPpd = true;
+    Bin printers;
+    printers.StandIn = true;
+    media.Bins.insert(media.Bins.begin(), printers);
+    const CupsOptions options = JobOptions(media, {{"InputSlot", "Upper"}, {"ManualFeed", "True"}}, {},
+                                           media.Papers[0], &media.Bins[0]);
+    EXPECT_FALSE(options.contains("InputSlot"));
+    EXPECT_FALSE(options.contains("ManualFeed"));
+    EXPECT_FALSE(options.contains("media-source"));
+}
+
+TEST(CupsChoice, LeavesTheUsersPaperAndBinToAQueueThatTellsNone) {
+    CupsMedia media;
+    Paper paper;
+    paper.StandIn = true;
+    Bin bin;
+    bin.StandIn = true;
+    media.Bins.push_back(bin);
+    const CupsOptions options =
+        JobOptions(media, {{"media", "A5"}, {"InputSlot", "Upper"}}, {}, paper, &media.Bins[0]);
+    EXPECT_EQ(options.at("media"), "A5");
+    EXPECT_EQ(options.at("InputSlot"), "Upper");
+    EXPECT_FALSE(options.contains("media-col"));
 }
 
 } // namespace

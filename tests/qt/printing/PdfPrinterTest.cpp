@@ -25,6 +25,7 @@ namespace platform::qt {
 namespace {
 
 const FontSpec Tahoma9 = {"Tahoma", 9, false};
+constexpr std::int16_t PaperForm = FirstPrivateId;
 
 /// The PDF printer alone, in a folder of its own, with a user who gives the answers of `Answers` in turn.
 class PdfPrinterTest : public testing::Test {
@@ -66,7 +67,7 @@ TEST_F(PdfPrinterTest, IsTheOnlyPrinterWhereThereIsNoServer) {
 }
 
 TEST_F(PdfPrinterTest, HasTheWholeSheetAsItsPrintableArea) {
-    EXPECT_EQ(Printer.PaperSize(), PaperA4);
+    Printer.SetPaperSize(PaperA4);
     EXPECT_EQ(Printer.Orientation(), 1);
     EXPECT_NEAR(Printer.Width(), 11906, 0.5);
     EXPECT_NEAR(Printer.Height(), 16838, 0.5);
@@ -80,7 +81,17 @@ TEST_F(PdfPrinterTest, HasTheWholeSheetAsItsPrintableArea) {
     EXPECT_EQ(Printer.GetDeviceCaps(CapsLogPixelsY), 600);
 }
 
+TEST_F(PdfPrinterTest, StartsOnTheSheetOfThreeForms) {
+    EXPECT_EQ(Printers.Queue(0).Papers().front().Name, "Acceptgiro 210 x 304,8 mm");
+    EXPECT_EQ(Printer.PaperSize(), Printers.Queue(0).Papers().front().Id);
+    EXPECT_NEAR(Printer.Width(), 11905.5, 0.1);
+    EXPECT_NEAR(Printer.Height(), 17280, 0.1);
+    PrintOneLine();
+    EXPECT_EQ(pdf::Info(Path, "Page size").substr(0, 15), "595.276 x 864 p");
+}
+
 TEST_F(PdfPrinterTest, TurnsItsMeasuresWithTheSheet) {
+    Printer.SetPaperSize(PaperA4);
     Printer.SetOrientation(2);
     EXPECT_NEAR(Printer.ScaleWidth(), 16838, 0.5);
     EXPECT_NEAR(Printer.ScaleHeight(), 11906, 0.5);
@@ -100,7 +111,7 @@ TEST_F(PdfPrinterTest, RefusesWhatItDoesNotHave) {
     EXPECT_EQ(numberOf([this] { Printer.SetOrientation(0); }), ErrorInvalidPropertyValue);
     EXPECT_EQ(numberOf([this] { Printer.SetOrientation(3); }), ErrorInvalidPropertyValue);
     EXPECT_EQ(numberOf([this] { Printer.Assign(1); }), ErrorSubscriptOutOfRange);
-    EXPECT_EQ(Printer.PaperSize(), PaperA4);
+    EXPECT_EQ(Printer.PaperSize(), PaperForm);
 }
 
 TEST_F(PdfPrinterTest, WritesTheDocumentWithItsTitleOnTheChosenPaper) {
@@ -253,11 +264,10 @@ TEST_F(PdfPrinterTest, AssigningTakesStoredDefaultsAndTheOwnFontAfresh) {
     Printer.Drawing.CurrentX = 7;
     Printer.Assign(0);
     EXPECT_EQ(Printer.Orientation(), 1);
-    EXPECT_EQ(Printer.PaperSize(), PaperA4);
+    EXPECT_EQ(Printer.PaperSize(), PaperForm);
     EXPECT_EQ(Printer.Drawing.CurrentX, 0);
     EXPECT_EQ(Printer.Drawing.Font.Size, 8);
-    PdfPrinter other(AskForPdfFile, SettingsFile());
-    ASSERT_TRUE(other.WriteSettings({Landscape, PaperLegal, BinAutomatic, 1}));
+    Printers.Queue(0).WriteSettings({Landscape, PaperLegal, BinAutomatic, 1});
     Printer.Assign(0);
     EXPECT_EQ(Printer.Orientation(), 2);
     EXPECT_EQ(Printer.PaperSize(), PaperLegal);
@@ -277,21 +287,18 @@ TEST_F(PdfPrinterTest, ReadsDamagedSettingsAsFarAsTheyGo) {
               (QueueSettings{Portrait, PaperLegal, BinAutomatic, 1}));
 }
 
-TEST_F(PdfPrinterTest, LeavesNoTraceWhereItsSettingsArePutBack) {
+TEST_F(PdfPrinterTest, KeepsWhatIsSetAsLongAsItLivesAndWritesNoFile) {
     PdfPrinter printer(AskForPdfFile, SettingsFile());
     const QueueSettings before = printer.ReadSettings();
-    ASSERT_TRUE(printer.WriteSettings({Landscape, PaperA5, BinAutomatic, 1}));
-    EXPECT_TRUE(QFile::exists(SettingsFile()));
-    ASSERT_TRUE(printer.WriteSettings(before));
+    printer.WriteSettings({Landscape, PaperA5, BinAutomatic, 1});
+    EXPECT_EQ(printer.ReadSettings(), (QueueSettings{Landscape, PaperA5, BinAutomatic, 1}));
+    EXPECT_EQ(PdfPrinter(AskForPdfFile, SettingsFile()).ReadSettings(), before);
+    printer.WriteSettings(before);
+    EXPECT_EQ(printer.ReadSettings(), before);
     EXPECT_FALSE(QFileInfo::exists(QFileInfo(SettingsFile()).absolutePath()));
-    {
-        PdfPrinter ending(AskForPdfFile, SettingsFile());
-        ASSERT_TRUE(ending.WriteSettings({Portrait, PaperA5, BinAutomatic, 1}));
-    }
-    EXPECT_FALSE(QFile::exists(SettingsFile()));
 }
 
-TEST_F(PdfPrinterTest, PutsItsSettingsBackByteForByte) {
+TEST_F(PdfPrinterTest, LeavesTheUsersOwnSettingsByteForByte) {
     constexpr const char* Odd = "# van mij\ndest PDF-bestand   paper=5  x=1";
     QDir().mkpath(QFileInfo(SettingsFile()).absolutePath());
     QFile file(SettingsFile());
@@ -299,20 +306,31 @@ TEST_F(PdfPrinterTest, PutsItsSettingsBackByteForByte) {
     file.write(Odd);
     file.close();
     PdfPrinter printer(AskForPdfFile, SettingsFile());
-    const QueueSettings before = printer.ReadSettings();
-    EXPECT_EQ(before.PaperId, PaperLegal);
-    ASSERT_TRUE(printer.WriteSettings({Portrait, PaperA4, BinAutomatic, 1}));
+    EXPECT_EQ(printer.ReadSettings().PaperId, PaperLegal);
+    printer.WriteSettings({Portrait, PaperA4, BinAutomatic, 1});
     EXPECT_EQ(printer.ReadSettings().PaperId, PaperA4);
-    ASSERT_TRUE(printer.WriteSettings(before));
     ASSERT_TRUE(file.open(QIODevice::ReadOnly));
     EXPECT_EQ(file.readAll().toStdString(), Odd);
 }
 
-TEST_F(PdfPrinterTest, CannotStoreSettingsWhereThereIsNoFolder) {
-    QFile file(Folder.filePath("bestand"));
+TEST_F(PdfPrinterTest, FollowsTheFileWhereNothingWasSet) {
+    QDir().mkpath(QFileInfo(SettingsFile()).absolutePath());
+    PdfPrinter printer(AskForPdfFile, SettingsFile());
+    printer.WriteSettings({Landscape, PaperForm, BinAutomatic, 1});
+    QFile file(SettingsFile());
     ASSERT_TRUE(file.open(QIODevice::WriteOnly));
-    PdfPrinter printer(AskForPdfFile, Folder.filePath("bestand/pdf.conf"));
-    EXPECT_FALSE(printer.WriteSettings({Landscape, PaperA5, BinAutomatic, 1}));
+    file.write("Dest PDF-bestand paper=5\n");
+    file.close();
+    EXPECT_EQ(printer.ReadSettings(), (QueueSettings{Landscape, PaperLegal, BinAutomatic, 1}));
+}
+
+TEST_F(PdfPrinterTest, TellsThatItsSettingsCannotBeRead) {
+    PdfPrinter printer(AskForPdfFile, SettingsFile());
+    EXPECT_EQ(printer.Trouble(), "");
+    QDir().mkpath(SettingsFile());
+    EXPECT_EQ(printer.Trouble(), "pdf.conf is niet te lezen");
+    printer.WriteSettings({Landscape, PaperA5, BinAutomatic, 1});
+    EXPECT_EQ(printer.ReadSettings().PaperId, PaperA5);
 }
 
 TEST(FileNameForTitle, IsAPlainFileName) {

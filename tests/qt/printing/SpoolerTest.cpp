@@ -1,9 +1,10 @@
-#include "platform/Text.h"
 #include "platform/qt/CupsSpooler.h"
 #include "platform/qt/CupsStatus.h"
 #include "platform/qt/PaperTable.h"
+#include "platform/qt/QtPrinter.h"
 #include "platform/qt/QtPrinters.h"
 
+#include <QFile>
 #include <QTemporaryDir>
 
 #include <gtest/gtest.h>
@@ -25,19 +26,15 @@ class FakeQueue : public PrintQueue {
     const std::vector<Paper>& Papers() override { return PaperList; }
     const std::vector<Bin>& Bins() override { return BinList; }
     QueueSettings ReadSettings() override { return Settings; }
-    bool WriteSettings(const QueueSettings& settings) override {
-        if (TakesSettings) {
-            Settings = settings;
-        }
-        return TakesSettings;
-    }
+    void WriteSettings(const QueueSettings& settings) override { Settings = settings; }
+    std::string Trouble() override { return TroubleText; }
     std::unique_ptr<PrintJob> BeginJob(const std::string&, const Paper&, const Bin*) override {
         return nullptr;
     }
 
     std::string QueueName = "Kantoor";
     bool IsReachable = true;
-    bool TakesSettings = true;
+    std::string TroubleText;
     std::vector<Paper> PaperList;
     std::vector<Bin> BinList;
     QueueSettings Settings{Portrait, PaperA4, 1, 3};
@@ -118,9 +115,45 @@ TEST_F(SpoolerTest, CountsNoPapersOfAPrinterThatCannotBeAsked) {
     EXPECT_EQ(Spooler.DeviceCapabilitiesA("Kantoor", "", DC_BINS, nullptr), -1);
 }
 
-TEST_F(SpoolerTest, FindsANameThatIsInTheCodePage) {
-    Queue->QueueName = "B\xC3\xA8ta";
-    EXPECT_NE(Open("B\xE8ta"), 0U);
+TEST_F(SpoolerTest, FindsANameOfAnyLetters) {
+    for (const char* name : {"Büro", "Privé-A4", "Принтер", "印刷"}) {
+        Queue->QueueName = name;
+        EXPECT_NE(Open(Spooler.Encode(name)), 0U) << name;
+        EXPECT_EQ(Spooler.DeviceCapabilitiesA(Spooler.Encode(name), "", DC_PAPERS, nullptr), 2) << name;
+        EXPECT_EQ(Spooler.Decode(Spooler.Encode(name)), name);
+    }
+}
+
+TEST_F(SpoolerTest, TellsWhatIsWrongWithTheStoredDefaults) {
+    EXPECT_EQ(Spooler.Trouble("Kantoor"), "");
+    Queue->TroubleText = "lpoptions is niet te lezen";
+    EXPECT_EQ(Spooler.Trouble("Kantoor"), "lpoptions is niet te lezen");
+    EXPECT_EQ(Spooler.Trouble("Elders"), "");
+}
+
+TEST_F(SpoolerTest, OpensAgainAfterAFailedCountOrOpen) {
+    Queue->IsReachable = false;
+    EXPECT_EQ(Spooler.DeviceCapabilitiesA("Kantoor", "", DC_PAPERNAMES, nullptr), -1);
+    EXPECT_EQ(Open(), 0U);
+    Queue->IsReachable = true;
+    EXPECT_NE(Open(), 0U);
+}
+
+TEST_F(SpoolerTest, AChoiceHoldsWhereThePrinterCouldNotBeOpenedForIt) {
+    QtPrinter printer(Printers, [](const std::string&) {});
+    printer.Assign(0);
+    Queue->IsReachable = false;
+    EXPECT_EQ(Open(), 0U); // to write it
+    printer.SetPaperSize(300);
+    printer.SetPaperBin(256);
+    printer.Assign(0);
+    EXPECT_EQ(printer.PaperSize(), 300);
+    EXPECT_EQ(printer.PaperBin(), 256);
+    Queue->IsReachable = true;
+    EXPECT_NE(Open(), 0U);
+    printer.SetPaperSize(9);
+    printer.Assign(0);
+    EXPECT_EQ(printer.PaperSize(), 300); // what is not written is not kept
 }
 
 TEST_F(SpoolerTest, TellsTheSettingsAndWhatIsOffered) {
@@ -183,8 +216,6 @@ TEST_F(SpoolerTest, StoresDefaultsAndReadsThemBack) {
     EXPECT_TRUE(Spooler.SetPrinterA(handle, 2, &info, 0));
     EXPECT_EQ(Mode(handle).dmPaperSize, 300);
 
-    Queue->TakesSettings = false;
-    EXPECT_FALSE(Spooler.SetPrinterA(handle, 2, &info, 0));
     info.pDevMode = nullptr;
     EXPECT_FALSE(Spooler.SetPrinterA(handle, 2, &info, 0));
     EXPECT_FALSE(Spooler.SetPrinterA(handle, 2, nullptr, 0));
@@ -192,7 +223,7 @@ TEST_F(SpoolerTest, StoresDefaultsAndReadsThemBack) {
     EXPECT_FALSE(Spooler.SetPrinterA(handle, 2, &info, 1));
 }
 
-TEST_F(SpoolerTest, StoresThePdfPrintersDefaultsForTheNextRun) {
+TEST_F(SpoolerTest, StoresThePdfPrintersDefaultsInTheProgramAlone) {
     const PrinterHandle handle = Open("PDF-bestand");
     DEVMODE mode{};
     ASSERT_EQ(Spooler.DocumentPropertiesA(handle, "PDF-bestand", &mode, nullptr, DM_OUT_BUFFER), 1);
@@ -200,7 +231,9 @@ TEST_F(SpoolerTest, StoresThePdfPrintersDefaultsForTheNextRun) {
     PRINTER_INFO_2 info{};
     info.pDevMode = &mode;
     EXPECT_TRUE(Spooler.SetPrinterA(handle, 2, &info, 0));
-    EXPECT_EQ(PdfPrinter(AskForPdfFile, Folder.filePath("pdf.conf")).ReadSettings().PaperId, PaperLegal);
+    ASSERT_EQ(Spooler.DocumentPropertiesA(handle, "PDF-bestand", &mode, nullptr, DM_OUT_BUFFER), 1);
+    EXPECT_EQ(mode.dmPaperSize, PaperLegal);
+    EXPECT_FALSE(QFile::exists(Folder.filePath("pdf.conf")));
 }
 
 TEST_F(SpoolerTest, TellsNamePortCommentAndStatus) {
@@ -215,7 +248,7 @@ TEST_F(SpoolerTest, TellsNamePortCommentAndStatus) {
     std::memcpy(&info, buffer.data(), sizeof info);
     EXPECT_STREQ(info.pPrinterName, "Kantoor");
     EXPECT_STREQ(info.pPortName, "ipp://printer.example/ipp/print");
-    EXPECT_STREQ(info.pComment, "Kamer 1, \x80 5 ?");
+    EXPECT_STREQ(info.pComment, "Kamer 1, \xE2\x82\xAC 5 \xE6\xBC\xA2");
     EXPECT_STREQ(info.pDriverName, "Driver");
     EXPECT_EQ(info.Status, 16U);
     DEVMODE mode;

@@ -1,49 +1,27 @@
 #include "platform/qt/UserDefaults.h"
 #include "platform/qt/OptionLine.h"
 
+#include <QDir>
 #include <QFile>
 #include <QTemporaryDir>
 
 #include <gtest/gtest.h>
 
+#include <sys/stat.h>
+#include <unistd.h>
+
 namespace platform::qt {
 namespace {
-
-const CupsOptions Tray = {{"InputSlot", "Tray3"}, {"media-source", "tray-3"}};
-
-std::string Changed(const QByteArray& line, const CupsOptions& changes) {
-    return WithOptions(line, "Kantoor", changes).toStdString();
-}
-
-TEST(OptionLine, ChangesWhatIsNamedAndNothingElse) {
-    EXPECT_EQ(Changed("Dest Kantoor  a=1 InputSlot=Upper  b='x y' \n", Tray),
-              "Dest Kantoor  a=1 InputSlot=Tray3  b='x y' media-source=tray-3 \n");
-    EXPECT_EQ(Changed("Default Kantoor", Tray), "Default Kantoor InputSlot=Tray3 media-source=tray-3");
-    EXPECT_EQ(Changed("", Tray), "Dest Kantoor InputSlot=Tray3 media-source=tray-3\n");
-    EXPECT_EQ(Changed("Dest Kantoor x=InputSlot InputSlot\n", {{"InputSlot", ""}}),
-              "Dest Kantoor x=InputSlot\n");
-}
-
-TEST(OptionLine, KeepsOneOfAnOptionThatIsThereTwice) {
-    EXPECT_EQ(Changed("Dest Kantoor media=a x=1 media=b\n", {{"media", "c"}}), "Dest Kantoor x=1 media=c\n");
-    EXPECT_EQ(Changed("Dest Kantoor media=a x=1 media=b\n", {{"media", ""}}), "Dest Kantoor x=1\n");
-}
-
-TEST(OptionLine, TakesAQuotedValueAsOneWord) {
-    EXPECT_EQ(Changed("Dest Kantoor media=\"a \\\" b\" x=1\n", {{"media", "c"}}),
-              "Dest Kantoor media=c x=1\n");
-    EXPECT_EQ(Changed("Dest Kantoor x='open media=a\n", {{"media", "c"}}),
-              "Dest Kantoor x='open media=a media=c\n");
-}
 
 TEST(OptionLine, FindsTheQueueItself) {
     const QByteArray text =
         "# Dest Kantoor a=1\nDest Kantoor/concept a=2\nDest Kantoor2 a=3\ndest\tKantoor a=4\n";
-    EXPECT_EQ(OptionLine(text, "Kantoor").Line(), "dest\tKantoor a=4\n");
-    EXPECT_EQ(OptionLine(text, "KANTOOR").Line(), "dest\tKantoor a=4\n"); // as the server finds it
-    EXPECT_FALSE(OptionLine("Dest", "Dest").Exists());
-    EXPECT_FALSE(OptionLine("", "").Exists());
-    EXPECT_EQ(OptionLine("Dest A x\nDest B y", "B").Replaced("Dest B z").toStdString(), "Dest A x\nDest B z");
+    EXPECT_EQ(LineOf(text, "Kantoor"), "dest\tKantoor a=4");
+    EXPECT_EQ(LineOf(text, "KANTOOR"), "dest\tKantoor a=4"); // as the server finds it
+    EXPECT_EQ(LineOf("Dest A x=1\nDest A x=2", "A"), "Dest A x=2");
+    EXPECT_EQ(LineOf("Dest Büro x=1\n", "Büro"), "Dest Büro x=1");
+    EXPECT_EQ(LineOf("Dest", "Dest"), "");
+    EXPECT_EQ(LineOf("", ""), "");
 }
 
 TEST(OptionLine, ReadsOptionsAsTheServersToolsDo) {
@@ -68,64 +46,58 @@ class UserDefaultsTest : public testing::Test {
         ASSERT_TRUE(file.open(QIODevice::WriteOnly));
         file.write(text);
     }
-    std::string Text() {
-        QFile file(User);
-        return file.open(QIODevice::ReadOnly) ? file.readAll().toStdString() : "no file";
-    }
 
     QTemporaryDir Folder;
-    QString User = Folder.filePath("home/.cups/lpoptions");
+    QString User = Folder.filePath("lpoptions");
     QString Machine = Folder.filePath("machine");
     UserDefaults Defaults{User, Machine};
 };
 
-TEST_F(UserDefaultsTest, LeaveNoTraceWhereNothingWas) {
-    ASSERT_TRUE(Defaults.Change("Kantoor", Tray));
-    EXPECT_EQ(Text(), "Dest Kantoor InputSlot=Tray3 media-source=tray-3\n");
-    ASSERT_TRUE(Defaults.PutBack("Kantoor"));
-    EXPECT_FALSE(QFile::exists(Folder.filePath("home/.cups")));
-    EXPECT_FALSE(Defaults.Before("Kantoor"));
-}
-
-TEST_F(UserDefaultsTest, KeepTheStateBeforeTheFirstOfSeveralChanges) {
-    Write(Machine, "Dest Kantoor sides=one-sided\n");
-    ASSERT_TRUE(Defaults.Change("Kantoor", {{"PageSize", "Legal"}}));
-    ASSERT_TRUE(Defaults.Change("Kantoor", Tray));
-    EXPECT_EQ(Defaults.Before("Kantoor"), (CupsOptions{{"sides", "one-sided"}}));
-    EXPECT_EQ(Defaults.Options("Kantoor").at("PageSize"), "Legal");
-    ASSERT_TRUE(Defaults.Change("Archief", Tray));
-    ASSERT_TRUE(Defaults.PutBack("Kantoor"));
-    EXPECT_EQ(Text(), "Dest Archief InputSlot=Tray3 media-source=tray-3\n");
-}
-
 TEST_F(UserDefaultsTest, TheUsersGoBeforeTheMachines) {
-    Write(Machine, "Dest Kantoor InputSlot=Manual sides=one-sided\n");
-    EXPECT_EQ(Defaults.Options("Kantoor").at("InputSlot"), "Manual");
-    ASSERT_TRUE(Defaults.Change("Kantoor", Tray));
-    EXPECT_EQ(Defaults.Options("Kantoor").at("InputSlot"), "Tray3");
-    EXPECT_EQ(Defaults.Options("Kantoor").at("sides"), "one-sided");
+    Write(Machine, "Default Kantoor a=1 b=1\n");
+    EXPECT_EQ(Defaults.PreferredQueue(), "Kantoor");
+    Write(User, "Default Archief\nDest Kantoor b=2 c=2\n");
+    EXPECT_EQ(Defaults.Options("Kantoor"), (CupsOptions{{"a", "1"}, {"b", "2"}, {"c", "2"}}));
+    EXPECT_EQ(Defaults.PreferredQueue(), "Archief");
 }
 
-TEST_F(UserDefaultsTest, RefuseWhatWouldNotStayInItsPlace) {
-    for (const char* value : {"a b", "a\nDest Archief x=1", "a\"", "a'", "a\\", "{a}"}) {
-        EXPECT_FALSE(Defaults.Change("Kantoor", {{"media", value}})) << value;
+TEST_F(UserDefaultsTest, AreReadAnewAtEachQuestion) {
+    EXPECT_TRUE(Defaults.Options("Kantoor").empty());
+    Write(User, "Dest Kantoor a=1\n");
+    EXPECT_EQ(Defaults.Options("Kantoor"), (CupsOptions{{"a", "1"}}));
+}
+
+TEST_F(UserDefaultsTest, NoFileIsNoTrouble) {
+    EXPECT_EQ(Defaults.Trouble(), "");
+    Write(User, "");
+    EXPECT_EQ(Defaults.Trouble(), "");
+    EXPECT_EQ(UserDefaults(User, {}).Trouble(), "");
+    EXPECT_EQ(QDir(Folder.path()).entryList(QDir::AllEntries | QDir::NoDotAndDotDot),
+              QStringList{"lpoptions"});
+}
+
+TEST_F(UserDefaultsTest, WhateverElseCannotBeReadIsToldByItsName) {
+    ASSERT_TRUE(QDir().mkdir(Machine));
+    EXPECT_EQ(Defaults.Trouble(), "machine is niet te lezen");
+    ASSERT_TRUE(QDir().mkdir(User));
+    EXPECT_EQ(Defaults.Trouble(), "lpoptions is niet te lezen");
+    EXPECT_TRUE(Defaults.Options("Kantoor").empty());
+    ASSERT_TRUE(QDir().rmdir(User));
+    ASSERT_EQ(symlink("lpoptions", User.toLocal8Bit().constData()), 0); // a loop
+    EXPECT_EQ(Defaults.Trouble(), "lpoptions is niet te lezen");
+    ASSERT_TRUE(QFile::remove(User));
+    ASSERT_EQ(mkfifo(User.toLocal8Bit().constData(), 0600), 0); // nobody is waited for
+    EXPECT_EQ(Defaults.Trouble(), "lpoptions is niet te lezen");
+    EXPECT_EQ(Defaults.PreferredQueue(), "");
+}
+
+TEST_F(UserDefaultsTest, AFileThatTheUserMayNotReadIsTold) {
+    if (geteuid() == 0) {
+        GTEST_SKIP() << "nothing is closed to root";
     }
-    EXPECT_FALSE(Defaults.Change("Kan toor", Tray));
-    EXPECT_EQ(Text(), "no file");
-}
-
-TEST_F(UserDefaultsTest, TellThatTheFileCannotBeWritten) {
-    QDir().mkpath(Folder.filePath("home"));
-    Write(Folder.filePath("home/.cups"), "a file where the folder should be");
-    EXPECT_FALSE(Defaults.Change("Kantoor", Tray));
-    EXPECT_FALSE(Defaults.Before("Kantoor"));
-}
-
-TEST_F(UserDefaultsTest, AFileThatSomeoneRemovedMeanwhileStaysAway) {
-    ASSERT_TRUE(Defaults.Change("Kantoor", Tray));
-    QFile::remove(User);
-    EXPECT_TRUE(Defaults.PutBack("Kantoor"));
-    EXPECT_EQ(Text(), "no file");
+    Write(User, "Dest Kantoor a=1\n");
+    ASSERT_TRUE(QFile::setPermissions(User, {}));
+    EXPECT_EQ(Defaults.Trouble(), "lpoptions is niet te lezen");
 }
 
 } // namespace

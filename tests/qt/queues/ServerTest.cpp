@@ -48,21 +48,53 @@ TEST_F(ServerTest, DownBetweenLoadAndPrintIsToldByTheRun) {
     EXPECT_FALSE(HasUserFile());
 }
 
-TEST_F(ServerTest, DownBetweenPrintAndRestoreLeavesTheChoiceUntilTheProgramEnds) {
+TEST_F(ServerTest, DownBetweenPrintAndRestorePutsTheDefaultsBackAllTheSame) {
     OpenFirst([&] {
         Program->PickDocument(NameList);
         window::WhenShown("frmPrintPreview", [] { window::Key(Qt::Key_Escape); });
         Program->Click("cmdPrintVoorbeeld");
         Server.Stop();
         EXPECT_FALSE(Program->Printers.Find("Kantoor")->ReachableNow());
+        EXPECT_EQ(Program->Printers.Find("Kantoor")->ReadSettings().BinId, 257);
         Program->CloseManager();
     });
-    EXPECT_THAT(UserFile().toStdString(), testing::HasSubstr("InputSlot=Tray3"));
+    EXPECT_EQ(Program->Printers.Find("Kantoor")->ReadSettings().BinId, 1);
     EXPECT_THAT(Messages(), IsEmpty());
     Server.Start();
     ExpectUsable(1);
     Program.reset();
     EXPECT_FALSE(HasUserFile());
+}
+
+TEST_F(ServerTest, DownWhenTheDetailsAreAskedAndBackForThePrintGivesTheDriversDefaults) {
+    OpenFirst([&] { Program->CloseManager(); });
+    Program->OpenManager([&] { // the printer of the last time, without its lists
+        Server.Stop();
+        Program->Click("cmdDetails");
+        EXPECT_TRUE(Program->Manager().blnNoConnection);
+        Server.Start();
+        Program->Print(NameList);
+    });
+    EXPECT_THAT(Messages(), IsEmpty());
+    const std::optional<ArrivedJob> job = Server.Job(1);
+    ASSERT_TRUE(job);
+    EXPECT_EQ(job->Options["PageSize"], "A4");
+    EXPECT_EQ(job->Options["InputSlot"], "Upper");
+}
+
+TEST_F(ServerTest, OneFailedOpenBehindTheListsCostsNeitherTheDocumentNorTheChoice) {
+    OpenFirst([&] {
+        Server.Stop();
+        platform::PrinterHandle handle = 0;
+        EXPECT_FALSE(Program->Printers.Find("Kantoor")->ReachableNow());
+        EXPECT_FALSE(Program->Spooler.OpenPrinterA("Kantoor", handle, {}));
+        Server.Start();
+        Program->Print(NameList);
+    });
+    EXPECT_THAT(Messages(), IsEmpty());
+    const std::optional<ArrivedJob> job = Server.Job(1);
+    ASSERT_TRUE(job);
+    EXPECT_EQ(job->Options["InputSlot"], "Tray3");
 }
 
 TEST_F(ServerTest, DownShowsNoConnectionUntilTheDetailsAreAskedAgain) {

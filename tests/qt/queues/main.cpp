@@ -17,12 +17,7 @@ namespace {
 void PrintAndWait() {
     const window::MessageBoxes boxes;
     RealProgram program;
-    const platform::qt::EndSignals ending(
-        [&program] {
-            program.Printers.PutSettingsBack();
-            QCoreApplication::exit();
-        },
-        [] { return true; });
+    const platform::qt::EndSignals ending([] { QCoreApplication::exit(); }, [] { return true; });
     program.GoToTheLastPage();
     program.OpenManager([&] {
         program.OpenDetails();

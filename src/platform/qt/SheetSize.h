@@ -1,0 +1,36 @@
+#pragma once
+
+#include <optional>
+#include <string>
+
+namespace platform::qt {
+
+/// A sheet by its sides, upright or not; twips.
+struct SheetSize {
+    double Width = 0;
+    double Height = 0;
+};
+
+/// The sheet that three forms make, and what it is called.
+inline constexpr const char* FormSheetName = "Acceptgiro 210 x 304,8 mm";
+inline constexpr SheetSize FormSheet = {210 / 25.4 * 1440, 12.0 * 1440};
+
+/// True if no side differs by more than half a millimetre: one is cut from the same paper as the other.
+bool IsSameSheet(const SheetSize& a, const SheetSize& b);
+
+/// The size in the keyword of a size that one can make up, as a PPD has it ("Custom.210x304.8mm") or as a
+/// printer's attributes have it ("custom_210x304.8mm_210x304.8mm"); nothing for any other keyword.
+std::optional<SheetSize> CustomSize(const std::string& keyword);
+
+/// The keyword of such a size, to a hundredth of a millimetre.
+std::string PpdKeyword(const SheetSize& size);
+std::string PwgKeyword(const SheetSize& size);
+
+/// "210 x 304,8 mm"
+std::string Measures(const SheetSize& size);
+
+/// Hundredths of a millimetre, the unit of a printer's attributes, to twips and back.
+double TwipsOfHundredths(int hundredths);
+int HundredthsOf(double twips);
+
+} // namespace platform::qt
