@@ -51,8 +51,8 @@ constexpr std::array<AnswerWhereNeeded, 8> WhereNeeded = {{
 // Option names as they are in small letters.
 constexpr std::array<std::string_view, 5> OtherPapers = {"pagesize", "pageregion", "media", "media-col",
                                                          "media-size-name"};
-constexpr std::array<std::string_view, 6> OtherBins = {"inputslot",    "hppapersource", "manualfeed",
-                                                       "media-source", "media",         "media-col"};
+constexpr std::array<std::string_view, 7> OtherBins = {
+    "inputslot", "hppapersource", "papersources", "manualfeed", "media-source", "media", "media-col"};
 
 std::string Lower(std::string text) {
     std::transform(text.begin(), text.end(), text.begin(),

@@ -112,9 +112,9 @@ void ReadPapers(ppd_file_t* ppd, CupsMedia& media) {
 }
 
 void ReadBins(ppd_file_t* ppd, CupsMedia& media) {
-    const ppd_option_t* slots = ppdFindOption(ppd, "InputSlot");
-    if (slots == nullptr) {
-        slots = ppdFindOption(ppd, "HPPaperSource");
+    const ppd_option_t* slots = nullptr;
+    for (const char* name : {"InputSlot", "HPPaperSource", "PaperSources"}) { // some makers have their own
+        slots = slots != nullptr ? slots : ppdFindOption(ppd, name);
     }
     for (int i = 0; slots != nullptr && i < slots->num_choices; ++i) {
         Bin bin;
@@ -122,6 +122,7 @@ void ReadBins(ppd_file_t* ppd, CupsMedia& media) {
         bin.PpdOption = slots->keyword;
         bin.PpdSlot = slots->choices[i].choice;
         bin.Name = bin.PpdSlot == slots->choices[i].text ? WordingOfBin(bin.PpdSlot) : slots->choices[i].text;
+        bin.StandIn = bin.PpdSlot == "Unknown"; // what the printer takes by itself
         media.Bins.push_back(bin);
     }
     NumberMedia(media);

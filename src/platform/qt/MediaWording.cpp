@@ -18,7 +18,7 @@ struct Wording {
 };
 
 // Texts of bins are short enough for a list of the spooler, which has room for 23 bytes.
-constexpr std::array<Wording, 30> Bins = {{
+constexpr std::array<Wording, 31> Bins = {{
     {"alternate", "Andere lade"},
     {"auto", "Automatisch"},
     {"automatic", "Automatisch"},
@@ -48,6 +48,7 @@ constexpr std::array<Wording, 30> Bins = {{
     {"side", "Zijlade"},
     {"top", "Bovenste lade"},
     {"tray", "Lade"},
+    {"unknown", "Standaardlade"},
     {"upper", "Bovenste lade"},
 }};
 

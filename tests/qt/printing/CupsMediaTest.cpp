@@ -326,6 +326,20 @@ TEST_F(PpdMedia, SaysNothingWhereThePpdKnowsNoDefault) {
     EXPECT_EQ(media.DefaultBin, media.Bins[0].Id);
 }
 
+TEST_F(PpdMedia, FindsTheBinsUnderAMakersOwnName) {
+    for (const QByteArray name : {"HPPaperSource", "PaperSources"}) {
+        const CupsMedia media = Read(
+            {{"A4", "595 842"}}, "*OpenUI *" + name + ": PickOne\n*Default" + name + ": Unknown\n*" + name +
+                                     " Unknown: \"\"\n*" + name + " Tray2: \"\"\n*CloseUI: *" + name + "\n");
+        ASSERT_EQ(media.Bins.size(), 2U);
+        EXPECT_EQ(media.Bins[0].Name, "Standaardlade");
+        EXPECT_TRUE(media.Bins[0].StandIn);
+        EXPECT_EQ(media.DefaultBin, media.Bins[0].Id);
+        EXPECT_EQ(media.Bins[1].Name, "Lade 2");
+        EXPECT_EQ(media.Bins[1].PpdOption, name.toStdString());
+    }
+}
+
 TEST_F(PpdMedia, KnowsTheOptionsThatWouldChangeThePagesButNotWhatIsInstalled) {
     const auto option = [](const QByteArray& name, const QByteArray& choices) {
         QByteArray text =
