@@ -109,15 +109,20 @@ bool IsPaper(const Paper& paper, const std::string& keyword) {
 /// Paper and bin for a queue that is known by its attributes alone: the server passes a bin on to the printer
 /// only as part of a sheet that is described as a whole.
 std::string MediaCol(const Paper& paper, const Bin* bin) {
-    std::string text;
+    std::string members;
     if (!paper.StandIn) {
-        text = "media-size={x-dimension=" + std::to_string(HundredthsOf(paper.Width)) +
-               " y-dimension=" + std::to_string(HundredthsOf(paper.Height)) + "}";
+        members += " media-size={x-dimension=" + std::to_string(HundredthsOf(paper.Width)) +
+                   " y-dimension=" + std::to_string(HundredthsOf(paper.Height)) + '}';
     }
     if (bin != nullptr && !bin->PwgSource.empty()) {
-        text += (text.empty() ? "" : " ") + ("media-source=" + bin->PwgSource);
+        members += " media-source=" + bin->PwgSource;
     }
-    return text.empty() ? text : "{" + text + "}";
+    if (members.empty()) {
+        return members;
+    }
+    members.front() = '{';
+    members += '}';
+    return members;
 }
 
 template <class Item>

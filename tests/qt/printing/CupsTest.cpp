@@ -12,6 +12,7 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <cstring>
 #include <map>
 
@@ -44,6 +45,18 @@ class CupsTest : public testing::Test {
             }
         }
         return nullptr;
+    }
+
+    /// Takes any size up to 612 x 1008 points.
+    void WritePpdOfAnySize() const {
+        QByteArray ppd = Server.Read("kantoor.ppd");
+        ppd.replace("Acceptgiro", "Giro").replace("595 864", "595 850");
+        ppd.replace("*DefaultFont:",
+                    "*CustomPageSize True: \"pop\"\n*ParamCustomPageSize Width: 1 points 100 612\n"
+                    "*ParamCustomPageSize Height: 2 points 100 1008\n*HWMargins: 18 18 18 18\n"
+                    "*VariablePaperSize: True\n*MaxMediaWidth: \"612\"\n"
+                    "*MaxMediaHeight: \"1008\"\n*DefaultFont:");
+        Server.Write("eigen.ppd", ppd);
     }
 
     PrintServer Server;
@@ -244,14 +257,41 @@ TEST_F(CupsTest, SaysThatTheDocumentIsOneSidedAndWhole) {
     EXPECT_FALSE(job->Options.contains("EFDuplex"));
 }
 
+TEST_F(CupsTest, SendsTheFormsSheetToAQueueWithAPpdAndToOneWithout) {
+    WritePpdOfAnySize();
+    ASSERT_TRUE(Server.Run("lpadmin", {"-p", "Kantoor", "-P", Server.Folder() + "/eigen.ppd"}));
+    ASSERT_TRUE(Server.Run(
+        "lpadmin", {"-p", "Los", "-E", "-v", "save:/dev/null", "-P", Server.Folder() + "/eigen.ppd"}));
+    ASSERT_TRUE(QFile::remove(Server.Folder() + "/ppd/Los.ppd")); // the server has read it
+    Printers.Refresh();
+    for (const int index : {0, 1}) {
+        SCOPED_TRACE(Printers.Item(index).DeviceName);
+        const std::vector<Paper> papers = Printers.Queue(index).Papers();
+        const auto sheet = std::find_if(papers.begin(), papers.end(), [](const Paper& paper) {
+            return paper.Name == "Acceptgiro 210 x 304,8 mm";
+        });
+        ASSERT_NE(sheet, papers.end());
+        EXPECT_NEAR(sheet->Left, 360, 1);
+        Printer.Assign(index);
+        Printer.SetPaperSize(sheet->Id);
+        for (const Bin& bin : Printers.Queue(index).Bins()) {
+            if (bin.PwgSource == "tray-3") {
+                Printer.SetPaperBin(bin.Id);
+            }
+        }
+        Printer.Page().DrawText(0, 0, "x", Tahoma9);
+        Printer.Page().EndDocument();
+        const std::optional<ArrivedJob> job = Server.Job(index + 1);
+        ASSERT_TRUE(job);
+        EXPECT_EQ(job->Options["InputSlot"].toStdString(), "Tray3");
+        EXPECT_TRUE(CustomSize(job->Options["PageSize"].toStdString()))
+            << job->Options["PageSize"].toStdString();
+    }
+    EXPECT_EQ(Server.Job(1)->Options["PageSize"].toStdString(), "Custom.210x304.8mm");
+}
+
 TEST_F(CupsTest, KeepsShowsAndSendsTheUsersOwnSize) {
-    QByteArray ppd = Server.Read("kantoor.ppd");
-    ppd.replace("*DefaultFont:",
-                "*CustomPageSize True: \"pop\"\n*ParamCustomPageSize Width: 1 points 100 612\n"
-                "*ParamCustomPageSize Height: 2 points 100 1008\n*HWMargins: 18 18 18 18\n"
-                "*VariablePaperSize: True\n*MaxMediaWidth: \"612\"\n"
-                "*MaxMediaHeight: \"1008\"\n*DefaultFont:");
-    Server.Write("eigen.ppd", ppd);
+    WritePpdOfAnySize();
     ASSERT_TRUE(Server.Run("lpadmin", {"-p", "Kantoor", "-P", Server.Folder() + "/eigen.ppd"}));
     ASSERT_TRUE(Server.Run("lpoptions", {"-p", "Kantoor", "-o", "PageSize=Custom.200x300mm"}));
     Printers.Refresh();
