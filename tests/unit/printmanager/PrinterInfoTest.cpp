@@ -55,6 +55,38 @@ TEST_F(PrinterInfoTest, CommentIsCutAt128Bytes) {
     EXPECT_EQ(info.Comment.size(), 128U);
 }
 
+/// A spooler whose texts are UTF-8, with a word about the stored defaults.
+class Utf8Spooler : public StubSpooler {
+  public:
+    std::string Encode(std::string_view utf8) const override { return std::string(utf8); }
+    std::string Decode(std::string_view bytes) const override { return std::string(bytes); }
+    std::string Trouble(const std::string& printer) override {
+        Asked = printer;
+        return TroubleText;
+    }
+
+    std::string TroubleText;
+    std::string Asked;
+};
+
+TEST(PrinterInfoOfAnySpooler, HasTextsInTheSpoolersOwnEncoding) {
+    Utf8Spooler spooler;
+    spooler.InfoText = "Принтер";
+    PrinterInfo info;
+    ASSERT_TRUE(GetPrinterInfo(spooler, "Принтер", info));
+    EXPECT_EQ(info.Name, "Принтер");
+    EXPECT_EQ(info.Status, "Ready");
+    EXPECT_EQ(spooler.Asked, "Принтер");
+}
+
+TEST(PrinterInfoOfAnySpooler, TellsInTheStatusWhatIsWrongWithTheStoredDefaults) {
+    Utf8Spooler spooler;
+    spooler.TroubleText = "lpoptions is niet te lezen";
+    PrinterInfo info;
+    ASSERT_TRUE(GetPrinterInfo(spooler, "Laser", info));
+    EXPECT_EQ(info.Status, "lpoptions is niet te lezen");
+}
+
 TEST_F(PrinterInfoTest, AnyStatusBitLeavesTheStatusEmpty) {
     for (const std::uint32_t status : {1U, 128U, 32768U, 4194304U, 0x7FFFFFFFU}) {
         Laser().Status = status;
