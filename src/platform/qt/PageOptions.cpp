@@ -112,8 +112,8 @@ constexpr std::array<Kind, 24> Kinds = {{
     {"pageborder", Off},
 }};
 /// What is done with the finished sheet is the user's, and how colours are made.
-constexpr std::array<std::string_view, 7> UsersOwn = {"fold", "stitch", "staple",  "saddle",
-                                                      "trim", "punch",  "posteriz"};
+constexpr std::array<std::string_view, 8> UsersOwn = {"bind",   "fold", "stitch", "staple",
+                                                      "saddle", "trim", "punch",  "posteriz"};
 
 bool Holds(std::string_view name, std::string_view part) {
     return name.find(part) != std::string_view::npos;
@@ -159,8 +159,9 @@ bool ChangesPages(std::string_view option) {
 
 std::string PlainChoice(std::string_view option, const std::vector<std::string>& choices) {
     Names plain = ChoicesOfKind(Plain(option));
-    if (plain.empty() && std::any_of(choices.begin(), choices.end(),
-                                     [](const std::string& choice) { return IsTwoSided(Plain(choice)); })) {
+    if (plain.empty() && !HoldsAny(Plain(option), UsersOwn) &&
+        std::any_of(choices.begin(), choices.end(),
+                    [](const std::string& choice) { return IsTwoSided(Plain(choice)); })) {
         plain = OneSided;
     }
     for (const std::string_view wanted : plain) {

@@ -29,6 +29,7 @@ TEST(PlainChoice, LeavesEveryPageAloneAndAsItIs) {
 TEST(PlainChoice, HasNothingToDoWithQualityColourFinishingAndAccounting) {
     EXPECT_EQ(PlainChoice("ColorModel", {"Gray", "RGB"}), "");
     EXPECT_EQ(PlainChoice("StapleLocation", {"None", "UpperLeft"}), "");
+    EXPECT_EQ(PlainChoice("BindingLocation", {"None", "LongEdge", "ShortEdge"}), "");
     EXPECT_EQ(PlainChoice("BookletFold", {"None", "On"}), "");
     EXPECT_EQ(PlainChoice("TonerCleanUp", {"1", "2"}), "");
     EXPECT_EQ(PlainChoice("JobAccounting", {"None", "Custom"}), "");
