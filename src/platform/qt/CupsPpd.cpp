@@ -123,7 +123,10 @@ void ReadBins(ppd_file_t* ppd, CupsMedia& media) {
         bin.PpdSlot = slots->choices[i].choice;
         bin.Name = bin.PpdSlot == slots->choices[i].text ? WordingOfBin(bin.PpdSlot) : slots->choices[i].text;
         bin.StandIn = bin.PpdSlot == "Unknown"; // what the printer takes by itself
-        media.Bins.push_back(bin);
+        if (std::none_of(media.Bins.begin(), media.Bins.end(),
+                         [&bin](const Bin& each) { return each.PpdSlot == bin.PpdSlot; })) {
+            media.Bins.push_back(bin);
+        }
     }
     NumberMedia(media);
     for (const Bin& bin : media.Bins) {

@@ -328,9 +328,10 @@ TEST_F(PpdMedia, SaysNothingWhereThePpdKnowsNoDefault) {
 
 TEST_F(PpdMedia, FindsTheBinsUnderAMakersOwnName) {
     for (const QByteArray name : {"HPPaperSource", "PaperSources"}) {
-        const CupsMedia media = Read(
-            {{"A4", "595 842"}}, "*OpenUI *" + name + ": PickOne\n*Default" + name + ": Unknown\n*" + name +
-                                     " Unknown: \"\"\n*" + name + " Tray2: \"\"\n*CloseUI: *" + name + "\n");
+        const CupsMedia media =
+            Read({{"A4", "595 842"}}, "*OpenUI *" + name + ": PickOne\n*Default" + name + ": Unknown\n*" +
+                                          name + " Unknown: \"\"\n*" + name + " Tray2: \"\"\n*" + name +
+                                          " Tray2: \"\"\n*CloseUI: *" + name + "\n");
         ASSERT_EQ(media.Bins.size(), 2U);
         EXPECT_EQ(media.Bins[0].Name, "Standaardlade");
         EXPECT_TRUE(media.Bins[0].StandIn);
