@@ -34,36 +34,72 @@ bool IsTextType(std::uint32_t type) {
     return type == TypeText || type == TypeExpandable || type == TypeSeveralTexts;
 }
 
-RegFile::RegFile(std::string bytes) : bytes_(std::move(bytes)), encoding_(bytes_) {
-    Read();
+RegFile::RegFile(std::string bytes, std::string_view branch) : bytes_(std::move(bytes)), encoding_(bytes_) {
+    Read(branch);
 }
 
-void RegFile::Read() {
-    const std::string text = encoding_.Narrow(bytes_, {0, encoding_.Units(bytes_)});
-    const std::size_t firstEnd = text.find('\n');
-    lineEnd_ = firstEnd != std::string::npos && (firstEnd == 0 || text[firstEnd - 1] != '\r') ? "\n" : "\r\n";
+bool RegFile::EndsWhole(std::string_view bytes) {
+    const regfile::Encoding encoding(bytes);
+    const std::size_t units = encoding.Units(bytes);
+    if (encoding.Offset(units) != bytes.size()) {
+        return false; // in the midst of a character
+    }
+    const regfile::Span last{encoding.LastLine(bytes), units};
+    const std::string text = encoding.Narrow(bytes, last);
+    const std::size_t at = regfile::SkipBlanks(text, 0);
+    if (at == text.size()) {
+        return true;
+    }
+    if (text[at] == '[') {
+        return regfile::ReadHeader(text, at).has_value();
+    }
+    if (text[at] != '"' && text[at] != '@') {
+        return false;
+    }
+    const std::optional<regfile::Entry> entry = regfile::ReadEntry(text, at);
+    return entry && entry->notation == regfile::Notation::Quoted;
+}
 
-    Key* key = nullptr;
-    for (std::size_t at = 0; at < text.size(); at = regfile::NextLine(text, at)) {
+void RegFile::Read(std::string_view branch) {
+    lineEnd_ = encoding_.HasBareLineEnds(bytes_) ? "\n" : "\r\n";
+    const std::size_t units = encoding_.Units(bytes_);
+    std::size_t at = encoding_.NextKeyLine(bytes_, 0);
+    while (at < units) {
+        const std::size_t next = encoding_.NextKeyLine(bytes_, at + 1);
+        if (encoding_.MayConcern(bytes_, at, branch)) {
+            ReadSection({at, next});
+        }
+        at = next;
+    }
+}
+
+/// From the bracket of a key's line to that of the next: a value that goes on over several lines ends before
+/// it.
+void RegFile::ReadSection(regfile::Span section) {
+    const std::string text = encoding_.Narrow(bytes_, section);
+    Key* const key = ReadHeader(text, section.begin);
+    if (key == nullptr) {
+        return;
+    }
+    for (std::size_t at = regfile::NextLine(text, 0); at < text.size(); at = regfile::NextLine(text, at)) {
         at = regfile::SkipBlanks(text, at);
         if (at == text.size()) {
             break;
         }
-        if (text[at] == '[') {
-            key = ReadHeader(text, at);
-        } else if (key != nullptr && (text[at] == '"' || text[at] == '@')) {
-            ReadEntry(text, at, *key);
+        if (text[at] == '"' || text[at] == '@') {
+            ReadEntry(text, section.begin, at, *key);
         }
     }
 }
 
-/// The key that the values below belong to: none below a damaged line or a key taken away.
-RegFile::Key* RegFile::ReadHeader(std::string_view text, std::size_t at) {
-    const std::optional<regfile::Header> header = regfile::ReadHeader(text, at);
+/// The key that the values below belong to: none below a damaged line or a key taken away. `from` is where
+/// the text begins in the file.
+RegFile::Key* RegFile::ReadHeader(std::string_view text, std::size_t from) {
+    const std::optional<regfile::Header> header = regfile::ReadHeader(text, 0);
     if (!header) {
         return nullptr;
     }
-    const std::string path = FoldedName(encoding_.Decode(bytes_, header->path));
+    const std::string path = FoldedName(encoding_.Decode(bytes_, regfile::Shifted(header->path, from)));
     const std::vector<std::string_view> names = KeyNames(path);
     if (names.empty() || names.size() > MaximumDepth) {
         return nullptr;
@@ -90,23 +126,25 @@ RegFile::Key* RegFile::ReadHeader(std::string_view text, std::size_t at) {
         }
         key = child.get();
     }
-    key->end = regfile::LineEnd(text, at);
+    key->end = from + regfile::LineEnd(text, 0);
     return key;
 }
 
-void RegFile::ReadEntry(std::string_view text, std::size_t& at, Key& key) const {
+void RegFile::ReadEntry(std::string_view text, std::size_t from, std::size_t& at, Key& key) const {
     const std::optional<regfile::Entry> entry = regfile::ReadEntry(text, at);
     if (!entry) {
         return;
     }
-    const std::string name = FoldedName(regfile::Unescaped(encoding_.Decode(bytes_, entry->name)));
+    const std::string name =
+        FoldedName(regfile::Unescaped(encoding_.Decode(bytes_, regfile::Shifted(entry->name, from))));
     if (entry->notation == regfile::Notation::Deleted) {
         key.values.erase(name);
     } else {
-        key.values.insert_or_assign(name, Value{entry->notation, entry->type, entry->data});
+        key.values.insert_or_assign(name,
+                                    Value{entry->notation, entry->type, regfile::Shifted(entry->data, from)});
     }
     at = entry->data.end;
-    key.end = regfile::LineEnd(text, at);
+    key.end = from + regfile::LineEnd(text, at);
 }
 
 const RegFile::Key* RegFile::FindKey(std::string_view path) const {

@@ -28,7 +28,14 @@ bool IsTextType(std::uint32_t type);
 /// those of the value concerned and no other.
 class RegFile {
   public:
-    explicit RegFile(std::string bytes = {});
+    /// With a `branch`, such as "HKEY_CURRENT_USER\\Software", the keys of that branch alone are read, and
+    /// those above it: a large file then costs no more than a look at each of its keys. In capitals and small
+    /// letters of ASCII, without a backslash at its ends.
+    explicit RegFile(std::string bytes = {}, std::string_view branch = {});
+
+    /// Does a file with these bytes end where a line ends, or at least with a key, or a value between quotes,
+    /// that is complete?
+    static bool EndsWhole(std::string_view bytes);
 
     const std::string& Bytes() const { return bytes_; }
 
@@ -55,9 +62,10 @@ class RegFile {
         std::optional<std::size_t> end; // where a new value goes; nothing for a key that no line names
     };
 
-    void Read();
-    Key* ReadHeader(std::string_view text, std::size_t at);
-    void ReadEntry(std::string_view text, std::size_t& at, Key& key) const;
+    void Read(std::string_view branch);
+    void ReadSection(regfile::Span section);
+    Key* ReadHeader(std::string_view text, std::size_t from);
+    void ReadEntry(std::string_view text, std::size_t from, std::size_t& at, Key& key) const;
     const Key* FindKey(std::string_view path) const;
     std::string Notation(const RegValue& value) const;
     std::string Replaced(regfile::Span span, std::string_view utf8) const;

@@ -18,6 +18,10 @@ char32_t Unit(std::string_view bytes, std::size_t at) {
     return byte(at) | (byte(at + 1) << 8);
 }
 
+char Lower(char c) {
+    return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c;
+}
+
 bool IsHighSurrogate(char32_t unit) {
     return unit >= 0xD800 && unit <= 0xDBFF;
 }
@@ -109,6 +113,84 @@ Encoding::Encoding(std::string_view file) {
 
 std::string_view Encoding::Bytes(std::string_view file, Span span) const {
     return file.substr(Offset(span.begin), (span.end - span.begin) * width_);
+}
+
+/// The unit as the grammar sees it.
+char Encoding::UnitAt(std::string_view file, std::size_t unit) const {
+    const char low = file[Offset(unit)];
+    const bool isAscii =
+        static_cast<unsigned char>(low) < 0x80 && (width_ == 1 || file[Offset(unit) + 1] == 0);
+    return width_ == 1 || isAscii ? low : NotAscii;
+}
+
+/// The first unit from `from` on that is this ASCII character; the file's end if there is none.
+std::size_t Encoding::Find(std::string_view file, char wanted, std::size_t from) const {
+    const std::size_t units = Units(file);
+    std::size_t byte = file.find(wanted, Offset(from));
+    while (byte != std::string_view::npos) {
+        const std::size_t unit = (byte - start_) / width_;
+        if (unit < units && Offset(unit) == byte && UnitAt(file, unit) == wanted) {
+            return unit;
+        }
+        byte = file.find(wanted, byte + 1);
+    }
+    return units;
+}
+
+bool Encoding::BeginsLine(std::string_view file, std::size_t unit) const {
+    while (unit > 0) {
+        const char before = UnitAt(file, --unit);
+        if (before != ' ' && before != '\t') {
+            return before == '\n';
+        }
+    }
+    return true;
+}
+
+std::size_t Encoding::NextKeyLine(std::string_view file, std::size_t from) const {
+    const std::size_t units = Units(file);
+    std::size_t bracket = Find(file, '[', from);
+    while (bracket < units && !BeginsLine(file, bracket)) {
+        bracket = Find(file, '[', bracket + 1);
+    }
+    return bracket;
+}
+
+std::size_t Encoding::LastLine(std::string_view file) const {
+    std::size_t unit = Units(file);
+    while (unit > 0 && UnitAt(file, unit - 1) != '\n') {
+        --unit;
+    }
+    return unit;
+}
+
+bool Encoding::HasBareLineEnds(std::string_view file) const {
+    const std::size_t end = Find(file, '\n', 0);
+    return end < Units(file) && (end == 0 || UnitAt(file, end - 1) != '\r');
+}
+
+bool Encoding::MayConcern(std::string_view file, std::size_t bracket, std::string_view branch) const {
+    const std::size_t units = Units(file);
+    std::size_t unit = bracket + 1;
+    if (unit < units && UnitAt(file, unit) == '-') {
+        ++unit;
+    }
+    char last = '\\'; // as in front, one more backslash counts for nothing
+    for (; unit < units && !branch.empty(); ++unit) {
+        const char c = UnitAt(file, unit);
+        if (static_cast<unsigned char>(c) >= 0x80) {
+            return true; // may stand for a letter of ASCII
+        }
+        if (c == '\\' && last == '\\') {
+            continue;
+        }
+        if (Lower(c) != Lower(branch.front())) {
+            return c == ']'; // above the branch
+        }
+        last = c;
+        branch.remove_prefix(1);
+    }
+    return true;
 }
 
 std::string Encoding::Narrow(std::string_view file, Span span) const {

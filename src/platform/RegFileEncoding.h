@@ -26,6 +26,18 @@ class Encoding {
     /// Position in the file of a unit.
     std::size_t Offset(std::size_t unit) const { return start_ + unit * width_; }
 
+    // What is found in the file as it lies there, at the speed of its bytes.
+
+    /// The bracket that begins the first line of a key at `from` or behind it; the file's end if there is
+    /// none.
+    std::size_t NextKeyLine(std::string_view file, std::size_t from) const;
+    /// Where the last line begins, which may be empty.
+    std::size_t LastLine(std::string_view file) const;
+    /// Does the first line end without a carriage return?
+    bool HasBareLineEnds(std::string_view file) const;
+    /// False if the key whose line begins at `bracket` lies neither in this branch nor above it.
+    bool MayConcern(std::string_view file, std::size_t bracket, std::string_view branch) const;
+
     /// The view that the grammar works on: one byte for each unit of the span.
     std::string Narrow(std::string_view file, Span span) const;
 
@@ -42,6 +54,9 @@ class Encoding {
     enum class Characters { Utf16, Utf8, CodePage };
 
     std::string_view Bytes(std::string_view file, Span span) const;
+    char UnitAt(std::string_view file, std::size_t unit) const;
+    std::size_t Find(std::string_view file, char wanted, std::size_t from) const;
+    bool BeginsLine(std::string_view file, std::size_t unit) const;
 
     Characters characters_ = Characters::Utf8;
     bool versionFour_ = false;

@@ -20,6 +20,11 @@ struct Span {
     std::size_t end = 0;
 };
 
+/// The same stretch counted from another start, that lies `by` before the present one.
+inline Span Shifted(Span span, std::size_t by) {
+    return {span.begin + by, span.end + by};
+}
+
 /// How the data of a value is written.
 enum class Notation {
     Quoted,  // "text"

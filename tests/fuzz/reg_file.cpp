@@ -94,6 +94,23 @@ void CheckWrite(const RegFile& file, const Place& where, const RegValue& value,
     REQUIRE(again && RegFile(*again).WithValue(where.Key, where.Name, value) == *bytes);
 }
 
+/// Can this text stand for a branch?
+bool IsBranch(string_view key) {
+    return !key.empty() && key.front() != '\\' && key.back() != '\\' && key.find("\\\\") == key.npos &&
+           std::all_of(key.begin(), key.end(), [](char c) { return static_cast<unsigned char>(c) < 0x80; });
+}
+
+/// What is read of one branch is what the whole file has there.
+void CheckBranch(const RegFile& file, const Place& where) {
+    if (IsBranch(where.Key)) {
+        const RegFile branch(file.Bytes(), where.Key);
+        REQUIRE(branch.HasKey(where.Key) == file.HasKey(where.Key));
+        REQUIRE(Same(branch.Find(where.Key, where.Name), file.Find(where.Key, where.Name)));
+        REQUIRE(branch.WithValue(where.Key, where.Name, {TypeBytes, "x"}) ==
+                file.WithValue(where.Key, where.Name, {TypeBytes, "x"}));
+    }
+}
+
 void CheckEncoding(string_view t) {
     const string utf8 = OfCodePage(t);
     REQUIRE(regfile::FromUtf16(regfile::ToUtf16(utf8)) == utf8);
@@ -116,7 +133,10 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     const std::vector<Place> places = PlacesIn(input.Rest());
     CheckWrite(file, where, {TypeText, value + '\0'}, places);
     CheckWrite(file, where, {TypeBytes, value}, places);
+    CheckBranch(file, where);
+    RegFile::EndsWhole(bytes);
     for (const Place& place : places) {
+        CheckBranch(file, place);
         CheckWrite(file, {place.Key, where.Name}, {TypeText, value + '\0'}, places);
         CheckWrite(file, {place.Key, OfCodePage(place.Name)}, {TypeText, value + '\0'}, places);
     }
