@@ -4,7 +4,8 @@
 #include <cstdint>
 #include <optional>
 #include <string>
-#include <string_view>
+
+struct stat;
 
 /// Whole files on a POSIX machine, for data that must not be lost halfway.
 namespace platform {
@@ -19,6 +20,8 @@ struct FileStamp {
     bool operator==(const FileStamp&) const = default;
 };
 
+FileStamp StampOf(const struct stat& status);
+
 /// Nothing if there is no such file, or if it is something else than a file (a folder, a pipe).
 std::optional<FileStamp> StampOf(const std::string& path);
 
@@ -27,14 +30,12 @@ struct FileContent {
     FileStamp stamp;
 };
 
-/// The file's bytes and its stamp before they were read. Nothing if it cannot be read, is no file, is larger
-/// than `limit` bytes or changed while it was read. Never waits for another process.
-std::optional<FileContent> ReadWholeFile(const std::string& path, std::size_t limit);
+/// The file's bytes and its stamp before they were read. Returns 0 or errno: EINVAL if it is no file, EFBIG
+/// if it is larger than `limit` bytes, EAGAIN if it changed while it was read. Never waits for another
+/// process.
+int ReadWholeFile(const std::string& path, std::size_t limit, FileContent& content);
 
-/// Puts new bytes in the place of an existing file, whole or not at all: they are on the disk before the
-/// file's name passes to them. A symbolic link stays and its target changes; the file's rights stay, and its
-/// owner where the machine allows it. Returns 0 or errno, the old file being untouched then: EAGAIN if it is
-/// no longer in the state `before`, because another program has written it meanwhile.
-int ReplaceFile(const std::string& path, std::string_view bytes, const FileStamp& before);
+/// Is this number of an error the absence of a file? All others leave open whether it is there.
+bool IsAbsence(int error);
 
 } // namespace platform

@@ -1,13 +1,20 @@
 #include "platform/RegFileStore.h"
 
+#include "platform/FileLock.h"
+#include "platform/FileReplacement.h"
 #include "platform/Text.h"
 
 #include <cerrno>
 #include <chrono>
 #include <cstddef>
 #include <cstdlib>
+#include <cstring>
+#include <memory>
+#include <thread>
 #include <utility>
+#include <vector>
 
+#include <dirent.h>
 #include <pwd.h>
 #include <unistd.h>
 
@@ -17,10 +24,33 @@ namespace {
 constexpr std::size_t MaximumFileSize = 512U << 20U; // bytes; a file beyond that holds no settings
 
 /// Another program may write the file between our reading and our writing; its change must stay.
-constexpr int WriteAttempts = 3;
+constexpr int WriteAttempts = 10;
+/// A failure of the machine may be gone the next time.
+constexpr int FailedWriteAttempts = 3;
+constexpr std::chrono::milliseconds WritePause{5};
+
+/// A program that replaces the file is done with it long before.
+constexpr std::chrono::milliseconds LockPatience{1000};
+
+/// How often a file is looked at again that another program is writing, where that is all there is to go by;
+/// one that was there and is not; and one that the machine fails to read.
+constexpr int LooksAtACutFile = 40;
+constexpr int LooksForALostFile = 4;
+constexpr int LooksAtAFailure = 2;
+constexpr std::chrono::milliseconds ReadPause{5};
+
+/// A file that has lost lines is not believed before it has been left alone for a moment; one that ends in
+/// the midst of a line, and is all there is, after a while.
+constexpr std::chrono::milliseconds WritersBreath{100};
+constexpr std::chrono::seconds WritersPause{2};
+
+/// What begins the names of files that are to take the settings' place, and that of the lock.
+constexpr const char* Mark = ".settings-";
+constexpr const char* LockName = ".settings-lock";
 
 // Windows error numbers of what can go wrong with a file.
 constexpr std::int32_t ErrorWriteFault = 29;
+constexpr std::int32_t ErrorLockViolation = 33;
 constexpr std::int32_t ErrorInvalidParameter = 87;
 constexpr std::int32_t ErrorDiskFull = 112;
 
@@ -44,13 +74,27 @@ std::int32_t ErrorOf(int number) {
     }
 }
 
-/// A change within the same tick of the file system's clock leaves no mark on the stamp, so a file that has
-/// just changed is not trusted to stay.
-bool IsSettled(const FileStamp& stamp) {
-    using namespace std::chrono;
-    constexpr auto tick = milliseconds(20);
-    const auto now = duration_cast<nanoseconds>(system_clock::now().time_since_epoch());
-    return now - nanoseconds(stamp.modified) > tick;
+/// The folder that the file really lies in, with its slash.
+std::string FolderOf(const std::string& path) {
+    const std::unique_ptr<char, void (*)(void*)> resolved(realpath(path.c_str(), nullptr), std::free);
+    const std::string target = resolved ? resolved.get() : path;
+    const std::string folder = target.substr(0, target.rfind('/') + 1);
+    return folder.empty() ? "./" : folder;
+}
+
+std::string ReasonOf(int error) {
+    switch (error) {
+    case EFBIG:
+        return "Het bestand is te groot.";
+    case EINVAL:
+        return "Dit is geen bestand.";
+    default:
+        return std::strerror(error);
+    }
+}
+
+std::chrono::nanoseconds Age(const FileStamp& stamp, std::chrono::system_clock::time_point now) {
+    return now.time_since_epoch() - std::chrono::nanoseconds(stamp.modified);
 }
 
 std::string FolderFrom(const char* variable) {
@@ -81,28 +125,131 @@ std::string DefaultSettingsPath() {
     return folder + "/tarvik/settings.reg";
 }
 
-RegFileStore::RegFileStore(std::string path) : path_(std::move(path)) {}
+RegFileStore::RegFileStore(std::string path, std::string branch, SettingsTeller teller)
+    : path_(std::move(path)), branch_(std::move(branch)), teller_(std::move(teller)) {
+    ClearLeftovers();
+}
+
+/// What a program left behind that was killed in the moment of replacing the file.
+void RegFileStore::ClearLeftovers() const {
+    if (!StampOf(path_)) {
+        return;
+    }
+    const std::string folder = FolderOf(path_);
+    std::vector<std::string> names;
+    if (const std::unique_ptr<DIR, int (*)(DIR*)> entries(opendir(folder.c_str()), closedir); entries) {
+        while (const dirent* const entry = readdir(entries.get())) {
+            if (std::string_view(entry->d_name).starts_with(Mark)) {
+                names.emplace_back(entry->d_name);
+            }
+        }
+    }
+    if (names.empty()) {
+        return;
+    }
+    const FileLock lock(folder + LockName, std::chrono::milliseconds(0));
+    if (lock.IsHeldByAnother()) {
+        return; // they are those of a program that is at work
+    }
+    for (const std::string& name : names) {
+        if (name != LockName) {
+            unlink((folder + name).c_str());
+        }
+    }
+}
+
+/// Has another program emptied the file, and not written it to its end yet?
+bool RegFileStore::IsBeingWritten(const FileContent& content) const {
+    if (content.bytes.empty()) {
+        return true;
+    }
+    const bool isShorter = isKnown_ && content.bytes.size() < file_.Bytes().size();
+    const std::chrono::nanoseconds age =
+        std::chrono::abs(Age(content.stamp, std::chrono::system_clock::now()));
+    const bool isWrittenInPlace = content.stamp.inode == state_.inode; // and not put there whole
+    if (isShorter && isWrittenInPlace && age < WritersBreath) {
+        return true;
+    }
+    return (isShorter || age < WritersPause) && !RegFile::EndsWhole(content.bytes);
+}
+
+/// Reads the file; 0 or errno, EAGAIN if it is being written.
+int RegFileStore::TakeIn() {
+    const auto asked = std::chrono::system_clock::now();
+    const auto begun = Clock::now();
+    FileContent content;
+    if (const int error = ReadWholeFile(path_, MaximumFileSize, content); error != 0) {
+        return error;
+    }
+    const bool isCut = IsBeingWritten(content);
+    if (isCut && !isCut_) {
+        return EAGAIN;
+    }
+    // A change within the same tick of the file system's clock leaves no mark on the stamp, so a file that
+    // has just changed is not trusted to stay. Its clock may be ahead of this machine's: what was seen a tick
+    // ago is settled.
+    constexpr std::chrono::milliseconds tick{20};
+    const bool isSettled =
+        Age(content.stamp, asked) > tick || (seen_ == content.stamp && begun - seenAt_ > tick);
+    state_ = content.stamp;
+    if (content.bytes != file_.Bytes()) {
+        file_ = RegFile(std::move(content.bytes), branch_);
+    }
+    isKnown_ = !isCut;
+    isCut_ = isCut;
+    if (isSettled) {
+        stamp_ = state_;
+    }
+    return 0;
+}
+
+/// Once more after a failure, as long as that is of use.
+int RegFileStore::ReadAgain(int error) {
+    for (int looks = 1; error != 0; ++looks) {
+        const bool isLost = IsAbsence(error) && isKnown_;
+        const bool isAllThereIs = error == EAGAIN && !isKnown_;
+        const int most = isLost ? LooksForALostFile : isAllThereIs ? LooksAtACutFile : LooksAtAFailure;
+        if (looks >= most || isTold_ || (IsAbsence(error) && !isKnown_) || (error == EAGAIN && isKnown_)) {
+            break;
+        }
+        std::this_thread::sleep_for(ReadPause);
+        error = TakeIn();
+    }
+    return error;
+}
 
 void RegFileStore::Refresh() {
-    if (stamp_ && stamp_ == StampOf(path_)) {
+    const std::optional<FileStamp> present = StampOf(path_);
+    if (stamp_ && stamp_ == present) {
         return;
     }
-    std::optional<FileContent> content = ReadWholeFile(path_, MaximumFileSize);
-    if (!content) { // once more, for a file that was just being written
-        content = ReadWholeFile(path_, MaximumFileSize);
+    if (seen_ != present) {
+        seen_ = present;
+        seenAt_ = Clock::now();
     }
     stamp_.reset();
-    if (!content) {
+    int error = ReadAgain(TakeIn());
+    if (error == EAGAIN && !isKnown_) { // better than nothing
+        isCut_ = true;
+        error = TakeIn();
+    }
+    if (error == 0) {
+        isTold_ = false;
+    } else if (IsAbsence(error)) {
         file_ = RegFile();
+        isKnown_ = isCut_ = isTold_ = false;
+    } else if (error != EAGAIN) {
+        Tell(error);
+    }
+}
+
+void RegFileStore::Tell(int error) {
+    if (isTold_ || !teller_) {
         return;
     }
-    state_ = content->stamp;
-    if (content->bytes != file_.Bytes()) {
-        file_ = RegFile(std::move(content->bytes));
-    }
-    if (IsSettled(content->stamp)) {
-        stamp_ = content->stamp;
-    }
+    isTold_ = true; // first: while it is on show the settings may be asked for
+    teller_("De instellingen van Tarvik kunnen niet worden gelezen.\n" + path_ + '\n' + ReasonOf(error) +
+            (isKnown_ ? "\nWat eerder is gelezen, blijft gelden." : ""));
 }
 
 std::int32_t RegFileStore::RegOpenKeyA(RegistryKey root, const std::string& path, RegistryKey& key) {
@@ -145,19 +292,31 @@ std::int32_t RegFileStore::RegSetValueExA(RegistryKey key, const std::string& na
         return RegInvalidHandle;
     }
     const RegValue value{type, IsTextType(type) ? text::FromCodePage(bytes) : std::string(bytes)};
+    const FileLock lock(FolderOf(path_) + LockName, LockPatience);
+    if (lock.IsHeldByAnother()) {
+        return ErrorLockViolation;
+    }
     int error = EAGAIN;
-    for (int attempt = 0; error == EAGAIN && attempt < WriteAttempts; ++attempt) {
+    for (int attempt = 1; error != 0; ++attempt) {
         Refresh();
-        if (!file_.HasKey(*path)) {
+        if (!isCut_ && !file_.HasKey(*path)) {
             return RegFileNotFound;
         }
-        const std::optional<std::string> changed =
-            file_.WithValue(*path, text::FromCodePage(UpToNul(name)), value);
-        if (!changed) {
-            return ErrorInvalidParameter;
+        if (!isCut_) {
+            const std::optional<std::string> changed =
+                file_.WithValue(*path, text::FromCodePage(UpToNul(name)), value);
+            if (!changed) {
+                return ErrorInvalidParameter;
+            }
+            error = ReplaceFile(path_, Mark, *changed, state_);
+            stamp_.reset(); // whatever lies there now is read again
         }
-        error = ReplaceFile(path_, *changed, state_);
-        stamp_.reset(); // whatever lies there now is read again
+        if (attempt == (error == EAGAIN ? WriteAttempts : FailedWriteAttempts)) {
+            break;
+        }
+        if (error != 0) {
+            std::this_thread::sleep_for(WritePause);
+        }
     }
     return ErrorOf(error);
 }

@@ -42,7 +42,9 @@ class QtPlatform {
   private:
     DutchApplication application_;
     QtDesktop desktop_;
-    RegFileStore registry_{DefaultSettingsPath()};
+    RegFileStore registry_{DefaultSettingsPath(), SettingsBranch, [this](const std::string& text) {
+                               desktop_.MsgBox(text, MessageIcon::Critical, "Instellingen");
+                           }};
     QtLocale locale_;
     QtClock clock_;
     SeededRandom random_;

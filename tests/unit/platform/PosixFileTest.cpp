@@ -1,4 +1,5 @@
 #include "platform/PosixFile.h"
+#include "platform/FileReplacement.h"
 
 #include <gtest/gtest.h>
 
@@ -38,27 +39,37 @@ class PosixFileTest : public testing::Test {
 };
 
 TEST_F(PosixFileTest, ReplacesTheStateThatWasRead) {
-    const auto content = ReadWholeFile(path, 100);
-    ASSERT_TRUE(content);
-    EXPECT_EQ(content->bytes, "een");
-    EXPECT_EQ(ReplaceFile(path, "twee", content->stamp), 0);
+    FileContent content;
+    ASSERT_EQ(ReadWholeFile(path, 100, content), 0);
+    EXPECT_EQ(content.bytes, "een");
+    EXPECT_EQ(ReplaceFile(path, ".merk-", "twee", content.stamp), 0);
     EXPECT_EQ(Bytes(), "twee");
     EXPECT_EQ(Files(), 1);
 }
 
 // Another program is putting its own settings there: they are not taken away from it.
 TEST_F(PosixFileTest, LeavesAStateThatWasNotRead) {
-    const auto content = ReadWholeFile(path, 100);
-    ASSERT_TRUE(content);
+    FileContent content;
+    ASSERT_EQ(ReadWholeFile(path, 100, content), 0);
     Put("van een ander");
-    EXPECT_EQ(ReplaceFile(path, "twee", content->stamp), EAGAIN);
+    EXPECT_EQ(ReplaceFile(path, ".merk-", "twee", content.stamp), EAGAIN);
     EXPECT_EQ(Bytes(), "van een ander");
     EXPECT_EQ(Files(), 1) << "the temporary file stays";
 }
 
 TEST_F(PosixFileTest, ReadsNothingBeyondTheLimit) {
-    EXPECT_TRUE(ReadWholeFile(path, 3));
-    EXPECT_FALSE(ReadWholeFile(path, 2));
+    FileContent content;
+    EXPECT_EQ(ReadWholeFile(path, 3, content), 0);
+    EXPECT_EQ(ReadWholeFile(path, 2, content), EFBIG);
+}
+
+TEST_F(PosixFileTest, TellsAnAbsentFileFromOneThatCannotBeRead) {
+    FileContent content;
+    EXPECT_TRUE(IsAbsence(ReadWholeFile((folder / "niets").string(), 100, content)));
+    EXPECT_TRUE(IsAbsence(ReadWholeFile(path + "/niets", 100, content)));
+    EXPECT_EQ(ReadWholeFile(folder.string(), 100, content), EINVAL);
+    EXPECT_FALSE(IsAbsence(EINVAL));
+    EXPECT_FALSE(IsAbsence(EACCES));
 }
 
 } // namespace

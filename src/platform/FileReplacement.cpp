@@ -1,0 +1,246 @@
+#include "platform/FileReplacement.h"
+
+#include <array>
+#include <cerrno>
+#include <cstddef>
+#include <cstdio>
+#include <cstdlib>
+#include <memory>
+
+#include <fcntl.h>
+#include <sys/random.h>
+#include <unistd.h>
+
+namespace platform {
+namespace {
+
+constexpr mode_t NewFile = 0666;     // less what the user's mask takes away
+constexpr mode_t PrivateFile = 0600; // until it has the rights of the file that it replaces
+constexpr std::size_t BufferSize = 64U << 10U;
+constexpr int NameAttempts = 100;
+
+int ErrorIf(bool failed) {
+    return failed ? errno : 0;
+}
+
+/// Where the system shows an open file, which gives one without a name its name.
+std::string SystemPathOf(int descriptor) {
+    return "/proc/self/fd/" + std::to_string(descriptor);
+}
+
+/// Calls `make` with names that begin with `prefix` until one is free; the name, or an empty text with errno
+/// set.
+template <class Make>
+std::string WithFreeName(const std::string& prefix, const Make& make) {
+    constexpr std::string_view letters = "abcdefghijklmnopqrstuvwxyz012345";
+    for (int attempt = 0; attempt < NameAttempts; ++attempt) {
+        std::array<unsigned char, 6> random{};
+        if (Uninterrupted([&] { return getrandom(random.data(), random.size(), 0); }) < 0) {
+            return {};
+        }
+        std::string name = prefix;
+        for (const unsigned char byte : random) {
+            name.push_back(letters[byte % letters.size()]);
+        }
+        if (make(name.c_str())) {
+            return name;
+        }
+        if (errno != EEXIST) {
+            return {};
+        }
+    }
+    return {};
+}
+
+int WriteAll(int descriptor, std::string_view bytes) {
+    while (!bytes.empty()) {
+        const ssize_t count = Uninterrupted([&] { return write(descriptor, bytes.data(), bytes.size()); });
+        if (count < 0) {
+            return errno;
+        }
+        bytes.remove_prefix(static_cast<std::size_t>(count));
+    }
+    return 0;
+}
+
+/// Makes a new name last through a loss of power. A file system that cannot do it for a folder has the file
+/// all the same.
+void FlushFolder(const std::string& folder) {
+    const Descriptor descriptor(open(folder.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC));
+    if (descriptor.IsOpen()) {
+        fsync(descriptor.Number());
+    }
+}
+
+} // namespace
+
+FileReplacement::~FileReplacement() {
+    if (!name_.empty()) {
+        unlink(name_.c_str());
+    }
+}
+
+int FileReplacement::Keep(int error) {
+    if (error_ == 0) {
+        error_ = error;
+    }
+    return error_;
+}
+
+int FileReplacement::Begin(const std::string& path, std::string_view mark) {
+    const std::unique_ptr<char, void (*)(void*)> resolved(realpath(path.c_str(), nullptr), std::free);
+    struct stat status {};
+    if (resolved) {
+        target_ = resolved.get();
+        if (stat(target_.c_str(), &status) != 0) {
+            return Keep(errno);
+        }
+        if (!S_ISREG(status.st_mode)) {
+            return Keep(S_ISDIR(status.st_mode) ? EISDIR : EINVAL);
+        }
+        // A name in a folder asks the folder alone for permission; a file that its owner made read-only
+        // stays.
+        if (access(target_.c_str(), W_OK) != 0) {
+            return Keep(errno);
+        }
+        old_ = status;
+    } else if (errno != ENOENT) {
+        return Keep(errno);
+    } else if (lstat(path.c_str(), &status) == 0 || errno != ENOENT) { // a link that leads nowhere
+        return Keep(ENOENT);
+    } else {
+        target_ = path;
+    }
+    folder_ = target_.substr(0, target_.rfind('/') + 1);
+    if (folder_.empty()) {
+        folder_ = "./";
+    }
+    mark_ = mark;
+    return Keep(OpenBesideTarget());
+}
+
+int FileReplacement::OpenBesideTarget() {
+    const mode_t mode = old_ ? PrivateFile : NewFile;
+    descriptor_ = Descriptor(
+        Uninterrupted([&] { return open(folder_.c_str(), O_TMPFILE | O_RDWR | O_CLOEXEC, mode); }));
+    if (descriptor_.IsOpen()) {
+        if (access(SystemPathOf(descriptor_.Number()).c_str(), F_OK) == 0) {
+            return 0;
+        }
+        descriptor_.Close(); // it could never be given a name
+    } else if (errno != EOPNOTSUPP && errno != EISDIR) {
+        return errno;
+    }
+    name_ = WithFreeName(folder_ + mark_, [&](const char* name) {
+        descriptor_ = Descriptor(
+            Uninterrupted([&] { return open(name, O_CREAT | O_EXCL | O_RDWR | O_CLOEXEC, mode); }));
+        return descriptor_.IsOpen();
+    });
+    return ErrorIf(name_.empty());
+}
+
+int FileReplacement::Write(std::string_view bytes) {
+    if (error_ != 0) {
+        return error_;
+    }
+    if (waiting_.size() + bytes.size() < BufferSize) {
+        waiting_.append(bytes);
+        return 0;
+    }
+    int error = WriteAll(descriptor_.Number(), waiting_);
+    waiting_.clear();
+    if (error == 0) {
+        error = WriteAll(descriptor_.Number(), bytes);
+    }
+    return Keep(error);
+}
+
+/// Only the administrator may give a file away, so a refused owner is no failure.
+int FileReplacement::TakeOverRights() {
+    if (!old_) {
+        return 0;
+    }
+    if (fchown(descriptor_.Number(), old_->st_uid, old_->st_gid) != 0 && errno != EPERM) {
+        return errno;
+    }
+    return ErrorIf(fchmod(descriptor_.Number(), old_->st_mode & 07777) != 0);
+}
+
+int FileReplacement::BringToDisk() {
+    if (const int error = WriteAll(descriptor_.Number(), waiting_); error != 0) {
+        return error;
+    }
+    if (const int error = TakeOverRights(); error != 0) {
+        return error;
+    }
+    return ErrorIf(Uninterrupted([&] { return fsync(descriptor_.Number()); }) != 0);
+}
+
+int FileReplacement::LinkBesideTarget() {
+    if (name_.empty()) {
+        const std::string from = SystemPathOf(descriptor_.Number());
+        name_ = WithFreeName(folder_ + mark_, [&](const char* name) {
+            return linkat(AT_FDCWD, from.c_str(), AT_FDCWD, name, AT_SYMLINK_FOLLOW) == 0;
+        });
+    }
+    return ErrorIf(name_.empty());
+}
+
+/// In the place of the old file.
+int FileReplacement::PutInPlace() {
+    if (const int error = LinkBesideTarget(); error != 0) {
+        return error;
+    }
+    if (std::rename(name_.c_str(), target_.c_str()) != 0) {
+        return errno;
+    }
+    name_.clear();
+    return 0;
+}
+
+/// Where no file was. A file that has appeared there since is somebody's.
+int FileReplacement::Appear() {
+    if (name_.empty()) {
+        const std::string from = SystemPathOf(descriptor_.Number());
+        return ErrorIf(linkat(AT_FDCWD, from.c_str(), AT_FDCWD, target_.c_str(), AT_SYMLINK_FOLLOW) != 0);
+    }
+    if (link(name_.c_str(), target_.c_str()) == 0) {
+        return 0; // the first name goes with this object
+    }
+    if (errno != EPERM && errno != EOPNOTSUPP) {
+        return errno;
+    }
+    // A file system on which each file has one name.
+    struct stat status {};
+    if (lstat(target_.c_str(), &status) == 0) {
+        return EEXIST;
+    }
+    return errno == ENOENT ? PutInPlace() : errno;
+}
+
+int FileReplacement::Commit(const std::optional<FileStamp>& before) {
+    if (error_ != 0) {
+        return error_;
+    }
+    if (const int error = BringToDisk(); error != 0) {
+        return Keep(error);
+    }
+    if (before && StampOf(target_) != before) {
+        return Keep(EAGAIN);
+    }
+    if (const int error = old_ ? PutInPlace() : Appear(); error != 0) {
+        return Keep(error);
+    }
+    FlushFolder(folder_);
+    return 0;
+}
+
+int ReplaceFile(const std::string& path, std::string_view mark, std::string_view bytes,
+                const FileStamp& before) {
+    FileReplacement file;
+    file.Begin(path, mark);
+    file.Write(bytes);
+    return file.Commit(before);
+}
+
+} // namespace platform
