@@ -6,6 +6,7 @@
 #include <cstdio>
 #include <cstdlib>
 #include <memory>
+#include <utility>
 
 #include <fcntl.h>
 #include <sys/random.h>
@@ -16,7 +17,6 @@ namespace {
 
 constexpr mode_t NewFile = 0666;     // less what the user's mask takes away
 constexpr mode_t PrivateFile = 0600; // until it has the rights of the file that it replaces
-constexpr std::size_t BufferSize = 64U << 10U;
 constexpr int NameAttempts = 100;
 
 int ErrorIf(bool failed) {
@@ -50,17 +50,6 @@ std::string WithFreeName(const std::string& prefix, const Make& make) {
         }
     }
     return {};
-}
-
-int WriteAll(int descriptor, std::string_view bytes) {
-    while (!bytes.empty()) {
-        const ssize_t count = Uninterrupted([&] { return write(descriptor, bytes.data(), bytes.size()); });
-        if (count < 0) {
-            return errno;
-        }
-        bytes.remove_prefix(static_cast<std::size_t>(count));
-    }
-    return 0;
 }
 
 /// Makes a new name last through a loss of power. A file system that cannot do it for a folder has the file
@@ -121,38 +110,30 @@ int FileReplacement::Begin(const std::string& path, std::string_view mark) {
 
 int FileReplacement::OpenBesideTarget() {
     const mode_t mode = old_ ? PrivateFile : NewFile;
-    descriptor_ = Descriptor(
+    Descriptor descriptor(
         Uninterrupted([&] { return open(folder_.c_str(), O_TMPFILE | O_RDWR | O_CLOEXEC, mode); }));
-    if (descriptor_.IsOpen()) {
-        if (access(SystemPathOf(descriptor_.Number()).c_str(), F_OK) == 0) {
+    if (descriptor.IsOpen()) {
+        if (access(SystemPathOf(descriptor.Number()).c_str(), F_OK) == 0) {
+            writer_ = FileWriter(std::move(descriptor));
             return 0;
-        }
-        descriptor_.Close(); // it could never be given a name
+        } // else it could never be given a name
     } else if (errno != EOPNOTSUPP && errno != EISDIR) {
         return errno;
     }
     name_ = WithFreeName(folder_ + mark_, [&](const char* name) {
-        descriptor_ = Descriptor(
+        descriptor = Descriptor(
             Uninterrupted([&] { return open(name, O_CREAT | O_EXCL | O_RDWR | O_CLOEXEC, mode); }));
-        return descriptor_.IsOpen();
+        return descriptor.IsOpen();
     });
-    return ErrorIf(name_.empty());
+    if (name_.empty()) {
+        return errno;
+    }
+    writer_ = FileWriter(std::move(descriptor));
+    return 0;
 }
 
 int FileReplacement::Write(std::string_view bytes) {
-    if (error_ != 0) {
-        return error_;
-    }
-    if (waiting_.size() + bytes.size() < BufferSize) {
-        waiting_.append(bytes);
-        return 0;
-    }
-    int error = WriteAll(descriptor_.Number(), waiting_);
-    waiting_.clear();
-    if (error == 0) {
-        error = WriteAll(descriptor_.Number(), bytes);
-    }
-    return Keep(error);
+    return error_ != 0 ? error_ : Keep(writer_.Write(bytes));
 }
 
 /// Only the administrator may give a file away, so a refused owner is no failure.
@@ -160,25 +141,25 @@ int FileReplacement::TakeOverRights() {
     if (!old_) {
         return 0;
     }
-    if (fchown(descriptor_.Number(), old_->st_uid, old_->st_gid) != 0 && errno != EPERM) {
+    if (fchown(writer_.File().Number(), old_->st_uid, old_->st_gid) != 0 && errno != EPERM) {
         return errno;
     }
-    return ErrorIf(fchmod(descriptor_.Number(), old_->st_mode & 07777) != 0);
+    return ErrorIf(fchmod(writer_.File().Number(), old_->st_mode & 07777) != 0);
 }
 
 int FileReplacement::BringToDisk() {
-    if (const int error = WriteAll(descriptor_.Number(), waiting_); error != 0) {
+    if (const int error = writer_.Flush(); error != 0) {
         return error;
     }
     if (const int error = TakeOverRights(); error != 0) {
         return error;
     }
-    return ErrorIf(Uninterrupted([&] { return fsync(descriptor_.Number()); }) != 0);
+    return ErrorIf(Uninterrupted([&] { return fsync(writer_.File().Number()); }) != 0);
 }
 
 int FileReplacement::LinkBesideTarget() {
     if (name_.empty()) {
-        const std::string from = SystemPathOf(descriptor_.Number());
+        const std::string from = SystemPathOf(writer_.File().Number());
         name_ = WithFreeName(folder_ + mark_, [&](const char* name) {
             return linkat(AT_FDCWD, from.c_str(), AT_FDCWD, name, AT_SYMLINK_FOLLOW) == 0;
         });
@@ -201,7 +182,7 @@ int FileReplacement::PutInPlace() {
 /// Where no file was. A file that has appeared there since is somebody's.
 int FileReplacement::Appear() {
     if (name_.empty()) {
-        const std::string from = SystemPathOf(descriptor_.Number());
+        const std::string from = SystemPathOf(writer_.File().Number());
         return ErrorIf(linkat(AT_FDCWD, from.c_str(), AT_FDCWD, target_.c_str(), AT_SYMLINK_FOLLOW) != 0);
     }
     if (link(name_.c_str(), target_.c_str()) == 0) {

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "platform/Descriptor.h"
+#include "platform/FileWriter.h"
 #include "platform/PosixFile.h"
 
 #include <optional>
@@ -25,7 +25,7 @@ class FileReplacement {
     FileReplacement& operator=(const FileReplacement&) = delete;
 
     /// For a file that need not be there. `mark` begins the name that the bytes may have beside it.
-    int Begin(const std::string& path, std::string_view mark);
+    int Begin(const std::string& path, std::string_view mark = ".drukkeuring-");
 
     /// The first failure holds for all further calls.
     int Write(std::string_view bytes);
@@ -47,9 +47,8 @@ class FileReplacement {
     std::string folder_; // with its slash
     std::string mark_;
     std::optional<struct stat> old_; // nothing if there was no file
-    Descriptor descriptor_;
+    FileWriter writer_;
     std::string name_; // of the bytes beside the target; empty as long as they have none
-    std::string waiting_;
     int error_ = 0;
 };
 

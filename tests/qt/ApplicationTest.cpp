@@ -1,6 +1,7 @@
 // Failures that no handler of the program knows, on their way through the toolkit.
 #include "platform/RuntimeError.h"
 #include "platform/memory/MemoryPlatform.h"
+#include "platform/qt/EndSignals.h"
 #include "platform/qt/Guarded.h"
 
 #include <gtest/gtest.h>
@@ -9,6 +10,7 @@
 #include <QEvent>
 #include <QTimer>
 
+#include <csignal>
 #include <cstdint>
 #include <functional>
 #include <new>
@@ -63,6 +65,16 @@ TEST_F(ApplicationTest, LetsItPassWhereNobodyIsTold) {
     platform::qt::TellFailuresOn(nullptr);
     EXPECT_THROW(Send([] { throw std::bad_alloc(); }), std::bad_alloc);
     EXPECT_TRUE(numbers.empty());
+}
+
+// A document that outgrows the limit that a user has on files is a failure like a full disk.
+TEST(EndSignals, LetTheProgramLiveWhereAFileMayNotGrow) {
+    const auto before = std::signal(SIGXFSZ, SIG_DFL);
+    {
+        const platform::qt::EndSignals ending([] {}, [] { return true; });
+        EXPECT_EQ(std::signal(SIGXFSZ, SIG_IGN), SIG_IGN);
+    }
+    EXPECT_EQ(std::signal(SIGXFSZ, before), SIG_DFL) << "it is as it was";
 }
 
 } // namespace

@@ -9,6 +9,7 @@
 #include <cerrno>
 #include <csignal>
 #include <cstdarg>
+#include <cstring>
 #include <string>
 
 #include <fcntl.h>
@@ -67,7 +68,7 @@ TEST_P(SpoolFileTest, IsTheUsersAloneAndHasNoName) {
     file.write("document");
     file.Rewind();
     struct stat status {};
-    ASSERT_EQ(fstat(file.handle(), &status), 0);
+    ASSERT_EQ(fstat(file.Number(), &status), 0);
     EXPECT_EQ(status.st_mode & PermissionBits, 0600U);
     EXPECT_EQ(status.st_uid, geteuid());
     EXPECT_EQ(status.st_nlink, 0U);
@@ -81,9 +82,9 @@ TEST_P(SpoolFileTest, IsReadFromItsBeginning) {
     file.write("eerste ");
     file.write("tweede");
     file.Rewind();
-    EXPECT_EQ(ReadAll(file.handle()), "eerste tweede");
+    EXPECT_EQ(ReadAll(file.Number()), "eerste tweede");
     file.Rewind();
-    EXPECT_EQ(ReadAll(file.handle()), "eerste tweede");
+    EXPECT_EQ(ReadAll(file.Number()), "eerste tweede");
 }
 
 TEST_P(SpoolFileTest, LeavesNothingWhenTheProgramIsKilled) {
@@ -109,15 +110,52 @@ TEST_P(SpoolFileTest, LeavesAnotherFolderAsItIs) {
     struct stat status {};
     ASSERT_EQ(stat(QFile::encodeName(Path).constData(), &status), 0);
     EXPECT_EQ(status.st_mode & PermissionBits, 0755U);
-    ASSERT_EQ(fstat(file.handle(), &status), 0);
+    ASSERT_EQ(fstat(file.Number(), &status), 0);
     EXPECT_EQ(status.st_mode & PermissionBits, 0600U);
 }
 
 TEST_P(SpoolFileTest, FailsWhereThereIsNoFolder) {
     QFile inTheWay(Folder.filePath("cache"));
     ASSERT_TRUE(inTheWay.open(QIODevice::WriteOnly));
-    EXPECT_THROW(SpoolFile{Path}, RuntimeError);
+    try {
+        const SpoolFile file(Path);
+        ADD_FAILURE() << "there is no folder";
+    } catch (const RuntimeError& error) {
+        EXPECT_EQ(error.Description(), "Het document kon niet worden klaargezet.\n" + Path.toStdString() +
+                                           "\n" + std::strerror(ENOTDIR));
+    }
     EXPECT_EQ(inTheWay.size(), 0);
+}
+
+TEST_P(SpoolFileTest, TellsThatTheFolderCannotBeMade) {
+    Path = "/proc/drukkeuring/spool";
+    try {
+        const SpoolFile file(Path);
+        ADD_FAILURE() << "there is no folder";
+    } catch (const RuntimeError& error) {
+        EXPECT_EQ(error.Description(), "Het document kon niet worden klaargezet.\n/proc/drukkeuring/spool\n" +
+                                           std::string(std::strerror(ENOENT)));
+    }
+}
+
+TEST_P(SpoolFileTest, TellsThatTheLastBytesFoundNoPlace) {
+    SpoolFile file(Path);
+    const auto handler = std::signal(SIGXFSZ, SIG_IGN);
+    rlimit before{};
+    ASSERT_EQ(getrlimit(RLIMIT_FSIZE, &before), 0);
+    const rlimit small = {1000, before.rlim_max};
+    ASSERT_EQ(setrlimit(RLIMIT_FSIZE, &small), 0);
+    file.write(QByteArray(1500, 'x'));
+    std::string told;
+    try {
+        file.Rewind();
+    } catch (const RuntimeError& error) {
+        told = error.Description();
+    }
+    ASSERT_EQ(setrlimit(RLIMIT_FSIZE, &before), 0);
+    std::signal(SIGXFSZ, handler);
+    EXPECT_EQ(told, "Het document kon niet worden klaargezet.\n" + Path.toStdString() + "\n" +
+                        std::strerror(EFBIG));
 }
 
 TEST_P(SpoolFileTest, TellsAFullDiskEvenWhenThereIsRoomAgain) {

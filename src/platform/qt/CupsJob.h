@@ -13,6 +13,11 @@ namespace platform::qt {
 inline constexpr const char* NoAnswerText =
     "De afdrukserver geeft geen antwoord. Het document is niet afgedrukt.";
 
+/// The same after the document was sent: the number of its job may stand between the two.
+inline constexpr const char* LostAnswerText =
+    "De afdrukserver heeft niet bevestigd dat het document is aangekomen. Misschien wordt het toch afgedrukt";
+inline constexpr const char* LookFirstText = "Kijk eerst bij de printer voordat u het opnieuw afdrukt.";
+
 /// A document on its way to a queue, kept meanwhile in a file that nobody else can open.
 class CupsJob : public PrintJob {
   public:
@@ -25,11 +30,14 @@ class CupsJob : public PrintJob {
 
   private:
     IppMessage NewPrintRequest() const;
+    [[noreturn]] void TellLostAnswer() const;
+    int NumberAtServer() const;
 
     std::shared_ptr<CupsServer> server_;
     std::string queue_;
     std::string queueUri_;
     std::string title_;
+    std::string mark_; ///< tells this document from all others at the server
     CupsOptions options_;
     SpoolFile file_;
 };

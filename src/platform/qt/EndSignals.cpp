@@ -49,6 +49,7 @@ EndSignals::EndSignals(std::function<void()> end, std::function<bool()> sessionM
         }
     });
     signalEnd = ends_[0];
+    beforeLimit_ = std::signal(SIGXFSZ, SIG_IGN);
     for (std::size_t i = 0; i < Signals.size(); ++i) {
         before_[i] = std::signal(Signals[i], Tell);
         if (before_[i] == SIG_IGN) { // as nohup asks
@@ -64,6 +65,7 @@ EndSignals::~EndSignals() {
     for (std::size_t i = 0; i < Signals.size(); ++i) {
         std::signal(Signals[i], before_[i]);
     }
+    std::signal(SIGXFSZ, beforeLimit_);
     signalEnd = -1;
     for (const int end : ends_) {
         close(end);

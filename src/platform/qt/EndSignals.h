@@ -9,7 +9,8 @@
 namespace platform::qt {
 
 /// Has the program end in order when someone asks it to (SIGTERM, SIGINT, SIGHUP), and be asked when the
-/// session may end. One at a time; needs a QApplication.
+/// session may end. A file that outgrows the user's limit (SIGXFSZ) does not end it: that is a failure of the
+/// write. One at a time; needs a QApplication.
 class EndSignals : public QObject {
   public:
     /// `end` runs from the message loop, once for each signal. `sessionMayEnd` is asked when the session is
@@ -23,6 +24,7 @@ class EndSignals : public QObject {
     std::function<void()> end_;
     std::function<bool()> sessionMayEnd_;
     std::array<void (*)(int), 3> before_{}; ///< what the signals did
+    void (*beforeLimit_)(int) = nullptr;
     QSocketNotifier* notifier_ = nullptr;
 };
 

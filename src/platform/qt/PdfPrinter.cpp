@@ -2,6 +2,7 @@
 
 #include "platform/RuntimeError.h"
 #include "platform/qt/ArrowPointer.h"
+#include "platform/qt/FileJob.h"
 #include "platform/qt/PaperTable.h"
 #include "platform/qt/SheetSize.h"
 
@@ -12,7 +13,6 @@
 #include <QFileInfo>
 #include <QLabel>
 #include <QMessageBox>
-#include <QSaveFile>
 #include <QStandardPaths>
 
 #include <algorithm>
@@ -62,34 +62,6 @@ double TwipsOfMillimetres(double millimetres) {
 double TwipsOfInches(double inches) {
     return inches * 1440;
 }
-
-/// A document on its way into a file. The file is written beside the one that is meant and takes its place
-/// when it is complete.
-class FileJob : public PrintJob {
-  public:
-    explicit FileJob(const std::optional<QString>& path) : file_(path.value_or(QString())) {
-        if (path && !file_.open(QIODevice::WriteOnly)) {
-            throw Failure();
-        }
-    }
-
-    QIODevice* Output() override { return file_.isOpen() ? &file_ : nullptr; }
-
-    void Finish() override {
-        if (file_.isOpen() && !file_.commit()) {
-            throw Failure();
-        }
-    }
-
-  private:
-    RuntimeError Failure() const {
-        const QString text = QStringLiteral("Het bestand kon niet worden geschreven.\n%1\n%2")
-                                 .arg(QDir::toNativeSeparators(file_.fileName()), file_.errorString());
-        return RuntimeError(ErrorPrinter, text.toStdString());
-    }
-
-    QSaveFile file_;
-};
 
 QString WithEnding(const QString& path) {
     return QFileInfo(path).suffix().isEmpty() ? path + QStringLiteral(".pdf") : path;

@@ -3,12 +3,16 @@
 #include "platform/RuntimeError.h"
 
 #include <QDir>
+#include <QFile>
 #include <QFileInfo>
 
 #include <cerrno>
 #include <cstdlib>
+#include <string>
+#include <string_view>
 
 #include <fcntl.h>
+#include <sys/stat.h>
 #include <unistd.h>
 
 namespace platform::qt {
@@ -16,11 +20,20 @@ namespace platform::qt {
 namespace {
 
 constexpr mode_t PrivateFile = 0600;
-constexpr auto PrivateFolder = QFileDevice::ReadOwner | QFileDevice::WriteOwner | QFileDevice::ExeOwner;
+constexpr mode_t PrivateFolder = 0700;
+
+/// False with errno set where it cannot be made.
+bool MakeFolder(const QByteArray& folder, mode_t mode) {
+    const QByteArray above = folder.left(folder.lastIndexOf('/'));
+    return mkdir(folder.constData(), mode) == 0 || errno == EEXIST ||
+           (errno == ENOENT && !above.isEmpty() && MakeFolder(above, 0777) &&
+            (mkdir(folder.constData(), mode) == 0 || errno == EEXIST));
+}
 
 /// A descriptor, or -1.
 int OpenWithoutName(const QByteArray& folder) {
-    const int nameless = open(folder.constData(), O_TMPFILE | O_RDWR | O_CLOEXEC, PrivateFile);
+    const int nameless =
+        Uninterrupted([&] { return open(folder.constData(), O_TMPFILE | O_RDWR | O_CLOEXEC, PrivateFile); });
     if (nameless >= 0 || (errno != EOPNOTSUPP && errno != EISDIR)) {
         return nameless;
     }
@@ -34,42 +47,43 @@ int OpenWithoutName(const QByteArray& folder) {
     return named;
 }
 
-RuntimeError Failure(const QString& reason) {
-    return RuntimeError(ErrorPrinter, "Het document kon niet worden klaargezet.\n" + reason.toStdString());
+RuntimeError Failure(const QString& folder, int error) {
+    const QString text = QStringLiteral("Het document kon niet worden klaargezet.\n%1\n%2")
+                             .arg(folder, qt_error_string(error));
+    return RuntimeError(ErrorPrinter, text.toStdString());
 }
 
 } // namespace
 
-SpoolFile::SpoolFile(const QString& folder) {
-    if (!QFile::exists(folder)) {
-        QDir().mkpath(QFileInfo(folder).path());
-        QDir().mkdir(folder, PrivateFolder);
+SpoolFile::SpoolFile(const QString& folder) : folder_(folder) {
+    const QByteArray name = QFile::encodeName(folder);
+    if (!MakeFolder(name, PrivateFolder)) {
+        throw Failure(folder_, errno);
     }
-    const int descriptor = OpenWithoutName(QFile::encodeName(folder));
-    if (descriptor < 0) {
-        throw Failure(qt_error_string());
+    Descriptor file(OpenWithoutName(name));
+    if (!file.IsOpen()) {
+        throw Failure(folder_, errno);
     }
-    if (!open(descriptor, ReadWrite, AutoCloseHandle)) {
-        ::close(descriptor);
-        throw Failure(errorString());
-    }
+    writer_ = FileWriter(std::move(file));
+    open(WriteOnly);
 }
 
 void SpoolFile::Rewind() {
-    if (!failure_.isEmpty()) {
-        throw Failure(failure_);
+    if (const int error = writer_.Flush(); error != 0) {
+        throw Failure(folder_, error);
     }
-    if (!flush() || lseek(handle(), 0, SEEK_SET) != 0) {
-        throw Failure(errorString());
+    if (lseek(Number(), 0, SEEK_SET) != 0) {
+        throw Failure(folder_, errno);
     }
 }
 
+bool SpoolFile::IsRead() const {
+    struct stat status {};
+    return fstat(Number(), &status) != 0 || lseek(Number(), 0, SEEK_CUR) >= status.st_size;
+}
+
 qint64 SpoolFile::writeData(const char* data, qint64 length) {
-    const qint64 written = QFile::writeData(data, length);
-    if (written != length && failure_.isEmpty()) {
-        failure_ = errorString(); // what is drawn next may fit again
-    }
-    return written;
+    return writer_.Write({data, static_cast<std::size_t>(length)}) == 0 ? length : -1;
 }
 
 } // namespace platform::qt

@@ -220,6 +220,39 @@ TEST_F(PdfPrinterTest, LeavesTheOldFileWhereTheDiskIsFull) {
     EXPECT_EQ(QDir(Folder.path()).entryList(QDir::Files | QDir::Hidden), QStringList{"uit.pdf"});
 }
 
+// Also where no more than the last bytes find no place, which are written when the document ends.
+TEST_F(PdfPrinterTest, HandsOverNoDocumentThatIsCutOff) {
+    PrintOneLine();
+    const qint64 size = QFileInfo(Path).size();
+    for (const qint64 room : {size - 1, size - 100, size / 2, qint64{1}}) {
+        QFile old(Path);
+        ASSERT_TRUE(old.open(QIODevice::WriteOnly));
+        old.write("oud");
+        old.close();
+        Told.clear();
+        {
+            const FileLimit limit(static_cast<rlim_t>(room));
+            EXPECT_THROW(PrintOneLine(), RuntimeError) << room;
+        }
+        EXPECT_EQ(Told.size(), 1U) << room;
+        ASSERT_TRUE(old.open(QIODevice::ReadOnly));
+        EXPECT_TRUE(old.readAll() == "oud") << room;
+        EXPECT_EQ(QDir(Folder.path()).entryList(QDir::Files | QDir::Hidden), QStringList{"uit.pdf"});
+    }
+}
+
+TEST_F(PdfPrinterTest, LeavesAFileThatAppearsMeanwhile) {
+    Printer.Page().DrawText(0, 0, "x", Tahoma9);
+    QFile other(Path);
+    ASSERT_TRUE(other.open(QIODevice::WriteOnly));
+    other.write("van een ander");
+    other.close();
+    EXPECT_THROW(Printer.Page().EndDocument(), RuntimeError);
+    EXPECT_EQ(Told.size(), 1U);
+    ASSERT_TRUE(other.open(QIODevice::ReadOnly));
+    EXPECT_TRUE(other.readAll() == "van een ander");
+}
+
 TEST_F(PdfPrinterTest, ShowsNoFileBeforeTheDocumentIsComplete) {
     Printer.Page().DrawText(0, 0, "x", Tahoma9);
     Printer.Page().NewPage();

@@ -29,6 +29,9 @@ class QueuesTest : public testing::Test {
         "moment niet mogelijk.\r\nRegel: 6";
     static constexpr const char* NoAnswer =
         "De afdrukserver geeft geen antwoord. Het document is niet afgedrukt.";
+    static constexpr const char* PerhapsPrinted =
+        "De afdrukserver heeft niet bevestigd dat het document is aangekomen. Misschien wordt het toch "
+        "afgedrukt.\nKijk eerst bij de printer voordat u het opnieuw afdrukt.";
 
     enum Document : int { TestForms, NameList, CalibrationReport };
 

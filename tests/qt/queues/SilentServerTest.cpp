@@ -120,7 +120,7 @@ TEST_F(SilentServerTest, WhenTheDocumentIsSent) {
         EXPECT_FALSE(silence->HasAnswered());
     });
     silence.reset();
-    EXPECT_THAT(Messages(), ElementsAre(NoAnswer));
+    EXPECT_THAT(Messages(), ElementsAre(PerhapsPrinted)); // the server has it, or will have
     WaitUntilAsked();
 }
 

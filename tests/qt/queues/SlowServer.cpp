@@ -20,17 +20,24 @@ sockaddr_un AddressOf(const std::string& path) {
     return address;
 }
 
-/// Passes on what can be read. False at the end of the connection.
-bool Pass(int from, int to) {
-    std::array<char, 65536> buffer;
-    const ssize_t count = read(from, buffer.data(), buffer.size());
-    return count > 0 && send(to, buffer.data(), static_cast<size_t>(count), MSG_NOSIGNAL) == count;
+/// What can be read; nothing at the end of the connection.
+std::string Receive(int from) {
+    std::string bytes(65536, '\0');
+    const ssize_t count = read(from, bytes.data(), bytes.size());
+    bytes.resize(count < 0 ? 0 : static_cast<std::size_t>(count));
+    return bytes;
+}
+
+/// False at the end of the connection.
+bool Pass(const std::string& bytes, int to) {
+    return !bytes.empty() &&
+           send(to, bytes.data(), bytes.size(), MSG_NOSIGNAL) == static_cast<ssize_t>(bytes.size());
 }
 
 } // namespace
 
-SlowServer::SlowServer(const QString& socket, std::chrono::milliseconds delay)
-    : socket_(socket.toStdString()), aside_(socket_ + ".own"), delay_(delay) {
+SlowServer::SlowServer(const QString& socket, std::chrono::milliseconds delay, Loss loss)
+    : socket_(socket.toStdString()), aside_(socket_ + ".own"), delay_(delay), loss_(loss) {
     EXPECT_EQ(pipe(ended_), 0);
     EXPECT_EQ(std::rename(socket_.c_str(), aside_.c_str()), 0);
     listener_ = Listen();
@@ -78,6 +85,7 @@ void SlowServer::Accept() {
 void SlowServer::Serve(int client) {
     const int server = Connect();
     bool isAnswering = false; // the parts of one answer come together
+    bool isDocument = false;
     while (true) {
         std::array<pollfd, 3> waiting = {{{client, POLLIN, 0}, {server, POLLIN, 0}, {ended_[0], POLLIN, 0}}};
         poll(waiting.data(), waiting.size(), -1);
@@ -86,7 +94,9 @@ void SlowServer::Serve(int client) {
         }
         if (waiting[0].revents != 0) {
             isAnswering = false;
-            if (!Pass(client, server)) {
+            const std::string bytes = Receive(client);
+            isDocument = isDocument || bytes.find("%PDF-") != std::string::npos;
+            if ((isDocument && loss_ == Loss::Document) || !Pass(bytes, server)) {
                 break;
             }
             continue;
@@ -99,7 +109,12 @@ void SlowServer::Serve(int client) {
             isAnswering = true;
             ++answers_;
         }
-        if (!Pass(server, client)) {
+        if (isDocument && loss_ == Loss::Standstill) {
+            pollfd ended = {ended_[0], POLLIN, 0};
+            poll(&ended, 1, -1);
+            break;
+        }
+        if ((isDocument && loss_ == Loss::Answer) || !Pass(Receive(server), client)) {
             break;
         }
     }

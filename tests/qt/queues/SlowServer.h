@@ -8,10 +8,15 @@
 #include <thread>
 #include <vector>
 
+/// What gets lost of a document that passes.
+enum class Loss { Nothing, Document, Answer, Standstill };
+
 /// Stands before the print server while it lives: what the server answers is passed on only after a while.
+/// The connection of a document may break, before the document has come or before its answer has, or stand
+/// still then.
 class SlowServer {
   public:
-    SlowServer(const QString& socket, std::chrono::milliseconds delay);
+    SlowServer(const QString& socket, std::chrono::milliseconds delay, Loss loss = Loss::Nothing);
     ~SlowServer();
     SlowServer(const SlowServer&) = delete;
     SlowServer& operator=(const SlowServer&) = delete;
@@ -29,6 +34,7 @@ class SlowServer {
     std::string socket_;
     std::string aside_; ///< where the server's own socket is meanwhile
     std::chrono::milliseconds delay_;
+    Loss loss_;
     std::atomic<int> answers_ = 0;
     int listener_ = -1;
     int ended_[2] = {-1, -1}; ///< a pipe that can be read once it is over
