@@ -1,0 +1,26 @@
+// Writes values into a settings file, as the program does: NAME0, NAME1 and so on, and prints those that were
+// taken.
+//
+// campaign-writer FILE NAME NUMBER
+#include "platform/RegFileStore.h"
+#include "platform/modRegistry.h"
+
+#include <cstdio>
+#include <cstdlib>
+#include <string>
+
+int main(int argc, char** argv) {
+    if (argc != 4) {
+        return 2;
+    }
+    platform::RegFileStore store(argv[1], platform::SettingsBranch);
+    const platform::modRegistry registry(store);
+    for (int i = 0; i < std::atoi(argv[3]); ++i) {
+        const std::string name = argv[2] + std::to_string(i);
+        if (registry.SetRegistryValue(platform::HkeyCurrentUser, "Software\\Ondor\\Tarvik\\CurrentVersion",
+                                      name, name)) {
+            std::puts(name.c_str());
+        }
+    }
+    return 0;
+}
