@@ -60,7 +60,7 @@ def targets(line):
         return []
     work = re.search(r"AT_FDCWD<(.*?)>", arguments)
     paths = re.findall(r'"((?:[^"\\]|\\.)*)"', arguments)
-    return [path if path.startswith("/") or not work else os.path.join(work[1], path) for path in paths]
+    return [os.path.normpath(os.path.join(work[1], path) if work else path) for path in paths]
 
 
 def complaints(lines, folder):
