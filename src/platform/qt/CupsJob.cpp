@@ -5,6 +5,7 @@
 #include <QStandardPaths>
 #include <QUuid>
 
+#include <array>
 #include <chrono>
 #include <thread>
 #include <utility>
