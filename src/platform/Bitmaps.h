@@ -7,7 +7,8 @@
 namespace platform {
 
 /// A finished picture of a page, shared by whoever shows it. Lengths are twips, 15 to the dot of a screen of
-/// 96 dots to the inch; a screen of higher density shows the same picture finer.
+/// 96 dots to the inch; a screen of higher density shows the same picture finer. A desktop keeps what was
+/// drawn and not its dots, and paints it for the screen that it is on.
 class PageBitmap {
   public:
     virtual ~PageBitmap() = default;
@@ -30,6 +31,10 @@ class OffscreenPage {
 
     /// Makes the page white again.
     virtual void Cls() = 0;
+
+    /// Nobody will look at the page: what is drawn on it until the next Cls() need not be kept, and drawing
+    /// and measuring go on as before.
+    virtual void Discard() = 0;
 };
 
 /// Makes off-screen pages.

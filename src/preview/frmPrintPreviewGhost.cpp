@@ -113,6 +113,9 @@ void frmPrintPreviewGhost::Newpage() {
 void frmPrintPreviewGhost::KeepPage() {
     const double tally = platform::NumericValue(Tag);
     if (tally > MostPages) {
+        if (page_ != nullptr) {
+            page_->Discard(); // it is page 41, with whatever comes on top of it
+        }
         return;
     }
     Tag = platform::NumberText(tally + 1);

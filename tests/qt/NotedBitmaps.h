@@ -40,6 +40,7 @@ class NotedBitmaps final : public platform::Bitmaps {
             page_->Cls();
             ++wiped_;
         }
+        void Discard() override { page_->Discard(); }
 
       private:
         bool IsFirst() const { return wiped_ <= 1; } // it is wiped once before the document begins

@@ -61,9 +61,8 @@ class PreviewTest : public testing::Test {
 
     preview::frmPrintPreview& Form() { return *preview.Window(); }
     preview::frmPrintPreviewGhost& Ghost() { return *preview.Ghost(); }
-    const platform::qt::QtPageBitmap& Bitmap(int page) {
-        return static_cast<const platform::qt::QtPageBitmap&>(
-            *Ghost().ThisPage.at(static_cast<std::int16_t>(page)).Picture);
+    const platform::PageBitmap& Bitmap(int page) {
+        return *Ghost().ThisPage.at(static_cast<std::int16_t>(page)).Picture;
     }
     QWidget* Widget(const char* control) { return window::Find("frmPrintPreview", control); }
     QScrollBar* Bar() { return window::Find<QScrollBar>("frmPrintPreview", "VScroll"); }

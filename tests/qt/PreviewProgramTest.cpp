@@ -13,10 +13,10 @@
 #include <QStyleOptionSlider>
 #include <QTest>
 
-#include "platform/qt/QtBitmaps.h"
 #include "preview/frmPrintPreview.h"
 #include "preview/frmPrintPreviewGhost.h"
 #include "printmanager/frmPrintManager.h"
+#include "qt/PaintedPage.h"
 #include "qt/Program.h"
 #include "qt/Window.h"
 
@@ -96,12 +96,10 @@ class PreviewProgramTest : public testing::Test {
         const std::string text = Panel(1);
         const int page = std::stoi(text.substr(text.rfind(' ')));
         const auto& ghost = Open<preview::frmPrintPreviewGhost>("frmPrintPreviewGhost");
-        const auto& bitmap = static_cast<const platform::qt::QtPageBitmap&>(
-            *ghost.ThisPage.at(static_cast<std::int16_t>(page)).Picture);
-        const QRect corner(QPoint(0, 0), bitmap.Image().size() / 2);
-        EXPECT_EQ(
-            Widget("pictCurrentPage")->grab().toImage().convertToFormat(QImage::Format_RGB16).copy(corner),
-            bitmap.Image().copy(corner))
+        const QImage bitmap = Painted(*ghost.ThisPage.at(static_cast<std::int16_t>(page)).Picture);
+        const QRect corner(QPoint(0, 0), bitmap.size() / 2);
+        EXPECT_EQ(Widget("pictCurrentPage")->grab().toImage().convertToFormat(bitmap.format()).copy(corner),
+                  bitmap.copy(corner))
             << "another page is on the sheet";
         return page;
     }

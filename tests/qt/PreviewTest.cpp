@@ -5,15 +5,18 @@
 #include <QHelpEvent>
 #include <QMenuBar>
 #include <QPainter>
+#include <QScreen>
 #include <QSvgRenderer>
 #include <QTest>
 #include <QToolTip>
+#include <QWindow>
 
 #include <cmath>
 #include <new>
 
 #include "composition/CalibrationReport.h"
 #include "platform/qt/PictureWidget.h"
+#include "qt/PaintedPage.h"
 #include "qt/PreviewFixture.h"
 
 namespace {
@@ -34,7 +37,7 @@ TEST_F(PreviewTest, ShowsThePageThatWasDrawn) {
 TEST_F(PreviewTest, ABitmapKeepsWhatItShowedWhenThePageIsDrawnAnew) {
     const auto page = bitmaps.CreatePage(1500, 1500);
     const auto dark = [](const platform::PageBitmap& bitmap) {
-        const QImage& image = static_cast<const platform::qt::QtPageBitmap&>(bitmap).Image();
+        const QImage image = Painted(bitmap);
         int count = 0;
         for (int y = 0; y < image.height(); ++y) {
             for (int x = 0; x < image.width(); ++x) {
@@ -62,7 +65,7 @@ TEST_F(PreviewTest, ATextOnThePageIsAsWideAsOnPaper) {
     const std::string text(40, 'H');
     page->Drawing().DrawText(0, 0, text, font);
     const auto bitmap = page->Image();
-    const QImage& image = static_cast<const platform::qt::QtPageBitmap&>(*bitmap).Image();
+    const QImage image = Painted(*bitmap);
     int right = 0;
     for (int y = 0; y < image.height(); ++y) {
         for (int x = 0; x < image.width(); ++x) {
@@ -83,7 +86,7 @@ TEST_F(PreviewTest, TheSampleOfTheReportShowsInAnotherFontWhereItsOwnIsMissing) 
         preview.OpenPreview(0);
         composition::PrintCalibrationReport(state, memory.locale);
         state.Surface->EndDoc();
-        const QImage& page = Bitmap(1).Image();
+        const QImage page = Painted(Bitmap(1));
         int dark = 0;
         for (int y = 0; y < page.height(); ++y) {
             for (int x = 0; x < page.width(); ++x) {
@@ -155,16 +158,52 @@ TEST_F(PreviewTest, CtrlDoesNotChangeAKey) {
 TEST_F(PreviewTest, ThePageIsOnTheScreenDotForDot) {
     Show(2, [this] {
         for (const int page : {1, 2}) {
-            const QImage& drawn = Bitmap(page).Image();
             const QImage seen = Widget("pictCurrentPage")->grab().toImage();
-            ASSERT_EQ(seen.devicePixelRatio(), drawn.devicePixelRatio());
+            const QImage drawn = Painted(Bitmap(page), seen.devicePixelRatio());
             const QSize both = seen.size().boundedTo(drawn.size());
             EXPECT_NEAR(both.width(), drawn.width(), 1);
             EXPECT_EQ(both.height(), drawn.height());
             const QRect area(QPoint(0, 0), both);
-            EXPECT_EQ(seen.copy(area).convertToFormat(QImage::Format_RGB16), drawn.copy(area));
+            EXPECT_EQ(seen.copy(area).convertToFormat(drawn.format()), drawn.copy(area));
             window::Key(Qt::Key_End);
             window::Key(Qt::Key_PageDown);
+        }
+    });
+}
+
+// Where the desktop has screens of several densities.
+TEST_F(PreviewTest, ThePageIsAsSharpOnEachScreenAsIfItWereDrawnThere) {
+    if (QGuiApplication::screens().size() < 2) {
+        GTEST_SKIP() << "there is one screen alone";
+    }
+    Show(1, [this] {
+        QWindow* window = window::Of("frmPrintPreview")->windowHandle();
+        QList<QScreen*> visits = QGuiApplication::screens();
+        visits.push_back(visits.front());
+        for (QScreen* screen : visits) {
+            window->setScreen(screen);
+            window->setGeometry(QRect(screen->geometry().topLeft(), window->size()));
+            window::Settle();
+            ASSERT_EQ(Widget("pictCurrentPage")->devicePixelRatio(), screen->devicePixelRatio());
+            const QImage drawn = Painted(Bitmap(1), screen->devicePixelRatio());
+            const QImage seen = Widget("pictCurrentPage")->grab().toImage().convertToFormat(drawn.format());
+            const QRect area(QPoint(0, 0), seen.size().boundedTo(drawn.size()));
+            EXPECT_GE(area.height(), drawn.height() - 1);
+            EXPECT_EQ(seen.copy(area), drawn.copy(area)) << screen->name().toStdString();
+        }
+    });
+}
+
+TEST_F(PreviewTest, BesideThePageTheBoxHasItsOwnColour) {
+    Show(1, [this] {
+        Form().pictCurrentPage.SetBackColor(forms::colour::Rgb(0, 128, 0));
+        window::Settle();
+        const QImage seen = Widget("pictCurrentPage")->grab().toImage();
+        const QImage drawn = Painted(Bitmap(1), seen.devicePixelRatio());
+        ASSERT_GT(seen.height(), drawn.height() + 2);
+        EXPECT_EQ(seen.pixelColor(5, drawn.height() - 2), QColor(Qt::white));
+        for (int y = drawn.height() + 2; y < seen.height(); ++y) {
+            EXPECT_EQ(seen.pixelColor(5, y), QColor(0, 128, 0)) << y;
         }
     });
 }
@@ -398,6 +437,7 @@ class ShortBitmaps final : public platform::Bitmaps {
             return page_->Image();
         }
         void Cls() override { page_->Cls(); }
+        void Discard() override { page_->Discard(); }
 
       private:
         std::unique_ptr<platform::OffscreenPage> page_;

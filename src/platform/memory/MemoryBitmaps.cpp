@@ -36,6 +36,9 @@ class MemoryPage final : public OffscreenPage, private Canvas {
         texts_.clear();
     }
 
+    // What is drawn is an event all the same.
+    void Discard() override {}
+
   private:
     TextSize MeasureText(std::string_view text, const FontSpec& font) override {
         return canvas_.MeasureText(text, font);

@@ -17,12 +17,20 @@ QString PictureFile(const QString& name) {
 
 namespace {
 
-// Between two dots of the screen a picture of dots would lose its edge. Only a density that is no whole
-// number leads there.
+// Between two dots of the screen a page would look other than at its corner, line by line. Only a density
+// that is no whole number leads there.
 QPointF OffsetToWholeDots(const QPainter& painter) {
     const QPointF origin = painter.deviceTransform().map(QPointF(0, 0));
     const double density = painter.device()->devicePixelRatio();
     return QPointF(std::round(origin.x()) - origin.x(), std::round(origin.y()) - origin.y()) / density;
+}
+
+int CeilOf(double value) {
+    return static_cast<int>(std::ceil(value));
+}
+
+int FloorOf(double value) {
+    return static_cast<int>(std::floor(value));
 }
 
 } // namespace
@@ -53,7 +61,21 @@ bool PictureWidget::HasPicture() {
 
 void PictureWidget::SetPage(std::shared_ptr<const PageBitmap> page) {
     page_ = std::move(page);
+    setAttribute(Qt::WA_OpaquePaintEvent, page_ != nullptr); // each dot is drawn once
     update();
+}
+
+void PictureWidget::PaintPage(const QtPageBitmap& page) {
+    QPainter painter(this);
+    const QPointF start = OffsetToWholeDots(painter);
+    const QRectF sheet(start, page.Size(painter));
+    const QRect covered(QPoint(CeilOf(sheet.left()), CeilOf(sheet.top())),
+                        QPoint(FloorOf(sheet.right()) - 1, FloorOf(sheet.bottom()) - 1));
+    for (const QRect& around : QRegion(rect()).subtracted(covered)) {
+        painter.fillRect(around, palette().brush(backgroundRole()));
+    }
+    painter.translate(start);
+    page.Paint(painter);
 }
 
 void PictureWidget::paintEvent(QPaintEvent* /*event*/) {
@@ -62,10 +84,7 @@ void PictureWidget::paintEvent(QPaintEvent* /*event*/) {
 
 void PictureWidget::Paint() {
     if (const auto* page = dynamic_cast<const QtPageBitmap*>(page_.get())) {
-        QPainter painter(this);
-        painter.setRenderHint(QPainter::SmoothPixmapTransform);
-        painter.translate(OffsetToWholeDots(painter));
-        painter.drawImage(QPointF(0, 0), page->Image());
+        PaintPage(*page);
     } else if (!name_.isEmpty() && HasPicture()) {
         QPainter painter(this);
         renderer_->render(&painter, QRectF(rect()));

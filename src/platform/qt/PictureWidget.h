@@ -11,6 +11,8 @@ class QSvgRenderer;
 
 namespace platform::qt {
 
+class QtPageBitmap;
+
 /// File of one of the program's own pictures, whether there is such a picture or not.
 QString PictureFile(const QString& name);
 
@@ -22,7 +24,7 @@ class PictureWidget final : public QWidget {
 
     /// Name of the picture; empty, or a name that the program does not have, shows none.
     void SetPicture(const QString& name);
-    /// Shows the page instead, dot for dot from the top left on; nullptr for none.
+    /// Shows the page instead, from the top left on and as fine as the screen is; nullptr for none.
     void SetPage(std::shared_ptr<const PageBitmap> page);
 
   protected:
@@ -31,6 +33,7 @@ class PictureWidget final : public QWidget {
   private:
     bool HasPicture();
     void Paint();
+    void PaintPage(const QtPageBitmap& page);
 
     std::unique_ptr<QSvgRenderer> renderer_;
     QString name_;

@@ -4,9 +4,9 @@
 #include <QPainter>
 
 #include <cmath>
-#include <optional>
 #include <utility>
 
+#include "platform/RecordedPage.h"
 #include "platform/RuntimeError.h"
 #include "platform/qt/PageDevice.h"
 #include "platform/qt/QtCanvas.h"
@@ -18,85 +18,110 @@ namespace {
 
 constexpr double UnitsPerTwip = 5; // 7200 and 1440 to the inch
 
-/// A page of 40 may take half the memory in this format, and black on white loses nothing.
-constexpr QImage::Format Format = QImage::Format_RGB16;
+double DotsOf(double twips, double density) {
+    return std::ceil(twips * DotsPerTwip() * density);
+}
 
-/// Whole dots that hold so many. A driver may claim any size of sheet.
-int Extent(double dots) {
+/// Raises an error unless the screen can show so many twips. A driver may claim any size of sheet.
+void CheckExtent(double twips) {
     constexpr double most = 32767;
+    const double dots = DotsOf(twips, qGuiApp->devicePixelRatio());
     if (!(dots > 0 && dots <= most)) {
         throw OutOfMemory();
     }
-    return static_cast<int>(std::ceil(dots));
 }
 
-class ImageDevice final : public PageDevice {
+} // namespace
+
+/// Draws on whatever painter it is given; the fonts stay ready from page to page.
+class PagePainter final : private PageDevice {
   public:
-    ImageDevice(double width, double height)
-        : density_(qGuiApp->devicePixelRatio()),
-          size_(Extent(width * DotsPerTwip() * density_), Extent(height * DotsPerTwip() * density_)) {
-        Clear();
+    Canvas& Measures() { return canvas_; }
+
+    void Paint(QPainter& painter, const PageRecord& record) {
+        painter_ = &painter;
+        glyphs_.clear(); // of a painting that broke off
+        places_.clear();
+        record.DrawOn(canvas_);
+        DrawGathered();
+        painter_ = nullptr;
     }
 
+  private:
+    // Whoever asks draws a line, which may lie over what is gathered.
     QPainter* Painter() override {
-        if (!painter_) {
-            painter_.emplace(&image_);
-            painter_->setRenderHint(QPainter::TextAntialiasing);
-            painter_->scale(DotsPerTwip() / UnitsPerTwip, DotsPerTwip() / UnitsPerTwip);
-        }
-        return &*painter_;
+        DrawGathered();
+        return painter_;
     }
-    void NewPage() override { Clear(); }
+    bool Begin() override { return painter_ != nullptr; }
+    void DrawGlyphs(const QRawFont& face, std::span<const quint32> glyphs,
+                    std::span<const QPointF> places) override {
+        if (!(face == face_)) {
+            DrawGathered();
+            face_ = face;
+        }
+        glyphs_.insert(glyphs_.end(), glyphs.begin(), glyphs.end());
+        places_.insert(places_.end(), places.begin(), places.end());
+    }
+    void DrawGathered() {
+        if (!glyphs_.empty()) {
+            DrawGlyphRun(*painter_, face_, glyphs_, places_);
+            glyphs_.clear();
+            places_.clear();
+        }
+    }
+    void NewPage() override {}
     void EndDocument() override {}
     double LineWidth() override { return 0; }
 
-    // A picture that somebody keeps is left to them: to wipe it would copy it first.
-    void Clear() {
-        painter_.reset();
-        if (!image_.isDetached()) {
-            QImage fresh(size_, Format);
-            if (fresh.isNull()) {
-                throw OutOfMemory();
-            }
-            fresh.setDevicePixelRatio(density_);
-            image_ = std::move(fresh);
-        }
-        image_.fill(Qt::white);
-    }
-
-    QImage Image() {
-        painter_.reset();
-        return image_;
-    }
-
-  private:
-    double density_; // dots of the finest screen to a logical one
-    QSize size_;
-    QImage image_;
-    std::optional<QPainter> painter_;
+    QPainter* painter_ = nullptr;
+    QRawFont face_;
+    std::vector<quint32> glyphs_;
+    std::vector<QPointF> places_;
+    QtCanvas canvas_{*this};
 };
 
-class QtPage final : public OffscreenPage {
+namespace {
+
+class QtPage final : public RecordedPage {
   public:
-    QtPage(double width, double height) : width_(width), height_(height), device_(width, height) {}
-
-    Canvas& Drawing() override { return canvas_; }
-
-    // The picture shares its dots with the page until the page is drawn on again.
-    std::shared_ptr<const PageBitmap> Image() override {
-        return std::make_shared<QtPageBitmap>(device_.Image(), width_, height_);
+    QtPage(double width, double height) : width_(width), height_(height) {
+        CheckExtent(width);
+        CheckExtent(height);
     }
 
-    void Cls() override { device_.Clear(); }
-
   private:
+    platform::Canvas& Measures() override { return painter_->Measures(); }
+    std::shared_ptr<const PageBitmap> PictureOf(const PageRecord& record) override {
+        return std::make_shared<QtPageBitmap>(record, width_, height_, painter_);
+    }
+
     double width_;
     double height_;
-    ImageDevice device_;
-    QtCanvas canvas_{device_};
+    std::shared_ptr<PagePainter> painter_ = std::make_shared<PagePainter>();
 };
 
 } // namespace
+
+QtPageBitmap::QtPageBitmap(PageRecord record, double width, double height,
+                           std::shared_ptr<PagePainter> painter)
+    : record_(std::move(record)), width_(width), height_(height), painter_(std::move(painter)) {}
+
+QSizeF QtPageBitmap::Size(const QPainter& painter) const {
+    const double density = painter.device()->devicePixelRatio();
+    return QSizeF(DotsOf(width_, density), DotsOf(height_, density)) / density;
+}
+
+void QtPageBitmap::Paint(QPainter& painter) const {
+    const QRectF sheet(QPointF(0, 0), Size(painter));
+    painter.save();
+    painter.setClipRect(sheet, Qt::IntersectClip);
+    painter.fillRect(sheet, Qt::white);
+    painter.setPen(Qt::black);
+    painter.scale(DotsPerTwip() / UnitsPerTwip, DotsPerTwip() / UnitsPerTwip);
+    painter_->Paint(painter, record_);
+    painter.restore();
+}
 
 std::unique_ptr<OffscreenPage> QtBitmaps::CreatePage(double width, double height) {
     return std::make_unique<QtPage>(width, height);

@@ -1,28 +1,38 @@
 #pragma once
 
-#include <QImage>
+#include <QSizeF>
 
 #include "platform/Bitmaps.h"
+#include "platform/PageRecord.h"
+
+class QPainter;
 
 namespace platform::qt {
 
-/// A page as it was drawn, in the dots of the finest screen of the desktop. The picture knows their density.
+class PagePainter;
+
+/// A page as it was drawn: the drawing calls, which are painted at the density of whatever shows them.
 class QtPageBitmap final : public PageBitmap {
   public:
-    QtPageBitmap(QImage image, double width, double height)
-        : image_(std::move(image)), width_(width), height_(height) {}
+    QtPageBitmap(PageRecord record, double width, double height, std::shared_ptr<PagePainter> painter);
 
     double Width() const override { return width_; }
     double Height() const override { return height_; }
-    const QImage& Image() const { return image_; }
+
+    /// Size in logical dots, to whole dots of what the painter draws on.
+    QSizeF Size(const QPainter& painter) const;
+    /// Paints the white sheet and what is on it, with its top left at the origin. The painter's units are
+    /// logical dots.
+    void Paint(QPainter& painter) const;
 
   private:
-    QImage image_;
+    PageRecord record_;
     double width_;
     double height_;
+    std::shared_ptr<PagePainter> painter_;
 };
 
-/// Pages that are drawn in memory, with the texts as wide as on paper.
+/// Pages that are kept as drawing calls, with the texts as wide as on paper.
 class QtBitmaps final : public Bitmaps {
   public:
     std::unique_ptr<OffscreenPage> CreatePage(double width, double height) override;

@@ -1,7 +1,5 @@
 #include "platform/windows/PictureWindow.h"
 
-#include <cstdlib>
-
 #include "platform/windows/GdiObjects.h"
 #include "platform/windows/VectorPicture.h"
 #include "platform/windows/WinBitmaps.h"
@@ -19,6 +17,8 @@ class Painting {
     Painting& operator=(const Painting&) = delete;
 
     HDC Device() const { return device_; }
+    /// What has to be drawn.
+    const RECT& Part() const { return paint_.rcPaint; }
 
   private:
     HWND window_;
@@ -32,23 +32,26 @@ void Fill(HDC device, const RECT& area, COLORREF colour) {
     ::SetBkColor(device, before);
 }
 
-void ShowPage(HDC device, const RECT& area, const PictureContent& content, const WinPageBitmap& page) {
-    const DeviceContext source(::CreateCompatibleDC(device));
-    const Selected selected(source.Get(), page.Handle());
-    const SIZE dots = page.Dots();
-    // Twips that make no whole dots may have been rounded the other way.
-    const bool sameDensity =
-        std::abs(dots.cx - content.PageSize.cx) <= 1 && std::abs(dots.cy - content.PageSize.cy) <= 1;
-    const SIZE shown = sameDensity ? dots : content.PageSize;
-    if (sameDensity) {
-        ::BitBlt(device, 0, 0, shown.cx, shown.cy, source.Get(), 0, 0, SRCCOPY);
-    } else { // a screen of another density than the page was drawn for
-        ::SetStretchBltMode(device, HALFTONE);
-        ::SetBrushOrgEx(device, 0, 0, nullptr);
-        ::StretchBlt(device, 0, 0, shown.cx, shown.cy, source.Get(), 0, 0, dots.cx, dots.cy, SRCCOPY);
-    }
-    ::ExcludeClipRect(device, 0, 0, shown.cx, shown.cy);
+void DrawPage(HDC device, const RECT& area, const PictureContent& content, const WinPageBitmap& page) {
     Fill(device, area, content.Background);
+    page.Paint(device, content.DotsPerInch);
+}
+
+/// Draws off the screen first: the texts come over the white of their page.
+void ShowPage(HDC device, const RECT& area, const RECT& part, const PictureContent& content,
+              const WinPageBitmap& page) {
+    const int width = part.right - part.left;
+    const int height = part.bottom - part.top;
+    const DeviceContext whole(::CreateCompatibleDC(device));
+    const Bitmap dots(::CreateCompatibleBitmap(device, width, height));
+    if (!whole || !dots) { // it flickers
+        DrawPage(device, area, content, page);
+        return;
+    }
+    const Selected selected(whole.Get(), dots.Get());
+    ::SetViewportOrgEx(whole.Get(), -part.left, -part.top, nullptr);
+    DrawPage(whole.Get(), area, content, page);
+    ::BitBlt(device, part.left, part.top, width, height, whole.Get(), part.left, part.top, SRCCOPY);
 }
 
 void ShowPicture(HDC device, const RECT& area, const PictureContent& content) {
@@ -86,7 +89,7 @@ void PaintPicture(HWND window, const PictureContent& content) {
     RECT area{};
     ::GetClientRect(window, &area);
     if (const auto* page = dynamic_cast<const WinPageBitmap*>(content.Page.get())) {
-        ShowPage(painting.Device(), area, content, *page);
+        ShowPage(painting.Device(), area, painting.Part(), content, *page);
     } else if (IsPicture(content.Picture)) {
         ShowPicture(painting.Device(), area, content);
     } else {

@@ -18,8 +18,8 @@ struct PictureContent {
     std::string Picture;
     /// Takes the place of the picture, from the top left on.
     std::shared_ptr<const PageBitmap> Page;
-    /// Size of the page in dots of this window's screen.
-    SIZE PageSize;
+    /// Dots of this window's screen to an inch of the page.
+    int DotsPerInch;
 };
 
 /// Answers WM_PAINT. Every dot of the window is drawn once, so nothing flickers.

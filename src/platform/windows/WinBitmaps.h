@@ -1,37 +1,35 @@
 #pragma once
 
 #include "platform/Bitmaps.h"
-#include "platform/windows/GdiObjects.h"
+#include "platform/PageRecord.h"
+#include "platform/windows/Win32.h"
 
 namespace platform::windows {
 
-/// A page as it was drawn, in the dots of the screen. Whoever shows it may select the handle into a device
-/// context for a moment; nobody draws on it any more.
+class PagePainter;
+
+/// A page as it was drawn: the drawing calls, which are painted at the density of whatever shows them.
 class WinPageBitmap final : public PageBitmap {
   public:
-    /// White. RuntimeError without memory, or for a size that is none; twips.
-    WinPageBitmap(double width, double height);
-
-    /// The same picture once more.
-    WinPageBitmap(const WinPageBitmap& other);
-    WinPageBitmap& operator=(const WinPageBitmap&) = delete;
+    WinPageBitmap(PageRecord record, double width, double height, std::shared_ptr<PagePainter> painter);
 
     double Width() const override { return width_; }
     double Height() const override { return height_; }
 
-    HBITMAP Handle() const { return bitmap_.Get(); }
-    /// Size in dots.
-    SIZE Dots() const { return dots_; }
+    /// Size in dots, of which so many make an inch.
+    SIZE Dots(int dotsPerInch) const;
+    /// Paints the white sheet and what is on it, with its top left at the device's origin. What the machine
+    /// has no memory for is left out.
+    void Paint(HDC device, int dotsPerInch) const;
 
   private:
+    PageRecord record_;
     double width_;
     double height_;
-    SIZE dots_;
-    Bitmap bitmap_;
+    std::shared_ptr<PagePainter> painter_;
 };
 
-/// Pages that are drawn in memory, with the texts as wide as on paper. A screen of higher density gets more
-/// dots of the same picture.
+/// Pages that are kept as drawing calls, with the texts as wide as on paper.
 class WinBitmaps final : public Bitmaps {
   public:
     std::unique_ptr<OffscreenPage> CreatePage(double width, double height) override;

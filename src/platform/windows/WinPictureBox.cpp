@@ -17,11 +17,8 @@ void WinPictureBox::MirrorContent(forms::Aspect aspect) {
 }
 
 void WinPictureBox::Paint() const {
-    const auto& page = model_.Page();
-    const Scale& scale = Form().Scaling();
-    const SIZE size =
-        page == nullptr ? SIZE{} : SIZE{scale.ToDots(page->Width()), scale.ToDots(page->Height())};
-    PaintPicture(Window(), {ToColourRef(model_.ShownBackColor()), model_.Picture(), page, size});
+    PaintPicture(Window(), {ToColourRef(model_.ShownBackColor()), model_.Picture(), model_.Page(),
+                            Form().Scaling().DotsPerInch()});
 }
 
 void WinPictureBox::Fill(HDC device) const {

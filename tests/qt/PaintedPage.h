@@ -1,0 +1,21 @@
+#pragma once
+
+#include <QGuiApplication>
+#include <QImage>
+#include <QPainter>
+
+#include <cmath>
+
+#include "platform/qt/QtBitmaps.h"
+#include "platform/qt/Scale.h"
+
+/// A page as it is on a screen of so many dots to the logical one, painted anew.
+inline QImage Painted(const platform::PageBitmap& page, double density = qGuiApp->devicePixelRatio()) {
+    const double dots = platform::qt::DotsPerTwip() * density;
+    QImage picture(static_cast<int>(std::ceil(page.Width() * dots)),
+                   static_cast<int>(std::ceil(page.Height() * dots)), QImage::Format_RGB32);
+    picture.setDevicePixelRatio(density);
+    QPainter painter(&picture);
+    static_cast<const platform::qt::QtPageBitmap&>(page).Paint(painter);
+    return picture;
+}
