@@ -1,5 +1,5 @@
-// What turning the page of a preview costs, beside the least that the toolkit needs to show another picture
-// of that size.
+// What turning the page of a preview costs, beside the same preview with its pages as bitmaps, and beside the
+// least that the toolkit needs to show another picture of that size.
 
 #include <benchmark/benchmark.h>
 
@@ -7,14 +7,19 @@
 #include <QPainter>
 #include <QWidget>
 
+#include <cmath>
+#include <malloc.h>
+
 #include <memory>
 #include <string>
+#include <vector>
 
 #include "composition/PrintSurface.h"
 #include "platform/forms/Session.h"
 #include "platform/memory/MemoryPlatform.h"
 #include "platform/qt/QtBitmaps.h"
 #include "platform/qt/QtDesktop.h"
+#include "platform/qt/Scale.h"
 #include "preview/PrintPreview.h"
 #include "preview/frmPrintPreview.h"
 #include "preview/frmPrintPreviewGhost.h"
@@ -58,11 +63,21 @@ class Shown {
         forth_ = !forth_;
     }
 
-    const QImage& Bitmap(std::int16_t page) const {
-        return static_cast<const platform::qt::QtPageBitmap&>(*preview_.Ghost()->ThisPage.at(page).Picture)
-            .Image();
+    /// The page in dots of the screen, of a kind that takes little room.
+    QImage Bitmap(std::int16_t page) const {
+        const auto& kept =
+            static_cast<const platform::qt::QtPageBitmap&>(*preview_.Ghost()->ThisPage.at(page).Picture);
+        const double density = qGuiApp->devicePixelRatio();
+        const double dots = platform::qt::DotsPerTwip() * density;
+        QImage bitmap(static_cast<int>(std::ceil(kept.Width() * dots)),
+                      static_cast<int>(std::ceil(kept.Height() * dots)), QImage::Format_RGB16);
+        bitmap.setDevicePixelRatio(density);
+        QPainter painter(&bitmap);
+        kept.Paint(painter);
+        return bitmap;
     }
     QWidget* Window() { return desktop_.TopWindow(); }
+    QWidget* Page() { return Window()->findChild<QWidget*>("pictCurrentPage"); }
 
   private:
     platform::MemoryPlatform memory_;
@@ -76,6 +91,31 @@ class Shown {
     composition::PrinterSurface printer_{memory_.printer};
     preview::PrintPreview preview_{session_, services_, state_, printer_};
     bool forth_ = true;
+};
+
+/// Paints the page that the preview turns to as a bitmap that was made before.
+class BitmapInstead final : public QObject {
+  public:
+    BitmapInstead(const QImage& first, const QImage& second) : pictures_{first, second} {}
+
+    /// On a widget that leaves its background to the toolkit.
+    void ShowTheOther(QWidget& page) {
+        page.setAttribute(Qt::WA_OpaquePaintEvent, false);
+        page.installEventFilter(this);
+        shown_ = 1 - shown_;
+    }
+
+    bool eventFilter(QObject* watched, QEvent* event) override {
+        if (event->type() != QEvent::Paint) {
+            return false;
+        }
+        QPainter(static_cast<QWidget*>(watched)).drawImage(0, 0, pictures_[shown_]);
+        return true;
+    }
+
+  private:
+    QImage pictures_[2];
+    int shown_ = 0;
 };
 
 /// A window that shows one of two pictures, and nothing else.
@@ -114,6 +154,17 @@ void PageChangeOnScreen(benchmark::State& run) {
 }
 BENCHMARK(PageChangeOnScreen)->Unit(benchmark::kMicrosecond);
 
+void PageChangeOnScreenByBitmap(benchmark::State& run) {
+    Shown preview(40);
+    BitmapInstead bitmap(preview.Bitmap(1), preview.Bitmap(2));
+    for (auto _ : run) {
+        preview.TurnThePage();
+        bitmap.ShowTheOther(*preview.Page());
+        QApplication::processEvents();
+    }
+}
+BENCHMARK(PageChangeOnScreenByBitmap)->Unit(benchmark::kMicrosecond);
+
 void PictureChangeOnScreen(benchmark::State& run) {
     Shown preview(2);
     PlainWindow window(preview.Bitmap(1), preview.Bitmap(2));
@@ -126,6 +177,29 @@ void PictureChangeOnScreen(benchmark::State& run) {
     }
 }
 BENCHMARK(PictureChangeOnScreen)->Unit(benchmark::kMicrosecond);
+
+std::size_t AllocatedBytes() {
+    const auto held = mallinfo2();
+    return held.uordblks + held.hblkhd;
+}
+
+/// What 40 pages hold in memory, and as bitmaps of the same screen.
+void PagesInMemory(benchmark::State& run) {
+    constexpr std::int16_t pages = 40;
+    { const Shown warm(2); }
+    for (auto _ : run) {
+        const std::size_t before = AllocatedBytes();
+        Shown preview(pages);
+        run.counters["bytes"] = static_cast<double>(AllocatedBytes() - before);
+        const std::size_t kept = AllocatedBytes();
+        std::vector<QImage> bitmaps;
+        for (std::int16_t page = 1; page <= pages; ++page) {
+            bitmaps.push_back(preview.Bitmap(page));
+        }
+        run.counters["bitmap_bytes"] = static_cast<double>(AllocatedBytes() - kept);
+    }
+}
+BENCHMARK(PagesInMemory)->Iterations(1)->Unit(benchmark::kMillisecond);
 
 void OpenAndClose(benchmark::State& run) {
     for (auto _ : run) {
