@@ -88,7 +88,7 @@ class Printer {
     virtual void SetDocumentTitle(const std::string& title) = 0;
     /// Gives up a document that was begun and not ended, as by a run that broke off: without a trace, and
     /// without a word. Nothing happens if there is none.
-    virtual void Abandon() {}
+    virtual void Abandon() = 0;
 
     /// The paper. The document starts with the first output and ends with EndDocument.
     virtual Canvas& Page() = 0;

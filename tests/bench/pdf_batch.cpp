@@ -74,6 +74,7 @@ class Recording final : public platform::Printer, private platform::Canvas {
     double ScaleHeight() override { return measures_.ScaleHeight(); }
     int GetDeviceCaps(int item) override { return measures_.GetDeviceCaps(item); }
     void SetDocumentTitle(const std::string&) override {}
+    void Abandon() override {}
     platform::Canvas& Page() override { return *this; }
 
   private:

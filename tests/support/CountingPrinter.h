@@ -60,6 +60,7 @@ class CountingPrinter final : public platform::Printer {
     double ScaleHeight() override { return 16838; }
     int GetDeviceCaps(int item) override { return item == platform::CapsLogPixelsX ? 600 : 0; }
     void SetDocumentTitle(const std::string&) override {}
+    void Abandon() override {}
     platform::Canvas& Page() override { return Canvas; }
 
   private:

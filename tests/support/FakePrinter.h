@@ -60,6 +60,7 @@ class FakePrinter final : public platform::Printer {
     double ScaleHeight() override { return Try("ScaleHeight"), scaleHeight; }
     int GetDeviceCaps(int item) override { return Try("GetDeviceCaps"), caps[item]; }
     void SetDocumentTitle(const std::string&) override {}
+    void Abandon() override {}
     platform::Canvas& Page() override { return Try("Page"), canvas; }
 
   private:

@@ -46,9 +46,13 @@ DriverSettings& WinPrinter::Settings() {
 
 void WinPrinter::Assign(int index) {
     // Also where the other printer is not there: what is printed next must not go on in this document.
-    document_.reset();
-    begun_ = false;
+    Abandon();
     Use(index);
+}
+
+void WinPrinter::Abandon() {
+    begun_ = false;
+    document_.reset();
 }
 
 void WinPrinter::Use(int index) {

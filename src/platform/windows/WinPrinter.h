@@ -45,6 +45,7 @@ class WinPrinter final : public Printer, private PageDevice {
     int GetDeviceCaps(int item) override;
 
     void SetDocumentTitle(const std::string& title) override { title_ = title; }
+    void Abandon() override;
     Canvas& Page() override { return canvas_; }
 
   private:

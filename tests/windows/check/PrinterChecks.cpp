@@ -112,7 +112,8 @@ void CheckChangeBetweenPages(WinPrinters& printers) {
     CheckNear(printer.Height(), height, 0, "and the next document the stored one");
 }
 
-/// A document that is begun and given up: by the assignment, also one that fails, and by the printer's end.
+/// A document that is begun and given up: in so many words, by the assignment, also one that fails, and by
+/// the printer's end.
 void CheckGivenUp(WinPrinters& printers) {
     {
         WinPrinter printer(printers, NothingToTell);
@@ -128,6 +129,14 @@ void CheckGivenUp(WinPrinters& printers) {
         CheckRaises(
             platform::ErrorSubscriptOutOfRange, [&] { printer.Assign(99); }, "no printer of this number");
         printer.Page().EndDocument(); // of a document that has not begun
+    }
+    {
+        WinPrinter printer(printers, NothingToTell);
+        printer.Abandon(); // of nothing
+        printer.Page().DrawText(0, 0, "given up", {"Tahoma", 8, false});
+        printer.Page().NewPage();
+        printer.Abandon();
+        printer.Page().EndDocument();
     }
     Check(true, "a document that is not ended is taken back");
 }
