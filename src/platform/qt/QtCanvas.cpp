@@ -85,6 +85,8 @@ void QtCanvas::DrawText(double x, double y, std::string_view text, const FontSpe
         return;
     }
     text = WithOneBlankAtItsEnd(text);
+    glyphs_.clear(); // of a text that broke off
+    places_.clear();
     std::uint32_t face = 0;
     double across = start.x();
     for (std::size_t at = 0; at < text.size() && IsNear(across);) {

@@ -8,6 +8,8 @@
 #include <gtest/gtest.h>
 
 #include <limits>
+#include <new>
+#include <utility>
 
 namespace platform::qt {
 namespace {
@@ -27,6 +29,32 @@ TEST(QtCanvas, PutsATextWhereTheCursorIs) {
         EXPECT_EQ(words[static_cast<std::size_t>(i)].Text, "n" + std::to_string(i));
         EXPECT_NEAR(words[static_cast<std::size_t>(i)].Left, 10 + i * 7.3, 0.01);
     }
+}
+
+/// Refuses the first of its texts, and counts the letters of those after it.
+class ShortPdf final : public PdfFile {
+  public:
+    void DrawGlyphs(const QRawFont& face, std::span<const quint32> glyphs,
+                    std::span<const QPointF> places) override {
+        if (std::exchange(short_, false)) {
+            throw std::bad_alloc();
+        }
+        Letters += glyphs.size();
+        PdfFile::DrawGlyphs(face, glyphs, places);
+    }
+
+    std::size_t Letters = 0;
+
+  private:
+    bool short_ = true;
+};
+
+TEST(QtCanvas, LeavesNothingOfATextThatBrokeOffToTheNextOne) {
+    ShortPdf pdf;
+    EXPECT_THROW(pdf.Canvas.DrawText(0, 0, "oud", Tahoma9), std::bad_alloc);
+    pdf.Canvas.DrawText(0, 567, "nieuw", Tahoma9);
+    EXPECT_EQ(pdf.Letters, 5U);
+    EXPECT_EQ(pdf::Text(pdf.Finish()), "nieuw\n\f");
 }
 
 TEST(QtCanvas, MeasuresWhatItPrints) {
