@@ -73,7 +73,7 @@ class Shown {
                       static_cast<int>(std::ceil(kept.Height() * dots)), QImage::Format_RGB16);
         bitmap.setDevicePixelRatio(density);
         QPainter painter(&bitmap);
-        kept.Paint(painter);
+        kept.Paint(painter, QRectF(QPointF(0, 0), QSizeF(bitmap.size())));
         return bitmap;
     }
     QWidget* Window() { return desktop_.TopWindow(); }

@@ -16,6 +16,7 @@ inline QImage Painted(const platform::PageBitmap& page, double density = qGuiApp
                    static_cast<int>(std::ceil(page.Height() * dots)), QImage::Format_RGB32);
     picture.setDevicePixelRatio(density);
     QPainter painter(&picture);
-    static_cast<const platform::qt::QtPageBitmap&>(page).Paint(painter);
+    static_cast<const platform::qt::QtPageBitmap&>(page).Paint(painter,
+                                                               QRectF(QPointF(0, 0), QSizeF(picture.size())));
     return picture;
 }

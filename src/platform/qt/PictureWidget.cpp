@@ -1,5 +1,6 @@
 #include "platform/qt/PictureWidget.h"
 
+#include <QPaintEvent>
 #include <QPainter>
 #include <QSvgRenderer>
 
@@ -65,7 +66,7 @@ void PictureWidget::SetPage(std::shared_ptr<const PageBitmap> page) {
     update();
 }
 
-void PictureWidget::PaintPage(const QtPageBitmap& page) {
+void PictureWidget::PaintPage(const QtPageBitmap& page, const QRectF& part) {
     QPainter painter(this);
     const QPointF start = OffsetToWholeDots(painter);
     const QRectF sheet(start, page.Size(painter));
@@ -75,16 +76,16 @@ void PictureWidget::PaintPage(const QtPageBitmap& page) {
         painter.fillRect(around, palette().brush(backgroundRole()));
     }
     painter.translate(start);
-    page.Paint(painter);
+    page.Paint(painter, part.translated(-start));
 }
 
-void PictureWidget::paintEvent(QPaintEvent* /*event*/) {
-    GuardedQuietly([this] { Paint(); });
+void PictureWidget::paintEvent(QPaintEvent* event) {
+    GuardedQuietly([this, event] { Paint(event->rect()); });
 }
 
-void PictureWidget::Paint() {
+void PictureWidget::Paint(const QRectF& part) {
     if (const auto* page = dynamic_cast<const QtPageBitmap*>(page_.get())) {
-        PaintPage(*page);
+        PaintPage(*page, part);
     } else if (!name_.isEmpty() && HasPicture()) {
         QPainter painter(this);
         renderer_->render(&painter, QRectF(rect()));

@@ -32,8 +32,8 @@ class PictureWidget final : public QWidget {
 
   private:
     bool HasPicture();
-    void Paint();
-    void PaintPage(const QtPageBitmap& page);
+    void Paint(const QRectF& part);
+    void PaintPage(const QtPageBitmap& page, const QRectF& part);
 
     std::unique_ptr<QSvgRenderer> renderer_;
     QString name_;

@@ -38,8 +38,10 @@ class PagePainter final : private PageDevice {
   public:
     Canvas& Measures() { return canvas_; }
 
-    void Paint(QPainter& painter, const PageRecord& record) {
+    /// `part` has what is painted in it, in the painter's units.
+    void Paint(QPainter& painter, const QRectF& part, const PageRecord& record) {
         painter_ = &painter;
+        part_ = part;
         glyphs_.clear(); // of a painting that broke off
         places_.clear();
         record.DrawOn(canvas_);
@@ -56,6 +58,10 @@ class PagePainter final : private PageDevice {
     bool Begin() override { return painter_ != nullptr; }
     void DrawGlyphs(const QRawFont& face, std::span<const quint32> glyphs,
                     std::span<const QPointF> places) override {
+        const double height = 2 * face.pixelSize(); // of the tallest letter, above or below its line
+        if (places.front().y() + height < part_.top() || places.front().y() - height > part_.bottom()) {
+            return;
+        }
         if (!(face == face_)) {
             DrawGathered();
             face_ = face;
@@ -75,6 +81,7 @@ class PagePainter final : private PageDevice {
     double LineWidth() override { return 0; }
 
     QPainter* painter_ = nullptr;
+    QRectF part_;
     QRawFont face_;
     std::vector<quint32> glyphs_;
     std::vector<QPointF> places_;
@@ -112,14 +119,16 @@ QSizeF QtPageBitmap::Size(const QPainter& painter) const {
     return QSizeF(DotsOf(width_, density), DotsOf(height_, density)) / density;
 }
 
-void QtPageBitmap::Paint(QPainter& painter) const {
+void QtPageBitmap::Paint(QPainter& painter, const QRectF& part) const {
     const QRectF sheet(QPointF(0, 0), Size(painter));
     painter.save();
     painter.setClipRect(sheet, Qt::IntersectClip);
     painter.fillRect(sheet, Qt::white);
     painter.setPen(Qt::black);
-    painter.scale(DotsPerTwip() / UnitsPerTwip, DotsPerTwip() / UnitsPerTwip);
-    painter_->Paint(painter, record_);
+    const double dotsPerUnit = DotsPerTwip() / UnitsPerTwip;
+    painter.scale(dotsPerUnit, dotsPerUnit);
+    const QRectF painted = part & sheet;
+    painter_->Paint(painter, {painted.topLeft() / dotsPerUnit, painted.size() / dotsPerUnit}, record_);
     painter.restore();
 }
 

@@ -1,6 +1,6 @@
 #pragma once
 
-#include <QSizeF>
+#include <QRectF>
 
 #include "platform/Bitmaps.h"
 #include "platform/PageRecord.h"
@@ -22,8 +22,8 @@ class QtPageBitmap final : public PageBitmap {
     /// Size in logical dots, to whole dots of what the painter draws on.
     QSizeF Size(const QPainter& painter) const;
     /// Paints the white sheet and what is on it, with its top left at the origin. The painter's units are
-    /// logical dots.
-    void Paint(QPainter& painter) const;
+    /// logical dots; nothing need be painted outside `part`.
+    void Paint(QPainter& painter, const QRectF& part) const;
 
   private:
     PageRecord record_;
