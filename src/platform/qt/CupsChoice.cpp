@@ -37,20 +37,22 @@ struct AnswerWhereNeeded {
     const char* Preset; ///< attribute of the queue
     const char* Value;
 };
-constexpr std::array<AnswerWhereNeeded, 8> WhereNeeded = {{
+constexpr std::array<AnswerWhereNeeded, 10> WhereNeeded = {{
+    {"booklet", "booklet-default", "false"},
     {"fit-to-page", "fit-to-page-default", "false"},
     {"fitplot", "fitplot-default", "false"},
     {"landscape", "landscape-default", "false"},
     {"natural-scaling", "natural-scaling-default", "100"},
     {"orientation-requested", "orientation-requested-default", "3"},
+    {"page-label", "page-label-default", ""},
     {"page-ranges", "page-ranges-default", "1-2147483647"},
     {"position", "position-default", "center"},
     {"scaling", "scaling-default", "100"},
 }};
 
 // Option names as they are in small letters.
-constexpr std::array<std::string_view, 5> OtherPapers = {"pagesize", "pageregion", "media", "media-col",
-                                                         "media-size-name"};
+constexpr std::array<std::string_view, 6> OtherPapers = {"pagesize", "page-size", "pageregion",
+                                                         "media",    "media-col", "media-size-name"};
 constexpr std::array<std::string_view, 7> OtherBins = {
     "inputslot", "hppapersource", "papersources", "manualfeed", "media-source", "media", "media-col"};
 
@@ -141,9 +143,13 @@ CupsOptions PaperOptions(const Paper& paper) {
     if (paper.StandIn) {
         return {};
     }
-    // A size that one has made up has no keyword that every server knows.
-    const bool isByMeasures = paper.PpdSize.empty() && CustomSize(paper.PwgMedia);
-    return WithoutEmpty({{"PageSize", paper.PpdSize}, {"media", isByMeasures ? "" : paper.PwgMedia}});
+    if (paper.PpdSize.empty() && CustomSize(paper.PwgMedia)) {
+        // A size that one has made up has no keyword that every server knows. One that has a PPD to itself
+        // would take the nearest size of the PPD for the measures, or its own default; this keyword goes
+        // before both.
+        return {{"PageSize", PpdKeyword({paper.Width, paper.Height})}};
+    }
+    return WithoutEmpty({{"PageSize", paper.PpdSize}, {"media", paper.PwgMedia}});
 }
 
 CupsOptions BinOptions(const Bin& bin) {

@@ -21,21 +21,26 @@ std::string Plain(std::string_view name) {
     return plain;
 }
 
-// Names of the server and of its filters, without the marks between their words.
-constexpr std::array<std::string_view, 38> ServerNames = {
+// Names of the server and of its filters, without the marks between their words. Some mean nothing for a
+// single document, and a printer refuses it for them.
+constexpr std::array<std::string_view, 43> ServerNames = {
     "copies",
     "coverback",
     "coverfront",
+    "croptofit",
+    "fill",
     "fitplot",
     "fittopage",
     "imageorientation",
     "impositiontemplate",
     "insertsheet",
+    "ippattributefidelity",
     "jobpagesperset",
     "jobsheets",
     "jobsheetscol",
     "landscape",
     "mediasize",
+    "multipledocumenthandling",
     "naturalscaling",
     "numberup",
     "numberuplayout",
@@ -44,6 +49,7 @@ constexpr std::array<std::string_view, 38> ServerNames = {
     "pageborder",
     "pagebottom",
     "pagedelivery",
+    "pagelabel",
     "pageleft",
     "pageorderreceived",
     "pageranges",
@@ -142,6 +148,9 @@ Names ChoicesOfKind(std::string_view name) {
     return kind == Kinds.end() ? Names() : kind->Choices;
 }
 
+/// What a filter takes for the first page alone, as its bin.
+constexpr std::string_view OfFirstPage = "apfirstpage";
+
 /// True for the choices of an option that prints on both sides, whatever its name is.
 bool IsTwoSided(std::string_view choice) {
     return choice.starts_with("duplextumble") || choice.starts_with("duplexnotumble") ||
@@ -154,7 +163,7 @@ bool IsTwoSided(std::string_view choice) {
 bool ChangesPages(std::string_view option) {
     const std::string name = Plain(option);
     return std::find(ServerNames.begin(), ServerNames.end(), name) != ServerNames.end() ||
-           !ChoicesOfKind(name).empty();
+           name.starts_with(OfFirstPage) || !ChoicesOfKind(name).empty();
 }
 
 std::string PlainChoice(std::string_view option, const std::vector<std::string>& choices) {

@@ -87,11 +87,11 @@ TEST(CupsChoice, SaysWhatTheDocumentNeedsWhateverTheUserAndTheServerHave) {
                              {"Landscape", "true"},        {"media", "A5"},
                              {"ManualFeed", "True"},       {"copies", "3"},
                              {"ColorModel", "Gray"},       {"print-quality", "5"},
-                             {"finishings", "4"},          {"job-account-id", "7"}};
-    const CupsOptions known = {{"page-ranges-default", "1-2"},
-                               {"orientation-requested-default", "4"},
-                               {"fitplot-default", "true"},
-                               {"scaling-default", "100"}};
+                             {"finishings", "4"},          {"job-account-id", "7"},
+                             {"page-label", "Geheim"},     {"multiple-document-handling", "single-document"}};
+    const CupsOptions known = {{"page-ranges-default", "1-2"},   {"booklet-default", "true"},
+                               {"page-label-default", "Geheim"}, {"orientation-requested-default", "4"},
+                               {"fitplot-default", "true"},      {"scaling-default", "100"}};
     EXPECT_EQ(JobOptions(media, own, known, media.Papers[0], &media.Bins[0]),
               (CupsOptions{{"PageSize", "A4"},
                            {"media", "iso_a4_210x297mm"},
@@ -112,6 +112,8 @@ TEST(CupsChoice, SaysWhatTheDocumentNeedsWhateverTheUserAndTheServerHave) {
                            {"page-ranges", "1-2147483647"},
                            {"orientation-requested", "3"},
                            {"fitplot", "false"},
+                           {"booklet", "false"},
+                           {"page-label", ""},
                            {"ColorModel", "Gray"},
                            {"print-quality", "5"},
                            {"finishings", "4"},
@@ -126,8 +128,9 @@ TEST(CupsChoice, DescribesTheSheetAndItsBinToAQueueWithoutAPpd) {
     own.Height = FormSheet.Height;
     CupsOptions options = JobOptions(media, {{"media-col", "{media-source=top}"}}, {}, own, &media.Bins[1]);
     EXPECT_EQ(options["media-col"], "{media-size={x-dimension=21000 y-dimension=30480} media-source=tray-3}");
+    EXPECT_EQ(options["PageSize"],
+              "Custom.210x304.8mm");         // a server that has the PPD takes it before all else
     EXPECT_FALSE(options.contains("media")); // no keyword that every server knows
-    EXPECT_FALSE(options.contains("PageSize"));
 }
 
 TEST(CupsChoice, NamesNoBinWhereThePrinterChooses) {

@@ -37,9 +37,26 @@ TEST(PlainChoice, HasNothingToDoWithQualityColourFinishingAndAccounting) {
 }
 
 TEST(ChangesPages, KnowsNamesOfServerFiltersAndMakersInAnyCase) {
-    for (const char* option :
-         {"sides", "number-up", "Page-Set", "mirror", "job-sheets", "page-ranges", "Duplex", "EFDuplexing",
-          "fit-to-page", "orientation-requested", "Copies", "NUp"}) {
+    for (const char* option : {"sides",
+                               "number-up",
+                               "Page-Set",
+                               "mirror",
+                               "job-sheets",
+                               "page-ranges",
+                               "Duplex",
+                               "EFDuplexing",
+                               "fit-to-page",
+                               "orientation-requested",
+                               "Copies",
+                               "NUp",
+                               "page-label",
+                               "crop-to-fit",
+                               "fill",
+                               "booklet",
+                               "booklet-signature",
+                               "ipp-attribute-fidelity",
+                               "multiple-document-handling",
+                               "AP_FIRSTPAGE_InputSlot"}) {
         EXPECT_TRUE(ChangesPages(option)) << option;
     }
     for (const char* option :
