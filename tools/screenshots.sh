@@ -1,9 +1,10 @@
 #!/usr/bin/env bash
-# Makes the pictures in docs/images anew, from the programs themselves: every window on both desktops, at 100 % and 200 %.
+# Makes the pictures in docs/images anew, from the programs themselves: every window on both desktops, at 100 % and 200 %,
+# and documents as a printer makes them.
 set -euo pipefail
 cd "$(dirname "$(readlink -f "$0")")/.."
 
-tools/setup.sh run
+tools/setup.sh test
 tools/setup.sh wine
 tools/setup.sh screen
 cmake --preset release >/dev/null
@@ -34,4 +35,12 @@ for desktop in linux windows; do
   rm -f "docs/images/$desktop"/*.png
   cp "$made/$desktop"/*.png "docs/images/$desktop/"
 done
+
+mkdir -p docs/images/print
+forms="$made/linux/Acceptgiroformulieren voor de drukkeuring.pdf"
+report="$made/linux/Instellingen calibratie.pdf"
+pdftoppm -png -singlefile -r 100 -gray "$forms" docs/images/print/acceptgiro-3-op-1
+# In the dots of a printer: the foot of the lowest form with its OCR line, and the first blocks of the report.
+pdftoppm -png -singlefile -r 600 -mono -x 660 -y 6190 -W 4200 -H 1010 "$forms" docs/images/print/acceptgiro-600dpi
+pdftoppm -png -singlefile -r 600 -mono -x 140 -y 70 -W 3430 -H 1400 "$report" docs/images/print/calibratie-600dpi
 ls docs/images/*
