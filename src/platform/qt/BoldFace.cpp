@@ -185,10 +185,7 @@ class BoldMaker {
     }
 
     /// How much of the usual a glyph's strokes grow.
-    double GrowthOf(int index) const {
-        return FT_Get_Char_Index(bold_.Get(), DenseSign) == static_cast<FT_UInt>(index) ? GrowthOfDenseSign
-                                                                                        : 1;
-    }
+    double GrowthOf(int index) const { return index != 0 && index == dense_ ? GrowthOfDenseSign : 1; }
 
     double RoomOf(int index) const {
         const auto room = rooms_.find(index);
@@ -269,8 +266,8 @@ class BoldMaker {
     TrueTypeFile tables_;
     QByteArray metrics_;
     int wide_; ///< glyphs with an advance of their own
-    int dense_ = static_cast<int>(FT_Get_Char_Index(bold_.Get(), DenseSign));
-    double height_ = em_; ///< of a capital
+    int dense_ = static_cast<int>(FT_Get_Char_Index(bold_.Get(), DenseSign)); ///< 0 if there is none
+    double height_ = em_;                                                     ///< of a capital
     std::unordered_map<int, double> rooms_;
     QByteArray outlines_;
     std::array<FT_Pos, 4> bounds_ = {};

@@ -90,7 +90,7 @@ void QtPrinter::SetPaperSize(std::int16_t paper) {
         throw RuntimeError(ErrorInvalidPropertyValue, "De printer kent dit papierformaat niet.");
     }
     settings_.PaperId = paper;
-    StoreWhereUnwritten();
+    StoreWhereUnwritten(&QueueSettings::PaperId);
 }
 
 std::int16_t QtPrinter::PaperBin() {
@@ -104,12 +104,14 @@ void QtPrinter::SetPaperBin(std::int16_t bin) {
         throw RuntimeError(ErrorInvalidPropertyValue, "De printer kent deze papierlade niet.");
     }
     settings_.BinId = bin;
-    StoreWhereUnwritten();
+    StoreWhereUnwritten(&QueueSettings::BinId);
 }
 
-void QtPrinter::StoreWhereUnwritten() {
+void QtPrinter::StoreWhereUnwritten(std::int16_t QueueSettings::*field) {
     if (queue_->CouldNotBeOpened) {
-        queue_->WriteSettings(settings_);
+        QueueSettings stored = queue_->ReadSettings();
+        stored.*field = settings_.*field;
+        queue_->WriteSettings(stored);
     }
 }
 

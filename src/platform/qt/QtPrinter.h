@@ -57,7 +57,7 @@ class QtPrinter : public Printer, private PageDevice {
     PrintQueue& Queue();
     const Paper& CurrentPaper();
     const Bin* CurrentBin();
-    void StoreWhereUnwritten();
+    void StoreWhereUnwritten(std::int16_t QueueSettings::*field);
     Measures Measure();
     Sheet SheetNow();
 

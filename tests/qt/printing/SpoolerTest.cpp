@@ -144,9 +144,11 @@ TEST_F(SpoolerTest, AChoiceHoldsWhereThePrinterCouldNotBeOpenedForIt) {
     printer.Assign(0);
     Queue->IsReachable = false;
     EXPECT_EQ(Open(), 0U); // to write it
+    printer.SetOrientation(Landscape);
     printer.SetPaperSize(300);
     printer.SetPaperBin(256);
     printer.Assign(0);
+    EXPECT_EQ(printer.Orientation(), Portrait); // goes to no stored defaults
     EXPECT_EQ(printer.PaperSize(), 300);
     EXPECT_EQ(printer.PaperBin(), 256);
     Queue->IsReachable = true;
