@@ -292,6 +292,13 @@ TEST_F(CupsTest, SendsTheFormsSheetToAQueueWithAPpdAndToOneWithout) {
     }
 }
 
+TEST_F(CupsTest, ABinThatTheQueueNoLongerHasGivesWayToItsOwn) {
+    const auto& queue = dynamic_cast<const CupsQueue&>(Printers.Queue(0));
+    const Paper* const a4 = PaperNamed("A4 blanco");
+    ASSERT_NE(a4, nullptr);
+    EXPECT_EQ(queue.OptionsFor(*a4, nullptr).at("InputSlot"), "Upper");
+}
+
 TEST_F(CupsTest, KeepsShowsAndSendsTheUsersOwnSize) {
     WritePpdOfAnySize();
     ASSERT_TRUE(Server.Run("lpadmin", {"-p", "Kantoor", "-P", Server.Folder() + "/eigen.ppd"}));

@@ -1,5 +1,6 @@
 #include "platform/qt/UserDefaults.h"
 #include "platform/qt/OptionLine.h"
+#include "platform/qt/StoredChoice.h"
 
 #include <QDir>
 #include <QFile>
@@ -102,6 +103,20 @@ TEST_F(UserDefaultsTest, AFileThatTheUserMayNotReadIsTold) {
     EXPECT_EQ(Defaults.Trouble(), "lpoptions is niet te lezen");
     EXPECT_TRUE(Defaults.Options("Kantoor").empty());
     ASSERT_EQ(seteuid(before), 0);
+}
+
+TEST(StoredChoice, OfWhatTheQueueNoLongerOffersGivesWayUntilItIsBack) {
+    const QueueSettings byFiles{Portrait, 9, 1, 1};
+    StoredChoice choice;
+    choice.Write({Portrait, 5, 257, 1}, byFiles);
+    Paper legal;
+    legal.Id = 5;
+    Bin third;
+    third.Id = 257;
+    EXPECT_EQ(choice.Over(byFiles, {legal}, {third}), (QueueSettings{Portrait, 5, 257, 1}));
+    EXPECT_EQ(choice.Over(byFiles, {}, {third}), (QueueSettings{Portrait, 9, 257, 1}));
+    EXPECT_EQ(choice.Over(byFiles, {legal}, {}), (QueueSettings{Portrait, 5, 1, 1}));
+    EXPECT_EQ(choice.Over(byFiles, {legal}, {third}), (QueueSettings{Portrait, 5, 257, 1}));
 }
 
 } // namespace
