@@ -5,6 +5,7 @@
 
 #include <QFile>
 #include <QFontDatabase>
+#include <QHash>
 #include <QRawFont>
 #include <QSet>
 
@@ -19,14 +20,15 @@ namespace {
 
 struct PackagedFont {
     const char* Family;
-    std::array<const char*, 2> Files;
+    const char* Plain;
+    const char* Bold;
 };
 
 // Wine's own fonts are ordinary TrueType files, but its package leaves them where the desktop does not look.
 constexpr std::array<const char*, 3> FontFolders = {"/usr/share/wine/fonts/", "/usr/local/share/wine/fonts/",
                                                     "/opt/wine-stable/share/wine/fonts/"};
 constexpr std::array<PackagedFont, 1> PackagedFonts = {{
-    {"Tahoma", {"tahoma.ttf", "tahomabd.ttf"}},
+    {"Tahoma", "tahoma.ttf", "tahomabd.ttf"},
 }};
 
 bool AddFile(const char* file) {
@@ -37,6 +39,13 @@ bool AddFile(const char* file) {
         }
     }
     return false;
+}
+
+/// The bold files of families whose plain ones have been added. Each is added when a bold face is first asked
+/// for: most runs of the program show and print none.
+QHash<QString, const char*>& WaitingBoldFiles() {
+    static QHash<QString, const char*> files;
+    return files;
 }
 
 QString Comparable(const QString& family) {
@@ -58,9 +67,8 @@ void LoadPackagedFonts() {
             if (QFontDatabase::hasFamily(QString::fromLatin1(font.Family))) {
                 continue;
             }
-            for (const char* file : font.Files) {
-                AddFile(file);
-            }
+            AddFile(font.Plain);
+            WaitingBoldFiles().insert(QString::fromLatin1(font.Family).toCaseFolded(), font.Bold);
         }
     });
 }
@@ -68,14 +76,16 @@ void LoadPackagedFonts() {
 std::string ResolveFamily(const std::string& wanted) {
     LoadPackagedFonts();
     const QString name = QString::fromStdString(wanted);
-    if (QFontDatabase::hasFamily(name)) {
+    // To look through the names first saves a family that is there the search for what replaces it.
+    const QStringList families = QFontDatabase::families();
+    if (families.contains(name) || QFontDatabase::hasFamily(name)) {
         return wanted;
     }
     const QString comparable = Comparable(name);
     if (comparable.isEmpty()) {
         return wanted;
     }
-    for (const QString& family : QFontDatabase::families()) {
+    for (const QString& family : families) {
         if (Comparable(family) == comparable) {
             return family.toStdString();
         }
@@ -90,6 +100,10 @@ void ProvideBold(const QFont& font) {
         return;
     }
     seen.insert(family);
+    LoadPackagedFonts();
+    if (const char* file = WaitingBoldFiles().take(family.toCaseFolded())) {
+        AddFile(file);
+    }
     QFont plain(font);
     plain.setBold(false);
     QFont bold(font);

@@ -15,7 +15,7 @@ inline constexpr double UnitsPerPoint = 100;
 inline constexpr double LargestFontSize = 600;
 
 /// Makes fonts known that a package keeps outside the folders that the desktop searches. Costs nothing after
-/// the first call; ResolveFamily and DesignFont make it themselves.
+/// the first call; ResolveFamily and DesignFont make it themselves. Bold faces follow with ProvideBold.
 void LoadPackagedFonts();
 
 /// The installed family that is meant by a font's name: the name itself, or the family that differs from it

@@ -201,7 +201,11 @@ void QtControl::MirrorFont() {
     }
     font.setBold(wanted.Bold);
     if (wanted.Bold) {
-        ProvideBold(font);
+        // Asked at the usual size, at which both faces are in use anyway: a face at a size of its own is
+        // costly.
+        QFont usual = QApplication::font(widget_);
+        usual.setFamily(font.family());
+        ProvideBold(usual);
     }
     widget_->setFont(font);
 }
