@@ -265,6 +265,19 @@ TEST_P(LookTest, ThePictureOfTheHeadingIsDrawnForTheDotsOfTheScreen) {
     EXPECT_EQ(others, 0);
 }
 
+// Dot for dot what the toolkit's own icon of the file is, for which it loads a plugin.
+TEST(WindowIcon, IsThePictureOfTheProgram) {
+    const QIcon ours = platform::qt::PictureIcon("program");
+    const QIcon toolkits(":/pictures/program.svg");
+    for (const int size : {16, 22, 32, 48, 64, 128, 256}) {
+        const QImage picture = ours.pixmap(size, size).toImage();
+        EXPECT_GT(picture.pixelColor(picture.width() / 2, picture.height() / 2).alpha(), 0) << size;
+        EXPECT_EQ(picture, toolkits.pixmap(size, size).toImage()) << size;
+    }
+    EXPECT_FALSE(ours.isNull());
+    EXPECT_EQ(ours.availableSizes(), toolkits.availableSizes());
+}
+
 INSTANTIATE_TEST_SUITE_P(Themes, LookTest, testing::ValuesIn(Themes),
                          [](const auto& theme) { return std::string(theme.param); });
 

@@ -1,12 +1,12 @@
 #include "platform/qt/QtPlatform.h"
 
-#include <QIcon>
 #include <QLibraryInfo>
 #include <QTranslator>
 
 #include "platform/qt/Accessibility.h"
 #include "platform/qt/Fonts.h"
 #include "platform/qt/Guarded.h"
+#include "platform/qt/ThemedPicture.h"
 
 // Resources of a static library are not there until they are asked for, and that from outside any namespace.
 static void LoadPictures() {
@@ -23,7 +23,7 @@ DutchApplication::DutchApplication(int& argc, char** argv) : QApplication(argc, 
     if (translator->load(QStringLiteral("qtbase_nl"), QLibraryInfo::path(QLibraryInfo::TranslationsPath))) {
         installTranslator(translator);
     }
-    setWindowIcon(QIcon(QStringLiteral(":/pictures/program.svg")));
+    setWindowIcon(PictureIcon(QStringLiteral("program")));
     setDesktopFileName(QStringLiteral("drukkeuring"));
 }
 

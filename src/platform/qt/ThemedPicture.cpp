@@ -59,6 +59,34 @@ class PictureEngine final : public QIconEngine {
     QByteArray lit_;
 };
 
+class FileEngine final : public QIconEngine {
+  public:
+    explicit FileEngine(QString file) : file_(std::move(file)) {}
+
+    void paint(QPainter* painter, const QRect& area, QIcon::Mode /*mode*/, QIcon::State /*state*/) override {
+        GuardedQuietly([&] {
+            QSvgRenderer picture(file_);
+            picture.setAspectRatioMode(Qt::KeepAspectRatio);
+            picture.render(painter, area);
+        });
+    }
+
+    QPixmap pixmap(const QSize& size, QIcon::Mode mode, QIcon::State state) override {
+        return GuardedQuietly(QPixmap(), [&] {
+            QPixmap drawn(size);
+            drawn.fill(Qt::transparent);
+            QPainter painter(&drawn);
+            paint(&painter, drawn.rect(), mode, state);
+            return drawn;
+        });
+    }
+
+    QIconEngine* clone() const override { return new FileEngine(*this); }
+
+  private:
+    QString file_;
+};
+
 } // namespace
 
 QByteArray ThemedPicture(const QString& name, const QColor& background) {
@@ -78,6 +106,10 @@ QByteArray ThemedPicture(const QString& name, const QColor& background) {
 
 QIcon ThemedIcon(const QString& name, const QString& lit, const QColor& background) {
     return QIcon(new PictureEngine(ThemedPicture(name, background), ThemedPicture(lit, background)));
+}
+
+QIcon PictureIcon(const QString& name) {
+    return QIcon(new FileEngine(PictureFile(name)));
 }
 
 } // namespace platform::qt

@@ -15,4 +15,8 @@ QByteArray ThemedPicture(const QString& name, const QColor& background);
 /// and density.
 QIcon ThemedIcon(const QString& name, const QString& lit, const QColor& background);
 
+/// A picture in its own colours as the icon of a window. It is not read before it is drawn, and unlike the
+/// toolkit's own icons of such files it needs no plugin.
+QIcon PictureIcon(const QString& name);
+
 } // namespace platform::qt
