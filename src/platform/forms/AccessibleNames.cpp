@@ -81,6 +81,9 @@ const Label* NearestLabel(const Control& control) {
 }
 
 std::string WithoutAccessKey(const std::string& caption) {
+    if (caption.find('&') == std::string::npos) {
+        return caption;
+    }
     std::string plain;
     for (std::size_t at = 0; at < caption.size(); ++at) {
         if (caption[at] == '&' && at + 1 < caption.size()) {

@@ -9,6 +9,7 @@
 #include "platform/qt/QtForm.h"
 #include "platform/qt/QtText.h"
 #include "platform/qt/Scale.h"
+#include "platform/qt/TextRoom.h"
 
 namespace platform::qt {
 
@@ -51,7 +52,8 @@ QString QtLabel::Fitting(const QString& text) const {
         return metrics.boundingRect(QRect(0, 0, room.width(), QWIDGETSIZE_MAX), Qt::TextWordWrap, wanted)
                    .height() <= room.height();
     };
-    if (fits(text) || metrics.height() > room.height()) {
+    if (HasAmpleRoom(text, QFontMetricsF(label_->font(), label_), room.size()) || fits(text) ||
+        metrics.height() > room.height()) {
         return text;
     }
     const auto cut = [&text](qsizetype length) { return text.left(length).trimmed() + QChar(0x2026); };
