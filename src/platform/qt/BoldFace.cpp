@@ -2,12 +2,14 @@
 
 #include <QPainterPath>
 #include <QRawFont>
+#include <QtEndian>
 
 #include <algorithm>
 #include <array>
 #include <cmath>
 #include <string_view>
 #include <unordered_map>
+#include <vector>
 
 #include <ft2build.h>
 #include FT_FREETYPE_H
@@ -45,6 +47,15 @@ constexpr std::u32string_view Compared = U"HnoABCDEFGIJKLMNOPQRSTUVWXYZabcdefghi
 
 /// The Latin letters end here. What comes behind them becomes as wide as its strokes make it.
 constexpr FT_ULong EndOfLatin = 0x250;
+
+/// A range of characters, its end not among them.
+struct Range {
+    FT_ULong First;
+    FT_ULong End;
+};
+/// The scripts of Europe with their accents, and the signs between their letters. Glyphs of other scripts,
+/// half of such a font, stay as its maker left them: to make them bold costs as much as all these.
+constexpr std::array<Range, 2> Thickened = {{{0x20, 0x590}, {0x2000, 0x2C00}}};
 
 /// From this weight on a face says of itself that it is bold.
 constexpr int BoldWeight = 600;
@@ -144,6 +155,7 @@ class BoldMaker {
             height_ = std::max(em_ / 2, static_cast<double>(capital->metrics.height));
         }
         FindRooms(plain);
+        FindThickened();
     }
 
     QByteArray Make() {
@@ -156,8 +168,10 @@ class BoldMaker {
                 return {};
             }
             if (glyph->outline.n_contours > 0) {
-                const int left = Thicken(glyph->outline, GrowthOf(index), RoomOf(index));
-                WriteU16(metrics_, index < wide_ ? index * 4 + 2 : wide_ * 4 + (index - wide_) * 2, left);
+                if (isThickened_[static_cast<std::size_t>(index)]) {
+                    const int left = Thicken(glyph->outline, GrowthOf(index), RoomOf(index));
+                    WriteU16(metrics_, index < wide_ ? index * 4 + 2 : wide_ * 4 + (index - wide_) * 2, left);
+                }
                 Append(glyph->outline);
             }
         }
@@ -180,6 +194,20 @@ class BoldMaker {
             if (index != 0 && same != 0 && FT_Get_Advance(bold_.Get(), index, FT_LOAD_NO_SCALE, &wide) == 0 &&
                 FT_Get_Advance(plain.Get(), same, FT_LOAD_NO_SCALE, &narrow) == 0) {
                 rooms_[static_cast<int>(index)] = static_cast<double>(wide - narrow);
+            }
+        }
+    }
+
+    void FindThickened() {
+        for (const Range& range : Thickened) {
+            FT_UInt index = FT_Get_Char_Index(bold_.Get(), range.First);
+            FT_ULong code = range.First;
+            if (index == 0) {
+                code = FT_Get_Next_Char(bold_.Get(), code, &index);
+            }
+            while (index != 0 && code < range.End) {
+                isThickened_[index] = true;
+                code = FT_Get_Next_Char(bold_.Get(), code, &index);
             }
         }
     }
@@ -221,22 +249,30 @@ class BoldMaker {
         FT_BBox box;
         FT_Outline_Get_CBox(&outline, &box);
         const std::array<FT_Pos, 4> corners = {box.xMin, box.yMin, box.xMax, box.yMax};
-        AppendU16(outlines_, outline.n_contours);
+        // Twelve bytes for the counts and the corners, two for a contour, five for a point.
+        const qsizetype start = outlines_.size();
+        outlines_.resize(start + 12 + outline.n_contours * 2 + outline.n_points * 5);
+        char* at = outlines_.data() + start;
+        const auto put = [&at](FT_Pos value) {
+            qToBigEndian(static_cast<quint16>(value), at);
+            at += 2;
+        };
+        put(outline.n_contours);
         for (std::size_t i = 0; i < corners.size(); ++i) {
-            AppendU16(outlines_, static_cast<int>(corners[i]));
+            put(corners[i]);
             bounds_[i] = i < 2 ? std::min(bounds_[i], corners[i]) : std::max(bounds_[i], corners[i]);
         }
         for (int i = 0; i < outline.n_contours; ++i) {
-            AppendU16(outlines_, outline.contours[i]);
+            put(outline.contours[i]);
         }
-        AppendU16(outlines_, 0); // instructions
+        put(0); // instructions
         for (int i = 0; i < outline.n_points; ++i) {
-            outlines_ += static_cast<char>(outline.tags[i] & FT_CURVE_TAG_ON);
+            *at++ = static_cast<char>(outline.tags[i] & FT_CURVE_TAG_ON);
         }
         for (const auto coordinate : {&FT_Vector::x, &FT_Vector::y}) {
             FT_Pos before = 0;
             for (const FT_Vector& point : Points(outline)) {
-                AppendU16(outlines_, static_cast<int>(point.*coordinate - before));
+                put(point.*coordinate - before);
                 before = point.*coordinate;
             }
         }
@@ -269,6 +305,8 @@ class BoldMaker {
     int dense_ = static_cast<int>(FT_Get_Char_Index(bold_.Get(), DenseSign)); ///< 0 if there is none
     double height_ = em_;                                                     ///< of a capital
     std::unordered_map<int, double> rooms_;
+    std::vector<bool> isThickened_ =
+        std::vector<bool>(static_cast<std::size_t>(std::max<FT_Long>(bold_.Get()->num_glyphs, 0)));
     QByteArray outlines_;
     std::array<FT_Pos, 4> bounds_ = {};
     int points_ = 0;

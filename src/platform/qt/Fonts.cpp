@@ -31,6 +31,9 @@ constexpr std::array<PackagedFont, 1> PackagedFonts = {{
     {"Tahoma", "tahoma.ttf", "tahomabd.ttf"},
 }};
 
+/// Names of families that are known to be installed. A document uses two.
+constexpr qsizetype MostFamilies = 64;
+
 bool AddFile(const char* file) {
     for (const char* folder : FontFolders) {
         const QString path = QString::fromLatin1(folder) + QString::fromLatin1(file);
@@ -74,11 +77,19 @@ void LoadPackagedFonts() {
 }
 
 std::string ResolveFamily(const std::string& wanted) {
+    // To ask for a family searches the desktop's font configuration each time.
+    static QSet<QString> installed;
     LoadPackagedFonts();
     const QString name = QString::fromStdString(wanted);
+    if (installed.contains(name)) {
+        return wanted;
+    }
     // To look through the names first saves a family that is there the search for what replaces it.
     const QStringList families = QFontDatabase::families();
     if (families.contains(name) || QFontDatabase::hasFamily(name)) {
+        if (installed.size() < MostFamilies) {
+            installed.insert(name);
+        }
         return wanted;
     }
     const QString comparable = Comparable(name);

@@ -27,10 +27,23 @@ double Table16(const QByteArray& table, qsizetype at) {
     return qFromBigEndian<quint16>(table.constData() + at);
 }
 
+/// The face of a font. To look one up in the desktop's font configuration takes longer than to have one that
+/// is there at another size; but a bitmap font has a file for each size.
+QRawFont FaceOf(const QFont& font, const GlyphTable* sibling) {
+    if (sibling != nullptr && sibling->Face(0).unitsPerEm() > 0) {
+        QRawFont face = sibling->Face(0);
+        face.setPixelSize(font.pixelSize());
+        if (face.isValid()) {
+            return face;
+        }
+    }
+    return QRawFont::fromFont(font);
+}
+
 } // namespace
 
-GlyphTable::GlyphTable(const FontSpec& font)
-    : spec_(font), font_(DesignFont(font)), faces_{QRawFont::fromFont(font_)} {
+GlyphTable::GlyphTable(const FontSpec& font, const GlyphTable* sibling)
+    : spec_(font), font_(DesignFont(font)), faces_{FaceOf(font_, sibling)} {
     const QRawFont& face = faces_.front();
     const QByteArray os2 = face.fontTable("OS/2");
     if (os2.size() >= WinDescentAt + 2 && face.unitsPerEm() > 0) {

@@ -18,7 +18,8 @@ namespace platform::qt {
 /// character that the font lacks comes from the font that Qt puts in its place.
 class GlyphTable {
   public:
-    explicit GlyphTable(const FontSpec& font);
+    /// `sibling`, if there is one, has the same name and boldness at another size.
+    explicit GlyphTable(const FontSpec& font, const GlyphTable* sibling = nullptr);
 
     const FontSpec& Spec() const { return spec_; }
 

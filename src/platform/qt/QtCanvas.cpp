@@ -58,7 +58,10 @@ GlyphTable& QtCanvas::TableOf(const FontSpec& font) {
         last_ = found->get();
         return *last_;
     }
-    auto table = std::make_unique<GlyphTable>(font);
+    const auto sibling = std::find_if(tables_.begin(), tables_.end(), [&font](const auto& table) {
+        return table->Spec().Name == font.Name && table->Spec().Bold == font.Bold;
+    });
+    auto table = std::make_unique<GlyphTable>(font, sibling == tables_.end() ? nullptr : sibling->get());
     if (tables_.size() >= MostTables) {
         last_ = nullptr;
         tables_.clear();

@@ -4,6 +4,7 @@
 #include "qt/printing/Devices.h"
 #include "qt/printing/PdfReader.h"
 
+#include <QPainterPath>
 #include <QRawFont>
 
 #include <gtest/gtest.h>
@@ -128,6 +129,34 @@ TEST(BoldFace, PrintsStemsTwiceAsThickAsPlainOnes) {
         EXPECT_NEAR(thick.front() / thin.front(), 2, 0.2)
             << texts[i] << ": " << thin.front() << " " << thick.front();
     }
+}
+
+TEST(BoldFace, ThickensTheScriptsOfEurope) {
+    // L with an acute, and the Cyrillic letters for N and P.
+    const std::vector<std::string> texts = {"\xC4\xB9", "\xD0\x9D", "\xD0\x9F"};
+    const std::vector<Letter> plain = Print(texts, Plain);
+    const std::vector<Letter> bold = Print(texts, Bold);
+    for (std::size_t i = 0; i < texts.size(); ++i) {
+        constexpr double height = 0.65;
+        const std::vector<double> thin = plain[i].Strokes(height);
+        const std::vector<double> thick = bold[i].Strokes(height);
+        ASSERT_FALSE(thin.empty() || thick.empty()) << texts[i];
+        EXPECT_NEAR(thick.front() / thin.front(), 2, 0.3)
+            << texts[i] << ": " << thin.front() << " " << thick.front();
+    }
+}
+
+TEST(BoldFace, LeavesOtherScriptsAsTheyAre) {
+    const QRawFont made = Raw(Bold);
+    QRawFont packaged(QStringLiteral("/usr/share/wine/fonts/tahomabd.ttf"), made.pixelSize(),
+                      QFont::PreferNoHinting);
+    if (!packaged.isValid()) {
+        GTEST_SKIP() << "Tahoma is not the package's";
+    }
+    const QString letter = QStringLiteral("\u0633"); // Arabic
+    const quint32 glyph = made.glyphIndexesForString(letter).value(0);
+    ASSERT_NE(glyph, 0U);
+    EXPECT_EQ(made.pathForGlyph(glyph).boundingRect(), packaged.pathForGlyph(glyph).boundingRect());
 }
 
 TEST(BoldFace, KeepsLettersOpen) {
