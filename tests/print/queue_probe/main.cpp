@@ -2,6 +2,9 @@
 //
 // queue_probe --ppd FILE [--own "NAME=VALUE ..."] [--paper NAME] [--bin NAME]
 //     by a PPD alone, without a server
+// queue_probe --ppds
+//     by each PPD that the standard input names on a line: a line of JSON for each, with the
+//     milliseconds of processor
 // queue_probe --queue NAME [--paper NAME] [--bin NAME] [--print FILE.pdf [--title TITLE]]
 //     by the print server that CUPS_SERVER names; --print sends the file through the program's own job
 // queue_probe --queues
@@ -29,7 +32,10 @@
 #include <clocale>
 #include <cstdio>
 #include <cstdlib>
+#include <ctime>
+#include <iostream>
 #include <stdexcept>
+#include <string>
 
 namespace {
 
@@ -142,6 +148,18 @@ QJsonObject ByPpd(const QString& file, const QString& own, const Wanted& wanted)
                     JobOptions(media, options, {}, paper, &bin));
 }
 
+/// Answers at once, so that the end of the program tells which file it could not read.
+void ByPpds() {
+    std::string file;
+    while (std::getline(std::cin, file)) {
+        const std::clock_t begun = std::clock();
+        QJsonObject json = ByPpd(QString::fromStdString(file), "", {});
+        json["ms"] = 1000.0 * static_cast<double>(std::clock() - begun) / CLOCKS_PER_SEC;
+        std::puts(QJsonDocument(json).toJson(QJsonDocument::Compact).constData());
+        std::fflush(stdout);
+    }
+}
+
 void Send(PrintQueue& queue, const Paper& paper, const Bin& bin, const QString& file, const QString& title) {
     QFile document(file);
     if (!document.open(QIODevice::ReadOnly)) {
@@ -193,6 +211,7 @@ int main(int argc, char** argv) {
     const QCoreApplication application(argc, argv);
     QCommandLineParser line;
     line.addOptions({{"ppd", "by a PPD", "file"},
+                     {"ppds", "by many PPDs"},
                      {"own", "the user's options", "options"},
                      {"queue", "by the print server", "name"},
                      {"queues", "names of all printers"},
@@ -203,6 +222,10 @@ int main(int argc, char** argv) {
     line.addHelpOption();
     line.process(application);
     try {
+        if (line.isSet("ppds")) {
+            ByPpds();
+            return EXIT_SUCCESS;
+        }
         std::fputs(QJsonDocument(Run(line)).toJson().constData(), stdout);
         return EXIT_SUCCESS;
     } catch (const std::exception& error) {
