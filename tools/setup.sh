@@ -1,6 +1,6 @@
 #!/usr/bin/env bash
 # Installs the Debian packages that a task needs and that are missing:
-# setup.sh build|run|test|slow|coverage|fuzz|windows|wine|screen|package
+# setup.sh build|run|test|slow|printers|coverage|fuzz|windows|wine|screen|package
 set -euo pipefail
 
 # To build the program.
@@ -13,6 +13,16 @@ test=(libgtest-dev libgmock-dev qt6-base-private-dev libbenchmark-dev python3 py
       cups-daemon cups-client strace at-spi2-core dbus-daemon libglib2.0-bin xvfb)
 # Tests that take minutes: a reader of print, a fresh machine, its screen and keyboard.
 slow=(tesseract-ocr tesseract-ocr-eng debootstrap xvfb xauth xdotool imagemagick)
+
+# Other people's printers: their descriptions, their drivers, one without a driver, and readers of what comes out.
+printers=(openprinting-ppds foomatic-db-compressed-ppds hp-ppd hpijs-ppds cups-filters cups-filters-core-drivers cups-ppdc
+          cups-ipp-utils cups-server-common cups-core-drivers ghostscript poppler-utils dbus-daemon python3-numpy xz-utils
+          printer-driver-brlaser printer-driver-c2050 printer-driver-c2esp printer-driver-cjet printer-driver-cups-pdf
+          printer-driver-dymo printer-driver-escpr printer-driver-foo2zjs printer-driver-fujixerox
+          printer-driver-gutenprint printer-driver-hpcups printer-driver-hpijs printer-driver-indexbraille
+          printer-driver-m2300w printer-driver-min12xxw printer-driver-oki printer-driver-pnm2ppa
+          printer-driver-postscript-hp printer-driver-ptouch printer-driver-pxljr printer-driver-sag-gdi
+          printer-driver-splix)
 
 # To count what the tests reach.
 coverage=(gcovr)
@@ -40,11 +50,12 @@ case "${1:-}" in
   coverage) wanted=("${build[@]}" "${test[@]}" "${coverage[@]}") ;;
   fuzz) wanted=("${build[@]}" "${fuzz[@]}") ;;
   slow) wanted=("${build[@]}" "${run[@]}" "${test[@]}" "${slow[@]}") ;;
+  printers) wanted=("${test[@]}" "${printers[@]}") ;;
   windows) wanted=("${windows[@]}") ;;
   wine) wanted=("${windows[@]}" "${wine[@]}") ;;
   screen) wanted=("${screen[@]}") ;;
   package) wanted=("${package[@]}") ;;
-  *) echo "usage: $0 build|run|test|slow|coverage|fuzz|windows|wine|screen|package" >&2; exit 2 ;;
+  *) echo "usage: $0 build|run|test|slow|printers|coverage|fuzz|windows|wine|screen|package" >&2; exit 2 ;;
 esac
 
 missing=()
