@@ -18,6 +18,8 @@ namespace {
 constexpr mode_t NewFile = 0666;     // less what the user's mask takes away
 constexpr mode_t PrivateFile = 0600; // until it has the rights of the file that it replaces
 constexpr int NameAttempts = 100;
+constexpr std::size_t RandomLetters = 20; // more than any word of the user's
+constexpr std::string_view Letters = "abcdefghijklmnopqrstuvwxyz012345";
 
 int ErrorIf(bool failed) {
     return failed ? errno : 0;
@@ -32,15 +34,14 @@ std::string SystemPathOf(int descriptor) {
 /// set.
 template <class Make>
 std::string WithFreeName(const std::string& prefix, const Make& make) {
-    constexpr std::string_view letters = "abcdefghijklmnopqrstuvwxyz012345";
     for (int attempt = 0; attempt < NameAttempts; ++attempt) {
-        std::array<unsigned char, 6> random{};
+        std::array<unsigned char, RandomLetters> random{};
         if (Uninterrupted([&] { return getrandom(random.data(), random.size(), 0); }) < 0) {
             return {};
         }
         std::string name = prefix;
         for (const unsigned char byte : random) {
-            name.push_back(letters[byte % letters.size()]);
+            name.push_back(Letters[byte % Letters.size()]);
         }
         if (make(name.c_str())) {
             return name;
@@ -50,6 +51,12 @@ std::string WithFreeName(const std::string& prefix, const Make& make) {
         }
     }
     return {};
+}
+
+/// Is this what a file system, or the user's rights on it, can never do? (An owner that a container does not
+/// know is EINVAL.)
+bool IsBeyondThisPlace(int error) {
+    return error == EPERM || error == EOPNOTSUPP || error == ENOSYS || error == EINVAL;
 }
 
 /// Makes a new name last through a loss of power. A file system that cannot do it for a folder has the file
@@ -62,6 +69,11 @@ void FlushFolder(const std::string& folder) {
 }
 
 } // namespace
+
+bool IsNameOfReplacement(std::string_view name, std::string_view mark) {
+    return name.size() == mark.size() + RandomLetters && name.starts_with(mark) &&
+           name.find_first_not_of(Letters, mark.size()) == std::string_view::npos;
+}
 
 FileReplacement::~FileReplacement() {
     if (!name_.empty()) {
@@ -136,15 +148,17 @@ int FileReplacement::Write(std::string_view bytes) {
     return error_ != 0 ? error_ : Keep(writer_.Write(bytes));
 }
 
-/// Only the administrator may give a file away, so a refused owner is no failure.
+/// Only the administrator may give a file away, and not every file system keeps rights: what is refused for
+/// good is no failure.
 int FileReplacement::TakeOverRights() {
     if (!old_) {
         return 0;
     }
-    if (fchown(writer_.File().Number(), old_->st_uid, old_->st_gid) != 0 && errno != EPERM) {
+    const int file = writer_.File().Number();
+    if (fchown(file, old_->st_uid, old_->st_gid) != 0 && !IsBeyondThisPlace(errno)) {
         return errno;
     }
-    return ErrorIf(fchmod(writer_.File().Number(), old_->st_mode & 07777) != 0);
+    return ErrorIf(fchmod(file, old_->st_mode & 07777) != 0 && !IsBeyondThisPlace(errno));
 }
 
 int FileReplacement::BringToDisk() {
@@ -188,7 +202,7 @@ int FileReplacement::Appear() {
     if (link(name_.c_str(), target_.c_str()) == 0) {
         return 0; // the first name goes with this object
     }
-    if (errno != EPERM && errno != EOPNOTSUPP) {
+    if (!IsBeyondThisPlace(errno)) {
         return errno;
     }
     // A file system on which each file has one name.

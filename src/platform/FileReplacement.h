@@ -52,6 +52,9 @@ class FileReplacement {
     int error_ = 0;
 };
 
+/// Is this a name that bytes on their way into a file's place may have beside it?
+bool IsNameOfReplacement(std::string_view name, std::string_view mark);
+
 /// Puts new bytes in the place of an existing file that is still in the state `before`, as above.
 int ReplaceFile(const std::string& path, std::string_view mark, std::string_view bytes,
                 const FileStamp& before);

@@ -9,6 +9,7 @@
 #include <iterator>
 #include <string>
 
+#include <fcntl.h>
 #include <sys/resource.h>
 #include <sys/stat.h>
 #include <sys/wait.h>
@@ -19,6 +20,61 @@ namespace {
 using namespace platform;
 namespace fs = std::filesystem;
 
+/// What the file system cannot do, as errno; 0 for what it can.
+struct Lacks {
+    int NamelessFiles = 0;
+    int SecondNames = 0;
+    int Rights = 0;
+};
+
+Lacks lacks;
+
+} // namespace
+
+// NOLINTBEGIN(bugprone-reserved-identifier,cert-dcl37-c,cert-dcl51-cpp): the linker's names (--wrap)
+extern "C" {
+
+int __real_open(const char* path, int flags, ...);
+int __wrap_open(const char* path, int flags, mode_t mode) {
+    if (lacks.NamelessFiles != 0 && (flags & O_TMPFILE) == O_TMPFILE) {
+        errno = lacks.NamelessFiles;
+        return -1;
+    }
+    return __real_open(path, flags, mode);
+}
+
+int __real_link(const char* from, const char* to);
+int __wrap_link(const char* from, const char* to) {
+    if (lacks.SecondNames != 0) {
+        errno = lacks.SecondNames;
+        return -1;
+    }
+    return __real_link(from, to);
+}
+
+int __real_fchown(int descriptor, uid_t owner, gid_t group);
+int __wrap_fchown(int descriptor, uid_t owner, gid_t group) {
+    if (lacks.Rights != 0) {
+        errno = lacks.Rights;
+        return -1;
+    }
+    return __real_fchown(descriptor, owner, group);
+}
+
+int __real_fchmod(int descriptor, mode_t mode);
+int __wrap_fchmod(int descriptor, mode_t mode) {
+    if (lacks.Rights != 0) {
+        errno = lacks.Rights;
+        return -1;
+    }
+    return __real_fchmod(descriptor, mode);
+}
+
+} // extern "C"
+// NOLINTEND(bugprone-reserved-identifier,cert-dcl37-c,cert-dcl51-cpp)
+
+namespace {
+
 class FileReplacementTest : public testing::Test {
   protected:
     void SetUp() override {
@@ -27,7 +83,10 @@ class FileReplacementTest : public testing::Test {
         folder = name;
         path = (folder / "uit.pdf").string();
     }
-    void TearDown() override { fs::remove_all(folder); }
+    void TearDown() override {
+        lacks = {};
+        fs::remove_all(folder);
+    }
 
     static void Put(const fs::path& file, const std::string& bytes) {
         std::ofstream(file, std::ios::binary) << bytes;
@@ -149,6 +208,39 @@ TEST_F(FileReplacementTest, RefusesWhatIsNoFileAndWhatIsNotThere) {
     EXPECT_EQ(file.Begin((folder / "weg" / "uit.pdf").string(), ".merk-"), ENOENT);
     EXPECT_EQ(file.Write("x"), ENOENT);
     EXPECT_EQ(file.Commit(), ENOENT);
+}
+
+// As on a network's file systems and on those of a stick: each file has one name, from its beginning.
+TEST_F(FileReplacementTest, AFileSystemNeedKnowNoSecondNames) {
+    lacks.NamelessFiles = EOPNOTSUPP;
+    for (const int error : {0, EPERM, EOPNOTSUPP, ENOSYS}) {
+        lacks.SecondNames = error;
+        fs::remove(path);
+        EXPECT_EQ(Write("nieuw"), 0) << error;
+        EXPECT_EQ(Bytes(path), "nieuw") << error;
+        FileReplacement file;
+        ASSERT_EQ(file.Begin((folder / "ander.pdf").string()), 0);
+        Put(folder / "ander.pdf", "van een ander");
+        EXPECT_EQ(file.Commit(), EEXIST) << error;
+        EXPECT_EQ(Bytes(folder / "ander.pdf"), "van een ander");
+        fs::remove(folder / "ander.pdf");
+    }
+    lacks.SecondNames = EIO;
+    fs::remove(path);
+    EXPECT_EQ(Write("nieuw"), EIO);
+    EXPECT_EQ(Files(), 0);
+}
+
+TEST_F(FileReplacementTest, AFileSystemNeedKnowNoRights) {
+    Put(path, "oud");
+    for (const int error : {EPERM, EINVAL, EOPNOTSUPP, ENOSYS}) {
+        lacks.Rights = error;
+        EXPECT_EQ(Write("nieuw " + std::to_string(error)), 0) << error;
+        EXPECT_EQ(Bytes(path), "nieuw " + std::to_string(error));
+    }
+    lacks.Rights = EIO;
+    EXPECT_EQ(Write("nieuwer"), EIO);
+    EXPECT_EQ(Files(), 1);
 }
 
 } // namespace
