@@ -57,7 +57,20 @@ bool RegFile::EndsWhole(std::string_view bytes) {
         return false;
     }
     const std::optional<regfile::Entry> entry = regfile::ReadEntry(text, at);
-    return entry && entry->notation == regfile::Notation::Quoted;
+    if (!entry) {
+        return false;
+    }
+    constexpr std::size_t dwordDigits = 8;
+    const std::string_view data =
+        std::string_view(text).substr(entry->data.begin, entry->data.end - entry->data.begin);
+    switch (entry->notation) {
+    case regfile::Notation::Dword:
+        return data.substr(data.find(':') + 1).size() >= dwordDigits;
+    case regfile::Notation::Hex:
+        return false; // more bytes may come
+    default:
+        return true;
+    }
 }
 
 void RegFile::Read(std::string_view branch) {

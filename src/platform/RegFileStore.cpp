@@ -27,7 +27,8 @@ constexpr std::size_t MaximumFileSize = 512U << 20U; // bytes; a file beyond tha
 constexpr int WriteAttempts = 10;
 /// A failure of the machine may be gone the next time.
 constexpr int FailedWriteAttempts = 3;
-constexpr std::chrono::milliseconds WritePause{5};
+/// All attempts together take longer than a writer's breath.
+constexpr std::chrono::milliseconds WritePause{12};
 
 /// A program that replaces the file is done with it long before.
 constexpr std::chrono::milliseconds LockPatience{1000};
@@ -38,6 +39,8 @@ constexpr int LooksAtACutFile = 40;
 constexpr int LooksForALostFile = 4;
 constexpr int LooksAtAFailure = 2;
 constexpr std::chrono::milliseconds ReadPause{5};
+/// And for how long at most: to look at a large file takes time.
+constexpr std::chrono::seconds ReadPatience{1};
 
 /// A file that has lost lines is not believed before it has been left alone for a moment; one that ends in
 /// the midst of a line, and is all there is, after a while.
@@ -88,6 +91,8 @@ std::string ReasonOf(int error) {
         return "Het bestand is te groot.";
     case EINVAL:
         return "Dit is geen bestand.";
+    case EAGAIN:
+        return "Het bestand is leeg of afgebroken.";
     default:
         return std::strerror(error);
     }
@@ -139,7 +144,7 @@ void RegFileStore::ClearLeftovers() const {
     std::vector<std::string> names;
     if (const std::unique_ptr<DIR, int (*)(DIR*)> entries(opendir(folder.c_str()), closedir); entries) {
         while (const dirent* const entry = readdir(entries.get())) {
-            if (std::string_view(entry->d_name).starts_with(Mark)) {
+            if (entry->d_name == std::string_view(LockName) || IsNameOfReplacement(entry->d_name, Mark)) {
                 names.emplace_back(entry->d_name);
             }
         }
@@ -197,7 +202,7 @@ int RegFileStore::TakeIn() {
     }
     isKnown_ = !isCut;
     isCut_ = isCut;
-    if (isSettled) {
+    if (isSettled && !isCut) {
         stamp_ = state_;
     }
     return 0;
@@ -205,9 +210,10 @@ int RegFileStore::TakeIn() {
 
 /// Once more after a failure, as long as that is of use.
 int RegFileStore::ReadAgain(int error) {
-    for (int looks = 1; error != 0; ++looks) {
+    const auto end = Clock::now() + ReadPatience;
+    for (int looks = 1; error != 0 && Clock::now() < end; ++looks) {
         const bool isLost = IsAbsence(error) && isKnown_;
-        const bool isAllThereIs = error == EAGAIN && !isKnown_;
+        const bool isAllThereIs = error == EAGAIN && !isKnown_ && !isCut_;
         const int most = isLost ? LooksForALostFile : isAllThereIs ? LooksAtACutFile : LooksAtAFailure;
         if (looks >= most || isTold_ || (IsAbsence(error) && !isKnown_) || (error == EAGAIN && isKnown_)) {
             break;
@@ -218,7 +224,14 @@ int RegFileStore::ReadAgain(int error) {
     return error;
 }
 
-void RegFileStore::Refresh() {
+/// Has this state of the file lasted for so long that its writer is not coming back to it?
+bool RegFileStore::IsLeftAlone(const FileStamp& present) const {
+    const bool isOld = Age(present, std::chrono::system_clock::now()) > WritersPause ||
+                       Clock::now() - seenAt_ > WritersPause;
+    return isOld && StampOf(path_) == present;
+}
+
+void RegFileStore::Look() {
     const std::optional<FileStamp> present = StampOf(path_);
     if (stamp_ && stamp_ == present) {
         return;
@@ -233,22 +246,32 @@ void RegFileStore::Refresh() {
         isCut_ = true;
         error = TakeIn();
     }
+    failure_ = 0;
     if (error == 0) {
         isTold_ = false;
     } else if (IsAbsence(error)) {
         file_ = RegFile();
         isKnown_ = isCut_ = isTold_ = false;
     } else if (error != EAGAIN) {
-        Tell(error);
+        failure_ = error;
+    } else if (isKnown_ && present && IsLeftAlone(*present)) {
+        failure_ = error;
+        stamp_ = present; // to look again is of no use until it changes
     }
 }
 
-void RegFileStore::Tell(int error) {
-    if (isTold_ || !teller_) {
+void RegFileStore::Refresh() {
+    Look();
+    Tell();
+}
+
+/// May wait for the user, so nobody else may have to wait for this program meanwhile.
+void RegFileStore::Tell() {
+    if (failure_ == 0 || isTold_ || !teller_) {
         return;
     }
     isTold_ = true; // first: while it is on show the settings may be asked for
-    teller_("De instellingen van Tarvik kunnen niet worden gelezen.\n" + path_ + '\n' + ReasonOf(error) +
+    teller_("De instellingen van Tarvik kunnen niet worden gelezen.\n" + path_ + '\n' + ReasonOf(failure_) +
             (isKnown_ ? "\nWat eerder is gelezen, blijft gelden." : ""));
 }
 
@@ -292,19 +315,24 @@ std::int32_t RegFileStore::RegSetValueExA(RegistryKey key, const std::string& na
         return RegInvalidHandle;
     }
     const RegValue value{type, IsTextType(type) ? text::FromCodePage(bytes) : std::string(bytes)};
+    const std::int32_t result = Store(*path, text::FromCodePage(UpToNul(name)), value);
+    Tell();
+    return result;
+}
+
+std::int32_t RegFileStore::Store(const std::string& path, const std::string& name, const RegValue& value) {
     const FileLock lock(FolderOf(path_) + LockName, LockPatience);
     if (lock.IsHeldByAnother()) {
         return ErrorLockViolation;
     }
     int error = EAGAIN;
     for (int attempt = 1; error != 0; ++attempt) {
-        Refresh();
-        if (!isCut_ && !file_.HasKey(*path)) {
+        Look();
+        if (!isCut_ && !file_.HasKey(path)) {
             return RegFileNotFound;
         }
         if (!isCut_) {
-            const std::optional<std::string> changed =
-                file_.WithValue(*path, text::FromCodePage(UpToNul(name)), value);
+            const std::optional<std::string> changed = file_.WithValue(path, name, value);
             if (!changed) {
                 return ErrorInvalidParameter;
             }

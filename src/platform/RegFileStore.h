@@ -45,10 +45,13 @@ class RegFileStore : public Registry {
     using Clock = std::chrono::steady_clock;
 
     void Refresh();
+    void Look();
     int ReadAgain(int error);
     int TakeIn();
     bool IsBeingWritten(const FileContent& content) const;
-    void Tell(int error);
+    bool IsLeftAlone(const FileStamp& present) const;
+    void Tell();
+    std::int32_t Store(const std::string& path, const std::string& name, const RegValue& value);
     void ClearLeftovers() const;
 
     std::string path_;
@@ -57,7 +60,8 @@ class RegFileStore : public Registry {
     RegFile file_;
     bool isKnown_ = false;           // has `file_` been read from a whole file?
     bool isCut_ = false;             // or from one that was waited for in vain?
-    bool isTold_ = false;            // that it cannot be read
+    int failure_ = 0;                // errno of what cannot be read; 0 if nothing is to be told
+    bool isTold_ = false;            // it has been
     FileStamp state_;                // of what `file_` was read from
     std::optional<FileStamp> stamp_; // of the state that was read; nothing if the next call has to read again
     std::optional<FileStamp> seen_;  // the last state of the file, and since when it is known

@@ -23,6 +23,9 @@ namespace fs = std::filesystem;
 using testing::ElementsAre;
 using testing::IsEmpty;
 
+/// A name that the program gives to bytes on their way into the file's place.
+constexpr const char* Leftover = ".settings-abcdefghij0123450123";
+
 std::string File(const std::string& lines) {
     return "REGEDIT4\r\n\r\n[HKEY_CURRENT_USER\\" + SettingsPath + "]\r\n" + lines;
 }
@@ -71,8 +74,8 @@ TEST_F(RegFileStoreOthersTest, WhatWasReadHoldsWhileTheFileIsCutOff) {
 }
 
 TEST_F(RegFileStoreOthersTest, AFileThatIsShorterAndWholeIsRead) {
-    for (const std::string end :
-         {"\"a\"=\"2\"\r\n", "\"a\"=\"2\"", "\"a\"=\"2\" ; kort", "\"a\"=\"2\"\n[x]"}) {
+    for (const std::string end : {"\"a\"=\"2\"\r\n", "\"a\"=\"2\"", "\"a\"=\"2\" ; kort", "\"a\"=\"2\"\n[x]",
+                                  "\"a\"=\"2\"\n\"c\"=dword:00000001", "\"a\"=\"2\"\n\"c\"=-"}) {
         Put(File("\"a\"=\"1\"\r\n\"b\"=\"langer dan de andere\"\r\n"));
         RegFileStore store(file);
         EXPECT_EQ(Read(store, "a"), "1");
@@ -164,23 +167,31 @@ TEST_F(RegFileStoreOthersTest, ALockThatIsNotLetGoRefusesTheWrite) {
 
 TEST_F(RegFileStoreOthersTest, WhatAKilledProgramLeftIsClearedAtTheNextStart) {
     Put(File("\"a\"=\"1\"\r\n"));
-    PutInto(folder / ".settings-abc123", "half");
+    PutInto(folder / Leftover, "half");
     PutInto(folder / ".settings-lock", "");
-    PutInto(folder / "settings-van-mij", "x");
-    RegFileStore store(file);
-    EXPECT_FALSE(fs::exists(folder / ".settings-abc123"));
-    EXPECT_TRUE(fs::exists(folder / "settings-van-mij"));
-    EXPECT_EQ(Read(store, "a"), "1");
-    EXPECT_EQ(FilesInFolder(), 2U);
+    const RegFileStore store(file);
+    EXPECT_EQ(FilesInFolder(), 1U);
+}
+
+TEST_F(RegFileStoreOthersTest, WhatTheUserHasBesideTheSettingsStays) {
+    Put(File("\"a\"=\"1\"\r\n"));
+    const std::string someones = Leftover;
+    for (const std::string& name :
+         {std::string("settings-van-mij"), std::string(".settings-backup"), std::string(".settings-2026.reg"),
+          std::string(".settings-lock-oud"), someones + "a", someones.substr(0, someones.size() - 1) + "9"}) {
+        PutInto(folder / name, "x");
+        const RegFileStore store(file);
+        EXPECT_TRUE(fs::exists(folder / name)) << name;
+    }
 }
 
 TEST_F(RegFileStoreOthersTest, WhatAProgramAtWorkNeedsIsLeft) {
     Put(File("\"a\"=\"1\"\r\n"));
-    PutInto(folder / ".settings-abc123", "half");
+    PutInto(folder / Leftover, "half");
     const int lock = open((folder / ".settings-lock").c_str(), O_CREAT | O_RDWR | O_CLOEXEC, 0600);
     ASSERT_EQ(flock(lock, LOCK_EX), 0);
     const RegFileStore store(file);
-    EXPECT_TRUE(fs::exists(folder / ".settings-abc123"));
+    EXPECT_TRUE(fs::exists(folder / Leftover));
     close(lock);
 }
 
@@ -220,6 +231,77 @@ TEST_F(RegFileStoreOthersTest, AFileThatCannotBeReadIsToldOnceAndWhatWasReadHold
     EXPECT_THAT(
         told, ElementsAre(first, "De instellingen van Tarvik kunnen niet worden gelezen.\n" + file.string() +
                                      "\nHet bestand is te groot.\nWat eerder is gelezen, blijft gelden."));
+}
+
+TEST_F(RegFileStoreOthersTest, AFileThatNobodyCompletesIsToldAndWhatWasReadHolds) {
+    std::vector<std::string> told;
+    const std::string message = "De instellingen van Tarvik kunnen niet worden gelezen.\n" + file.string() +
+                                "\nHet bestand is leeg of afgebroken.\nWat eerder is gelezen, blijft gelden.";
+    Put(File("\"a\"=\"1\"\r\n\"b\"=\"2\"\r\n"));
+    RegFileStore store(file, {}, [&told](const std::string& text) { told.push_back(text); });
+    EXPECT_EQ(Read(store, "a"), "1");
+    for (const std::string& part : {std::string(), File("\"a\"=\"3\"\r\n\"b\"=\"")}) {
+        told.clear();
+        WriteInPlace(part);
+        EXPECT_EQ(Read(store, "a"), "1");
+        EXPECT_THAT(told, IsEmpty()) << "more may come";
+        SetTime(std::chrono::system_clock::now() - 5s);
+        EXPECT_EQ(Read(store, "a"), "1");
+        EXPECT_EQ(Read(store, "b"), "2");
+        EXPECT_THAT(told, ElementsAre(message));
+        WriteInPlace(File("\"a\"=\"5\"\r\n\"b\"=\"6\"\r\n"));
+        EXPECT_EQ(Read(store, "a"), "5");
+        WriteInPlace(File("\"a\"=\"1\"\r\n\"b\"=\"2\"\r\n"));
+        EXPECT_EQ(Read(store, "a"), "1");
+    }
+}
+
+// Its bytes completed and its stamp put back, a change that nobody could see: what answers has not been read
+// again.
+TEST_F(RegFileStoreOthersTest, AFileThatNobodyCompletesIsNotReadAtEachQuestion) {
+    const auto past = std::chrono::system_clock::now() - 5s;
+    const std::string whole = File("\"a\"=\"2\"\r\n");
+    Put(File("\"a\"=\"1\"\r\n\"b\"=\"2\"\r\n"));
+    RegFileStore store(file);
+    EXPECT_EQ(Read(store, "a"), "1");
+    WriteInPlace(whole.substr(0, whole.size() - 3) + "  x");
+    SetTime(past);
+    EXPECT_EQ(Read(store, "a"), "1");
+    WriteInPlace(whole);
+    SetTime(past);
+    EXPECT_EQ(Read(store, "a"), "1");
+    SetTime(past + 1s);
+    EXPECT_EQ(Read(store, "a"), "2");
+}
+
+// What is told waits for the user, and other programs must not.
+TEST_F(RegFileStoreOthersTest, NothingIsLockedWhileAFailureIsTold) {
+    bool isTold = false;
+    Put(File("\"a\"=\"1\"\r\n"));
+    RegFileStore store(file, {}, [&](const std::string&) {
+        isTold = true;
+        EXPECT_FALSE(fs::exists(folder / ".settings-lock"));
+    });
+    RegistryKey key = 0;
+    ASSERT_EQ(store.RegOpenKeyA(HkeyCurrentUser, SettingsPath, key), RegSuccess);
+    fs::remove(file);
+    fs::create_directory(file);
+    EXPECT_NE(store.RegSetValueExA(key, "a", RegSz, std::string_view("2\0", 2)), RegSuccess);
+    EXPECT_TRUE(isTold);
+}
+
+TEST_F(RegFileStoreOthersTest, WhatWasWaitedForInVainCanBeWrittenOnceItIsBelieved) {
+    Put(File("\"a\"=\"1\"\r\n\"b\"=\"2"));
+    const auto time = std::chrono::system_clock::now() - 1700ms; // it is believed at two seconds
+    const auto seconds = std::chrono::floor<std::chrono::seconds>(time);
+    const timespec stamp{std::chrono::system_clock::to_time_t(seconds),
+                         std::chrono::nanoseconds(time - seconds).count()};
+    const timespec times[2] = {stamp, stamp};
+    ASSERT_EQ(utimensat(AT_FDCWD, file.c_str(), times, 0), 0);
+    RegFileStore store(file);
+    EXPECT_EQ(Read(store, "a"), "1");
+    std::this_thread::sleep_until(time + 2010ms);
+    EXPECT_TRUE(Write(store, "a", "3"));
 }
 
 } // namespace
