@@ -114,17 +114,21 @@ const Item* WithId(const std::vector<Item>& items, std::int16_t id) {
 
 FoundQueues FindCupsQueues(const std::shared_ptr<CupsServer>& server) {
     FoundQueues found;
-    CupsConnection connection = server->Connect();
-    if (connection == nullptr) {
-        return found;
+    IppMessage answer;
+    // Once more where the connection fails, unless that took all patience: for want of a list the program
+    // would take the PDF printer for the user's, now and at the next start.
+    constexpr int Tries = 2;
+    for (int tries = 0; !found.Answered && tries < Tries; ++tries) {
+        const CupsConnection connection = server->Connect();
+        if (connection != nullptr) {
+            answer = Ask(connection.get(), RequestFor(IPP_OP_CUPS_GET_PRINTERS, ""));
+            // A server without queues says that it finds none.
+            found.Answered = answer != nullptr || cupsLastError() == IPP_STATUS_ERROR_NOT_FOUND;
+        }
     }
-    const IppMessage answer = Ask(connection.get(), RequestFor(IPP_OP_CUPS_GET_PRINTERS, ""));
-    // A server without queues says that it finds none.
-    found.Answered = answer != nullptr || cupsLastError() == IPP_STATUS_ERROR_NOT_FOUND;
     if (answer == nullptr) {
         return found;
     }
-    connection.reset();
     const std::string preferred = PreferredQueue(server->Defaults());
     int serversDefault = -1;
     ipp_attribute_t* at = NextQueue(answer.get(), ippFirstAttribute(answer.get()));

@@ -4,6 +4,7 @@
 #include "qt/queues/DrawAgain.h"
 #include "qt/queues/QueuesFixture.h"
 
+#include <cups/cups.h>
 #include <gmock/gmock.h>
 
 namespace {
@@ -16,7 +17,31 @@ using testing::StartsWith;
 
 constexpr const char* Refused = "De printer Kantoor heeft het document niet aangenomen.\n";
 
+/// So many are still refused.
+int refusedConnections = 0;
+
 class ServerTest : public QueuesTest {};
+
+} // namespace
+
+// NOLINTBEGIN(bugprone-reserved-identifier,cert-dcl37-c,cert-dcl51-cpp): the linker's names (--wrap)
+extern "C" {
+
+http_t* __real_httpConnect2(const char* host, int port, http_addrlist_t* addresses, int family,
+                            http_encryption_t encryption, int blocking, int milliseconds, int* cancel);
+http_t* __wrap_httpConnect2(const char* host, int port, http_addrlist_t* addresses, int family,
+                            http_encryption_t encryption, int blocking, int milliseconds, int* cancel) {
+    if (refusedConnections > 0) {
+        --refusedConnections;
+        return nullptr;
+    }
+    return __real_httpConnect2(host, port, addresses, family, encryption, blocking, milliseconds, cancel);
+}
+
+} // extern "C"
+// NOLINTEND(bugprone-reserved-identifier,cert-dcl37-c,cert-dcl51-cpp)
+
+namespace {
 
 TEST_F(ServerTest, DownAtTheStartLeavesThePdfPrinterUntilItIsUp) {
     Server.Stop();
@@ -33,6 +58,18 @@ TEST_F(ServerTest, DownAtTheStartLeavesThePdfPrinterUntilItIsUp) {
         Program->CloseManager();
     });
     ExpectUsable(1);
+    EXPECT_THAT(Messages(), IsEmpty());
+}
+
+// Else the document's printer would be forgotten for this start and, once the manager closes, for the next.
+TEST_F(ServerTest, OneQuestionThatIsLostAtTheStartCostsNoPrinter) {
+    refusedConnections = 1;
+    StartProgram();
+    EXPECT_EQ(refusedConnections, 0);
+    Program->OpenManager([&] {
+        EXPECT_EQ(Program->Manager().cboPrinterSelect(0).Text(), "Kantoor");
+        Program->CloseManager();
+    });
     EXPECT_THAT(Messages(), IsEmpty());
 }
 
