@@ -1,69 +1,40 @@
 #include "platform/qt/UserDefaults.h"
 
+#include "platform/PosixFile.h"
 #include "platform/qt/OptionLine.h"
 
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
 
-#include <array>
 #include <cerrno>
+#include <cstddef>
 #include <optional>
-
-#include <fcntl.h>
-#include <sys/stat.h>
-#include <unistd.h>
+#include <string>
 
 namespace platform::qt {
 
 namespace {
 
 /// Bytes. A file of thousands of queues has a part of this.
-constexpr qsizetype Longest = 16 << 20;
+constexpr std::size_t Longest = 16U << 20U;
 
-class Descriptor {
-  public:
-    explicit Descriptor(int number) : number_(number) {}
-    ~Descriptor() {
-        if (number_ >= 0) {
-            close(number_);
-        }
-    }
-    Descriptor(const Descriptor&) = delete;
-    Descriptor& operator=(const Descriptor&) = delete;
-
-    int Number() const { return number_; }
-
-  private:
-    int number_;
-};
+/// Another program may be writing the file.
+constexpr int Tries = 3;
 
 /// An empty text if there is no such file; nothing if there is one and it cannot be read, whatever else than
 /// a file it may be. Never waits for another process.
 std::optional<QByteArray> ReadFile(const QString& name) {
-    const QByteArray path = QFile::encodeName(name);
-    const Descriptor file(open(path.constData(), O_RDONLY | O_NONBLOCK | O_NOCTTY | O_CLOEXEC));
-    if (file.Number() < 0) {
-        return errno == ENOENT ? std::optional(QByteArray()) : std::nullopt;
+    const std::string path = QFile::encodeName(name).toStdString();
+    FileContent content;
+    int error = EAGAIN;
+    for (int tries = 0; error == EAGAIN && tries < Tries; ++tries) {
+        error = ReadWholeFile(path, Longest, content);
     }
-    struct stat status {};
-    if (fstat(file.Number(), &status) != 0 || !S_ISREG(status.st_mode)) {
-        return std::nullopt;
+    if (error == ENOENT) {
+        return QByteArray();
     }
-    QByteArray text;
-    std::array<char, 8192> piece;
-    while (text.size() <= Longest) {
-        const ssize_t count = read(file.Number(), piece.data(), piece.size());
-        if (count == 0) {
-            return text;
-        }
-        if (count > 0) {
-            text.append(piece.data(), count);
-        } else if (errno != EINTR) {
-            return std::nullopt;
-        }
-    }
-    return std::nullopt;
+    return error == 0 ? std::optional(QByteArray::fromStdString(content.bytes)) : std::nullopt;
 }
 
 CupsOptions OptionsIn(const QString& file, const std::string& queue) {
