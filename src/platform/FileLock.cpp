@@ -51,7 +51,11 @@ int FileLock::Try() {
         return errno;
     }
     if (Uninterrupted([&] { return flock(descriptor.Number(), LOCK_EX | LOCK_NB); }) != 0) {
-        return errno;
+        const int error = errno;
+        if (error == EOPNOTSUPP || error == ENOSYS || error == ENOLCK) {
+            unlink(lockFile_.c_str()); // a place without locks: nobody holds it
+        }
+        return error;
     }
     if (!HasName(descriptor.Number(), lockFile_)) {
         return EWOULDBLOCK; // it has changed hands meanwhile
