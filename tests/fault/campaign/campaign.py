@@ -25,6 +25,7 @@ from print_server import PrintServer, end_with_parent
 NOT_FOUND = 77  # exit status of a test that cannot be made here
 WORKERS = os.cpu_count() or 1
 TRIES = 3  # of a run that did not come to the call
+ENOUGH = 0.9  # of the calls that are to fail: a run is not quite like another
 KILLS, SCREENS, PAIRS, VALUES = 200, 10, 40, 15
 DISKS = (*range(4, 100, 4), *range(100, 340, 10))  # kilobytes
 
@@ -33,7 +34,7 @@ class Campaign:
     def __init__(self, options, place):
         self.options, self.place = options, pathlib.Path(place)
         self.local, self.lock, self.random = threading.local(), threading.Lock(), random.Random(20261122)
-        self.servers, self.skipped, self.done = [], [], {}
+        self.servers, self.skipped, self.done, self.short = [], [], {}, []
         self.pool = concurrent.futures.ThreadPoolExecutor(WORKERS)
         self.pool.submit(self.look).result()
 
@@ -66,6 +67,8 @@ class Campaign:
             jobs = self.random.sample(jobs, min(self.options.sample, len(jobs)))
         done = sum(self.pool.map(work, jobs))
         self.done[part] = done
+        if done < ENOUGH * len(jobs):
+            self.short.append(part)
         print(f"{part}: {done} of {len(jobs)}", flush=True)
 
     def note(self, call, *arguments):
@@ -81,11 +84,11 @@ class Campaign:
             machine = self.machine()
             trace = machine.place / "trace"
             run = machine.run(faults.failing(point, error, trace), trace)
-            hit = faults.injected(run.log)
-            if not hit and run.status != 0:
+            failed = faults.injected(run.log, machine.place)
+            if not failed and run.status != 0:
                 continue  # the player has missed its moment
-            self.note(self.judge.judge, machine, run, f"{error} of {hit or point}")
-            if hit:
+            self.note(self.judge.judge, machine, run, f"{error} of {failed[0][2] if failed else point}")
+            if any(hit[:2] == (point.call, point.what) for hit in failed):
                 return 1
         return 0
 
@@ -178,7 +181,9 @@ class Campaign:
         print(", ".join(f"{count} {part}" for part, count in self.done.items()) + f"; skipped: "
               f"{', '.join(self.skipped) or 'nothing'}")
         print(", ".join(f"{self.judge.counts[kind]} {kind}" for kind in KINDS))
-        return 1 if any(self.judge.counts[kind] for kind in KINDS) else 0
+        if self.short:
+            print(f"too few: {', '.join(self.short)}")
+        return 1 if self.short or any(self.judge.counts[kind] for kind in KINDS) else 0
 
 
 def main():

@@ -7,6 +7,7 @@ CALLS = ("open", "openat", "read", "pread64", "write", "pwrite64", "rename", "re
          "fsync", "close", "stat", "newfstatat", "fstat", "lstat", "statx", "access", "readlink", "mkdir", "unlink",
          "flock", "fchmod", "fchown", "lseek", "connect", "sendto", "recvfrom")
 MOST = 4  # of the same call with the same file: the first ones and the last
+MOST_ASKED = 16  # of the same call to the server, spread over the run: some are questions, some carry the document
 
 LINE = re.compile(r"^(\d+) +(\w+)\((.*)$")
 
@@ -24,12 +25,23 @@ def failing(point, error, trace):
             "signal=none", "-e", f"inject={point.call}:error={error}:when={point.number}", "-o", str(trace)]
 
 
-def injected(log):
-    """The call that failed; an empty text if none did."""
-    for line in log.splitlines():
-        if line.endswith("(INJECTED)"):
-            return line.partition(" ")[2][:160]
-    return ""
+def object_of(call, rest, place):
+    """What this call concerns: a file in `place`, with stand-ins for chance names, or the server; else nothing."""
+    if call in ("connect", "sendto", "recvfrom"):
+        return "" if "nscd" in rest else "the server"
+    path = re.search(rf"{re.escape(str(place))}/?([^\"> ,]*)", rest)
+    if not path:
+        return ""
+    what = re.sub(r"#\d+.*|\.settings-\w+|\.drukkeuring-\w+|QtProject\.conf\S*", "…", path[1])
+    is_toolkits = what.startswith(("home/.config/QtProject", "home/.config/…")) and "tarvik" not in what
+    return "" if is_toolkits else what or "."
+
+
+def injected(log, place):
+    """The calls that failed: each with what it concerned."""
+    lines = [LINE.match(line) for line in log.splitlines() if line.endswith("(INJECTED)")]
+    return [(found[2], object_of(found[2], found[3], place), found[0].partition(" ")[2][:160])
+            for found in lines if found]
 
 
 def points(log, place):
@@ -45,18 +57,14 @@ def points(log, place):
         if process != program:
             continue
         counts[call] += 1
-        path = re.search(rf"{re.escape(str(place))}/?([^\"> ,]*)", rest)
-        if call in ("connect", "sendto", "recvfrom"):
-            what = "the server"
-        elif path:
-            what = re.sub(r"#\d+.*|\.settings-\w+|\.drukkeuring-\w+|QtProject\.conf\S*", "…", path[1])
-        else:
-            continue
-        if what.startswith(("home/.config/QtProject", "home/.config/…")) and "tarvik" not in what:
-            continue
-        groups[call, what].append(Point(call, counts[call], what))
+        what = object_of(call, rest, place)
+        if what:
+            groups[call, what].append(Point(call, counts[call], what))
     chosen = []
-    for same in groups.values():
-        keep = same if len(same) <= MOST else same[:MOST - 1] + same[-1:]
-        chosen.extend(keep)
+    for (_, what), same in groups.items():
+        if what == "the server":
+            step = max(1, len(same) / MOST_ASKED)
+            chosen.extend(same[int(i * step)] for i in range(min(MOST_ASKED, len(same))))
+        else:
+            chosen.extend(same if len(same) <= MOST else same[:MOST - 1] + same[-1:])
     return chosen
