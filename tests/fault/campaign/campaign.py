@@ -88,7 +88,7 @@ class Campaign:
             if not failed and run.status != 0:
                 continue  # the player has missed its moment
             self.note(self.judge.judge, machine, run, f"{error} of {failed[0][2] if failed else point}")
-            if any(hit[:2] == (point.call, point.what) for hit in failed):
+            if any(call == point.call and what for call, what, _ in failed):
                 return 1
         return 0
 

@@ -41,8 +41,13 @@ class Judge:
             self.note("crashed", run.status, name)
             return
         self.words(run, name)
-        if not run.messages and not run.missing and machine.lines_of_settings() != self.before:
-            self.note("forgotten", f"the printer, in {machine.lines_of_settings()[1]}", name)
+        now = machine.lines_of_settings()
+        if not run.messages and not run.missing and now is not None:
+            stored = [[line for line in lines if not (run.unreachable and line.startswith('"CurrentPrinter"'))]
+                      for lines in (now[1], self.before[1])]
+            # A printer that the manager has shown as out of reach is not the one that it has seen first.
+            if stored[0] != stored[1]:
+                self.note("forgotten", f"the printer, in {now[1]}", name)
         if run.job is not None:
             if plain(run.job.document) != self.job:
                 self.note("cut", "the document of the queue", name)

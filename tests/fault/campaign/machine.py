@@ -28,7 +28,7 @@ REFUSED = ("niet afgedrukt", "niet aangenomen", "kon niet worden klaargezet", "k
 NO_PRINTER = ("kon niet worden gevonden", "Fout tijdens de initialisatie")
 NO_FILE = "kon niet worden geschreven"
 
-Run = collections.namedtuple("Run", "status messages missing job pdf log")
+Run = collections.namedtuple("Run", "status messages missing unreachable job pdf log")
 
 
 def plain(pdf):
@@ -84,7 +84,7 @@ class Machine:
         except subprocess.TimeoutExpired:
             process.kill()
             told, _ = process.communicate()
-            return Run("hangs", [], [], None, None, "")
+            return Run("hangs", [], [], [], None, None, "")
         return self.outcome(process.returncode, told, trace)
 
     def outcome(self, status, told, trace=None):
@@ -92,10 +92,11 @@ class Machine:
         messages = [text for kind, _, text in lines if kind == "message"]
         stuck = [text for kind, _, text in lines if kind == "stuck"]
         missing = [text for kind, _, text in lines if kind == "missing"]
+        unreachable = [text for kind, _, text in lines if kind == "unreachable"]
         expected = not any(word in text for text in messages for word in REFUSED + NO_PRINTER)
         job = self.take_job(expected and not stuck and status == 0 and TRAY not in missing and "Kantoor" not in missing)
         pdf = (self.out / "uit.pdf").read_bytes() if (self.out / "uit.pdf").exists() else None
-        return Run(f"stuck at {stuck[0]}" if stuck else status, messages, missing, job, pdf,
+        return Run(f"stuck at {stuck[0]}" if stuck else status, messages, missing, unreachable, job, pdf,
                    trace.read_text("utf-8", "replace") if trace and trace.exists() else "")
 
     def take_job(self, expected):

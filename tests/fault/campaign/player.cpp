@@ -111,6 +111,11 @@ class User : public QObject {
 
     void Print(const QString& printer, const QString& tray) {
         Click(Wizard, "cmdPrinten");
+        Step("the next printer", [this, printer] {
+            printer_ = printer;
+            opened_ = {};
+            return true;
+        });
         Pick("cboPrinterSelect(0)", printer);
         // Again where it did not open: the printer may not have answered.
         Step("cmdDetails", [this] {
@@ -120,6 +125,9 @@ class User : public QObject {
             auto* details = Reachable<QAbstractButton>(Manager, "cmdDetails");
             if (details != nullptr && !isOpening_ &&
                 Clock::now() - opened_ > std::chrono::milliseconds(300)) {
+                if (opened_ != Clock::time_point()) {
+                    Say("unreachable", printer_);
+                }
                 isOpening_ = true;
                 details->click();
                 isOpening_ = false;
@@ -193,8 +201,9 @@ class User : public QObject {
 
     std::deque<Waiting> steps_;
     Clock::time_point since_ = Clock::now();
-    bool isOpening_ = false; // the command yields, and the steps go on inside it
-    Clock::time_point opened_;
+    bool isOpening_ = false;   // the command yields, and the steps go on inside it
+    Clock::time_point opened_; // tried last for this printer
+    QString printer_;
 };
 
 void Play() {
