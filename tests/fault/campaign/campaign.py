@@ -25,7 +25,7 @@ from print_server import PrintServer, end_with_parent
 NOT_FOUND = 77  # exit status of a test that cannot be made here
 WORKERS = os.cpu_count() or 1
 TRIES = 3  # of a run that did not come to the call
-ENOUGH = 0.9  # of the calls that are to fail: a run is not quite like another
+ENOUGH = 0.7  # of the calls that are to fail: which call has which number differs from run to run
 KILLS, SCREENS, PAIRS, VALUES = 200, 10, 40, 15
 DISKS = (*range(4, 100, 4), *range(100, 340, 10))  # kilobytes
 
