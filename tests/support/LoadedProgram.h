@@ -20,7 +20,6 @@ class LoadedProgram {
         Set("GMUContractVorm", "32");
         Set("GMUVerkeer", "1");
         Set("IncassantAfdrukken", "1");
-        Set("IncassantBegunstigde", creditor);
         Set("IncassantAdres", "Dorpsstraat 12");
         Set("IncassantPostCode", "1234AB");
         Set("IncassantWoonplaats", "Proefdorp");
@@ -36,6 +35,7 @@ class LoadedProgram {
         Form.Verder.UserClick();
         Form.optTestpartij(0).UserClick();
         Form.Verder.UserClick();
+        State.IncassantBegunstigde = creditor; // may be longer than its box
     }
     LoadedProgram(const LoadedProgram&) = delete;
     LoadedProgram& operator=(const LoadedProgram&) = delete;
@@ -55,6 +55,7 @@ class LoadedProgram {
             manager.cmdPrint.UserClick();
             return true;
         };
+        Form.UserText(0).SetMaxLength(0); // the box takes four digits, the print command up to 30,000 forms
         Form.UserText(0).SetText(std::to_string(forms));
         Form.cmdPrinten.UserClick();
     }
