@@ -19,6 +19,6 @@ for unit in "${units[@]}"; do
 done
 (cd "$build" && ctest -j "$(nproc)" -R '^scenario[.]' --output-on-failure | tail -n 4)
 
-gcovr --root "$PWD" --object-directory "$build" --filter "$PWD/src/" --exclude "$PWD/src/platform/(qt|windows|memory)/" \
+gcovr --root "$PWD" --object-directory "$build" --filter "$PWD/src/" --exclude "$PWD/src/desktop/(qt|cups|windows)/" \
   --exclude-throw-branches --exclude-unreachable-branches --json "$build/coverage.json" "$build"
 exec python3 tools/coverage_report.py "$build/coverage.json"

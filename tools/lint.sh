@@ -9,7 +9,7 @@ git ls-files '*.h' '*.cpp' | xargs clang-format --dry-run --Werror
 if [ $# -gt 0 ]; then
   files=("$@")
 else
-  mapfile -t files < <(git ls-files 'src/**/*.cpp' 'tools/**/*.cpp' | grep -v -e '^src/platform/windows/' -e main_windows)
+  mapfile -t files < <(git ls-files 'src/**/*.cpp' 'tests/stories/**/*.cpp' 'tools/**/*.cpp' | grep -v -e '^src/desktop/windows/' -e main_windows)
 fi
 # A folder of its own: clang-tidy cannot read the compiler's precompiled headers.
 cmake --preset lint >/dev/null

@@ -5,12 +5,12 @@
 #include <span>
 #include <string>
 
-#include "composition/ContractTexts.h"
+#include "state/ContractTexts.h"
 #include "composition/ListSteps.h"
 #include "composition/SurfaceRules.h"
-#include "platform/Numbers.h"
-#include "platform/Text.h"
-#include "wizard/AppState.h"
+#include "base/Numbers.h"
+#include "base/Text.h"
+#include "state/AppState.h"
 
 namespace composition {
 

@@ -5,10 +5,10 @@
 #include "composition/OpenPrinter.h"
 #include "composition/PrintSurface.h"
 #include "composition/TestFormRun.h"
-#include "platform/Numbers.h"
-#include "platform/Platform.h"
-#include "platform/Resume.h"
-#include "wizard/AppState.h"
+#include "base/Numbers.h"
+#include "machine/Platform.h"
+#include "base/Resume.h"
+#include "state/AppState.h"
 
 namespace composition {
 

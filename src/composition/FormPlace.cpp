@@ -1,6 +1,6 @@
 #include "composition/FormPlace.h"
 
-#include "composition/ContractTexts.h"
+#include "state/ContractTexts.h"
 #include "composition/SurfaceRules.h"
 
 namespace composition {

@@ -5,8 +5,8 @@
 #include <cstdint>
 #include <string>
 
-#include "platform/RuntimeError.h"
-#include "wizard/AppState.h"
+#include "base/RuntimeError.h"
+#include "state/AppState.h"
 
 namespace platform {
 class Locale;

@@ -6,8 +6,8 @@
 #include "composition/PrintSurface.h"
 #include "composition/PrinterMeasures.h"
 #include "composition/SurfaceRules.h"
-#include "platform/Numbers.h"
-#include "wizard/AppState.h"
+#include "base/Numbers.h"
+#include "state/AppState.h"
 
 namespace composition {
 

@@ -1,7 +1,7 @@
 #include "composition/KortTekst.h"
 
 #include "composition/PrintSurface.h"
-#include "platform/Text.h"
+#include "base/Text.h"
 
 namespace composition {
 

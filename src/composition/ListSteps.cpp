@@ -1,7 +1,7 @@
 #include "composition/ListSteps.h"
 
 #include "composition/SurfaceRules.h"
-#include "wizard/AppState.h"
+#include "state/AppState.h"
 
 namespace composition {
 

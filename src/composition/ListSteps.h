@@ -3,7 +3,7 @@
 #include <string_view>
 
 #include "composition/PrintSurface.h"
-#include "platform/Resume.h"
+#include "base/Resume.h"
 
 namespace wizard {
 struct AppState;

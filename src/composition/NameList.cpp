@@ -9,7 +9,7 @@
 #include "payment/CheckDigits.h"
 #include "testdata/Person.h"
 #include "testdata/Tables.h"
-#include "wizard/AppState.h"
+#include "state/AppState.h"
 
 namespace composition {
 

@@ -3,11 +3,11 @@
 #include <string>
 
 #include "composition/PrintSurface.h"
-#include "platform/Desktop.h"
-#include "platform/Numbers.h"
-#include "platform/Platform.h"
-#include "platform/Printer.h"
-#include "wizard/AppState.h"
+#include "forms/Desktop.h"
+#include "base/Numbers.h"
+#include "machine/Platform.h"
+#include "machine/Printer.h"
+#include "state/AppState.h"
 
 namespace composition {
 

@@ -4,10 +4,10 @@
 #include <string>
 
 #include "composition/FormRows.h"
-#include "platform/Numbers.h"
-#include "platform/Platform.h"
-#include "platform/modRegistry.h"
-#include "wizard/AppState.h"
+#include "base/Numbers.h"
+#include "machine/Platform.h"
+#include "machine/modRegistry.h"
+#include "state/AppState.h"
 
 namespace composition {
 

@@ -3,11 +3,11 @@
 #include <array>
 #include <string>
 
-#include "composition/ContractTexts.h"
+#include "state/ContractTexts.h"
 #include "composition/FormRows.h"
 #include "payment/TextRoutines.h"
-#include "platform/Platform.h"
-#include "wizard/AppState.h"
+#include "machine/Platform.h"
+#include "state/AppState.h"
 
 namespace composition {
 

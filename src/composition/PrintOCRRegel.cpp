@@ -3,14 +3,14 @@
 #include <array>
 #include <string>
 
-#include "composition/ContractTexts.h"
+#include "state/ContractTexts.h"
 #include "composition/FormRows.h"
 #include "composition/PrintSurface.h"
 #include "composition/SurfaceRules.h"
-#include "platform/Numbers.h"
-#include "platform/Platform.h"
-#include "platform/Text.h"
-#include "wizard/AppState.h"
+#include "base/Numbers.h"
+#include "machine/Platform.h"
+#include "base/Text.h"
+#include "state/AppState.h"
 
 namespace composition {
 

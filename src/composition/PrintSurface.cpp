@@ -1,7 +1,7 @@
 #include "composition/PrintSurface.h"
 
-#include "platform/RuntimeError.h"
-#include "wizard/AppState.h"
+#include "base/RuntimeError.h"
+#include "state/AppState.h"
 
 namespace composition {
 

@@ -4,8 +4,8 @@
 #include <string>
 #include <string_view>
 
-#include "platform/Canvas.h"
-#include "platform/Printer.h"
+#include "machine/Canvas.h"
+#include "machine/Printer.h"
 
 namespace wizard {
 struct AppState;

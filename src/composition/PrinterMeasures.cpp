@@ -1,10 +1,10 @@
 #include "composition/PrinterMeasures.h"
 
-#include "platform/Numbers.h"
-#include "platform/Platform.h"
-#include "platform/Printer.h"
-#include "platform/Resume.h"
-#include "wizard/AppState.h"
+#include "base/Numbers.h"
+#include "machine/Platform.h"
+#include "machine/Printer.h"
+#include "base/Resume.h"
+#include "state/AppState.h"
 
 namespace composition {
 

@@ -5,11 +5,11 @@
 #include <string>
 
 #include "composition/PrintSurface.h"
-#include "platform/Locale.h"
-#include "platform/Numbers.h"
-#include "platform/RuntimeError.h"
-#include "platform/Text.h"
-#include "wizard/AppState.h"
+#include "machine/Locale.h"
+#include "base/Numbers.h"
+#include "base/RuntimeError.h"
+#include "base/Text.h"
+#include "state/AppState.h"
 
 namespace composition {
 

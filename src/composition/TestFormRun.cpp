@@ -2,7 +2,7 @@
 
 #include <array>
 
-#include "composition/ContractTexts.h"
+#include "state/ContractTexts.h"
 #include "composition/PrintFormulier.h"
 #include "composition/PrintIncassant.h"
 #include "composition/PrintOCRRegel.h"
@@ -11,11 +11,11 @@
 #include "payment/CheckDigits.h"
 #include "payment/Iban.h"
 #include "payment/PaymentReference.h"
-#include "platform/Clock.h"
-#include "platform/Numbers.h"
-#include "platform/Platform.h"
-#include "platform/Resume.h"
-#include "wizard/AppState.h"
+#include "machine/Clock.h"
+#include "base/Numbers.h"
+#include "machine/Platform.h"
+#include "base/Resume.h"
+#include "state/AppState.h"
 
 namespace composition {
 

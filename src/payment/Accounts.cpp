@@ -3,10 +3,10 @@
 #include "payment/BareText.h"
 #include "payment/Iban.h"
 #include "payment/TextRoutines.h"
-#include "platform/Clock.h"
-#include "platform/Numbers.h"
-#include "platform/RandomSource.h"
-#include "platform/Text.h"
+#include "machine/Clock.h"
+#include "base/Numbers.h"
+#include "machine/RandomSource.h"
+#include "base/Text.h"
 
 #include <array>
 #include <initializer_list>

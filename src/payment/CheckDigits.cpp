@@ -1,6 +1,6 @@
 #include "payment/CheckDigits.h"
 
-#include "platform/Text.h"
+#include "base/Text.h"
 
 #include <array>
 #include <charconv>

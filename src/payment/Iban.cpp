@@ -1,8 +1,8 @@
 #include "payment/Iban.h"
 
 #include "payment/BareText.h"
-#include "platform/RuntimeError.h"
-#include "platform/Text.h"
+#include "base/RuntimeError.h"
+#include "base/Text.h"
 
 #include <algorithm>
 #include <array>

@@ -1,8 +1,8 @@
 #include "payment/OcrLine.h"
 
 #include "payment/CheckDigits.h"
-#include "platform/Numbers.h"
-#include "platform/Text.h"
+#include "base/Numbers.h"
+#include "base/Text.h"
 
 namespace payment {
 

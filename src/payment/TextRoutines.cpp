@@ -1,7 +1,7 @@
 #include "payment/TextRoutines.h"
 
-#include "platform/Numbers.h"
-#include "platform/Text.h"
+#include "base/Numbers.h"
+#include "base/Text.h"
 
 #include <cmath>
 

@@ -2,8 +2,8 @@
 
 #include "composition/OpenPrinter.h"
 #include "composition/PrintSurface.h"
-#include "platform/Numbers.h"
-#include "platform/forms/Session.h"
+#include "base/Numbers.h"
+#include "forms/Session.h"
 #include "preview/frmPrintPreview.h"
 #include "preview/frmPrintPreviewGhost.h"
 

@@ -3,8 +3,8 @@
 #include <cstdint>
 #include <memory>
 
-#include "platform/Platform.h"
-#include "wizard/AppState.h"
+#include "machine/Platform.h"
+#include "state/AppState.h"
 
 namespace composition {
 class PrinterSurface;

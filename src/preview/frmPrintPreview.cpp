@@ -3,11 +3,11 @@
 #include <algorithm>
 #include <cmath>
 
-#include "platform/Desktop.h"
-#include "platform/Numbers.h"
-#include "platform/Printer.h"
-#include "platform/Resume.h"
-#include "platform/Text.h"
+#include "forms/Desktop.h"
+#include "base/Numbers.h"
+#include "machine/Printer.h"
+#include "base/Resume.h"
+#include "base/Text.h"
 #include "preview/frmPrintPreviewGhost.h"
 
 namespace preview {

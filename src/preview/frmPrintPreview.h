@@ -4,20 +4,20 @@
 #include <memory>
 #include <string>
 
-#include "platform/Boolean.h"
-#include "platform/MsgHook.h"
-#include "platform/Platform.h"
-#include "platform/cmdButtonXP.h"
-#include "platform/forms/ControlArray.h"
-#include "platform/forms/Form.h"
-#include "platform/forms/LineControl.h"
-#include "platform/forms/MenuBar.h"
-#include "platform/forms/MenuItem.h"
-#include "platform/forms/PictureBox.h"
-#include "platform/forms/ScrollBar.h"
-#include "platform/forms/StatusBar.h"
-#include "platform/forms/Toolbar.h"
-#include "wizard/AppState.h"
+#include "base/Boolean.h"
+#include "forms/MsgHook.h"
+#include "machine/Platform.h"
+#include "forms/cmdButtonXP.h"
+#include "forms/ControlArray.h"
+#include "forms/Form.h"
+#include "forms/LineControl.h"
+#include "forms/MenuBar.h"
+#include "forms/MenuItem.h"
+#include "forms/PictureBox.h"
+#include "forms/ScrollBar.h"
+#include "forms/StatusBar.h"
+#include "forms/Toolbar.h"
+#include "state/AppState.h"
 
 namespace preview {
 

@@ -3,10 +3,10 @@
 #include <cstring>
 #include <new>
 
-#include "platform/Desktop.h"
-#include "platform/Numbers.h"
-#include "platform/Resume.h"
-#include "platform/RuntimeError.h"
+#include "forms/Desktop.h"
+#include "base/Numbers.h"
+#include "base/Resume.h"
+#include "base/RuntimeError.h"
 #include "preview/frmPrintPreview.h"
 
 namespace preview {

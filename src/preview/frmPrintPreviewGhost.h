@@ -6,13 +6,13 @@
 #include <string>
 
 #include "composition/PrintSurface.h"
-#include "platform/Bitmaps.h"
-#include "platform/Boolean.h"
-#include "platform/MsgHook.h"
-#include "platform/Platform.h"
-#include "platform/Printer.h"
-#include "platform/forms/Form.h"
-#include "wizard/AppState.h"
+#include "machine/Bitmaps.h"
+#include "base/Boolean.h"
+#include "forms/MsgHook.h"
+#include "machine/Platform.h"
+#include "machine/Printer.h"
+#include "forms/Form.h"
+#include "state/AppState.h"
 
 namespace preview {
 

@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <iterator>
 
-#include "platform/Desktop.h"
+#include "forms/Desktop.h"
 #include "preview/frmPrintPreview.h"
 
 namespace preview {

@@ -1,8 +1,8 @@
 // How the preview window looks. Lengths are twips; a place within a container counts from its corner.
 #include <cmath>
 
-#include "platform/Numbers.h"
-#include "platform/Printer.h"
+#include "base/Numbers.h"
+#include "machine/Printer.h"
 #include "preview/frmPrintPreview.h"
 
 namespace preview {

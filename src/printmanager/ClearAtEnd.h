@@ -1,6 +1,6 @@
 #pragma once
 
-#include "platform/Boolean.h"
+#include "base/Boolean.h"
 
 namespace printmanager {
 

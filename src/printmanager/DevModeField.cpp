@@ -6,8 +6,8 @@
 #include <iterator>
 #include <vector>
 
-#include "platform/Desktop.h"
-#include "platform/Resume.h"
+#include "forms/Desktop.h"
+#include "base/Resume.h"
 #include "printmanager/SpoolerAccess.h"
 
 namespace printmanager {

@@ -3,8 +3,8 @@
 #include <cstdint>
 #include <string>
 
-#include "platform/Platform.h"
-#include "platform/Spooler.h"
+#include "machine/Platform.h"
+#include "machine/Spooler.h"
 
 namespace printmanager {
 

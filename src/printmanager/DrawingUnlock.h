@@ -1,6 +1,6 @@
 #pragma once
 
-#include "platform/Desktop.h"
+#include "forms/Desktop.h"
 
 namespace printmanager {
 

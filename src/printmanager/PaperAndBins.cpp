@@ -3,9 +3,9 @@
 #include <cstddef>
 #include <string_view>
 
-#include "platform/Printer.h"
-#include "platform/RuntimeError.h"
-#include "platform/Spooler.h"
+#include "machine/Printer.h"
+#include "base/RuntimeError.h"
+#include "machine/Spooler.h"
 #include "printmanager/DevModeField.h"
 
 namespace printmanager {

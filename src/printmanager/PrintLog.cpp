@@ -3,11 +3,11 @@
 #include <cstdio>
 #include <memory>
 
-#include "platform/Clock.h"
-#include "platform/Desktop.h"
-#include "platform/Locale.h"
-#include "platform/Resume.h"
-#include "platform/Text.h"
+#include "machine/Clock.h"
+#include "forms/Desktop.h"
+#include "machine/Locale.h"
+#include "base/Resume.h"
+#include "base/Text.h"
 
 namespace printmanager {
 

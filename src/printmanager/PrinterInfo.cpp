@@ -6,7 +6,7 @@
 #include <string_view>
 #include <vector>
 
-#include "platform/RuntimeError.h"
+#include "base/RuntimeError.h"
 #include "printmanager/PrinterStatus.h"
 #include "printmanager/SpoolerAccess.h"
 

@@ -4,7 +4,7 @@
 #include <span>
 #include <string>
 
-#include "platform/Spooler.h"
+#include "machine/Spooler.h"
 
 namespace printmanager {
 

@@ -5,7 +5,7 @@
 #include <string>
 #include <vector>
 
-#include "platform/Spooler.h"
+#include "machine/Spooler.h"
 
 namespace printmanager {
 

@@ -5,11 +5,11 @@
 #include <algorithm>
 
 #include "composition/PrinterMeasures.h"
-#include "platform/Desktop.h"
-#include "platform/Numbers.h"
-#include "platform/Registry.h"
-#include "platform/Resume.h"
-#include "platform/RuntimeError.h"
+#include "forms/Desktop.h"
+#include "base/Numbers.h"
+#include "machine/Registry.h"
+#include "base/Resume.h"
+#include "base/RuntimeError.h"
 #include "printmanager/ClearAtEnd.h"
 #include "printmanager/DrawingUnlock.h"
 #include "printmanager/frmPrintManagerLayout.h"

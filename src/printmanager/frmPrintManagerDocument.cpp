@@ -3,8 +3,8 @@
 #include <string>
 #include <string_view>
 
-#include "platform/Registry.h"
-#include "platform/Text.h"
+#include "machine/Registry.h"
+#include "base/Text.h"
 #include "printmanager/frmPrintManager.h"
 
 namespace printmanager {

@@ -1,10 +1,10 @@
 // The loading: from the caller's titles, the settings and the system's printers to a form that waits for a
 // choice.
 
-#include "platform/Desktop.h"
-#include "platform/Numbers.h"
-#include "platform/Registry.h"
-#include "platform/RuntimeError.h"
+#include "forms/Desktop.h"
+#include "base/Numbers.h"
+#include "machine/Registry.h"
+#include "base/RuntimeError.h"
 #include "printmanager/frmPrintManager.h"
 #include "printmanager/frmPrintManagerLayout.h"
 

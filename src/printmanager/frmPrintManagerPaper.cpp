@@ -2,13 +2,13 @@
 
 #include <string>
 
-#include "platform/Desktop.h"
-#include "platform/Numbers.h"
-#include "platform/Registry.h"
-#include "platform/Resume.h"
-#include "platform/RuntimeError.h"
-#include "platform/Spooler.h"
-#include "platform/Text.h"
+#include "forms/Desktop.h"
+#include "base/Numbers.h"
+#include "machine/Registry.h"
+#include "base/Resume.h"
+#include "base/RuntimeError.h"
+#include "machine/Spooler.h"
+#include "base/Text.h"
 #include "printmanager/ClearAtEnd.h"
 #include "printmanager/DevModeField.h"
 #include "printmanager/PrintLog.h"

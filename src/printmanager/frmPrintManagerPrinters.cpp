@@ -1,8 +1,8 @@
 // The choice of a printer, and what the details panel tells of it.
 
-#include "platform/Desktop.h"
-#include "platform/Numbers.h"
-#include "platform/RuntimeError.h"
+#include "forms/Desktop.h"
+#include "base/Numbers.h"
+#include "base/RuntimeError.h"
 #include "printmanager/ClearAtEnd.h"
 #include "printmanager/DrawingUnlock.h"
 #include "printmanager/PrinterInfo.h"

@@ -2,9 +2,9 @@
 
 #include <string>
 
-#include "platform/Desktop.h"
-#include "platform/Numbers.h"
-#include "platform/modRegistry.h"
+#include "forms/Desktop.h"
+#include "base/Numbers.h"
+#include "machine/modRegistry.h"
 
 namespace printmanager {
 

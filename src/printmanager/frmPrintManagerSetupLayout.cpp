@@ -1,6 +1,6 @@
 // What the form for the initialisation time looks like; twips.
 
-#include "platform/forms/FormPeer.h"
+#include "forms/FormPeer.h"
 #include "printmanager/frmPrintManagerSetup.h"
 
 namespace printmanager {

@@ -1,8 +1,8 @@
 // The program on the Linux desktop.
-#include "platform/forms/Session.h"
-#include "platform/qt/Guarded.h"
-#include "platform/qt/QtPlatform.h"
-#include "wizard/AppState.h"
+#include "forms/Session.h"
+#include "desktop/qt/Guarded.h"
+#include "desktop/qt/QtPlatform.h"
+#include "state/AppState.h"
 #include "wizard/frmMain.h"
 
 #include <cstdio>

@@ -1,8 +1,8 @@
 // The program on the Windows desktop.
-#include "platform/forms/Session.h"
-#include "platform/windows/RunGuarded.h"
-#include "platform/windows/WindowsPlatform.h"
-#include "wizard/AppState.h"
+#include "forms/Session.h"
+#include "desktop/windows/RunGuarded.h"
+#include "desktop/windows/WindowsPlatform.h"
+#include "state/AppState.h"
 #include "wizard/frmMain.h"
 
 int main() {

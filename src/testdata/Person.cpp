@@ -1,6 +1,6 @@
 #include "testdata/Person.h"
 
-#include "platform/Text.h"
+#include "base/Text.h"
 
 namespace testdata {
 

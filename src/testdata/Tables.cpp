@@ -1,6 +1,6 @@
 #include "testdata/Tables.h"
 
-#include "platform/RuntimeError.h"
+#include "base/RuntimeError.h"
 
 namespace testdata {
 namespace {

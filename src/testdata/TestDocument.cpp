@@ -1,10 +1,10 @@
 #include "testdata/TestDocument.h"
 
 #include "payment/CheckDigits.h"
-#include "platform/Clock.h"
-#include "platform/Numbers.h"
-#include "platform/RandomSource.h"
-#include "platform/Text.h"
+#include "machine/Clock.h"
+#include "base/Numbers.h"
+#include "machine/RandomSource.h"
+#include "base/Text.h"
 
 #include <exception>
 

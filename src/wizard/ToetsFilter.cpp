@@ -3,7 +3,7 @@
 #include <array>
 #include <string>
 
-#include "platform/Text.h"
+#include "base/Text.h"
 
 namespace wizard {
 

@@ -4,8 +4,8 @@
 
 #include "payment/Accounts.h"
 #include "payment/TextRoutines.h"
-#include "platform/Desktop.h"
-#include "platform/Text.h"
+#include "forms/Desktop.h"
+#include "base/Text.h"
 #include "printmanager/frmPrintManager.h"
 #include "wizard/ToetsFilter.h"
 

@@ -6,18 +6,18 @@
 #include <vector>
 
 #include "composition/PrintSurface.h"
-#include "platform/Boolean.h"
-#include "platform/Platform.h"
-#include "platform/forms/CommandButton.h"
-#include "platform/forms/ControlArray.h"
-#include "platform/forms/Form.h"
-#include "platform/forms/Label.h"
-#include "platform/forms/LineControl.h"
-#include "platform/forms/OptionButton.h"
-#include "platform/forms/PictureBox.h"
-#include "platform/forms/TextBox.h"
-#include "platform/forms/UpDown.h"
-#include "wizard/AppState.h"
+#include "base/Boolean.h"
+#include "machine/Platform.h"
+#include "forms/CommandButton.h"
+#include "forms/ControlArray.h"
+#include "forms/Form.h"
+#include "forms/Label.h"
+#include "forms/LineControl.h"
+#include "forms/OptionButton.h"
+#include "forms/PictureBox.h"
+#include "forms/TextBox.h"
+#include "forms/UpDown.h"
+#include "state/AppState.h"
 
 namespace printmanager {
 class frmPrintManager;

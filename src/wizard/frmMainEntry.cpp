@@ -1,7 +1,7 @@
 // How the boxes of the wizard select their text, and how the account swaps between its bare form, for
 // editing, and its form on screen.
 #include "payment/Accounts.h"
-#include "platform/Desktop.h"
+#include "forms/Desktop.h"
 #include "wizard/frmMain.h"
 
 namespace wizard {

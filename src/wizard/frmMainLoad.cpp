@@ -1,16 +1,16 @@
 // The start of the program: settings, measures and the first page. A step that fails is given up, and the
 // next one runs.
-#include "composition/ContractTexts.h"
+#include "state/ContractTexts.h"
 #include "composition/PrinterMeasures.h"
 #include "payment/Accounts.h"
-#include "platform/Locale.h"
-#include "platform/Numbers.h"
-#include "platform/Printer.h"
-#include "platform/Resume.h"
-#include "platform/Text.h"
-#include "platform/modRegistry.h"
+#include "machine/Locale.h"
+#include "base/Numbers.h"
+#include "machine/Printer.h"
+#include "base/Resume.h"
+#include "base/Text.h"
+#include "machine/modRegistry.h"
 #include "testdata/Tables.h"
-#include "wizard/Settings.h"
+#include "state/Settings.h"
 #include "wizard/frmMain.h"
 
 namespace wizard {

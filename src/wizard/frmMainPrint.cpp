@@ -4,9 +4,9 @@
 
 #include "composition/DocumentRun.h"
 #include "composition/OpenPrinter.h"
-#include "platform/Desktop.h"
-#include "platform/Numbers.h"
-#include "platform/Printer.h"
+#include "forms/Desktop.h"
+#include "base/Numbers.h"
+#include "machine/Printer.h"
 #include "preview/PrintPreview.h"
 #include "printmanager/frmPrintManager.h"
 #include "wizard/frmMain.h"

@@ -8,7 +8,7 @@ import pathlib
 import re
 import sys
 
-FOLDER = pathlib.Path(__file__).resolve().parents[2] / "src" / "platform" / "qt"
+FOLDER = pathlib.Path(__file__).resolve().parents[2] / "src" / "desktop" / "qt"
 
 # Members that guard what they do themselves.
 GUARD = re.compile(r"\bGuarded(Quietly)?\(|\[[^\]]*\](\(int row\))? \{ (Click|Pick)\(")

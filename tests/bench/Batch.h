@@ -2,12 +2,12 @@
 
 #include "composition/DocumentRun.h"
 #include "composition/PrinterMeasures.h"
-#include "platform/Printer.h"
-#include "platform/SeededRandom.h"
-#include "platform/memory/MemoryPlatform.h"
+#include "machine/Printer.h"
+#include "machine/SeededRandom.h"
+#include "memory/MemoryPlatform.h"
 #include "support/FakeRunHost.h"
 #include "testdata/Tables.h"
-#include "wizard/AppState.h"
+#include "state/AppState.h"
 
 #include <string>
 

@@ -2,7 +2,7 @@
 
 #include "bench/Batch.h"
 
-#include "platform/forms/Session.h"
+#include "forms/Session.h"
 #include "support/CountingPrinter.h"
 #include "wizard/frmMain.h"
 

@@ -15,15 +15,15 @@
 #include <vector>
 
 #include "composition/PrintSurface.h"
-#include "platform/forms/Session.h"
-#include "platform/memory/MemoryPlatform.h"
-#include "platform/qt/QtBitmaps.h"
-#include "platform/qt/QtDesktop.h"
-#include "platform/qt/Scale.h"
+#include "forms/Session.h"
+#include "memory/MemoryPlatform.h"
+#include "desktop/qt/QtBitmaps.h"
+#include "desktop/qt/QtDesktop.h"
+#include "desktop/qt/Scale.h"
 #include "preview/PrintPreview.h"
 #include "preview/frmPrintPreview.h"
 #include "preview/frmPrintPreviewGhost.h"
-#include "wizard/AppState.h"
+#include "state/AppState.h"
 
 namespace {
 

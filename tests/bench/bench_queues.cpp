@@ -1,10 +1,10 @@
 // How long the print manager takes to open, by the number of queues that the print server has, and where the
 // server takes connections and does not answer. Tells the ratio to a server with one queue, measured in
 // turns.
-#include "platform/qt/QtPlatform.h"
-#include "qt/Window.h"
-#include "qt/printing/PrintServer.h"
-#include "qt/queues/RealProgram.h"
+#include "desktop/qt/QtPlatform.h"
+#include "unit/desktop/qt/Window.h"
+#include "unit/desktop/cups/PrintServer.h"
+#include "print/queues/RealProgram.h"
 
 #include <algorithm>
 #include <chrono>

@@ -12,10 +12,10 @@
 
 #include <cstring>
 
-#include "platform/forms/Form.h"
-#include "platform/forms/Session.h"
-#include "platform/qt/QtPlatform.h"
-#include "wizard/AppState.h"
+#include "forms/Form.h"
+#include "forms/Session.h"
+#include "desktop/qt/QtPlatform.h"
+#include "state/AppState.h"
 #include "wizard/frmMain.h"
 
 namespace {

@@ -9,10 +9,10 @@
 #include "bench/Batch.h"
 #include "bench/Measured.h"
 
-#include "platform/qt/Fonts.h"
-#include "platform/qt/PdfPrinter.h"
-#include "platform/qt/QtPrinter.h"
-#include "platform/qt/QtPrinters.h"
+#include "desktop/qt/Fonts.h"
+#include "desktop/qt/PdfPrinter.h"
+#include "desktop/qt/QtPrinter.h"
+#include "desktop/qt/QtPrinters.h"
 
 #include <QApplication>
 #include <QPainter>

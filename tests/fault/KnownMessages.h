@@ -1,6 +1,6 @@
 #pragma once
 
-#include "platform/memory/MemoryDesktop.h"
+#include "memory/MemoryDesktop.h"
 
 namespace fault {
 

@@ -5,8 +5,8 @@
 #include <stdexcept>
 #include <string_view>
 
-#include "platform/forms/Form.h"
-#include "platform/forms/Timer.h"
+#include "forms/Form.h"
+#include "forms/Timer.h"
 #include "preview/frmPrintPreview.h"
 #include "printmanager/frmPrintManager.h"
 #include "printmanager/frmPrintManagerSetup.h"

@@ -10,10 +10,10 @@
 #include "fault/Fault.h"
 #include "fault/LogFile.h"
 #include "fault/Story.h"
-#include "platform/forms/Session.h"
-#include "platform/memory/MemoryPlatform.h"
+#include "forms/Session.h"
+#include "memory/MemoryPlatform.h"
 #include "printmanager/PrinterState.h"
-#include "wizard/AppState.h"
+#include "state/AppState.h"
 
 namespace preview {
 class frmPrintPreview;

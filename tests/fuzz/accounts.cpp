@@ -16,11 +16,11 @@
 #include "payment/OcrLine.h"
 #include "payment/PaymentReference.h"
 #include "payment/TextRoutines.h"
-#include "platform/Numbers.h"
-#include "platform/RuntimeError.h"
-#include "platform/Text.h"
-#include "platform/memory/MemoryClock.h"
-#include "platform/memory/MemoryRandom.h"
+#include "base/Numbers.h"
+#include "base/RuntimeError.h"
+#include "base/Text.h"
+#include "memory/MemoryClock.h"
+#include "memory/MemoryRandom.h"
 
 namespace {
 

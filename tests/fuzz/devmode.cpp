@@ -14,9 +14,9 @@
 
 #include "Input.h"
 #include "Require.h"
-#include "platform/Spooler.h"
-#include "platform/forms/Session.h"
-#include "platform/memory/MemoryPlatform.h"
+#include "machine/Spooler.h"
+#include "forms/Session.h"
+#include "memory/MemoryPlatform.h"
 #include "printmanager/DevModeField.h"
 #include "printmanager/PaperAndBins.h"
 #include "printmanager/PrinterInfo.h"

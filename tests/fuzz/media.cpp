@@ -16,9 +16,9 @@
 
 #include "Input.h"
 #include "Require.h"
-#include "platform/qt/CupsMedia.h"
-#include "platform/qt/CupsServer.h"
-#include "platform/qt/CupsStatus.h"
+#include "desktop/cups/CupsMedia.h"
+#include "desktop/cups/CupsServer.h"
+#include "desktop/cups/CupsStatus.h"
 
 namespace {
 

@@ -5,9 +5,9 @@
 
 #include "Input.h"
 #include "Require.h"
-#include "platform/qt/CupsChoice.h"
-#include "platform/qt/CupsServer.h"
-#include "platform/qt/OptionLine.h"
+#include "desktop/cups/CupsChoice.h"
+#include "desktop/cups/CupsServer.h"
+#include "desktop/cups/OptionLine.h"
 
 namespace {
 

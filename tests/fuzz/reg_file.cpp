@@ -10,10 +10,10 @@
 
 #include "Input.h"
 #include "Require.h"
-#include "platform/RegFile.h"
-#include "platform/RegFileEncoding.h"
-#include "platform/RegistryKeys.h"
-#include "platform/Text.h"
+#include "desktop/regfile/RegFile.h"
+#include "desktop/regfile/RegFileEncoding.h"
+#include "machine/RegistryKeys.h"
+#include "base/Text.h"
 
 namespace {
 

@@ -10,8 +10,8 @@
 
 #include "Input.h"
 #include "Require.h"
-#include "platform/forms/Session.h"
-#include "platform/memory/MemoryPlatform.h"
+#include "forms/Session.h"
+#include "memory/MemoryPlatform.h"
 #include "printmanager/frmPrintManager.h"
 #include "wizard/frmMain.h"
 

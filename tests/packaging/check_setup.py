@@ -19,8 +19,8 @@ import time
 import zipfile
 
 HERE = pathlib.Path(__file__).parent
-for folder in ("pdf", "security", "windows"):
-    sys.path.insert(0, str(HERE.with_name(folder)))
+for folder in ("print/pdf", "security", "windows"):
+    sys.path.insert(0, str(HERE.parent / folder))
 from agent import Registry  # noqa: E402
 from check_windows_writes import files_in  # noqa: E402
 from form_checker import FontMissing, FormChecker  # noqa: E402

@@ -1,12 +1,12 @@
 // Texts that would do harm if anything took them for more than texts: as the title of a document, and as the
 // name and the wording of a printer.
 
-#include "platform/qt/PdfPrinter.h"
-#include "platform/qt/QtPrinter.h"
-#include "platform/qt/QtText.h"
-#include "platform/qt/UserDefaults.h"
-#include "qt/printing/PdfReader.h"
-#include "qt/printing/PrintServer.h"
+#include "desktop/qt/PdfPrinter.h"
+#include "desktop/qt/QtPrinter.h"
+#include "desktop/qt/QtText.h"
+#include "desktop/cups/UserDefaults.h"
+#include "unit/desktop/qt/printing/PdfReader.h"
+#include "unit/desktop/cups/PrintServer.h"
 
 #include <QDir>
 #include <QTemporaryDir>

@@ -1,5 +1,5 @@
-#include "platform/qt/SpoolFile.h"
-#include "platform/RuntimeError.h"
+#include "desktop/cups/SpoolFile.h"
+#include "base/RuntimeError.h"
 
 #include <QDir>
 #include <QTemporaryDir>

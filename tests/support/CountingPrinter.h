@@ -4,7 +4,7 @@
 #include <string>
 #include <string_view>
 
-#include "platform/Printer.h"
+#include "machine/Printer.h"
 
 namespace support {
 

@@ -5,9 +5,9 @@
 #include <string>
 #include <vector>
 
-#include "platform/Canvas.h"
-#include "platform/RuntimeError.h"
-#include "platform/Text.h"
+#include "machine/Canvas.h"
+#include "base/RuntimeError.h"
+#include "base/Text.h"
 
 namespace support {
 

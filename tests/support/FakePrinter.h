@@ -5,8 +5,8 @@
 #include <string>
 #include <vector>
 
-#include "platform/Printer.h"
-#include "platform/RuntimeError.h"
+#include "machine/Printer.h"
+#include "base/RuntimeError.h"
 #include "support/FakeCanvas.h"
 
 namespace support {

@@ -8,10 +8,10 @@
 #include "composition/OpenPrinter.h"
 #include "composition/PrintSurface.h"
 #include "composition/RunHost.h"
-#include "platform/Numbers.h"
-#include "platform/Platform.h"
+#include "base/Numbers.h"
+#include "machine/Platform.h"
 #include "support/FakeCanvas.h"
-#include "wizard/AppState.h"
+#include "state/AppState.h"
 
 namespace support {
 

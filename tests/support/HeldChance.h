@@ -1,7 +1,7 @@
 #pragma once
 
-#include "platform/Clock.h"
-#include "platform/RandomSource.h"
+#include "machine/Clock.h"
+#include "machine/RandomSource.h"
 
 #include <cstddef>
 #include <utility>

@@ -2,8 +2,8 @@
 
 #include <string>
 
-#include "platform/forms/Session.h"
-#include "platform/memory/MemoryPlatform.h"
+#include "forms/Session.h"
+#include "memory/MemoryPlatform.h"
 #include "printmanager/frmPrintManager.h"
 #include "support/CountingPrinter.h"
 #include "wizard/frmMain.h"

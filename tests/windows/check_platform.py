@@ -18,7 +18,7 @@ import tempfile
 from print_server import PrintServer
 from wine_prefix import FONTS, OCR_FONT, WinePrefix, skip
 
-sys.path.insert(0, str(pathlib.Path(__file__).parents[1] / "pdf"))
+sys.path.insert(0, str(pathlib.Path(__file__).parents[1] / "print" / "pdf"))
 from fontfile import FontFile  # noqa: E402
 from form_checker import reader_ascents  # noqa: E402
 

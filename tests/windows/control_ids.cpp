@@ -2,15 +2,15 @@
 // windows: one line "FORM NAME", or "FORM NAME(INDEX)" for an element of a control array.
 #include <iostream>
 
-#include "platform/forms/Form.h"
-#include "platform/forms/MenuBar.h"
-#include "platform/forms/Session.h"
-#include "platform/memory/MemoryPlatform.h"
+#include "forms/Form.h"
+#include "forms/MenuBar.h"
+#include "forms/Session.h"
+#include "memory/MemoryPlatform.h"
 #include "preview/frmPrintPreview.h"
 #include "preview/frmPrintPreviewGhost.h"
 #include "printmanager/frmPrintManager.h"
 #include "printmanager/frmPrintManagerSetup.h"
-#include "wizard/AppState.h"
+#include "state/AppState.h"
 #include "wizard/frmMain.h"
 
 namespace {

@@ -18,7 +18,7 @@ from office import (BIN, EXAMPLE, FORMS, NAME_LIST, ORIENTATION, PAPER, REPORT, 
 from printed import Batch, as_pdf, features, name_list_errors, report_errors, settings_of
 from wine_prefix import skip
 
-sys.path.insert(0, str(pathlib.Path(__file__).parents[1] / "pdf"))
+sys.path.insert(0, str(pathlib.Path(__file__).parents[1] / "print" / "pdf"))
 from form_checker import FontMissing, FormChecker, check_known_values  # noqa: E402
 
 COUNT = 250

@@ -5,7 +5,7 @@ import re
 import subprocess
 import sys
 
-sys.path.insert(0, str(pathlib.Path(__file__).parents[1] / "pdf"))
+sys.path.insert(0, str(pathlib.Path(__file__).parents[1] / "print" / "pdf"))
 from form_checker import TWIPS_PER_MM, words  # noqa: E402
 from layout import MM, TOPS_CM, CM  # noqa: E402
 

@@ -4,7 +4,7 @@
 #include "payment/Accounts.h"
 #include "payment/CheckDigits.h"
 #include "payment/Iban.h"
-#include "platform/Clock.h"
+#include "machine/Clock.h"
 
 #include <algorithm>
 #include <initializer_list>

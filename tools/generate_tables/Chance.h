@@ -1,6 +1,6 @@
 #pragma once
 
-#include "platform/SeededRandom.h"
+#include "machine/SeededRandom.h"
 
 #include <cstddef>
 #include <cstdint>

@@ -194,7 +194,7 @@ def table(pictures):
                     f"{first_shape}, {len(shapes)}}},")
     return "\n".join([
         "// Made from the pictures in resources/pictures by tools/pictures/vector_pictures.py.",
-        '#include "platform/windows/VectorPictureTable.h"', "",
+        '#include "desktop/windows/VectorPictureTable.h"', "",
         "namespace platform::windows {", "",
         "namespace {", "",
         "constexpr PathStep Steps[] = {", *steps, "};", "",

@@ -2,8 +2,8 @@
 // taken.
 //
 // campaign-writer FILE NAME NUMBER
-#include "platform/RegFileStore.h"
-#include "platform/modRegistry.h"
+#include "desktop/regfile/RegFileStore.h"
+#include "machine/modRegistry.h"
 
 #include <cstdio>
 #include <cstdlib>

@@ -15,11 +15,11 @@
 // ppd, pwg, width, height, left, top, right and bottom margin in millimetres), "bins" (id, name, option, ppd,
 // pwg), "default" (paper, bin, orientation) and "job": the paper, the bin and all options of the job.
 // The end is 0, or 1 with a word on the standard error where the queue or the choice is not there.
-#include "platform/RuntimeError.h"
-#include "platform/qt/CupsChoice.h"
-#include "platform/qt/CupsQueue.h"
-#include "platform/qt/OptionLine.h"
-#include "platform/qt/QtPrinters.h"
+#include "base/RuntimeError.h"
+#include "desktop/cups/CupsChoice.h"
+#include "desktop/cups/CupsQueue.h"
+#include "desktop/cups/OptionLine.h"
+#include "desktop/qt/QtPrinters.h"
 
 #include <QCommandLineParser>
 #include <QCoreApplication>

@@ -7,11 +7,11 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-#include "platform/memory/MemoryPlatform.h"
+#include "memory/MemoryPlatform.h"
 #include "support/FakePrinter.h"
 #include "support/FakeRunHost.h"
 #include "testdata/Tables.h"
-#include "wizard/AppState.h"
+#include "state/AppState.h"
 
 namespace composition {
 

@@ -1,7 +1,7 @@
 #include "composition/OpenPrinter.h"
 
 #include "CompositionTest.h"
-#include "platform/Desktop.h"
+#include "forms/Desktop.h"
 
 namespace composition {
 

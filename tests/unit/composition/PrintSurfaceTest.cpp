@@ -3,7 +3,7 @@
 #include <limits>
 
 #include "CompositionTest.h"
-#include "platform/Resume.h"
+#include "base/Resume.h"
 
 namespace composition {
 

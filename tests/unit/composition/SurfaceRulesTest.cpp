@@ -4,7 +4,7 @@
 #include <string>
 
 #include "CompositionTest.h"
-#include "platform/RuntimeError.h"
+#include "base/RuntimeError.h"
 
 namespace composition {
 

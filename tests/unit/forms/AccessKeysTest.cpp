@@ -1,14 +1,14 @@
 #include <gtest/gtest.h>
 
-#include "platform/forms/AccessKeys.h"
-#include "platform/forms/AccessibleNames.h"
-#include "platform/forms/CheckBox.h"
-#include "platform/forms/CommandButton.h"
-#include "platform/forms/Label.h"
-#include "platform/forms/OptionButton.h"
-#include "platform/forms/ProgressBar.h"
-#include "platform/forms/TextBox.h"
-#include "platform/forms/UpDown.h"
+#include "forms/AccessKeys.h"
+#include "forms/AccessibleNames.h"
+#include "forms/CheckBox.h"
+#include "forms/CommandButton.h"
+#include "forms/Label.h"
+#include "forms/OptionButton.h"
+#include "forms/ProgressBar.h"
+#include "forms/TextBox.h"
+#include "forms/UpDown.h"
 #include "unit/forms/TestForm.h"
 
 namespace {

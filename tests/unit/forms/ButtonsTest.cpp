@@ -1,10 +1,10 @@
 #include <gmock/gmock.h>
 
-#include "platform/forms/CheckBox.h"
-#include "platform/forms/CommandButton.h"
-#include "platform/forms/OptionButton.h"
-#include "platform/forms/PictureBox.h"
-#include "platform/forms/TextBox.h"
+#include "forms/CheckBox.h"
+#include "forms/CommandButton.h"
+#include "forms/OptionButton.h"
+#include "forms/PictureBox.h"
+#include "forms/TextBox.h"
 #include "unit/forms/TestForm.h"
 
 namespace {

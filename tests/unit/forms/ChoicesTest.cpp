@@ -1,10 +1,10 @@
 #include <gmock/gmock.h>
 
-#include "platform/forms/ChoiceControl.h"
-#include "platform/forms/PictureBox.h"
-#include "platform/forms/ProgressBar.h"
-#include "platform/forms/Timer.h"
-#include "platform/forms/UpDown.h"
+#include "forms/ChoiceControl.h"
+#include "forms/PictureBox.h"
+#include "forms/ProgressBar.h"
+#include "forms/Timer.h"
+#include "forms/UpDown.h"
 #include "unit/forms/TestForm.h"
 
 namespace {

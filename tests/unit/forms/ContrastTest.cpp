@@ -1,10 +1,10 @@
-#include "platform/forms/Contrast.h"
+#include "forms/Contrast.h"
 
 #include <gtest/gtest.h>
 
-#include "platform/PictureInks.h"
-#include "platform/forms/Label.h"
-#include "platform/forms/PictureBox.h"
+#include "forms/PictureInks.h"
+#include "forms/Label.h"
+#include "forms/PictureBox.h"
 #include "unit/forms/TestForm.h"
 
 namespace {

@@ -1,10 +1,10 @@
 #include <gmock/gmock.h>
 
-#include "platform/forms/CommandButton.h"
-#include "platform/forms/ControlArray.h"
-#include "platform/forms/Label.h"
-#include "platform/forms/PictureBox.h"
-#include "platform/forms/TextBox.h"
+#include "forms/CommandButton.h"
+#include "forms/ControlArray.h"
+#include "forms/Label.h"
+#include "forms/PictureBox.h"
+#include "forms/TextBox.h"
 #include "unit/forms/TestForm.h"
 
 namespace {

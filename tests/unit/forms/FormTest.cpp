@@ -1,7 +1,7 @@
 #include <gmock/gmock.h>
 
-#include "platform/forms/CommandButton.h"
-#include "platform/forms/TextBox.h"
+#include "forms/CommandButton.h"
+#include "forms/TextBox.h"
 #include "unit/forms/TestForm.h"
 
 namespace {

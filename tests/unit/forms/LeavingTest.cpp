@@ -2,17 +2,17 @@
 // messages run.
 #include <gmock/gmock.h>
 
-#include "platform/cmdButtonXP.h"
-#include "platform/forms/CheckBox.h"
-#include "platform/forms/ChoiceControl.h"
-#include "platform/forms/CommandButton.h"
-#include "platform/forms/MenuBar.h"
-#include "platform/forms/OptionButton.h"
-#include "platform/forms/ScrollBar.h"
-#include "platform/forms/TextBox.h"
-#include "platform/forms/Timer.h"
-#include "platform/forms/Toolbar.h"
-#include "platform/forms/UpDown.h"
+#include "forms/cmdButtonXP.h"
+#include "forms/CheckBox.h"
+#include "forms/ChoiceControl.h"
+#include "forms/CommandButton.h"
+#include "forms/MenuBar.h"
+#include "forms/OptionButton.h"
+#include "forms/ScrollBar.h"
+#include "forms/TextBox.h"
+#include "forms/Timer.h"
+#include "forms/Toolbar.h"
+#include "forms/UpDown.h"
 #include "unit/forms/TestForm.h"
 
 namespace {

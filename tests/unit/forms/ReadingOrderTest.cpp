@@ -1,4 +1,4 @@
-#include "platform/forms/ReadingOrder.h"
+#include "forms/ReadingOrder.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>

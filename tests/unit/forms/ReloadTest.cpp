@@ -4,8 +4,8 @@
 #include <algorithm>
 #include <new>
 
-#include "platform/RuntimeError.h"
-#include "platform/forms/FormPeer.h"
+#include "base/RuntimeError.h"
+#include "forms/FormPeer.h"
 #include "unit/forms/TestForm.h"
 
 namespace {

@@ -4,8 +4,8 @@
 #include <string>
 #include <vector>
 
-#include "platform/forms/Form.h"
-#include "platform/memory/MemoryPlatform.h"
+#include "forms/Form.h"
+#include "memory/MemoryPlatform.h"
 
 /// A form whose events a test can set.
 class TestForm : public forms::Form {

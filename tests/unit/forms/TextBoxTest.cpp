@@ -1,4 +1,4 @@
-#include "platform/forms/TextBox.h"
+#include "forms/TextBox.h"
 
 #include <gmock/gmock.h>
 

@@ -1,4 +1,4 @@
-#include "platform/forms/WheelTurn.h"
+#include "forms/WheelTurn.h"
 
 #include <gtest/gtest.h>
 

@@ -3,8 +3,8 @@
 #include <string>
 #include <vector>
 
-#include "platform/memory/Event.h"
-#include "platform/memory/MemoryPlatform.h"
+#include "memory/Event.h"
+#include "memory/MemoryPlatform.h"
 
 /// A memory platform whose events are kept.
 struct WatchedPlatform {

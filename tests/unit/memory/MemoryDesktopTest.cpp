@@ -1,9 +1,9 @@
-#include "platform/memory/MemoryDesktop.h"
+#include "memory/MemoryDesktop.h"
 
 #include <gmock/gmock.h>
 
-#include "platform/forms/Form.h"
-#include "platform/forms/ProgressBar.h"
+#include "forms/Form.h"
+#include "forms/ProgressBar.h"
 #include "unit/memory/Events.h"
 
 namespace {

@@ -1,4 +1,4 @@
-#include "platform/memory/MemoryLocale.h"
+#include "memory/MemoryLocale.h"
 
 #include <gtest/gtest.h>
 

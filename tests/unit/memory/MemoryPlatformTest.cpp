@@ -1,8 +1,8 @@
-#include "platform/memory/MemoryPlatform.h"
+#include "memory/MemoryPlatform.h"
 
 #include <gmock/gmock.h>
 
-#include "platform/modRegistry.h"
+#include "machine/modRegistry.h"
 #include "unit/memory/Events.h"
 
 namespace {

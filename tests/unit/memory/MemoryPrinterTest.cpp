@@ -1,8 +1,8 @@
-#include "platform/memory/MemoryPrinter.h"
+#include "memory/MemoryPrinter.h"
 
 #include <gmock/gmock.h>
 
-#include "platform/RuntimeError.h"
+#include "base/RuntimeError.h"
 #include "unit/memory/Events.h"
 
 namespace {

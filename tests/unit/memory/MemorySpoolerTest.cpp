@@ -1,11 +1,11 @@
-#include "platform/memory/MemorySpooler.h"
+#include "memory/MemorySpooler.h"
 
 #include <gmock/gmock.h>
 
 #include <cstring>
 #include <vector>
 
-#include "platform/Text.h"
+#include "base/Text.h"
 #include "unit/memory/Events.h"
 
 namespace {

@@ -2,7 +2,7 @@
 
 #include "HostileTexts.h"
 #include "payment/TextRoutines.h"
-#include "platform/SeededRandom.h"
+#include "machine/SeededRandom.h"
 #include "support/HeldChance.h"
 
 #include <gtest/gtest.h>

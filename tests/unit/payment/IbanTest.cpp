@@ -1,7 +1,7 @@
 #include "payment/Iban.h"
 
 #include "HostileTexts.h"
-#include "platform/RuntimeError.h"
+#include "base/RuntimeError.h"
 
 #include <gtest/gtest.h>
 

@@ -2,8 +2,8 @@
 
 #include "HostileTexts.h"
 #include "payment/Iban.h"
-#include "platform/RuntimeError.h"
-#include "platform/Text.h"
+#include "base/RuntimeError.h"
+#include "base/Text.h"
 
 #include <gtest/gtest.h>
 

@@ -1,14 +1,14 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-#include "platform/RuntimeError.h"
-#include "platform/forms/Form.h"
-#include "platform/forms/MenuBar.h"
-#include "platform/forms/PictureBox.h"
-#include "platform/forms/ScrollBar.h"
-#include "platform/forms/StatusBar.h"
-#include "platform/forms/Toolbar.h"
-#include "platform/memory/MemoryPlatform.h"
+#include "base/RuntimeError.h"
+#include "forms/Form.h"
+#include "forms/MenuBar.h"
+#include "forms/PictureBox.h"
+#include "forms/ScrollBar.h"
+#include "forms/StatusBar.h"
+#include "forms/Toolbar.h"
+#include "memory/MemoryPlatform.h"
 
 namespace {
 

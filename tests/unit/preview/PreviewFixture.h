@@ -8,12 +8,12 @@
 #include <vector>
 
 #include "composition/PrintSurface.h"
-#include "platform/memory/MemoryPlatform.h"
-#include "platform/modMsgHookProc.h"
+#include "memory/MemoryPlatform.h"
+#include "forms/modMsgHookProc.h"
 #include "preview/PrintPreview.h"
 #include "preview/frmPrintPreview.h"
 #include "preview/frmPrintPreviewGhost.h"
-#include "wizard/AppState.h"
+#include "state/AppState.h"
 
 namespace preview {
 

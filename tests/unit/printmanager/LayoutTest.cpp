@@ -1,5 +1,5 @@
 #include "ManagerFixture.h"
-#include "platform/forms/FormPeer.h"
+#include "forms/FormPeer.h"
 #include "printmanager/frmPrintManagerSetup.h"
 
 namespace printmanager {

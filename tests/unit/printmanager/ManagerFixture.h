@@ -11,8 +11,8 @@
 #include <vector>
 
 #include "Trace.h"
-#include "platform/forms/Session.h"
-#include "platform/memory/MemoryPlatform.h"
+#include "forms/Session.h"
+#include "memory/MemoryPlatform.h"
 #include "printmanager/frmPrintManager.h"
 
 namespace printmanager {

@@ -5,8 +5,8 @@
 #include <string>
 #include <vector>
 
-#include "platform/Platform.h"
-#include "platform/Spooler.h"
+#include "machine/Platform.h"
+#include "machine/Spooler.h"
 
 namespace printmanager {
 

@@ -3,7 +3,7 @@
 #include <string>
 #include <vector>
 
-#include "platform/memory/Event.h"
+#include "memory/Event.h"
 
 namespace printmanager {
 

@@ -1,7 +1,7 @@
 #include "testdata/Tables.h"
 
 #include "payment/TextRoutines.h"
-#include "platform/Text.h"
+#include "base/Text.h"
 
 #include <gtest/gtest.h>
 

@@ -1,6 +1,6 @@
 #include "testdata/TestDocument.h"
 
-#include "platform/SeededRandom.h"
+#include "machine/SeededRandom.h"
 #include "support/HeldChance.h"
 
 #include <gtest/gtest.h>

@@ -1,8 +1,8 @@
 #include "WizardFixture.h"
 
-#include "composition/ContractTexts.h"
+#include "state/ContractTexts.h"
 #include "testdata/Tables.h"
-#include "wizard/Settings.h"
+#include "state/Settings.h"
 
 namespace wizard {
 namespace {

@@ -5,8 +5,8 @@
 #include <memory>
 #include <string>
 
-#include "platform/forms/Session.h"
-#include "platform/memory/MemoryPlatform.h"
+#include "forms/Session.h"
+#include "memory/MemoryPlatform.h"
 #include "printmanager/frmPrintManager.h"
 #include "wizard/frmMain.h"
 

@@ -1,6 +1,6 @@
-#include "platform/windows/GdiObjects.h"
-#include "platform/windows/Scale.h"
-#include "platform/windows/WinBitmaps.h"
+#include "desktop/windows/GdiObjects.h"
+#include "desktop/windows/Scale.h"
+#include "desktop/windows/WinBitmaps.h"
 #include "windows/check/Check.h"
 
 #include <algorithm>

@@ -1,7 +1,7 @@
-#include "platform/RuntimeError.h"
-#include "platform/windows/RunGuarded.h"
-#include "platform/windows/WideText.h"
-#include "platform/windows/Win32.h"
+#include "base/RuntimeError.h"
+#include "desktop/windows/RunGuarded.h"
+#include "desktop/windows/WideText.h"
+#include "desktop/windows/Win32.h"
 #include "windows/check/Check.h"
 
 #include <functional>

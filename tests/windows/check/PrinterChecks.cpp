@@ -1,5 +1,5 @@
-#include "platform/windows/Win32.h"
-#include "platform/windows/WinPrinter.h"
+#include "desktop/windows/Win32.h"
+#include "desktop/windows/WinPrinter.h"
 #include "windows/check/Check.h"
 
 #include <cmath>

@@ -1,7 +1,7 @@
-#include "platform/Text.h"
-#include "platform/modRegistry.h"
-#include "platform/windows/Win32.h"
-#include "platform/windows/WinRegistry.h"
+#include "base/Text.h"
+#include "machine/modRegistry.h"
+#include "desktop/windows/Win32.h"
+#include "desktop/windows/WinRegistry.h"
 #include "windows/check/Check.h"
 
 #include <string>

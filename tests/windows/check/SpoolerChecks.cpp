@@ -1,7 +1,7 @@
-#include "platform/Text.h"
-#include "platform/windows/Win32.h"
-#include "platform/windows/WinPrinters.h"
-#include "platform/windows/WinSpooler.h"
+#include "base/Text.h"
+#include "desktop/windows/Win32.h"
+#include "desktop/windows/WinPrinters.h"
+#include "desktop/windows/WinSpooler.h"
 #include "windows/check/Check.h"
 
 #include <cstddef>

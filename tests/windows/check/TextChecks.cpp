@@ -1,8 +1,8 @@
-#include "platform/Text.h"
-#include "platform/windows/WideText.h"
-#include "platform/windows/Win32.h"
-#include "platform/windows/WinClock.h"
-#include "platform/windows/WinLocale.h"
+#include "base/Text.h"
+#include "desktop/windows/WideText.h"
+#include "desktop/windows/Win32.h"
+#include "desktop/windows/WinClock.h"
+#include "desktop/windows/WinLocale.h"
 #include "windows/check/Check.h"
 
 #include <string>

@@ -1,0 +1,10 @@
+#pragma once
+
+#include "desktop/cups/CupsMedia.h"
+
+namespace platform::qt {
+
+/// Papers, bins and margins as the attributes of a queue tell them.
+CupsMedia MediaOfAttributes(ipp_t* attributes);
+
+} // namespace platform::qt

@@ -1,0 +1,122 @@
+#include "desktop/qt/GlyphTable.h"
+
+#include "base/Text.h"
+#include "desktop/qt/Fonts.h"
+
+#include <QByteArray>
+#include <QGlyphRun>
+#include <QTextLayout>
+#include <QtEndian>
+
+namespace platform::qt {
+
+namespace {
+
+/// How many characters beyond Latin-1 are kept at a time. A text that holds more is only slower.
+constexpr std::size_t MostOtherGlyphs = 4096;
+
+// Places in a font file's OS/2 table.
+constexpr qsizetype WinAscentAt = 74;
+constexpr qsizetype WinDescentAt = 76;
+
+bool IsControl(char32_t code) {
+    return code < 0x20 || (code >= 0x7F && code < 0xA0);
+}
+
+double Table16(const QByteArray& table, qsizetype at) {
+    return qFromBigEndian<quint16>(table.constData() + at);
+}
+
+/// The face of a font. To look one up in the desktop's font configuration takes longer than to have one that
+/// is there at another size; but a bitmap font has a file for each size.
+QRawFont FaceOf(const QFont& font, const GlyphTable* sibling) {
+    if (sibling != nullptr && sibling->Face(0).unitsPerEm() > 0) {
+        QRawFont face = sibling->Face(0);
+        face.setPixelSize(font.pixelSize());
+        if (face.isValid()) {
+            return face;
+        }
+    }
+    return QRawFont::fromFont(font);
+}
+
+} // namespace
+
+GlyphTable::GlyphTable(const FontSpec& font, const GlyphTable* sibling)
+    : spec_(font), font_(DesignFont(font)), faces_{FaceOf(font_, sibling)} {
+    const QRawFont& face = faces_.front();
+    const QByteArray os2 = face.fontTable("OS/2");
+    if (os2.size() >= WinDescentAt + 2 && face.unitsPerEm() > 0) {
+        const double scale = face.pixelSize() / face.unitsPerEm();
+        ascent_ = Table16(os2, WinAscentAt) * scale;
+        lineHeight_ = ascent_ + Table16(os2, WinDescentAt) * scale;
+    } else { // a bitmap or Type 1 font
+        ascent_ = face.ascent();
+        lineHeight_ = ascent_ + face.descent();
+    }
+}
+
+double GlyphTable::Width(std::string_view text) {
+    double width = 0;
+    while (!text.empty()) {
+        const auto byte = static_cast<unsigned char>(text.front());
+        if (byte < 0x80) {
+            width += Of(byte).Advance;
+            text.remove_prefix(1);
+        } else {
+            const text::Decoded next = text::DecodeFirst(text);
+            width += Of(next.code).Advance;
+            text.remove_prefix(next.bytes);
+        }
+    }
+    return width;
+}
+
+const GlyphTable::Glyph& GlyphTable::Find(char32_t code) {
+    if (code < table_.size()) {
+        known_[code] = true;
+        return table_[code] = Make(code);
+    }
+    if (const auto found = others_.find(code); found != others_.end()) {
+        return found->second;
+    }
+    if (others_.size() >= MostOtherGlyphs) {
+        others_.clear();
+    }
+    return others_[code] = Make(code);
+}
+
+GlyphTable::Glyph GlyphTable::Make(char32_t code) {
+    if (IsControl(code)) {
+        return {};
+    }
+    const QString character = QString::fromUcs4(&code, 1);
+    Glyph glyph;
+    if (const QList<quint32> own = faces_.front().glyphIndexesForString(character); own.size() == 1) {
+        glyph.Index = own.front();
+    }
+    if (glyph.Index == 0) {
+        QTextLayout layout(character, font_);
+        layout.beginLayout();
+        layout.createLine();
+        layout.endLayout();
+        const QList<QGlyphRun> runs = layout.glyphRuns();
+        if (!runs.isEmpty() && !runs.front().glyphIndexes().isEmpty()) {
+            const QRawFont& face = runs.front().rawFont();
+            glyph.Index = runs.front().glyphIndexes().front();
+            while (glyph.Face < faces_.size() && !(faces_[glyph.Face] == face)) {
+                ++glyph.Face;
+            }
+            if (glyph.Face == faces_.size()) {
+                faces_.push_back(face);
+            }
+        }
+    }
+    const QList<QPointF> advance =
+        faces_[glyph.Face].advancesForGlyphIndexes(QList<quint32>{glyph.Index}, QRawFont::UseDesignMetrics);
+    glyph.Advance = advance.isEmpty() ? 0 : advance.front().x();
+    glyph.Visible = true;
+    return glyph;
+}
+
+} // namespace platform::qt

@@ -1,0 +1,106 @@
+#include "desktop/qt/PdfDocument.h"
+
+#include "base/RuntimeError.h"
+#include "desktop/qt/PageDevice.h"
+
+#include <QIODevice>
+#include <QPageLayout>
+#include <QPageSize>
+
+#include <cmath>
+
+#ifdef __GLIBC__
+#include <malloc.h>
+#endif
+
+namespace platform::qt {
+
+namespace {
+
+constexpr int UnitsPerInch = 7200;
+constexpr double UnitsPerTwip = 5;
+constexpr double TwipsPerPoint = 20;
+
+/// Glyphs that are kept back before they go into the file.
+constexpr std::size_t MostGathered = 4096;
+
+/// To compress a page the toolkit takes 32 MB of addresses, of which it uses some 300 KB. As the C library
+/// comes, it gives them back to the system after every page, and asks for them again.
+void KeepMemoryOfPages() {
+#ifdef __GLIBC__
+    constexpr int block = 32 * 1024 * 1024;
+    mallopt(M_MMAP_THRESHOLD, block);
+    mallopt(M_TRIM_THRESHOLD, 2 * block);
+#endif
+}
+
+QPageLayout LayoutOf(const Sheet& sheet) {
+    const bool wide = sheet.Width > sheet.Height;
+    QSizeF upright(sheet.Width / TwipsPerPoint, sheet.Height / TwipsPerPoint);
+    if (wide) {
+        upright.transpose();
+    }
+    return QPageLayout(QPageSize(upright, QPageSize::Point, QString(), QPageSize::FuzzyMatch),
+                       wide ? QPageLayout::Landscape : QPageLayout::Portrait, QMarginsF());
+}
+
+} // namespace
+
+PdfDocument::PdfDocument(QIODevice& output, const std::string& title, const Sheet& sheet)
+    : output_(output), writer_(&output_) {
+    KeepMemoryOfPages();
+    writer_.setResolution(UnitsPerInch);
+    writer_.setTitle(QString::fromStdString(title));
+    writer_.setCreator(QStringLiteral("Drukkeuring"));
+    writer_.setPageLayout(LayoutOf(sheet));
+    if (!painter_.begin(&writer_)) {
+        throw RuntimeError(ErrorPrinter, "Het document kon niet worden begonnen.");
+    }
+    Place(sheet);
+}
+
+QPainter& PdfDocument::Painter() {
+    DrawGathered();
+    return painter_;
+}
+
+void PdfDocument::DrawGlyphs(const QRawFont& face, std::span<const quint32> glyphs,
+                             std::span<const QPointF> places) {
+    if (glyphs_.size() > MostGathered || !(face == face_)) {
+        DrawGathered();
+        face_ = face;
+    }
+    glyphs_.insert(glyphs_.end(), glyphs.begin(), glyphs.end());
+    for (const QPointF& place : places) {
+        places_.emplace_back(std::round(place.x()), std::round(place.y()));
+    }
+}
+
+void PdfDocument::DrawGathered() {
+    if (!glyphs_.empty()) {
+        DrawGlyphRun(painter_, face_, glyphs_, places_);
+        glyphs_.clear();
+        places_.clear();
+    }
+}
+
+void PdfDocument::NewPage(const Sheet& sheet) {
+    DrawGathered();
+    writer_.setPageLayout(LayoutOf(sheet));
+    if (output_.HasFailed() || !writer_.newPage()) {
+        throw RuntimeError(ErrorPrinter, "De volgende pagina kon niet worden begonnen.");
+    }
+    Place(sheet);
+}
+
+void PdfDocument::End() {
+    DrawGathered();
+    painter_.end();
+}
+
+void PdfDocument::Place(const Sheet& sheet) {
+    painter_.setTransform(
+        QTransform::fromTranslate(sheet.OriginX * UnitsPerTwip, sheet.OriginY * UnitsPerTwip));
+}
+
+} // namespace platform::qt

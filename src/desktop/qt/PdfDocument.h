@@ -1,0 +1,54 @@
+#pragma once
+
+#include <QPainter>
+#include <QPdfWriter>
+#include <QRawFont>
+#include <QString>
+
+#include <span>
+#include <vector>
+
+#include "desktop/qt/PdfOutput.h"
+
+class QIODevice;
+
+namespace platform::qt {
+
+/// A sheet as it is drawn on, turned already; twips.
+struct Sheet {
+    double Width = 0;
+    double Height = 0;
+    double OriginX = 0; ///< where the printable area begins
+    double OriginY = 0;
+};
+
+/// A PDF that is written as it is drawn, page by page, so a long document takes no more memory than a short
+/// one.
+class PdfDocument {
+  public:
+    PdfDocument(QIODevice& output, const std::string& title, const Sheet& sheet);
+
+    /// Draws in units of 1/7200 inch from the top left of the printable area.
+    QPainter& Painter();
+    /// Draws glyphs of one face at their places, rounded to whole units: 0.002 mm at most. Those of texts
+    /// that follow on each other in one face go into the file together.
+    void DrawGlyphs(const QRawFont& face, std::span<const quint32> glyphs, std::span<const QPointF> places);
+    void NewPage(const Sheet& sheet);
+    /// Writes what is left. Whether the device has taken all is for the device to tell.
+    void End();
+
+  private:
+    void Place(const Sheet& sheet);
+    void DrawGathered();
+
+    PdfOutput output_;
+    QPdfWriter writer_;
+    QPainter painter_;
+
+    // Not yet in the file.
+    QRawFont face_;
+    std::vector<quint32> glyphs_;
+    std::vector<QPointF> places_;
+};
+
+} // namespace platform::qt

@@ -1,0 +1,184 @@
+#include "desktop/qt/PdfPrinter.h"
+
+#include "base/RuntimeError.h"
+#include "desktop/qt/ArrowPointer.h"
+#include "desktop/qt/FileJob.h"
+#include "desktop/cups/PaperTable.h"
+#include "desktop/cups/SheetSize.h"
+
+#include <QApplication>
+#include <QDir>
+#include <QFile>
+#include <QFileDialog>
+#include <QFileInfo>
+#include <QLabel>
+#include <QMessageBox>
+#include <QStandardPaths>
+
+#include <algorithm>
+#include <array>
+#include <utility>
+
+namespace platform::qt {
+
+namespace {
+
+/// Bytes of a name without its ending. File systems take 255, and while the file is written it has a mark of
+/// a few letters behind it.
+constexpr qsizetype LongestFileName = 200;
+
+/// The sheet of three forms has no code of its own.
+constexpr std::int16_t PaperForm = FirstPrivateId;
+
+/// A name and where it stands in the settings.
+struct Setting {
+    const char* Name;
+    std::int16_t QueueSettings::*Value;
+};
+constexpr std::array<Setting, 3> StoredSettings = {{
+    {"orientation", &QueueSettings::Orientation},
+    {"paper", &QueueSettings::PaperId},
+    {"bin", &QueueSettings::BinId},
+}};
+
+QString OwnSettingsFile() {
+    return QStandardPaths::writableLocation(QStandardPaths::GenericConfigLocation) +
+           QStringLiteral("/drukkeuring/pdf-bestand.conf");
+}
+
+Paper PaperOf(std::int16_t id, const char* name, double width, double height) {
+    Paper paper;
+    paper.Id = id;
+    paper.Name = name;
+    paper.Width = width;
+    paper.Height = height;
+    return paper;
+}
+
+double TwipsOfMillimetres(double millimetres) {
+    return millimetres / 25.4 * 1440;
+}
+
+double TwipsOfInches(double inches) {
+    return inches * 1440;
+}
+
+QString WithEnding(const QString& path) {
+    return QFileInfo(path).suffix().isEmpty() ? path + QStringLiteral(".pdf") : path;
+}
+
+bool MayReplace(const QString& path, const QString& title) {
+    QMessageBox box(QApplication::activeWindow());
+    box.setIcon(QMessageBox::Warning);
+    box.setWindowTitle(title);
+    box.setTextFormat(Qt::PlainText);
+    box.setText(
+        QStringLiteral("Het bestand %1 bestaat al.\nWilt u het vervangen?").arg(QFileInfo(path).fileName()));
+    box.setStandardButtons(QMessageBox::Yes | QMessageBox::No);
+    box.setDefaultButton(QMessageBox::No);
+    return box.exec() == QMessageBox::Yes;
+}
+
+// The toolkit's own dialog, where the desktop has none, ties only the name of the file to its label: a screen
+// reader would know the other two boxes by nothing but what is chosen in them.
+void TieLabels(const QFileDialog& dialog) {
+    for (const auto& [name, box] :
+         {std::pair("lookInLabel", "lookInCombo"), {"fileTypeLabel", "fileTypeCombo"}}) {
+        if (auto* label = dialog.findChild<QLabel*>(QLatin1String(name))) {
+            label->setBuddy(dialog.findChild<QWidget*>(QLatin1String(box)));
+        }
+    }
+}
+
+} // namespace
+
+std::optional<QString> AskForPdfFile(const QString& proposed) {
+    static QString folder = QStandardPaths::writableLocation(QStandardPaths::DocumentsLocation);
+    QFileDialog dialog(QApplication::activeWindow(), QStringLiteral("Opslaan als PDF-bestand"), folder,
+                       QStringLiteral("PDF-bestanden (*.pdf);;Alle bestanden (*)"));
+    dialog.setAcceptMode(QFileDialog::AcceptSave);
+    dialog.setFileMode(QFileDialog::AnyFile);
+    dialog.setOption(
+        QFileDialog::DontConfirmOverwrite); // a dialog of the desktop asks before the ending is added
+    dialog.setLabelText(QFileDialog::LookIn, QStringLiteral("Map:"));
+    dialog.setLabelText(QFileDialog::FileName, QStringLiteral("Bestandsnaam:"));
+    dialog.setLabelText(QFileDialog::FileType, QStringLiteral("Bestandstype:"));
+    dialog.setLabelText(QFileDialog::Accept, QStringLiteral("Opslaan"));
+    dialog.setLabelText(QFileDialog::Reject, QStringLiteral("Annuleren"));
+    TieLabels(dialog);
+    dialog.selectFile(proposed);
+    const ArrowPointer arrow;
+    while (dialog.exec() == QDialog::Accepted && !dialog.selectedFiles().isEmpty()) {
+        const QString path = WithEnding(dialog.selectedFiles().front());
+        if (!QFileInfo::exists(path) || MayReplace(path, dialog.windowTitle())) {
+            folder = dialog.directory().absolutePath();
+            return path;
+        }
+    }
+    return std::nullopt;
+}
+
+QString FileNameForTitle(const std::string& title) {
+    QString name;
+    for (const QChar c : QString::fromStdString(title)) {
+        name += c.category() == QChar::Other_Control || QStringLiteral("/\\:*?\"<>|").contains(c)
+                    ? QChar(u'-')
+                    : c;
+    }
+    name = name.trimmed();
+    while (name.startsWith(u'.')) {
+        name.remove(0, 1);
+    }
+    while (QFile::encodeName(name).size() > LongestFileName) {
+        name.chop(name.size() > 1 && name.back().isLowSurrogate() ? 2 : 1);
+    }
+    return (name.isEmpty() ? QStringLiteral("Document") : name) + QStringLiteral(".pdf");
+}
+
+PdfPrinter::PdfPrinter(FileAsker asker, const QString& settingsFile)
+    : asker_(std::move(asker)), defaults_(settingsFile.isEmpty() ? OwnSettingsFile() : settingsFile, {}),
+      papers_{PaperOf(PaperForm, FormSheetName, FormSheet.Width, FormSheet.Height),
+              PaperOf(PaperA4, "A4", TwipsOfMillimetres(210), TwipsOfMillimetres(297)),
+              PaperOf(PaperA5, "A5", TwipsOfMillimetres(148), TwipsOfMillimetres(210)),
+              PaperOf(PaperLetter, "Letter", TwipsOfInches(8.5), TwipsOfInches(11)),
+              PaperOf(PaperLegal, "Legal", TwipsOfInches(8.5), TwipsOfInches(14))} {
+    Bin bin;
+    bin.Id = BinAutomatic;
+    bin.Name = "Automatisch";
+    bins_.push_back(bin);
+}
+
+std::string PdfPrinter::Comment() {
+    return "Elk document wordt een PDF-bestand";
+}
+
+QueueSettings PdfPrinter::SettingsByFile() const {
+    QueueSettings settings{Portrait, PaperForm, BinAutomatic, 1};
+    const CupsOptions options = defaults_.Options(DeviceName());
+    for (const Setting& setting : StoredSettings) {
+        const auto option = options.find(setting.Name);
+        if (option != options.end()) {
+            bool isNumber = false;
+            const short value = QByteArray::fromStdString(option->second).toShort(&isNumber);
+            settings.*setting.Value = isNumber ? value : settings.*setting.Value;
+        }
+    }
+    if (settings.Orientation != Landscape) {
+        settings.Orientation = Portrait;
+    }
+    return settings;
+}
+
+QueueSettings PdfPrinter::ReadSettings() {
+    return chosen_.Over(SettingsByFile(), papers_, bins_);
+}
+
+void PdfPrinter::WriteSettings(const QueueSettings& settings) {
+    chosen_.Write(settings, SettingsByFile());
+}
+
+std::unique_ptr<PrintJob> PdfPrinter::BeginJob(const std::string& title, const Paper&, const Bin*) {
+    return std::make_unique<FileJob>(asker_(FileNameForTitle(title)));
+}
+
+} // namespace platform::qt

@@ -1,0 +1,39 @@
+#pragma once
+
+#include "machine/Canvas.h"
+#include "desktop/qt/GlyphTable.h"
+#include "desktop/qt/PageDevice.h"
+
+#include <QPointF>
+
+#include <memory>
+#include <vector>
+
+namespace platform::qt {
+
+/// Drawing by Qt on any device. A text stands with the top of its line (the font's Windows ascent above the
+/// base line) at the cursor, and its measured width is the printed one.
+class QtCanvas : public Canvas {
+  public:
+    explicit QtCanvas(PageDevice& device);
+
+    TextSize MeasureText(std::string_view text, const FontSpec& font) override;
+    void DrawText(double x, double y, std::string_view text, const FontSpec& font) override;
+    void DrawLine(double x1, double y1, double x2, double y2, std::int32_t colour) override;
+    void NewPage() override;
+    void EndDocument() override;
+
+  private:
+    GlyphTable& TableOf(const FontSpec& font);
+    void DrawRun(const QRawFont& face);
+
+    PageDevice& device_;
+    std::vector<std::unique_ptr<GlyphTable>> tables_;
+    GlyphTable* last_ = nullptr;
+
+    // Room for one text, kept from call to call.
+    std::vector<quint32> glyphs_;
+    std::vector<QPointF> places_;
+};
+
+} // namespace platform::qt

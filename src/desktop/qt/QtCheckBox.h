@@ -1,0 +1,24 @@
+#pragma once
+
+#include "forms/CheckBox.h"
+#include "desktop/qt/QtControl.h"
+
+class QCheckBox;
+
+namespace platform::qt {
+
+class QtCheckBox final : public QtControl {
+  public:
+    QtCheckBox(forms::CheckBox& control, QtForm& form, QWidget* parent);
+
+    bool KeyPressed(const QKeyEvent& event, int virtualKey) override;
+
+  protected:
+    void MirrorContent(forms::Aspect aspect) override;
+
+  private:
+    forms::CheckBox& model_;
+    QCheckBox* box_;
+};
+
+} // namespace platform::qt

@@ -1,0 +1,20 @@
+#include "desktop/qt/QtClock.h"
+
+#include <QDateTime>
+
+namespace platform::qt {
+
+DateTime QtClock::Now() const {
+    const QDateTime now = QDateTime::currentDateTime();
+    const QDate date = now.date();
+    const QTime time = now.time();
+    return {.Year = date.year(),
+            .Month = date.month(),
+            .Day = date.day(),
+            .Hour = time.hour(),
+            .Minute = time.minute(),
+            .Second = time.second(),
+            .Millisecond = time.msec()};
+}
+
+} // namespace platform::qt

@@ -1,0 +1,25 @@
+#pragma once
+
+#include "forms/ChoiceControl.h"
+#include "desktop/qt/QtControl.h"
+
+class QComboBox;
+
+namespace platform::qt {
+
+class QtComboBox final : public QtControl {
+  public:
+    QtComboBox(forms::ComboBox& control, QtForm& form, QWidget* parent);
+
+  protected:
+    bool Filter(QObject* watched, QEvent* event) override;
+    void MirrorContent(forms::Aspect aspect) override;
+
+  private:
+    void WidenList();
+
+    forms::ComboBox& model_;
+    QComboBox* combo_;
+};
+
+} // namespace platform::qt

@@ -1,0 +1,72 @@
+#pragma once
+
+#include <QObject>
+#include <QWidget>
+
+#include <memory>
+
+#include "forms/Control.h"
+
+class QKeyEvent;
+class QMouseEvent;
+
+namespace platform::qt {
+
+class QtForm;
+
+/// The real control behind one control of a form. Mirror() brings the widget in line with the form's control
+/// and is silent (the widget's signals are blocked meanwhile); what the user does reaches the form's control
+/// through its User... calls alone, after which the widget is brought in line again. There is thus one truth,
+/// and no loop. Each kind is one small class; the toolkit moves no focus by itself, the form does.
+class QtControl : public QObject {
+  public:
+    QtControl(forms::Control& control, QtForm& form, QWidget* widget);
+
+    forms::Control& Model() const { return model_; }
+    /// nullptr for a kind without a picture on the screen.
+    QWidget* Widget() const { return widget_; }
+    /// Where the controls go that this one holds.
+    virtual QWidget* Area() const { return widget_; }
+
+    virtual void Mirror(forms::Aspect aspect);
+    void MirrorAll();
+
+    /// The form has moved the focus here.
+    virtual void TakeFocus();
+
+    /// A key that is none of Tab, Enter and Escape. True keeps it from the widget.
+    virtual bool KeyPressed(const QKeyEvent& event, int virtualKey);
+
+    bool eventFilter(QObject* watched, QEvent* event) final;
+
+  protected:
+    /// An event of the widget or of a watched part of it. True keeps it from there.
+    virtual bool Filter(QObject* watched, QEvent* event);
+    QtForm& Form() const { return form_; }
+
+    /// What is particular to the kind.
+    virtual void MirrorContent(forms::Aspect /*aspect*/) {}
+    virtual void Place();
+    virtual void Colour();
+
+    /// A click of the user; the widget shows afterwards what the form made of it.
+    void Click();
+    /// A press of a mouse button, before the widget sees it. True keeps it from the widget.
+    virtual bool MousePressed(const QMouseEvent& event);
+
+    /// Watches a part of the widget that takes input on its own.
+    void Watch(QWidget* part) { part->installEventFilter(this); }
+
+  private:
+    void MirrorFont();
+    QColor TextColour(const QPalette& theme) const;
+
+    forms::Control& model_;
+    QtForm& form_;
+    QWidget* widget_;
+};
+
+/// Makes the real control of the right kind within `parent`.
+std::unique_ptr<QtControl> MakeQtControl(forms::Control& control, QtForm& form, QWidget* parent);
+
+} // namespace platform::qt

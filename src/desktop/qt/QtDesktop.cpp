@@ -1,0 +1,194 @@
+#include "desktop/qt/QtDesktop.h"
+
+#include "forms/CaughtError.h"
+#include "desktop/qt/ArrowPointer.h"
+#include <QApplication>
+#include <QKeyEvent>
+#include <QMessageBox>
+#include <QScreen>
+
+#include <algorithm>
+#include <limits>
+
+#include "forms/Form.h"
+#include "desktop/qt/Guarded.h"
+#include "desktop/qt/MessageIcons.h"
+#include "desktop/qt/QtForm.h"
+#include "desktop/qt/QtText.h"
+#include "desktop/qt/Scale.h"
+
+namespace platform::qt {
+
+namespace {
+
+ScreenArea InTwips(const QRect& area) {
+    return {ToTwips(area.left()), ToTwips(area.top()), ToTwips(area.width()), ToTwips(area.height())};
+}
+
+QMessageBox::Icon IconOf(MessageIcon icon) {
+    switch (icon) {
+    case MessageIcon::Exclamation:
+        return QMessageBox::Warning;
+    case MessageIcon::Critical:
+        return QMessageBox::Critical;
+    case MessageIcon::Information:
+        break;
+    }
+    return QMessageBox::Information;
+}
+
+/// The widget of a form's or a control's handle; nullptr if it is gone.
+QWidget* WidgetOf(std::uintptr_t handle) {
+    if (QWidget* window = QWidget::find(static_cast<WId>(handle))) {
+        return window;
+    }
+    const QWidgetList all = QApplication::allWidgets();
+    const auto found = std::find_if(all.begin(), all.end(), [handle](const QWidget* widget) {
+        return reinterpret_cast<std::uintptr_t>(widget) == handle;
+    });
+    return found == all.end() ? nullptr : *found;
+}
+
+} // namespace
+
+QtDesktop::QtDesktop() {
+    // The program ends when its forms are gone, which is not the same as a window that is hidden for a
+    // moment.
+    QApplication::setQuitOnLastWindowClosed(false);
+    qApp->installEventFilter(this);
+    toldBefore_ = TellFailuresOn(this);
+}
+
+QtDesktop::~QtDesktop() {
+    TellFailuresOn(toldBefore_);
+    SetMousePointer(PointerDefault);
+}
+
+std::unique_ptr<forms::FormPeer> QtDesktop::CreatePeer(forms::Form& form) {
+    return std::make_unique<QtForm>(form, *this);
+}
+
+QtForm* QtDesktop::PeerOf(const forms::Form& form) const {
+    const auto found = peers_.find(&form);
+    return found == peers_.end() ? nullptr : found->second;
+}
+
+void QtDesktop::Opened(forms::Form& form, QtForm& peer) {
+    peers_[&form] = &peer;
+}
+
+void QtDesktop::Shown(forms::Form& form) {
+    shown_.push_back(&form);
+}
+
+void QtDesktop::Hidden(forms::Form& form) {
+    std::erase(shown_, &form);
+    if (QWidget* top = TopWindow()) {
+        top->activateWindow();
+    } else if (running_) {
+        QApplication::quit();
+    }
+}
+
+void QtDesktop::Gone(forms::Form& form) {
+    peers_.erase(&form);
+    std::erase(shown_, &form);
+}
+
+QWidget* QtDesktop::TopWindow() const {
+    return shown_.empty() ? nullptr : PeerOf(*shown_.back())->Window();
+}
+
+void QtDesktop::Run() {
+    if (!shown_.empty()) {
+        running_ = true;
+        QApplication::exec();
+        running_ = false;
+    }
+}
+
+void QtDesktop::RunModal(forms::Form& form) {
+    if (QtForm* peer = PeerOf(form)) {
+        peer->RunModal();
+    }
+}
+
+void QtDesktop::Yield() {
+    QCoreApplication::processEvents();
+}
+
+void QtDesktop::MsgBox(const std::string& text, MessageIcon icon, const std::string& title) {
+    QMessageBox box(IconOf(icon), ToQString(title), ToQString(text), QMessageBox::Ok, TopWindow());
+    box.setTextFormat(Qt::PlainText);
+    SharpenIcon(box);
+    const ArrowPointer arrow;
+    box.exec();
+    if (QWidget* top = TopWindow()) {
+        top->activateWindow();
+    }
+}
+
+void QtDesktop::UnhandledError(const RuntimeError& error) {
+    MsgBox(UnhandledErrorText(error), MessageIcon::Critical,
+           TopWindow() == nullptr ? "" : FromQString(TopWindow()->windowTitle()));
+}
+
+std::int16_t QtDesktop::GetKeyState(int virtualKey) {
+    constexpr std::int16_t down = std::numeric_limits<std::int16_t>::min();
+    return virtualKey == key::Tab && tabDown_ ? down : std::int16_t{0};
+}
+
+bool QtDesktop::eventFilter(QObject* watched, QEvent* event) {
+    switch (event->type()) {
+    case QEvent::KeyPress:
+    case QEvent::KeyRelease: {
+        const auto* pressed = static_cast<QKeyEvent*>(event);
+        if (pressed->key() == Qt::Key_Tab || pressed->key() == Qt::Key_Backtab) {
+            tabDown_ = event->type() == QEvent::KeyPress || pressed->isAutoRepeat();
+        }
+        break;
+    }
+    case QEvent::ApplicationDeactivate: // the key may be let go elsewhere
+        tabDown_ = false;
+        break;
+    default:
+        break;
+    }
+    return QObject::eventFilter(watched, event);
+}
+
+void QtDesktop::SetMousePointer(int pointer) {
+    const bool wanted = pointer == PointerHourglass;
+    if (wanted == hourglass_) {
+        return;
+    }
+    hourglass_ = wanted;
+    if (hourglass_) {
+        QGuiApplication::setOverrideCursor(Qt::WaitCursor);
+    } else {
+        QGuiApplication::restoreOverrideCursor();
+    }
+}
+
+void QtDesktop::LockWindowUpdate(std::uintptr_t window) {
+    if (locked_ != nullptr) {
+        locked_->setUpdatesEnabled(true);
+        locked_ = nullptr;
+    }
+    if (window != 0) {
+        locked_ = WidgetOf(window);
+        if (locked_ != nullptr) {
+            locked_->setUpdatesEnabled(false);
+        }
+    }
+}
+
+ScreenArea QtDesktop::Screen() {
+    return InTwips(QGuiApplication::primaryScreen()->geometry());
+}
+
+ScreenArea QtDesktop::WorkArea() {
+    return InTwips(QGuiApplication::primaryScreen()->availableGeometry());
+}
+
+} // namespace platform::qt

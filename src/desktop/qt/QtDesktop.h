@@ -1,0 +1,65 @@
+#pragma once
+
+#include <QObject>
+#include <QPointer>
+#include <QWidget>
+
+#include <unordered_map>
+#include <vector>
+
+#include "forms/Desktop.h"
+#include "forms/WindowProcedureTable.h"
+
+namespace platform::qt {
+
+class QtForm;
+
+/// The user's desktop through the toolkit's widgets. Needs a QApplication. While it is there it tells the
+/// user of failures that no handler of the program knows.
+class QtDesktop final : public QObject, public Desktop {
+  public:
+    QtDesktop();
+    ~QtDesktop() override;
+
+    std::unique_ptr<forms::FormPeer> CreatePeer(forms::Form& form) override;
+    void RunModal(forms::Form& form) override;
+    void Yield() override;
+    void MsgBox(const std::string& text, MessageIcon icon, const std::string& title) override;
+    std::int16_t GetKeyState(int virtualKey) override;
+    void SetMousePointer(int pointer) override;
+    void LockWindowUpdate(std::uintptr_t window) override;
+    ScreenArea Screen() override;
+    ScreenArea WorkArea() override;
+    void UnhandledError(const RuntimeError& error) override;
+
+    /// Runs the message loop until no form is shown.
+    void Run();
+
+    /// Window of the form that was shown last; nullptr if none is shown.
+    QWidget* TopWindow() const;
+
+    /// The procedures of the forms' windows.
+    forms::WindowProcedureTable& Windows() { return windows_; }
+
+    // What the forms' windows tell.
+    void Opened(forms::Form& form, QtForm& peer);
+    void Shown(forms::Form& form);
+    void Hidden(forms::Form& form);
+    void Gone(forms::Form& form);
+
+    bool eventFilter(QObject* watched, QEvent* event) override;
+
+  private:
+    QtForm* PeerOf(const forms::Form& form) const;
+
+    forms::WindowProcedureTable windows_;
+    std::unordered_map<const forms::Form*, QtForm*> peers_;
+    std::vector<const forms::Form*> shown_;
+    QPointer<QWidget> locked_;
+    Desktop* toldBefore_ = nullptr; // of failures that nobody knows, while this one is
+    bool tabDown_ = false;
+    bool hourglass_ = false;
+    bool running_ = false;
+};
+
+} // namespace platform::qt

@@ -1,0 +1,28 @@
+#pragma once
+
+#include "forms/cmdButtonXP.h"
+#include "desktop/qt/QtControl.h"
+
+namespace platform::qt {
+
+class PictureWidget;
+
+class QtFlatButton final : public QtControl {
+  public:
+    QtFlatButton(cmdButtonXP& control, QtForm& form, QWidget* parent);
+
+    void Mirror(forms::Aspect aspect) override;
+
+  protected:
+    void MirrorContent(forms::Aspect aspect) override;
+    bool Filter(QObject* watched, QEvent* event) override;
+
+  private:
+    void Released(const QMouseEvent& event);
+
+    cmdButtonXP& model_;
+    PictureWidget* picture_;
+    bool leftDown_ = false; // the left button of the mouse went down here
+};
+
+} // namespace platform::qt

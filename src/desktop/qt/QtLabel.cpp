@@ -1,0 +1,105 @@
+#include "desktop/qt/QtLabel.h"
+
+#include <QEvent>
+#include <QLabel>
+
+#include <algorithm>
+
+#include "forms/AccessibleNames.h"
+#include "desktop/qt/QtForm.h"
+#include "desktop/qt/QtText.h"
+#include "desktop/qt/Scale.h"
+#include "desktop/qt/TextRoom.h"
+
+namespace platform::qt {
+
+namespace {
+
+/// A text in which no "&" marks an access key.
+QString WithoutMarks(QString text) {
+    return text.replace(QStringLiteral("&"), QStringLiteral("&&"));
+}
+
+} // namespace
+
+QtLabel::QtLabel(forms::Label& control, QtForm& form, QWidget* parent)
+    : QtControl(control, form, new QLabel(parent)), model_(control), label_(static_cast<QLabel*>(Widget())) {
+    label_->setTextFormat(Qt::PlainText);
+    label_->setWordWrap(true);
+    label_->setAlignment(Qt::AlignLeft | Qt::AlignTop);
+}
+
+// The first line keeps its middle where the design put it, beside the middle of its box and of other labels,
+// also where the real font is lower than the line that the design gave it.
+void QtLabel::Place() {
+    QtControl::Place();
+    constexpr double line = 240;
+    const double first = model_.Height() < 2 * line ? model_.Height() : line;
+    const int room = ToDots(first) - label_->fontMetrics().height();
+    label_->setContentsMargins(0, std::max(0, room / 2), 0, 0);
+    ShowText();
+}
+
+/// The text, or as much of it as the label has room for: half a line at the lower edge is not readable. A
+/// label that nobody sees is not measured; it is when it comes on show.
+QString QtLabel::Fitting(const QString& text) const {
+    if (!label_->isVisible()) {
+        return text;
+    }
+    const QRect room = label_->contentsRect();
+    const QFontMetrics metrics = label_->fontMetrics();
+    const auto fits = [&](const QString& wanted) {
+        return metrics.boundingRect(QRect(0, 0, room.width(), QWIDGETSIZE_MAX), Qt::TextWordWrap, wanted)
+                   .height() <= room.height();
+    };
+    if (HasAmpleRoom(text, QFontMetricsF(label_->font(), label_), room.size()) || fits(text) ||
+        metrics.height() > room.height()) {
+        return text;
+    }
+    const auto cut = [&text](qsizetype length) { return text.left(length).trimmed() + QChar(0x2026); };
+    qsizetype shorter = 0;
+    qsizetype longer = text.size();
+    while (longer - shorter > 1) {
+        const qsizetype middle = (shorter + longer) / 2;
+        (fits(cut(middle)) ? shorter : longer) = middle;
+    }
+    return cut(shorter);
+}
+
+void QtLabel::MirrorContent(forms::Aspect aspect) {
+    if (aspect != forms::Aspect::Caption) {
+        return;
+    }
+    ShowText();
+}
+
+void QtLabel::NameWidget(QWidget* named) {
+    named_ = named;
+    ShowText();
+}
+
+void QtLabel::ShowText() {
+    // The toolkit reads a "&" as a mark only where the label has a control to go to.
+    const forms::Control* target = AccessKeyTarget(model_);
+    label_->setBuddy(target == nullptr ? named_ : Form().WidgetOf(*target));
+    const bool marked = model_.UseMnemonic() && target == nullptr;
+    const QString text = ToQString(marked ? forms::WithoutAccessKey(model_.Caption()) : model_.Caption());
+    const QString shown = Fitting(text);
+    label_->setText(target == nullptr && named_ != nullptr ? WithoutMarks(shown) : shown);
+    label_->setToolTip(PlainToolTip(shown == text ? ToQString(model_.ToolTipText()) : text));
+}
+
+bool QtLabel::Filter(QObject* watched, QEvent* event) {
+    if (event->type() == QEvent::Shortcut) {
+        if (forms::Control* target = AccessKeyTarget(model_)) {
+            target->SetFocus();
+        }
+        return true;
+    }
+    if (event->type() == QEvent::Show) {
+        ShowText();
+    }
+    return QtControl::Filter(watched, event);
+}
+
+} // namespace platform::qt

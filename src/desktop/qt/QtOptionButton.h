@@ -1,0 +1,24 @@
+#pragma once
+
+#include "forms/OptionButton.h"
+#include "desktop/qt/QtControl.h"
+
+class QRadioButton;
+
+namespace platform::qt {
+
+class QtOptionButton final : public QtControl {
+  public:
+    QtOptionButton(forms::OptionButton& control, QtForm& form, QWidget* parent);
+
+    bool KeyPressed(const QKeyEvent& event, int virtualKey) override;
+
+  protected:
+    void MirrorContent(forms::Aspect aspect) override;
+
+  private:
+    forms::OptionButton& model_;
+    QRadioButton* button_;
+};
+
+} // namespace platform::qt

@@ -1,0 +1,63 @@
+#pragma once
+
+#include <QApplication>
+
+#include "machine/Platform.h"
+#include "desktop/regfile/RegFileStore.h"
+#include "machine/SeededRandom.h"
+#include "desktop/cups/CupsSpooler.h"
+#include "desktop/qt/EndSignals.h"
+#include "desktop/qt/QtBitmaps.h"
+#include "desktop/qt/QtClock.h"
+#include "desktop/qt/QtDesktop.h"
+#include "desktop/qt/QtLocale.h"
+#include "desktop/qt/QtPrinter.h"
+#include "desktop/qt/QtPrinters.h"
+
+namespace platform::qt {
+
+/// The application object of the toolkit, speaking Dutch in its own windows as the program does.
+class DutchApplication final : public QApplication {
+  public:
+    /// Both must live as long as the object.
+    DutchApplication(int& argc, char** argv);
+
+    /// The last guard, for failures that begin in the toolkit itself.
+    bool notify(QObject* receiver, QEvent* event) override;
+};
+
+/// The Linux desktop: everything outside the program that it works with.
+class QtPlatform {
+  public:
+    /// Both must live as long as the object.
+    QtPlatform(int& argc, char** argv) : application_(argc, argv) {}
+    QtPlatform(const QtPlatform&) = delete;
+    QtPlatform& operator=(const QtPlatform&) = delete;
+
+    platform::Platform& Services() { return services_; }
+
+    /// Runs the message loop until the last form is gone.
+    void Run() { desktop_.Run(); }
+
+  private:
+    DutchApplication application_;
+    QtDesktop desktop_;
+    RegFileStore registry_{DefaultSettingsPath(), SettingsBranch, [this](const std::string& text) {
+                               desktop_.MsgBox(text, MessageIcon::Critical, "Instellingen");
+                           }};
+    QtLocale locale_;
+    QtClock clock_;
+    SeededRandom random_;
+    QtPrinters printers_;
+    QtPrinter printer_{printers_, [this](const std::string& text) {
+                           desktop_.MsgBox(text, MessageIcon::Critical, "Afdrukken");
+                       }};
+    CupsSpooler spooler_{printers_};
+    QtBitmaps bitmaps_;
+    platform::Platform services_{desktop_, registry_, locale_,  clock_,   random_,
+                                 spooler_, printers_, printer_, bitmaps_, desktop_.Windows()};
+    EndSignals ending_{[] { QCoreApplication::exit(); }, // of every loop that is open, a modal form's too
+                       [this] { return !printer_.IsPrinting(); }}; // a document under way is waited for
+};
+
+} // namespace platform::qt

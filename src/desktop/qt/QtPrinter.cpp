@@ -1,0 +1,264 @@
+#include "desktop/qt/QtPrinter.h"
+
+#include "desktop/cups/PaperTable.h"
+
+#include <algorithm>
+#include <cmath>
+#include <utility>
+
+namespace platform::qt {
+
+namespace {
+
+constexpr int DotsPerInch = 600;
+constexpr double TwipsPerDot = 1440.0 / DotsPerInch;
+constexpr double UnitsPerDot = 7200.0 / DotsPerInch;
+
+/// The sheet of a queue that tells no papers: it prints on what it has.
+const Paper Unlisted = [] {
+    Paper paper;
+    paper.Id = PaperA4;
+    paper.Name = "A4";
+    paper.Width = 210 / 25.4 * 1440;
+    paper.Height = 297 / 25.4 * 1440;
+    paper.StandIn = true;
+    return paper;
+}();
+
+int Dots(double twips) {
+    return static_cast<int>(std::lround(twips / TwipsPerDot));
+}
+
+} // namespace
+
+QtPrinter::QtPrinter(QtPrinters& printers, PrintFailureTeller teller)
+    : printers_(printers), teller_(std::move(teller)), canvas_(static_cast<PageDevice&>(*this)) {
+    Drawing.Font = PrintersOwnFont;
+}
+
+PrintQueue& QtPrinter::Queue() {
+    if (queue_ == nullptr) {
+        Assign(printers_.DefaultIndex());
+    }
+    return *queue_;
+}
+
+void QtPrinter::Assign(int index) {
+    queue_ = printers_.Share(index);
+    settings_ = queue_->ReadSettings();
+    Drawing = DrawingState{0, 0, PrintersOwnFont};
+}
+
+void QtPrinter::SetDocumentTitle(const std::string& title) {
+    Abandon();
+    title_ = title;
+}
+
+void QtPrinter::Abandon() {
+    begun_ = false;
+    DropOutput();
+}
+
+std::string QtPrinter::DeviceName() {
+    return Queue().Name();
+}
+
+std::string QtPrinter::Port() {
+    return Queue().Port();
+}
+
+std::int16_t QtPrinter::Orientation() {
+    Queue();
+    return settings_.Orientation;
+}
+
+void QtPrinter::SetOrientation(std::int16_t orientation) {
+    Queue();
+    if (orientation != Portrait && orientation != Landscape) {
+        throw RuntimeError(ErrorInvalidPropertyValue, "De afdrukrichting is ongeldig.");
+    }
+    settings_.Orientation = orientation;
+}
+
+std::int16_t QtPrinter::PaperSize() {
+    return CurrentPaper().Id;
+}
+
+void QtPrinter::SetPaperSize(std::int16_t paper) {
+    const auto& papers = Queue().Papers();
+    if (std::none_of(papers.begin(), papers.end(), [paper](const Paper& each) { return each.Id == paper; })) {
+        throw RuntimeError(ErrorInvalidPropertyValue, "De printer kent dit papierformaat niet.");
+    }
+    settings_.PaperId = paper;
+    StoreWhereUnwritten(&QueueSettings::PaperId);
+}
+
+std::int16_t QtPrinter::PaperBin() {
+    Queue();
+    return settings_.BinId;
+}
+
+void QtPrinter::SetPaperBin(std::int16_t bin) {
+    const auto& bins = Queue().Bins();
+    if (std::none_of(bins.begin(), bins.end(), [bin](const Bin& each) { return each.Id == bin; })) {
+        throw RuntimeError(ErrorInvalidPropertyValue, "De printer kent deze papierlade niet.");
+    }
+    settings_.BinId = bin;
+    StoreWhereUnwritten(&QueueSettings::BinId);
+}
+
+void QtPrinter::StoreWhereUnwritten(std::int16_t QueueSettings::*field) {
+    if (queue_->CouldNotBeOpened) {
+        QueueSettings stored = queue_->ReadSettings();
+        stored.*field = settings_.*field;
+        queue_->WriteSettings(stored);
+    }
+}
+
+std::int16_t QtPrinter::Copies() {
+    Queue();
+    return settings_.Copies;
+}
+
+const Paper& QtPrinter::CurrentPaper() {
+    const auto& papers = Queue().Papers();
+    if (papers.empty()) {
+        return Unlisted;
+    }
+    const auto found = std::find_if(papers.begin(), papers.end(),
+                                    [this](const Paper& paper) { return paper.Id == settings_.PaperId; });
+    return found == papers.end() ? papers.front() : *found;
+}
+
+const Bin* QtPrinter::CurrentBin() {
+    const auto& bins = Queue().Bins();
+    const auto found =
+        std::find_if(bins.begin(), bins.end(), [this](const Bin& bin) { return bin.Id == settings_.BinId; });
+    return found == bins.end() ? nullptr : &*found;
+}
+
+QtPrinter::Measures QtPrinter::Measure() {
+    const Paper& paper = CurrentPaper();
+    if (settings_.Orientation != Landscape) {
+        return {paper.Width, paper.Height, paper.Left, paper.Top, paper.Right, paper.Bottom};
+    }
+    // A sheet on its side has its foot at the left.
+    return {paper.Height, paper.Width, paper.Bottom, paper.Left, paper.Top, paper.Right};
+}
+
+double QtPrinter::Width() {
+    return Measure().Width;
+}
+
+double QtPrinter::Height() {
+    return Measure().Height;
+}
+
+double QtPrinter::ScaleLeft() {
+    if (!Queue().ReachableNow()) {
+        throw RuntimeError(ErrorPrinter, "De printer is niet bereikbaar.");
+    }
+    return 0;
+}
+
+double QtPrinter::ScaleWidth() {
+    const Measures sheet = Measure();
+    return sheet.Width - sheet.Left - sheet.Right;
+}
+
+double QtPrinter::ScaleHeight() {
+    const Measures sheet = Measure();
+    return sheet.Height - sheet.Top - sheet.Bottom;
+}
+
+int QtPrinter::GetDeviceCaps(int item) {
+    switch (item) {
+    case CapsLogPixelsX:
+    case CapsLogPixelsY:
+        return DotsPerInch;
+    case CapsPhysicalOffsetX:
+        return Dots(Measure().Left);
+    case CapsPhysicalOffsetY:
+        return Dots(Measure().Top);
+    default:
+        return 0;
+    }
+}
+
+Sheet QtPrinter::SheetNow() {
+    // The origin in whole dots, as GetDeviceCaps tells it.
+    const Measures sheet = Measure();
+    return {sheet.Width, sheet.Height, Dots(sheet.Left) * TwipsPerDot, Dots(sheet.Top) * TwipsPerDot};
+}
+
+QPainter* QtPrinter::Painter() {
+    return Begin() ? &document_->Painter() : nullptr;
+}
+
+bool QtPrinter::Begin() {
+    if (!begun_) {
+        BeginDocument();
+    }
+    return document_ != nullptr;
+}
+
+void QtPrinter::DrawGlyphs(const QRawFont& face, std::span<const quint32> glyphs,
+                           std::span<const QPointF> places) {
+    document_->DrawGlyphs(face, glyphs, places);
+}
+
+void QtPrinter::BeginDocument() {
+    begun_ = true; // whatever comes of it, the user is asked and told once
+    try {
+        job_ = Queue().BeginJob(title_, CurrentPaper(), CurrentBin());
+        if (QIODevice* output = job_->Output()) {
+            document_ = std::make_unique<PdfDocument>(*output, title_, SheetNow());
+        }
+    } catch (const RuntimeError& error) {
+        Fail(error);
+    }
+}
+
+void QtPrinter::NewPage() {
+    if (!Begin()) {
+        return;
+    }
+    try {
+        document_->NewPage(SheetNow());
+    } catch (const RuntimeError& error) {
+        Fail(error);
+    }
+}
+
+void QtPrinter::EndDocument() {
+    if (!begun_ || document_ == nullptr) {
+        Abandon();
+        return;
+    }
+    document_->End();
+    document_.reset();
+    try {
+        job_->Finish();
+    } catch (const RuntimeError& error) {
+        begun_ = false;
+        Fail(error);
+    }
+    Abandon();
+}
+
+void QtPrinter::DropOutput() {
+    document_.reset(); // before the job, where it writes to its end
+    job_.reset();
+}
+
+void QtPrinter::Fail(const RuntimeError& error) {
+    DropOutput();
+    teller_(error.Description());
+    throw error;
+}
+
+double QtPrinter::LineWidth() {
+    return UnitsPerDot;
+}
+
+} // namespace platform::qt

@@ -1,0 +1,90 @@
+#pragma once
+
+#include "machine/Printer.h"
+#include "base/RuntimeError.h"
+#include "desktop/qt/PageDevice.h"
+#include "desktop/qt/PdfDocument.h"
+#include "desktop/qt/QtCanvas.h"
+#include "desktop/qt/QtPrinters.h"
+
+#include <functional>
+#include <memory>
+#include <string>
+
+namespace platform::qt {
+
+/// The current printer. Until one is assigned it is the user's default.
+class QtPrinter : public Printer, private PageDevice {
+  public:
+    QtPrinter(QtPrinters& printers, PrintFailureTeller teller);
+
+    /// From a document's first output to its end.
+    bool IsPrinting() const { return begun_; }
+
+    void Assign(int index) override;
+
+    std::string DeviceName() override;
+    std::string Port() override;
+
+    std::int16_t Orientation() override;
+    void SetOrientation(std::int16_t orientation) override;
+    std::int16_t PaperSize() override;
+    void SetPaperSize(std::int16_t paper) override;
+    std::int16_t PaperBin() override;
+    void SetPaperBin(std::int16_t bin) override;
+    std::int16_t Copies() override;
+
+    double Width() override;
+    double Height() override;
+    /// A run asks for it when it opens the printer: one that is gone or does not answer is told here.
+    double ScaleLeft() override;
+    double ScaleTop() override { return 0; }
+    double ScaleWidth() override;
+    double ScaleHeight() override;
+
+    int GetDeviceCaps(int item) override;
+
+    void SetDocumentTitle(const std::string& title) override;
+    void Abandon() override;
+    Canvas& Page() override { return canvas_; }
+
+  private:
+    /// A sheet with the strips that the printer cannot reach, turned as it is drawn on; twips.
+    struct Measures {
+        double Width, Height, Left, Top, Right, Bottom;
+    };
+
+    PrintQueue& Queue();
+    const Paper& CurrentPaper();
+    const Bin* CurrentBin();
+    void StoreWhereUnwritten(std::int16_t QueueSettings::*field);
+    Measures Measure();
+    Sheet SheetNow();
+
+    QPainter* Painter() override;
+    bool Begin() override;
+    void DrawGlyphs(const QRawFont& face, std::span<const quint32> glyphs,
+                    std::span<const QPointF> places) override;
+    void NewPage() override;
+    void EndDocument() override;
+    double LineWidth() override;
+
+    void BeginDocument();
+    /// Takes what has been drawn of a document; what else is drawn of it goes nowhere.
+    void DropOutput();
+    /// Ends the document without a trace, tells the user why and passes the failure on.
+    [[noreturn]] void Fail(const RuntimeError& error);
+
+    QtPrinters& printers_;
+    PrintFailureTeller teller_;
+    std::shared_ptr<PrintQueue> queue_;
+    QueueSettings settings_;
+    std::string title_;
+    QtCanvas canvas_;
+
+    bool begun_ = false; ///< from the document's first output to its end, also if it goes nowhere
+    std::unique_ptr<PrintJob> job_;
+    std::unique_ptr<PdfDocument> document_; // behind job_, as it writes there to its end
+};
+
+} // namespace platform::qt

@@ -1,0 +1,50 @@
+#include "desktop/qt/QtStatusBar.h"
+
+#include <QLabel>
+#include <QStatusBar>
+
+#include "desktop/qt/QtText.h"
+#include "desktop/qt/Scale.h"
+
+namespace platform::qt {
+
+namespace {
+
+constexpr double SideMargin = 75; // twips
+
+} // namespace
+
+QtStatusBar::QtStatusBar(forms::StatusBar& control, QtForm& form, QWidget* parent)
+    : QtControl(control, form, new QStatusBar(parent)), model_(control),
+      bar_(static_cast<QStatusBar*>(Widget())) {
+    bar_->setSizeGripEnabled(false);
+    bar_->setContentsMargins(ToDots(SideMargin), 0, ToDots(SideMargin), 0);
+    for (int number = 1; number <= control.PanelCount(); ++number) {
+        auto* panel = new QLabel(bar_);
+        panel->setTextFormat(Qt::PlainText);
+        panel->setObjectName(QStringLiteral("%1(%2)").arg(ToQString(control.Name())).arg(number));
+        bar_->addWidget(panel, number == control.PanelCount() ? 1 : 0);
+        panels_.push_back(panel);
+    }
+}
+
+void QtStatusBar::MirrorContent(forms::Aspect aspect) {
+    if (aspect != forms::Aspect::Items) {
+        return;
+    }
+    for (int number = 1; number <= model_.PanelCount(); ++number) {
+        QLabel* panel = panels_[static_cast<std::size_t>(number - 1)];
+        panel->setText(ToQString(model_.Panel(number).Text));
+        if (number < model_.PanelCount()) { // the last one takes what is left
+            panel->setMinimumWidth(ToDots(model_.Panel(number).Width));
+        }
+    }
+}
+
+void QtStatusBar::Place() {
+    const QSize area = bar_->parentWidget()->size();
+    const int height = ToDots(model_.Height());
+    bar_->setGeometry(0, area.height() - height, area.width(), height);
+}
+
+} // namespace platform::qt

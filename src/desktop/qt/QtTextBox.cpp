@@ -1,0 +1,169 @@
+#include "desktop/qt/QtTextBox.h"
+
+#include <QApplication>
+#include <QInputMethodEvent>
+#include <QKeyEvent>
+#include <QLineEdit>
+#include <QScopedValueRollback>
+
+#include <algorithm>
+
+#include "forms/Desktop.h"
+#include "forms/Form.h"
+#include "forms/UpDown.h"
+#include "desktop/qt/Guarded.h"
+#include "desktop/qt/QtForm.h"
+#include "desktop/qt/QtText.h"
+
+namespace platform::qt {
+
+QtTextBox::QtTextBox(forms::TextBox& control, QtForm& form, QWidget* parent)
+    : QtControl(control, form, new QLineEdit(parent)), model_(control),
+      edit_(static_cast<QLineEdit*>(Widget())) {
+    connect(edit_, &QLineEdit::textEdited, this, [this] { Guarded([this] { TellEdit(); }); });
+    connect(edit_, &QLineEdit::selectionChanged, this, [this] { Guarded([this] { TellSelection(); }); });
+    connect(edit_, &QLineEdit::cursorPositionChanged, this, [this] { Guarded([this] { TellSelection(); }); });
+}
+
+int QtTextBox::SelectionStart() const {
+    return edit_->hasSelectedText() ? edit_->selectionStart() : edit_->cursorPosition();
+}
+
+void QtTextBox::TellEdit() {
+    const QString text = edit_->text();
+    const int start = SelectionStart();
+    const int length = static_cast<int>(edit_->selectedText().size());
+    const int first = CharactersIn(text, start);
+    model_.UserEdit(FromQString(text), first, CharactersIn(text, start + length) - first);
+}
+
+// The widget drops its selection when it loses the focus; the form's box keeps it.
+void QtTextBox::TellSelection() {
+    if (model_.Owner().ActiveControl() != &model_) {
+        return;
+    }
+    const QString text = edit_->text();
+    const int start = SelectionStart();
+    const int length = static_cast<int>(edit_->selectedText().size());
+    const int first = CharactersIn(text, start);
+    model_.UserSelect(first, CharactersIn(text, start + length) - first);
+}
+
+// What is typed goes in as an edit of the part that changed, so that the user can undo it; a text that the
+// program sets replaces the whole.
+void QtTextBox::ShowText() {
+    const QString wanted = ToQString(model_.Text());
+    const QString present = edit_->text();
+    if (wanted == present) {
+        return;
+    }
+    if (!typing_) {
+        edit_->setText(wanted);
+        return;
+    }
+    const auto shorter = std::min(present.size(), wanted.size());
+    qsizetype head = 0;
+    while (head < shorter && present[head] == wanted[head]) {
+        ++head;
+    }
+    qsizetype tail = 0;
+    while (tail < shorter - head && present[present.size() - 1 - tail] == wanted[wanted.size() - 1 - tail]) {
+        ++tail;
+    }
+    edit_->setSelection(static_cast<int>(head), static_cast<int>(present.size() - tail - head));
+    edit_->insert(wanted.mid(head, wanted.size() - tail - head));
+    if (edit_->text() != wanted) { // a character that a box of one line cannot hold
+        edit_->setText(wanted);
+    }
+}
+
+void QtTextBox::ShowSelection() {
+    const QString text = edit_->text();
+    const int start = UnitsOf(text, model_.SelStart());
+    const int end = UnitsOf(text, model_.SelStart() + model_.SelLength());
+    if (end > start) {
+        edit_->setSelection(start, end - start);
+    } else {
+        edit_->setCursorPosition(start);
+        edit_->deselect();
+    }
+}
+
+void QtTextBox::Mirror(forms::Aspect aspect) {
+    QtControl::Mirror(aspect);
+    if (aspect == forms::Aspect::Enabled) {
+        edit_->setReadOnly(model_.Locked());
+    }
+}
+
+void QtTextBox::MirrorContent(forms::Aspect aspect) {
+    if (aspect != forms::Aspect::Text && aspect != forms::Aspect::Selection) {
+        return;
+    }
+    ShowText();
+    ShowSelection();
+}
+
+void QtTextBox::TakeFocus() {
+    QtControl::TakeFocus();
+    Mirror(forms::Aspect::Selection);
+}
+
+bool QtTextBox::MousePressed(const QMouseEvent& event) {
+    if (!model_.CanFocus()) {
+        return false;
+    }
+    // Any button brings the focus here: the right one opens the menu of the box.
+    (void)event;
+    return !model_.Owner().MoveFocus(model_);
+}
+
+void QtTextBox::Type(const QString& text) {
+    const QScopedValueRollback rollback(typing_, true);
+    for (const char32_t character : text.toStdU32String()) {
+        model_.Owner().UserCharacter(character);
+    }
+}
+
+bool QtTextBox::KeyPressed(const QKeyEvent& event, int virtualKey) {
+    if (virtualKey == key::Backspace) {
+        const QScopedValueRollback rollback(typing_, true);
+        model_.Owner().UserKey(virtualKey);
+        return true;
+    }
+    const QString text = event.text();
+    if (!text.isEmpty() && (text[0].isPrint() || text[0].isSurrogate())) {
+        Type(text);
+        return true;
+    }
+    if (virtualKey == key::Up || virtualKey == key::Down) {
+        if (forms::UpDown* arrows = forms::UpDown::Of(model_)) {
+            arrows->UserStep(virtualKey == key::Up ? 1 : -1);
+            return true;
+        }
+    }
+    return QtControl::KeyPressed(event, virtualKey);
+}
+
+// A character that was composed of several keys is typed like any other; what is still being composed stays
+// with the widget.
+bool QtTextBox::Commit(const QInputMethodEvent& event) {
+    if (event.commitString().isEmpty()) {
+        return false;
+    }
+    Type(event.commitString());
+    QInputMethodEvent rest(event.preeditString(), event.attributes());
+    edit_->removeEventFilter(this);
+    QCoreApplication::sendEvent(edit_, &rest);
+    Watch(edit_);
+    return true;
+}
+
+bool QtTextBox::Filter(QObject* watched, QEvent* event) {
+    if (event->type() == QEvent::InputMethod) {
+        return Commit(*static_cast<QInputMethodEvent*>(event));
+    }
+    return QtControl::Filter(watched, event);
+}
+
+} // namespace platform::qt

@@ -1,0 +1,48 @@
+#include "desktop/qt/Scale.h"
+
+#include <QApplication>
+#include <QFontMetricsF>
+
+#include <algorithm>
+#include <cmath>
+
+namespace platform::qt {
+
+namespace {
+
+constexpr double TwipsPerDot = 15;
+constexpr double DesignCharacterWidth = 6;
+constexpr double DesignLineHeight = 15;
+
+double MeasuredFactor() {
+    const QFontMetricsF metrics(QApplication::font());
+    const QString sample = QStringLiteral("ABCDEFGHIJKLMNOPQRSTUVWXYZabcdefghijklmnopqrstuvwxyz");
+    const double width = metrics.horizontalAdvance(sample) / static_cast<double>(sample.size());
+    return std::max({1.0, width / DesignCharacterWidth, metrics.height() / DesignLineHeight});
+}
+
+} // namespace
+
+double ScaleFactor() {
+    static const double factor = MeasuredFactor();
+    return factor;
+}
+
+double DotsPerTwip() {
+    return ScaleFactor() / TwipsPerDot;
+}
+
+int ToDots(double twips) {
+    return static_cast<int>(std::lround(twips * DotsPerTwip()));
+}
+
+double ToTwips(double dots) {
+    return dots / DotsPerTwip();
+}
+
+QRect ToDots(double left, double top, double width, double height) {
+    const QPoint start(ToDots(left), ToDots(top));
+    return {start, QSize(ToDots(left + width) - start.x(), ToDots(top + height) - start.y())};
+}
+
+} // namespace platform::qt

@@ -1,0 +1,127 @@
+#include "desktop/windows/GdiFont.h"
+
+#include "base/RuntimeError.h"
+#include "base/Text.h"
+#include "desktop/windows/WideText.h"
+
+#include <algorithm>
+#include <cmath>
+
+namespace platform::windows {
+
+namespace {
+
+/// Points. Font files cannot be scaled much further.
+constexpr double LargestSize = 600;
+constexpr double SmallestSize = 0.01;
+constexpr double TwipsPerPoint = 20;
+constexpr double PointsPerInch = 72;
+
+/// Units of the em in most TrueType fonts, and for one that does not tell.
+constexpr int UsualUnits = 2048;
+
+/// How many characters beyond Latin-1 are kept at a time. A text that holds more is only slower.
+constexpr std::size_t MostOtherGlyphs = 4096;
+
+double PointsOf(const FontSpec& font) {
+    // Negated so that a size that is no number counts as the smallest.
+    return !(font.Size > SmallestSize) ? SmallestSize : std::min(font.Size, LargestSize);
+}
+
+/// An outline font, also where a bitmap of the same name exists: only outlines print.
+Font MakeFont(const FontSpec& font, int height, BYTE quality) {
+    LOGFONTW wanted{};
+    wanted.lfHeight = -height;
+    wanted.lfWeight = font.Bold ? FW_BOLD : FW_NORMAL;
+    wanted.lfCharSet = DEFAULT_CHARSET;
+    wanted.lfOutPrecision = OUT_OUTLINE_PRECIS;
+    wanted.lfQuality = quality;
+    const std::wstring name = ToWide(font.Name);
+    name.copy(wanted.lfFaceName, LF_FACESIZE - 1);
+    Font made(::CreateFontIndirectW(&wanted));
+    if (!made) {
+        throw OutOfMemory();
+    }
+    return made;
+}
+
+DeviceContext MeasuringDevice() {
+    DeviceContext device(::CreateCompatibleDC(nullptr));
+    if (!device) {
+        throw OutOfMemory();
+    }
+    return device;
+}
+
+int UnitsPerEm(HDC device, const Font& font) {
+    const Selected selected(device, font.Get());
+    OUTLINETEXTMETRICW metrics{};
+    metrics.otmSize = sizeof metrics;
+    const UINT told = ::GetOutlineTextMetricsW(device, sizeof metrics, &metrics);
+    return told != 0 && metrics.otmEMSquare > 0 ? static_cast<int>(metrics.otmEMSquare) : UsualUnits;
+}
+
+bool IsControl(char32_t code) {
+    return code < 0x20 || (code >= 0x7F && code < 0xA0);
+}
+
+} // namespace
+
+GdiFont::GdiFont(const FontSpec& font, BYTE quality)
+    : spec_(font), quality_(quality), design_(MakeFont(font, UsualUnits, quality)) {
+    const DeviceContext device = MeasuringDevice();
+    const int units = UnitsPerEm(device.Get(), design_);
+    if (units != UsualUnits) {
+        design_ = MakeFont(font, units, quality);
+    }
+    twipsPerUnit_ = PointsOf(font) * TwipsPerPoint / units;
+
+    const Selected selected(device.Get(), design_.Get());
+    TEXTMETRICW metrics{};
+    ::GetTextMetricsW(device.Get(), &metrics);
+    ascent_ = metrics.tmAscent * twipsPerUnit_;
+    lineHeight_ = metrics.tmHeight * twipsPerUnit_;
+}
+
+const GdiFont::Glyph& GdiFont::Find(char32_t code) {
+    if (code < table_.size()) {
+        table_[code] = Make(code);
+        known_[code] = true;
+        return table_[code];
+    }
+    if (const auto found = others_.find(code); found != others_.end()) {
+        return found->second;
+    }
+    if (others_.size() >= MostOtherGlyphs) {
+        others_.clear();
+    }
+    return others_[code] = Make(code);
+}
+
+GdiFont::Glyph GdiFont::Make(char32_t code) const {
+    if (IsControl(code)) {
+        return {};
+    }
+    Glyph glyph;
+    const std::wstring units = ToWide(text::Encode(code));
+    glyph.Count = units.copy(glyph.Units.data(), glyph.Units.size());
+
+    const DeviceContext device = MeasuringDevice();
+    const Selected selected(device.Get(), design_.Get());
+    SIZE size{};
+    ::GetTextExtentPoint32W(device.Get(), glyph.Units.data(), static_cast<int>(glyph.Count), &size);
+    glyph.Advance = size.cx * twipsPerUnit_;
+    return glyph;
+}
+
+HFONT GdiFont::At(int dotsPerInch) {
+    const int height =
+        std::max(1, static_cast<int>(std::lround(PointsOf(spec_) * dotsPerInch / PointsPerInch)));
+    if (!device_ || height != deviceHeight_) {
+        device_ = MakeFont(spec_, height, quality_);
+        deviceHeight_ = height;
+    }
+    return device_.Get();
+}
+
+} // namespace platform::windows

@@ -1,0 +1,20 @@
+#include "desktop/windows/PrintFailure.h"
+
+#include "desktop/windows/SystemReason.h"
+#include "desktop/windows/Win32.h"
+
+namespace platform::windows {
+
+RuntimeError PrinterError(const std::string& text) {
+    return {ErrorPrinter, WithReason(text, ::GetLastError())};
+}
+
+void ThrowPrintFailure(const std::string& text) {
+    const DWORD error = ::GetLastError();
+    if (error == ERROR_CANCELLED || error == ERROR_PRINT_CANCELLED) {
+        throw PrintCalledOff{};
+    }
+    throw PrinterError(text);
+}
+
+} // namespace platform::windows

@@ -1,0 +1,31 @@
+#include "desktop/windows/SystemReason.h"
+
+#include "desktop/windows/WideText.h"
+#include "desktop/windows/Win32.h"
+
+#include <iterator>
+
+namespace platform::windows {
+
+namespace {
+
+/// Empty if the system has no sentence for it.
+std::string SystemReason(DWORD error) {
+    wchar_t text[512];
+    const DWORD length = ::FormatMessageW(FORMAT_MESSAGE_FROM_SYSTEM | FORMAT_MESSAGE_IGNORE_INSERTS, nullptr,
+                                          error, 0, text, static_cast<DWORD>(std::size(text)), nullptr);
+    std::wstring_view reason(text, length);
+    while (!reason.empty() && (reason.back() == L'\r' || reason.back() == L'\n' || reason.back() == L' ')) {
+        reason.remove_suffix(1);
+    }
+    return FromWide(reason);
+}
+
+} // namespace
+
+std::string WithReason(const std::string& text, std::uint32_t error) {
+    const std::string reason = error == ERROR_SUCCESS ? std::string() : SystemReason(error);
+    return reason.empty() ? text : text + " " + reason;
+}
+
+} // namespace platform::windows

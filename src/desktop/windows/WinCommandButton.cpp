@@ -1,0 +1,33 @@
+#include "desktop/windows/WinCommandButton.h"
+
+#include "forms/Form.h"
+
+namespace platform::windows {
+
+WinCommandButton::WinCommandButton(forms::CommandButton& control, WinForm& form, const WindowPlace& place)
+    : WinControl(control, form, place, WC_BUTTONW, BS_PUSHBUTTON | WS_TABSTOP), model_(control) {}
+
+bool WinCommandButton::IsPressedByEnter() const {
+    const forms::Control* active = model_.Owner().ActiveControl();
+    return active != nullptr && active->Kind() == forms::ControlKind::CommandButton ? active == &model_
+                                                                                    : model_.Default();
+}
+
+void WinCommandButton::MirrorContent(forms::Aspect aspect) {
+    if (aspect == forms::Aspect::Caption) {
+        SetCaption(model_.Caption());
+    } else if (aspect == forms::Aspect::Value) {
+        const DWORD look = IsPressedByEnter() ? BS_DEFPUSHBUTTON : BS_PUSHBUTTON;
+        if ((static_cast<DWORD>(::GetWindowLongW(Window(), GWL_STYLE)) & BS_TYPEMASK) != look) {
+            Send(BM_SETSTYLE, look, TRUE);
+        }
+    }
+}
+
+void WinCommandButton::Notified(UINT code) {
+    if (code == BN_CLICKED) {
+        Click();
+    }
+}
+
+} // namespace platform::windows

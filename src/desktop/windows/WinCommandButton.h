@@ -1,0 +1,24 @@
+#pragma once
+
+#include "forms/CommandButton.h"
+#include "desktop/windows/WinControl.h"
+
+namespace platform::windows {
+
+class WinCommandButton final : public WinControl {
+  public:
+    WinCommandButton(forms::CommandButton& control, WinForm& form, const WindowPlace& place);
+
+    void Notified(UINT code) override;
+
+  protected:
+    void MirrorContent(forms::Aspect aspect) override;
+
+  private:
+    /// True if Enter presses this button now.
+    bool IsPressedByEnter() const;
+
+    forms::CommandButton& model_;
+};
+
+} // namespace platform::windows

@@ -1,0 +1,211 @@
+#include "desktop/windows/WinDesktop.h"
+
+#include "forms/CaughtError.h"
+#include <algorithm>
+#include <exception>
+#include <new>
+
+#include "forms/Form.h"
+#include "desktop/windows/Scale.h"
+#include "desktop/windows/WideText.h"
+#include "desktop/windows/WinForm.h"
+
+namespace platform::windows {
+
+namespace {
+
+UINT FlagsOf(MessageIcon icon) {
+    switch (icon) {
+    case MessageIcon::Exclamation:
+        return MB_OK | MB_ICONEXCLAMATION;
+    case MessageIcon::Critical:
+        return MB_OK | MB_ICONERROR;
+    case MessageIcon::Information:
+        break;
+    }
+    return MB_OK | MB_ICONINFORMATION;
+}
+
+ScreenArea InTwips(const RECT& area) {
+    const Scale scale = ScreenScale();
+    const auto twips = [&](LONG dots) { return scale.ToTwips(static_cast<int>(dots)); };
+    return {twips(area.left), twips(area.top), twips(area.right - area.left), twips(area.bottom - area.top)};
+}
+
+} // namespace
+
+WinDesktop::WinDesktop() {
+    INITCOMMONCONTROLSEX classes{};
+    classes.dwSize = sizeof classes;
+    classes.dwICC = ICC_STANDARD_CLASSES | ICC_WIN95_CLASSES;
+    ::InitCommonControlsEx(&classes);
+}
+
+// A form that scrolls has no focus. It is told of whole notches: a part of one waits here for its rest.
+bool WinDesktop::TurnsWheel(MSG& message) {
+    if (shown_.empty() || shown_.back()->ActiveControl() != nullptr) {
+        return true;
+    }
+    const std::int16_t turn = wheel_.Add(static_cast<std::int16_t>(HIWORD(message.wParam)));
+    message.wParam = MAKEWPARAM(LOWORD(message.wParam), turn);
+    return turn != 0;
+}
+
+/// False if the message asks the program to end; it then stays for the loops further out.
+bool WinDesktop::Handle(MSG& message) {
+    if (message.message == WM_QUIT) {
+        ::PostQuitMessage(static_cast<int>(message.wParam));
+        return false;
+    }
+    if (message.message != WM_MOUSEWHEEL || TurnsWheel(message)) {
+        ::TranslateMessage(&message);
+        ::DispatchMessageW(&message);
+    }
+    return true;
+}
+
+/// Handles messages one by one as long as `wanted` says, and waits for them. What another program sends is
+/// handled inside the look into the queue and never comes out of it, and may be the end all the same.
+void WinDesktop::RunLoop(const std::function<bool()>& wanted) {
+    MSG message{};
+    while (wanted()) {
+        if (ending_ != nullptr) {
+            EndWaiting();
+            if (!wanted()) {
+                return;
+            }
+        }
+        if (::PeekMessageW(&message, nullptr, 0, 0, PM_REMOVE) != FALSE) {
+            if (!Handle(message)) {
+                return;
+            }
+        } else if (wanted()) {
+            ::MsgWaitForMultipleObjectsEx(0, nullptr, INFINITE, QS_ALLINPUT, MWMO_INPUTAVAILABLE);
+        }
+    }
+}
+
+/// Closes the forms that had to wait for the one whose loop has just ended.
+void WinDesktop::EndWaiting() {
+    try {
+        ending_->End();
+    } catch (const std::exception&) {
+        TellCaught();
+    }
+}
+
+std::unique_ptr<forms::FormPeer> WinDesktop::CreatePeer(forms::Form& form) {
+    return std::make_unique<WinForm>(form, *this);
+}
+
+void WinDesktop::Opened(forms::Form& form, WinForm& peer) {
+    peers_[&form] = &peer;
+}
+
+void WinDesktop::Shown(forms::Form& form) {
+    shown_.push_back(&form);
+}
+
+void WinDesktop::Hidden(forms::Form& form) {
+    const auto peer = peers_.find(&form);
+    const bool active = peer != peers_.end() && peer->second->IsActive();
+    std::erase(shown_, &form);
+    if (HWND top = TopWindow(); top != nullptr && active) {
+        ::SetActiveWindow(top);
+    }
+}
+
+void WinDesktop::Gone(forms::Form& form) {
+    peers_.erase(&form);
+    std::erase(shown_, &form);
+}
+
+// Windows may end the program as soon as this returns. Where it does not, the loops further out close what is
+// still open, and the message ends a box that waits for the user.
+void WinDesktop::SessionEnds(forms::Session& session) {
+    ending_ = &session;
+    session.End();
+    if (shown_.empty()) {
+        ::PostQuitMessage(0);
+    }
+}
+
+bool WinDesktop::IsShown(const forms::Form& form) const {
+    return std::find(shown_.begin(), shown_.end(), &form) != shown_.end();
+}
+
+HWND WinDesktop::TopWindow() const {
+    return shown_.empty() ? nullptr : peers_.at(shown_.back())->Window();
+}
+
+std::vector<HWND> WinDesktop::ShownWindows() const {
+    std::vector<HWND> windows;
+    for (const forms::Form* form : shown_) {
+        windows.push_back(peers_.at(form)->Window());
+    }
+    return windows;
+}
+
+void WinDesktop::Run() {
+    RunLoop([this] { return !shown_.empty(); });
+}
+
+void WinDesktop::RunModal(forms::Form& form) {
+    RunLoop([&] { return IsShown(form); });
+}
+
+void WinDesktop::Yield() {
+    MSG message{};
+    while (::PeekMessageW(&message, nullptr, 0, 0, PM_REMOVE) != FALSE && Handle(message)) {
+    }
+}
+
+void WinDesktop::MsgBox(const std::string& text, MessageIcon icon, const std::string& title) {
+    HWND owner = TopWindow();
+    const UINT alone = owner == nullptr ? MB_TASKMODAL : 0U; // no window of the program takes input meanwhile
+    ::MessageBoxW(owner, ToWide(text).c_str(), ToWide(title).c_str(), FlagsOf(icon) | alone);
+}
+
+void WinDesktop::UnhandledError(const RuntimeError& error) {
+    MsgBox(UnhandledErrorText(error), MessageIcon::Critical, shown_.empty() ? "" : shown_.back()->Caption());
+}
+
+void WinDesktop::TellCaught() noexcept {
+    try {
+        platform::TellCaught(*this);
+    } catch (const std::exception&) { // no memory to tell it in words of its own
+        ::MessageBoxW(nullptr, L"Fout 7:\n\nOut of memory", nullptr, MB_OK | MB_ICONERROR | MB_TASKMODAL);
+    }
+}
+
+std::int16_t WinDesktop::GetKeyState(int virtualKey) {
+    return ::GetKeyState(virtualKey);
+}
+
+// The window under the pointer is asked for its pointer anew, as nobody may move the mouse for a while.
+void WinDesktop::SetMousePointer(int pointer) {
+    hourglass_ = pointer == PointerHourglass;
+    POINT place{};
+    ::GetCursorPos(&place);
+    HWND window = ::WindowFromPoint(place);
+    if (window != nullptr && ::GetWindowThreadProcessId(window, nullptr) == ::GetCurrentThreadId()) {
+        ::SendMessageW(window, WM_SETCURSOR, reinterpret_cast<WPARAM>(window),
+                       MAKELPARAM(HTCLIENT, WM_MOUSEMOVE));
+    }
+}
+
+void WinDesktop::LockWindowUpdate(std::uintptr_t window) {
+    ::LockWindowUpdate(reinterpret_cast<HWND>(window));
+}
+
+ScreenArea WinDesktop::Screen() {
+    return InTwips({0, 0, ::GetSystemMetrics(SM_CXSCREEN), ::GetSystemMetrics(SM_CYSCREEN)});
+}
+
+ScreenArea WinDesktop::WorkArea() {
+    RECT area{};
+    ::SystemParametersInfoW(SPI_GETWORKAREA, 0, &area, 0);
+    return InTwips(area);
+}
+
+} // namespace platform::windows

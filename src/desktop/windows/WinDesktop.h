@@ -1,0 +1,72 @@
+#pragma once
+
+#include <functional>
+#include <unordered_map>
+#include <vector>
+
+#include "forms/Desktop.h"
+#include "forms/WheelTurn.h"
+#include "desktop/windows/Win32.h"
+
+namespace forms {
+class Session;
+} // namespace forms
+
+namespace platform::windows {
+
+class WinForm;
+
+/// The user's desktop through Windows' own windows and controls. One object per process.
+class WinDesktop final : public Desktop {
+  public:
+    WinDesktop();
+    WinDesktop(const WinDesktop&) = delete;
+    WinDesktop& operator=(const WinDesktop&) = delete;
+
+    std::unique_ptr<forms::FormPeer> CreatePeer(forms::Form& form) override;
+    void RunModal(forms::Form& form) override;
+    void Yield() override;
+    void MsgBox(const std::string& text, MessageIcon icon, const std::string& title) override;
+    std::int16_t GetKeyState(int virtualKey) override;
+    void SetMousePointer(int pointer) override;
+    void LockWindowUpdate(std::uintptr_t window) override;
+    ScreenArea Screen() override;
+    ScreenArea WorkArea() override;
+    void UnhandledError(const RuntimeError& error) override;
+
+    /// Tells the user of the exception that is being handled. For where Windows calls the program: nothing
+    /// may be thrown there.
+    void TellCaught() noexcept;
+
+    /// Runs the message loop until no form is shown.
+    void Run();
+
+    /// Window of the form that was shown last; nullptr if none is shown.
+    HWND TopWindow() const;
+    /// Windows of all forms that are shown, in the order of their showing.
+    std::vector<HWND> ShownWindows() const;
+    bool ShowsHourglass() const { return hourglass_; }
+
+    // What the forms' windows tell.
+    void Opened(forms::Form& form, WinForm& peer);
+    void Shown(forms::Form& form);
+    void Hidden(forms::Form& form);
+    void Gone(forms::Form& form);
+    /// The user logs off or shuts the machine down.
+    void SessionEnds(forms::Session& session);
+
+  private:
+    bool IsShown(const forms::Form& form) const;
+    bool Handle(MSG& message);
+    void RunLoop(const std::function<bool()>& wanted);
+    void EndWaiting();
+    bool TurnsWheel(MSG& message);
+
+    std::unordered_map<const forms::Form*, WinForm*> peers_;
+    std::vector<const forms::Form*> shown_;
+    forms::WheelTurn wheel_;
+    forms::Session* ending_ = nullptr;
+    bool hourglass_ = false;
+};
+
+} // namespace platform::windows

@@ -1,0 +1,87 @@
+#include "desktop/windows/WinFlatButton.h"
+
+#include <utility>
+
+#include "desktop/windows/Colours.h"
+#include "desktop/windows/PictureWindow.h"
+
+namespace platform::windows {
+
+namespace {
+
+/// The buttons of the mouse, as its messages tell which are held.
+constexpr WPARAM AnyButton = MK_LBUTTON | MK_RBUTTON | MK_MBUTTON | MK_XBUTTON1 | MK_XBUTTON2;
+
+} // namespace
+
+WinFlatButton::WinFlatButton(cmdButtonXP& control, WinForm& form, const WindowPlace& place)
+    : WinControl(control, form, place, PlainWindowClass()), model_(control) {}
+
+void WinFlatButton::MirrorContent(forms::Aspect aspect) {
+    if (aspect == forms::Aspect::Picture) {
+        ::InvalidateRect(Window(), nullptr, FALSE);
+    }
+}
+
+// The mouse stays with the button until all of its own are let go, wherever that is.
+void WinFlatButton::Pressed() {
+    if (::GetCapture() != Window()) { // else the window would be told that it loses the mouse
+        ::SetCapture(Window());
+    }
+    model_.UserMouseDown();
+}
+
+void WinFlatButton::Released(UINT message, WPARAM held, POINT place) {
+    const bool clicks = message == WM_LBUTTONUP && std::exchange(clicking_, false);
+    model_.UserMouseUp();
+    if ((held & AnyButton) == 0 && ::GetCapture() == Window()) {
+        ::ReleaseCapture();
+    }
+    RECT area{};
+    ::GetClientRect(Window(), &area);
+    if (clicks && ::PtInRect(&area, place) != FALSE) {
+        model_.UserClick();
+    }
+}
+
+LRESULT WinFlatButton::Received(UINT message, WPARAM wParam, LPARAM lParam) {
+    switch (message) {
+    case WM_MOUSEMOVE:
+        model_.UserMouseMove();
+        return 0;
+    case WM_LBUTTONDBLCLK:
+        model_.UserDblClick();
+        return 0;
+    case WM_LBUTTONDOWN:
+        clicking_ = true;
+        Pressed();
+        return 0;
+    case WM_RBUTTONDOWN:
+    case WM_RBUTTONDBLCLK:
+    case WM_MBUTTONDOWN:
+    case WM_MBUTTONDBLCLK:
+    case WM_XBUTTONDOWN:
+    case WM_XBUTTONDBLCLK:
+        Pressed();
+        return 0;
+    case WM_LBUTTONUP:
+    case WM_RBUTTONUP:
+    case WM_MBUTTONUP:
+    case WM_XBUTTONUP:
+        Released(message, wParam, {static_cast<short>(LOWORD(lParam)), static_cast<short>(HIWORD(lParam))});
+        return 0;
+    case WM_CAPTURECHANGED: // another window has taken the mouse away
+        clicking_ = false;
+        model_.UserMouseUp();
+        return 0;
+    case WM_ERASEBKGND:
+        return TRUE;
+    case WM_PAINT:
+        PaintPicture(Window(), {ToColourRef(model_.ShownBackColor()), model_.pictNormal(), nullptr, {}});
+        return 0;
+    default:
+        return WinControl::Received(message, wParam, lParam);
+    }
+}
+
+} // namespace platform::windows

@@ -1,0 +1,26 @@
+#pragma once
+
+#include "forms/cmdButtonXP.h"
+#include "desktop/windows/WinControl.h"
+
+namespace platform::windows {
+
+class WinFlatButton final : public WinControl {
+  public:
+    WinFlatButton(cmdButtonXP& control, WinForm& form, const WindowPlace& place);
+
+  protected:
+    void MirrorContent(forms::Aspect aspect) override;
+    // A button that is off takes the mouse all the same, without an effect, and tells what it is for.
+    bool ShowsEnabled() const override { return model_.WindowEnabled(); }
+    LRESULT Received(UINT message, WPARAM wParam, LPARAM lParam) override;
+
+  private:
+    void Pressed();
+    void Released(UINT message, WPARAM held, POINT place);
+
+    cmdButtonXP& model_;
+    bool clicking_ = false; // the left button has gone down here
+};
+
+} // namespace platform::windows

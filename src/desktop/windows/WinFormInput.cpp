@@ -1,0 +1,136 @@
+// The keyboard and the focus of a form's window.
+#include <algorithm>
+#include <array>
+
+#include "forms/AccessKeys.h"
+#include "forms/Form.h"
+#include "desktop/windows/FormWindow.h"
+#include "desktop/windows/WinForm.h"
+
+namespace platform::windows {
+
+namespace {
+
+constexpr int DeleteKey = 46;
+constexpr std::array FormKeys{key::Backspace, key::PageUp, key::PageDown, key::End,  key::Home,
+                              key::Left,      key::Up,     key::Right,    key::Down, DeleteKey};
+
+/// The key if forms tell it apart, else 0.
+int FormKey(WPARAM virtualKey) {
+    const int wanted = static_cast<int>(virtualKey);
+    return std::find(FormKeys.begin(), FormKeys.end(), wanted) == FormKeys.end() ? 0 : wanted;
+}
+
+bool HeldDown(int virtualKey) {
+    return ::GetKeyState(virtualKey) < 0;
+}
+
+bool IsRepeat(LPARAM info) {
+    return (info & (LPARAM{1} << 30)) != 0;
+}
+
+} // namespace
+
+bool WinForm::KeyPressed(WPARAM virtualKey, LPARAM info, WinControl* control) {
+    const bool shift = HeldDown(VK_SHIFT);
+    const int formKey = FormKey(virtualKey);
+    if (HeldDown(VK_CONTROL)) {
+        // A form that scrolls has no focus, and its keys are the same with Ctrl.
+        if (formKey != 0 && control == nullptr && form_.ActiveControl() == nullptr) {
+            form_.UserKey(formKey, shift);
+        }
+        return false;
+    }
+    SettleFocus();
+    switch (virtualKey) {
+    case key::Tab:
+        ::SendMessageW(window_, WM_CHANGEUISTATE, MAKEWPARAM(UIS_CLEAR, UISF_HIDEFOCUS), 0);
+        form_.UserKey(key::Tab, shift);
+        return true;
+    case key::Enter:
+    case key::Escape:
+        if (control != nullptr && control->KeepsEnterAndEscape()) {
+            return false;
+        }
+        // A key held down must not run through the window that comes next.
+        if (!IsRepeat(info)) {
+            form_.UserKey(static_cast<int>(virtualKey), shift);
+        }
+        return true;
+    default:
+        break;
+    }
+    if (control != nullptr) {
+        return control->KeyPressed(formKey, shift);
+    }
+    if (formKey != 0 && form_.ActiveControl() == nullptr) {
+        form_.UserKey(formKey, shift);
+    }
+    return false;
+}
+
+/// A key that no control has; false for what Windows has to see as well.
+bool WinForm::KeyReceived(UINT message, WPARAM wParam, LPARAM lParam) {
+    switch (message) {
+    case WM_KEYDOWN:
+        KeyPressed(wParam, lParam, nullptr);
+        return true;
+    case WM_SYSKEYDOWN:
+        ShowAccessKeys();
+        return false;
+    case WM_SYSCHAR:
+        return AccessKeyPressed(static_cast<wchar_t>(wParam));
+    default:
+        return false;
+    }
+}
+
+bool WinForm::AccessKeyPressed(wchar_t character) {
+    SettleFocus();
+    return forms::PressAccessKey(form_, character);
+}
+
+void WinForm::ShowAccessKeys() {
+    ::SendMessageW(window_, WM_CHANGEUISTATE, MAKEWPARAM(UIS_CLEAR, UISF_HIDEACCEL | UISF_HIDEFOCUS), 0);
+}
+
+void WinForm::FocusMoved(forms::Control* control) {
+    if (control != nullptr) {
+        Find(*control).TakeFocus();
+    } else if (IsActive()) {
+        ::SetFocus(window_);
+    }
+    for (const auto& each : controls_) { // the button that Enter presses is another one now
+        if (each->Model().Kind() == forms::ControlKind::CommandButton) {
+            each->Mirror(forms::Aspect::Value);
+        }
+    }
+}
+
+void WinForm::SettleFocusLater() {
+    if (!settling_) {
+        settling_ = ::PostMessageW(window_, MessageSettleFocus, 0, 0) != FALSE;
+    }
+}
+
+void WinForm::SettleFocus() {
+    settling_ = false;
+    if (!form_.Visible() || !IsActive()) {
+        return;
+    }
+    if (WinControl* holder = WinControl::Of(::GetFocus())) {
+        forms::Control& model = holder->Model();
+        if (&model.Owner() == &form_ && &model != form_.ActiveControl()) {
+            form_.MoveFocus(model);
+        }
+    }
+    RestoreFocus();
+}
+
+void WinForm::RestoreFocus() const {
+    if (const forms::Control* active = form_.ActiveControl(); active != nullptr && active->CanFocus()) {
+        byModel_.at(active)->TakeFocus();
+    }
+}
+
+} // namespace platform::windows

@@ -1,0 +1,46 @@
+#include "desktop/windows/WinLabel.h"
+
+#include <algorithm>
+
+#include "forms/AccessibleNames.h"
+#include "desktop/windows/Fonts.h"
+#include "desktop/windows/WinForm.h"
+
+namespace platform::windows {
+
+WinLabel::WinLabel(forms::Label& control, WinForm& form, const WindowPlace& place)
+    : WinControl(control, form, place, WC_STATICW, SS_LEFT), model_(control) {}
+
+// The first line keeps its middle where the design put it, beside the middle of its box and of other labels,
+// also where the real font is lower than the line that the design gave it.
+void WinLabel::Place() {
+    constexpr double line = 240;
+    RECT area = Form().Scaling().ToDots(model_.Left(), model_.Top(), model_.Width(), model_.Height());
+    const double first = model_.Height() < 2 * line ? model_.Height() : line;
+    const int room = Form().Scaling().ToDots(first) - LineHeight(FontOf());
+    area.top += std::max(0, room / 2);
+    MoveTo(area);
+    // Where there is room for one line alone, a text that is too long ends in dots; wrapped it would lose its
+    // last words without a sign.
+    SetStyle(SS_ENDELLIPSIS, model_.Height() < 2 * line);
+}
+
+void WinLabel::SetStyle(DWORD style, bool wanted) const {
+    if (HasStyle(style) != wanted) {
+        const auto before = static_cast<DWORD>(::GetWindowLongW(Window(), GWL_STYLE));
+        ::SetWindowLongW(Window(), GWL_STYLE, static_cast<LONG>(before ^ style));
+    }
+}
+
+void WinLabel::MirrorContent(forms::Aspect aspect) {
+    if (aspect != forms::Aspect::Caption) {
+        return;
+    }
+    // "&" is a mark only where the label has a control to go to.
+    const bool goes = forms::AccessKeyTarget(model_) != nullptr;
+    SetStyle(SS_NOPREFIX, !goes);
+    SetCaption(model_.UseMnemonic() && !goes ? forms::WithoutAccessKey(model_.Caption()) : model_.Caption());
+    ::InvalidateRect(Window(), nullptr, TRUE);
+}
+
+} // namespace platform::windows

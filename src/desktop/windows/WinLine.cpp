@@ -1,0 +1,38 @@
+#include "desktop/windows/WinLine.h"
+
+#include <algorithm>
+#include <cmath>
+
+#include "desktop/windows/Colours.h"
+#include "desktop/windows/PictureWindow.h"
+#include "desktop/windows/WinForm.h"
+
+namespace platform::windows {
+
+WinLine::WinLine(forms::LineControl& control, WinForm& form, const WindowPlace& place)
+    : WinControl(control, form, place, PlainWindowClass()), model_(control) {}
+
+void WinLine::Place() {
+    const Scale& scale = Form().Scaling();
+    RECT area = scale.ToDots(std::min(model_.X1(), model_.X2()), std::min(model_.Y1(), model_.Y2()),
+                             std::abs(model_.Width()), std::abs(model_.Height()));
+    area.right = std::max<LONG>(area.right, area.left + scale.RuleWidth());
+    area.bottom = std::max<LONG>(area.bottom, area.top + scale.RuleWidth());
+    MoveTo(area);
+}
+
+LRESULT WinLine::Received(UINT message, WPARAM wParam, LPARAM lParam) {
+    switch (message) {
+    case WM_NCHITTEST: // the mouse is for what lies beneath
+        return HTTRANSPARENT;
+    case WM_ERASEBKGND:
+        return TRUE;
+    case WM_PAINT:
+        PaintPicture(Window(), {ToColourRef(model_.ForeColor()), {}, nullptr, {}});
+        return 0;
+    default:
+        return WinControl::Received(message, wParam, lParam);
+    }
+}
+
+} // namespace platform::windows

@@ -1,0 +1,21 @@
+#pragma once
+
+#include "forms/LineControl.h"
+#include "desktop/windows/WinControl.h"
+
+namespace platform::windows {
+
+/// A rule one dot of the design wide.
+class WinLine final : public WinControl {
+  public:
+    WinLine(forms::LineControl& control, WinForm& form, const WindowPlace& place);
+
+  protected:
+    void Place() override;
+    LRESULT Received(UINT message, WPARAM wParam, LPARAM lParam) override;
+
+  private:
+    forms::LineControl& model_;
+};
+
+} // namespace platform::windows

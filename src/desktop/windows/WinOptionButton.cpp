@@ -1,0 +1,54 @@
+#include "desktop/windows/WinOptionButton.h"
+
+#include <algorithm>
+
+#include "forms/Desktop.h"
+#include "forms/Form.h"
+
+namespace platform::windows {
+
+namespace {
+
+/// Assistive technology counts the options of a group from the one that begins it.
+DWORD GroupStyle(const forms::OptionButton& option) {
+    const auto& all = option.Owner().Controls();
+    const auto first = std::find_if(all.begin(), all.end(), [&](const forms::Control* control) {
+        return control->Kind() == option.Kind() && control->Container() == option.Container();
+    });
+    return *first == &option ? WS_GROUP : 0U;
+}
+
+} // namespace
+
+// Which options exclude each other is the form's business.
+WinOptionButton::WinOptionButton(forms::OptionButton& control, WinForm& form, const WindowPlace& place)
+    : WinControl(control, form, place, WC_BUTTONW, BS_RADIOBUTTON | WS_TABSTOP | GroupStyle(control)),
+      model_(control) {}
+
+void WinOptionButton::MirrorContent(forms::Aspect aspect) {
+    if (aspect == forms::Aspect::Caption) {
+        SetCaption(model_.Caption());
+    } else if (aspect == forms::Aspect::Value) {
+        Send(BM_SETCHECK, model_.Value() ? BST_CHECKED : BST_UNCHECKED);
+    }
+}
+
+void WinOptionButton::Notified(UINT code) {
+    if (code == BN_CLICKED) {
+        Click();
+    }
+}
+
+bool WinOptionButton::KeyPressed(int virtualKey, bool shift) {
+    WinControl::KeyPressed(virtualKey, shift);
+    const bool backward = virtualKey == key::Up || virtualKey == key::Left;
+    const bool forward = virtualKey == key::Down || virtualKey == key::Right;
+    if (backward || forward) {
+        if (forms::OptionButton* neighbour = model_.Neighbour(backward)) {
+            neighbour->UserClick();
+        }
+    }
+    return backward || forward;
+}
+
+} // namespace platform::windows

@@ -1,0 +1,22 @@
+#pragma once
+
+#include "forms/OptionButton.h"
+#include "desktop/windows/WinControl.h"
+
+namespace platform::windows {
+
+class WinOptionButton final : public WinControl {
+  public:
+    WinOptionButton(forms::OptionButton& control, WinForm& form, const WindowPlace& place);
+
+    void Notified(UINT code) override;
+    bool KeyPressed(int virtualKey, bool shift) override;
+
+  protected:
+    void MirrorContent(forms::Aspect aspect) override;
+
+  private:
+    forms::OptionButton& model_;
+};
+
+} // namespace platform::windows

@@ -1,0 +1,252 @@
+#include "desktop/windows/WinPrinter.h"
+
+#include "base/Resume.h"
+#include "desktop/windows/WideText.h"
+
+#include <algorithm>
+#include <utility>
+
+namespace platform::windows {
+
+namespace {
+
+constexpr double TwipsPerInch = 1440;
+
+/// A driver that does not tell what it offers is asked by trying.
+bool Offers(const DriverSettings& settings, WORD capability, std::int16_t value) {
+    const std::vector<short> offered = settings.Offered(capability);
+    return offered.empty() || std::find(offered.begin(), offered.end(), value) != offered.end();
+}
+
+} // namespace
+
+WinPrinter::WinPrinter(WinPrinters& printers, PrintFailureTeller teller)
+    : printers_(printers), teller_(std::move(teller)), canvas_(static_cast<PageDevice&>(*this)) {
+    Drawing.Font = PrintersOwnFont;
+}
+
+const PrinterEntry& WinPrinter::Entry() {
+    if (!entry_) {
+        const int index = printers_.DefaultIndex();
+        if (index < 0) {
+            throw RuntimeError(ErrorPrinter, "Er is geen printer.");
+        }
+        Use(index);
+    }
+    return *entry_;
+}
+
+DriverSettings& WinPrinter::Settings() {
+    const PrinterEntry& entry = Entry();
+    if (!settings_) {
+        settings_.emplace(ToWide(entry.DeviceName));
+    }
+    return *settings_;
+}
+
+void WinPrinter::Assign(int index) {
+    // Also where the other printer is not there: what is printed next must not go on in this document.
+    Abandon();
+    Use(index);
+}
+
+void WinPrinter::Abandon() {
+    begun_ = false;
+    document_.reset();
+}
+
+void WinPrinter::Use(int index) {
+    PrinterEntry entry = printers_.Item(index);
+    device_.Reset();
+    settings_.reset();
+    entry_ = std::move(entry);
+    Drawing = DrawingState{0, 0, PrintersOwnFont};
+    // A printer that cannot be reached becomes the current one all the same: its name is to be had, and what
+    // is printed must not go to the one before it.
+    Resume([this] { Settings(); });
+}
+
+HDC WinPrinter::Device() {
+    const DriverSettings& settings = Settings();
+    if (changed_ && document_ == nullptr) {
+        device_.Reset();
+    }
+    if (!device_) {
+        const std::vector<std::byte> mode = settings.ForDocument();
+        ::SetLastError(ERROR_SUCCESS); // a driver need not tell why
+        device_.Reset(::CreateDCW(L"WINSPOOL", settings.Printer().c_str(), nullptr,
+                                  reinterpret_cast<const DEVMODEW*>(mode.data())));
+        changed_ = false;
+        if (!device_) {
+            throw PrinterError("De printer is niet bereikbaar.");
+        }
+    }
+    return device_.Get();
+}
+
+std::string WinPrinter::DeviceName() {
+    return Entry().DeviceName;
+}
+
+std::string WinPrinter::Port() {
+    return Entry().Port;
+}
+
+void WinPrinter::Change(DWORD field, short DEVMODEW::*member, std::int16_t value) {
+    Settings().Set(field, member, value);
+    changed_ = true; // a page that has begun stays as it is
+}
+
+std::int16_t WinPrinter::Orientation() {
+    return Settings().Mode().dmOrientation;
+}
+
+void WinPrinter::SetOrientation(std::int16_t orientation) {
+    if (orientation == Orientation()) {
+        return;
+    }
+    if (orientation == DMORIENT_PORTRAIT || orientation == DMORIENT_LANDSCAPE) {
+        Change(DM_ORIENTATION, &DEVMODEW::dmOrientation, orientation);
+    }
+    if (Orientation() != orientation) {
+        throw RuntimeError(ErrorInvalidPropertyValue, "De afdrukrichting is ongeldig.");
+    }
+}
+
+std::int16_t WinPrinter::PaperSize() {
+    return Settings().Mode().dmPaperSize;
+}
+
+void WinPrinter::SetPaperSize(std::int16_t paper) {
+    if (paper == PaperSize()) {
+        return;
+    }
+    if (!Offers(Settings(), DC_PAPERS, paper)) {
+        throw RuntimeError(ErrorInvalidPropertyValue, "De printer kent dit papierformaat niet.");
+    }
+    Change(DM_PAPERSIZE, &DEVMODEW::dmPaperSize, paper);
+}
+
+std::int16_t WinPrinter::PaperBin() {
+    return Settings().Mode().dmDefaultSource;
+}
+
+void WinPrinter::SetPaperBin(std::int16_t bin) {
+    if (bin == PaperBin()) {
+        return;
+    }
+    if (!Offers(Settings(), DC_BINS, bin)) {
+        throw RuntimeError(ErrorInvalidPropertyValue, "De printer kent deze papierlade niet.");
+    }
+    Change(DM_DEFAULTSOURCE, &DEVMODEW::dmDefaultSource, bin);
+}
+
+std::int16_t WinPrinter::Copies() {
+    Entry();
+    std::int16_t copies = 1; // also of a printer that cannot be reached
+    Resume([this, &copies] {
+        const DEVMODEW& mode = Settings().Mode();
+        copies = (mode.dmFields & DM_COPIES) != 0 ? mode.dmCopies : copies;
+    });
+    return copies;
+}
+
+int WinPrinter::GetDeviceCaps(int item) {
+    return ::GetDeviceCaps(Device(), item);
+}
+
+Resolution WinPrinter::DotsPerInch() {
+    // A driver without a resolution has none to divide by either.
+    return {std::max(1, GetDeviceCaps(LOGPIXELSX)), std::max(1, GetDeviceCaps(LOGPIXELSY))};
+}
+
+double WinPrinter::TwipsAcross(int dotsItem) {
+    return GetDeviceCaps(dotsItem) * TwipsPerInch / DotsPerInch().X;
+}
+
+double WinPrinter::TwipsDown(int dotsItem) {
+    return GetDeviceCaps(dotsItem) * TwipsPerInch / DotsPerInch().Y;
+}
+
+double WinPrinter::Width() {
+    return TwipsAcross(PHYSICALWIDTH);
+}
+
+double WinPrinter::Height() {
+    return TwipsDown(PHYSICALHEIGHT);
+}
+
+double WinPrinter::ScaleLeft() {
+    Device(); // a printer that cannot be reached shows itself here, to whoever opens it
+    return 0;
+}
+
+double WinPrinter::ScaleWidth() {
+    return TwipsAcross(HORZRES);
+}
+
+double WinPrinter::ScaleHeight() {
+    return TwipsDown(VERTRES);
+}
+
+template <class Step>
+void WinPrinter::Run(Step step) {
+    try {
+        step();
+    } catch (const PrintCalledOff&) {
+        document_.reset();
+    } catch (const RuntimeError& error) {
+        document_.reset();
+        teller_(error.Description());
+        throw;
+    } catch (...) {
+        document_.reset();
+        throw;
+    }
+}
+
+HDC WinPrinter::PageContext() {
+    if (!begun_) {
+        begun_ = true; // whatever comes of it, the user is asked and told once
+        Run([this] {
+            document_ = std::make_unique<PrintDocument>(Device(), ToWide(title_));
+            document_->BeginPage();
+        });
+    }
+    return document_ == nullptr ? nullptr : device_.Get();
+}
+
+void WinPrinter::NewPage() {
+    if (PageContext() == nullptr) {
+        return;
+    }
+    Run([this] {
+        document_->EndPage();
+        if (std::exchange(changed_, false)) {
+            const std::vector<std::byte> mode = Settings().ForDocument();
+            document_->Change(*reinterpret_cast<const DEVMODEW*>(mode.data()));
+        }
+        document_->BeginPage();
+    });
+}
+
+void WinPrinter::EndDocument() {
+    const bool begun = std::exchange(begun_, false);
+    if (!begun || document_ == nullptr) {
+        return;
+    }
+    Run([this] {
+        document_->EndPage();
+        document_->End();
+    });
+    document_.reset();
+}
+
+void WinPrinter::DrawingFailed() {
+    if (document_ == nullptr) { // only measured
+        throw OutOfMemory();
+    }
+    Run([] { ThrowPrintFailure("Het document kan niet verder worden afgedrukt."); });
+}
+
+} // namespace platform::windows

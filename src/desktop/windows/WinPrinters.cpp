@@ -1,0 +1,101 @@
+#include "desktop/windows/WinPrinters.h"
+
+#include "base/RuntimeError.h"
+#include "desktop/windows/WideText.h"
+#include "desktop/windows/Win32.h"
+
+#include <algorithm>
+
+namespace platform::windows {
+
+namespace {
+
+/// Level 4 is the one list that asks no other machine: a print server that is gone would hold up the program
+/// for seconds.
+constexpr DWORD Level = 4;
+constexpr DWORD Kinds = PRINTER_ENUM_LOCAL | PRINTER_ENUM_CONNECTIONS;
+constexpr DWORD LargestList = 16U << 20U;
+
+/// The list of the user's devices has a line "winspool,port" for each printer.
+std::string PortOf(const wchar_t* printer) {
+    wchar_t line[512];
+    const DWORD length =
+        ::GetProfileStringW(L"devices", printer, L"", line, static_cast<DWORD>(std::size(line)));
+    const std::wstring_view device(line, length);
+    const std::size_t comma = device.find(L',');
+    if (comma == std::wstring_view::npos) {
+        return {};
+    }
+    const std::wstring_view port = device.substr(comma + 1);
+    return FromWide(port.substr(0, port.find(L',')));
+}
+
+std::vector<PrinterEntry> FindPrinters() {
+    DWORD needed = 0;
+    DWORD count = 0;
+    std::vector<BYTE> buffer;
+    while (::EnumPrintersW(Kinds, nullptr, Level, buffer.data(), static_cast<DWORD>(buffer.size()), &needed,
+                           &count) == FALSE) {
+        if (::GetLastError() != ERROR_INSUFFICIENT_BUFFER || needed <= buffer.size() ||
+            needed > LargestList) {
+            return {};
+        }
+        buffer.resize(needed);
+    }
+    std::vector<PrinterEntry> entries;
+    const auto* infos = reinterpret_cast<const PRINTER_INFO_4W*>(buffer.data());
+    for (DWORD i = 0; i < count; ++i) {
+        if (infos[i].pPrinterName != nullptr) {
+            entries.push_back({FromWide(infos[i].pPrinterName), PortOf(infos[i].pPrinterName)});
+        }
+    }
+    return entries;
+}
+
+std::string DefaultName() {
+    DWORD size = 0;
+    ::GetDefaultPrinterW(nullptr, &size);
+    std::wstring name(size, L'\0');
+    if (size == 0 || ::GetDefaultPrinterW(name.data(), &size) == FALSE) {
+        return {};
+    }
+    return FromWide(name.c_str());
+}
+
+} // namespace
+
+void WinPrinters::Refresh() {
+    entries_ = FindPrinters();
+    loaded_ = true;
+}
+
+const std::vector<PrinterEntry>& WinPrinters::Entries() {
+    if (!loaded_) {
+        Refresh();
+    }
+    return entries_;
+}
+
+int WinPrinters::Count() {
+    return static_cast<int>(Entries().size());
+}
+
+PrinterEntry WinPrinters::Item(int index) {
+    if (index < 0 || index >= Count()) {
+        throw RuntimeError(ErrorSubscriptOutOfRange, "Deze printer bestaat niet.");
+    }
+    return entries_[static_cast<std::size_t>(index)];
+}
+
+int WinPrinters::DefaultIndex() {
+    const std::vector<PrinterEntry>& entries = Entries();
+    if (entries.empty()) {
+        return -1;
+    }
+    const std::string name = DefaultName();
+    const auto found = std::find_if(entries.begin(), entries.end(),
+                                    [&name](const PrinterEntry& entry) { return entry.DeviceName == name; });
+    return found == entries.end() ? 0 : static_cast<int>(found - entries.begin());
+}
+
+} // namespace platform::windows

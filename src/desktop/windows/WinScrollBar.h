@@ -1,0 +1,21 @@
+#pragma once
+
+#include "forms/ScrollBar.h"
+#include "desktop/windows/WinControl.h"
+
+namespace platform::windows {
+
+class WinScrollBar final : public WinControl {
+  public:
+    WinScrollBar(forms::ScrollBar& control, WinForm& form, const WindowPlace& place);
+
+    void Scrolled(int request, int position) override;
+
+  protected:
+    void MirrorContent(forms::Aspect aspect) override;
+
+  private:
+    forms::ScrollBar& model_;
+};
+
+} // namespace platform::windows

@@ -1,0 +1,36 @@
+#include "desktop/windows/WinStatusBar.h"
+
+#include <vector>
+
+#include "desktop/windows/WideText.h"
+#include "desktop/windows/WinForm.h"
+
+namespace platform::windows {
+
+WinStatusBar::WinStatusBar(forms::StatusBar& control, WinForm& form, const WindowPlace& place)
+    : WinControl(control, form, place, STATUSCLASSNAMEW, CCS_NOPARENTALIGN | CCS_NORESIZE), model_(control) {}
+
+void WinStatusBar::MirrorContent(forms::Aspect aspect) {
+    if (aspect != forms::Aspect::Items) {
+        return;
+    }
+    std::vector<INT> rightEdges;
+    double right = 0;
+    for (int number = 1; number < model_.PanelCount(); ++number) {
+        right += model_.Panel(number).Width;
+        rightEdges.push_back(Form().Scaling().ToDots(right));
+    }
+    rightEdges.push_back(-1); // the last one takes what is left
+    Send(SB_SETPARTS, rightEdges.size(), reinterpret_cast<LPARAM>(rightEdges.data()));
+    for (int number = 1; number <= model_.PanelCount(); ++number) {
+        const std::wstring text = ToWide(model_.Panel(number).Text);
+        Send(SB_SETTEXTW, static_cast<WPARAM>(number - 1), reinterpret_cast<LPARAM>(text.c_str()));
+    }
+}
+
+void WinStatusBar::Place() {
+    const SIZE area = Form().AreaSize();
+    MoveTo({0, area.cy - Form().Scaling().ToDots(model_.Height()), area.cx, area.cy});
+}
+
+} // namespace platform::windows

@@ -1,0 +1,21 @@
+#pragma once
+
+#include "forms/StatusBar.h"
+#include "desktop/windows/WinControl.h"
+
+namespace platform::windows {
+
+class WinStatusBar final : public WinControl {
+  public:
+    WinStatusBar(forms::StatusBar& control, WinForm& form, const WindowPlace& place);
+
+  protected:
+    void MirrorContent(forms::Aspect aspect) override;
+    /// At the bottom, over the whole width.
+    void Place() override;
+
+  private:
+    forms::StatusBar& model_;
+};
+
+} // namespace platform::windows

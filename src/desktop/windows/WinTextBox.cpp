@@ -1,0 +1,270 @@
+#include "desktop/windows/WinTextBox.h"
+
+#include <algorithm>
+
+#include "forms/Desktop.h"
+#include "forms/Form.h"
+#include "forms/UpDown.h"
+#include "desktop/windows/Fonts.h"
+#include "desktop/windows/Raised.h"
+#include "desktop/windows/TextUnits.h"
+#include "desktop/windows/WideText.h"
+
+#include <imm.h>
+
+namespace platform::windows {
+
+namespace {
+
+constexpr wchar_t SelectAllKey = 1; // Ctrl+A as a character
+constexpr wchar_t FirstPrintable = 32;
+constexpr wchar_t CtrlBackspace = 127;
+
+/// Messages after which the caret or the selection may be another.
+bool MovesCaret(UINT message) {
+    constexpr UINT messages[] = {WM_KEYDOWN,   WM_CHAR,          WM_LBUTTONDOWN, WM_LBUTTONUP,
+                                 WM_MOUSEMOVE, WM_LBUTTONDBLCLK, EM_SETSEL};
+    return std::find(std::begin(messages), std::end(messages), message) != std::end(messages);
+}
+
+} // namespace
+
+WinTextBox::WinTextBox(forms::TextBox& control, WinForm& form, const WindowPlace& place)
+    : WinControl(control, form, place, WC_EDITW, ES_AUTOHSCROLL | WS_TABSTOP, WS_EX_CLIENTEDGE),
+      model_(control) {
+    Send(EM_SETLIMITTEXT, 0); // the form's box has the limit
+}
+
+std::wstring WinTextBox::Text() const {
+    std::wstring text(static_cast<std::size_t>(Send(WM_GETTEXTLENGTH)) + 1, L'\0');
+    const LRESULT length = Send(WM_GETTEXT, text.size(), reinterpret_cast<LPARAM>(text.data()));
+    text.resize(static_cast<std::size_t>(length));
+    return text;
+}
+
+WinTextBox::Selection WinTextBox::Selected() const {
+    DWORD start = 0;
+    DWORD end = 0;
+    Send(EM_GETSEL, reinterpret_cast<WPARAM>(&start), reinterpret_cast<LPARAM>(&end));
+    return {static_cast<int>(start), static_cast<int>(end)};
+}
+
+void WinTextBox::TellEdit() {
+    const std::wstring text = Text();
+    const Selection selection = Selected();
+    const int first = CharactersIn(text, selection.Start);
+    model_.UserEdit(FromWide(text), first, CharactersIn(text, selection.End) - first);
+    Mirror(forms::Aspect::Text);
+}
+
+void WinTextBox::TellSelection() {
+    if (model_.Owner().ActiveControl() != &model_) {
+        return;
+    }
+    const std::wstring text = Text();
+    const Selection selection = Selected();
+    const int first = CharactersIn(text, selection.Start);
+    model_.UserSelect(first, CharactersIn(text, selection.End) - first);
+}
+
+// What is typed goes in as an edit of the part that changed, so that the user can undo it; a text that the
+// program sets replaces the whole.
+void WinTextBox::ShowText() {
+    const std::wstring wanted = ToWide(model_.Text());
+    const std::wstring present = Text();
+    if (wanted == present) {
+        return;
+    }
+    if (!typing_) {
+        ::SetWindowTextW(Window(), wanted.c_str());
+        return;
+    }
+    const std::size_t shorter = std::min(present.size(), wanted.size());
+    std::size_t head = 0;
+    while (head < shorter && present[head] == wanted[head]) {
+        ++head;
+    }
+    std::size_t tail = 0;
+    while (tail < shorter - head && present[present.size() - 1 - tail] == wanted[wanted.size() - 1 - tail]) {
+        ++tail;
+    }
+    Send(EM_SETSEL, head, static_cast<LPARAM>(present.size() - tail));
+    const std::wstring inserted = wanted.substr(head, wanted.size() - tail - head);
+    Send(EM_REPLACESEL, TRUE, reinterpret_cast<LPARAM>(inserted.c_str()));
+    if (Text() != wanted) { // a character that a box of one line cannot hold
+        ::SetWindowTextW(Window(), wanted.c_str());
+    }
+}
+
+void WinTextBox::ShowSelection() {
+    const std::wstring text = Text();
+    const int start = UnitsOf(text, model_.SelStart());
+    const int end = UnitsOf(text, model_.SelStart() + model_.SelLength());
+    const Selection present = Selected();
+    if (present.Start != start || present.End != end) {
+        Send(EM_SETSEL, static_cast<WPARAM>(start), end);
+    }
+    Send(EM_SCROLLCARET);
+}
+
+void WinTextBox::MirrorContent(forms::Aspect aspect) {
+    if (aspect == forms::Aspect::Font || aspect == forms::Aspect::Geometry) {
+        ::SetWindowPos(Window(), nullptr, 0, 0, 0, 0,
+                       SWP_FRAMECHANGED | SWP_NOMOVE | SWP_NOSIZE | SWP_NOZORDER | SWP_NOACTIVATE);
+    }
+    if (aspect == forms::Aspect::Enabled) {
+        Send(EM_SETREADONLY, model_.Locked() ? TRUE : FALSE);
+    }
+    if (aspect == forms::Aspect::Text || aspect == forms::Aspect::Selection) {
+        ShowText();
+        ShowSelection();
+    }
+}
+
+void WinTextBox::TakeFocus() {
+    WinControl::TakeFocus();
+    Mirror(forms::Aspect::Selection);
+}
+
+bool WinTextBox::KeyPressed(int virtualKey, bool shift) {
+    if (virtualKey == key::Backspace) { // comes as a character
+        return true;
+    }
+    if (virtualKey == key::Up || virtualKey == key::Down) {
+        if (forms::UpDown* arrows = forms::UpDown::Of(model_)) {
+            arrows->UserStep(virtualKey == key::Up ? 1 : -1);
+            return true;
+        }
+    }
+    return WinControl::KeyPressed(virtualKey, shift);
+}
+
+void WinTextBox::TypeCharacter(char32_t character) {
+    const Raised typing(typing_);
+    model_.Owner().UserCharacter(character);
+}
+
+bool WinTextBox::Type(wchar_t unit) {
+    if (unit == key::Backspace) {
+        TypeCharacter(unit);
+        return true;
+    }
+    if (unit == SelectAllKey) {
+        Send(EM_SETSEL, 0, -1);
+        return true;
+    }
+    if (unit < FirstPrintable || unit == CtrlBackspace) {
+        return unit == CtrlBackspace;
+    }
+    if (IsHighHalf(unit)) {
+        highHalf_ = unit;
+        return true;
+    }
+    char32_t character = unit;
+    if (IsLowHalf(unit)) {
+        if (highHalf_ == 0) {
+            return true;
+        }
+        character = 0x10000U + ((static_cast<char32_t>(highHalf_) & 0x3FFU) << 10U) + (unit & 0x3FFU);
+    }
+    highHalf_ = 0;
+    TypeCharacter(character);
+    return true;
+}
+
+// A key that is held down while the program is busy comes as one message with a count.
+bool WinTextBox::TypeRepeatedly(wchar_t unit, int times) {
+    bool typed = Type(unit);
+    for (int i = 1; typed && i < times; ++i) {
+        typed = Type(unit);
+    }
+    return typed;
+}
+
+void WinTextBox::Notified(UINT code) {
+    if (code == EN_CHANGE) {
+        TellEdit();
+    }
+}
+
+// Another program has set the text (a screen reader, a test); Windows holds it to no limit.
+LRESULT WinTextBox::TextSet(LPARAM text) {
+    {
+        const Silence silence(*this);
+        PassOn(WM_SETTEXT, 0, text);
+    }
+    model_.SetText(FromWide(Text()));
+    Mirror(forms::Aspect::Text); // also where the form's box has cut it to what it had before
+    return TRUE;
+}
+
+void WinTextBox::CentreLine(RECT& inside) const {
+    const LONG spare = inside.bottom - inside.top - LineHeight(FontOf());
+    inside.top += std::max(0L, spare / 2);
+}
+
+void WinTextBox::PaintAroundLine() {
+    RECT outer{};
+    RECT strip{};
+    ::GetWindowRect(Window(), &outer);
+    ::GetClientRect(Window(), &strip);
+    ::MapWindowPoints(Window(), nullptr, reinterpret_cast<POINT*>(&strip), 2);
+    ::OffsetRect(&strip, -outer.left, -outer.top);
+    strip.bottom = strip.top;
+    strip.top = strip.left; // the border is as wide above as it is at the left
+    HDC device = ::GetWindowDC(Window());
+    const bool own = ::IsWindowEnabled(Window()) != FALSE;
+    ::FillRect(device, &strip, own ? Colour(device) : ::GetSysColorBrush(COLOR_BTNFACE));
+    ::ReleaseDC(Window(), device);
+}
+
+LRESULT WinTextBox::Received(UINT message, WPARAM wParam, LPARAM lParam) {
+    switch (message) {
+    case WM_CHAR:
+    case WM_IME_CHAR:
+        if (TypeRepeatedly(static_cast<wchar_t>(wParam), LOWORD(lParam))) {
+            return 0;
+        }
+        break;
+    case WM_IME_COMPOSITION:
+        // A character that was composed of several keys is typed like any other; the window would put it in
+        // by itself.
+        if ((lParam & GCS_RESULTSTR) != 0) {
+            return ::DefWindowProcW(Window(), message, wParam, lParam);
+        }
+        break;
+    case WM_SETTEXT:
+        if (!Silent()) {
+            return TextSet(lParam);
+        }
+        break;
+    case WM_NCCALCSIZE: {
+        const LRESULT result = PassOn(message, wParam, lParam);
+        CentreLine(*reinterpret_cast<RECT*>(lParam)); // what either form of the message begins with
+        return result;
+    }
+    case WM_NCPAINT: {
+        const LRESULT result = PassOn(message, wParam, lParam);
+        PaintAroundLine();
+        return result;
+    }
+    case WM_NCHITTEST: {
+        const LRESULT hit = PassOn(message, wParam, lParam);
+        return hit == HTBORDER || hit == HTNOWHERE ? HTCLIENT : hit;
+    }
+    case WM_RBUTTONDOWN: // opens the menu of the box
+        if (MousePressed()) {
+            return 0;
+        }
+        break;
+    default:
+        break;
+    }
+    const LRESULT result = WinControl::Received(message, wParam, lParam);
+    if (!Silent() && MovesCaret(message)) {
+        TellSelection();
+    }
+    return result;
+}
+
+} // namespace platform::windows

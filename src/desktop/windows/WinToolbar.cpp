@@ -1,0 +1,180 @@
+#include "desktop/windows/WinToolbar.h"
+
+#include "base/Text.h"
+#include "desktop/windows/Colours.h"
+#include "desktop/windows/ControlIds.h"
+#include "desktop/windows/VectorPicture.h"
+#include "desktop/windows/WideText.h"
+#include "desktop/windows/WinForm.h"
+
+namespace platform::windows {
+
+namespace {
+
+// Twips.
+constexpr double RuleWidth = 150;
+constexpr double PictureMargin = 120;
+
+void AddPicture(HIMAGELIST list, const std::string& name, int side, PictureLook look, COLORREF background) {
+    const Icon icon = PictureIcon(name, side, look, background);
+    ::ImageList_ReplaceIcon(list, -1, icon.Get());
+}
+
+} // namespace
+
+// The texts of the buttons are for assistive technology: mixed buttons show none by themselves.
+WinToolbar::WinToolbar(forms::Toolbar& control, WinForm& form, const WindowPlace& place)
+    : WinControl(control, form, place, TOOLBARCLASSNAMEW,
+                 TBSTYLE_FLAT | TBSTYLE_LIST | TBSTYLE_TOOLTIPS | CCS_NODIVIDER | CCS_NORESIZE |
+                     CCS_NOPARENTALIGN),
+      model_(control) {
+    Send(TB_BUTTONSTRUCTSIZE, sizeof(TBBUTTON));
+    Send(TB_SETEXTENDEDSTYLE, 0, TBSTYLE_EX_MIXEDBUTTONS);
+}
+
+std::wstring WinToolbar::NameOf(const forms::ToolbarButton& button) const {
+    return ToWide(text::Trim(button.AccessibleName.empty() ? button.ToolTipText : button.AccessibleName));
+}
+
+void WinToolbar::AddButton(int number) {
+    const forms::ToolbarButton& model = model_.Button(number);
+    const std::wstring name = NameOf(model);
+    TBBUTTON button{};
+    button.idCommand = FirstToolbarButton + number;
+    if (model.Separator) {
+        button.iBitmap = Form().Scaling().ToDots(RuleWidth);
+        button.fsStyle = BTNS_SEP;
+    } else {
+        button.iBitmap = pictures_++;
+        button.fsStyle = BTNS_BUTTON;
+        button.fsState = TBSTATE_ENABLED;
+        button.iString = reinterpret_cast<INT_PTR>(name.c_str());
+    }
+    Send(TB_ADDBUTTONSW, 1, reinterpret_cast<LPARAM>(&button));
+}
+
+void WinToolbar::ShowButton(int number) {
+    const forms::ToolbarButton& model = model_.Button(number);
+    if (model.Separator) { // as wide as the screen's density asks
+        TBBUTTONINFOW gap{};
+        gap.cbSize = sizeof gap;
+        gap.dwMask = TBIF_SIZE;
+        gap.cx = static_cast<WORD>(Form().Scaling().ToDots(RuleWidth));
+        Send(TB_SETBUTTONINFOW, static_cast<WPARAM>(FirstToolbarButton + number),
+             reinterpret_cast<LPARAM>(&gap));
+        return;
+    }
+    std::wstring name = NameOf(model);
+    TBBUTTONINFOW info{};
+    info.cbSize = sizeof info;
+    info.dwMask = TBIF_TEXT | TBIF_STATE;
+    info.pszText = name.data();
+    info.fsState = model.Enabled ? TBSTATE_ENABLED : BYTE{0};
+    Send(TB_SETBUTTONINFOW, static_cast<WPARAM>(FirstToolbarButton + number),
+         reinterpret_cast<LPARAM>(&info));
+}
+
+void WinToolbar::MakePictures() {
+    const auto make = [this] {
+        return Pictures(::ImageList_Create(pictureSide_, pictureSide_, ILC_COLOR32, model_.ButtonCount(), 0));
+    };
+    Pictures normal = make();
+    Pictures hot = make();
+    Pictures disabled = make();
+    background_ = ToColourRef(model_.ShownBackColor());
+    for (int number = 1; number <= model_.ButtonCount(); ++number) {
+        const forms::ToolbarButton& button = model_.Button(number);
+        if (!button.Separator) {
+            AddPicture(normal.Get(), button.Image, pictureSide_, PictureLook::Plain, background_);
+            AddPicture(hot.Get(), button.HotImage, pictureSide_, PictureLook::Plain, background_);
+            AddPicture(disabled.Get(), button.Image, pictureSide_, PictureLook::Faded, background_);
+        }
+    }
+    Send(TB_SETIMAGELIST, 0, reinterpret_cast<LPARAM>(normal.Get()));
+    Send(TB_SETHOTIMAGELIST, 0, reinterpret_cast<LPARAM>(hot.Get()));
+    Send(TB_SETDISABLEDIMAGELIST, 0, reinterpret_cast<LPARAM>(disabled.Get()));
+    normal_ = std::move(normal);
+    hot_ = std::move(hot);
+    disabled_ = std::move(disabled);
+}
+
+void WinToolbar::MirrorContent(forms::Aspect aspect) {
+    if (aspect == forms::Aspect::Colours && shownButtons_ > 0 &&
+        background_ != ToColourRef(model_.ShownBackColor())) {
+        MakePictures();
+    }
+    if (aspect != forms::Aspect::Items) {
+        return;
+    }
+    const bool grows = shownButtons_ < model_.ButtonCount();
+    if (grows) {
+        MakePictures();
+    }
+    while (shownButtons_ < model_.ButtonCount()) {
+        AddButton(++shownButtons_);
+    }
+    for (int number = 1; number <= shownButtons_; ++number) {
+        ShowButton(number);
+    }
+    if (grows) {
+        Place();
+    }
+}
+
+void WinToolbar::Place() {
+    WinControl::Place();
+    const Scale& scale = Form().Scaling();
+    const int side = scale.ToDots(model_.Height());
+    const int picture = scale.ToDots(model_.Height() - 2 * PictureMargin);
+    if (picture > 0 && picture != pictureSide_) {
+        pictureSide_ = picture;
+        Send(TB_SETBITMAPSIZE, 0, MAKELPARAM(picture, picture));
+        MakePictures();
+    }
+    Send(TB_SETBUTTONSIZE, 0, MAKELPARAM(side, side));
+}
+
+void WinToolbar::Commanded(int id, UINT /*code*/) {
+    model_.UserClickButton(id - FirstToolbarButton);
+}
+
+std::wstring WinToolbar::TipOf(UINT_PTR command) const {
+    const int number = static_cast<int>(command) - FirstToolbarButton;
+    return number >= 1 && number <= model_.ButtonCount() ? ToWide(model_.Button(number).ToolTipText)
+                                                         : std::wstring();
+}
+
+LRESULT WinToolbar::Notified(NMHDR& header) {
+    if (header.code == static_cast<UINT>(TBN_GETINFOTIPW)) {
+        auto& tip = reinterpret_cast<NMTBGETINFOTIPW&>(header);
+        if (tip.cchTextMax > 0) {
+            ::lstrcpynW(tip.pszText, TipOf(static_cast<UINT_PTR>(tip.iItem)).c_str(), tip.cchTextMax);
+        }
+    }
+    return 0;
+}
+
+void WinToolbar::Erase(HDC device) const {
+    RECT area{};
+    ::GetClientRect(Window(), &area);
+    ::FillRect(device, &area, BrushFor(device, model_.ShownBackColor()));
+}
+
+LRESULT WinToolbar::Received(UINT message, WPARAM wParam, LPARAM lParam) {
+    if (message == WM_ERASEBKGND) {
+        Erase(reinterpret_cast<HDC>(wParam));
+        return TRUE;
+    }
+    // The window of tips asks. For a button without one the bar would answer with the button's text.
+    if (message == WM_NOTIFY) {
+        const auto& asked = *reinterpret_cast<const NMHDR*>(lParam);
+        const bool forTip = asked.code == static_cast<UINT>(TTN_GETDISPINFOW) ||
+                            asked.code == static_cast<UINT>(TTN_GETDISPINFOA);
+        if (forTip && TipOf(asked.idFrom).empty()) {
+            return 0;
+        }
+    }
+    return WinControl::Received(message, wParam, lParam);
+}
+
+} // namespace platform::windows

@@ -1,0 +1,22 @@
+#pragma once
+
+#include "forms/UpDown.h"
+#include "desktop/windows/WinControl.h"
+
+namespace platform::windows {
+
+/// The two arrows; a press held down repeats. They take no focus themselves, the box beside them does.
+class WinUpDown final : public WinControl {
+  public:
+    WinUpDown(forms::UpDown& control, WinForm& form, const WindowPlace& place);
+
+    LRESULT Notified(NMHDR& header) override;
+
+  protected:
+    bool MousePressed() override;
+
+  private:
+    forms::UpDown& model_;
+};
+
+} // namespace platform::windows

@@ -1,0 +1,39 @@
+#pragma once
+
+#include <functional>
+
+#include "forms/Control.h"
+
+namespace forms {
+
+/// One of several choices that exclude each other: those in the same container.
+class OptionButton : public Control {
+  public:
+    OptionButton(Form& form, std::string name, int index = NoIndex, Control* container = nullptr)
+        : Control(form, ControlKind::OptionButton, std::move(name), index, container) {}
+
+    std::function<void()> OnClick;
+
+    const std::string& Caption() const { return caption_; }
+    void SetCaption(const std::string& caption);
+
+    bool Value() const { return value_; }
+    /// Turning it on turns its neighbours off and acts as a click.
+    void SetValue(bool value);
+
+    /// The next option of the same container that the user can choose, in the tab order and around its end;
+    /// nullptr if there is no other.
+    OptionButton* Neighbour(bool backward) const;
+
+    bool TakesFocus() const override { return true; }
+    bool TypeKey(char32_t character) override;
+    bool UserClick() override;
+
+  private:
+    void Store(bool value);
+
+    std::string caption_;
+    bool value_ = false;
+};
+
+} // namespace forms

@@ -1,0 +1,48 @@
+#pragma once
+
+#include <functional>
+#include <vector>
+
+#include "forms/Desktop.h"
+
+namespace forms {
+
+class Form;
+
+/// The forms of one running program: which are loaded, which is modal, what the mouse pointer shows.
+class Session {
+  public:
+    explicit Session(platform::Desktop& desktop) : desktop_(desktop) {}
+
+    platform::Desktop& Desktop() const { return desktop_; }
+
+    /// The loaded forms, in order of loading.
+    const std::vector<Form*>& OpenForms() const { return forms_; }
+
+    /// The form that alone takes input, or nullptr.
+    Form* ModalForm() const { return modal_.empty() ? nullptr : modal_.back(); }
+
+    /// True if the user can reach the form: it is shown and no other is modal above it.
+    bool TakesInput(const Form& form) const;
+
+    /// False while the form that was shown last would refuse to close.
+    bool MayEnd() const;
+    /// The user logs off: all forms that are shown close, the last one first.
+    void End();
+
+    /// Runs a handler. A failure that it does not trap ends it and goes to the desktop.
+    void Dispatch(const std::function<void()>& handler);
+
+    /// Show the hourglass, and the usual pointer again. They do not nest.
+    void HourglassOn() { desktop_.SetMousePointer(platform::PointerHourglass); }
+    void HourglassOff() { desktop_.SetMousePointer(platform::PointerDefault); }
+
+  private:
+    friend class Form;
+
+    platform::Desktop& desktop_;
+    std::vector<Form*> forms_;
+    std::vector<Form*> modal_;
+};
+
+} // namespace forms

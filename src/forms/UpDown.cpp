@@ -1,0 +1,35 @@
+#include "forms/UpDown.h"
+
+#include <algorithm>
+#include <cmath>
+#include <string>
+
+#include "base/Numbers.h"
+#include "forms/Form.h"
+
+namespace forms {
+
+UpDown* UpDown::Of(const TextBox& box) {
+    for (Control* control : box.Owner().Controls()) {
+        if (control->Kind() == ControlKind::UpDown) {
+            auto* arrows = static_cast<UpDown*>(control);
+            if (&arrows->Buddy() == &box) {
+                return arrows;
+            }
+        }
+    }
+    return nullptr;
+}
+
+void UpDown::UserStep(int direction) {
+    if (!TakesMouse()) {
+        return;
+    }
+    const double present =
+        std::clamp(std::trunc(platform::NumericValue(buddy_.Text())), double(min_) - 1.0, double(max_) + 1.0);
+    const int next = std::clamp(static_cast<int>(present) + direction, min_, max_);
+    buddy_.SetText(std::to_string(next));
+    buddy_.SelectAll();
+}
+
+} // namespace forms

@@ -1,0 +1,107 @@
+#include "state/Settings.h"
+
+#include <array>
+
+#include "machine/Locale.h"
+#include "base/Numbers.h"
+#include "base/Resume.h"
+#include "base/Text.h"
+#include "machine/modRegistry.h"
+
+namespace wizard {
+
+namespace text = platform::text;
+
+namespace {
+
+/// A pair of calibration arrays and the stem of their keys: the stem, "Links" or "Top", and the place.
+struct CalibrationKeys {
+    std::string_view Stem;
+    Calibration AppState::*X;
+    Calibration AppState::*Y;
+};
+
+constexpr std::array<CalibrationKeys, 6> FormCalibration{{
+    {"AcceptGiro", &AppState::AcceptGiroLinks, &AppState::AcceptGiroTop},
+    {"AcceptGiroNAW", &AppState::AcceptGiroNAWLinks, &AppState::AcceptGiroNAWTop},
+    {"AcceptGiroBKSouche", &AppState::AcceptGiroBKSoucheLinks, &AppState::AcceptGiroBKSoucheTop},
+    {"AcceptGiroBKAccept", &AppState::AcceptGiroBKAcceptLinks, &AppState::AcceptGiroBKAcceptTop},
+    {"AcceptGiroBGSouche", &AppState::AcceptGiroBGSoucheLinks, &AppState::AcceptGiroBGSoucheTop},
+    {"AcceptGiroBGAccept", &AppState::AcceptGiroBGAcceptLinks, &AppState::AcceptGiroBGAcceptTop},
+}};
+
+/// Places where a form can stand: three on a sheet and one under a letter.
+constexpr std::size_t Places = 4;
+
+/// A text of the creditor and its key.
+struct CreditorKey {
+    std::string_view Name;
+    std::string AppState::*Field;
+};
+
+constexpr std::array<CreditorKey, 5> CreditorKeys{{
+    {"IncassantBegunstigde", &AppState::IncassantBegunstigde},
+    {"IncassantAdres", &AppState::IncassantAdres},
+    {"IncassantPostCode", &AppState::IncassantPostCode},
+    {"IncassantWoonplaats", &AppState::IncassantWoonplaats},
+    {"IncassantBankGiro", &AppState::IncassantBankGiro},
+}};
+
+std::string Key(std::string_view stem, std::string_view direction, std::size_t place) {
+    std::string key(stem);
+    key += direction;
+    key += static_cast<char>('0' + place);
+    return key;
+}
+
+} // namespace
+
+std::string LeesInstelling(const AppState& state, platform::Registry& registry, std::string_view name) {
+    return platform::modRegistry(registry).GetRegistryValue(platform::HkeyCurrentUser, state.SettingsKey,
+                                                            std::string(name));
+}
+
+std::int16_t GetalInstelling(const std::string& tekst) {
+    std::int16_t getal = 0;
+    platform::Resume([&] { getal = platform::Int16OfText(tekst); });
+    return getal;
+}
+
+void LaadInstellingen(AppState& state, platform::Registry& registry, bool metIncassant) {
+    const auto read = [&](std::string_view name) { return LeesInstelling(state, registry, name); };
+
+    if (metIncassant) {
+        for (const CreditorKey& creditor : CreditorKeys) {
+            state.*creditor.Field = text::Trim(read(creditor.Name));
+        }
+        state.IncassantAfdrukken = read("IncassantAfdrukken") == "1";
+    }
+    for (std::size_t place = 0; place < Places; ++place) {
+        state.OCRLinks[place] = read(Key("OCR", "Links", place));
+        state.OCRTop[place] = read(Key("OCR", "Top", place));
+    }
+    for (const CalibrationKeys& keys : FormCalibration) {
+        for (std::size_t place = 0; place < Places; ++place) {
+            (state.*keys.X)[place] = read(Key(keys.Stem, "Links", place));
+            (state.*keys.Y)[place] = read(Key(keys.Stem, "Top", place));
+        }
+    }
+    state.AcceptgiroType = GetalInstelling(read("AcceptgiroType"));
+    state.GMUContractVorm = GetalInstelling(std::string(text::Trim(read("GMUContractVorm"))));
+}
+
+std::string LeesLocaleTekst(platform::Locale& locale, std::int32_t lcid, std::int32_t item) {
+    const std::int32_t size = locale.GetLocaleInfoA(lcid, item, nullptr, 0);
+    if (size <= 0) {
+        return {};
+    }
+    std::string buffer(static_cast<std::size_t>(size), '\0');
+    const std::int32_t written = locale.GetLocaleInfoA(lcid, item, buffer.data(), size);
+    if (written <= 0 || written > size) {
+        return {};
+    }
+    buffer.resize(static_cast<std::size_t>(written - 1));
+    return text::FromCodePage(buffer);
+}
+
+} // namespace wizard

@@ -1,0 +1,30 @@
+#pragma once
+
+#include <cstdint>
+#include <string>
+#include <string_view>
+
+#include "state/AppState.h"
+
+namespace platform {
+class Locale;
+class Registry;
+} // namespace platform
+
+namespace wizard {
+
+/// Reads the calibration, the form type and the contract form from the settings store into `state`, so that a
+/// change made in the main application counts from the next document. With `metIncassant` the creditor is
+/// read as well; without it the creditor stays as the user has edited it.
+void LaadInstellingen(AppState& state, platform::Registry& registry, bool metIncassant);
+
+/// Text of a value under the key of all settings; empty if it is missing.
+std::string LeesInstelling(const AppState& state, platform::Registry& registry, std::string_view name);
+
+/// The whole number that a setting holds. What does not fit 16 bits counts as 0.
+std::int16_t GetalInstelling(const std::string& tekst);
+
+/// An item of the user's regional settings, or the empty text.
+std::string LeesLocaleTekst(platform::Locale& locale, std::int32_t lcid, std::int32_t item);
+
+} // namespace wizard

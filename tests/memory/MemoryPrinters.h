@@ -1,0 +1,33 @@
+#pragma once
+
+#include <deque>
+
+#include "machine/Printer.h"
+#include "memory/PrintQueue.h"
+#include "memory/Recorder.h"
+
+namespace platform {
+
+/// The printers that a test has installed. The first one is the system's default.
+class MemoryPrinters final : public Printers {
+  public:
+    explicit MemoryPrinters(Recorder& recorder) : recorder_(recorder) {}
+
+    PrintQueue& Install(PrintQueue queue);
+
+    bool Empty() const { return queues_.empty(); }
+
+    int Count() override;
+    PrinterEntry Item(int index) override;
+
+    /// The printer's own record; ErrorSubscriptOutOfRange outside 0 to Count() - 1.
+    PrintQueue& Queue(int index);
+    /// By the exact name; nullptr if there is none.
+    PrintQueue* Find(const std::string& name);
+
+  private:
+    Recorder& recorder_;
+    std::deque<PrintQueue> queues_; // references stay good while printers are added
+};
+
+} // namespace platform

@@ -1,0 +1,294 @@
+#include <algorithm>
+#include <string>
+
+#include "CommandLine.h"
+#include "Commands.h"
+#include "ScriptError.h"
+#include "Target.h"
+#include "World.h"
+#include "base/Text.h"
+#include "forms/cmdButtonXP.h"
+#include "forms/ChoiceControl.h"
+#include "forms/MenuBar.h"
+#include "forms/ScrollBar.h"
+#include "forms/TextBox.h"
+#include "forms/Timer.h"
+#include "forms/Toolbar.h"
+
+namespace scenario {
+
+namespace {
+
+using forms::ControlKind;
+
+/// What a real user could not do is recorded, and has no other effect.
+void Ignored(const World& world, const char* command, const std::string& target) {
+    world.record.Write(Json{{"event", "ignored"}, {"command", command}, {"target", target}});
+}
+
+template <class Kind>
+Kind& As(const Target& target, std::initializer_list<ControlKind> kinds, const char* what) {
+    if (std::find(kinds.begin(), kinds.end(), target.Control->Kind()) == kinds.end()) {
+        throw ScriptError(std::string("no ") + what + ": " + FullName(*target.Control));
+    }
+    return static_cast<Kind&>(*target.Control);
+}
+
+forms::TextBox& BoxAt(const Target& target) {
+    return As<forms::TextBox>(target, {ControlKind::TextBox}, "text box");
+}
+
+/// Reads a control's path and lets `act` act on it. What `act` answers false to, or a form that takes no
+/// input, is ignored.
+template <class Act>
+void OnControl(World& world, CommandLine& line, const char* command, const Act& act) {
+    const std::string path = line.Word("control");
+    const Target target = TargetOf(world, path);
+    if (!act(target, world.session.TakesInput(*target.Form))) {
+        Ignored(world, command, path);
+    }
+}
+
+/// The same for a form.
+template <class Act>
+void OnForm(World& world, CommandLine& line, const char* command, const Act& act) {
+    const std::string name = line.Word("form");
+    forms::Form& form = world.FormNamed(name);
+    if (!act(form, world.session.TakesInput(form))) {
+        Ignored(world, command, name);
+    }
+}
+
+void Click(World& world, CommandLine& line) {
+    OnControl(world, line, "click", [](const Target& target, bool reachable) {
+        if (!reachable) {
+            return false;
+        }
+        if (target.Control->Kind() == ControlKind::Toolbar) {
+            return static_cast<forms::Toolbar&>(*target.Control).UserClickButton(target.Element);
+        }
+        return target.Control->UserClick();
+    });
+}
+
+void Pick(World& world, CommandLine& line) {
+    OnControl(world, line, "pick", [&](const Target& target, bool reachable) {
+        auto& list =
+            As<forms::ChoiceControl>(target, {ControlKind::ListBox, ControlKind::ComboBox}, "list or combo");
+        const int entry = line.WholeNumber("entry");
+        return reachable && list.UserPick(entry);
+    });
+}
+
+void Focus(World& world, CommandLine& line) {
+    OnControl(world, line, "focus", [](const Target& target, bool reachable) {
+        if (!reachable || !target.Control->CanFocus()) {
+            return false;
+        }
+        target.Form->MoveFocus(*target.Control);
+        return true;
+    });
+}
+
+void Tab(World& world, CommandLine& line) {
+    const auto name = line.NextWord();
+    forms::Form& form = name ? world.FormNamed(*name) : world.FrontForm();
+    if (!world.session.TakesInput(form)) {
+        Ignored(world, "tab", form.Name());
+        return;
+    }
+    world.memory.desktop.PressKey(platform::key::Tab);
+    form.UserKey(platform::key::Tab);
+    world.memory.desktop.ReleaseKey(platform::key::Tab);
+}
+
+/// The characters of a text to type, in which \b is Backspace.
+std::u32string Keys(std::string_view text) {
+    constexpr std::string_view backspace = "\\b";
+    std::u32string keys;
+    while (!text.empty()) {
+        if (text.starts_with(backspace)) {
+            keys += static_cast<char32_t>(platform::key::Backspace);
+            text.remove_prefix(backspace.size());
+            continue;
+        }
+        const auto [code, bytes] = platform::text::DecodeFirst(text);
+        keys += code;
+        text.remove_prefix(bytes);
+    }
+    return keys;
+}
+
+void Type(World& world, CommandLine& line) {
+    OnControl(world, line, "type", [&](const Target& target, bool reachable) {
+        forms::TextBox& box = BoxAt(target);
+        const std::u32string keys = Keys(line.Word("text"));
+        if (!reachable || !box.UserClick()) {
+            return false;
+        }
+        if (target.Form->ActiveControl() == &box) {
+            box.UserSelect(static_cast<int>(platform::text::Length(box.Text())), 0);
+            for (const char32_t key : keys) {
+                box.TypeKey(key);
+            }
+        }
+        return true;
+    });
+}
+
+void Clear(World& world, CommandLine& line) {
+    BoxAt(TargetOf(world, line.Word("control"))).SetText("");
+}
+
+/// The text stands in the box whole: what a count is worth that no user can type is asked this way.
+void Paste(World& world, CommandLine& line) {
+    forms::TextBox& box = BoxAt(TargetOf(world, line.Word("control")));
+    const int limit = box.MaxLength();
+    box.SetMaxLength(0);
+    box.SetText(line.Word("text"));
+    box.SetMaxLength(limit);
+}
+
+void Key(World& world, CommandLine& line) {
+    OnForm(world, line, "key", [&](forms::Form& form, bool reachable) {
+        const int code = line.WholeNumber("key code");
+        if (reachable) {
+            world.memory.desktop.PressKey(code);
+            form.UserKey(code);
+            world.memory.desktop.ReleaseKey(code);
+        }
+        return reachable;
+    });
+}
+
+void Wheel(World& world, CommandLine& line) {
+    OnForm(world, line, "wheel", [&](forms::Form& form, bool reachable) {
+        const int delta = line.WholeNumber("delta");
+        if (reachable) {
+            world.memory.desktop.Windows().SendWheel(form.hWnd(), static_cast<std::int16_t>(delta));
+        }
+        return reachable;
+    });
+}
+
+void Scroll(World& world, CommandLine& line) {
+    OnControl(world, line, "scroll", [&](const Target& target, bool reachable) {
+        auto& bar = As<forms::ScrollBar>(target, {ControlKind::ScrollBar}, "scroll bar");
+        const int value = line.WholeNumber("value");
+        return reachable && bar.UserScroll(value);
+    });
+}
+
+/// The menu bar of a form that has a tool of this id; ScriptError if there is none.
+forms::MenuBar& MenuWith(const forms::Form& form, const std::string& id) {
+    for (forms::Control* control : form.Controls()) {
+        if (control->Kind() != ControlKind::MenuBar) {
+            continue;
+        }
+        auto& bar = static_cast<forms::MenuBar&>(*control);
+        for (const forms::Menu& menu : bar.Menus()) {
+            if (std::any_of(menu.Tools.begin(), menu.Tools.end(),
+                            [&](const forms::MenuTool& tool) { return tool.Id == id; })) {
+                return bar;
+            }
+        }
+    }
+    throw ScriptError("no such menu tool on " + form.Name() + ": " + id);
+}
+
+void Menu(World& world, CommandLine& line) {
+    OnForm(world, line, "menu", [&](forms::Form& form, bool reachable) {
+        const std::string id = line.Word("menu tool");
+        forms::MenuBar& bar = MenuWith(form, id);
+        return reachable && bar.UserChoose(id);
+    });
+}
+
+/// What a command of the mouse does with the pointer.
+enum class Pointer { ToControl, Away, Stays };
+
+/// The mouse, for the buttons that follow it.
+template <class Act>
+void Mouse(World& world, CommandLine& line, const char* command, Pointer pointer, const Act& act) {
+    OnControl(world, line, command, [&](const Target& target, bool reachable) {
+        if (!reachable) {
+            return false;
+        }
+        if (pointer != Pointer::Stays) {
+            world.memory.desktop.PointAt(pointer == Pointer::ToControl ? target.Control : nullptr);
+        }
+        if (target.Control->Kind() == ControlKind::FlatButton) {
+            act(static_cast<platform::cmdButtonXP&>(*target.Control));
+        }
+        return true;
+    });
+}
+
+void Over(World& world, CommandLine& line) {
+    Mouse(world, line, "over", Pointer::ToControl,
+          [](platform::cmdButtonXP& button) { button.UserMouseMove(); });
+}
+
+void Away(World& world, CommandLine& line) {
+    Mouse(world, line, "away", Pointer::Away, [](platform::cmdButtonXP&) {});
+}
+
+void Down(World& world, CommandLine& line) {
+    Mouse(world, line, "down", Pointer::ToControl,
+          [](platform::cmdButtonXP& button) { button.UserMouseDown(); });
+}
+
+void Up(World& world, CommandLine& line) {
+    Mouse(world, line, "up", Pointer::Stays, [](platform::cmdButtonXP& button) { button.UserMouseUp(); });
+}
+
+void Tick(World& world, CommandLine& line) {
+    const Target target = TargetOf(world, line.Word("timer"));
+    forms::Timer& timer = target.Control->Kind() == ControlKind::FlatButton
+                              ? static_cast<platform::cmdButtonXP&>(*target.Control).Timer
+                              : As<forms::Timer>(target, {ControlKind::Timer}, "timer");
+    const auto count = line.NextWord();
+    for (int left = count ? WholeNumberOf(*count, "count") : 1; left > 0; --left) {
+        timer.Tick();
+    }
+}
+
+void Close(World& world, CommandLine& line) {
+    OnForm(world, line, "close", [&](forms::Form& form, bool reachable) {
+        if (reachable && !form.UserClose()) {
+            world.record.Write(Json{{"event", "refused"}, {"form", form.Name()}});
+        }
+        return reachable;
+    });
+}
+
+void Open(World& world, CommandLine& line) {
+    world.Open(line.Word("form"));
+}
+
+void Resize(World& world, CommandLine& line) {
+    OnForm(world, line, "resize", [&](forms::Form& form, bool reachable) {
+        const double width = line.Number("width");
+        const double height = line.Number("height");
+        const bool possible = reachable && form.Resizable();
+        if (possible) {
+            form.UserResize(width, height);
+        }
+        return possible;
+    });
+}
+
+constexpr Command Commands[] = {
+    {"click", Click}, {"pick", Pick},   {"focus", Focus}, {"tab", Tab},       {"type", Type},
+    {"clear", Clear}, {"paste", Paste}, {"key", Key},     {"wheel", Wheel},   {"scroll", Scroll},
+    {"menu", Menu},   {"over", Over},   {"away", Away},   {"down", Down},     {"up", Up},
+    {"tick", Tick},   {"close", Close}, {"open", Open},   {"resize", Resize},
+};
+
+} // namespace
+
+std::span<const Command> UserCommands() {
+    return Commands;
+}
+
+} // namespace scenario

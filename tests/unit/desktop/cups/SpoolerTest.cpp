@@ -1,0 +1,314 @@
+#include "desktop/cups/CupsSpooler.h"
+#include "desktop/cups/CupsStatus.h"
+#include "desktop/cups/PaperTable.h"
+#include "desktop/qt/QtPrinter.h"
+#include "desktop/qt/QtPrinters.h"
+
+#include <QFile>
+#include <QTemporaryDir>
+
+#include <gtest/gtest.h>
+
+#include <cstring>
+
+namespace platform::qt {
+namespace {
+
+/// A queue that is all memory.
+class FakeQueue : public PrintQueue {
+  public:
+    std::string Name() override { return QueueName; }
+    std::string Port() override { return "ipp://printer.example/ipp/print"; }
+    std::string Comment() override { return "Kamer 1, \xE2\x82\xAC 5 \xE6\xBC\xA2"; }
+    std::string Driver() override { return "Driver"; }
+    bool Reachable() override { return IsReachable; }
+    std::uint32_t Status() override { return 16; }
+    const std::vector<Paper>& Papers() override { return PaperList; }
+    const std::vector<Bin>& Bins() override { return BinList; }
+    QueueSettings ReadSettings() override { return Settings; }
+    void WriteSettings(const QueueSettings& settings) override { Settings = settings; }
+    std::string Trouble() override { return TroubleText; }
+    std::unique_ptr<PrintJob> BeginJob(const std::string&, const Paper&, const Bin*) override {
+        return nullptr;
+    }
+
+    std::string QueueName = "Kantoor";
+    bool IsReachable = true;
+    std::string TroubleText;
+    std::vector<Paper> PaperList;
+    std::vector<Bin> BinList;
+    QueueSettings Settings{Portrait, PaperA4, 1, 3};
+};
+
+Paper NewPaper(std::int16_t id, const std::string& name, double width, double height) {
+    Paper paper;
+    paper.Id = id;
+    paper.Name = name;
+    paper.Width = width;
+    paper.Height = height;
+    return paper;
+}
+
+Bin NewBin(std::int16_t id, const std::string& name) {
+    Bin bin;
+    bin.Id = id;
+    bin.Name = name;
+    return bin;
+}
+
+class SpoolerTest : public testing::Test {
+  protected:
+    SpoolerTest() {
+        Queue->PaperList = {NewPaper(9, "A4", 11906, 16838), NewPaper(300, std::string(70, 'n'), 567, 1134)};
+        Queue->BinList = {NewBin(1, "Bovenste lade"), NewBin(256, std::string(30, 'b'))};
+    }
+
+    PrinterHandle Open(const std::string& name = "Kantoor") {
+        PrinterHandle handle = 99;
+        const bool opened = Spooler.OpenPrinterA(name, handle, {nullptr, nullptr, PrinterAccessUse});
+        EXPECT_EQ(opened, handle != 0);
+        return handle;
+    }
+
+    DEVMODE Mode(PrinterHandle handle) {
+        DEVMODE mode{};
+        EXPECT_EQ(Spooler.DocumentPropertiesA(handle, "Kantoor", &mode, nullptr, DM_OUT_BUFFER), 1);
+        return mode;
+    }
+
+    QTemporaryDir Folder;
+    FakeQueue* Queue = new FakeQueue; // owned by the list
+    QtPrinters Printers{std::make_unique<PdfPrinter>(AskForPdfFile, Folder.filePath("pdf.conf")), [this] {
+                            FoundQueues found;
+                            found.Queues.emplace_back(Queue);
+                            found.Default = 0;
+                            return found;
+                        }};
+    CupsSpooler Spooler{Printers};
+
+    void SetUp() override { ASSERT_EQ(Printers.Count(), 2); }
+};
+
+TEST_F(SpoolerTest, OpensByNameAndClosesOnce) {
+    const PrinterHandle handle = Open();
+    EXPECT_NE(handle, 0U);
+    EXPECT_NE(Open("PDF-bestand"), 0U);
+    EXPECT_EQ(Open("kantoor"), 0U);
+    EXPECT_EQ(Open(""), 0U);
+    EXPECT_TRUE(Spooler.ClosePrinter(handle));
+    EXPECT_FALSE(Spooler.ClosePrinter(handle));
+    Queue->IsReachable = false;
+    EXPECT_EQ(Open(), 0U);
+}
+
+TEST_F(SpoolerTest, AnOpenPrinterThatIsGoneFails) {
+    const PrinterHandle handle = Open();
+    Queue->QueueName = "Elders";
+    DEVMODE mode{};
+    EXPECT_LT(Spooler.DocumentPropertiesA(handle, "Kantoor", &mode, nullptr, DM_OUT_BUFFER), 0);
+    EXPECT_TRUE(Spooler.ClosePrinter(handle));
+}
+
+TEST_F(SpoolerTest, CountsNoPapersOfAPrinterThatCannotBeAsked) {
+    Queue->IsReachable = false;
+    EXPECT_EQ(Spooler.DeviceCapabilitiesA("Kantoor", "", DC_PAPERNAMES, nullptr), -1);
+    EXPECT_EQ(Spooler.DeviceCapabilitiesA("Kantoor", "", DC_BINS, nullptr), -1);
+}
+
+TEST_F(SpoolerTest, FindsANameOfAnyLetters) {
+    for (const char* name : {"Büro", "Privé-A4", "Принтер", "印刷"}) {
+        Queue->QueueName = name;
+        EXPECT_NE(Open(Spooler.Encode(name)), 0U) << name;
+        EXPECT_EQ(Spooler.DeviceCapabilitiesA(Spooler.Encode(name), "", DC_PAPERS, nullptr), 2) << name;
+        EXPECT_EQ(Spooler.Decode(Spooler.Encode(name)), name);
+    }
+}
+
+TEST_F(SpoolerTest, TellsWhatIsWrongWithTheStoredDefaults) {
+    EXPECT_EQ(Spooler.Trouble("Kantoor"), "");
+    Queue->TroubleText = "lpoptions is niet te lezen";
+    EXPECT_EQ(Spooler.Trouble("Kantoor"), "lpoptions is niet te lezen");
+    EXPECT_EQ(Spooler.Trouble("Elders"), "");
+}
+
+TEST_F(SpoolerTest, OpensAgainAfterAFailedCountOrOpen) {
+    Queue->IsReachable = false;
+    EXPECT_EQ(Spooler.DeviceCapabilitiesA("Kantoor", "", DC_PAPERNAMES, nullptr), -1);
+    EXPECT_EQ(Open(), 0U);
+    Queue->IsReachable = true;
+    EXPECT_NE(Open(), 0U);
+}
+
+TEST_F(SpoolerTest, AChoiceHoldsWhereThePrinterCouldNotBeOpenedForIt) {
+    QtPrinter printer(Printers, [](const std::string&) {});
+    printer.Assign(0);
+    Queue->IsReachable = false;
+    EXPECT_EQ(Open(), 0U); // to write it
+    printer.SetOrientation(Landscape);
+    printer.SetPaperSize(300);
+    printer.SetPaperBin(256);
+    printer.Assign(0);
+    EXPECT_EQ(printer.Orientation(), Portrait); // goes to no stored defaults
+    EXPECT_EQ(printer.PaperSize(), 300);
+    EXPECT_EQ(printer.PaperBin(), 256);
+    Queue->IsReachable = true;
+    EXPECT_NE(Open(), 0U);
+    printer.SetPaperSize(9);
+    printer.Assign(0);
+    EXPECT_EQ(printer.PaperSize(), 300); // what is not written is not kept
+}
+
+TEST_F(SpoolerTest, TellsTheSettingsAndWhatIsOffered) {
+    const PrinterHandle handle = Open();
+    EXPECT_EQ(Spooler.DocumentPropertiesA(handle, "Kantoor", nullptr, nullptr, 0), 124);
+    DEVMODE mode = Mode(handle);
+    EXPECT_STREQ(mode.dmDeviceName, "Kantoor");
+    EXPECT_EQ(mode.dmSize, 124);
+    EXPECT_EQ(mode.dmFields, static_cast<std::uint32_t>(DM_ORIENTATION | DM_PAPERSIZE | DM_DEFAULTSOURCE));
+    EXPECT_EQ(mode.dmOrientation, 1);
+    EXPECT_EQ(mode.dmPaperSize, 9);
+    EXPECT_EQ(mode.dmDefaultSource, 1);
+    EXPECT_EQ(mode.dmCopies, 3);
+    Queue->BinList.clear();
+    mode = Mode(handle);
+    EXPECT_EQ(mode.dmFields, static_cast<std::uint32_t>(DM_ORIENTATION | DM_PAPERSIZE));
+}
+
+TEST_F(SpoolerTest, FailsWithAHandleThatIsNotOpen) {
+    DEVMODE mode{};
+    std::uint32_t needed = 7;
+    EXPECT_LT(Spooler.DocumentPropertiesA(77, "Kantoor", &mode, nullptr, 0), 0);
+    EXPECT_FALSE(Spooler.GetPrinterA(77, 2, nullptr, 0, needed));
+    EXPECT_EQ(needed, 0U);
+    PRINTER_INFO_2 info{};
+    EXPECT_FALSE(Spooler.SetPrinterA(77, 2, &info, 0));
+    EXPECT_FALSE(Spooler.ClosePrinter(77));
+}
+
+TEST_F(SpoolerTest, MakesChangedSettingsValid) {
+    const PrinterHandle handle = Open();
+    DEVMODE mode = Mode(handle);
+    mode.dmPaperSize = 300;
+    mode.dmDefaultSource = 14; // not there
+    mode.dmOrientation = 9;    // no orientation
+    EXPECT_EQ(Spooler.DocumentPropertiesA(handle, "Kantoor", &mode, &mode, DM_IN_BUFFER | DM_OUT_BUFFER), 1);
+    EXPECT_EQ(mode.dmPaperSize, 300);
+    EXPECT_EQ(mode.dmDefaultSource, 1);
+    EXPECT_EQ(mode.dmOrientation, 1);
+    EXPECT_EQ(Mode(handle).dmPaperSize, 9); // nothing is stored by that
+    EXPECT_LT(Spooler.DocumentPropertiesA(handle, "Kantoor", &mode, nullptr, DM_IN_BUFFER | DM_OUT_BUFFER),
+              0);
+    EXPECT_LT(Spooler.DocumentPropertiesA(handle, "Kantoor", nullptr, nullptr, DM_OUT_BUFFER), 0);
+}
+
+TEST_F(SpoolerTest, StoresDefaultsAndReadsThemBack) {
+    const PrinterHandle handle = Open();
+    DEVMODE mode = Mode(handle);
+    mode.dmPaperSize = 300;
+    mode.dmDefaultSource = 256;
+    mode.dmOrientation = 2;
+    PRINTER_INFO_2 info{};
+    info.pDevMode = &mode;
+    EXPECT_TRUE(Spooler.SetPrinterA(handle, 2, &info, 0));
+    EXPECT_EQ(Mode(handle).dmPaperSize, 300);
+    EXPECT_EQ(Mode(handle).dmDefaultSource, 256);
+    EXPECT_EQ(Mode(handle).dmOrientation, 2);
+    mode.dmFields = 0; // a field that is not named stays
+    mode.dmPaperSize = 9;
+    EXPECT_TRUE(Spooler.SetPrinterA(handle, 2, &info, 0));
+    EXPECT_EQ(Mode(handle).dmPaperSize, 300);
+
+    info.pDevMode = nullptr;
+    EXPECT_FALSE(Spooler.SetPrinterA(handle, 2, &info, 0));
+    EXPECT_FALSE(Spooler.SetPrinterA(handle, 2, nullptr, 0));
+    EXPECT_FALSE(Spooler.SetPrinterA(handle, 1, &info, 0));
+    EXPECT_FALSE(Spooler.SetPrinterA(handle, 2, &info, 1));
+}
+
+TEST_F(SpoolerTest, StoresThePdfPrintersDefaultsInTheProgramAlone) {
+    const PrinterHandle handle = Open("PDF-bestand");
+    DEVMODE mode{};
+    ASSERT_EQ(Spooler.DocumentPropertiesA(handle, "PDF-bestand", &mode, nullptr, DM_OUT_BUFFER), 1);
+    mode.dmPaperSize = PaperLegal;
+    PRINTER_INFO_2 info{};
+    info.pDevMode = &mode;
+    EXPECT_TRUE(Spooler.SetPrinterA(handle, 2, &info, 0));
+    ASSERT_EQ(Spooler.DocumentPropertiesA(handle, "PDF-bestand", &mode, nullptr, DM_OUT_BUFFER), 1);
+    EXPECT_EQ(mode.dmPaperSize, PaperLegal);
+    EXPECT_FALSE(QFile::exists(Folder.filePath("pdf.conf")));
+}
+
+TEST_F(SpoolerTest, TellsNamePortCommentAndStatus) {
+    const PrinterHandle handle = Open();
+    std::uint32_t needed = 0;
+    EXPECT_FALSE(Spooler.GetPrinterA(handle, 2, nullptr, 0, needed));
+    ASSERT_GT(needed, sizeof(PRINTER_INFO_2));
+    std::vector<char> buffer(needed);
+    EXPECT_FALSE(Spooler.GetPrinterA(handle, 2, buffer.data(), needed - 1, needed));
+    ASSERT_TRUE(Spooler.GetPrinterA(handle, 2, buffer.data(), needed, needed));
+    PRINTER_INFO_2 info;
+    std::memcpy(&info, buffer.data(), sizeof info);
+    EXPECT_STREQ(info.pPrinterName, "Kantoor");
+    EXPECT_STREQ(info.pPortName, "ipp://printer.example/ipp/print");
+    EXPECT_STREQ(info.pComment, "Kamer 1, \xE2\x82\xAC 5 \xE6\xBC\xA2");
+    EXPECT_STREQ(info.pDriverName, "Driver");
+    EXPECT_EQ(info.Status, 16U);
+    DEVMODE mode;
+    std::memcpy(&mode, info.pDevMode, sizeof mode);
+    EXPECT_EQ(mode.dmPaperSize, 9);
+    EXPECT_FALSE(Spooler.GetPrinterA(handle, 1, buffer.data(), needed, needed));
+}
+
+TEST_F(SpoolerTest, ListsPapersAndBinsWithNamesThatAreClosed) {
+    const auto ask = [this](std::uint16_t capability, void* output) {
+        return Spooler.DeviceCapabilitiesA("Kantoor", "", capability, output);
+    };
+    ASSERT_EQ(ask(DC_PAPERS, nullptr), 2);
+    std::int16_t ids[2] = {};
+    EXPECT_EQ(ask(DC_PAPERS, ids), 2);
+    EXPECT_EQ(ids[0], 9);
+    EXPECT_EQ(ids[1], 300);
+    std::int32_t sizes[4] = {};
+    EXPECT_EQ(ask(DC_PAPERSIZE, sizes), 2);
+    EXPECT_EQ(sizes[0], 2100);
+    EXPECT_EQ(sizes[1], 2970);
+    EXPECT_EQ(sizes[2], 100);
+    EXPECT_EQ(sizes[3], 200);
+    char papers[2][64];
+    EXPECT_EQ(ask(DC_PAPERNAMES, papers), 2);
+    EXPECT_STREQ(papers[0], "A4");
+    EXPECT_EQ(std::string(papers[1]), std::string(63, 'n'));
+    EXPECT_EQ(ask(DC_BINS, ids), 2);
+    EXPECT_EQ(ids[1], 256);
+    char bins[2][24];
+    EXPECT_EQ(ask(DC_BINNAMES, bins), 2);
+    EXPECT_STREQ(bins[0], "Bovenste lade");
+    EXPECT_EQ(std::string(bins[1]), std::string(23, 'b'));
+    EXPECT_EQ(ask(1, nullptr), -1);
+    EXPECT_EQ(Spooler.DeviceCapabilitiesA("Elders", "", DC_PAPERS, nullptr), -1);
+}
+
+TEST(StatusBits, MapsStateAndReasons) {
+    EXPECT_EQ(StatusBits("3", "none", "true"), 0U);
+    EXPECT_EQ(StatusBits("", "", ""), 0U);
+    EXPECT_EQ(StatusBits("5", "paused", "true"), 1U);
+    EXPECT_EQ(StatusBits("4", "none", "true"), 1024U);
+    EXPECT_EQ(StatusBits("3", "media-empty-error,offline-report", "true"), 16U | 128U);
+    EXPECT_EQ(StatusBits("3", "media-jam", "false"), 8U | 4096U);
+    EXPECT_EQ(StatusBits("3", "something-new-error", "true"), 2U);
+    EXPECT_EQ(StatusBits("3", "something-new-warning,,,", "true"), 0U);
+    EXPECT_EQ(StatusBits("3", "toner-low-warning,door-open-error", "true"), 131072U | 4194304U);
+}
+
+TEST(PaperTable, KnowsTheCodesOfWindows) {
+    EXPECT_EQ(PaperCode("iso_a4_210x297mm"), 9);
+    EXPECT_EQ(PaperCode("na_legal_8.5x14in"), 5);
+    EXPECT_EQ(PaperCode("iso_dl_110x220mm"), 27);
+    EXPECT_EQ(PaperCode("custom_1_1x1mm"), 0);
+    EXPECT_EQ(BinCode("Upper"), 1);
+    EXPECT_EQ(BinCode("AUTO"), 7);
+    EXPECT_EQ(BinCode("Tray1"), 0);
+}
+
+} // namespace
+} // namespace platform::qt

@@ -1,0 +1,153 @@
+// Documents that a printer refuses on their way: part of a batch is worse than none.
+#include "base/RuntimeError.h"
+#include "desktop/qt/PdfPrinter.h"
+#include "desktop/qt/QtPrinter.h"
+#include "desktop/qt/QtPrinters.h"
+
+#include <QFile>
+#include <QTemporaryDir>
+
+#include <gtest/gtest.h>
+
+#include <functional>
+
+namespace platform::qt {
+namespace {
+
+const FontSpec Tahoma9 = {"Tahoma", 9, false};
+
+/// A queue whose documents go to a file, and what became of them.
+struct Spool {
+    int Begun = 0;
+    int Finished = 0;
+    bool RefusesStart = false;
+    bool RefusesEnd = false;
+    QString File;
+};
+
+class SpoolJob final : public PrintJob {
+  public:
+    explicit SpoolJob(Spool& spool) : spool_(spool), file_(spool.File) {
+        EXPECT_TRUE(file_.open(QIODevice::WriteOnly | QIODevice::Unbuffered));
+    }
+    QIODevice* Output() override { return &file_; }
+    void Finish() override {
+        if (spool_.RefusesEnd) {
+            throw RuntimeError(ErrorPrinter, "Geen antwoord.");
+        }
+        ++spool_.Finished;
+    }
+
+  private:
+    Spool& spool_;
+    QFile file_;
+};
+
+class SpoolQueue final : public PrintQueue {
+  public:
+    explicit SpoolQueue(Spool& spool) : spool_(spool) {}
+    std::string Name() override { return "Laser"; }
+    std::string Port() override { return "USB"; }
+    std::string Comment() override { return ""; }
+    std::string Driver() override { return ""; }
+    bool Reachable() override { return true; }
+    std::uint32_t Status() override { return 0; }
+    const std::vector<Paper>& Papers() override { return papers_; }
+    const std::vector<Bin>& Bins() override { return bins_; }
+    QueueSettings ReadSettings() override { return {}; }
+    void WriteSettings(const QueueSettings&) override {}
+    std::unique_ptr<PrintJob> BeginJob(const std::string&, const Paper&, const Bin*) override {
+        ++spool_.Begun;
+        if (spool_.RefusesStart) {
+            throw RuntimeError(ErrorPrinter, "Geen antwoord.");
+        }
+        return std::make_unique<SpoolJob>(spool_);
+    }
+
+  private:
+    Spool& spool_;
+    std::vector<Paper> papers_;
+    std::vector<Bin> bins_;
+};
+
+class BrokenDocumentTest : public testing::Test {
+  protected:
+    BrokenDocumentTest() { queue.File = folder.filePath("spool"); }
+
+    /// A document of some pages, of which each step that fails is given up as a run does; how many failed.
+    int Print(
+        int pages, const std::function<void(int page)>& before = [](int) {}) {
+        int failed = 0;
+        const auto step = [&](const std::function<void(Canvas&)>& draw) {
+            try {
+                draw(printer.Page());
+            } catch (const RuntimeError&) {
+                ++failed;
+            }
+        };
+        printer.SetDocumentTitle("Proef");
+        for (int page = 1; page <= pages; ++page) {
+            before(page);
+            step([](Canvas& canvas) { canvas.DrawText(567, 567, "Regel", Tahoma9); });
+            step([](Canvas& canvas) { canvas.DrawLine(0, 0, 567, 567, 0); });
+            step([](Canvas& canvas) { canvas.NewPage(); });
+        }
+        step([](Canvas& canvas) { canvas.EndDocument(); });
+        return failed;
+    }
+    void ExpectGivenUpWholeAndToldOnce(const std::string& text) {
+        EXPECT_EQ(queue.Begun, 1);
+        EXPECT_EQ(queue.Finished, 0);
+        EXPECT_EQ(told, std::vector<std::string>{text});
+        EXPECT_FALSE(printer.IsPrinting());
+    }
+
+    QTemporaryDir folder;
+    Spool queue;
+    std::vector<std::string> told;
+    QtPrinters printers{std::make_unique<PdfPrinter>(AskForPdfFile, folder.filePath("pdf.conf")), [this] {
+                            FoundQueues found;
+                            found.Queues.push_back(std::make_unique<SpoolQueue>(queue));
+                            found.Default = 0;
+                            found.Answered = true;
+                            return found;
+                        }};
+    QtPrinter printer{printers, [this](const std::string& text) { told.push_back(text); }};
+};
+
+TEST_F(BrokenDocumentTest, AWholeOneIsHandedOver) {
+    EXPECT_EQ(Print(3), 0);
+    EXPECT_EQ(queue.Finished, 1);
+    EXPECT_TRUE(told.empty());
+}
+
+TEST_F(BrokenDocumentTest, RefusedAtItsStart) {
+    queue.RefusesStart = true;
+    EXPECT_EQ(Print(3), 1);
+    ExpectGivenUpWholeAndToldOnce("Geen antwoord.");
+}
+
+TEST_F(BrokenDocumentTest, RefusedAtAPageBreak) {
+    queue.File = "/dev/full"; // what is drawn on the first page finds no room
+    EXPECT_EQ(Print(3), 1);
+    ExpectGivenUpWholeAndToldOnce("De volgende pagina kon niet worden begonnen.");
+}
+
+TEST_F(BrokenDocumentTest, RefusedAtItsEnd) {
+    queue.RefusesEnd = true;
+    EXPECT_EQ(Print(3), 1);
+    ExpectGivenUpWholeAndToldOnce("Geen antwoord.");
+}
+
+TEST_F(BrokenDocumentTest, TheNextOneIsANewOne) {
+    queue.File = "/dev/full";
+    Print(2);
+    queue.File = folder.filePath("spool");
+    EXPECT_EQ(Print(2), 0);
+    EXPECT_EQ(queue.Begun, 2);
+    EXPECT_EQ(queue.Finished, 1);
+    EXPECT_EQ(told.size(), 1U);
+}
+
+} // namespace
+} // namespace platform::qt

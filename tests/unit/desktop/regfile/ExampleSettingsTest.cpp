@@ -1,0 +1,82 @@
+// The example that new users start from.
+#include "unit/desktop/regfile/RegFileStoreFixture.h"
+
+#include <set>
+#include <string>
+
+namespace {
+
+using namespace platform;
+using namespace std::string_literals;
+namespace fs = std::filesystem;
+
+class ExampleSettingsTest : public RegFileStoreTest {
+  protected:
+    const fs::path example = fs::path(DRUKKEURING_EXAMPLES) / "tarvik.reg";
+    RegFileStore store{example};
+};
+
+TEST_F(ExampleSettingsTest, IsAnExportOfWindows) {
+    const std::string bytes = Bytes(example);
+    EXPECT_TRUE(bytes.starts_with("\xFF\xFEW\0i\0n\0"s));
+    EXPECT_TRUE(bytes.ends_with("\r\0\n\0\r\0\n\0"s));
+}
+
+TEST_F(ExampleSettingsTest, HoldsEverySetting) {
+    EXPECT_EQ(Read(store, "GMUContractVorm"), "31");
+    EXPECT_EQ(Read(store, "AcceptgiroType"), "1");
+    EXPECT_EQ(Read(store, "GMUVerkeer"), "1");
+    EXPECT_EQ(Read(store, "GMUFontName"), "OCR-B");
+    EXPECT_EQ(Read(store, "GMUFontSize"), "10");
+    EXPECT_EQ(Read(store, "IncassantBankGiro"), "NL13ABNA0500000018");
+    EXPECT_EQ(Read(store, "IncassantAfdrukken"), "1");
+    for (const char* const name :
+         {"IncassantBegunstigde", "IncassantAdres", "IncassantPostCode", "IncassantWoonplaats",
+          "PrinterOrientation", "GMUServiceNr", "GMUCode", "AcceptFontSizeNAW1", "AcceptFontSizeNAW2",
+          "UseSpecificPrinterSettings", "MatrixPrinter", "PrinterOverrulePaperSize"}) {
+        EXPECT_NE(Read(store, name), "") << name;
+    }
+}
+
+TEST_F(ExampleSettingsTest, CalibrationsCanAllBeToldApart) {
+    std::set<double> millimetres;
+    for (const char* const stem : {"OCR", "AcceptGiro", "AcceptGiroNAW", "AcceptGiroBKSouche",
+                                   "AcceptGiroBKAccept", "AcceptGiroBGSouche", "AcceptGiroBGAccept"}) {
+        for (const char* const axis : {"Links", "Top"}) {
+            for (int index = 0; index < 4; ++index) {
+                std::string text = Read(store, stem + std::string(axis) + std::to_string(index));
+                const std::size_t comma = text.find(',');
+                ASSERT_NE(comma, std::string::npos) << stem << axis << index;
+                text[comma] = '.';
+                const double value = std::stod(text);
+                EXPECT_LE(std::abs(value), 2.0);
+                EXPECT_TRUE(millimetres.insert(std::abs(value)).second) << stem << axis << index;
+            }
+        }
+    }
+}
+
+TEST_F(ExampleSettingsTest, HasTheKeysOfEveryKindOfDocument) {
+    for (const char* const kind : {"Etiketten", "Acceptgiro", "Persoonskaart", "Gezinskaart", "Overige"}) {
+        RegistryKey handle = 0;
+        ASSERT_EQ(store.RegOpenKeyA(HkeyCurrentUser, SettingsPath + "\\PrinterSetting\\" + kind, handle),
+                  RegSuccess)
+            << kind;
+        for (const char* const name : {"Printer", "Orientatie", "Formaat", "Lade", "Matrix"}) {
+            std::uint32_t type = RegNone;
+            std::uint32_t size = 0;
+            EXPECT_EQ(store.RegQueryValueExA(handle, name, type, nullptr, size), RegSuccess) << kind << name;
+        }
+    }
+}
+
+TEST_F(ExampleSettingsTest, WriteChangesOneValue) {
+    const std::string before = Bytes(example);
+    Put(before);
+    RegFileStore copy(file);
+    EXPECT_TRUE(Write(copy, "PrinterOrientation", "2"));
+    EXPECT_TRUE(Write(copy, "PrinterOrientation", "1"));
+    EXPECT_EQ(Bytes(file), before);
+}
+
+} // namespace

@@ -1,0 +1,69 @@
+#pragma once
+
+#include "desktop/regfile/RegFileStore.h"
+#include "machine/modRegistry.h"
+
+#include <gtest/gtest.h>
+
+#include <cstdlib>
+#include <filesystem>
+#include <fstream>
+#include <string>
+
+#include <sys/stat.h>
+
+namespace platform {
+
+inline const std::string SettingsPath = "Software\\Ondor\\Tarvik\\CurrentVersion";
+
+/// A settings file in a folder of its own.
+class RegFileStoreTest : public testing::Test {
+  protected:
+    void SetUp() override {
+        std::string folderName = (std::filesystem::temp_directory_path() / "regfilestore-XXXXXX").string();
+        ASSERT_NE(mkdtemp(folderName.data()), nullptr);
+        folder = folderName;
+        file = folder / "settings.reg";
+    }
+    void TearDown() override { std::filesystem::remove_all(folder); }
+
+    void Put(const std::string& bytes) const { PutInto(file, bytes); }
+    static void PutInto(const std::filesystem::path& path, const std::string& bytes) {
+        std::ofstream(path, std::ios::binary) << bytes;
+    }
+    static std::string Bytes(const std::filesystem::path& path) {
+        std::ifstream stream(path, std::ios::binary);
+        return {std::istreambuf_iterator<char>(stream), {}};
+    }
+    std::size_t FilesInFolder() const {
+        return static_cast<std::size_t>(std::distance(std::filesystem::directory_iterator(folder),
+                                                      std::filesystem::directory_iterator()));
+    }
+    static mode_t Mode(const std::filesystem::path& path) {
+        struct stat status {};
+        EXPECT_EQ(stat(path.c_str(), &status), 0);
+        return status.st_mode & 07777;
+    }
+
+    std::filesystem::path folder;
+    std::filesystem::path file;
+};
+
+inline std::string Read(RegFileStore& store, const std::string& name,
+                        const std::string& path = SettingsPath) {
+    return modRegistry(store).GetRegistryValue(HkeyCurrentUser, path, name);
+}
+
+inline bool Write(RegFileStore& store, const std::string& name, const std::string& text) {
+    return modRegistry(store).SetRegistryValue(HkeyCurrentUser, SettingsPath, name, text);
+}
+
+inline std::int32_t WriteCall(RegFileStore& store, const std::string& name, std::string_view bytes) {
+    RegistryKey handle = 0;
+    EXPECT_EQ(store.RegOpenKeyA(HkeyCurrentUser, SettingsPath, handle), RegSuccess);
+    const std::int32_t result = store.RegSetValueExA(handle, name, RegSz, bytes);
+    EXPECT_EQ(store.RegCloseKey(handle), RegSuccess);
+    return result;
+}
+
+} // namespace platform
