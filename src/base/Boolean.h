@@ -2,7 +2,7 @@
 
 #include <cstdint>
 
-namespace platform {
+namespace base {
 
 /// A flag of a form or of a record: 16 bits, -1 for true and 0 for false, as the main application keeps its
 /// flags. Reads and is assigned as a `bool`.
@@ -19,4 +19,4 @@ class Boolean {
 };
 static_assert(sizeof(Boolean) == 2);
 
-} // namespace platform
+} // namespace base

@@ -1,14 +1,14 @@
 #include "base/Numbers.h"
 
-#include "base/RuntimeError.h"
-
 #include <algorithm>
 #include <array>
 #include <charconv>
 #include <cmath>
 #include <limits>
 
-namespace platform {
+#include "base/RuntimeError.h"
+
+namespace base {
 namespace {
 
 constexpr int SignificantDigits = 15;
@@ -133,4 +133,4 @@ std::string NumberText(double value) {
     return result;
 }
 
-} // namespace platform
+} // namespace base

@@ -6,7 +6,7 @@
 
 /// The program's conversions between text and numbers. They do not look at the user's locale: the point is
 /// the only decimal mark, and a comma ends the number.
-namespace platform {
+namespace base {
 
 /// Value of the leading number of a text: blanks, one sign, digits, one point. 0 if there is none. No
 /// exponent, no hexadecimal, no blank inside. More digits than a double can hold give an infinite value.
@@ -28,4 +28,4 @@ std::int32_t Int32OfText(std::string_view text);
 /// value that is infinite or no number.
 std::string NumberText(double value);
 
-} // namespace platform
+} // namespace base

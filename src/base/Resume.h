@@ -2,7 +2,7 @@
 
 #include "base/RuntimeError.h"
 
-namespace platform {
+namespace base {
 
 /// Runs one step of a routine that goes on when a step fails: the failure is dropped without a message and
 /// the caller's next statement runs. Only RuntimeError is a failure of a step; anything else is a defect and
@@ -15,4 +15,4 @@ void Resume(Step&& step) {
     }
 }
 
-} // namespace platform
+} // namespace base

@@ -3,7 +3,7 @@
 #include <stdexcept>
 #include <string>
 
-namespace platform {
+namespace base {
 
 /// A failing operation of the machine (printer, spooler, store, window system) or a conversion that does not
 /// fit, as one type with the number that users and support know it by. Callers that promise to go on all the
@@ -58,4 +58,4 @@ inline RuntimeError InvalidPropertyValue() {
     return {ErrorInvalidPropertyValue, "Invalid property value"};
 }
 
-} // namespace platform
+} // namespace base

@@ -5,7 +5,7 @@
 #include <cstdint>
 #include <cstring>
 
-namespace platform::text {
+namespace base::text {
 namespace {
 
 constexpr char32_t Replacement = 0xFFFD;
@@ -243,4 +243,4 @@ std::string FromCodePage(std::string_view bytes) {
     return result;
 }
 
-} // namespace platform::text
+} // namespace base::text

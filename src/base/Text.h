@@ -6,7 +6,7 @@
 
 /// Text routines on UTF-8. A length, a position and a cut count characters (code points), never bytes. Bytes
 /// that are no valid UTF-8 count as one character each, so any text from outside can be handled.
-namespace platform::text {
+namespace base::text {
 
 /// Number of characters.
 std::size_t Length(std::string_view s);
@@ -42,4 +42,4 @@ std::string Encode(char32_t code);
 std::string ToCodePage(std::string_view utf8);
 std::string FromCodePage(std::string_view bytes);
 
-} // namespace platform::text
+} // namespace base::text

@@ -5,16 +5,16 @@
 #include <span>
 #include <string>
 
-#include "state/ContractTexts.h"
-#include "composition/ListSteps.h"
-#include "composition/SurfaceRules.h"
 #include "base/Numbers.h"
 #include "base/Text.h"
+#include "composition/ListSteps.h"
+#include "composition/SurfaceRules.h"
 #include "state/AppState.h"
+#include "state/ContractTexts.h"
 
 namespace composition {
 
-namespace text = platform::text;
+namespace text = base::text;
 
 namespace {
 
@@ -37,7 +37,7 @@ struct Section {
 
 class Report {
   public:
-    Report(const wizard::AppState& state, platform::Locale& locale)
+    Report(const state::AppState& state, machine::Locale& locale)
         : state_(state), locale_(locale), steps_(state) {}
 
     void Print() {
@@ -122,10 +122,10 @@ class Report {
                      "en 1 mm. naar boven afgedrukt.");
         TwoLines();
         steps_.Print(left, "Contractvorm: ");
-        steps_.Print(ContractReportText(state_.GMUContractVorm));
+        steps_.Print(state::ContractReportText(state_.GMUContractVorm));
         steps_.RegelVerder();
         steps_.Print(left, "Acceptgiro type: ");
-        const std::string_view type = AcceptgiroTypeText(state_.AcceptgiroType);
+        const std::string_view type = state::AcceptgiroTypeText(state_.AcceptgiroType);
         if (!type.empty()) {
             steps_.PrintLine(type);
         }
@@ -140,7 +140,7 @@ class Report {
             font = surface.Font();
             size = surface.FontSize();
             surface.SetFont(state_.GMUFontName);
-            surface.SetFontSize(platform::NumericValue(state_.GMUFontSize));
+            surface.SetFontSize(base::NumericValue(state_.GMUFontSize));
         });
         steps_.PrintLine("1234567890+><ABCDEFGHIJKLMNOPQRSTUVWXYZ");
         steps_.OnSurface([&](PrintSurface& surface) {
@@ -156,14 +156,14 @@ class Report {
         steps_.RegelVerder();
     }
 
-    const wizard::AppState& state_;
-    platform::Locale& locale_;
+    const state::AppState& state_;
+    machine::Locale& locale_;
     ListSteps steps_;
 };
 
 } // namespace
 
-void PrintCalibrationReport(const wizard::AppState& state, platform::Locale& locale) {
+void PrintCalibrationReport(const state::AppState& state, machine::Locale& locale) {
     Report(state, locale).Print();
 }
 

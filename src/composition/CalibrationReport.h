@@ -1,9 +1,9 @@
 #pragma once
 
-namespace platform {
+namespace machine {
 class Locale;
 }
-namespace wizard {
+namespace state {
 struct AppState;
 }
 
@@ -11,6 +11,6 @@ namespace composition {
 
 /// Draws the settings under which a batch is printed: all calibration values as they stand in the store,
 /// contract form, form type and a sample of the OCR font. One page; what does not fit is lost at its foot.
-void PrintCalibrationReport(const wizard::AppState& state, platform::Locale& locale);
+void PrintCalibrationReport(const state::AppState& state, machine::Locale& locale);
 
 } // namespace composition

@@ -1,18 +1,18 @@
 #include "composition/DocumentRun.h"
 
+#include "base/Numbers.h"
+#include "base/Resume.h"
 #include "composition/CalibrationReport.h"
 #include "composition/NameList.h"
 #include "composition/OpenPrinter.h"
 #include "composition/PrintSurface.h"
 #include "composition/TestFormRun.h"
-#include "base/Numbers.h"
 #include "machine/Platform.h"
-#include "base/Resume.h"
 #include "state/AppState.h"
 
 namespace composition {
 
-using platform::Resume;
+using base::Resume;
 
 namespace {
 
@@ -23,12 +23,12 @@ constexpr std::int16_t AllDone = 100; ///< percent
 
 /// The printable area begins at the offset, so the corner of the paper lies before it.
 std::int32_t PaperCorner(std::int32_t physicalOffset) {
-    return platform::ToInt32(-static_cast<double>(physicalOffset));
+    return base::ToInt32(-static_cast<double>(physicalOffset));
 }
 
 } // namespace
 
-void Afdrukken(wizard::AppState& state, platform::Platform& platform, RunHost& host, std::int16_t iMethod,
+void Afdrukken(state::AppState& state, machine::Platform& platform, RunHost& host, std::int16_t iMethod,
                std::int16_t num_copies, bool blnPrintPreview) {
     host.HourglassOn();
     host.LaadInstellingen();
@@ -51,7 +51,7 @@ void Afdrukken(wizard::AppState& state, platform::Platform& platform, RunHost& h
             host.SetCountText("1");
         }
     });
-    Resume([&] { aantal = platform::Int32OfText(host.CountText()); });
+    Resume([&] { aantal = base::Int32OfText(host.CountText()); });
 
     switch (iMethod) {
     case DocumentTestForms:

@@ -4,10 +4,10 @@
 
 #include "composition/RunHost.h"
 
-namespace platform {
+namespace machine {
 struct Platform;
 }
-namespace wizard {
+namespace state {
 struct AppState;
 }
 
@@ -22,7 +22,7 @@ inline constexpr std::int16_t DocumentCalibration = 3;
 /// leaves it. `num_copies` counts for the test forms alone. From the opening of the surface on, a step that
 /// fails is given up without a message and the next one runs, so a job once begun goes to its end. A number
 /// that is no document gives an empty one.
-void Afdrukken(wizard::AppState& state, platform::Platform& platform, RunHost& host, std::int16_t iMethod,
+void Afdrukken(state::AppState& state, machine::Platform& platform, RunHost& host, std::int16_t iMethod,
                std::int16_t num_copies, bool blnPrintPreview);
 
 } // namespace composition

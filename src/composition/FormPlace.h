@@ -8,7 +8,7 @@
 #include "base/RuntimeError.h"
 #include "state/AppState.h"
 
-namespace platform {
+namespace machine {
 class Locale;
 }
 
@@ -18,13 +18,13 @@ namespace composition {
 inline constexpr std::int16_t PlaceUnderLetter = 4;
 
 /// `positie`, 1 to 3 on a sheet, or PlaceUnderLetter where the stationery is that.
-std::int16_t PlaceOf(const wizard::AppState& state, std::int16_t positie);
+std::int16_t PlaceOf(const state::AppState& state, std::int16_t positie);
 
 /// The setting of a calibration for a place; RuntimeError with ErrorSubscriptOutOfRange if it has none.
 template <std::size_t Places>
 const std::string& SettingAt(const std::array<std::string, Places>& calibration, std::int16_t positie) {
     if (positie < 1 || static_cast<std::size_t>(positie) > Places) {
-        throw platform::SubscriptOutOfRange();
+        throw base::SubscriptOutOfRange();
     }
     return calibration[static_cast<std::size_t>(positie) - 1];
 }
@@ -37,7 +37,7 @@ struct Twips {
 
 /// Where everything on the form but the OCR line is measured from: the form's corner, moved by the
 /// calibration of the whole form.
-Twips CalibratedForm(const wizard::AppState& state, platform::Locale& locale, Twips corner,
+Twips CalibratedForm(const state::AppState& state, machine::Locale& locale, Twips corner,
                      std::int16_t positie);
 
 /// By how much a block of the form is moved, in twips.
@@ -46,8 +46,8 @@ struct RowShift {
     double y = 0;
 };
 
-RowShift CalibratedShift(const wizard::AppState& state, platform::Locale& locale,
-                         const wizard::Calibration& links, const wizard::Calibration& top,
+RowShift CalibratedShift(const state::AppState& state, machine::Locale& locale,
+                         const state::Calibration& links, const state::Calibration& top,
                          std::int16_t positie);
 
 } // namespace composition

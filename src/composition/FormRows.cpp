@@ -2,11 +2,11 @@
 
 #include <algorithm>
 
+#include "base/Numbers.h"
 #include "composition/KortTekst.h"
 #include "composition/PrintSurface.h"
 #include "composition/PrinterMeasures.h"
 #include "composition/SurfaceRules.h"
-#include "base/Numbers.h"
 #include "state/AppState.h"
 
 namespace composition {
@@ -15,7 +15,7 @@ namespace {
 
 constexpr double StubRightEdgeCm = 3.7;
 
-bool IsDrawn(const wizard::AppState& state, const FormRow& row, std::string_view text) {
+bool IsDrawn(const state::AppState& state, const FormRow& row, std::string_view text) {
     switch (row.when) {
     case RowWhen::Filled:
         return !text.empty();
@@ -39,7 +39,7 @@ void MoveTo(PrintSurface& surface, const FormRow& row, double twipsPerCm, const 
 
 } // namespace
 
-void ChangeFont(wizard::AppState& state, platform::Platform& platform, const FontChange& change,
+void ChangeFont(state::AppState& state, machine::Platform& platform, const FontChange& change,
                 bool measureOnPrinter) {
     PrintSurface& surface = SurfaceOf(state);
     if (change.name) {
@@ -53,11 +53,11 @@ void ChangeFont(wizard::AppState& state, platform::Platform& platform, const Fon
     }
     if (change.newLineHeight) {
         state.LineHeight =
-            measureOnPrinter ? PrinterLineHeight(platform) : platform::ToInt32(surface.TextHeight("X"));
+            measureOnPrinter ? PrinterLineHeight(platform) : base::ToInt32(surface.TextHeight("X"));
     }
 }
 
-void DrawRows(wizard::AppState& state, platform::Platform& platform, std::span<const FormRow> rows,
+void DrawRows(state::AppState& state, machine::Platform& platform, std::span<const FormRow> rows,
               const RowValues& values) {
     PrintSurface& surface = SurfaceOf(state);
     const double twipsPerCm = state.TwipsPerCm;
@@ -71,8 +71,8 @@ void DrawRows(wizard::AppState& state, platform::Platform& platform, std::span<c
         }
         MoveTo(surface, row, twipsPerCm, values);
         if (row.clip) {
-            text = KortTekst(surface, text, platform::ToInt32(surface.CurrentX()),
-                             platform::ToInt32(StubRightEdgeCm * twipsPerCm + values.corner.x));
+            text = KortTekst(surface, text, base::ToInt32(surface.CurrentX()),
+                             base::ToInt32(StubRightEdgeCm * twipsPerCm + values.corner.x));
         }
         switch (row.way) {
         case RowWay::RightEdge:

@@ -8,7 +8,7 @@
 
 #include "composition/FormPlace.h"
 
-namespace platform {
+namespace machine {
 struct Platform;
 }
 
@@ -67,10 +67,10 @@ struct RowValues {
 };
 
 /// Draws the rows. A failing row ends the drawing; the caller's run goes on behind it.
-void DrawRows(wizard::AppState& state, platform::Platform& platform, std::span<const FormRow> rows,
+void DrawRows(state::AppState& state, machine::Platform& platform, std::span<const FormRow> rows,
               const RowValues& values);
 
-void ChangeFont(wizard::AppState& state, platform::Platform& platform, const FontChange& change,
+void ChangeFont(state::AppState& state, machine::Platform& platform, const FontChange& change,
                 bool measureOnPrinter);
 
 } // namespace composition

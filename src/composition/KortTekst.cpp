@@ -1,11 +1,11 @@
 #include "composition/KortTekst.h"
 
-#include "composition/PrintSurface.h"
 #include "base/Text.h"
+#include "composition/PrintSurface.h"
 
 namespace composition {
 
-namespace text = platform::text;
+namespace text = base::text;
 
 namespace {
 constexpr std::size_t NeverCut = 2; // characters

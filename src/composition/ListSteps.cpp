@@ -28,14 +28,14 @@ void ListSteps::PrintLine(std::string_view text) {
 }
 
 void ListSteps::RegelVerder(double lines) {
-    platform::Resume([&] { composition::RegelVerder(state_, lines); });
+    base::Resume([&] { composition::RegelVerder(state_, lines); });
 }
 
 void ListSteps::TrekLijn() {
     constexpr std::int32_t black = 0;
     constexpr std::int32_t fullWidth = 0;
     std::int32_t rightMargin = 0;
-    platform::Resume([&] { composition::TrekLijn(state_, fullWidth, rightMargin, black); });
+    base::Resume([&] { composition::TrekLijn(state_, fullWidth, rightMargin, black); });
 }
 
 } // namespace composition

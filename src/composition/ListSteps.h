@@ -2,10 +2,10 @@
 
 #include <string_view>
 
-#include "composition/PrintSurface.h"
 #include "base/Resume.h"
+#include "composition/PrintSurface.h"
 
-namespace wizard {
+namespace state {
 struct AppState;
 }
 
@@ -15,7 +15,7 @@ namespace composition {
 /// one runs: a list with a gap still tells more than none. Lengths are twips.
 class ListSteps {
   public:
-    explicit ListSteps(const wizard::AppState& state) : state_(state) {}
+    explicit ListSteps(const state::AppState& state) : state_(state) {}
 
     /// Draws from `x` on and leaves the line open.
     void Print(double x, std::string_view text);
@@ -31,11 +31,11 @@ class ListSteps {
     /// Any other step on the surface.
     template <class Step>
     void OnSurface(Step&& step) {
-        platform::Resume([&] { step(SurfaceOf(state_)); });
+        base::Resume([&] { step(SurfaceOf(state_)); });
     }
 
   private:
-    const wizard::AppState& state_;
+    const state::AppState& state_;
 };
 
 } // namespace composition

@@ -7,9 +7,9 @@
 #include "composition/ListSteps.h"
 #include "composition/SurfaceRules.h"
 #include "payment/CheckDigits.h"
+#include "state/AppState.h"
 #include "testdata/Person.h"
 #include "testdata/Tables.h"
-#include "state/AppState.h"
 
 namespace composition {
 
@@ -43,7 +43,7 @@ void Header(ListSteps& steps, double left) {
 
 } // namespace
 
-void PrintNameList(const wizard::AppState& state) {
+void PrintNameList(const state::AppState& state) {
     ListSteps steps(state);
     const double left = state.LeftMargin;
     Header(steps, left);
@@ -51,7 +51,7 @@ void PrintNameList(const wizard::AppState& state) {
     testdata::Person person;
     std::string name;
     for (std::int32_t row = 0; row <= LastRow; ++row) {
-        platform::Resume([&] { testdata::SplitPerson((*state.PersonTable)[row], person); });
+        base::Resume([&] { testdata::SplitPerson((*state.PersonTable)[row], person); });
         name = payment::NulVulling(row + 1, NumberWidth);
         name.append(" : ").append(person.naam).append(" ").append(person.partner);
         const std::array<std::string_view, Columns.size()> cells = {name, person.adres, person.postcode,
@@ -62,7 +62,7 @@ void PrintNameList(const wizard::AppState& state) {
         steps.RegelVerder();
 
         bool full = false;
-        platform::Resume([&] { full = PaginaVol(state, LinesKeptFree); });
+        base::Resume([&] { full = PaginaVol(state, LinesKeptFree); });
         if (full) {
             steps.OnSurface([](PrintSurface& surface) { surface.Newpage(); });
             Header(steps, left);

@@ -1,6 +1,6 @@
 #pragma once
 
-namespace wizard {
+namespace state {
 struct AppState;
 }
 
@@ -8,6 +8,6 @@ namespace composition {
 
 /// Draws the list of the test persons that a batch can show, 249 of them whatever its size, with a header on
 /// each page.
-void PrintNameList(const wizard::AppState& state);
+void PrintNameList(const state::AppState& state);
 
 } // namespace composition

@@ -2,9 +2,9 @@
 
 #include <string>
 
+#include "base/Numbers.h"
 #include "composition/PrintSurface.h"
 #include "forms/Desktop.h"
-#include "base/Numbers.h"
 #include "machine/Platform.h"
 #include "machine/Printer.h"
 #include "state/AppState.h"
@@ -30,23 +30,23 @@ enum Regel : int {
 };
 
 struct FailureMessage {
-    platform::MessageIcon icon;
+    forms::MessageIcon icon;
     std::string text;
 };
 
-FailureMessage MessageOf(const platform::RuntimeError& error) {
+FailureMessage MessageOf(const base::RuntimeError& error) {
     switch (error.Number()) {
-    case platform::ErrorInvalidPropertyValue:
-        return {platform::MessageIcon::Exclamation,
+    case base::ErrorInvalidPropertyValue:
+        return {forms::MessageIcon::Exclamation,
                 std::string("Fout tijdens de initialisatie van de printer.") + LineBreak +
                     "Waarschijnlijk kan de gekozen printer niet in de gekozen modus afdrukken."};
-    case platform::ErrorPrinter:
+    case base::ErrorPrinter:
         return {
-            platform::MessageIcon::Exclamation,
+            forms::MessageIcon::Exclamation,
             "De printer kon niet worden gevonden of de initialisatie van de printer is op dit moment niet "
             "mogelijk."};
     default:
-        return {platform::MessageIcon::Critical,
+        return {forms::MessageIcon::Critical,
                 std::string("Fout tijdens de initialisatie van de printer.") + LineBreak +
                     "Mocht u deze fout niet zelf kunnen oplossen en u kunt deze fout reproduceren neem dan "
                     "contact op met Ondor BV." +
@@ -57,12 +57,12 @@ FailureMessage MessageOf(const platform::RuntimeError& error) {
 
 } // namespace
 
-void OpenPrinter(wizard::AppState& state, platform::Platform& platform, PrinterSurface& surface) {
-    platform::Printer& printer = platform.Printer;
+void OpenPrinter(state::AppState& state, machine::Platform& platform, PrinterSurface& surface) {
+    machine::Printer& printer = platform.Printer;
     const auto step = [&](Regel regel, auto&& action) {
         try {
             action();
-        } catch (const platform::RuntimeError& error) {
+        } catch (const base::RuntimeError& error) {
             const FailureMessage message = MessageOf(error);
             platform.Desktop.MsgBox(message.text + LineBreak + "Regel: " + std::to_string(regel),
                                     message.icon, state.MessageTitle);
@@ -79,8 +79,8 @@ void OpenPrinter(wizard::AppState& state, platform::Platform& platform, PrinterS
     step(regelSurface, [&] { state.Surface = &surface; });
     step(regelFontSize, [&] { SurfaceOf(state).SetFontSize(ListFontPoints); });
     step(regelWidth, [&] { state.SurfaceWidth = state.PageWidth; });
-    step(regelLeft, [&] { state.SurfaceLeft = platform::ToInt32(printer.ScaleLeft()); });
-    step(regelTop, [&] { state.SurfaceTop = platform::ToInt32(printer.ScaleTop()); });
+    step(regelLeft, [&] { state.SurfaceLeft = base::ToInt32(printer.ScaleLeft()); });
+    step(regelTop, [&] { state.SurfaceTop = base::ToInt32(printer.ScaleTop()); });
     step(regelHeight, [&] { state.SurfaceHeight = state.PageHeight; });
 }
 

@@ -1,9 +1,9 @@
 #pragma once
 
-namespace platform {
+namespace machine {
 struct Platform;
 }
-namespace wizard {
+namespace state {
 struct AppState;
 }
 
@@ -17,6 +17,6 @@ inline constexpr double ListFontPoints = 8;
 /// Makes the printer the surface, in its own font at size 8, and sets the surface's rectangle. Without a
 /// printer the surface stays as it was. Each step that fails is told to the user with its number, and the
 /// step behind it follows.
-void OpenPrinter(wizard::AppState& state, platform::Platform& platform, PrinterSurface& printer);
+void OpenPrinter(state::AppState& state, machine::Platform& platform, PrinterSurface& printer);
 
 } // namespace composition

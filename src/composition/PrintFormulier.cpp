@@ -3,8 +3,8 @@
 #include <array>
 #include <string>
 
-#include "composition/FormRows.h"
 #include "base/Numbers.h"
+#include "composition/FormRows.h"
 #include "machine/Platform.h"
 #include "machine/modRegistry.h"
 #include "state/AppState.h"
@@ -85,17 +85,17 @@ struct SizeSetting {
 constexpr SizeSetting SizeAboveName = {"AcceptFontSizeNAW1", 9};
 constexpr SizeSetting SizeNameAndAddress = {"AcceptFontSizeNAW2", 10};
 
-double ReadSize(const wizard::AppState& state, platform::Platform& platform, const SizeSetting& setting) {
-    std::string text = platform::modRegistry(platform.Registry)
-                           .GetRegistryValue(platform::HkeyCurrentUser, state.SettingsKey, setting.name);
+double ReadSize(const state::AppState& state, machine::Platform& platform, const SizeSetting& setting) {
+    std::string text = machine::modRegistry(platform.Registry)
+                           .GetRegistryValue(machine::HkeyCurrentUser, state.SettingsKey, setting.name);
     std::erase(text, '\0');
-    const double points = platform::NumericValue(text);
+    const double points = base::NumericValue(text);
     return points == 0 ? setting.standardPoints : points;
 }
 
 } // namespace
 
-void PrintFormulier(wizard::AppState& state, platform::Platform& platform, bool smalleStub, Twips corner,
+void PrintFormulier(state::AppState& state, machine::Platform& platform, bool smalleStub, Twips corner,
                     const FormulierTekst& tekst, std::int16_t positie) {
     positie = PlaceOf(state, positie);
     std::array<FontChange, fontCount> fonts = {};
@@ -104,7 +104,7 @@ void PrintFormulier(wizard::AppState& state, platform::Platform& platform, bool 
     fonts[plain11] = {.name = PlainFont, .points = 11, .newLineHeight = true};
     ChangeFont(state, platform, fonts[plain9], true);
 
-    platform::Locale& locale = platform.Locale;
+    machine::Locale& locale = platform.Locale;
     std::array<RowShift, shiftCount> shifts;
     shifts[payer] = CalibratedShift(state, locale, state.AcceptGiroNAWLinks, state.AcceptGiroNAWTop, positie);
     std::string both;
@@ -131,9 +131,8 @@ void PrintFormulier(wizard::AppState& state, platform::Platform& platform, bool 
         DrawRows(state, platform, WideRows, values);
         return;
     }
-    fonts[ocr] = {.name = state.GMUFontName,
-                  .points = platform::NumericValue(state.GMUFontSize),
-                  .newLineHeight = true};
+    fonts[ocr] = {
+        .name = state.GMUFontName, .points = base::NumericValue(state.GMUFontSize), .newLineHeight = true};
     fonts[aboveName] = {
         .name = PlainFont, .points = ReadSize(state, platform, SizeAboveName), .newLineHeight = true};
     fonts[nameAndAddress] = {

@@ -5,7 +5,7 @@
 
 #include "composition/FormPlace.h"
 
-namespace platform {
+namespace machine {
 struct Platform;
 }
 
@@ -29,7 +29,7 @@ struct FormulierTekst {
 /// Draws payer and amount on the form whose corner is at `corner`, in plain text but for amount and account
 /// on the narrow stub's form, which are in the OCR font. `positie` is the place on the sheet, 1 to 3. The
 /// payer's sizes are read from the settings for each form. The first failure ends the form's drawing.
-void PrintFormulier(wizard::AppState& state, platform::Platform& platform, bool smalleStub, Twips corner,
+void PrintFormulier(state::AppState& state, machine::Platform& platform, bool smalleStub, Twips corner,
                     const FormulierTekst& tekst, std::int16_t positie);
 
 } // namespace composition

@@ -3,11 +3,11 @@
 #include <array>
 #include <string>
 
-#include "state/ContractTexts.h"
 #include "composition/FormRows.h"
-#include "payment/TextRoutines.h"
 #include "machine/Platform.h"
+#include "payment/TextRoutines.h"
 #include "state/AppState.h"
+#include "state/ContractTexts.h"
 
 namespace composition {
 
@@ -58,8 +58,8 @@ constexpr std::array<FormRow, 12> Rows = {{
 }};
 
 bool IsOnStationery(std::int16_t contractVorm) {
-    return contractVorm == ContractNone || contractVorm == ContractA || contractVorm == ContractB ||
-           contractVorm == ContractCPreprinted;
+    return contractVorm == state::ContractNone || contractVorm == state::ContractA ||
+           contractVorm == state::ContractB || contractVorm == state::ContractCPreprinted;
 }
 
 std::string AddressLine(const IncassantTekst& incassant) {
@@ -74,17 +74,17 @@ std::string AddressLine(const IncassantTekst& incassant) {
 
 } // namespace
 
-void PrintIncassant(wizard::AppState& state, platform::Platform& platform, bool smalleStub, Twips corner,
+void PrintIncassant(state::AppState& state, machine::Platform& platform, bool smalleStub, Twips corner,
                     IncassantTekst incassant, std::int16_t positie) {
     if (IsOnStationery(state.GMUContractVorm) || !state.IncassantAfdrukken) {
         return;
     }
-    if (state.GMUContractVorm == ContractCAccount) {
+    if (state.GMUContractVorm == state::ContractCAccount) {
         incassant.naam = incassant.adres = incassant.postcode = incassant.plaats = {};
     }
 
     positie = PlaceOf(state, positie);
-    platform::Locale& locale = platform.Locale;
+    machine::Locale& locale = platform.Locale;
     std::array<RowShift, shiftCount> shifts;
     shifts[stub] =
         CalibratedShift(state, locale, state.AcceptGiroBGSoucheLinks, state.AcceptGiroBGSoucheTop, positie);

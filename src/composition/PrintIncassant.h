@@ -5,7 +5,7 @@
 
 #include "composition/FormPlace.h"
 
-namespace platform {
+namespace machine {
 struct Platform;
 }
 
@@ -23,7 +23,7 @@ struct IncassantTekst {
 /// Draws the creditor on stub and accept part, as far as the contract form leaves it to the program: nothing
 /// where the stationery bears it, the account alone under ContractCAccount. It uses the font that is set, and
 /// leaves it at size 7. `positie` is the place on the sheet, 1 to 3. The first failure ends the drawing.
-void PrintIncassant(wizard::AppState& state, platform::Platform& platform, bool smalleStub, Twips corner,
+void PrintIncassant(state::AppState& state, machine::Platform& platform, bool smalleStub, Twips corner,
                     IncassantTekst incassant, std::int16_t positie);
 
 } // namespace composition

@@ -3,18 +3,18 @@
 #include <array>
 #include <string>
 
-#include "state/ContractTexts.h"
+#include "base/Numbers.h"
+#include "base/Text.h"
 #include "composition/FormRows.h"
 #include "composition/PrintSurface.h"
 #include "composition/SurfaceRules.h"
-#include "base/Numbers.h"
 #include "machine/Platform.h"
-#include "base/Text.h"
 #include "state/AppState.h"
+#include "state/ContractTexts.h"
 
 namespace composition {
 
-namespace text = platform::text;
+namespace text = base::text;
 
 namespace {
 
@@ -43,9 +43,10 @@ bool IsNul(std::string_view setting) {
 
 } // namespace
 
-void PrintOCRRegel(wizard::AppState& state, platform::Platform& platform, Twips corner,
+void PrintOCRRegel(state::AppState& state, machine::Platform& platform, Twips corner,
                    payment::OcrValues values, std::int16_t& positie, payment::OcrLine& line) {
-    if (state.GMUContractVorm == ContractNone || state.GMUContractVorm == ContractA || !state.GMUVerkeer) {
+    if (state.GMUContractVorm == state::ContractNone || state.GMUContractVorm == state::ContractA ||
+        !state.GMUVerkeer) {
         return;
     }
     PrintSurface& surface = SurfaceOf(state);
@@ -61,8 +62,8 @@ void PrintOCRRegel(wizard::AppState& state, platform::Platform& platform, Twips 
     }
 
     positie = PlaceOf(state, positie);
-    platform::Locale& locale = platform.Locale;
-    const double ocrPoints = platform::NumericValue(state.GMUFontSize);
+    machine::Locale& locale = platform.Locale;
+    const double ocrPoints = base::NumericValue(state.GMUFontSize);
     std::array<RowShift, shiftCount> shifts;
     shifts[accept] =
         CalibratedShift(state, locale, state.AcceptGiroBKAcceptLinks, state.AcceptGiroBKAcceptTop, positie);
@@ -74,7 +75,7 @@ void PrintOCRRegel(wizard::AppState& state, platform::Platform& platform, Twips 
     fonts[plain] = {.name = fontBefore};
     fonts[plain5] = {.points = 5, .newLineHeight = true};
     std::string service;
-    if (state.GMUContractVorm == ContractSBlank && !text::Trim(state.GMUServiceNr).empty()) {
+    if (state.GMUContractVorm == state::ContractSBlank && !text::Trim(state.GMUServiceNr).empty()) {
         service.append(state.GMUServiceNr).append(ServiceMark);
     }
     std::array<std::string_view, textCount> texts;

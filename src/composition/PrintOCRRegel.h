@@ -6,7 +6,7 @@
 #include "composition/FormPlace.h"
 #include "payment/OcrLine.h"
 
-namespace platform {
+namespace machine {
 struct Platform;
 }
 
@@ -17,7 +17,7 @@ namespace composition {
 /// ContractA, without payment traffic or without an OCR font. `values.contractVorm` is set here. `positie` is
 /// the place on the sheet, 1 to 3; under a letter it becomes 4. `line` is room that a run keeps from form to
 /// form. The first failure ends the drawing.
-void PrintOCRRegel(wizard::AppState& state, platform::Platform& platform, Twips corner,
+void PrintOCRRegel(state::AppState& state, machine::Platform& platform, Twips corner,
                    payment::OcrValues values, std::int16_t& positie, payment::OcrLine& line);
 
 } // namespace composition

@@ -47,7 +47,7 @@ void PrintSurface::EndDoc() {
 }
 
 void PrintSurface::SetPaperSize(std::int16_t) {
-    throw platform::InvalidPropertyValue();
+    throw base::InvalidPropertyValue();
 }
 
 void PrintSurface::MoveToTopLeft() {
@@ -55,9 +55,9 @@ void PrintSurface::MoveToTopLeft() {
     state_.CurrentY = 0;
 }
 
-PrintSurface& SurfaceOf(const wizard::AppState& state) {
+PrintSurface& SurfaceOf(const state::AppState& state) {
     if (state.Surface == nullptr) {
-        throw platform::NoObject();
+        throw base::NoObject();
     }
     return *state.Surface;
 }

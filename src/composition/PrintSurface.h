@@ -7,15 +7,15 @@
 #include "machine/Canvas.h"
 #include "machine/Printer.h"
 
-namespace wizard {
+namespace state {
 struct AppState;
 }
 
 namespace composition {
 
 /// What every document is drawn on: the paper of the printer or the page of the preview. It holds the rules
-/// of cursor and font; a platform::Canvas below it measures and draws. All lengths are twips from the top
-/// left of the printable area, y downward. A failing call raises platform::RuntimeError and leaves the cursor
+/// of cursor and font; a machine::Canvas below it measures and draws. All lengths are twips from the top
+/// left of the printable area, y downward. A failing call raises base::RuntimeError and leaves the cursor
 /// where it was.
 class PrintSurface {
   public:
@@ -55,32 +55,32 @@ class PrintSurface {
     virtual void SetPaperSize(std::int16_t paper);
 
   protected:
-    explicit PrintSurface(platform::DrawingState& state) : state_(state) {}
+    explicit PrintSurface(machine::DrawingState& state) : state_(state) {}
 
     /// What is drawn on, asked anew for each call: a printer may have changed it meanwhile.
-    virtual platform::Canvas& Page() = 0;
+    virtual machine::Canvas& Page() = 0;
     void MoveToTopLeft();
 
   private:
-    platform::DrawingState& state_;
+    machine::DrawingState& state_;
 };
 
 /// The current printer as a surface. One object serves all jobs and lives as long as the printer does.
 class PrinterSurface final : public PrintSurface {
   public:
-    explicit PrinterSurface(platform::Printer& printer) : PrintSurface(printer.Drawing), printer_(printer) {}
+    explicit PrinterSurface(machine::Printer& printer) : PrintSurface(printer.Drawing), printer_(printer) {}
 
     void SetPaperSize(std::int16_t paper) override { printer_.SetPaperSize(paper); }
 
   protected:
-    platform::Canvas& Page() override { return printer_.Page(); }
+    machine::Canvas& Page() override { return printer_.Page(); }
 
   private:
-    platform::Printer& printer_;
+    machine::Printer& printer_;
 };
 
 /// The surface that the run draws on; RuntimeError with ErrorNoObject if there is none, as on
 /// a machine without a printer.
-PrintSurface& SurfaceOf(const wizard::AppState& state);
+PrintSurface& SurfaceOf(const state::AppState& state);
 
 } // namespace composition

@@ -2,10 +2,10 @@
 
 #include <cstdint>
 
-namespace platform {
+namespace machine {
 struct Platform;
 }
-namespace wizard {
+namespace state {
 struct AppState;
 }
 
@@ -14,10 +14,10 @@ namespace composition {
 /// Gives the printer the orientation that is asked for and reads its measures into `state`: PageWidth,
 /// PageHeight and LineHeight in twips, PhysicalOffsetX and PhysicalOffsetY in 1400ths of an inch. Does
 /// nothing without a printer. A measure that cannot be read keeps its value.
-void LeesPrinterMaten(wizard::AppState& state, platform::Platform& platform);
+void LeesPrinterMaten(state::AppState& state, machine::Platform& platform);
 
 /// Height of a text line in twips, measured on the printer in the font that it has now, whatever the surface
 /// is.
-std::int32_t PrinterLineHeight(platform::Platform& platform);
+std::int32_t PrinterLineHeight(machine::Platform& platform);
 
 } // namespace composition

@@ -4,11 +4,11 @@
 #include <optional>
 #include <string>
 
-#include "composition/PrintSurface.h"
-#include "machine/Locale.h"
 #include "base/Numbers.h"
 #include "base/RuntimeError.h"
 #include "base/Text.h"
+#include "composition/PrintSurface.h"
+#include "machine/Locale.h"
 #include "state/AppState.h"
 
 namespace composition {
@@ -22,7 +22,7 @@ constexpr double MmPerCm = 10;
 /// Value of a plain decimal number as the user writes it: blanks around it, one sign, digits, one decimal
 /// mark.
 std::optional<double> PlainDecimal(std::string_view text, char decimalMark) {
-    std::string number(platform::text::Trim(text));
+    std::string number(base::text::Trim(text));
     const std::size_t firstDigit = !number.empty() && (number[0] == '-' || number[0] == '+') ? 1 : 0;
     bool digits = false;
     bool mark = false;
@@ -36,35 +36,35 @@ std::optional<double> PlainDecimal(std::string_view text, char decimalMark) {
             return std::nullopt;
         }
     }
-    return digits ? std::optional(platform::NumericValue(number)) : std::nullopt;
+    return digits ? std::optional(base::NumericValue(number)) : std::nullopt;
 }
 
 } // namespace
 
-bool PaginaVol(const wizard::AppState& state, std::int16_t regels) {
+bool PaginaVol(const state::AppState& state, std::int16_t regels) {
     const double below = static_cast<double>(regels + LinesKeptFree) * state.LineHeight;
     return SurfaceOf(state).CurrentY() + below > state.PageHeight;
 }
 
-void RegelVerder(const wizard::AppState& state, double aantal) {
+void RegelVerder(const state::AppState& state, double aantal) {
     PrintSurface& surface = SurfaceOf(state);
     surface.SetCurrentY(surface.CurrentY() + aantal * state.LineHeight * LineSpacing);
     surface.SetCurrentX(0);
 }
 
-void RegelVerder(const wizard::AppState& state, platform::Locale& locale, std::string_view aantal) {
+void RegelVerder(const state::AppState& state, machine::Locale& locale, std::string_view aantal) {
     const std::optional<double> lines =
         aantal.empty() ? std::optional(1.0) : PlainDecimal(aantal, locale.DecimalMark());
     if (!lines) {
-        throw platform::TypeMismatch();
+        throw base::TypeMismatch();
     }
     RegelVerder(state, *lines);
 }
 
-void TrekLijn(const wizard::AppState& state, std::int32_t x1, std::int32_t& x2, std::int32_t kleur) {
+void TrekLijn(const state::AppState& state, std::int32_t x1, std::int32_t& x2, std::int32_t kleur) {
     PrintSurface& surface = SurfaceOf(state);
     const auto rightMargin = [&] {
-        return platform::ToInt32(static_cast<double>(state.SurfaceWidth) - state.LeftMargin);
+        return base::ToInt32(static_cast<double>(state.SurfaceWidth) - state.LeftMargin);
     };
     const double y = surface.CurrentY();
     if (x1 == 0) {
@@ -80,11 +80,11 @@ void TrekLijn(const wizard::AppState& state, std::int32_t x1, std::int32_t& x2, 
     surface.SetCurrentX(state.SurfaceLeft);
 }
 
-std::int32_t Kalibreer(const wizard::AppState& state, platform::Locale& locale, std::int32_t basis,
+std::int32_t Kalibreer(const state::AppState& state, machine::Locale& locale, std::int32_t basis,
                        std::string_view waarde) {
     const double twipsPerMm = state.TwipsPerCm / MmPerCm;
-    const double place = platform::RoundTiesToEven(
-        basis + twipsPerMm * PlainDecimal(waarde, locale.DecimalMark()).value_or(0));
+    const double place =
+        base::RoundTiesToEven(basis + twipsPerMm * PlainDecimal(waarde, locale.DecimalMark()).value_or(0));
     const bool fits = place >= std::numeric_limits<std::int32_t>::min() &&
                       place <= std::numeric_limits<std::int32_t>::max();
     return fits ? static_cast<std::int32_t>(place) : basis;

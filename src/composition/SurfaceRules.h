@@ -3,10 +3,10 @@
 #include <cstdint>
 #include <string_view>
 
-namespace platform {
+namespace machine {
 class Locale;
 }
-namespace wizard {
+namespace state {
 struct AppState;
 }
 
@@ -14,23 +14,23 @@ struct AppState;
 namespace composition {
 
 /// True if `regels` lines and two more do not fit on the page below the cursor.
-bool PaginaVol(const wizard::AppState& state, std::int16_t regels);
+bool PaginaVol(const state::AppState& state, std::int16_t regels);
 
 /// Moves down by a number of lines at the line spacing of 1.1, and to x 0. Draws nothing; it closes a line
 /// that Print has left open.
-void RegelVerder(const wizard::AppState& state, double aantal);
+void RegelVerder(const state::AppState& state, double aantal);
 /// The number as text in the user's locale; empty for 1. RuntimeError with ErrorTypeMismatch for what is no
 /// number. No document of the program needs it so far (docs/deliberate.md).
-void RegelVerder(const wizard::AppState& state, platform::Locale& locale, std::string_view aantal);
+void RegelVerder(const state::AppState& state, machine::Locale& locale, std::string_view aantal);
 
 /// A horizontal rule at the height of the cursor, from `x1` to `x2`. An `x1` of 0 stands for the full width
 /// between equal margins; an `x2` of 0 is filled in with the right margin. The cursor ends at the surface's
 /// left edge.
-void TrekLijn(const wizard::AppState& state, std::int32_t x1, std::int32_t& x2, std::int32_t kleur);
+void TrekLijn(const state::AppState& state, std::int32_t x1, std::int32_t& x2, std::int32_t kleur);
 
 /// `basis` moved by a calibration setting, millimetres as text in the user's locale ("-1,50"). A text that is
 /// no plain decimal number, or too large a one, moves nothing: the forms are printed all the same.
-std::int32_t Kalibreer(const wizard::AppState& state, platform::Locale& locale, std::int32_t basis,
+std::int32_t Kalibreer(const state::AppState& state, machine::Locale& locale, std::int32_t basis,
                        std::string_view waarde);
 
 } // namespace composition

@@ -2,24 +2,24 @@
 
 #include <array>
 
-#include "state/ContractTexts.h"
+#include "base/Numbers.h"
+#include "base/Resume.h"
 #include "composition/PrintFormulier.h"
 #include "composition/PrintIncassant.h"
 #include "composition/PrintOCRRegel.h"
 #include "composition/PrintSurface.h"
 #include "composition/RunHost.h"
+#include "machine/Clock.h"
+#include "machine/Platform.h"
 #include "payment/CheckDigits.h"
 #include "payment/Iban.h"
 #include "payment/PaymentReference.h"
-#include "machine/Clock.h"
-#include "base/Numbers.h"
-#include "machine/Platform.h"
-#include "base/Resume.h"
 #include "state/AppState.h"
+#include "state/ContractTexts.h"
 
 namespace composition {
 
-using platform::Resume;
+using base::Resume;
 
 namespace {
 
@@ -32,7 +32,7 @@ constexpr double UnderLetterTopCm = 19.8;
 
 } // namespace
 
-TestFormRun::TestFormRun(wizard::AppState& state, platform::Platform& platform, RunHost& host, Twips corner)
+TestFormRun::TestFormRun(state::AppState& state, machine::Platform& platform, RunHost& host, Twips corner)
     : state_(state), platform_(platform), host_(host), corner_(corner) {}
 
 void TestFormRun::Print(std::int32_t aantal, std::int16_t copies) {
@@ -47,7 +47,7 @@ void TestFormRun::Print(std::int32_t aantal, std::int16_t copies) {
             Formulier();
         }
         Resume([&] {
-            host_.UpdatePercentage(platform::ToInt16(static_cast<double>(draw_.Volgnummer) / aantal * 100));
+            host_.UpdatePercentage(base::ToInt16(static_cast<double>(draw_.Volgnummer) / aantal * 100));
         });
         draw_.Rij = draw_.Rij < LastRij ? draw_.Rij + 1 : 0;
     }
@@ -58,15 +58,15 @@ void TestFormRun::Formulier() {
         Resume([&] { SurfaceOf(state_).Newpage(); });
         nieuwePagina_ = false;
     }
-    if (state_.AcceptgiroType == TypeUnderLetter) {
+    if (state_.AcceptgiroType == state::TypeUnderLetter) {
         Resume([&] { corner_.y = TopAt(UnderLetterTopCm); });
     }
     switch (state_.AcceptgiroType) {
-    case TypeNarrowStub:
-    case TypeUnderLetter:
+    case state::TypeNarrowStub:
+    case state::TypeUnderLetter:
         DrawPayerAndCreditor(true);
         break;
-    case TypeWideStub:
+    case state::TypeWideStub:
         DrawPayerAndCreditor(false);
         break;
     default:
@@ -101,7 +101,7 @@ void TestFormRun::DrawPayerAndCreditor(bool smalleStub) {
 
 void TestFormRun::DrawOcrLine() {
     Resume([&] {
-        const platform::DateTime now = platform_.Clock.Now();
+        const machine::DateTime now = platform_.Clock.Now();
         kenmerk_ =
             payment::MaakBetalingskenmerk(document_.volgnummertekst, Soort, payment::NulVulling(now.Month, 2),
                                           payment::NulVulling(now.Year, 4));
@@ -116,7 +116,7 @@ void TestFormRun::DrawOcrLine() {
 }
 
 void TestFormRun::TakeNextPlace() {
-    if (state_.AcceptgiroType == TypeUnderLetter) {
+    if (state_.AcceptgiroType == state::TypeUnderLetter) {
         nieuwePagina_ = true;
         return;
     }
@@ -129,7 +129,7 @@ void TestFormRun::TakeNextPlace() {
 }
 
 std::int32_t TestFormRun::TopAt(double cm) const {
-    return platform::ToInt32(cm * state_.TwipsPerCm - state_.PhysicalOffsetY);
+    return base::ToInt32(cm * state_.TwipsPerCm - state_.PhysicalOffsetY);
 }
 
 } // namespace composition

@@ -7,7 +7,7 @@
 #include "payment/OcrLine.h"
 #include "testdata/TestDocument.h"
 
-namespace platform {
+namespace machine {
 struct Platform;
 }
 
@@ -22,7 +22,7 @@ class RunHost;
 class TestFormRun {
   public:
     /// `corner` is that of the sheet's first form: the corner of the paper.
-    TestFormRun(wizard::AppState& state, platform::Platform& platform, RunHost& host, Twips corner);
+    TestFormRun(state::AppState& state, machine::Platform& platform, RunHost& host, Twips corner);
 
     /// `aantal` forms; none for a number of 0 or less. Each one `copies` times; with 0 or less they are
     /// counted and not drawn.
@@ -38,8 +38,8 @@ class TestFormRun {
     std::int32_t TopAt(double cm) const;
     std::int16_t Positie() const { return static_cast<std::int16_t>(plaats_ + 1); }
 
-    wizard::AppState& state_;
-    platform::Platform& platform_;
+    state::AppState& state_;
+    machine::Platform& platform_;
     RunHost& host_;
 
     testdata::DrawState draw_;

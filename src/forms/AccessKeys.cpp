@@ -12,7 +12,7 @@
 
 namespace forms {
 
-namespace text = platform::text;
+namespace text = base::text;
 
 namespace {
 

@@ -3,10 +3,10 @@
 #include <exception>
 #include <new>
 
-#include "forms/Desktop.h"
 #include "base/RuntimeError.h"
+#include "forms/Desktop.h"
 
-namespace platform {
+namespace forms {
 
 namespace {
 
@@ -14,7 +14,7 @@ constexpr int InternalError = 51;
 
 } // namespace
 
-std::string UnhandledErrorText(const RuntimeError& error) {
+std::string UnhandledErrorText(const base::RuntimeError& error) {
     return "Fout " + std::to_string(error.Number()) + ":\n\n" + error.Description();
 }
 
@@ -22,13 +22,13 @@ void TellCaught(Desktop& desktop) {
     desktop.SetMousePointer(PointerDefault); // whatever was under way has broken off
     try {
         throw;
-    } catch (const RuntimeError& error) {
+    } catch (const base::RuntimeError& error) {
         desktop.UnhandledError(error);
     } catch (const std::bad_alloc&) {
-        desktop.UnhandledError(OutOfMemory());
+        desktop.UnhandledError(base::OutOfMemory());
     } catch (const std::exception& error) {
-        desktop.UnhandledError(RuntimeError(InternalError, error.what()));
+        desktop.UnhandledError(base::RuntimeError(InternalError, error.what()));
     }
 }
 
-} // namespace platform
+} // namespace forms

@@ -7,7 +7,7 @@ namespace forms {
 
 const ChoiceControl::Entry& ChoiceControl::At(int index) const {
     if (index < 0 || index >= ListCount()) {
-        throw platform::RuntimeError(platform::ErrorInvalidPropertyValue, "Invalid property array index");
+        throw base::RuntimeError(base::ErrorInvalidPropertyValue, "Invalid property array index");
     }
     return items_[static_cast<std::size_t>(index)];
 }

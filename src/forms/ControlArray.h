@@ -29,7 +29,7 @@ class ControlArray {
     ControlType& operator()(int number) const {
         const auto found = elements_.find(number);
         if (found == elements_.end()) {
-            throw platform::SubscriptOutOfRange();
+            throw base::SubscriptOutOfRange();
         }
         return *found->second;
     }

@@ -11,7 +11,7 @@ class Form;
 class FormPeer;
 } // namespace forms
 
-namespace platform {
+namespace forms {
 
 enum class MessageIcon { Information, Exclamation, Critical };
 
@@ -50,10 +50,10 @@ class Desktop {
     virtual ~Desktop() = default;
 
     /// Makes the real window and controls of a form that is being loaded. They mirror the form from then on.
-    virtual std::unique_ptr<forms::FormPeer> CreatePeer(forms::Form& form) = 0;
+    virtual std::unique_ptr<FormPeer> CreatePeer(Form& form) = 0;
 
     /// Runs the message loop until the form is no longer shown.
-    virtual void RunModal(forms::Form& form) = 0;
+    virtual void RunModal(Form& form) = 0;
 
     /// Lets the window system handle its waiting messages once.
     virtual void Yield() = 0;
@@ -75,7 +75,7 @@ class Desktop {
     virtual ScreenArea WorkArea() = 0;
 
     /// A failure that no handler trapped.
-    virtual void UnhandledError(const RuntimeError& error) = 0;
+    virtual void UnhandledError(const base::RuntimeError& error) = 0;
 };
 
-} // namespace platform
+} // namespace forms

@@ -3,8 +3,8 @@
 #include <algorithm>
 #include <utility>
 
-#include "forms/Desktop.h"
 #include "forms/CommandButton.h"
+#include "forms/Desktop.h"
 
 namespace forms {
 
@@ -160,8 +160,7 @@ void Form::SessionEnds() {
 }
 
 void Form::Afdrukken(std::int16_t /*iMethod*/, std::int16_t /*num_copies*/, bool /*blnPrintPreview*/) {
-    throw platform::RuntimeError(platform::ErrorNoSuchMember,
-                                 "Object doesn't support this property or method");
+    throw base::RuntimeError(base::ErrorNoSuchMember, "Object doesn't support this property or method");
 }
 
 bool Form::MoveFocus(Control& control) {
@@ -224,12 +223,12 @@ void Form::UserKey(int virtualKey, bool shift) {
     switch (virtualKey) {
     case 0:
         break;
-    case platform::key::Escape:
+    case key::Escape:
         if (CommandButton* button = ButtonFor([](const CommandButton& b) { return b.Cancel(); })) {
             button->Press();
         }
         break;
-    case platform::key::Enter: {
+    case key::Enter: {
         const bool onButton = active_ != nullptr && active_->Kind() == ControlKind::CommandButton;
         CommandButton* button = onButton ? static_cast<CommandButton*>(active_)
                                          : ButtonFor([](const CommandButton& b) { return b.Default(); });
@@ -238,12 +237,12 @@ void Form::UserKey(int virtualKey, bool shift) {
         }
         break;
     }
-    case platform::key::Tab:
+    case key::Tab:
         if (Control* next = NextInTabOrder(shift)) {
             MoveFocus(*next);
         }
         break;
-    case platform::key::Backspace:
+    case key::Backspace:
     case ' ':
         UserCharacter(static_cast<char32_t>(virtualKey));
         break;

@@ -24,7 +24,7 @@ class Form {
 
     const std::string& Name() const { return name_; }
     Session& GetSession() const { return session_; }
-    platform::Desktop& Desktop() const { return session_.Desktop(); }
+    forms::Desktop& Desktop() const { return session_.Desktop(); }
     const std::vector<Control*>& Controls() const { return controls_; }
 
     const std::string& Caption() const { return caption_; }

@@ -2,7 +2,7 @@
 
 #include <string>
 
-namespace platform {
+namespace forms {
 
 /// A list of pictures of one size among the program's own, counted from 1. Picture n is named after the list
 /// and its number, "imgResourceSmall-1".
@@ -18,4 +18,4 @@ struct ImageList {
 inline constexpr ImageList imgResourceSmall = {"imgResourceSmall", 240};
 inline constexpr ImageList imgResourceLarge = {"imgResourceLarge", 360};
 
-} // namespace platform
+} // namespace forms

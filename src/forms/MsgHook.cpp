@@ -2,14 +2,14 @@
 
 #include "forms/modMsgHookProc.h"
 
-namespace platform {
+namespace forms {
 
 MsgHook::~MsgHook() {
     Unhook();
     modMsgHookProc::ForgetOwner(*this);
 }
 
-void MsgHook::Hook(WindowHandle hWnd, const std::vector<std::int32_t>& messages) {
+void MsgHook::Hook(machine::WindowHandle hWnd, const std::vector<std::int32_t>& messages) {
     Unhook();
     lSlot_ = modMsgHookProc::HookWindow(procedures_, *this, hWnd, messages);
 }
@@ -34,4 +34,4 @@ void MsgHook::Unhook() {
     lSlot_ = 0;
 }
 
-} // namespace platform
+} // namespace forms

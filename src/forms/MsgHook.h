@@ -6,13 +6,13 @@
 
 #include "machine/WindowProcedures.h"
 
-namespace platform {
+namespace forms {
 
 /// Lets a form watch the raw messages of a window, and change them. The owner keeps it alive exactly as long
 /// as the window is to be watched: it stops watching when it goes away. Handlers must not fail.
 class MsgHook {
   public:
-    explicit MsgHook(WindowProcedures& procedures) : procedures_(procedures) {}
+    explicit MsgHook(machine::WindowProcedures& procedures) : procedures_(procedures) {}
     ~MsgHook();
     MsgHook(const MsgHook&) = delete;
     MsgHook& operator=(const MsgHook&) = delete;
@@ -27,7 +27,7 @@ class MsgHook {
 
     /// Starts watching for events [for given messages]. Without messages it watches all of them. What it
     /// watched before is let go first. RuntimeError as modMsgHookProc::HookWindow; it then watches nothing.
-    void Hook(WindowHandle hWnd, const std::vector<std::int32_t>& messages = {});
+    void Hook(machine::WindowHandle hWnd, const std::vector<std::int32_t>& messages = {});
 
     void RaiseAfter(std::int32_t& uMsg, std::intptr_t& wParam, std::intptr_t& lParam);
     void RaiseBefore(std::int32_t& uMsg, std::intptr_t& wParam, std::intptr_t& lParam, std::intptr_t& retVal);
@@ -39,8 +39,8 @@ class MsgHook {
     std::int32_t lSlot() const { return lSlot_; }
 
   private:
-    WindowProcedures& procedures_;
+    machine::WindowProcedures& procedures_;
     std::int32_t lSlot_ = 0;
 };
 
-} // namespace platform
+} // namespace forms

@@ -4,8 +4,8 @@
 #include <string>
 #include <utility>
 
-#include "machine/Bitmaps.h"
 #include "forms/Control.h"
+#include "machine/Bitmaps.h"
 
 namespace forms {
 
@@ -25,8 +25,8 @@ class PictureBox : public Control {
     }
 
     /// The bitmap of a page, shared with whoever made it; it takes the place of the named picture.
-    const std::shared_ptr<const platform::PageBitmap>& Page() const { return page_; }
-    void SetPage(std::shared_ptr<const platform::PageBitmap> page) {
+    const std::shared_ptr<const machine::PageBitmap>& Page() const { return page_; }
+    void SetPage(std::shared_ptr<const machine::PageBitmap> page) {
         if (page != page_) {
             page_ = std::move(page);
             Changed(Aspect::Picture);
@@ -38,7 +38,7 @@ class PictureBox : public Control {
 
   private:
     std::string picture_;
-    std::shared_ptr<const platform::PageBitmap> page_;
+    std::shared_ptr<const machine::PageBitmap> page_;
 };
 
 } // namespace forms

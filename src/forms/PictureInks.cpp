@@ -2,32 +2,32 @@
 
 #include "forms/Contrast.h"
 
-namespace platform {
+namespace forms {
 
 namespace {
 
-forms::Colour Lit(forms::Colour background) {
-    return forms::Readable(ink::SignLit, background, forms::ContrastOfPictures);
+Colour Lit(Colour background) {
+    return Readable(ink::SignLit, background, ContrastOfPictures);
 }
 
 // The field stays nearer to the background than the sign on it: on a dark one it is a tinge.
-forms::Colour FieldOn(forms::Colour background) {
+Colour FieldOn(Colour background) {
     constexpr double tinge = 0.2;
-    const forms::Colour lit = Lit(background);
-    const bool nearer = forms::Contrast(ink::Field, background) < forms::Contrast(lit, background);
-    return nearer ? ink::Field : forms::Mixed(background, lit, tinge);
+    const Colour lit = Lit(background);
+    const bool nearer = Contrast(ink::Field, background) < Contrast(lit, background);
+    return nearer ? ink::Field : Mixed(background, lit, tinge);
 }
 
 } // namespace
 
-forms::Colour InkOn(forms::Colour drawn, forms::Colour background) {
+Colour InkOn(Colour drawn, Colour background) {
     switch (drawn) {
     case ink::Sign:
-        return forms::Readable(drawn, background, forms::ContrastOfPictures);
+        return Readable(drawn, background, ContrastOfPictures);
     case ink::SignLit:
         return Lit(background);
     case ink::SignOff:
-        return forms::Faint(drawn, background);
+        return Faint(drawn, background);
     case ink::Field:
         return FieldOn(background);
     default:
@@ -35,4 +35,4 @@ forms::Colour InkOn(forms::Colour drawn, forms::Colour background) {
     }
 }
 
-} // namespace platform
+} // namespace forms

@@ -6,7 +6,7 @@ namespace forms {
 
 void ProgressBar::SetValue(int value) {
     if (value < Min() || value > Max()) {
-        throw platform::InvalidPropertyValue();
+        throw base::InvalidPropertyValue();
     }
     value_ = value;
     Changed(Aspect::Value);

@@ -9,7 +9,7 @@ namespace forms {
 
 void ScrollBar::SetValue(int value) {
     if (value < min_ || value > max_) {
-        throw platform::InvalidPropertyValue();
+        throw base::InvalidPropertyValue();
     }
     if (value == value_) {
         return;

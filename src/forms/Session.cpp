@@ -29,7 +29,7 @@ void Session::End() {
 void Session::Dispatch(const std::function<void()>& handler) {
     try {
         handler();
-    } catch (const platform::RuntimeError& error) {
+    } catch (const base::RuntimeError& error) {
         desktop_.UnhandledError(error);
     }
 }

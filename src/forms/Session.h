@@ -12,9 +12,9 @@ class Form;
 /// The forms of one running program: which are loaded, which is modal, what the mouse pointer shows.
 class Session {
   public:
-    explicit Session(platform::Desktop& desktop) : desktop_(desktop) {}
+    explicit Session(forms::Desktop& desktop) : desktop_(desktop) {}
 
-    platform::Desktop& Desktop() const { return desktop_; }
+    forms::Desktop& Desktop() const { return desktop_; }
 
     /// The loaded forms, in order of loading.
     const std::vector<Form*>& OpenForms() const { return forms_; }
@@ -34,13 +34,13 @@ class Session {
     void Dispatch(const std::function<void()>& handler);
 
     /// Show the hourglass, and the usual pointer again. They do not nest.
-    void HourglassOn() { desktop_.SetMousePointer(platform::PointerHourglass); }
-    void HourglassOff() { desktop_.SetMousePointer(platform::PointerDefault); }
+    void HourglassOn() { desktop_.SetMousePointer(PointerHourglass); }
+    void HourglassOff() { desktop_.SetMousePointer(PointerDefault); }
 
   private:
     friend class Form;
 
-    platform::Desktop& desktop_;
+    forms::Desktop& desktop_;
     std::vector<Form*> forms_;
     std::vector<Form*> modal_;
 };

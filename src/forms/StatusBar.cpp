@@ -6,7 +6,7 @@ namespace forms {
 
 const StatusPanel& StatusBar::Panel(int number) const {
     if (number < 1 || number > PanelCount()) {
-        throw platform::SubscriptOutOfRange();
+        throw base::SubscriptOutOfRange();
     }
     return panels_[static_cast<std::size_t>(number - 1)];
 }

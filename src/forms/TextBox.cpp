@@ -2,13 +2,13 @@
 
 #include <algorithm>
 
-#include "forms/Desktop.h"
 #include "base/Text.h"
+#include "forms/Desktop.h"
 #include "forms/Form.h"
 
 namespace forms {
 
-namespace text = platform::text;
+namespace text = base::text;
 
 namespace {
 
@@ -88,7 +88,7 @@ bool TextBox::TypeKey(char32_t character) {
     if (key != original) {
         typed = text::FromCodePage(std::string(1, static_cast<char>(key)));
     }
-    if (key == platform::key::Backspace) {
+    if (key == key::Backspace) {
         if (selLength_ == 0 && selStart_ > 0) {
             --selStart_;
             selLength_ = 1;

@@ -14,7 +14,7 @@ void Toolbar::AddButton(ToolbarButton button) {
 
 const ToolbarButton& Toolbar::Button(int number) const {
     if (number < 1 || number > ButtonCount()) {
-        throw platform::SubscriptOutOfRange();
+        throw base::SubscriptOutOfRange();
     }
     return buttons_[static_cast<std::size_t>(number - 1)];
 }

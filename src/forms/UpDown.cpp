@@ -26,7 +26,7 @@ void UpDown::UserStep(int direction) {
         return;
     }
     const double present =
-        std::clamp(std::trunc(platform::NumericValue(buddy_.Text())), double(min_) - 1.0, double(max_) + 1.0);
+        std::clamp(std::trunc(base::NumericValue(buddy_.Text())), double(min_) - 1.0, double(max_) + 1.0);
     const int next = std::clamp(static_cast<int>(present) + direction, min_, max_);
     buddy_.SetText(std::to_string(next));
     buddy_.SelectAll();

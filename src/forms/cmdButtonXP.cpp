@@ -3,11 +3,11 @@
 #include <algorithm>
 #include <utility>
 
-#include "forms/ImageList.h"
 #include "base/RuntimeError.h"
 #include "forms/Form.h"
+#include "forms/ImageList.h"
 
-namespace platform {
+namespace forms {
 
 namespace {
 
@@ -34,8 +34,8 @@ constexpr StylePictures StyleTable[] = {
 
 } // namespace
 
-cmdButtonXP::cmdButtonXP(forms::Form& form, std::string name, Control* container)
-    : Control(form, forms::ControlKind::FlatButton, name, NoIndex, container),
+cmdButtonXP::cmdButtonXP(Form& form, std::string name, Control* container)
+    : Control(form, ControlKind::FlatButton, name, NoIndex, container),
       Timer(form, std::move(name) + ".Timer", TimerInterval), pictureSize_(StartSize) {
     Timer.OnTimer = [this] { TimerTick(); };
     SetWidth(StartSize);
@@ -73,12 +73,12 @@ void cmdButtonXP::DisableTimer() {
 
 void cmdButtonXP::ShowLook() {
     if (iState_ < LookDisabled || iState_ > LookDown) { // a sticky style may be any number
-        throw SubscriptOutOfRange();
+        throw base::SubscriptOutOfRange();
     }
     const std::string& picture = pictButtonXP_[static_cast<std::size_t>(iState_)];
     if (picture != pictNormal_) {
         pictNormal_ = picture;
-        Changed(forms::Aspect::Picture);
+        Changed(Aspect::Picture);
     }
 }
 
@@ -134,7 +134,7 @@ void cmdButtonXP::ApplyClick() {
 void cmdButtonXP::EnableWindow(bool enabled) {
     if (enabled != windowEnabled_) {
         windowEnabled_ = enabled;
-        Changed(forms::Aspect::Enabled);
+        Changed(Aspect::Enabled);
     }
 }
 
@@ -196,4 +196,4 @@ bool cmdButtonXP::UserDblClick() {
     return true;
 }
 
-} // namespace platform
+} // namespace forms

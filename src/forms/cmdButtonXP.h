@@ -9,14 +9,14 @@
 #include "forms/Control.h"
 #include "forms/Timer.h"
 
-namespace platform {
+namespace forms {
 
 /// A flat picture button that lights up under the mouse and can stay pressed. It shows one of four pictures
 /// and draws nothing itself. Nobody tells it that the mouse has left, so a fast timer looks for the pointer
 /// while it is over the button. It takes no focus.
-class cmdButtonXP : public forms::Control {
+class cmdButtonXP : public Control {
   public:
-    cmdButtonXP(forms::Form& form, std::string name, Control* container = nullptr);
+    cmdButtonXP(Form& form, std::string name, Control* container = nullptr);
 
     // The looks, which are also the indices of their pictures.
     static constexpr std::int16_t LookDisabled = 0;
@@ -84,12 +84,12 @@ class cmdButtonXP : public forms::Control {
     std::int16_t iState_ = LookNormal;
     std::int16_t iStickyStyle_ = 0;
     std::int16_t iButtonStyle_ = 0;
-    Boolean blnOver_;
-    Boolean blnMouseDown_;
-    Boolean blnSticky_;
-    Boolean blnStuck_;
-    Boolean blnBusy_;
+    base::Boolean blnOver_;
+    base::Boolean blnMouseDown_;
+    base::Boolean blnSticky_;
+    base::Boolean blnStuck_;
+    base::Boolean blnBusy_;
     bool windowEnabled_ = true;
 };
 
-} // namespace platform
+} // namespace forms

@@ -4,10 +4,10 @@
 #include <exception>
 #include <unordered_map>
 
-#include "forms/MsgHook.h"
 #include "base/RuntimeError.h"
+#include "forms/MsgHook.h"
 
-namespace platform::modMsgHookProc {
+namespace forms::modMsgHookProc {
 
 namespace {
 
@@ -23,23 +23,23 @@ struct Running {
 std::vector<HookEntry> HookTable;
 bool blnTableReady = false;
 /// Slot number by window handle, for the slots above 9.
-std::unordered_map<WindowHandle, std::int32_t> colOverflow;
+std::unordered_map<machine::WindowHandle, std::int32_t> colOverflow;
 Running* running = nullptr;
 
 HookEntry& At(std::int32_t slot) {
     if (slot < 1 || slot > SlotCount()) {
-        throw SubscriptOutOfRange();
+        throw base::SubscriptOutOfRange();
     }
     return HookTable[static_cast<std::size_t>(slot - 1)];
 }
 
 template <std::int32_t slot>
-std::intptr_t WINDOW_CALL EntryProc(WindowHandle hWnd, std::int32_t uMsg, std::intptr_t wParam,
+std::intptr_t WINDOW_CALL EntryProc(machine::WindowHandle hWnd, std::int32_t uMsg, std::intptr_t wParam,
                                     std::intptr_t lParam) {
     return HookDispatch(slot, hWnd, uMsg, wParam, lParam);
 }
 
-constexpr std::array<WindowProcedure, EntryProcedures> ProcedureOfEntry = {
+constexpr std::array<machine::WindowProcedure, EntryProcedures> ProcedureOfEntry = {
     EntryProc<1>, EntryProc<2>, EntryProc<3>, EntryProc<4>, EntryProc<5>,
     EntryProc<6>, EntryProc<7>, EntryProc<8>, EntryProc<9>,
 };
@@ -47,7 +47,7 @@ constexpr std::array<WindowProcedure, EntryProcedures> ProcedureOfEntry = {
 void MakeTable() {
     HookTable.resize(ProcedureOfEntry.size());
     for (std::size_t i = 0; i < ProcedureOfEntry.size(); ++i) {
-        HookTable[i].lEntryProc = AddressOf(ProcedureOfEntry[i]);
+        HookTable[i].lEntryProc = machine::AddressOf(ProcedureOfEntry[i]);
     }
     blnTableReady = true;
 }
@@ -64,8 +64,8 @@ bool IsWatched(const HookEntry& entry, std::int32_t message) {
 }
 
 [[noreturn]] void ThrowDuplicateKey() {
-    throw RuntimeError(ErrorDuplicateKey,
-                       "This key is already associated with an element of this collection");
+    throw base::RuntimeError(base::ErrorDuplicateKey,
+                             "This key is already associated with an element of this collection");
 }
 
 /// Keeps the table from growing, and remembers whom the dispatch reports to.
@@ -91,7 +91,7 @@ std::int32_t LowestFreeSlot() {
 
 } // namespace
 
-std::int32_t HookWindow(WindowProcedures& procedures, MsgHook& lOwner, WindowHandle hWnd,
+std::int32_t HookWindow(machine::WindowProcedures& procedures, MsgHook& lOwner, machine::WindowHandle hWnd,
                         const std::vector<std::int32_t>& messages) {
     if (!blnTableReady) {
         MakeTable();
@@ -99,7 +99,7 @@ std::int32_t HookWindow(WindowProcedures& procedures, MsgHook& lOwner, WindowHan
     const std::int32_t slot = LowestFreeSlot();
     if (slot > SlotCount()) {
         if (running != nullptr) {
-            throw RuntimeError(ErrorTableLocked, "This array is fixed or temporarily locked");
+            throw base::RuntimeError(ErrorTableLocked, "This array is fixed or temporarily locked");
         }
         HookTable.resize(HookTable.size() * 2);
     }
@@ -118,7 +118,7 @@ std::int32_t HookWindow(WindowProcedures& procedures, MsgHook& lOwner, WindowHan
         if (!colOverflow.emplace(hWnd, slot).second) {
             ThrowDuplicateKey();
         }
-        entry.lEntryProc = AddressOf(OverflowProc);
+        entry.lEntryProc = machine::AddressOf(OverflowProc);
     }
     entry.procedures = &procedures;
     entry.lFilterCount = static_cast<std::int32_t>(messages.size());
@@ -126,12 +126,12 @@ std::int32_t HookWindow(WindowProcedures& procedures, MsgHook& lOwner, WindowHan
     entry.colExact = std::move(exact);
     entry.hWnd = hWnd;
     entry.lOwner = &lOwner;
-    entry.lOldProc = procedures.SetWindowLongA(hWnd, GWL_WNDPROC, entry.lEntryProc);
+    entry.lOldProc = procedures.SetWindowLongA(hWnd, machine::GWL_WNDPROC, entry.lEntryProc);
     return slot;
 }
 
-std::intptr_t HookDispatch(std::int32_t slot, WindowHandle hWnd, std::int32_t uMsg, std::intptr_t wParam,
-                           std::intptr_t lParam) {
+std::intptr_t HookDispatch(std::int32_t slot, machine::WindowHandle hWnd, std::int32_t uMsg,
+                           std::intptr_t wParam, std::intptr_t lParam) {
     const HookEntry& entry = At(slot);
     const Dispatching dispatching(entry.lOwner);
     // A handler may give the slot to another window: what this message replaces is what it met.
@@ -160,7 +160,7 @@ std::intptr_t HookDispatch(std::int32_t slot, WindowHandle hWnd, std::int32_t uM
     return retVal;
 }
 
-std::intptr_t WINDOW_CALL OverflowProc(WindowHandle hWnd, std::int32_t uMsg, std::intptr_t wParam,
+std::intptr_t WINDOW_CALL OverflowProc(machine::WindowHandle hWnd, std::int32_t uMsg, std::intptr_t wParam,
                                        std::intptr_t lParam) {
     const std::int32_t slot = OverflowSlotOf(hWnd);
     return slot == 0 ? 0 : HookDispatch(slot, hWnd, uMsg, wParam, lParam);
@@ -172,7 +172,7 @@ void ReleaseSlot(std::int32_t slot) {
     }
     HookEntry& entry = At(slot);
     const Dispatching lockTable(nullptr);
-    entry.procedures->SetWindowLongA(entry.hWnd, GWL_WNDPROC, entry.lOldProc);
+    entry.procedures->SetWindowLongA(entry.hWnd, machine::GWL_WNDPROC, entry.lOldProc);
     entry.lOwner = nullptr;
     entry.blnBucket.reset();
     entry.colExact.clear();
@@ -202,9 +202,9 @@ std::int32_t SlotsInUse() {
         HookTable.begin(), HookTable.end(), [](const HookEntry& entry) { return entry.lOwner != nullptr; }));
 }
 
-std::int32_t OverflowSlotOf(WindowHandle hWnd) {
+std::int32_t OverflowSlotOf(machine::WindowHandle hWnd) {
     const auto found = colOverflow.find(hWnd);
     return found == colOverflow.end() ? 0 : found->second;
 }
 
-} // namespace platform::modMsgHookProc
+} // namespace forms::modMsgHookProc

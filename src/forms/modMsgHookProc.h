@@ -8,7 +8,7 @@
 
 #include "machine/WindowProcedures.h"
 
-namespace platform {
+namespace forms {
 
 class MsgHook;
 
@@ -21,12 +21,12 @@ namespace modMsgHookProc {
 inline constexpr std::uint32_t BucketCount = 257;
 
 struct HookEntry {
-    WindowProcedures* procedures = nullptr;
-    WindowHandle hWnd = 0;           ///< kept after release
-    MsgHook* lOwner = nullptr;       ///< not owned; nullptr: the slot is free
-    ProcedureAddress lOldProc = 0;   ///< the procedure that was replaced
-    ProcedureAddress lEntryProc = 0; ///< the one that replaces it
-    std::int32_t lFilterCount = 0;   ///< messages asked for; 0 is all of them
+    machine::WindowProcedures* procedures = nullptr;
+    machine::WindowHandle hWnd = 0;           ///< kept after release
+    MsgHook* lOwner = nullptr;                ///< not owned; nullptr: the slot is free
+    machine::ProcedureAddress lOldProc = 0;   ///< the procedure that was replaced
+    machine::ProcedureAddress lEntryProc = 0; ///< the one that replaces it
+    std::int32_t lFilterCount = 0;            ///< messages asked for; 0 is all of them
     std::bitset<BucketCount> blnBucket;
     std::unordered_set<std::int32_t> colExact;
 };
@@ -38,7 +38,7 @@ inline constexpr int ErrorTableLocked = 10;
 /// all stands for every message. ErrorDuplicateKey for a message that is listed twice, or a second slot above
 /// the ninth for one window; ErrorTableLocked if the table would have to grow inside a handler. A failure
 /// leaves nothing behind.
-std::int32_t HookWindow(WindowProcedures& procedures, MsgHook& lOwner, WindowHandle hWnd,
+std::int32_t HookWindow(machine::WindowProcedures& procedures, MsgHook& lOwner, machine::WindowHandle hWnd,
                         const std::vector<std::int32_t>& messages);
 
 /// Gives the window its procedure back and frees the slot. Slot 0 is nothing.
@@ -46,11 +46,11 @@ void ReleaseSlot(std::int32_t slot);
 
 /// The work of every entry procedure: reports the message to the slot's owner if it is watched, and passes it
 /// on.
-std::intptr_t HookDispatch(std::int32_t slot, WindowHandle hWnd, std::int32_t uMsg, std::intptr_t wParam,
-                           std::intptr_t lParam);
+std::intptr_t HookDispatch(std::int32_t slot, machine::WindowHandle hWnd, std::int32_t uMsg,
+                           std::intptr_t wParam, std::intptr_t lParam);
 
 /// Serves every slot above 9. A window that no slot knows gets 0 and no processing at all.
-std::intptr_t WINDOW_CALL OverflowProc(WindowHandle hWnd, std::int32_t uMsg, std::intptr_t wParam,
+std::intptr_t WINDOW_CALL OverflowProc(machine::WindowHandle hWnd, std::int32_t uMsg, std::intptr_t wParam,
                                        std::intptr_t lParam);
 
 /// An owner goes away: dispatches that are still running report nothing more to it.
@@ -63,7 +63,7 @@ const HookEntry& Slot(std::int32_t slot);
 /// Number of slots that have an owner.
 std::int32_t SlotsInUse();
 /// The slot above 9 that serves this window, or 0.
-std::int32_t OverflowSlotOf(WindowHandle hWnd);
+std::int32_t OverflowSlotOf(machine::WindowHandle hWnd);
 
 } // namespace modMsgHookProc
-} // namespace platform
+} // namespace forms

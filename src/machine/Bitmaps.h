@@ -4,7 +4,7 @@
 
 #include "machine/Canvas.h"
 
-namespace platform {
+namespace machine {
 
 /// A finished picture of a page, shared by whoever shows it. Lengths are twips, 15 to the dot of a screen of
 /// 96 dots to the inch; a screen of higher density shows the same picture finer. A desktop keeps what was
@@ -46,4 +46,4 @@ class Bitmaps {
     virtual std::unique_ptr<OffscreenPage> CreatePage(double width, double height) = 0;
 };
 
-} // namespace platform
+} // namespace machine

@@ -4,7 +4,7 @@
 #include <string>
 #include <string_view>
 
-namespace platform {
+namespace machine {
 
 /// A font by name, size in points and weight.
 struct FontSpec {
@@ -37,4 +37,4 @@ class Canvas {
     virtual void EndDocument() = 0;
 };
 
-} // namespace platform
+} // namespace machine

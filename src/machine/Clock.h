@@ -1,6 +1,6 @@
 #pragma once
 
-namespace platform {
+namespace machine {
 
 /// A local date and time as the user reads it off the clock.
 struct DateTime {
@@ -24,4 +24,4 @@ class Clock {
     virtual DateTime Now() const = 0;
 };
 
-} // namespace platform
+} // namespace machine

@@ -3,7 +3,7 @@
 #include <cstdint>
 #include <string>
 
-namespace platform {
+namespace machine {
 
 /// Items of GetLocaleInfoA, by their Windows numbers.
 inline constexpr std::int32_t LocaleDecimal = 14;
@@ -30,4 +30,4 @@ class Locale {
     virtual std::string ShortMonthName(int month) = 0;
 };
 
-} // namespace platform
+} // namespace machine

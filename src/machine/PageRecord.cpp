@@ -2,7 +2,7 @@
 
 #include <algorithm>
 
-namespace platform {
+namespace machine {
 
 void PageRecord::AddText(double x, double y, std::string_view text, const FontSpec& font) {
     if (text.empty()) {
@@ -49,4 +49,4 @@ void PageRecord::DrawOn(Canvas& canvas) const {
     }
 }
 
-} // namespace platform
+} // namespace machine

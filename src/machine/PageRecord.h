@@ -8,7 +8,7 @@
 
 #include "machine/Canvas.h"
 
-namespace platform {
+namespace machine {
 
 /// What was drawn on a page, call by call, to be drawn again on any canvas: a few kilobytes, where a picture
 /// takes megabytes and is sharp at one density alone.
@@ -49,4 +49,4 @@ class PageRecord {
     std::vector<FontSpec> fonts_; ///< each once
 };
 
-} // namespace platform
+} // namespace machine

@@ -1,10 +1,13 @@
 #pragma once
 
-namespace platform {
+namespace forms {
+class Desktop;
+}
+
+namespace machine {
 
 class Bitmaps;
 class Clock;
-class Desktop;
 class Locale;
 class Printer;
 class Printers;
@@ -15,16 +18,16 @@ class WindowProcedures;
 
 /// Everything outside the program that it works with, as one desktop or a test gives it.
 struct Platform {
-    platform::Desktop& Desktop;
-    platform::Registry& Registry;
-    platform::Locale& Locale;
-    platform::Clock& Clock;
-    platform::RandomSource& Random;
-    platform::Spooler& Spooler;
-    platform::Printers& Printers;
-    platform::Printer& Printer;
-    platform::Bitmaps& Bitmaps;
-    platform::WindowProcedures& WindowProcedures;
+    forms::Desktop& Desktop;
+    machine::Registry& Registry;
+    machine::Locale& Locale;
+    machine::Clock& Clock;
+    machine::RandomSource& Random;
+    machine::Spooler& Spooler;
+    machine::Printers& Printers;
+    machine::Printer& Printer;
+    machine::Bitmaps& Bitmaps;
+    machine::WindowProcedures& WindowProcedures;
 };
 
-} // namespace platform
+} // namespace machine

@@ -6,7 +6,7 @@
 
 #include "machine/Canvas.h"
 
-namespace platform {
+namespace machine {
 
 /// What drawing on a surface has set so far: cursor in twips and font. A printer and a preview page each keep
 /// one; PrintSurface holds the rules by which it changes.
@@ -97,4 +97,4 @@ class Printer {
     DrawingState Drawing;
 };
 
-} // namespace platform
+} // namespace machine

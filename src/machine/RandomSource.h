@@ -1,6 +1,6 @@
 #pragma once
 
-namespace platform {
+namespace machine {
 
 /// The random generator that the program is given, so that a test can hold it.
 class RandomSource {
@@ -14,4 +14,4 @@ class RandomSource {
     virtual double Rnd() = 0;
 };
 
-} // namespace platform
+} // namespace machine

@@ -5,16 +5,16 @@
 
 #include "base/RuntimeError.h"
 
-namespace platform {
+namespace machine {
 
 std::shared_ptr<const PageBitmap> RecordedPage::Image() {
     if (state_ == State::Lost) {
-        throw OutOfMemory();
+        throw base::OutOfMemory();
     }
     try {
         return PictureOf(record_);
     } catch (const std::bad_alloc&) {
-        throw OutOfMemory();
+        throw base::OutOfMemory();
     }
 }
 
@@ -53,4 +53,4 @@ void RecordedPage::DrawLine(double x1, double y1, double x2, double y2, std::int
     Record([&] { record_.AddLine(x1, y1, x2, y2, colour); });
 }
 
-} // namespace platform
+} // namespace machine

@@ -3,7 +3,7 @@
 #include "machine/Bitmaps.h"
 #include "machine/PageRecord.h"
 
-namespace platform {
+namespace machine {
 
 /// A page off the screen of which the drawing calls are kept, for desktops that paint it whenever it shows.
 /// Drawing does not fail: a page that found no memory for a call says so when its picture is taken.
@@ -34,4 +34,4 @@ class RecordedPage : public OffscreenPage, private Canvas {
     enum class State { Whole, Lost, Discarded } state_ = State::Whole;
 };
 
-} // namespace platform
+} // namespace machine

@@ -4,7 +4,7 @@
 #include <string>
 #include <string_view>
 
-namespace platform {
+namespace machine {
 
 /// Handle of an open key or of a predefined root. Pointer-wide, as on the machine that it comes from.
 using RegistryKey = std::uintptr_t;
@@ -46,4 +46,4 @@ class Registry {
                                         std::string_view bytes) = 0;
 };
 
-} // namespace platform
+} // namespace machine

@@ -1,15 +1,15 @@
 #include "machine/RegistryKeys.h"
 
-#include "base/Text.h"
-#include "machine/modRegistry.h"
-
 #include <algorithm>
 #include <utility>
 
-namespace platform {
+#include "base/Text.h"
+#include "machine/modRegistry.h"
+
+namespace machine {
 
 std::string FoldedName(std::string_view name) {
-    return text::Upper(name);
+    return base::text::Upper(name);
 }
 
 std::vector<std::string_view> KeyNames(std::string_view path) {
@@ -48,11 +48,11 @@ RegistryKey OpenRegistryKeys::Open(std::string path) {
 }
 
 bool OpenRegistryKeys::Close(RegistryKey key) {
-    return paths_.erase(key) > 0 || !modRegistry::RootKeyName(key).empty();
+    return paths_.erase(key) > 0 || !machine::modRegistry::RootKeyName(key).empty();
 }
 
 std::optional<std::string> OpenRegistryKeys::PathOf(RegistryKey key) const {
-    const std::string root = modRegistry::RootKeyName(key);
+    const std::string root = machine::modRegistry::RootKeyName(key);
     if (!root.empty()) {
         return root;
     }
@@ -60,4 +60,4 @@ std::optional<std::string> OpenRegistryKeys::PathOf(RegistryKey key) const {
     return found == paths_.end() ? std::nullopt : std::optional(found->second);
 }
 
-} // namespace platform
+} // namespace machine

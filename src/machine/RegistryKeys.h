@@ -1,7 +1,5 @@
 #pragma once
 
-#include "machine/Registry.h"
-
 #include <cstddef>
 #include <cstdint>
 #include <map>
@@ -10,9 +8,11 @@
 #include <string_view>
 #include <vector>
 
+#include "machine/Registry.h"
+
 /// What every stand-in for the registry needs: how keys are named and compared, the handles of open keys, and
 /// the way a query is answered.
-namespace platform {
+namespace machine {
 
 /// A key's or value's name as it is compared: capitals and small letters are the same to the registry.
 std::string FoldedName(std::string_view name);
@@ -44,4 +44,4 @@ class OpenRegistryKeys {
     std::map<RegistryKey, std::string> paths_;
 };
 
-} // namespace platform
+} // namespace machine

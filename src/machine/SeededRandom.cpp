@@ -2,7 +2,7 @@
 
 #include <bit>
 
-namespace platform {
+namespace machine {
 
 void SeededRandom::Randomize(double seed) {
     state_ = Next() ^ std::bit_cast<std::uint64_t>(seed);
@@ -23,4 +23,4 @@ std::uint64_t SeededRandom::Next() {
     return z ^ (z >> 31);
 }
 
-} // namespace platform
+} // namespace machine

@@ -1,10 +1,10 @@
 #pragma once
 
-#include "machine/RandomSource.h"
-
 #include <cstdint>
 
-namespace platform {
+#include "machine/RandomSource.h"
+
+namespace machine {
 
 /// The generator of every desktop. A seed is stirred into the state and does not replace it: a form is drawn
 /// faster than the clock ticks, and its account, its euros and its cents must not hang together because they
@@ -22,4 +22,4 @@ class SeededRandom final : public RandomSource {
     std::uint64_t state_;
 };
 
-} // namespace platform
+} // namespace machine

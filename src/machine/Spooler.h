@@ -8,7 +8,7 @@
 
 #include "base/Text.h"
 
-namespace platform {
+namespace machine {
 
 /// Settings of a printer: the first 124 bytes of the structure that Windows drivers exchange, field for
 /// field, so that a buffer from a real driver can be read as this. A driver's own data may follow it.
@@ -113,8 +113,8 @@ class Spooler {
     virtual ~Spooler() = default;
 
     /// Text to and from the spooler's own encoding: the machine's code page, where it has one.
-    virtual std::string Encode(std::string_view utf8) const { return text::ToCodePage(utf8); }
-    virtual std::string Decode(std::string_view bytes) const { return text::FromCodePage(bytes); }
+    virtual std::string Encode(std::string_view utf8) const { return base::text::ToCodePage(utf8); }
+    virtual std::string Decode(std::string_view bytes) const { return base::text::FromCodePage(bytes); }
 
     /// What the user is to know of a printer's stored defaults besides its status, in a few words; empty if
     /// nothing is wrong with them.
@@ -146,4 +146,4 @@ class Spooler {
                                              std::uint16_t capability, void* output) = 0;
 };
 
-} // namespace platform
+} // namespace machine

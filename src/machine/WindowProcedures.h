@@ -2,7 +2,7 @@
 
 #include <cstdint>
 
-namespace platform {
+namespace machine {
 
 /// A window and a window procedure as numbers of the machine's pointer width; 0 is none.
 using WindowHandle = std::uintptr_t;
@@ -63,4 +63,4 @@ class WindowProcedures {
     virtual void HandlerFailed() { throw; }
 };
 
-} // namespace platform
+} // namespace machine

@@ -1,11 +1,11 @@
 #include "machine/modRegistry.h"
 
-#include "base/Text.h"
-
 #include <array>
 #include <limits>
 
-namespace platform {
+#include "base/Text.h"
+
+namespace machine {
 namespace {
 
 struct RootName {
@@ -24,8 +24,8 @@ constexpr char Nul = '\0';
 
 } // namespace
 
-std::string modRegistry::GetRegistryValue(RegistryKey hRoot, const std::string& strKey,
-                                          const std::string& strValueName) const {
+std::string machine::modRegistry::GetRegistryValue(RegistryKey hRoot, const std::string& strKey,
+                                                   const std::string& strValueName) const {
     std::string strValue;
     RegistryKey hKey = 0;
     if (OpenRegistryKey(hRoot, strKey, hKey)) {
@@ -38,8 +38,9 @@ std::string modRegistry::GetRegistryValue(RegistryKey hRoot, const std::string& 
     return strValue;
 }
 
-bool modRegistry::SetRegistryValue(RegistryKey hRoot, const std::string& strKey,
-                                   const std::string& strValueName, const std::string& strValue) const {
+bool machine::modRegistry::SetRegistryValue(RegistryKey hRoot, const std::string& strKey,
+                                            const std::string& strValueName,
+                                            const std::string& strValue) const {
     RegistryKey hKey = 0;
     if (!OpenRegistryKey(hRoot, strKey, hKey)) {
         return false;
@@ -47,17 +48,18 @@ bool modRegistry::SetRegistryValue(RegistryKey hRoot, const std::string& strKey,
     return WriteStringValue(hKey, strValueName, strValue); // the handle is left open on purpose
 }
 
-bool modRegistry::OpenRegistryKey(RegistryKey hRoot, const std::string& strKey, RegistryKey& hKey) const {
-    return registry_.RegOpenKeyA(hRoot, text::ToCodePage(strKey), hKey) == RegSuccess;
+bool machine::modRegistry::OpenRegistryKey(RegistryKey hRoot, const std::string& strKey,
+                                           RegistryKey& hKey) const {
+    return registry_.RegOpenKeyA(hRoot, base::text::ToCodePage(strKey), hKey) == RegSuccess;
 }
 
-bool modRegistry::CloseRegistryKey(RegistryKey hKey) const {
+bool machine::modRegistry::CloseRegistryKey(RegistryKey hKey) const {
     return registry_.RegCloseKey(hKey) == RegSuccess;
 }
 
-bool modRegistry::QueryStringValue(RegistryKey hKey, const std::string& strValueName,
-                                   std::string& strValue) const {
-    const std::string name = text::ToCodePage(strValueName);
+bool machine::modRegistry::QueryStringValue(RegistryKey hKey, const std::string& strValueName,
+                                            std::string& strValue) const {
+    const std::string name = base::text::ToCodePage(strValueName);
     std::uint32_t type = RegNone;
     std::uint32_t size = 0;
     if (registry_.RegQueryValueExA(hKey, name, type, nullptr, size) != RegSuccess || type != RegSz) {
@@ -68,27 +70,27 @@ bool modRegistry::QueryStringValue(RegistryKey hKey, const std::string& strValue
     if (registry_.RegQueryValueExA(hKey, name, type, buffer.data(), size) != RegSuccess) {
         return false;
     }
-    strValue = StripTrailingNul(text::FromCodePage(buffer));
+    strValue = StripTrailingNul(base::text::FromCodePage(buffer));
     return true;
 }
 
-bool modRegistry::WriteStringValue(RegistryKey hKey, const std::string& strValueName,
-                                   const std::string& strValue) const {
+bool machine::modRegistry::WriteStringValue(RegistryKey hKey, const std::string& strValueName,
+                                            const std::string& strValue) const {
     if (hKey == 0) {
         return false;
     }
-    const std::string bytes = text::ToCodePage(strValue) + Nul;
-    return registry_.RegSetValueExA(hKey, text::ToCodePage(strValueName), RegSz, bytes) == RegSuccess;
+    const std::string bytes = base::text::ToCodePage(strValue) + Nul;
+    return registry_.RegSetValueExA(hKey, base::text::ToCodePage(strValueName), RegSz, bytes) == RegSuccess;
 }
 
-std::string modRegistry::StripTrailingNul(const std::string& strValue) {
+std::string machine::modRegistry::StripTrailingNul(const std::string& strValue) {
     if (strValue.size() >= 2 && strValue.back() == Nul) {
         return strValue.substr(0, strValue.size() - 1);
     }
     return strValue;
 }
 
-std::string modRegistry::RootKeyName(RegistryKey hKey) {
+std::string machine::modRegistry::RootKeyName(RegistryKey hKey) {
     for (const RootName& root : RootNames) {
         if (root.hKey == hKey) {
             return root.name;
@@ -97,7 +99,7 @@ std::string modRegistry::RootKeyName(RegistryKey hKey) {
     return {};
 }
 
-std::string modRegistry::KeyDisplayName(RegistryKey hKey) const {
+std::string machine::modRegistry::KeyDisplayName(RegistryKey hKey) const {
     const std::string root = RootKeyName(hKey);
     if (!root.empty()) {
         return root;
@@ -106,7 +108,7 @@ std::string modRegistry::KeyDisplayName(RegistryKey hKey) const {
     return index < 0 ? std::string{} : OpenKeys[static_cast<std::size_t>(index)].strName;
 }
 
-std::int16_t modRegistry::FindOpenKey(RegistryKey hKey) const {
+std::int16_t machine::modRegistry::FindOpenKey(RegistryKey hKey) const {
     constexpr std::size_t lastIndex = std::numeric_limits<std::int16_t>::max();
     for (std::size_t i = 1; i < OpenKeys.size() && i <= lastIndex; ++i) {
         if (OpenKeys[i].hKey == hKey) {
@@ -116,4 +118,4 @@ std::int16_t modRegistry::FindOpenKey(RegistryKey hKey) const {
     return -1;
 }
 
-} // namespace platform
+} // namespace machine

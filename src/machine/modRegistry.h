@@ -1,12 +1,12 @@
 #pragma once
 
-#include "machine/Registry.h"
-
 #include <cstdint>
 #include <string>
 #include <vector>
 
-namespace platform {
+#include "machine/Registry.h"
+
+namespace machine {
 
 /// The program's whole access to its settings: text values under keys of the main application. It creates no
 /// key, deletes nothing and knows no default: an absent value reads as the empty text, and a value of another
@@ -61,4 +61,4 @@ class modRegistry {
     Registry& registry_;
 };
 
-} // namespace platform
+} // namespace machine

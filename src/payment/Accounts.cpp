@@ -1,19 +1,19 @@
 #include "payment/Accounts.h"
 
-#include "payment/BareText.h"
-#include "payment/Iban.h"
-#include "payment/TextRoutines.h"
-#include "machine/Clock.h"
-#include "base/Numbers.h"
-#include "machine/RandomSource.h"
-#include "base/Text.h"
-
 #include <array>
 #include <initializer_list>
 
+#include "base/Numbers.h"
+#include "base/Text.h"
+#include "machine/Clock.h"
+#include "machine/RandomSource.h"
+#include "payment/BareText.h"
+#include "payment/Iban.h"
+#include "payment/TextRoutines.h"
+
 namespace payment {
 
-namespace text = platform::text;
+namespace text = base::text;
 
 namespace {
 
@@ -62,7 +62,7 @@ std::string BlocksOfFour(std::string_view tekst) {
     return result;
 }
 
-int DrawNumber(platform::RandomSource& random, const platform::Clock& clock) {
+int DrawNumber(machine::RandomSource& random, const machine::Clock& clock) {
     random.Randomize(clock.Now().SecondsSinceMidnight());
     random.Randomize(clock.Now().SecondsSinceMidnight());
     return static_cast<int>(random.Rnd() * 99) + 1;
@@ -83,7 +83,7 @@ std::string WithEnding(const std::string& number, int drawn) {
         ++row;
     }
     for (int ending = row->hundred * 100 + 1; ending < (row->hundred + 1) * 100; ++ending) {
-        std::string candidate = number + platform::NumberText(ending);
+        std::string candidate = number + base::NumberText(ending);
         if (BankGiroCheck(candidate)) {
             return candidate;
         }
@@ -119,8 +119,8 @@ std::string Rekening2Text(std::string_view tekst) {
     return std::string(BareText(tekst).View());
 }
 
-std::string NieuwRekeningnummer(std::string_view begin, platform::RandomSource& random,
-                                const platform::Clock& clock) {
+std::string NieuwRekeningnummer(std::string_view begin, machine::RandomSource& random,
+                                const machine::Clock& clock) {
     // About one number in eleven passes, so a hundred endings nearly always hold one, and nine draws in ten
     // are of two figures. A thousand rounds without success mean that `begin` or the generator is at fault.
     constexpr int rounds = 1000;
@@ -134,7 +134,7 @@ std::string NieuwRekeningnummer(std::string_view begin, platform::RandomSource& 
             continue;
         }
         std::string number(begin);
-        number += platform::NumberText(first) + platform::NumberText(second);
+        number += base::NumberText(first) + base::NumberText(second);
         if (std::string found = WithEnding(number, second); !found.empty()) {
             return found;
         }

@@ -3,10 +3,10 @@
 #include <string>
 #include <string_view>
 
-namespace platform {
+namespace machine {
 class Clock;
 class RandomSource;
-} // namespace platform
+} // namespace machine
 
 /// The account of the creditor as it is typed, shown and stored. Three kinds are told apart by length alone,
 /// after blanks and dots are taken out: a giro number of up to 8 figures, a bank number under the 11-test,
@@ -26,7 +26,7 @@ std::string Rekening2Text(std::string_view tekst);
 /// A new bank number that begins with `begin` and passes BankGiroCheck: 7 figures more, so 9 with a `begin`
 /// of two figures and 10 with one of three. Empty if no such number turns up, as with a `begin` that nothing
 /// can follow.
-std::string NieuwRekeningnummer(std::string_view begin, platform::RandomSource& random,
-                                const platform::Clock& clock);
+std::string NieuwRekeningnummer(std::string_view begin, machine::RandomSource& random,
+                                const machine::Clock& clock);
 
 } // namespace payment

@@ -1,14 +1,14 @@
 #include "payment/CheckDigits.h"
 
-#include "base/Text.h"
-
 #include <array>
 #include <charconv>
 #include <string_view>
 
+#include "base/Text.h"
+
 namespace payment {
 
-namespace text = platform::text;
+namespace text = base::text;
 
 namespace {
 

@@ -1,15 +1,15 @@
 #include "payment/Iban.h"
 
-#include "payment/BareText.h"
-#include "base/RuntimeError.h"
-#include "base/Text.h"
-
 #include <algorithm>
 #include <array>
 
+#include "base/RuntimeError.h"
+#include "base/Text.h"
+#include "payment/BareText.h"
+
 namespace payment {
 
-namespace text = platform::text;
+namespace text = base::text;
 
 namespace {
 
@@ -119,10 +119,10 @@ bool IBANCheck(std::string_view tekst) {
 
 std::int16_t Modulus(std::string& getal, std::int16_t deler) {
     if (deler == 0 || deler < -LargestDivisor || deler > LargestDivisor) {
-        throw platform::Overflow();
+        throw base::Overflow();
     }
     if (!std::all_of(getal.begin(), getal.end(), IsFigure)) {
-        throw platform::TypeMismatch();
+        throw base::TypeMismatch();
     }
     if (getal.empty()) {
         getal.assign(1, '0');

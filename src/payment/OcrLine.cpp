@@ -1,12 +1,12 @@
 #include "payment/OcrLine.h"
 
-#include "payment/CheckDigits.h"
 #include "base/Numbers.h"
 #include "base/Text.h"
+#include "payment/CheckDigits.h"
 
 namespace payment {
 
-namespace text = platform::text;
+namespace text = base::text;
 
 namespace {
 
@@ -33,9 +33,9 @@ void MakeReference(std::string_view kenmerk, std::string& reference) {
 void MakeAmount(std::string_view euro, std::string_view cent, std::string& amount) {
     amount.assign(cent).append("000");
     amount.erase(text::Left(amount, CentWidth).size());
-    amount.insert(0, NulVulling(platform::Int32OfText(euro), EuroWidth));
+    amount.insert(0, NulVulling(base::Int32OfText(euro), EuroWidth));
     amount.append(BedragControle(amount));
-    if (platform::NumericValue(amount) == 0) {
+    if (base::NumericValue(amount) == 0) {
         amount.clear();
         return;
     }

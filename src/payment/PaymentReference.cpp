@@ -1,14 +1,14 @@
 #include "payment/PaymentReference.h"
 
-#include "payment/CheckDigits.h"
 #include "base/Numbers.h"
 #include "base/Text.h"
+#include "payment/CheckDigits.h"
 
 namespace payment {
 
 std::string MaakBetalingskenmerk(std::string_view volgnummer, std::string_view soort, std::string_view maand,
                                  std::string_view jaar) {
-    const auto atMostZero = [](std::string_view tekst) { return platform::NumericValue(tekst) <= 0; };
+    const auto atMostZero = [](std::string_view tekst) { return base::NumericValue(tekst) <= 0; };
     if (atMostZero(volgnummer) || atMostZero(soort)) {
         soort = "0";
     }
@@ -19,10 +19,10 @@ std::string MaakBetalingskenmerk(std::string_view volgnummer, std::string_view s
         jaar = "00";
     }
     std::string kenmerk("1");
-    kenmerk.append(NulVulling(platform::Int32OfText(volgnummer), 8));
-    kenmerk.append(NulVulling(platform::Int32OfText(soort), 2));
-    kenmerk.append(NulVulling(platform::Int32OfText(maand), 2));
-    kenmerk.append(platform::text::Right(jaar, 2));
+    kenmerk.append(NulVulling(base::Int32OfText(volgnummer), 8));
+    kenmerk.append(NulVulling(base::Int32OfText(soort), 2));
+    kenmerk.append(NulVulling(base::Int32OfText(maand), 2));
+    kenmerk.append(base::text::Right(jaar, 2));
     return kenmerk;
 }
 

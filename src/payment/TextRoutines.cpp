@@ -1,13 +1,13 @@
 #include "payment/TextRoutines.h"
 
+#include <cmath>
+
 #include "base/Numbers.h"
 #include "base/Text.h"
 
-#include <cmath>
-
 namespace payment {
 
-namespace text = platform::text;
+namespace text = base::text;
 
 std::string VerwijderTeken(std::string_view tekst, std::string_view teken) {
     if (text::Length(teken) != 1) {
@@ -29,8 +29,8 @@ bool IsGetal(std::string_view tekst) {
     if (tekst.empty()) {
         return false;
     }
-    const double value = platform::NumericValue(tekst);
-    return std::isfinite(value) && platform::NumberText(value) == tekst;
+    const double value = base::NumericValue(tekst);
+    return std::isfinite(value) && base::NumberText(value) == tekst;
 }
 
 std::string PostcodeFormaat(std::string& tekst) {

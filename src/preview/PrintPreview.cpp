@@ -1,13 +1,13 @@
 #include "preview/PrintPreview.h"
 
+#include <exception>
+
+#include "base/Numbers.h"
 #include "composition/OpenPrinter.h"
 #include "composition/PrintSurface.h"
-#include "base/Numbers.h"
 #include "forms/Session.h"
 #include "preview/frmPrintPreview.h"
 #include "preview/frmPrintPreviewGhost.h"
-
-#include <exception>
 
 namespace preview {
 
@@ -20,14 +20,14 @@ constexpr std::int16_t FaseClose = 1;
 
 /// Each form knows the other.
 struct PrintPreview::Forms {
-    Forms(forms::Session& session, platform::Platform& platform, wizard::AppState& state)
+    Forms(forms::Session& session, machine::Platform& platform, state::AppState& state)
         : ghost(session, platform, state, window), window(session, platform, state, ghost) {}
 
     frmPrintPreviewGhost ghost;
     frmPrintPreview window;
 };
 
-PrintPreview::PrintPreview(forms::Session& session, platform::Platform& platform, wizard::AppState& state,
+PrintPreview::PrintPreview(forms::Session& session, machine::Platform& platform, state::AppState& state,
                            composition::PrinterSurface& printer)
     : session_(session), platform_(platform), state_(state), printer_(printer) {}
 
@@ -62,7 +62,7 @@ void PrintPreview::Open() {
     forms_->ghost.Load();
     surface.SetFont(state_.ListFontName);
     surface.SetFontSize(composition::ListFontPoints);
-    state_.LineHeight = platform::ToInt32(surface.TextHeight("X"));
+    state_.LineHeight = base::ToInt32(surface.TextHeight("X"));
     session_.HourglassOn();
 }
 

@@ -22,7 +22,7 @@ class frmPrintPreviewGhost;
 /// the window that shows what was drawn.
 class PrintPreview {
   public:
-    PrintPreview(forms::Session& session, platform::Platform& platform, wizard::AppState& state,
+    PrintPreview(forms::Session& session, machine::Platform& platform, state::AppState& state,
                  composition::PrinterSurface& printer);
     ~PrintPreview();
     PrintPreview(const PrintPreview&) = delete;
@@ -47,8 +47,8 @@ class PrintPreview {
     void Close();
 
     forms::Session& session_;
-    platform::Platform& platform_;
-    wizard::AppState& state_;
+    machine::Platform& platform_;
+    state::AppState& state_;
     composition::PrinterSurface& printer_;
     std::unique_ptr<Forms> forms_;
 };

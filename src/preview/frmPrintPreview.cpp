@@ -3,11 +3,11 @@
 #include <algorithm>
 #include <cmath>
 
-#include "forms/Desktop.h"
 #include "base/Numbers.h"
-#include "machine/Printer.h"
 #include "base/Resume.h"
 #include "base/Text.h"
+#include "forms/Desktop.h"
+#include "machine/Printer.h"
 #include "preview/frmPrintPreviewGhost.h"
 
 namespace preview {
@@ -34,7 +34,7 @@ constexpr forms::Colour GripColour = forms::colour::Rgb(160, 152, 135);
 
 /// How far the page has moved at a scroll position, twips. Rounded from the far end, ties to even.
 double ShiftAt(int value, std::int32_t span) {
-    return span - platform::ToInt32((1 - value / 100.0) * span);
+    return span - base::ToInt32((1 - value / 100.0) * span);
 }
 
 std::int16_t HighWord(std::intptr_t value) {
@@ -43,8 +43,8 @@ std::int16_t HighWord(std::intptr_t value) {
 
 } // namespace
 
-frmPrintPreview::frmPrintPreview(forms::Session& session, platform::Platform& platform,
-                                 wizard::AppState& state, frmPrintPreviewGhost& ghost)
+frmPrintPreview::frmPrintPreview(forms::Session& session, machine::Platform& platform, state::AppState& state,
+                                 frmPrintPreviewGhost& ghost)
     : Form(session, "frmPrintPreview"), pictShadow(*this, "pictShadow"),
       pictPageContainer(*this, "pictPageContainer"),
       pictCurrentPage(*this, "pictCurrentPage", forms::Control::NoIndex, &pictPageContainer),
@@ -72,13 +72,13 @@ frmPrintPreview::frmPrintPreview(forms::Session& session, platform::Platform& pl
 
 void frmPrintPreview::OnLoad() {
     GetSession().HourglassOn();
-    Msg = std::make_unique<platform::MsgHook>(platform_.WindowProcedures);
+    Msg = std::make_unique<forms::MsgHook>(platform_.WindowProcedures);
     Msg->Before = [this](auto& uMsg, auto& wParam, auto& lParam, auto& retVal) {
         Msg_Before(uMsg, wParam, lParam, retVal);
     };
-    Msg->Hook(hWnd(), {platform::WM_MOUSEWHEEL});
+    Msg->Hook(hWnd(), {machine::WM_MOUSEWHEEL});
 
-    const platform::ScreenArea workArea = Desktop().WorkArea();
+    const forms::ScreenArea workArea = Desktop().WorkArea();
     Move(workArea.Left, workArea.Top);
     Resize(workArea.Width, workArea.Height);
     SetTooltip();
@@ -96,7 +96,7 @@ void frmPrintPreview::OnLoad() {
     StatusBar.SetPanelWidth(2, Width());
 
     iCurrentPage = 1;
-    iTotalPages = platform::Int16OfText(ghost_.Tag);
+    iTotalPages = base::Int16OfText(ghost_.Tag);
     SetButtons(iCurrentPage);
     HScroll.SetValue(ScrollStart);
     if (blnHScroll) {
@@ -171,14 +171,14 @@ void frmPrintPreview::SetButtons(std::int16_t WhichPage) {
 
 void frmPrintPreview::SetTooltip() {
     if (platform_.Printers.Count() > 0) {
-        const std::string name(platform::text::Trim(platform_.Printer.DeviceName()));
+        const std::string name(base::text::Trim(platform_.Printer.DeviceName()));
         Toolbar.SetButtonToolTipText(buttonPrint, "Afdrukken (" + name + ")");
     }
 }
 
 void frmPrintPreview::Msg_Before(std::int32_t& uMsg, std::intptr_t& wParam, std::intptr_t& /*lParam*/,
                                  std::intptr_t& /*retVal*/) {
-    if (uMsg != platform::WM_MOUSEWHEEL) {
+    if (uMsg != machine::WM_MOUSEWHEEL) {
         return;
     }
     const int step = HighWord(wParam) >= 0 ? -VScroll.SmallChange() : VScroll.SmallChange();
@@ -191,14 +191,14 @@ void frmPrintPreview::VScrollChange() {
     const double shift = ShiftAt(VScroll.Value(), lScrollSpanY);
     pictPageContainer.SetTop(PageAtStart - shift);
     pictShadow.SetTop(ShadowAtStart - shift);
-    platform::Resume([this] { pictCurrentPage.Refresh(); });
+    base::Resume([this] { pictCurrentPage.Refresh(); });
 }
 
 void frmPrintPreview::HScrollChange() {
     const double shift = ShiftAt(HScroll.Value(), lScrollSpanX);
     pictPageContainer.SetLeft(PageAtStart - shift);
     pictShadow.SetLeft(ShadowAtStart - shift);
-    platform::Resume([this] { pictCurrentPage.Refresh(); });
+    base::Resume([this] { pictCurrentPage.Refresh(); });
 }
 
 void frmPrintPreview::ScrollToStart() {

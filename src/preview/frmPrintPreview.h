@@ -5,18 +5,18 @@
 #include <string>
 
 #include "base/Boolean.h"
-#include "forms/MsgHook.h"
-#include "machine/Platform.h"
-#include "forms/cmdButtonXP.h"
 #include "forms/ControlArray.h"
 #include "forms/Form.h"
 #include "forms/LineControl.h"
 #include "forms/MenuBar.h"
 #include "forms/MenuItem.h"
+#include "forms/MsgHook.h"
 #include "forms/PictureBox.h"
 #include "forms/ScrollBar.h"
 #include "forms/StatusBar.h"
 #include "forms/Toolbar.h"
+#include "forms/cmdButtonXP.h"
+#include "machine/Platform.h"
 #include "state/AppState.h"
 
 namespace preview {
@@ -28,7 +28,7 @@ class frmPrintPreviewGhost;
 /// set if the user wants the document on paper. One object serves one preview.
 class frmPrintPreview : public forms::Form {
   public:
-    frmPrintPreview(forms::Session& session, platform::Platform& platform, wizard::AppState& state,
+    frmPrintPreview(forms::Session& session, machine::Platform& platform, state::AppState& state,
                     frmPrintPreviewGhost& ghost);
 
     // In the order of depth: the sheet slides beneath the bars.
@@ -43,8 +43,8 @@ class frmPrintPreview : public forms::Form {
     forms::PictureBox pictBottom;
     forms::PictureBox pictVScroll;
     forms::ScrollBar VScroll;
-    platform::cmdButtonXP cmdUp;
-    platform::cmdButtonXP cmdDown;
+    forms::cmdButtonXP cmdUp;
+    forms::cmdButtonXP cmdDown;
     forms::LineControl Line5;
 
     forms::PictureBox ToolbarContainer;
@@ -70,8 +70,8 @@ class frmPrintPreview : public forms::Form {
     std::int32_t lScrollSpanY = 0;
     std::int32_t lScrollSpanX = 0;
     /// The sheet did not fit in the width when the window was loaded.
-    platform::Boolean blnHScroll;
-    std::unique_ptr<platform::MsgHook> Msg;
+    base::Boolean blnHScroll;
+    std::unique_ptr<forms::MsgHook> Msg;
 
     void SetiTotalPages(std::int16_t Aantal);
     /// Turns the navigation on and off for page `WhichPage`.
@@ -118,8 +118,8 @@ class frmPrintPreview : public forms::Form {
     void Leave(bool print);
     void SetToolbarButtons(std::initializer_list<int> numbers, bool enabled);
 
-    platform::Platform& platform_;
-    wizard::AppState& state_;
+    machine::Platform& platform_;
+    state::AppState& state_;
     frmPrintPreviewGhost& ghost_;
 };
 

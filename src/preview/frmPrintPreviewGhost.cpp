@@ -3,10 +3,10 @@
 #include <cstring>
 #include <new>
 
-#include "forms/Desktop.h"
 #include "base/Numbers.h"
 #include "base/Resume.h"
 #include "base/RuntimeError.h"
+#include "forms/Desktop.h"
 #include "preview/frmPrintPreview.h"
 
 namespace preview {
@@ -20,32 +20,32 @@ constexpr int NoSuchElement = 340;
 
 } // namespace
 
-frmPrintPreviewGhost::frmPrintPreviewGhost(forms::Session& session, platform::Platform& platform,
-                                           const wizard::AppState& state, frmPrintPreview& preview)
+frmPrintPreviewGhost::frmPrintPreviewGhost(forms::Session& session, machine::Platform& platform,
+                                           const state::AppState& state, frmPrintPreview& preview)
     : Form(session, "frmPrintPreviewGhost"), platform_(platform), state_(state), preview_(preview) {
     SetCaption("Preview Ghost");
 }
 
 void frmPrintPreviewGhost::OnLoad() {
-    platform::Printer& printer = platform_.Printer;
+    machine::Printer& printer = platform_.Printer;
     Tag = "0";
     BackColor = White;
     ThisPage[0] = {};
 
-    lPageWidth = platform::ToInt32(printer.Width());
-    lPageHeight = platform::ToInt32(printer.Height());
-    lMarginLeft = platform::ToInt32((lPageWidth - printer.ScaleWidth()) / 2);
-    lMarginTop = platform::ToInt32((lPageHeight - printer.ScaleHeight()) / 2);
-    lMaxTrackX = platform::ToInt32(printer.Width());
-    lMaxTrackY = platform::ToInt32(printer.Height());
+    lPageWidth = base::ToInt32(printer.Width());
+    lPageHeight = base::ToInt32(printer.Height());
+    lMarginLeft = base::ToInt32((lPageWidth - printer.ScaleWidth()) / 2);
+    lMarginTop = base::ToInt32((lPageHeight - printer.ScaleHeight()) / 2);
+    lMaxTrackX = base::ToInt32(printer.Width());
+    lMaxTrackY = base::ToInt32(printer.Height());
 
     preview_.Load();
 
-    Msg = std::make_unique<platform::MsgHook>(platform_.WindowProcedures);
+    Msg = std::make_unique<forms::MsgHook>(platform_.WindowProcedures);
     Msg->Before = [this](auto& uMsg, auto& wParam, auto& lParam, auto& retVal) {
         Msg_Before(uMsg, wParam, lParam, retVal);
     };
-    Msg->Hook(hWnd(), {platform::WM_GETMINMAXINFO});
+    Msg->Hook(hWnd(), {machine::WM_GETMINMAXINFO});
 
     const double width = printer.ScaleWidth();
     Resize(width, lPageHeight);
@@ -57,21 +57,21 @@ void frmPrintPreviewGhost::OnLoad() {
     Newpage();
 }
 
-platform::Canvas& frmPrintPreviewGhost::Drawing() {
+machine::Canvas& frmPrintPreviewGhost::Drawing() {
     if (page_ == nullptr) {
-        throw platform::NoObject();
+        throw base::NoObject();
     }
     return page_->Drawing();
 }
 
-platform::TextSize frmPrintPreviewGhost::DrawingTarget::MeasureText(std::string_view text,
-                                                                    const platform::FontSpec& font) {
+machine::TextSize frmPrintPreviewGhost::DrawingTarget::MeasureText(std::string_view text,
+                                                                   const machine::FontSpec& font) {
     return form_.Drawing().MeasureText(text, font);
 }
 
 void frmPrintPreviewGhost::DrawingTarget::DrawText(double x, double y, std::string_view text,
-                                                   const platform::FontSpec& font) {
-    platform::Canvas& page = form_.Drawing();
+                                                   const machine::FontSpec& font) {
+    machine::Canvas& page = form_.Drawing();
     if (form_.AutoRedraw) {
         page.DrawText(x, y, text, font);
     }
@@ -79,7 +79,7 @@ void frmPrintPreviewGhost::DrawingTarget::DrawText(double x, double y, std::stri
 
 void frmPrintPreviewGhost::DrawingTarget::DrawLine(double x1, double y1, double x2, double y2,
                                                    std::int32_t colour) {
-    platform::Canvas& page = form_.Drawing();
+    machine::Canvas& page = form_.Drawing();
     if (form_.AutoRedraw) {
         page.DrawLine(x1, y1, x2, y2, colour);
     }
@@ -94,31 +94,31 @@ void frmPrintPreviewGhost::Cls() {
 frmPrintPreviewGhost::PageHolder& frmPrintPreviewGhost::Holder(std::int16_t page) {
     const auto found = ThisPage.find(page);
     if (found == ThisPage.end()) {
-        throw platform::RuntimeError(NoSuchElement,
-                                     "Control array element '" + std::to_string(page) + "' doesn't exist");
+        throw base::RuntimeError(NoSuchElement,
+                                 "Control array element '" + std::to_string(page) + "' doesn't exist");
     }
     return found->second;
 }
 
 void frmPrintPreviewGhost::Newpage() {
-    platform::Resume([this] {
+    base::Resume([this] {
         try {
             KeepPage();
         } catch (const std::bad_alloc&) { // one page less to see is no reason to show none
-            throw platform::OutOfMemory();
+            throw base::OutOfMemory();
         }
     });
 }
 
 void frmPrintPreviewGhost::KeepPage() {
-    const double tally = platform::NumericValue(Tag);
+    const double tally = base::NumericValue(Tag);
     if (tally > MostPages) {
         if (page_ != nullptr) {
             page_->Discard(); // it is page 41, with whatever comes on top of it
         }
         return;
     }
-    Tag = platform::NumberText(tally + 1);
+    Tag = base::NumberText(tally + 1);
     Drawing();
     AutoRedraw = false;
     Desktop().Yield();
@@ -145,13 +145,13 @@ void frmPrintPreviewGhost::EndDoc() {
 }
 
 void frmPrintPreviewGhost::FinishPages() {
-    if (platform::NumericValue(Tag) > MostPages) {
+    if (base::NumericValue(Tag) > MostPages) {
         Desktop().MsgBox("Er zijn meer dan 40 pagina's gevonden, in het afdrukvoorbeeld worden maximaal 40 "
                          "pagina's getoond.",
-                         platform::MessageIcon::Information, state_.MessageTitle);
-        Tag = platform::NumberText(MostPages);
+                         forms::MessageIcon::Information, state_.MessageTitle);
+        Tag = base::NumberText(MostPages);
     }
-    preview_.SetiTotalPages(platform::Int16OfText(Tag));
+    preview_.SetiTotalPages(base::Int16OfText(Tag));
     preview_.SetButtons(1);
     DisplayOnScreen(1);
 }
@@ -172,12 +172,12 @@ void frmPrintPreviewGhost::DisplayOnScreen(std::int16_t WhichPage) {
 
 void frmPrintPreviewGhost::Msg_Before(std::int32_t& uMsg, std::intptr_t& /*wParam*/, std::intptr_t& lParam,
                                       std::intptr_t& retVal) {
-    if (uMsg != platform::WM_GETMINMAXINFO || lParam == 0) {
+    if (uMsg != machine::WM_GETMINMAXINFO || lParam == 0) {
         return;
     }
     // NOLINTNEXTLINE(performance-no-int-to-ptr): a message carries the structure's address as a number
     void* address = reinterpret_cast<void*>(lParam);
-    platform::MINMAXINFO bounds;
+    machine::MINMAXINFO bounds;
     std::memcpy(&bounds, address, sizeof bounds);
     bounds.ptMinTrackSize = {SmallestTrack, SmallestTrack};
     bounds.ptMaxTrackSize = {lMaxTrackX, lMaxTrackY};

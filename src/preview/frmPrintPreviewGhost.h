@@ -5,13 +5,13 @@
 #include <memory>
 #include <string>
 
-#include "composition/PrintSurface.h"
-#include "machine/Bitmaps.h"
 #include "base/Boolean.h"
+#include "composition/PrintSurface.h"
+#include "forms/Form.h"
 #include "forms/MsgHook.h"
+#include "machine/Bitmaps.h"
 #include "machine/Platform.h"
 #include "machine/Printer.h"
-#include "forms/Form.h"
 #include "state/AppState.h"
 
 namespace preview {
@@ -24,7 +24,7 @@ class frmPrintPreview;
 /// serves one preview.
 class frmPrintPreviewGhost : public forms::Form {
   public:
-    frmPrintPreviewGhost(forms::Session& session, platform::Platform& platform, const wizard::AppState& state,
+    frmPrintPreviewGhost(forms::Session& session, machine::Platform& platform, const state::AppState& state,
                          frmPrintPreview& preview);
 
     /// What the document is drawn on. Drawing before the form is loaded is an error (ErrorNoObject).
@@ -49,7 +49,7 @@ class frmPrintPreviewGhost : public forms::Form {
 
     /// A page that is kept. Lengths are twips.
     struct PageHolder {
-        std::shared_ptr<const platform::PageBitmap> Picture;
+        std::shared_ptr<const machine::PageBitmap> Picture;
         double Width = 0;
         double Height = 0;
     };
@@ -62,7 +62,7 @@ class frmPrintPreviewGhost : public forms::Form {
     std::int32_t BackColor = 0;
     /// What is drawn lands on the page. Off while a page is kept, and after a page break that failed until
     /// the next one that does not: what is drawn meanwhile is lost, and measured all the same.
-    platform::Boolean AutoRedraw{true};
+    base::Boolean AutoRedraw{true};
     /// The sheet, and half of what it is larger than the printable area.
     std::int32_t lPageWidth = 0;
     std::int32_t lPageHeight = 0;
@@ -74,7 +74,7 @@ class frmPrintPreviewGhost : public forms::Form {
     std::int32_t lMaxTrackY = 0;
     /// Page k stands at k; 0 holds the blank page from before the document and is never shown.
     std::map<std::int16_t, PageHolder> ThisPage;
-    std::unique_ptr<platform::MsgHook> Msg;
+    std::unique_ptr<forms::MsgHook> Msg;
 
   protected:
     void OnLoad() override;
@@ -88,19 +88,19 @@ class frmPrintPreviewGhost : public forms::Form {
         void EndDoc() override { form_.EndDoc(); }
 
       protected:
-        platform::Canvas& Page() override { return form_.drawingTarget_; }
+        machine::Canvas& Page() override { return form_.drawingTarget_; }
 
       private:
         frmPrintPreviewGhost& form_;
     };
 
     /// The page, as long as AutoRedraw lets drawing through to it.
-    class DrawingTarget final : public platform::Canvas {
+    class DrawingTarget final : public machine::Canvas {
       public:
         explicit DrawingTarget(frmPrintPreviewGhost& form) : form_(form) {}
 
-        platform::TextSize MeasureText(std::string_view text, const platform::FontSpec& font) override;
-        void DrawText(double x, double y, std::string_view text, const platform::FontSpec& font) override;
+        machine::TextSize MeasureText(std::string_view text, const machine::FontSpec& font) override;
+        void DrawText(double x, double y, std::string_view text, const machine::FontSpec& font) override;
         void DrawLine(double x1, double y1, double x2, double y2, std::int32_t colour) override;
         void NewPage() override { form_.Drawing().NewPage(); }
         void EndDocument() override { form_.Drawing().EndDocument(); }
@@ -109,17 +109,17 @@ class frmPrintPreviewGhost : public forms::Form {
         frmPrintPreviewGhost& form_;
     };
 
-    platform::Canvas& Drawing();
+    machine::Canvas& Drawing();
     void Cls();
     void KeepPage();
     void FinishPages();
     PageHolder& Holder(std::int16_t page);
 
-    platform::Platform& platform_;
-    const wizard::AppState& state_;
+    machine::Platform& platform_;
+    const state::AppState& state_;
     frmPrintPreview& preview_;
-    platform::DrawingState drawing_;
-    std::unique_ptr<platform::OffscreenPage> page_;
+    machine::DrawingState drawing_;
+    std::unique_ptr<machine::OffscreenPage> page_;
     DrawingTarget drawingTarget_{*this};
     PageSurface surface_{*this};
 };

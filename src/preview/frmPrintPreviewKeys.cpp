@@ -36,23 +36,23 @@ struct frmPrintPreview::KeyAction {
 };
 
 const frmPrintPreview::KeyAction frmPrintPreview::keyActions[] = {
-    {platform::key::PageUp, [](frmPrintPreview& form) { form.PageUp(); }},
-    {platform::key::PageDown, [](frmPrintPreview& form) { form.PageDown(); }},
-    {platform::key::End,
+    {forms::key::PageUp, [](frmPrintPreview& form) { form.PageUp(); }},
+    {forms::key::PageDown, [](frmPrintPreview& form) { form.PageDown(); }},
+    {forms::key::End,
      [](frmPrintPreview& form) {
          ToEnd(form.VScroll);
          ToEnd(form.HScroll);
      }},
-    {platform::key::Home,
+    {forms::key::Home,
      [](frmPrintPreview& form) {
          ToStart(form.VScroll);
          ToStart(form.HScroll);
      }},
-    {platform::key::Left, [](frmPrintPreview& form) { Step(form.HScroll, -LineStep); }},
-    {platform::key::Up, [](frmPrintPreview& form) { Step(form.VScroll, -LineStep); }},
-    {platform::key::Right, [](frmPrintPreview& form) { Step(form.HScroll, LineStep); }},
-    {platform::key::Down, [](frmPrintPreview& form) { Step(form.VScroll, LineStep); }},
-    {platform::key::Escape, [](frmPrintPreview& form) { form.Leave(false); }},
+    {forms::key::Left, [](frmPrintPreview& form) { Step(form.HScroll, -LineStep); }},
+    {forms::key::Up, [](frmPrintPreview& form) { Step(form.VScroll, -LineStep); }},
+    {forms::key::Right, [](frmPrintPreview& form) { Step(form.HScroll, LineStep); }},
+    {forms::key::Down, [](frmPrintPreview& form) { Step(form.VScroll, LineStep); }},
+    {forms::key::Escape, [](frmPrintPreview& form) { form.Leave(false); }},
 };
 
 void frmPrintPreview::OnKeyDown(int& virtualKey) {

@@ -40,7 +40,7 @@ void SetHeight(forms::Control& control, double height) {
 }
 
 std::int32_t ScrollSpan(double window, double sheet) {
-    return platform::ToInt32(std::abs(window - sheet - WindowReserve) + ScrollSpanBase);
+    return base::ToInt32(std::abs(window - sheet - WindowReserve) + ScrollSpanBase);
 }
 
 } // namespace
@@ -144,7 +144,7 @@ void frmPrintPreview::FillMenu() {
 
 // The sheet at the size of the printer's, in the middle of the window.
 void frmPrintPreview::PlaceSheet() {
-    platform::Printer& printer = platform_.Printer;
+    machine::Printer& printer = platform_.Printer;
     const double printableWidth = printer.ScaleWidth();
     const double sheetHeight = printer.Height();
 

@@ -8,13 +8,13 @@ namespace printmanager {
 /// takes no command and never closes.
 class ClearAtEnd {
   public:
-    explicit ClearAtEnd(platform::Boolean& flag) : flag_(flag) {}
+    explicit ClearAtEnd(base::Boolean& flag) : flag_(flag) {}
     ~ClearAtEnd() { flag_ = false; }
     ClearAtEnd(const ClearAtEnd&) = delete;
     ClearAtEnd& operator=(const ClearAtEnd&) = delete;
 
   private:
-    platform::Boolean& flag_;
+    base::Boolean& flag_;
 };
 
 } // namespace printmanager

@@ -6,13 +6,13 @@
 #include <iterator>
 #include <vector>
 
-#include "forms/Desktop.h"
 #include "base/Resume.h"
+#include "forms/Desktop.h"
 #include "printmanager/SpoolerAccess.h"
 
 namespace printmanager {
 
-using platform::DEVMODE;
+using machine::DEVMODE;
 
 namespace {
 
@@ -25,16 +25,16 @@ struct Field {
 };
 
 constexpr Field Fields[] = {
-    {platform::DM_ORIENTATION, &DEVMODE::dmOrientation, true},
-    {platform::DM_PAPERSIZE, &DEVMODE::dmPaperSize, true},
-    {platform::DM_PAPERLENGTH, &DEVMODE::dmPaperLength, true},
-    {platform::DM_PAPERWIDTH, &DEVMODE::dmPaperWidth, true},
-    {platform::DM_SCALE, &DEVMODE::dmScale, false},
-    {platform::DM_COPIES, &DEVMODE::dmCopies, false},
-    {platform::DM_DEFAULTSOURCE, &DEVMODE::dmDefaultSource, true},
-    {platform::DM_PRINTQUALITY, &DEVMODE::dmPrintQuality, true},
-    {platform::DM_COLOR, &DEVMODE::dmColor, true},
-    {platform::DM_COLLATE, &DEVMODE::dmCollate, false},
+    {machine::DM_ORIENTATION, &DEVMODE::dmOrientation, true},
+    {machine::DM_PAPERSIZE, &DEVMODE::dmPaperSize, true},
+    {machine::DM_PAPERLENGTH, &DEVMODE::dmPaperLength, true},
+    {machine::DM_PAPERWIDTH, &DEVMODE::dmPaperWidth, true},
+    {machine::DM_SCALE, &DEVMODE::dmScale, false},
+    {machine::DM_COPIES, &DEVMODE::dmCopies, false},
+    {machine::DM_DEFAULTSOURCE, &DEVMODE::dmDefaultSource, true},
+    {machine::DM_PRINTQUALITY, &DEVMODE::dmPrintQuality, true},
+    {machine::DM_COLOR, &DEVMODE::dmColor, true},
+    {machine::DM_COLLATE, &DEVMODE::dmCollate, false},
 };
 
 const Field* FieldOf(std::int32_t selector) {
@@ -60,7 +60,7 @@ void PutField(std::vector<std::byte>& buffer, std::int32_t selector, std::int16_
 }
 
 /// Makes `devMode` the stored defaults of an open printer. -1 if the spooler refused.
-std::int16_t StoreDefaults(platform::Spooler& spooler, platform::PrinterHandle handle,
+std::int16_t StoreDefaults(machine::Spooler& spooler, machine::PrinterHandle handle,
                            std::vector<std::byte>& devMode) {
     std::uint32_t needed = 0;
     spooler.GetPrinterA(handle, 2, nullptr, 0, needed);
@@ -71,7 +71,7 @@ std::int16_t StoreDefaults(platform::Spooler& spooler, platform::PrinterHandle h
     if (!spooler.GetPrinterA(handle, 2, data.data(), static_cast<std::uint32_t>(data.size()), needed)) {
         return 0;
     }
-    platform::PRINTER_INFO_2 info{};
+    machine::PRINTER_INFO_2 info{};
     std::memcpy(&info, data.data(), sizeof info);
     info.pDevMode = reinterpret_cast<DEVMODE*>(devMode.data());
     // Without it the write would ask for the right to change who may use the printer.
@@ -80,19 +80,19 @@ std::int16_t StoreDefaults(platform::Spooler& spooler, platform::PrinterHandle h
     return spooler.SetPrinterA(handle, 2, data.data(), 0) ? std::int16_t{0} : std::int16_t{-1};
 }
 
-std::int16_t WriteField(platform::Spooler& spooler, platform::PrinterHandle handle,
-                        const std::string& printer, std::int32_t selector, std::int16_t value) {
+std::int16_t WriteField(machine::Spooler& spooler, machine::PrinterHandle handle, const std::string& printer,
+                        std::int32_t selector, std::int16_t value) {
     const std::string name = spooler.Encode(printer);
     const std::int32_t size = spooler.DocumentPropertiesA(handle, name, nullptr, nullptr, 0);
     if (size < 0) {
         return 0;
     }
     std::vector<std::byte> buffer = SpoolerBuffer(static_cast<std::uint64_t>(size));
-    if (spooler.DocumentPropertiesA(handle, name, buffer.data(), nullptr, platform::DM_OUT_BUFFER) >= 0) {
+    if (spooler.DocumentPropertiesA(handle, name, buffer.data(), nullptr, machine::DM_OUT_BUFFER) >= 0) {
         PutField(buffer, selector, value);
     }
     if (spooler.DocumentPropertiesA(handle, name, buffer.data(), buffer.data(),
-                                    platform::DM_IN_BUFFER | platform::DM_OUT_BUFFER) < 0) {
+                                    machine::DM_IN_BUFFER | machine::DM_OUT_BUFFER) < 0) {
         return 0;
     }
     return StoreDefaults(spooler, handle, buffer);
@@ -100,9 +100,9 @@ std::int16_t WriteField(platform::Spooler& spooler, platform::PrinterHandle hand
 
 } // namespace
 
-std::int16_t GetDevModeField(platform::Spooler& spooler, const std::string& printer, std::int32_t selector) {
+std::int16_t GetDevModeField(machine::Spooler& spooler, const std::string& printer, std::int32_t selector) {
     std::int16_t value = 0;
-    platform::Resume([&] {
+    base::Resume([&] {
         const OpenedPrinter opened(spooler, printer);
         if (!opened) {
             return;
@@ -114,7 +114,7 @@ std::int16_t GetDevModeField(platform::Spooler& spooler, const std::string& prin
         }
         std::vector<std::byte> buffer = SpoolerBuffer(static_cast<std::uint64_t>(size));
         if (spooler.DocumentPropertiesA(opened.Handle(), name, buffer.data(), nullptr,
-                                        platform::DM_OUT_BUFFER) < 0) {
+                                        machine::DM_OUT_BUFFER) < 0) {
             return;
         }
         if (const Field* field = FieldOf(selector)) {
@@ -124,7 +124,7 @@ std::int16_t GetDevModeField(platform::Spooler& spooler, const std::string& prin
     return value;
 }
 
-std::int16_t SetDevModeField(platform::Platform& platform, const std::string& printer, std::int32_t selector,
+std::int16_t SetDevModeField(machine::Platform& platform, const std::string& printer, std::int32_t selector,
                              std::int16_t value) {
     std::int16_t result = -1; // holds if the write ends in an error
     {
@@ -132,7 +132,7 @@ std::int16_t SetDevModeField(platform::Platform& platform, const std::string& pr
         if (!opened) {
             return 0;
         }
-        platform::Resume(
+        base::Resume(
             [&] { result = WriteField(platform.Spooler, opened.Handle(), printer, selector, value); });
     }
     for (int i = 0; i < YieldsAfterWrite; ++i) {

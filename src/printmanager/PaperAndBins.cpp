@@ -3,8 +3,8 @@
 #include <cstddef>
 #include <string_view>
 
-#include "machine/Printer.h"
 #include "base/RuntimeError.h"
+#include "machine/Printer.h"
 #include "machine/Spooler.h"
 #include "printmanager/DevModeField.h"
 
@@ -22,14 +22,14 @@ constexpr std::size_t BinNameBytes = 24;
 /// than at the one before, so each buffer has room for 1024 entries more than it told.
 class Capabilities {
   public:
-    Capabilities(platform::Spooler& spooler, const platform::PrinterEntry& printer)
+    Capabilities(machine::Spooler& spooler, const machine::PrinterEntry& printer)
         : spooler_(spooler), name_(spooler.Encode(printer.DeviceName)), port_(spooler.Encode(printer.Port)) {}
 
     /// Number of entries, at least one.
     std::size_t Count(std::uint16_t capability) const {
         const std::int32_t count = Ask(capability, nullptr);
         if (count < 1 || static_cast<std::size_t>(count) > MostEntries) {
-            throw platform::SubscriptOutOfRange();
+            throw base::SubscriptOutOfRange();
         }
         return static_cast<std::size_t>(count);
     }
@@ -48,7 +48,7 @@ class Capabilities {
     std::vector<std::string> ReadNames(std::uint16_t capability, std::size_t width, std::size_t count,
                                        std::int32_t told) const {
         if (told < 0 || static_cast<std::size_t>(told) > count) {
-            throw platform::SubscriptOutOfRange();
+            throw base::SubscriptOutOfRange();
         }
         std::string text((count + EntriesBehind) * width, '\0');
         Ask(capability, text.data());
@@ -57,7 +57,7 @@ class Capabilities {
             const std::string_view name = std::string_view(text).substr(i * width, width);
             const std::size_t end = name.find('\0');
             if (end == std::string_view::npos) {
-                throw platform::SubscriptOutOfRange();
+                throw base::SubscriptOutOfRange();
             }
             names[i] = spooler_.Decode(name.substr(0, end));
         }
@@ -69,41 +69,41 @@ class Capabilities {
         return spooler_.DeviceCapabilitiesA(name_, port_, capability, output);
     }
 
-    platform::Spooler& spooler_;
+    machine::Spooler& spooler_;
     std::string name_;
     std::string port_;
 };
 
-void ReadLists(platform::Platform& platform, const std::string& printer, PaperAndBins& lists) {
-    const platform::PrinterEntry entry = platform.Printers.Item(FindPrinter(platform.Printers, printer));
+void ReadLists(machine::Platform& platform, const std::string& printer, PaperAndBins& lists) {
+    const machine::PrinterEntry entry = platform.Printers.Item(FindPrinter(platform.Printers, printer));
     const Capabilities driver(platform.Spooler, entry);
     std::int32_t told = 0;
 
-    const std::size_t papers = driver.Count(platform::DC_PAPERNAMES);
-    lists.PaperIds = driver.Read<std::int16_t>(platform::DC_PAPERS, papers, told);
-    lists.PaperNames = driver.ReadNames(platform::DC_PAPERNAMES, PaperNameBytes, papers, told);
-    lists.PaperSizes = driver.Read<PaperDimensions>(platform::DC_PAPERSIZE, papers, told);
+    const std::size_t papers = driver.Count(machine::DC_PAPERNAMES);
+    lists.PaperIds = driver.Read<std::int16_t>(machine::DC_PAPERS, papers, told);
+    lists.PaperNames = driver.ReadNames(machine::DC_PAPERNAMES, PaperNameBytes, papers, told);
+    lists.PaperSizes = driver.Read<PaperDimensions>(machine::DC_PAPERSIZE, papers, told);
 
-    const std::size_t bins = driver.Count(platform::DC_BINS);
-    lists.BinIds = driver.Read<std::int16_t>(platform::DC_BINS, bins, told);
-    lists.BinNames = driver.ReadNames(platform::DC_BINNAMES, BinNameBytes, bins, told);
+    const std::size_t bins = driver.Count(machine::DC_BINS);
+    lists.BinIds = driver.Read<std::int16_t>(machine::DC_BINS, bins, told);
+    lists.BinNames = driver.ReadNames(machine::DC_BINNAMES, BinNameBytes, bins, told);
 
-    lists.CurrentPaper = GetDevModeField(platform.Spooler, printer, platform::DM_PAPERSIZE);
-    lists.CurrentBin = GetDevModeField(platform.Spooler, printer, platform::DM_DEFAULTSOURCE);
+    lists.CurrentPaper = GetDevModeField(platform.Spooler, printer, machine::DM_PAPERSIZE);
+    lists.CurrentBin = GetDevModeField(platform.Spooler, printer, machine::DM_DEFAULTSOURCE);
 }
 
 } // namespace
 
-std::int16_t GetPaperAndBins(platform::Platform& platform, const std::string& printer, PaperAndBins& lists) {
+std::int16_t GetPaperAndBins(machine::Platform& platform, const std::string& printer, PaperAndBins& lists) {
     try {
         ReadLists(platform, printer, lists);
         return 0;
-    } catch (const platform::RuntimeError&) { // the result tells
+    } catch (const base::RuntimeError&) { // the result tells
         return -1;
     }
 }
 
-int FindPrinter(platform::Printers& printers, const std::string& name) {
+int FindPrinter(machine::Printers& printers, const std::string& name) {
     const int count = printers.Count();
     for (int i = 0; i < count; ++i) {
         if (printers.Item(i).DeviceName == name) {

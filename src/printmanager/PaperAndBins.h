@@ -28,9 +28,9 @@ struct PaperAndBins {
 
 /// Asks the driver of an installed printer for its papers and bins. 0 on success; -1 on any failure, and
 /// `lists` then means nothing.
-std::int16_t GetPaperAndBins(platform::Platform& platform, const std::string& printer, PaperAndBins& lists);
+std::int16_t GetPaperAndBins(machine::Platform& platform, const std::string& printer, PaperAndBins& lists);
 
 /// Position of the printer of exactly this name among the installed ones, or -1.
-int FindPrinter(platform::Printers& printers, const std::string& name);
+int FindPrinter(machine::Printers& printers, const std::string& name);
 
 } // namespace printmanager

@@ -3,11 +3,11 @@
 #include <cstdio>
 #include <memory>
 
-#include "machine/Clock.h"
-#include "forms/Desktop.h"
-#include "machine/Locale.h"
 #include "base/Resume.h"
 #include "base/Text.h"
+#include "forms/Desktop.h"
+#include "machine/Clock.h"
+#include "machine/Locale.h"
 
 namespace printmanager {
 
@@ -16,8 +16,8 @@ namespace {
 constexpr const char* LogFile = "printrap.log";
 
 /// "05-jan-2026 09:03:07".
-std::string TimeStamp(platform::Platform& platform) {
-    const platform::DateTime now = platform.Clock.Now();
+std::string TimeStamp(machine::Platform& platform) {
+    const machine::DateTime now = platform.Clock.Now();
     char day[16];
     char rest[64];
     std::snprintf(day, sizeof day, "%02d-", now.Day);
@@ -39,10 +39,9 @@ void Append(const std::string& line) {
 
 } // namespace
 
-void WriteLogLine(platform::Platform& platform, const std::string& message) {
-    platform::Resume(
-        [&] { Append(platform::text::ToCodePage(TimeStamp(platform) + " : " + message) + "\r\n"); });
-    platform::Resume([&] { platform.Desktop.Yield(); });
+void WriteLogLine(machine::Platform& platform, const std::string& message) {
+    base::Resume([&] { Append(base::text::ToCodePage(TimeStamp(platform) + " : " + message) + "\r\n"); });
+    base::Resume([&] { platform.Desktop.Yield(); });
 }
 
 } // namespace printmanager

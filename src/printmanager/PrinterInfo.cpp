@@ -16,8 +16,8 @@ namespace {
 
 constexpr std::size_t MostBytesOfText = 128;
 
-bool ReadInfo(platform::Spooler& spooler, const std::string& printer, PrinterInfo& info) {
-    const platform::PrinterHandle handle = OpenForDefaults(spooler, printer);
+bool ReadInfo(machine::Spooler& spooler, const std::string& printer, PrinterInfo& info) {
+    const machine::PrinterHandle handle = OpenForDefaults(spooler, printer);
     if (handle == 0) {
         return false;
     }
@@ -28,7 +28,7 @@ bool ReadInfo(platform::Spooler& spooler, const std::string& printer, PrinterInf
     }
     std::vector<std::byte> data = SpoolerBuffer(needed);
     if (spooler.GetPrinterA(handle, 2, data.data(), static_cast<std::uint32_t>(data.size()), needed)) {
-        platform::PRINTER_INFO_2 told{};
+        machine::PRINTER_INFO_2 told{};
         std::memcpy(&told, data.data(), sizeof told);
         info.Port = spooler.Decode(PointerToString(told.pPortName, MostBytesOfText, data));
         info.Comment = spooler.Decode(PointerToString(told.pComment, MostBytesOfText, data));
@@ -43,11 +43,11 @@ bool ReadInfo(platform::Spooler& spooler, const std::string& printer, PrinterInf
 
 } // namespace
 
-bool GetPrinterInfo(platform::Spooler& spooler, const std::string& printer, PrinterInfo& info) {
+bool GetPrinterInfo(machine::Spooler& spooler, const std::string& printer, PrinterInfo& info) {
     info = {};
     try {
         return ReadInfo(spooler, printer, info);
-    } catch (const platform::RuntimeError&) { // the result tells
+    } catch (const base::RuntimeError&) { // the result tells
         return false;
     }
 }

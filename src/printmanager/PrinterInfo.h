@@ -18,7 +18,7 @@ struct PrinterInfo {
 
 /// False if the printer could not be opened. The texts are empty where the spooler told nothing. The
 /// printer's handle stays open until the process ends.
-bool GetPrinterInfo(platform::Spooler& spooler, const std::string& printer, PrinterInfo& info);
+bool GetPrinterInfo(machine::Spooler& spooler, const std::string& printer, PrinterInfo& info);
 
 /// The text in the spooler's encoding at `pointer`, up to its first NUL and no longer than `limit` bytes.
 /// Empty if the pointer is null or points outside `readable`, the data that the spooler gave.

@@ -15,18 +15,18 @@ constexpr std::uint64_t MostBytes = 16U << 20U;
 
 } // namespace
 
-platform::PrinterHandle OpenForDefaults(platform::Spooler& spooler, const std::string& printer) {
-    const platform::PRINTER_DEFAULTS defaults{nullptr, nullptr, platform::PrinterAccessUse};
-    platform::PrinterHandle handle = 0;
+machine::PrinterHandle OpenForDefaults(machine::Spooler& spooler, const std::string& printer) {
+    const machine::PRINTER_DEFAULTS defaults{nullptr, nullptr, machine::PrinterAccessUse};
+    machine::PrinterHandle handle = 0;
     return spooler.OpenPrinterA(spooler.Encode(printer), handle, defaults) ? handle : 0;
 }
 
 std::vector<std::byte> SpoolerBuffer(std::uint64_t reported) {
     if (reported > MostBytes) {
-        throw platform::OutOfMemory();
+        throw base::OutOfMemory();
     }
     const std::uint64_t size =
-        std::max<std::uint64_t>(reported + BytesBehind, sizeof(platform::PRINTER_INFO_2));
+        std::max<std::uint64_t>(reported + BytesBehind, sizeof(machine::PRINTER_INFO_2));
     return std::vector<std::byte>(static_cast<std::size_t>(size));
 }
 

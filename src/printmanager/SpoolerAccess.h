@@ -10,12 +10,12 @@
 namespace printmanager {
 
 /// Opens a printer for reading and writing one's own defaults. 0 if there is no connection.
-platform::PrinterHandle OpenForDefaults(platform::Spooler& spooler, const std::string& printer);
+machine::PrinterHandle OpenForDefaults(machine::Spooler& spooler, const std::string& printer);
 
 /// A printer that is open for as long as this object lives.
 class OpenedPrinter {
   public:
-    OpenedPrinter(platform::Spooler& spooler, const std::string& printer)
+    OpenedPrinter(machine::Spooler& spooler, const std::string& printer)
         : spooler_(spooler), handle_(OpenForDefaults(spooler, printer)) {}
     ~OpenedPrinter() {
         if (handle_ != 0) {
@@ -26,11 +26,11 @@ class OpenedPrinter {
     OpenedPrinter& operator=(const OpenedPrinter&) = delete;
 
     explicit operator bool() const { return handle_ != 0; }
-    platform::PrinterHandle Handle() const { return handle_; }
+    machine::PrinterHandle Handle() const { return handle_; }
 
   private:
-    platform::Spooler& spooler_;
-    platform::PrinterHandle handle_;
+    machine::Spooler& spooler_;
+    machine::PrinterHandle handle_;
 };
 
 /// Room for data of a reported size, in bytes. Some drivers write more than they report: 128 bytes stand

@@ -4,12 +4,12 @@
 
 #include <algorithm>
 
-#include "composition/PrinterMeasures.h"
-#include "forms/Desktop.h"
 #include "base/Numbers.h"
-#include "machine/Registry.h"
 #include "base/Resume.h"
 #include "base/RuntimeError.h"
+#include "composition/PrinterMeasures.h"
+#include "forms/Desktop.h"
+#include "machine/Registry.h"
 #include "printmanager/ClearAtEnd.h"
 #include "printmanager/DrawingUnlock.h"
 #include "printmanager/frmPrintManagerLayout.h"
@@ -30,7 +30,7 @@ void ShowProgress(forms::ProgressBar& bar, std::int16_t percent) {
     bar.SetValue(std::min<int>(percent, bar.Max()));
 }
 
-std::string UnknownErrorText(const platform::RuntimeError& error) {
+std::string UnknownErrorText(const base::RuntimeError& error) {
     return "Een onbekende fout is opgetreden !\r\n"
            "Mocht u deze fout kunnen reproduceren neem dan contact op met Ondor BV.\r\n"
            "\r\n"
@@ -42,8 +42,7 @@ std::string UnknownErrorText(const platform::RuntimeError& error) {
 
 } // namespace
 
-frmPrintManager::frmPrintManager(forms::Session& session, platform::Platform& platform,
-                                 wizard::AppState& state)
+frmPrintManager::frmPrintManager(forms::Session& session, machine::Platform& platform, state::AppState& state)
     : Form(session, "frmPrintManager"), Header1(*this, "Header1"), lstAfdrukken(*this, "lstAfdrukken"),
       cmdPrint(*this, "cmdPrint"), cmdPrintVoorbeeld(*this, "cmdPrintVoorbeeld"), cmdSetup(*this, "cmdSetup"),
       cmdAnnuleren(*this, "cmdAnnuleren"), Label4(*this, "Label4"), UserText(*this, "UserText", {0}),
@@ -111,7 +110,7 @@ void frmPrintManager::lstAfdrukken_Click() {
 
 void frmPrintManager::UserText_GotFocus() {
     forms::TextBox& copies = UserText(0);
-    if (Desktop().GetKeyState(platform::key::Tab) < 0) {
+    if (Desktop().GetKeyState(forms::key::Tab) < 0) {
         copies.SelectAll();
     } else {
         copies.SetSelLength(0);
@@ -146,9 +145,9 @@ bool frmPrintManager::PrepareRun(bool preview, Job& job, std::int16_t& orientati
     composition::LeesPrinterMaten(state_, platform_);
     UpdatePercentage(0);
 
-    iCopies = platform::Int16OfText(UserText(0).Text());
+    iCopies = base::Int16OfText(UserText(0).Text());
     if (iCopies == 0) {
-        Desktop().MsgBox("U kunt geen 0 afdrukken maken.", platform::MessageIcon::Exclamation,
+        Desktop().MsgBox("U kunt geen 0 afdrukken maken.", forms::MessageIcon::Exclamation,
                          state_.MessageTitle);
         blnBusy = false;
         return false;
@@ -162,7 +161,7 @@ void frmPrintManager::ForEachCaller(const std::function<void(forms::Form&)>& cal
     const std::size_t count = open.size();
     for (std::size_t i = 0; i < count; ++i) {
         if (i >= open.size()) {
-            throw platform::SubscriptOutOfRange();
+            throw base::SubscriptOutOfRange();
         }
         if (open[i]->Name() == state_.CallerFormName) {
             call(*open[i]);
@@ -173,7 +172,7 @@ void frmPrintManager::ForEachCaller(const std::function<void(forms::Form&)>& cal
 /// The list may be clicked while a run yields; what was asked for is printed all the same.
 frmPrintManager::Job frmPrintManager::ChosenJob() const {
     const std::int32_t document = lstAfdrukken.ItemData(lstAfdrukken.ListIndex());
-    return {platform::ToInt16(document), lstAfdrukken.Text(), iCopies};
+    return {base::ToInt16(document), lstAfdrukken.Text(), iCopies};
 }
 
 void frmPrintManager::CallBack(forms::Form& caller, const Job& job, bool preview) {
@@ -204,9 +203,9 @@ void frmPrintManager::cmdPrint_Click() {
         giveBack();
         Desktop().Yield();
         Unload();
-    } catch (const platform::RuntimeError& error) {
+    } catch (const base::RuntimeError& error) {
         giveBack();
-        Desktop().MsgBox(UnknownErrorText(error), platform::MessageIcon::Critical, state_.MessageTitle);
+        Desktop().MsgBox(UnknownErrorText(error), forms::MessageIcon::Critical, state_.MessageTitle);
     } catch (...) {
         giveBack();
         throw;
@@ -247,13 +246,13 @@ bool frmPrintManager::OnQueryUnload() {
     if (!MayClose()) {
         return false;
     }
-    platform::Resume([this] { CloseCheck(); });
+    base::Resume([this] { CloseCheck(); });
     return true;
 }
 
 // Also in the middle of a print or a preview: the defaults of the printer are the user's own.
 void frmPrintManager::OnSessionEnd() {
-    platform::Resume([this] { CloseCheck(); });
+    base::Resume([this] { CloseCheck(); });
 }
 
 /// The steps of a closing. A failure ends them, and the form closes all the same.
@@ -268,7 +267,7 @@ void frmPrintManager::CloseCheck() {
     }
     strCurrentPrinter = RestoreState.Printer.empty() ? cboPrinterSelect(0).Text() : RestoreState.Printer;
     if (!strCurrentPrinter.empty()) {
-        registry_.SetRegistryValue(platform::HkeyCurrentUser, state_.SettingsKey, "CurrentPrinter",
+        registry_.SetRegistryValue(machine::HkeyCurrentUser, state_.SettingsKey, "CurrentPrinter",
                                    strCurrentPrinter);
     }
     state_.CallerFormName.clear();

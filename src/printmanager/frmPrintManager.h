@@ -6,8 +6,6 @@
 #include <vector>
 
 #include "base/Boolean.h"
-#include "machine/Platform.h"
-#include "machine/Printer.h"
 #include "forms/CheckBox.h"
 #include "forms/ChoiceControl.h"
 #include "forms/CommandButton.h"
@@ -20,6 +18,8 @@
 #include "forms/TextBox.h"
 #include "forms/Timer.h"
 #include "forms/UpDown.h"
+#include "machine/Platform.h"
+#include "machine/Printer.h"
 #include "machine/modRegistry.h"
 #include "printmanager/PaperAndBins.h"
 #include "printmanager/PrinterInfo.h"
@@ -36,7 +36,7 @@ namespace printmanager {
 /// Re-entry comes only from yields to the message loop; `blnBusy` and `blnClosing` are the defence.
 class frmPrintManager : public forms::Form {
   public:
-    frmPrintManager(forms::Session& session, platform::Platform& platform, wizard::AppState& state);
+    frmPrintManager(forms::Session& session, machine::Platform& platform, state::AppState& state);
 
     // What the form that prints may call.
 
@@ -127,29 +127,29 @@ class frmPrintManager : public forms::Form {
     forms::LineControl lFormY4;
 
     /// A run, a preparation or a reload is under way: no command, no other printer, no closing.
-    platform::Boolean blnBusy;
+    base::Boolean blnBusy;
     /// The form is closing: no command.
-    platform::Boolean blnClosing;
-    platform::Boolean blnLoading;
-    platform::Boolean blnFillingPrinters;
+    base::Boolean blnClosing;
+    base::Boolean blnLoading;
+    base::Boolean blnFillingPrinters;
     /// The printer has no list of papers.
-    platform::Boolean blnNoConnection;
+    base::Boolean blnNoConnection;
     /// A combo has changed since the load or the last run.
-    platform::Boolean blnUserChanged;
+    base::Boolean blnUserChanged;
     /// The stored defaults of a printer have been changed and are to be put back.
-    platform::Boolean blnRestorePending;
+    base::Boolean blnRestorePending;
     /// `objPrinter` is a printer.
-    platform::Boolean blnPrinterFound;
+    base::Boolean blnPrinterFound;
     /// The details have not been opened yet.
-    platform::Boolean blnCenterPending;
-    platform::Boolean blnDetailsOpen;
+    base::Boolean blnCenterPending;
+    base::Boolean blnDetailsOpen;
     /// The user has settings per kind of document.
-    platform::Boolean blnUseSpecific;
-    platform::Boolean blnIsPreview;
+    base::Boolean blnUseSpecific;
+    base::Boolean blnIsPreview;
     std::int16_t iCopies = 1;
     std::string strCurrentPrinter;
     /// The printer that was loaded last.
-    platform::PrinterEntry objPrinter;
+    machine::PrinterEntry objPrinter;
     // Element i belongs to position i of the paper or bin combo.
     std::vector<std::int16_t> iPaperIds;
     std::vector<PaperDimensions> ptPaperSizes;
@@ -211,9 +211,9 @@ class frmPrintManager : public forms::Form {
 
     std::string ReadSetting(const std::string& name) const;
 
-    platform::Platform& platform_;
-    wizard::AppState& state_;
-    platform::modRegistry registry_;
+    machine::Platform& platform_;
+    state::AppState& state_;
+    machine::modRegistry registry_;
 };
 
 } // namespace printmanager

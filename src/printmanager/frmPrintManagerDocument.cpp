@@ -3,8 +3,8 @@
 #include <string>
 #include <string_view>
 
-#include "machine/Registry.h"
 #include "base/Text.h"
+#include "machine/Registry.h"
 #include "printmanager/frmPrintManager.h"
 
 namespace printmanager {
@@ -41,7 +41,7 @@ std::string KeyOf(std::string_view title) {
 /// Selects the first entry of this text, blanks at its ends aside. False if there is none.
 bool SelectText(forms::ComboBox& combo, const std::string& text) {
     for (int i = 0; i < combo.ListCount(); ++i) {
-        if (platform::text::Trim(combo.List(i)) == platform::text::Trim(text)) {
+        if (base::text::Trim(combo.List(i)) == base::text::Trim(text)) {
             combo.SetListIndex(i);
             return true;
         }
@@ -57,7 +57,7 @@ void frmPrintManager::ApplyDocumentSettings(const std::string& title) {
 
     const std::string path = state_.SettingsKey + SettingsOfDocuments + KeyOf(title);
     const auto read = [&](const char* name) {
-        return registry_.GetRegistryValue(platform::HkeyCurrentUser, path, name);
+        return registry_.GetRegistryValue(machine::HkeyCurrentUser, path, name);
     };
     const std::string printer = read("Printer");
     const std::string orientation = read("Orientatie");

@@ -1,10 +1,10 @@
 // The loading: from the caller's titles, the settings and the system's printers to a form that waits for a
 // choice.
 
-#include "forms/Desktop.h"
 #include "base/Numbers.h"
-#include "machine/Registry.h"
 #include "base/RuntimeError.h"
+#include "forms/Desktop.h"
+#include "machine/Registry.h"
 #include "printmanager/frmPrintManager.h"
 #include "printmanager/frmPrintManagerLayout.h"
 
@@ -19,7 +19,7 @@ void frmPrintManager::OnLoad() {
     GetSession().HourglassOn();
     try {
         FillForm();
-    } catch (const platform::RuntimeError& error) {
+    } catch (const base::RuntimeError& error) {
         // The form comes up as far as it got: it has to be there to be closed.
         blnFillingPrinters = false;
         blnBusy = false;
@@ -71,7 +71,7 @@ void frmPrintManager::FillWithPrinters() {
     chkMatrixPrinter.SetValue(state_.MatrixPrinter);
     forms::TextBox& copies = UserText(0);
     copies.SetText(std::to_string(platform_.Printer.Copies()));
-    if (platform::NumericValue(copies.Text()) == 0) {
+    if (base::NumericValue(copies.Text()) == 0) {
         copies.SetText("1");
     }
     forms::ComboBox& orientations = cboPrinterSelect(3);
@@ -94,7 +94,7 @@ void frmPrintManager::FillPrinterCombo() {
     int systemDefault = -1;
     const int count = platform_.Printers.Count();
     for (int i = 0; i < count; ++i) {
-        const platform::PrinterEntry entry = platform_.Printers.Item(i);
+        const machine::PrinterEntry entry = platform_.Printers.Item(i);
         printers.AddItem(entry.DeviceName);
         if (entry.DeviceName == strCurrentPrinter) {
             blnPrinterFound = true;
@@ -113,7 +113,7 @@ void frmPrintManager::FillPrinterCombo() {
 }
 
 std::string frmPrintManager::ReadSetting(const std::string& name) const {
-    return registry_.GetRegistryValue(platform::HkeyCurrentUser, state_.SettingsKey, name);
+    return registry_.GetRegistryValue(machine::HkeyCurrentUser, state_.SettingsKey, name);
 }
 
 } // namespace printmanager

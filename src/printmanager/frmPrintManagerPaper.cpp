@@ -2,13 +2,13 @@
 
 #include <string>
 
-#include "forms/Desktop.h"
 #include "base/Numbers.h"
-#include "machine/Registry.h"
 #include "base/Resume.h"
 #include "base/RuntimeError.h"
-#include "machine/Spooler.h"
 #include "base/Text.h"
+#include "forms/Desktop.h"
+#include "machine/Registry.h"
+#include "machine/Spooler.h"
 #include "printmanager/ClearAtEnd.h"
 #include "printmanager/DevModeField.h"
 #include "printmanager/PrintLog.h"
@@ -30,7 +30,7 @@ constexpr int LyingPosition = 1;
 /// The identifier at a combo's position; -1 and anything outside the list is an error.
 std::int16_t IdAt(const std::vector<std::int16_t>& ids, int position) {
     if (position < 0 || static_cast<std::size_t>(position) >= ids.size()) {
-        throw platform::SubscriptOutOfRange();
+        throw base::SubscriptOutOfRange();
     }
     return ids[static_cast<std::size_t>(position)];
 }
@@ -51,15 +51,15 @@ void FillCombo(forms::ComboBox& combo, const std::vector<std::string>& names,
 }
 
 std::string Folded(const std::string& name) {
-    return platform::text::Lower(platform::text::Trim(name));
+    return base::text::Lower(base::text::Trim(name));
 }
 
 bool IsNone(const std::string& position) {
-    return platform::NumericValue(position) == -1;
+    return base::NumericValue(position) == -1;
 }
 
 int Position(const std::string& text) {
-    return platform::Int32OfText(text);
+    return base::Int32OfText(text);
 }
 
 } // namespace
@@ -79,7 +79,7 @@ void frmPrintManager::LoadPrinterLists(const std::string& name, bool& failed) {
     FillCombo(cboPrinterSelect(1), lists.PaperNames, iPaperIds, lists.CurrentPaper);
     iBinIds = lists.BinIds;
     FillCombo(cboPrinterSelect(2), lists.BinNames, iBinIds, lists.CurrentBin);
-    const std::int16_t orientation = GetDevModeField(platform_.Spooler, printer, platform::DM_ORIENTATION);
+    const std::int16_t orientation = GetDevModeField(platform_.Spooler, printer, machine::DM_ORIENTATION);
     cboPrinterSelect(3).SetListIndex(orientation == LandscapeInDefaults ? LyingPosition : StandingPosition);
 }
 
@@ -94,7 +94,7 @@ bool frmPrintManager::AssignPrinter(const std::string& name) {
 
 void frmPrintManager::SetPaper(const std::string& name, int position, bool yield) {
     const std::int16_t paper = IdAt(iPaperIds, position);
-    SetDevModeField(platform_, name, platform::DM_PAPERSIZE, paper);
+    SetDevModeField(platform_, name, machine::DM_PAPERSIZE, paper);
     if (yield) {
         Desktop().Yield();
     }
@@ -106,7 +106,7 @@ void frmPrintManager::SetPaper(const std::string& name, int position, bool yield
 
 void frmPrintManager::SetBin(const std::string& name, int position, bool yield) {
     const std::int16_t bin = IdAt(iBinIds, position);
-    SetDevModeField(platform_, name, platform::DM_DEFAULTSOURCE, bin);
+    SetDevModeField(platform_, name, machine::DM_DEFAULTSOURCE, bin);
     if (yield) {
         Desktop().Yield();
     }
@@ -129,11 +129,11 @@ void frmPrintManager::PreparePrinter(const std::string& name) {
     }
     const bool logging = state_.PrinterInit > LogAbove;
     if (logging) {
-        platform::Resume([&] { LogPreparation(name); });
+        base::Resume([&] { LogPreparation(name); });
     }
     try {
         RunPreparation(name, logging);
-    } catch (const platform::RuntimeError&) { // the run goes on with the printer as it is
+    } catch (const base::RuntimeError&) { // the run goes on with the printer as it is
         blnBusy = false;
     }
 }
@@ -146,7 +146,7 @@ bool frmPrintManager::PreparePass(const std::string& name, bool logging) {
             WriteLogLine(platform_, "Printer gevonden -> " + platform_.Printer.DeviceName());
         }
         const bool matrix = chkMatrixPrinter.Value();
-        registry_.SetRegistryValue(platform::HkeyCurrentUser, state_.SettingsKey, "MatrixPrinter",
+        registry_.SetRegistryValue(machine::HkeyCurrentUser, state_.SettingsKey, "MatrixPrinter",
                                    matrix ? "1" : "0");
         state_.MatrixPrinter = matrix;
     }
@@ -272,7 +272,7 @@ void frmPrintManager::RestorePrinterState() {
 /// For who watches a driver with a debugger: the label is hidden. A printer that fails here fails at every
 /// tick, and nobody is to be told ten times a second.
 void frmPrintManager::tmrSetPaperSize_Timer() {
-    platform::Resume([this] {
+    base::Resume([this] {
         if (cboPrinterSelect(2).ListCount() > 0) {
             lblPaperSize.SetCaption(std::to_string(platform_.Printer.PaperSize()));
         }

@@ -1,8 +1,8 @@
 // The choice of a printer, and what the details panel tells of it.
 
-#include "forms/Desktop.h"
 #include "base/Numbers.h"
 #include "base/RuntimeError.h"
+#include "forms/Desktop.h"
 #include "printmanager/ClearAtEnd.h"
 #include "printmanager/DrawingUnlock.h"
 #include "printmanager/PrinterInfo.h"
@@ -25,7 +25,7 @@ void frmPrintManager::cboPrinterSelect_Click(int index) {
         if (!blnNoConnection && index == 0) {
             ChangePrinter();
         }
-    } catch (const platform::RuntimeError&) { // the panel tells
+    } catch (const base::RuntimeError&) { // the panel tells
         ShowNoConnection();
     }
 }
@@ -128,8 +128,8 @@ void frmPrintManager::CloseDetails() {
 void frmPrintManager::OpenDetails() {
     SetDetails(true);
     if (blnCenterPending) {
-        const platform::ScreenArea screen = Desktop().Screen();
-        Move((screen.Width - Width()) / 2, platform::RoundTiesToEven((screen.Height - Height()) / 3));
+        const forms::ScreenArea screen = Desktop().Screen();
+        Move((screen.Width - Width()) / 2, base::RoundTiesToEven((screen.Height - Height()) / 3));
         blnCenterPending = false;
     }
 }

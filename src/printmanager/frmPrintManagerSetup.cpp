@@ -2,8 +2,8 @@
 
 #include <string>
 
-#include "forms/Desktop.h"
 #include "base/Numbers.h"
+#include "forms/Desktop.h"
 #include "machine/modRegistry.h"
 
 namespace printmanager {
@@ -12,8 +12,8 @@ namespace {
 constexpr int NoIndex = forms::Control::NoIndex;
 } // namespace
 
-frmPrintManagerSetup::frmPrintManagerSetup(forms::Session& session, platform::Platform& platform,
-                                           wizard::AppState& state)
+frmPrintManagerSetup::frmPrintManagerSetup(forms::Session& session, machine::Platform& platform,
+                                           state::AppState& state)
     : Form(session, "frmPrintManagerSetup"), Picture1(*this, "Picture1"),
       pictHeading(*this, "pictHeading", NoIndex, &Picture1), lineHeading(*this, "lineHeading"),
       Label1(*this, "Label1", NoIndex, &Picture1), Label2(*this, "Label2"), Label3(*this, "Label3"),
@@ -33,17 +33,17 @@ void frmPrintManagerSetup::OnLoad() {
 
 void frmPrintManagerSetup::cmdOK_Click() {
     const auto tell = [this](const char* text) {
-        Desktop().MsgBox(text, platform::MessageIcon::Information, state_.MessageTitle);
+        Desktop().MsgBox(text, forms::MessageIcon::Information, state_.MessageTitle);
     };
-    const double value = platform::NumericValue(UserText(0).Text());
+    const double value = base::NumericValue(UserText(0).Text());
     if (value <= 0) {
         tell("Er is nog geen initialisatiewaarde ingegeven.");
         return;
     }
-    const std::string text = platform::NumberText(value);
-    platform::modRegistry(platform_.Registry)
-        .SetRegistryValue(platform::HkeyCurrentUser, state_.SettingsKey, "PrinterInit", text);
-    state_.PrinterInit = platform::Int32OfText(text);
+    const std::string text = base::NumberText(value);
+    machine::modRegistry(platform_.Registry)
+        .SetRegistryValue(machine::HkeyCurrentUser, state_.SettingsKey, "PrinterInit", text);
+    state_.PrinterInit = base::Int32OfText(text);
     tell("De initialisatiewaarde is ingesteld.");
     Unload();
 }

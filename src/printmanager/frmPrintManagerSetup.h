@@ -1,6 +1,5 @@
 #pragma once
 
-#include "machine/Platform.h"
 #include "forms/CommandButton.h"
 #include "forms/ControlArray.h"
 #include "forms/Form.h"
@@ -9,6 +8,7 @@
 #include "forms/PictureBox.h"
 #include "forms/TextBox.h"
 #include "forms/UpDown.h"
+#include "machine/Platform.h"
 #include "state/AppState.h"
 
 namespace printmanager {
@@ -17,7 +17,7 @@ namespace printmanager {
 /// command opens it as yet. The new value lasts until the program ends.
 class frmPrintManagerSetup : public forms::Form {
   public:
-    frmPrintManagerSetup(forms::Session& session, platform::Platform& platform, wizard::AppState& state);
+    frmPrintManagerSetup(forms::Session& session, machine::Platform& platform, state::AppState& state);
 
     forms::PictureBox Picture1;
     forms::PictureBox pictHeading;
@@ -39,8 +39,8 @@ class frmPrintManagerSetup : public forms::Form {
     void LayOut();
     void cmdOK_Click();
 
-    platform::Platform& platform_;
-    wizard::AppState& state_;
+    machine::Platform& platform_;
+    state::AppState& state_;
 };
 
 } // namespace printmanager

@@ -1,14 +1,14 @@
 // The program on the Windows desktop.
-#include "forms/Session.h"
 #include "desktop/windows/RunGuarded.h"
 #include "desktop/windows/WindowsPlatform.h"
+#include "forms/Session.h"
 #include "state/AppState.h"
 #include "wizard/frmMain.h"
 
 int main() {
-    return platform::windows::RunGuarded([] {
-        platform::windows::WindowsPlatform platform;
-        wizard::AppState state;
+    return desktop::windows::RunGuarded([] {
+        desktop::windows::WindowsPlatform platform;
+        state::AppState state;
         forms::Session session(platform.Services().Desktop);
         wizard::frmMain form(session, platform.Services(), state);
         session.Dispatch([&] { form.Show(); });

@@ -13,7 +13,7 @@ namespace testdata {
 class TextTable;
 }
 
-namespace wizard {
+namespace state {
 
 /// One calibration value for each place where a form can stand: 0 to 2 the top, middle and bottom form of a
 /// sheet, 3 the form under a letter. Millimetres as text in the user's locale ("1,00"); empty for none.
@@ -43,7 +43,7 @@ struct AppState {
     std::array<std::string, 11> DocumentTitle;
 
     /// Payment traffic: off, the forms carry no payment reference and no OCR line.
-    platform::Boolean GMUVerkeer;
+    base::Boolean GMUVerkeer;
     std::string GMUFontName;
     std::string GMUCode;
     /// Points, as text.
@@ -53,7 +53,7 @@ struct AppState {
     std::int16_t GMUContractVorm = 0;
 
     // The creditor.
-    platform::Boolean IncassantAfdrukken;
+    base::Boolean IncassantAfdrukken;
     std::string IncassantBegunstigde;
     std::string IncassantAdres;
     std::string IncassantPostCode;
@@ -77,15 +77,15 @@ struct AppState {
     Calibration AcceptGiroBGAcceptTop;
 
     /// The print manager is open; the wizard ignores its commands meanwhile.
-    platform::Boolean PrintManagerOpen;
+    base::Boolean PrintManagerOpen;
     /// How often the printer's preparation yields to the message loop; more than 1000 also repeats it.
     std::int32_t PrinterInit = 0;
     /// The user has asked from the preview for the document on paper.
-    platform::Boolean PrintAfterPreview;
+    base::Boolean PrintAfterPreview;
     /// 1 three forms on a sheet, narrow stub; 2 three, wide stub; 3 one form under a letter, narrow stub.
     std::int16_t AcceptgiroType = 0;
     /// A run forces the paper size.
-    platform::Boolean OverrulePaperSize;
+    base::Boolean OverrulePaperSize;
 
     /// What a run draws on: the printer or the preview's page.
     composition::PrintSurface* Surface = nullptr;
@@ -95,7 +95,7 @@ struct AppState {
     std::int32_t PhysicalOffsetY = 0;
     /// 1 portrait, 2 landscape, 0 leaves the printer as it is.
     std::int16_t PrinterOrientation = 0;
-    platform::Boolean MatrixPrinter;
+    base::Boolean MatrixPrinter;
     /// Left margin of the list documents.
     std::int32_t LeftMargin = 0;
     std::int16_t TwipsPerCm = 0;
@@ -116,4 +116,4 @@ struct AppState {
     const testdata::TextTable* AccountTable = nullptr;
 };
 
-} // namespace wizard
+} // namespace state

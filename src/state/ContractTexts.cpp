@@ -2,7 +2,7 @@
 
 #include <array>
 
-namespace composition {
+namespace state {
 
 namespace {
 
@@ -64,4 +64,4 @@ std::string_view AcceptgiroTypeText(std::int16_t acceptgiroType) {
     return {};
 }
 
-} // namespace composition
+} // namespace state

@@ -5,7 +5,7 @@
 
 /// The contract forms under which an organisation sends acceptgiros, and the kinds of stationery, with the
 /// texts by which screen and report name them.
-namespace composition {
+namespace state {
 
 /// A code of the settings under which neither creditor nor payment reference is printed.
 inline constexpr std::int16_t ContractNone = -1;
@@ -32,4 +32,4 @@ inline constexpr std::int16_t TypeUnderLetter = 3;
 /// The stationery as the report names it; empty for a number that is no type.
 std::string_view AcceptgiroTypeText(std::int16_t acceptgiroType);
 
-} // namespace composition
+} // namespace state

@@ -2,15 +2,15 @@
 
 #include <array>
 
-#include "machine/Locale.h"
 #include "base/Numbers.h"
 #include "base/Resume.h"
 #include "base/Text.h"
+#include "machine/Locale.h"
 #include "machine/modRegistry.h"
 
-namespace wizard {
+namespace state {
 
-namespace text = platform::text;
+namespace text = base::text;
 
 namespace {
 
@@ -56,18 +56,18 @@ std::string Key(std::string_view stem, std::string_view direction, std::size_t p
 
 } // namespace
 
-std::string LeesInstelling(const AppState& state, platform::Registry& registry, std::string_view name) {
-    return platform::modRegistry(registry).GetRegistryValue(platform::HkeyCurrentUser, state.SettingsKey,
-                                                            std::string(name));
+std::string LeesInstelling(const AppState& state, machine::Registry& registry, std::string_view name) {
+    return machine::modRegistry(registry).GetRegistryValue(machine::HkeyCurrentUser, state.SettingsKey,
+                                                           std::string(name));
 }
 
 std::int16_t GetalInstelling(const std::string& tekst) {
     std::int16_t getal = 0;
-    platform::Resume([&] { getal = platform::Int16OfText(tekst); });
+    base::Resume([&] { getal = base::Int16OfText(tekst); });
     return getal;
 }
 
-void LaadInstellingen(AppState& state, platform::Registry& registry, bool metIncassant) {
+void LaadInstellingen(AppState& state, machine::Registry& registry, bool metIncassant) {
     const auto read = [&](std::string_view name) { return LeesInstelling(state, registry, name); };
 
     if (metIncassant) {
@@ -90,7 +90,7 @@ void LaadInstellingen(AppState& state, platform::Registry& registry, bool metInc
     state.GMUContractVorm = GetalInstelling(std::string(text::Trim(read("GMUContractVorm"))));
 }
 
-std::string LeesLocaleTekst(platform::Locale& locale, std::int32_t lcid, std::int32_t item) {
+std::string LeesLocaleTekst(machine::Locale& locale, std::int32_t lcid, std::int32_t item) {
     const std::int32_t size = locale.GetLocaleInfoA(lcid, item, nullptr, 0);
     if (size <= 0) {
         return {};
@@ -104,4 +104,4 @@ std::string LeesLocaleTekst(platform::Locale& locale, std::int32_t lcid, std::in
     return text::FromCodePage(buffer);
 }
 
-} // namespace wizard
+} // namespace state

@@ -6,25 +6,25 @@
 
 #include "state/AppState.h"
 
-namespace platform {
+namespace machine {
 class Locale;
 class Registry;
-} // namespace platform
+} // namespace machine
 
-namespace wizard {
+namespace state {
 
 /// Reads the calibration, the form type and the contract form from the settings store into `state`, so that a
 /// change made in the main application counts from the next document. With `metIncassant` the creditor is
 /// read as well; without it the creditor stays as the user has edited it.
-void LaadInstellingen(AppState& state, platform::Registry& registry, bool metIncassant);
+void LaadInstellingen(AppState& state, machine::Registry& registry, bool metIncassant);
 
 /// Text of a value under the key of all settings; empty if it is missing.
-std::string LeesInstelling(const AppState& state, platform::Registry& registry, std::string_view name);
+std::string LeesInstelling(const AppState& state, machine::Registry& registry, std::string_view name);
 
 /// The whole number that a setting holds. What does not fit 16 bits counts as 0.
 std::int16_t GetalInstelling(const std::string& tekst);
 
 /// An item of the user's regional settings, or the empty text.
-std::string LeesLocaleTekst(platform::Locale& locale, std::int32_t lcid, std::int32_t item);
+std::string LeesLocaleTekst(machine::Locale& locale, std::int32_t lcid, std::int32_t item);
 
-} // namespace wizard
+} // namespace state

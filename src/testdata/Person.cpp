@@ -4,7 +4,7 @@
 
 namespace testdata {
 
-namespace text = platform::text;
+namespace text = base::text;
 
 void SplitPerson(std::string_view row, Person& person) {
     const std::string_view name = text::Mid(row, 1, 80);

@@ -27,7 +27,7 @@ static_assert(sizeof PersonRows == 250 * 148 + 1);
 
 std::string_view TextTable::operator[](std::int32_t index) const {
     if (index < 0 || index > lastIndex_) {
-        throw platform::SubscriptOutOfRange();
+        throw base::SubscriptOutOfRange();
     }
     if (index >= FilledRows()) {
         return {};

@@ -1,12 +1,12 @@
 #include "testdata/TestDocument.h"
 
-#include "payment/CheckDigits.h"
-#include "machine/Clock.h"
-#include "base/Numbers.h"
-#include "machine/RandomSource.h"
-#include "base/Text.h"
-
 #include <exception>
+
+#include "base/Numbers.h"
+#include "base/Text.h"
+#include "machine/Clock.h"
+#include "machine/RandomSource.h"
+#include "payment/CheckDigits.h"
 
 namespace testdata {
 namespace {
@@ -18,7 +18,7 @@ constexpr std::int16_t FormsBetweenEmpty = 25;
 constexpr std::int16_t NumberWidth = 8;
 
 // A whole number from 1 to `count`, after a seed from the clock.
-int DrawNumber(int count, platform::RandomSource& random, const platform::Clock& clock) {
+int DrawNumber(int count, machine::RandomSource& random, const machine::Clock& clock) {
     random.Randomize(clock.Now().SecondsSinceMidnight());
     return static_cast<int>(random.Rnd() * count) + 1;
 }
@@ -41,7 +41,7 @@ void SplitAccount(std::string_view row, TestDocument& document) {
             document.rekening = document.rekening.substr(0, next);
         }
     }
-    if (!document.rekening.empty() && platform::text::Length(document.rekening) != IbanLength) {
+    if (!document.rekening.empty() && base::text::Length(document.rekening) != IbanLength) {
         std::terminate(); // the table itself is wrong: a batch made from it would be worth nothing
     }
 }
@@ -68,11 +68,11 @@ void DrawTestDocument(DrawState& state, const DrawSources& sources, TestDocument
     document.cent = TrekCent(sources.random, sources.clock);
 }
 
-std::string TrekEuro(platform::RandomSource& random, const platform::Clock& clock) {
-    return platform::NumberText(DrawNumber(998, random, clock));
+std::string TrekEuro(machine::RandomSource& random, const machine::Clock& clock) {
+    return base::NumberText(DrawNumber(998, random, clock));
 }
 
-std::string TrekCent(platform::RandomSource& random, const platform::Clock& clock) {
+std::string TrekCent(machine::RandomSource& random, const machine::Clock& clock) {
     return payment::NulVulling(DrawNumber(98, random, clock), 2);
 }
 

@@ -1,16 +1,16 @@
 #pragma once
 
-#include "testdata/Person.h"
-#include "testdata/Tables.h"
-
 #include <cstdint>
 #include <string>
 #include <string_view>
 
-namespace platform {
+#include "testdata/Person.h"
+#include "testdata/Tables.h"
+
+namespace machine {
 class Clock;
 class RandomSource;
-} // namespace platform
+} // namespace machine
 
 namespace testdata {
 
@@ -34,8 +34,8 @@ struct DrawState {
 
 /// Where the values come from.
 struct DrawSources {
-    platform::RandomSource& random;
-    const platform::Clock& clock;
+    machine::RandomSource& random;
+    const machine::Clock& clock;
     const TextTable& persons = PersonTable();
     const TextTable& accounts = AccountTable();
 };
@@ -46,7 +46,7 @@ struct DrawSources {
 void DrawTestDocument(DrawState& state, const DrawSources& sources, TestDocument& document);
 
 /// Euros, "1" to "998", and cents, "01" to "98", each drawn after a seed of its own from the clock.
-std::string TrekEuro(platform::RandomSource& random, const platform::Clock& clock);
-std::string TrekCent(platform::RandomSource& random, const platform::Clock& clock);
+std::string TrekEuro(machine::RandomSource& random, const machine::Clock& clock);
+std::string TrekCent(machine::RandomSource& random, const machine::Clock& clock);
 
 } // namespace testdata

@@ -49,7 +49,7 @@ constexpr Filter Filters[] = {
 } // namespace
 
 std::int16_t ToetsFilter(std::int16_t& toets, std::string_view soort) {
-    const std::string kind = platform::text::Upper(platform::text::Trim(soort));
+    const std::string kind = base::text::Upper(base::text::Trim(soort));
     for (const Filter& filter : Filters) {
         if (filter.Kind != kind) {
             continue;

@@ -2,10 +2,10 @@
 
 #include <array>
 
+#include "base/Text.h"
+#include "forms/Desktop.h"
 #include "payment/Accounts.h"
 #include "payment/TextRoutines.h"
-#include "forms/Desktop.h"
-#include "base/Text.h"
 #include "printmanager/frmPrintManager.h"
 #include "wizard/ToetsFilter.h"
 
@@ -21,7 +21,7 @@ constexpr const char* ShortProcedureSize = "5";
 
 } // namespace
 
-frmMain::frmMain(forms::Session& session, platform::Platform& platform, AppState& state)
+frmMain::frmMain(forms::Session& session, machine::Platform& platform, state::AppState& state)
     : Form(session, "frmMain"), pictHeading(*this, "pictHeading"),
       pictLogo(*this, "pictLogo", forms::Control::NoIndex, &pictHeading),
       lblHeading(*this, "lblHeading", forms::Control::NoIndex, &pictHeading),
@@ -62,7 +62,7 @@ bool frmMain::OnQueryUnload() {
 }
 
 void frmMain::Melding(const std::string& text) {
-    platform_.Desktop.MsgBox(text, platform::MessageIcon::Information, state_.MessageTitle);
+    platform_.Desktop.MsgBox(text, forms::MessageIcon::Information, state_.MessageTitle);
 }
 
 void frmMain::VerderClick() {
@@ -84,7 +84,7 @@ void frmMain::VerderClick() {
 void frmMain::VanIncassant() {
     state_.IncassantBegunstigde = UserText(70).Text();
     state_.IncassantAdres = UserText(71).Text();
-    const std::string postcode(platform::text::Trim(platform::text::Upper(UserText(72).Text())));
+    const std::string postcode(base::text::Trim(base::text::Upper(UserText(72).Text())));
     state_.IncassantPostCode = payment::VerwijderTeken(postcode, " ");
     state_.IncassantWoonplaats = UserText(73).Text();
     if (!payment::BankGiroCheck(UserText(74).Text())) {

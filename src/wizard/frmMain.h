@@ -5,9 +5,8 @@
 #include <string>
 #include <vector>
 
-#include "composition/PrintSurface.h"
 #include "base/Boolean.h"
-#include "machine/Platform.h"
+#include "composition/PrintSurface.h"
 #include "forms/CommandButton.h"
 #include "forms/ControlArray.h"
 #include "forms/Form.h"
@@ -17,6 +16,7 @@
 #include "forms/PictureBox.h"
 #include "forms/TextBox.h"
 #include "forms/UpDown.h"
+#include "machine/Platform.h"
 #include "state/AppState.h"
 
 namespace printmanager {
@@ -30,7 +30,7 @@ namespace wizard {
 /// loading is the program's start, and it composes the documents when the print manager calls it back.
 class frmMain : public forms::Form {
   public:
-    frmMain(forms::Session& session, platform::Platform& platform, AppState& state);
+    frmMain(forms::Session& session, machine::Platform& platform, state::AppState& state);
     ~frmMain() override;
 
     // The heading and the buttons, on the form itself.
@@ -60,7 +60,7 @@ class frmMain : public forms::Form {
     /// Page on show, 0 to 3.
     std::int16_t Page = 0;
     /// No box has had the focus since the start: the first one selects its text.
-    platform::Boolean FirstFocus;
+    base::Boolean FirstFocus;
 
     /// The print manager, while it is open.
     printmanager::frmPrintManager* PrintManager() const { return printManager_.get(); }
@@ -110,8 +110,8 @@ class frmMain : public forms::Form {
     // Printing: frmMainPrint.cpp.
     void cmdPrintenClick();
 
-    platform::Platform& platform_;
-    AppState& state_;
+    machine::Platform& platform_;
+    state::AppState& state_;
     composition::PrinterSurface printerSurface_;
     /// Texts and pictures that only stand there.
     std::vector<std::unique_ptr<forms::Control>> decoration_;

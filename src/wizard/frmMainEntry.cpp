@@ -1,7 +1,7 @@
 // How the boxes of the wizard select their text, and how the account swaps between its bare form, for
 // editing, and its form on screen.
-#include "payment/Accounts.h"
 #include "forms/Desktop.h"
+#include "payment/Accounts.h"
 #include "wizard/frmMain.h"
 
 namespace wizard {
@@ -17,7 +17,7 @@ void frmMain::BoxGotFocus(int index) {
     if (index == AccountBox) {
         box.SetText(payment::Rekening2Text(box.Text()));
     }
-    if (platform_.Desktop.GetKeyState(platform::key::Tab) < 0) {
+    if (platform_.Desktop.GetKeyState(forms::key::Tab) < 0) {
         box.SelectAll();
     } else if (FirstFocus) {
         box.SelectAll();

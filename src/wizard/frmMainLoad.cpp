@@ -1,21 +1,21 @@
 // The start of the program: settings, measures and the first page. A step that fails is given up, and the
 // next one runs.
-#include "state/ContractTexts.h"
-#include "composition/PrinterMeasures.h"
-#include "payment/Accounts.h"
-#include "machine/Locale.h"
 #include "base/Numbers.h"
-#include "machine/Printer.h"
 #include "base/Resume.h"
 #include "base/Text.h"
+#include "composition/PrinterMeasures.h"
+#include "machine/Locale.h"
+#include "machine/Printer.h"
 #include "machine/modRegistry.h"
-#include "testdata/Tables.h"
+#include "payment/Accounts.h"
+#include "state/ContractTexts.h"
 #include "state/Settings.h"
+#include "testdata/Tables.h"
 #include "wizard/frmMain.h"
 
 namespace wizard {
 
-using platform::Resume;
+using base::Resume;
 
 namespace {
 
@@ -31,12 +31,12 @@ bool IsOn(const std::string& setting) {
 } // namespace
 
 void frmMain::OnLoad() {
-    platform::Registry& registry = platform_.Registry;
-    const auto read = [&](const char* name) { return LeesInstelling(state_, registry, name); };
-    const auto readTrimmed = [&](const char* name) { return std::string(platform::text::Trim(read(name))); };
+    machine::Registry& registry = platform_.Registry;
+    const auto read = [&](const char* name) { return state::LeesInstelling(state_, registry, name); };
+    const auto readTrimmed = [&](const char* name) { return std::string(base::text::Trim(read(name))); };
     const auto write = [&](const char* name, const char* value) {
-        platform::modRegistry(registry).SetRegistryValue(platform::HkeyCurrentUser, state_.SettingsKey, name,
-                                                         value);
+        machine::modRegistry(registry).SetRegistryValue(machine::HkeyCurrentUser, state_.SettingsKey, name,
+                                                        value);
     };
 
     // Some drivers only report true measures once they have been asked for their settings.
@@ -50,7 +50,7 @@ void frmMain::OnLoad() {
     state_.SettingsKey = "Software\\Ondor\\Tarvik\\CurrentVersion";
 
     // The stored orientation has no effect on a run: the print manager alone chooses it.
-    if (GetalInstelling(read("PrinterOrientation")) == 0) {
+    if (state::GetalInstelling(read("PrinterOrientation")) == 0) {
         write("PrinterOrientation", "1");
     }
     state_.PrinterOrientation = 1;
@@ -79,8 +79,8 @@ void frmMain::OnLoad() {
     }
     Resume([&] { ToonLettertype(); });
 
-    state_.GMUContractVorm = GetalInstelling(readTrimmed("GMUContractVorm"));
-    lblContractsoort.SetCaption(std::string(composition::ContractScreenText(state_.GMUContractVorm)));
+    state_.GMUContractVorm = state::GetalInstelling(readTrimmed("GMUContractVorm"));
+    lblContractsoort.SetCaption(std::string(state::ContractScreenText(state_.GMUContractVorm)));
 
     for (const auto& [index, panel] : WizardPanel) {
         panel->SetVisible(false);
@@ -98,7 +98,7 @@ void frmMain::OnLoad() {
 }
 
 void frmMain::LaadInstellingen(bool metIncassant) {
-    wizard::LaadInstellingen(state_, platform_.Registry, metIncassant);
+    state::LaadInstellingen(state_, platform_.Registry, metIncassant);
     if (metIncassant) {
         UserText(70).SetText(state_.IncassantBegunstigde);
         UserText(71).SetText(state_.IncassantAdres);
@@ -109,16 +109,16 @@ void frmMain::LaadInstellingen(bool metIncassant) {
 }
 
 void frmMain::LeesLocale() {
-    platform::Locale& locale = platform_.Locale;
+    machine::Locale& locale = platform_.Locale;
     const std::int32_t lcid = locale.GetUserDefaultLCID();
-    state_.CurrencySymbol = LeesLocaleTekst(locale, lcid, platform::LocaleCurrencySymbol);
-    state_.MonetaryDecimal = LeesLocaleTekst(locale, lcid, platform::LocaleMonetaryDecimal);
-    state_.MonetaryThousand = LeesLocaleTekst(locale, lcid, platform::LocaleMonetaryThousand);
+    state_.CurrencySymbol = state::LeesLocaleTekst(locale, lcid, machine::LocaleCurrencySymbol);
+    state_.MonetaryDecimal = state::LeesLocaleTekst(locale, lcid, machine::LocaleMonetaryDecimal);
+    state_.MonetaryThousand = state::LeesLocaleTekst(locale, lcid, machine::LocaleMonetaryThousand);
 }
 
 void frmMain::LeesGMUFontSize() {
-    state_.GMUFontSize = LeesInstelling(state_, platform_.Registry, "GMUFontSize");
-    const double points = platform::NumericValue(state_.GMUFontSize);
+    state_.GMUFontSize = state::LeesInstelling(state_, platform_.Registry, "GMUFontSize");
+    const double points = base::NumericValue(state_.GMUFontSize);
     if (points <= 0 || points > LargestFontSize) {
         state_.GMUFontSize = DefaultFontSize;
     }

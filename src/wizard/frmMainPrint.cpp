@@ -2,10 +2,10 @@
 #include <algorithm>
 #include <memory>
 
+#include "base/Numbers.h"
 #include "composition/DocumentRun.h"
 #include "composition/OpenPrinter.h"
 #include "forms/Desktop.h"
-#include "base/Numbers.h"
 #include "machine/Printer.h"
 #include "preview/PrintPreview.h"
 #include "printmanager/frmPrintManager.h"
@@ -21,7 +21,7 @@ constexpr double MostForms = 30000;
 /// off halfway: the wizard must not stay locked.
 class ManagerGone {
   public:
-    ManagerGone(std::unique_ptr<printmanager::frmPrintManager>& manager, AppState& state)
+    ManagerGone(std::unique_ptr<printmanager::frmPrintManager>& manager, state::AppState& state)
         : manager_(manager), state_(state) {}
     ~ManagerGone() {
         manager_.reset();
@@ -32,20 +32,20 @@ class ManagerGone {
 
   private:
     std::unique_ptr<printmanager::frmPrintManager>& manager_;
-    AppState& state_;
+    state::AppState& state_;
 };
 
 /// Lets nothing of a document be left at the end of its run: a run that broke off must not become the
 /// beginning of the next one.
 class WholeDocument {
   public:
-    explicit WholeDocument(platform::Printer& printer) : printer_(printer) {}
+    explicit WholeDocument(machine::Printer& printer) : printer_(printer) {}
     ~WholeDocument() { printer_.Abandon(); }
     WholeDocument(const WholeDocument&) = delete;
     WholeDocument& operator=(const WholeDocument&) = delete;
 
   private:
-    platform::Printer& printer_;
+    machine::Printer& printer_;
 };
 
 } // namespace
@@ -82,7 +82,7 @@ void frmMain::cmdPrintenClick() {
     if (state_.PrintManagerOpen || printManager_ != nullptr) {
         return;
     }
-    const double aantal = platform::NumericValue(UserText(0).Text());
+    const double aantal = base::NumericValue(UserText(0).Text());
     if (aantal <= 0) {
         Melding("Er valt niets af te drukken, geef eerst het aantal acceptgiro's in.");
         return;

@@ -1,8 +1,8 @@
 #!/usr/bin/env python3
-"""Checks from the include lines which folder of src/ knows which.
+"""Checks from the include lines which room of src/ knows which.
 
-A folder may include itself and what it is listed with below; the record of the program's state may be read by
-everyone and pulls in nothing but the type of a flag. Qt belongs to platform/qt, windows.h to platform/windows, CUPS to the Linux desktop.
+The rooms stand in the order of knowing: a room includes itself and those that stand above it. The desktops know the
+machine, the forms and each other in their own order, and nothing of what the program is for.
 """
 import pathlib
 import re
@@ -11,27 +11,27 @@ import sys
 ROOT = pathlib.Path(__file__).resolve().parents[2]
 SRC = ROOT / "src"
 
-ALLOWED = {
-    "platform": set(),
-    "payment": {"platform"},
-    "testdata": {"payment", "platform"},
-    "composition": {"payment", "testdata", "platform"},
-    "printmanager": {"composition", "platform"},
-    "preview": {"composition", "platform"},
-    "wizard": {"printmanager", "preview", "composition", "payment", "testdata", "platform"},
-    "program": {"wizard", "platform"},
-}
-STATE = "wizard/AppState.h"
-STATE_MAY_READ = {"platform/Boolean.h"}
-# The print manager knows no document: of the composition it may know the printer's measures alone.
-PRINTMANAGER_MAY_READ = {"composition/PrinterMeasures.h"}
+ROOMS = ["base", "machine", "forms", "state", "payment", "testdata", "composition", "precheck", "printmanager", "preview",
+         "wizard", "desktop/regfile", "desktop/cups", "desktop/qt", "desktop/windows", "program"]
+# What a desktop builds on; the rooms between it and the forms are the program that runs on it.
+BENEATH_A_DESKTOP = {"base", "machine", "forms", "state"}
 
-TOOLKITS = [
-    (re.compile(r"^(Q[A-Z]\w*|Q\w+/.*|qt?[a-z_]+\.h|Qt\w+)$"), "platform/qt"),
-    (re.compile(r"^(windows|winspool|commctrl|commdlg|shlobj|winreg)\.h$", re.IGNORECASE), "platform/windows"),
-    (re.compile(r"^cups/"), "platform/qt"),
+HOMES = [
+    (re.compile(r"^(Q[A-Z]\w*|Q\w+/.*|qt?[a-z_]+\.h|Qt\w+)$"), {"desktop/qt", "program"}),
+    (re.compile(r"^(windows|winspool|commctrl|commdlg|shlobj|winreg)\.h$", re.IGNORECASE), {"desktop/windows"}),
+    (re.compile(r"^cups/"), {"desktop/cups"}),
 ]
 INCLUDE = re.compile(r'^\s*#\s*include\s+([<"])([^>"]+)[>"]', re.MULTILINE)
+
+
+def room_of(name):
+    return next((room for room in ROOMS if name.startswith(room + "/")), None)
+
+
+def may_know(room, other):
+    if room.startswith("desktop/") and not other.startswith("desktop/") and other not in BENEATH_A_DESKTOP:
+        return False
+    return ROOMS.index(other) <= ROOMS.index(room)
 
 
 def complaints():
@@ -39,27 +39,22 @@ def complaints():
         if path.suffix not in {".h", ".cpp", ".inc"}:
             continue
         name = path.relative_to(SRC).as_posix()
-        folder = name.split("/")[0]
+        room = room_of(name)
+        if room is None:
+            yield f"{name}: stands in no room"
+            continue
         for kind, included in INCLUDE.findall(path.read_text(encoding="utf-8")):
-            for pattern, home in TOOLKITS:
-                if pattern.match(included) and not name.startswith(home + "/"):
-                    yield f"{name} includes {included}: that belongs below {home}"
+            for pattern, homes in HOMES:
+                if pattern.match(included) and room not in homes:
+                    yield f"{name} includes {included}: that belongs below {', '.join(sorted(homes))}"
             if kind == "<":
                 continue
-            if name == STATE and included not in STATE_MAY_READ:
-                yield f"{name} includes {included}: it pulls in nothing of ours"
-            target = included.split("/")[0]
-            if "/" not in included or not (SRC / included).exists():
-                if (path.parent / included).exists():
-                    continue
-                yield f"{name} includes {included}: not a header named from src/"
-            elif target != folder and included != STATE and target not in ALLOWED[folder]:
-                yield f"{name} includes {included}: {folder} may not know {target}"
-            elif folder == "printmanager" and target == "composition" and included not in PRINTMANAGER_MAY_READ:
-                yield f"{name} includes {included}: the print manager knows no document"
-            elif folder == "platform" and not re.match(r"platform/(qt|windows|memory)/", name) and re.match(
-                    r"platform/(qt|windows|memory)/", included):
-                yield f"{name} includes {included}: what is portable knows no single platform"
+            other = room_of(included)
+            if other is None or not (SRC / included).exists():
+                if not (path.parent / included).exists():
+                    yield f"{name} includes {included}: not a header named from src/"
+            elif not may_know(room, other):
+                yield f"{name} includes {included}: {room} may not know {other}"
 
 
 def main():

@@ -1,22 +1,22 @@
 #pragma once
 
+#include <string>
+
 #include "composition/DocumentRun.h"
 #include "composition/PrinterMeasures.h"
 #include "machine/Printer.h"
 #include "machine/SeededRandom.h"
 #include "memory/MemoryPlatform.h"
+#include "state/AppState.h"
 #include "support/FakeRunHost.h"
 #include "testdata/Tables.h"
-#include "state/AppState.h"
-
-#include <string>
 
 namespace bench {
 
 /// A batch of test forms with a narrow stub and everything on it that a contract can ask for, on any printer.
 class Batch {
   public:
-    Batch(platform::Printers& printers, platform::Printer& printer)
+    Batch(machine::Printers& printers, machine::Printer& printer)
         : services_{memory_.desktop, memory_.registry,         memory_.locale, memory_.clock,
                     chance_,         memory_.spooler,          printers,       printer,
                     memory_.bitmaps, memory_.desktop.Windows()} {
@@ -48,10 +48,10 @@ class Batch {
     }
 
   private:
-    platform::MemoryPlatform memory_;
-    platform::SeededRandom chance_{1};
-    platform::Platform services_;
-    wizard::AppState state_;
+    memory::MemoryPlatform memory_;
+    machine::SeededRandom chance_{1};
+    machine::Platform services_;
+    state::AppState state_;
 };
 
 } // namespace bench

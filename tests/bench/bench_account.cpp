@@ -1,8 +1,8 @@
 // One check of an account, and whether it touches the heap.
+#include <benchmark/benchmark.h>
+
 #include "payment/Accounts.h"
 #include "support/Allocations.h"
-
-#include <benchmark/benchmark.h>
 
 namespace {
 

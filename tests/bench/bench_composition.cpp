@@ -1,21 +1,20 @@
 // What composing costs by itself: the same work as printing, on a canvas that draws nothing.
 
-#include "bench/Batch.h"
+#include <benchmark/benchmark.h>
 
+#include "bench/Batch.h"
 #include "forms/Session.h"
 #include "support/CountingPrinter.h"
 #include "wizard/frmMain.h"
-
-#include <benchmark/benchmark.h>
 
 namespace {
 
 constexpr int Forms = 250;
 
-class OnePrinter final : public platform::Printers {
+class OnePrinter final : public machine::Printers {
   public:
     int Count() override { return 1; }
-    platform::PrinterEntry Item(int) override { return {"Printer", "Port"}; }
+    machine::PrinterEntry Item(int) override { return {"Printer", "Port"}; }
 };
 
 void ComposeBatch(benchmark::State& run) {
@@ -35,12 +34,12 @@ BENCHMARK(ComposeBatch)->Unit(benchmark::kMicrosecond);
 /// The program from its start to the first page, without a window system.
 void StartUp(benchmark::State& run) {
     for (auto _ : run) {
-        platform::MemoryPlatform memory;
+        memory::MemoryPlatform memory;
         memory.registry.CreateKey("Software\\Ondor\\Tarvik\\CurrentVersion");
-        platform::PrintQueue queue;
+        memory::PrintQueue queue;
         queue.Name = "Printer";
         memory.InstallPrinter(queue);
-        wizard::AppState state;
+        state::AppState state;
         forms::Session session(memory.Services().Desktop);
         wizard::frmMain form(session, memory.Services(), state);
         form.Show();

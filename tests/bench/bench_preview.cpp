@@ -1,25 +1,23 @@
 // What turning the page of a preview costs, beside the same preview with its pages as bitmaps, and beside the
 // least that the toolkit needs to show another picture of that size.
 
-#include <benchmark/benchmark.h>
-
 #include <QApplication>
 #include <QPainter>
 #include <QWidget>
-
 #include <cmath>
-#include <malloc.h>
-
 #include <memory>
 #include <string>
 #include <vector>
 
+#include <benchmark/benchmark.h>
+#include <malloc.h>
+
 #include "composition/PrintSurface.h"
-#include "forms/Session.h"
-#include "memory/MemoryPlatform.h"
 #include "desktop/qt/QtBitmaps.h"
 #include "desktop/qt/QtDesktop.h"
 #include "desktop/qt/Scale.h"
+#include "forms/Session.h"
+#include "memory/MemoryPlatform.h"
 #include "preview/PrintPreview.h"
 #include "preview/frmPrintPreview.h"
 #include "preview/frmPrintPreviewGhost.h"
@@ -66,9 +64,9 @@ class Shown {
     /// The page in dots of the screen, of a kind that takes little room.
     QImage Bitmap(std::int16_t page) const {
         const auto& kept =
-            static_cast<const platform::qt::QtPageBitmap&>(*preview_.Ghost()->ThisPage.at(page).Picture);
+            static_cast<const desktop::qt::QtPageBitmap&>(*preview_.Ghost()->ThisPage.at(page).Picture);
         const double density = qGuiApp->devicePixelRatio();
-        const double dots = platform::qt::DotsPerTwip() * density;
+        const double dots = desktop::qt::DotsPerTwip() * density;
         QImage bitmap(static_cast<int>(std::ceil(kept.Width() * dots)),
                       static_cast<int>(std::ceil(kept.Height() * dots)), QImage::Format_RGB16);
         bitmap.setDevicePixelRatio(density);
@@ -80,13 +78,13 @@ class Shown {
     QWidget* Page() { return Window()->findChild<QWidget*>("pictCurrentPage"); }
 
   private:
-    platform::MemoryPlatform memory_;
-    platform::qt::QtDesktop desktop_;
-    platform::qt::QtBitmaps bitmaps_;
-    platform::Platform services_{desktop_,       memory_.registry,  memory_.locale,   memory_.clock,
-                                 memory_.random, memory_.spooler,   memory_.printers, memory_.printer,
-                                 bitmaps_,       desktop_.Windows()};
-    wizard::AppState state_;
+    memory::MemoryPlatform memory_;
+    desktop::qt::QtDesktop desktop_;
+    desktop::qt::QtBitmaps bitmaps_;
+    machine::Platform services_{desktop_,       memory_.registry,  memory_.locale,   memory_.clock,
+                                memory_.random, memory_.spooler,   memory_.printers, memory_.printer,
+                                bitmaps_,       desktop_.Windows()};
+    state::AppState state_;
     forms::Session session_{desktop_};
     composition::PrinterSurface printer_{memory_.printer};
     preview::PrintPreview preview_{session_, services_, state_, printer_};

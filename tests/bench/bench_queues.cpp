@@ -1,16 +1,16 @@
 // How long the print manager takes to open, by the number of queues that the print server has, and where the
 // server takes connections and does not answer. Tells the ratio to a server with one queue, measured in
 // turns.
-#include "desktop/qt/QtPlatform.h"
-#include "unit/desktop/qt/Window.h"
-#include "unit/desktop/cups/PrintServer.h"
-#include "print/queues/RealProgram.h"
-
 #include <algorithm>
 #include <chrono>
 #include <cstdio>
 #include <memory>
 #include <vector>
+
+#include "desktop/qt/QtPlatform.h"
+#include "print/queues/RealProgram.h"
+#include "unit/desktop/cups/PrintServer.h"
+#include "unit/desktop/qt/Window.h"
 
 namespace {
 
@@ -82,7 +82,7 @@ int main(int argc, char** argv) {
     qputenv("QT_QPA_PLATFORM", "offscreen");
     // The screen that is not there says at each window what it cannot do.
     qInstallMessageHandler([](QtMsgType, const QMessageLogContext&, const QString&) {});
-    const platform::qt::DutchApplication application(argc, argv);
+    const desktop::qt::DutchApplication application(argc, argv);
     std::vector<double> withOne;
     std::vector<double> withMany;
     for (int turn = 0; turn < Turns; ++turn) {

@@ -9,12 +9,11 @@
 #include <QPushButton>
 #include <QRadioButton>
 #include <QTimer>
-
 #include <cstring>
 
+#include "desktop/qt/QtPlatform.h"
 #include "forms/Form.h"
 #include "forms/Session.h"
-#include "desktop/qt/QtPlatform.h"
 #include "state/AppState.h"
 #include "wizard/frmMain.h"
 
@@ -32,10 +31,10 @@ class EndAtFirstPaint final : public QObject {
 };
 
 int ShowProgram(int argc, char** argv) {
-    platform::qt::QtPlatform platform(argc, argv);
+    desktop::qt::QtPlatform platform(argc, argv);
     EndAtFirstPaint end;
     qApp->installEventFilter(&end);
-    wizard::AppState state;
+    state::AppState state;
     forms::Session session(platform.Services().Desktop);
     wizard::frmMain form(session, platform.Services(), state);
     session.Dispatch([&] { form.Show(); });

@@ -6,23 +6,21 @@
 // makes the same texts at the same places with the toolkit's plainest calls, and nothing else. "empty" is a
 // PDF of one page with nothing on it.
 
-#include "bench/Batch.h"
-#include "bench/Measured.h"
-
-#include "desktop/qt/Fonts.h"
-#include "desktop/qt/PdfPrinter.h"
-#include "desktop/qt/QtPrinter.h"
-#include "desktop/qt/QtPrinters.h"
-
 #include <QApplication>
 #include <QPainter>
 #include <QPdfWriter>
 #include <QTemporaryDir>
-
 #include <cstdio>
 #include <cstdlib>
 #include <string>
 #include <vector>
+
+#include "bench/Batch.h"
+#include "bench/Measured.h"
+#include "desktop/qt/Fonts.h"
+#include "desktop/qt/PdfPrinter.h"
+#include "desktop/qt/QtPrinter.h"
+#include "desktop/qt/QtPrinters.h"
 
 namespace {
 
@@ -30,15 +28,15 @@ constexpr int RecordedForms = 249; // whole sheets
 constexpr int FormsOnSheet = 3;
 constexpr double UnitsPerTwip = 5;
 
-platform::qt::QtPrinters PrintersFor(const QString& file, const QString& folder) {
-    return platform::qt::QtPrinters(std::make_unique<platform::qt::PdfPrinter>(
-                                        [file](const QString&) { return file; }, folder + "/settings"),
-                                    [] { return platform::qt::FoundQueues{}; });
+desktop::qt::QtPrinters PrintersFor(const QString& file, const QString& folder) {
+    return desktop::qt::QtPrinters(std::make_unique<desktop::qt::PdfPrinter>(
+                                       [file](const QString&) { return file; }, folder + "/settings"),
+                                   [] { return desktop::cups::FoundQueues{}; });
 }
 
 void PrintWithProgram(int forms, const QString& file, const QString& folder) {
-    platform::qt::QtPrinters printers = PrintersFor(file, folder);
-    platform::qt::QtPrinter printer(printers, [](const std::string&) {});
+    desktop::qt::QtPrinters printers = PrintersFor(file, folder);
+    desktop::qt::QtPrinter printer(printers, [](const std::string&) {});
     bench::Batch(printers, printer).Print(forms);
 }
 
@@ -49,9 +47,9 @@ struct RecordedText {
 };
 
 /// What a run draws, for the floor to draw again.
-class Recording final : public platform::Printer, private platform::Canvas {
+class Recording final : public machine::Printer, private machine::Canvas {
   public:
-    explicit Recording(platform::Printer& measures) : measures_(measures) { Drawing = measures.Drawing; }
+    explicit Recording(machine::Printer& measures) : measures_(measures) { Drawing = measures.Drawing; }
 
     std::vector<std::vector<RecordedText>> Pages{1};
     std::vector<QFont> Fonts;
@@ -75,20 +73,20 @@ class Recording final : public platform::Printer, private platform::Canvas {
     int GetDeviceCaps(int item) override { return measures_.GetDeviceCaps(item); }
     void SetDocumentTitle(const std::string&) override {}
     void Abandon() override {}
-    platform::Canvas& Page() override { return *this; }
+    machine::Canvas& Page() override { return *this; }
 
   private:
-    platform::TextSize MeasureText(std::string_view text, const platform::FontSpec& font) override {
+    machine::TextSize MeasureText(std::string_view text, const machine::FontSpec& font) override {
         return measures_.Page().MeasureText(text, font);
     }
-    void DrawText(double x, double y, std::string_view text, const platform::FontSpec& font) override {
+    void DrawText(double x, double y, std::string_view text, const machine::FontSpec& font) override {
         std::size_t index = 0;
         while (index < specs_.size() && !(specs_[index] == font)) {
             ++index;
         }
         if (index == specs_.size()) {
             specs_.push_back(font);
-            Fonts.push_back(platform::qt::DesignFont(font));
+            Fonts.push_back(desktop::qt::DesignFont(font));
         }
         Pages.back().push_back({QPointF(x, y) * UnitsPerTwip,
                                 QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size())), index});
@@ -97,8 +95,8 @@ class Recording final : public platform::Printer, private platform::Canvas {
     void NewPage() override { Pages.emplace_back(); }
     void EndDocument() override {}
 
-    platform::Printer& measures_;
-    std::vector<platform::FontSpec> specs_;
+    machine::Printer& measures_;
+    std::vector<machine::FontSpec> specs_;
 };
 
 void PrintFloor(const Recording& recording, int forms, const QString& file) {
@@ -142,9 +140,9 @@ int main(int argc, char** argv) {
     const int forms = static_cast<int>(std::strtol(argv[2], nullptr, 10));
     const QString file = QString::fromLocal8Bit(argv[3]);
 
-    platform::qt::LoadPackagedFonts();
-    platform::qt::QtPrinters printers = PrintersFor(QString(), folder.path());
-    platform::qt::QtPrinter measures(printers, [](const std::string&) {});
+    desktop::qt::LoadPackagedFonts();
+    desktop::qt::QtPrinters printers = PrintersFor(QString(), folder.path());
+    desktop::qt::QtPrinter measures(printers, [](const std::string&) {});
     Recording recording(measures);
     if (isFloor) {
         bench::Batch(printers, recording).Print(RecordedForms);

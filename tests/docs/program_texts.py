@@ -17,7 +17,7 @@ LITERAL = re.compile(rf"{QUOTED}(?:\s*{QUOTED})*")
 
 # What hands a text to the user, at once or as the description of a failure.
 TELLERS = re.compile(r"\b(?:MsgBox|Melding|tell|MessageBoxW|RuntimeError|PrinterError|ThrowPrintFailure|TellPrintFailure|"
-                     r"WithReason|AskPrinter|QMessageBox\s+\w+)\s*(?=\()|(?:\breturn\s*)(?=\{\s*(?:platform::)?Error[A-Z]\w*\s*,)")
+                     r"WithReason|AskPrinter|QMessageBox\s+\w+)\s*(?=\()|(?:\breturn\s*)(?=\{\s*(?:base::)?Error[A-Z]\w*\s*,)")
 NAME = re.compile(r"\b[A-Za-z_]\w*\b")
 DEEPEST = 3  # a message is made by a function that is handed what another has made, and no deeper
 

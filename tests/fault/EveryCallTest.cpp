@@ -56,7 +56,7 @@ bool MayPass(const UntrappedError& error) {
     });
 }
 
-bool SamePaperAndBin(const platform::QueueDefaults& a, const platform::QueueDefaults& b) {
+bool SamePaperAndBin(const memory::QueueDefaults& a, const memory::QueueDefaults& b) {
     return a.PaperSize == b.PaperSize && a.DefaultSource == b.DefaultSource;
 }
 
@@ -87,7 +87,7 @@ class EveryCall : public testing::TestWithParam<std::tuple<std::size_t, Kind>> {
 /// printer.
 void ExpectDefaultsBack(const Outcome& whole, const Outcome& outcome) {
     for (const auto& [printer, defaults] : outcome.Defaults) {
-        const platform::QueueDefaults before = Machine::InstalledDefaults(printer);
+        const memory::QueueDefaults before = Machine::InstalledDefaults(printer);
         if (SamePaperAndBin(defaults, before) || SamePaperAndBin(defaults, whole.Defaults.at(printer))) {
             continue;
         }
@@ -137,7 +137,7 @@ TEST_P(EveryCall, IsSurvived) {
         SCOPED_TRACE("call " + std::to_string(number) + ", " + fault.Call() + " in " + outcome.FaultStep);
         EXPECT_THAT(outcome.Complaints, IsEmpty());
         EXPECT_LE(outcome.Messages.size(), whole.Messages.size() + 1);
-        for (const platform::ShownMessage& message : outcome.Messages) {
+        for (const memory::ShownMessage& message : outcome.Messages) {
             EXPECT_TRUE(IsKnown(message)) << message.Text;
         }
         for (const UntrappedError& error : outcome.Untrapped) {
@@ -162,7 +162,7 @@ INSTANTIATE_TEST_SUITE_P(Stories, EveryCall,
                          NameOfParam);
 
 TEST(KindsTest, EveryCallThatCanFailIsOfOneKind) {
-    for (const std::string_view call : platform::Recorder::CallsThatCanFail()) {
+    for (const std::string_view call : memory::Recorder::CallsThatCanFail()) {
         EXPECT_EQ(std::count_if(std::begin(AllKinds), std::end(AllKinds),
                                 [&](Kind kind) { return IsOfKind(call, kind); }),
                   1)

@@ -8,7 +8,7 @@ namespace fault {
 
 namespace {
 
-using platform::MessageIcon;
+using forms::MessageIcon;
 
 constexpr const char* MessageTitle = "Drukkeuring acceptgiro's";
 
@@ -56,7 +56,7 @@ constexpr KnownMessage Messages[] = {
 
 } // namespace
 
-bool IsKnown(const platform::ShownMessage& message) {
+bool IsKnown(const memory::ShownMessage& message) {
     const std::string_view text = message.Text;
     return message.Title == MessageTitle &&
            std::any_of(std::begin(Messages), std::end(Messages), [&](const KnownMessage& known) {

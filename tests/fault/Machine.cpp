@@ -66,7 +66,7 @@ bool MayWrite(const std::string& name, const std::string& value) {
 
 struct Installed {
     const char* Name;
-    platform::QueueDefaults Defaults;
+    memory::QueueDefaults Defaults;
 };
 
 /// The first one's defaults are not the first entries of its lists, which a failing driver falls back on.
@@ -75,8 +75,8 @@ constexpr Installed InstalledPrinters[] = {
     {"Inkt", {.Orientation = 2, .PaperSize = 9, .DefaultSource = 15, .Copies = 1}},
 };
 
-std::string TextOf(const platform::Event& event, std::string_view field) {
-    for (const platform::EventField& candidate : event.Fields) {
+std::string TextOf(const memory::Event& event, std::string_view field) {
+    for (const memory::EventField& candidate : event.Fields) {
         if (candidate.Name == field) {
             return std::get<std::string>(candidate.Value);
         }
@@ -96,7 +96,7 @@ Machine::Machine(const Story& story, Fault& fault) : story_(story), fault_(fault
     memory_.clock.Set(
         {.Year = 2026, .Month = 3, .Day = 14, .Hour = 12, .Minute = 0, .Second = 0, .Millisecond = 0});
     memory_.random.Seed(1);
-    memory_.recorder.Sink = [this](const platform::Event& event) { Observe(event); };
+    memory_.recorder.Sink = [this](const memory::Event& event) { Observe(event); };
     memory_.recorder.ShouldFail = [this](std::string_view call) {
         // Without the wizard's own window there is no program that could survive.
         const bool isFirstWindow = call == CallCreateWindow && !main_->Visible();
@@ -123,10 +123,10 @@ void Machine::FillStore() {
     }
 }
 
-platform::QueueDefaults Machine::InstalledDefaults(const std::string& printer) {
+memory::QueueDefaults Machine::InstalledDefaults(const std::string& printer) {
     const auto* const found = std::find_if(std::begin(InstalledPrinters), std::end(InstalledPrinters),
                                            [&](const Installed& row) { return printer == row.Name; });
-    return found == std::end(InstalledPrinters) ? platform::QueueDefaults{} : found->Defaults;
+    return found == std::end(InstalledPrinters) ? memory::QueueDefaults{} : found->Defaults;
 }
 
 // What the program does.
@@ -140,7 +140,7 @@ void Machine::NoteFault() {
     outcome_.FaultInRestore = memory_.desktop.LockedWindow() != 0;
 }
 
-void Machine::Observe(const platform::Event& event) {
+void Machine::Observe(const memory::Event& event) {
     if (event.Kind == "error") {
         outcome_.Untrapped.push_back({path_.empty() ? "start" : path_.back(), fault_.Call()});
         hourglassExcused_ = true;
@@ -161,7 +161,7 @@ void Machine::ObserveStore(const std::string& name, const std::string& value) {
     }
 }
 
-void Machine::ObservePaper(const platform::Event& event) {
+void Machine::ObservePaper(const memory::Event& event) {
     if (TextOf(event, "surface") != "printer") {
         return;
     }
@@ -269,7 +269,7 @@ void Machine::PlayStep(const Step& step) {
 
 /// The command before is over, or the form has just come up.
 void Machine::ExpectAtRest(forms::Form& front) {
-    if (memory_.desktop.MousePointer() == platform::PointerDefault) {
+    if (memory_.desktop.MousePointer() == forms::PointerDefault) {
         hourglassExcused_ = false;
     } else if (!hourglassExcused_) {
         Complain("the hourglass stays on " + front.Name());
@@ -312,7 +312,7 @@ Outcome Machine::Play() {
 
 void Machine::TakeOutcome() {
     for (const Installed& printer : InstalledPrinters) {
-        if (const platform::PrintQueue* queue = memory_.printers.Find(printer.Name)) {
+        if (const memory::PrintQueue* queue = memory_.printers.Find(printer.Name)) {
             outcome_.Defaults[queue->Name] = queue->Defaults;
         }
     }

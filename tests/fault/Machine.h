@@ -44,10 +44,10 @@ struct UntrappedError {
 struct Outcome {
     /// Promises that hold whatever fails, and were broken.
     std::vector<std::string> Complaints;
-    std::vector<platform::ShownMessage> Messages;
+    std::vector<memory::ShownMessage> Messages;
     std::vector<UntrappedError> Untrapped;
     /// The printers' stored defaults at the end.
-    std::map<std::string, platform::QueueDefaults> Defaults;
+    std::map<std::string, memory::QueueDefaults> Defaults;
     std::vector<ManagerEnd> Managers;
     /// The user's step in which the call failed.
     std::string FaultStep;
@@ -72,7 +72,7 @@ class Machine {
     /// The printer that a first opening loads.
     static constexpr const char* FirstPrinter = "Laser";
     /// The stored defaults of this printer before the start.
-    static platform::QueueDefaults InstalledDefaults(const std::string& printer);
+    static memory::QueueDefaults InstalledDefaults(const std::string& printer);
 
     // For the steps.
     wizard::frmMain& Main() { return *main_; }
@@ -87,9 +87,9 @@ class Machine {
 
   private:
     void FillStore();
-    void Observe(const platform::Event& event);
+    void Observe(const memory::Event& event);
     void ObserveStore(const std::string& name, const std::string& value);
-    void ObservePaper(const platform::Event& event);
+    void ObservePaper(const memory::Event& event);
     void ObserveYield();
     void ObserveUnload(const std::string& form);
     void NoteFault();
@@ -117,9 +117,9 @@ class Machine {
     int yields_ = 0;
 
     LogFile log_;
-    platform::MemoryPlatform memory_;
+    memory::MemoryPlatform memory_;
     forms::Session session_{memory_.desktop};
-    wizard::AppState state_;
+    state::AppState state_;
     std::unique_ptr<wizard::frmMain> main_;
     std::unique_ptr<printmanager::frmPrintManagerSetup> setup_;
 };

@@ -132,7 +132,7 @@ Step Wheel(std::int16_t delta) {
 
 Step Arrow(bool down) {
     return {PreviewForm, down ? "arrow down" : "arrow up", [down](Machine& machine) {
-                platform::cmdButtonXP& arrow = down ? machine.Preview().cmdDown : machine.Preview().cmdUp;
+                forms::cmdButtonXP& arrow = down ? machine.Preview().cmdDown : machine.Preview().cmdUp;
                 machine.PassTime();
                 arrow.UserMouseMove();
                 machine.PassTime();

@@ -1,5 +1,7 @@
 // Account, IBAN and number texts: what one routine accepts the others format and take back, and each agrees
 // with a plain way of reckoning the same.
+#include "payment/Accounts.h"
+
 #include <algorithm>
 #include <array>
 #include <cctype>
@@ -10,21 +12,20 @@
 
 #include "Input.h"
 #include "Require.h"
-#include "payment/Accounts.h"
-#include "payment/CheckDigits.h"
-#include "payment/Iban.h"
-#include "payment/OcrLine.h"
-#include "payment/PaymentReference.h"
-#include "payment/TextRoutines.h"
 #include "base/Numbers.h"
 #include "base/RuntimeError.h"
 #include "base/Text.h"
 #include "memory/MemoryClock.h"
 #include "memory/MemoryRandom.h"
+#include "payment/CheckDigits.h"
+#include "payment/Iban.h"
+#include "payment/OcrLine.h"
+#include "payment/PaymentReference.h"
+#include "payment/TextRoutines.h"
 
 namespace {
 
-namespace text = platform::text;
+namespace text = base::text;
 using std::string;
 using std::string_view;
 
@@ -155,9 +156,9 @@ void CheckMadeIban(string_view t) {
 }
 
 void CheckNumbers(string_view t) {
-    const double value = platform::NumericValue(t);
+    const double value = base::NumericValue(t);
     if (payment::IsGetal(t)) {
-        REQUIRE(platform::NumberText(value) == t);
+        REQUIRE(base::NumberText(value) == t);
         REQUIRE(t.find_first_not_of("-.0123456789") == string_view::npos);
     } else {
         REQUIRE(!(AllFigures(t) && !t.empty() && t.size() <= 15 && (t[0] != '0' || t.size() == 1)));
@@ -167,8 +168,8 @@ void CheckNumbers(string_view t) {
         const int rest = payment::Modulus(getal, 97);
         REQUIRE(AllFigures(t) && rest == PlainRemainder(t, 97));
         REQUIRE(getal == (t.empty() ? "0" : t));
-    } catch (const platform::RuntimeError& error) {
-        REQUIRE(error.Number() == platform::ErrorTypeMismatch && !AllFigures(t));
+    } catch (const base::RuntimeError& error) {
+        REQUIRE(error.Number() == base::ErrorTypeMismatch && !AllFigures(t));
     }
     string postcode(t);
     const string printed = payment::PostcodeFormaat(postcode);
@@ -229,14 +230,14 @@ void CheckOcrLine(fuzz::Input input) {
         REQUIRE(kenmerk[0] == '1');
         REQUIRE(text::Length(kenmerk) == 13 + std::min<std::size_t>(text::Length(year), 2) ||
                 kenmerk.ends_with("00"));
-    } catch (const platform::RuntimeError& error) {
-        REQUIRE(error.Number() == platform::ErrorOverflow);
+    } catch (const base::RuntimeError& error) {
+        REQUIRE(error.Number() == base::ErrorOverflow);
     }
     payment::OcrLine line;
     try {
         payment::MakeOcrLine({kenmerk, euro, cent, account, payment::IBAN2BIC(account), 31}, line);
-    } catch (const platform::RuntimeError& error) {
-        REQUIRE(error.Number() == platform::ErrorOverflow);
+    } catch (const base::RuntimeError& error) {
+        REQUIRE(error.Number() == base::ErrorOverflow);
         return;
     }
     CheckReference(kenmerk, line);
@@ -252,9 +253,9 @@ void CheckNewNumber(string_view t) {
     if (t.size() < 2 || t.size() > 3 || !AllFigures(t)) {
         return;
     }
-    platform::MemoryRandom random;
+    memory::MemoryRandom random;
     random.Seed(t.size());
-    const platform::MemoryClock clock;
+    const memory::MemoryClock clock;
     const string made = payment::NieuwRekeningnummer(t, random, clock);
     REQUIRE(made.size() == t.size() + 7 && made.starts_with(t) && !made.ends_with("00"));
     REQUIRE(payment::BankGiroCheck(made));

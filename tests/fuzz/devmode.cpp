@@ -14,8 +14,8 @@
 
 #include "Input.h"
 #include "Require.h"
-#include "machine/Spooler.h"
 #include "forms/Session.h"
+#include "machine/Spooler.h"
 #include "memory/MemoryPlatform.h"
 #include "printmanager/DevModeField.h"
 #include "printmanager/PaperAndBins.h"
@@ -24,8 +24,8 @@
 
 namespace {
 
-using platform::DEVMODE;
-using platform::PRINTER_INFO_2;
+using machine::DEVMODE;
+using machine::PRINTER_INFO_2;
 using std::string;
 using std::string_view;
 
@@ -79,32 +79,32 @@ void Fill(void* to, std::size_t size, string_view pattern) {
     }
 }
 
-class HostileSpooler : public platform::Spooler {
+class HostileSpooler : public machine::Spooler {
   public:
     explicit HostileSpooler(Answers& answers) : answers_(answers) {}
     HostileSpooler(const HostileSpooler&) = delete;
     HostileSpooler& operator=(const HostileSpooler&) = delete;
 
-    bool OpenPrinterA(const string&, platform::PrinterHandle& handle,
-                      const platform::PRINTER_DEFAULTS& defaults) override {
-        REQUIRE(defaults.DesiredAccess == platform::PrinterAccessUse);
-        handle = static_cast<platform::PrinterHandle>(answers_.Next("handle", 1));
+    bool OpenPrinterA(const string&, machine::PrinterHandle& handle,
+                      const machine::PRINTER_DEFAULTS& defaults) override {
+        REQUIRE(defaults.DesiredAccess == machine::PrinterAccessUse);
+        handle = static_cast<machine::PrinterHandle>(answers_.Next("handle", 1));
         return answers_.Next("open", 1) != 0;
     }
-    bool ClosePrinter(platform::PrinterHandle handle) override {
+    bool ClosePrinter(machine::PrinterHandle handle) override {
         REQUIRE(handle != 0);
         return answers_.Next("close", 1) != 0;
     }
 
-    std::int32_t DocumentPropertiesA(platform::PrinterHandle, const string&, void* output, const void* input,
+    std::int32_t DocumentPropertiesA(machine::PrinterHandle, const string&, void* output, const void* input,
                                      std::uint32_t mode) override {
         if (mode == 0) {
             told_ = answers_.Next32("size", sizeof(DEVMODE));
             return told_;
         }
         REQUIRE(told_ >= 0 && output != nullptr);
-        REQUIRE((mode & platform::DM_IN_BUFFER) == 0 || input != nullptr);
-        const bool isMerge = (mode & platform::DM_IN_BUFFER) != 0;
+        REQUIRE((mode & machine::DM_IN_BUFFER) == 0 || input != nullptr);
+        const bool isMerge = (mode & machine::DM_IN_BUFFER) != 0;
         const std::int32_t result = answers_.Next32(isMerge ? "merge" : "fetch", 1);
         if (isMerge) {
             mayRead_ = Sum(input, Settings());
@@ -113,7 +113,7 @@ class HostileSpooler : public platform::Spooler {
         return result;
     }
 
-    bool GetPrinterA(platform::PrinterHandle, std::uint32_t level, void* buffer, std::uint32_t size,
+    bool GetPrinterA(machine::PrinterHandle, std::uint32_t level, void* buffer, std::uint32_t size,
                      std::uint32_t& needed) override {
         REQUIRE(level == 2);
         needed = static_cast<std::uint32_t>(answers_.Next("needed", sizeof(PRINTER_INFO_2)));
@@ -134,7 +134,7 @@ class HostileSpooler : public platform::Spooler {
         return answers_.Next("info", 1) != 0;
     }
 
-    bool SetPrinterA(platform::PrinterHandle, std::uint32_t level, const void* buffer,
+    bool SetPrinterA(machine::PrinterHandle, std::uint32_t level, const void* buffer,
                      std::uint32_t command) override {
         REQUIRE(level == 2 && command == 0);
         PRINTER_INFO_2 info;
@@ -154,10 +154,10 @@ class HostileSpooler : public platform::Spooler {
             return count;
         }
         REQUIRE(promised_ > 0);
-        const std::size_t width = capability == platform::DC_PAPERNAMES  ? 64
-                                  : capability == platform::DC_BINNAMES  ? 24
-                                  : capability == platform::DC_PAPERSIZE ? 8
-                                                                         : 2;
+        const std::size_t width = capability == machine::DC_PAPERNAMES  ? 64
+                                  : capability == machine::DC_BINNAMES  ? 24
+                                  : capability == machine::DC_PAPERSIZE ? 8
+                                                                        : 2;
         const auto entries = static_cast<std::size_t>(
             std::clamp<std::int64_t>(answers_.Next("written" + name, promised_), 0,
                                      promised_ + static_cast<std::int64_t>(EntriesBehind)));
@@ -208,7 +208,7 @@ class HostileSpooler : public platform::Spooler {
     [[maybe_unused]] volatile unsigned mayRead_ = 0;
 };
 
-platform::Platform WithSpooler(const platform::Platform& base, platform::Spooler& spooler) {
+machine::Platform WithSpooler(const machine::Platform& base, machine::Spooler& spooler) {
     return {.Desktop = base.Desktop,
             .Registry = base.Registry,
             .Locale = base.Locale,
@@ -221,7 +221,7 @@ platform::Platform WithSpooler(const platform::Platform& base, platform::Spooler
             .WindowProcedures = base.WindowProcedures};
 }
 
-void CheckLists(platform::Platform& platform) {
+void CheckLists(machine::Platform& platform) {
     printmanager::PaperAndBins lists;
     if (printmanager::GetPaperAndBins(platform, "Laser", lists) != 0) {
         return;
@@ -237,9 +237,9 @@ void CheckLists(platform::Platform& platform) {
     }
 }
 
-void CheckFields(platform::Platform& platform) {
-    constexpr std::array<std::int32_t, 5> selectors = {platform::DM_ORIENTATION, platform::DM_PAPERSIZE,
-                                                       platform::DM_DEFAULTSOURCE, platform::DM_COLLATE, 0};
+void CheckFields(machine::Platform& platform) {
+    constexpr std::array<std::int32_t, 5> selectors = {machine::DM_ORIENTATION, machine::DM_PAPERSIZE,
+                                                       machine::DM_DEFAULTSOURCE, machine::DM_COLLATE, 0};
     for (const std::int32_t selector : selectors) {
         const std::int16_t value = printmanager::GetDevModeField(platform.Spooler, "Laser", selector);
         REQUIRE(selector != 0 || value == 0);
@@ -262,8 +262,8 @@ class Caller : public forms::Form {
     void Afdrukken(std::int16_t, std::int16_t, bool) override {}
 };
 
-void UseManager(platform::MemoryPlatform& memory, platform::Platform& platform) {
-    wizard::AppState state;
+void UseManager(memory::MemoryPlatform& memory, machine::Platform& platform) {
+    state::AppState state;
     state.SettingsKey = "Software";
     state.PrinterInit = 10;
     state.PrinterOrientation = 1;
@@ -290,16 +290,16 @@ void UseManager(platform::MemoryPlatform& memory, platform::Platform& platform) 
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
     Answers answers(fuzz::Input(data, size));
-    platform::MemoryPlatform memory;
+    memory::MemoryPlatform memory;
     memory.registry.CreateKey("Software");
-    memory.recorder.Sink = [](const platform::Event& event) { REQUIRE(event.Kind != "error"); };
+    memory.recorder.Sink = [](const memory::Event& event) { REQUIRE(event.Kind != "error"); };
     for (const char* name : {"Laser", "Inkt"}) {
-        platform::PrintQueue queue;
+        memory::PrintQueue queue;
         queue.Name = name;
         memory.InstallPrinter(queue);
     }
     HostileSpooler spooler(answers);
-    platform::Platform platform = WithSpooler(memory.Services(), spooler);
+    machine::Platform platform = WithSpooler(memory.Services(), spooler);
     CheckLists(platform);
     CheckFields(platform);
     UseManager(memory, platform);

@@ -22,7 +22,7 @@
 
 namespace {
 
-using namespace platform::qt;
+using namespace desktop::cups;
 using std::string;
 using std::string_view;
 
@@ -82,7 +82,7 @@ void AddNumbers(ipp_t* answer, ipp_tag_t type, const char* name, const std::vect
 
 /// MEMBER=NUMBER,MEMBER=NUMBER
 void AddCollection(ipp_t* answer, const char* name, const std::vector<string>& values) {
-    const std::unique_ptr<ipp_t, FreeIpp> collection(ippNew());
+    const std::unique_ptr<ipp_t, desktop::cups::FreeIpp> collection(ippNew());
     for (const string& value : values) {
         const std::size_t equals = value.find('=');
         const string member = value.substr(0, equals);
@@ -143,10 +143,10 @@ void CheckNumbers(const std::vector<Item>& items, std::int16_t preset) {
             std::any_of(items.begin(), items.end(), [&](const Item& item) { return item.Id == preset; }));
 }
 
-void CheckMedia(CupsMedia media) {
+void CheckMedia(desktop::cups::CupsMedia media) {
     CheckNumbers(media.Papers, media.DefaultPaper);
     CheckNumbers(media.Bins, media.DefaultBin);
-    for (const Paper& paper : media.Papers) {
+    for (const desktop::cups::Paper& paper : media.Papers) {
         // A page that a PDF can have, with something to print on.
         constexpr double longest = 200 * 1440;
         REQUIRE(paper.Width > 0 && paper.Width <= longest);
@@ -155,21 +155,22 @@ void CheckMedia(CupsMedia media) {
         REQUIRE(std::abs(paper.Top) < longest && paper.Top + paper.Bottom < paper.Height);
     }
     // A list in another order gives every paper the number that it has had.
-    MediaNumbers numbers;
-    KeepNumbers(media, numbers);
-    CupsMedia turned = media;
+    desktop::cups::MediaNumbers numbers;
+    desktop::cups::KeepNumbers(media, numbers);
+    desktop::cups::CupsMedia turned = media;
     std::reverse(turned.Papers.begin(), turned.Papers.end());
     std::reverse(turned.Bins.begin(), turned.Bins.end());
-    KeepNumbers(turned, numbers);
+    desktop::cups::KeepNumbers(turned, numbers);
     REQUIRE(turned.DefaultPaper == media.DefaultPaper || media.DefaultPaper == 0);
 }
 
 void CheckState(ipp_t* answer) {
     ipp_attribute_t* at = ippFirstAttribute(answer);
-    const CupsAttributes attributes = ReadAttributes(answer, at);
-    StatusBits(ValueOf(attributes, "printer-state"), ValueOf(attributes, "printer-state-reasons"),
-               ValueOf(attributes, "printer-is-accepting-jobs"));
-    ResourceOf(ValueOf(attributes, "printer-uri-supported"));
+    const desktop::cups::CupsAttributes attributes = desktop::cups::ReadAttributes(answer, at);
+    desktop::cups::StatusBits(desktop::cups::ValueOf(attributes, "printer-state"),
+                              desktop::cups::ValueOf(attributes, "printer-state-reasons"),
+                              desktop::cups::ValueOf(attributes, "printer-is-accepting-jobs"));
+    desktop::cups::ResourceOf(desktop::cups::ValueOf(attributes, "printer-uri-supported"));
 }
 
 } // namespace
@@ -183,16 +184,16 @@ extern "C" const char* __lsan_default_options() {
 }
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
-    const std::unique_ptr<ipp_t, FreeIpp> answer(ippNew());
+    const std::unique_ptr<ipp_t, desktop::cups::FreeIpp> answer(ippNew());
     fuzz::Input input(data, size);
     while (!input.Empty() && !input.Rest().starts_with("*PPD")) {
         AddAttribute(answer.get(), fuzz::Input(input.Line()));
     }
     CheckState(answer.get());
-    CheckMedia(MediaOfQueue(answer.get(), ""));
+    CheckMedia(desktop::cups::MediaOfQueue(answer.get(), ""));
     if (!input.Empty()) {
         const MemoryFile ppd(input.Rest());
-        CheckMedia(MediaOfQueue(answer.get(), ppd.Name()));
+        CheckMedia(desktop::cups::MediaOfQueue(answer.get(), ppd.Name()));
     }
     return 0;
 }

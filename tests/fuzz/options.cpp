@@ -11,21 +11,21 @@
 
 namespace {
 
-using namespace platform::qt;
+using namespace desktop::cups;
 using std::string;
 
 void CheckLine(const QByteArray& text, const string& queue) {
-    const QByteArray line = LineOf(text, queue);
+    const QByteArray line = desktop::cups::LineOf(text, queue);
     REQUIRE(!line.contains('\n') && (line.isEmpty() || text.contains(line)));
-    REQUIRE(LineOf(line, queue) == line);
-    for (const auto& [name, value] : OptionsOf(line)) {
+    REQUIRE(desktop::cups::LineOf(line, queue) == line);
+    for (const auto& [name, value] : desktop::cups::OptionsOf(line)) {
         REQUIRE(!name.empty());
     }
 }
 
 /// Two papers and two bins, as a queue with a PPD and one without call them.
-CupsMedia TwoOfEach() {
-    CupsMedia media;
+desktop::cups::CupsMedia TwoOfEach() {
+    desktop::cups::CupsMedia media;
     media.Papers.resize(2);
     media.Papers[0].PpdSize = "A4";
     media.Papers[0].PwgMedia = "iso_a4_210x297mm";
@@ -37,16 +37,19 @@ CupsMedia TwoOfEach() {
     return media;
 }
 
-void CheckChoice(const CupsOptions& options) {
-    const CupsMedia media = TwoOfEach();
-    const Paper* const paper = PaperIn(media, options);
-    const Bin* const bin = BinIn(media, options);
-    REQUIRE(paper == nullptr || !ValueOf(options, "PageSize").empty() || !ValueOf(options, "media").empty());
+void CheckChoice(const desktop::cups::CupsOptions& options) {
+    const desktop::cups::CupsMedia media = TwoOfEach();
+    const desktop::cups::Paper* const paper = desktop::cups::PaperIn(media, options);
+    const desktop::cups::Bin* const bin = desktop::cups::BinIn(media, options);
+    REQUIRE(paper == nullptr || !desktop::cups::ValueOf(options, "PageSize").empty() ||
+            !desktop::cups::ValueOf(options, "media").empty());
     REQUIRE(bin == nullptr || options.contains("InputSlot") || options.contains("media-source") ||
             options.contains("media"));
-    const CupsOptions job = JobOptions(media, options, options, media.Papers[0], &media.Bins[0]);
+    const desktop::cups::CupsOptions job =
+        desktop::cups::JobOptions(media, options, options, media.Papers[0], &media.Bins[0]);
     REQUIRE(job.at("copies") == "1" && job.at("sides") == "one-sided" && job.at("number-up") == "1");
-    REQUIRE(PaperIn(media, job) == &media.Papers[0] && BinIn(media, job) == &media.Bins[0]);
+    REQUIRE(desktop::cups::PaperIn(media, job) == &media.Papers[0] &&
+            desktop::cups::BinIn(media, job) == &media.Bins[0]);
 }
 
 } // namespace
@@ -55,10 +58,10 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     fuzz::Input input(data, size);
     const string queue(input.Line());
     const QByteArray text = QByteArray::fromStdString(string(input.Rest()));
-    const string preferred = PreferredIn(text);
+    const string preferred = desktop::cups::PreferredIn(text);
     REQUIRE(preferred.find_first_of("/ \t\r\n") == string::npos ||
             preferred.find_first_of("\"'\\") != string::npos);
     CheckLine(text, queue);
-    CheckChoice(OptionsOf(LineOf(text, queue)));
+    CheckChoice(desktop::cups::OptionsOf(desktop::cups::LineOf(text, queue)));
     return 0;
 }

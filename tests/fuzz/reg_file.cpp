@@ -10,17 +10,17 @@
 
 #include "Input.h"
 #include "Require.h"
+#include "base/Text.h"
 #include "desktop/regfile/RegFile.h"
 #include "desktop/regfile/RegFileEncoding.h"
 #include "machine/RegistryKeys.h"
-#include "base/Text.h"
 
 namespace {
 
-namespace regfile = platform::regfile;
-namespace text = platform::text;
-using platform::RegFile;
-using platform::RegValue;
+namespace regfile = desktop::regfile;
+namespace text = base::text;
+using desktop::regfile::RegFile;
+using desktop::regfile::RegValue;
 using std::string;
 using std::string_view;
 
@@ -82,9 +82,9 @@ void CheckWrite(const RegFile& file, const Place& where, const RegValue& value,
     REQUIRE(written.WithValue(where.Key, where.Name, value) == *bytes);
     for (const Place& other : others) {
         REQUIRE(written.HasKey(other.Key) == file.HasKey(other.Key));
-        if (platform::KeyNames(platform::FoldedName(other.Key)) !=
-                platform::KeyNames(platform::FoldedName(where.Key)) ||
-            platform::FoldedName(other.Name) != platform::FoldedName(where.Name)) {
+        if (machine::KeyNames(machine::FoldedName(other.Key)) !=
+                machine::KeyNames(machine::FoldedName(where.Key)) ||
+            machine::FoldedName(other.Name) != machine::FoldedName(where.Name)) {
             REQUIRE(Same(written.Find(other.Key, other.Name), file.Find(other.Key, other.Name)));
         }
     }

@@ -1,6 +1,7 @@
 // Scenario scripts of any text: the runner refuses what it cannot follow, and the program behind it survives
 // what it can.
 #include <algorithm>
+#include <cstdlib>
 #include <filesystem>
 #include <sstream>
 #include <string>
@@ -9,8 +10,6 @@
 #include "Input.h"
 #include "Player.h"
 #include "Require.h"
-
-#include <cstdlib>
 
 namespace {
 

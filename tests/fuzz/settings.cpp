@@ -26,7 +26,7 @@ const string SettingsPath = R"(Software\Ondor\Tarvik\CurrentVersion)";
 constexpr std::array<string_view, 4> OwnSettings = {"PrinterOrientation", "GMUFontSize", "CurrentPrinter",
                                                     "MatrixPrinter"};
 
-void Put(platform::MemoryRegistry& registry, string_view line) {
+void Put(memory::MemoryRegistry& registry, string_view line) {
     const std::size_t equals = line.find('=');
     if (equals == string_view::npos) {
         return;
@@ -43,7 +43,7 @@ void Put(platform::MemoryRegistry& registry, string_view line) {
     if (kind == '#') {
         registry.SetNumber(key, name, fuzz::Input(value).Take<std::uint32_t>());
     } else if (kind == '!') {
-        registry.SetBytes(key, name, platform::RegSz, value);
+        registry.SetBytes(key, name, machine::RegSz, value);
     } else {
         registry.SetText(key, name, value);
     }
@@ -98,7 +98,7 @@ void WalkThePages(wizard::frmMain& form) {
 } // namespace
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
-    platform::MemoryPlatform memory;
+    memory::MemoryPlatform memory;
     memory.clock.Set({.Year = 2026, .Month = 3, .Day = 14, .Hour = 12, .Minute = 0, .Second = 0});
     memory.random.Seed(1);
     memory.registry.CreateKey(SettingsPath);
@@ -109,16 +109,16 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
         REQUIRE(path == SettingsPath);
         REQUIRE(std::find(OwnSettings.begin(), OwnSettings.end(), name) != OwnSettings.end());
     };
-    memory.recorder.Sink = [](const platform::Event& event) { REQUIRE(event.Kind != "error"); };
+    memory.recorder.Sink = [](const memory::Event& event) { REQUIRE(event.Kind != "error"); };
     for (const char* name : {"Laser", "Inkt"}) {
-        platform::PrintQueue queue;
+        memory::PrintQueue queue;
         queue.Name = name;
         memory.InstallPrinter(queue);
     }
     User user;
     memory.desktop.OnModal = [&user](forms::Form& form) { return user.Do(form); };
 
-    wizard::AppState state;
+    state::AppState state;
     forms::Session session(memory.desktop);
     wizard::frmMain form(session, memory.Services(), state);
     form.Show();

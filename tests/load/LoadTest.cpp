@@ -1,10 +1,10 @@
 // Loads beyond what a user asks of the program: each runs to its end, and nothing is left out.
 
-#include <gtest/gtest.h>
-
 #include <set>
 #include <string>
 #include <variant>
+
+#include <gtest/gtest.h>
 
 #include "support/Allocations.h"
 #include "support/LoadedProgram.h"
@@ -50,8 +50,8 @@ TEST(Load, AllOfManyPrintersCanBeChosen) {
     constexpr int Many = 200;
     LoadedProgram program(Many);
     std::set<std::string> asked;
-    program.Memory.recorder.Sink = [&](const platform::Event& event) {
-        for (const platform::EventField& field : event.Fields) {
+    program.Memory.recorder.Sink = [&](const memory::Event& event) {
+        for (const memory::EventField& field : event.Fields) {
             if (event.Kind == "spooler" && field.Name == "printer") {
                 asked.insert(std::get<std::string>(field.Value));
             }
@@ -69,7 +69,7 @@ TEST(Load, AnOpeningAsksAsManyQuestionsWithManyPrintersAsWithOne) {
     const auto questions = [](int printers) {
         LoadedProgram program(printers);
         int count = 0;
-        program.Memory.recorder.Sink = [&](const platform::Event& event) {
+        program.Memory.recorder.Sink = [&](const memory::Event& event) {
             count += event.Kind == "spooler" ? 1 : 0;
         };
         program.OpenManager();

@@ -6,7 +6,7 @@
 #include <variant>
 #include <vector>
 
-namespace platform {
+namespace memory {
 
 /// One value of an event.
 struct EventField {
@@ -27,4 +27,4 @@ struct Event {
 
 using EventSink = std::function<void(const Event&)>;
 
-} // namespace platform
+} // namespace memory

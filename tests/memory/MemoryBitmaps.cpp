@@ -5,24 +5,24 @@
 #include "base/RuntimeError.h"
 #include "memory/MemoryCanvas.h"
 
-namespace platform {
+namespace memory {
 
 namespace {
 
 void RaiseFailure(Recorder& recorder, const char* call) {
-    const RuntimeError error = OutOfMemory();
+    const base::RuntimeError error = base::OutOfMemory();
     recorder.RaiseFailure(call, error.Number(), error.what());
 }
 
-class MemoryPage final : public OffscreenPage, private Canvas {
+class MemoryPage final : public machine::OffscreenPage, private machine::Canvas {
   public:
     MemoryPage(Recorder& recorder, double width, double height, std::shared_ptr<int> alive)
         : recorder_(recorder), canvas_(recorder, "preview"), width_(width), height_(height),
           alive_(std::move(alive)) {}
 
-    Canvas& Drawing() override { return *this; }
+    machine::Canvas& Drawing() override { return *this; }
 
-    std::shared_ptr<const PageBitmap> Image() override {
+    std::shared_ptr<const machine::PageBitmap> Image() override {
         RaiseFailure(recorder_, "Image");
         return std::make_shared<MemoryBitmap>(width_, height_, texts_, alive_);
     }
@@ -40,10 +40,10 @@ class MemoryPage final : public OffscreenPage, private Canvas {
     void Discard() override {}
 
   private:
-    TextSize MeasureText(std::string_view text, const FontSpec& font) override {
+    machine::TextSize MeasureText(std::string_view text, const machine::FontSpec& font) override {
         return canvas_.MeasureText(text, font);
     }
-    void DrawText(double x, double y, std::string_view text, const FontSpec& font) override {
+    void DrawText(double x, double y, std::string_view text, const machine::FontSpec& font) override {
         canvas_.DrawText(x, y, text, font);
         texts_.emplace_back(text);
     }
@@ -64,9 +64,9 @@ class MemoryPage final : public OffscreenPage, private Canvas {
 
 } // namespace
 
-std::unique_ptr<OffscreenPage> MemoryBitmaps::CreatePage(double width, double height) {
+std::unique_ptr<machine::OffscreenPage> MemoryBitmaps::CreatePage(double width, double height) {
     RaiseFailure(recorder_, "CreatePage");
     return std::make_unique<MemoryPage>(recorder_, width, height, alive_);
 }
 
-} // namespace platform
+} // namespace memory

@@ -8,10 +8,10 @@
 #include "machine/Bitmaps.h"
 #include "memory/Recorder.h"
 
-namespace platform {
+namespace memory {
 
 /// A page's picture in memory: what was drawn on it, as texts in the order of drawing.
-class MemoryBitmap final : public PageBitmap {
+class MemoryBitmap final : public machine::PageBitmap {
   public:
     MemoryBitmap(double width, double height, std::vector<std::string> texts, std::shared_ptr<int> alive)
         : width_(width), height_(height), texts_(std::move(texts)), alive_(std::move(alive)) {}
@@ -30,11 +30,11 @@ class MemoryBitmap final : public PageBitmap {
 
 /// Off-screen pages that record what is drawn on them, as events of the surface "preview". Taking the picture
 /// (`Image`) and making a page (`CreatePage`) can be made to fail.
-class MemoryBitmaps final : public Bitmaps {
+class MemoryBitmaps final : public machine::Bitmaps {
   public:
     explicit MemoryBitmaps(Recorder& recorder) : recorder_(recorder), alive_(std::make_shared<int>(0)) {}
 
-    std::unique_ptr<OffscreenPage> CreatePage(double width, double height) override;
+    std::unique_ptr<machine::OffscreenPage> CreatePage(double width, double height) override;
 
     /// Number of pages and pictures that stand.
     std::size_t Alive() const { return static_cast<std::size_t>(alive_.use_count() - 1); }
@@ -44,4 +44,4 @@ class MemoryBitmaps final : public Bitmaps {
     std::shared_ptr<int> alive_;
 };
 
-} // namespace platform
+} // namespace memory

@@ -3,7 +3,7 @@
 #include "base/RuntimeError.h"
 #include "base/Text.h"
 
-namespace platform {
+namespace memory {
 
 namespace {
 constexpr double CharWidthPerPoint = 10;
@@ -12,14 +12,15 @@ constexpr double LineHeightPerPoint = 24;
 constexpr const char* PrinterError = "Printer error";
 } // namespace
 
-TextSize MemoryCanvas::MeasureText(std::string_view text, const FontSpec& font) {
-    recorder_.RaiseFailure("MeasureText", ErrorPrinter, PrinterError);
+machine::TextSize MemoryCanvas::MeasureText(std::string_view text, const machine::FontSpec& font) {
+    recorder_.RaiseFailure("MeasureText", base::ErrorPrinter, PrinterError);
     const double charWidth = font.Bold ? BoldCharWidthPerPoint : CharWidthPerPoint;
-    return {static_cast<double>(text::Length(text)) * charWidth * font.Size, LineHeightPerPoint * font.Size};
+    return {static_cast<double>(base::text::Length(text)) * charWidth * font.Size,
+            LineHeightPerPoint * font.Size};
 }
 
-void MemoryCanvas::DrawText(double x, double y, std::string_view text, const FontSpec& font) {
-    recorder_.RaiseFailure("DrawText", ErrorPrinter, PrinterError);
+void MemoryCanvas::DrawText(double x, double y, std::string_view text, const machine::FontSpec& font) {
+    recorder_.RaiseFailure("DrawText", base::ErrorPrinter, PrinterError);
     if (!text.empty()) {
         recorder_.Record({"text",
                           {{"surface", surface_},
@@ -34,7 +35,7 @@ void MemoryCanvas::DrawText(double x, double y, std::string_view text, const Fon
 }
 
 void MemoryCanvas::DrawLine(double x1, double y1, double x2, double y2, std::int32_t colour) {
-    recorder_.RaiseFailure("DrawLine", ErrorPrinter, PrinterError);
+    recorder_.RaiseFailure("DrawLine", base::ErrorPrinter, PrinterError);
     recorder_.Record({"line",
                       {{"surface", surface_},
                        {"page", page_},
@@ -46,15 +47,15 @@ void MemoryCanvas::DrawLine(double x1, double y1, double x2, double y2, std::int
 }
 
 void MemoryCanvas::NewPage() {
-    recorder_.RaiseFailure("NewPage", ErrorPrinter, PrinterError);
+    recorder_.RaiseFailure("NewPage", base::ErrorPrinter, PrinterError);
     ++page_;
     recorder_.Record({"page", {{"surface", surface_}, {"page", page_}}});
 }
 
 void MemoryCanvas::EndDocument() {
-    recorder_.RaiseFailure("EndDocument", ErrorPrinter, PrinterError);
+    recorder_.RaiseFailure("EndDocument", base::ErrorPrinter, PrinterError);
     page_ = 1;
     recorder_.Record({"end", {{"surface", surface_}}});
 }
 
-} // namespace platform
+} // namespace memory

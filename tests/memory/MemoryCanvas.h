@@ -5,19 +5,19 @@
 #include "machine/Canvas.h"
 #include "memory/Recorder.h"
 
-namespace platform {
+namespace memory {
 
 /// A surface that records what is drawn on it. Every font has the same measures, so positions in a test can
 /// be worked out by hand: a character is 10 twips wide for each point of size (11 if bold), a line 24 twips
 /// high.
-class MemoryCanvas final : public Canvas {
+class MemoryCanvas final : public machine::Canvas {
   public:
     /// `surface` names it in the events: "printer" or "preview".
     MemoryCanvas(Recorder& recorder, std::string surface)
         : recorder_(recorder), surface_(std::move(surface)) {}
 
-    TextSize MeasureText(std::string_view text, const FontSpec& font) override;
-    void DrawText(double x, double y, std::string_view text, const FontSpec& font) override;
+    machine::TextSize MeasureText(std::string_view text, const machine::FontSpec& font) override;
+    void DrawText(double x, double y, std::string_view text, const machine::FontSpec& font) override;
     void DrawLine(double x1, double y1, double x2, double y2, std::int32_t colour) override;
     void NewPage() override;
     void EndDocument() override;
@@ -34,4 +34,4 @@ class MemoryCanvas final : public Canvas {
     int page_ = 1;
 };
 
-} // namespace platform
+} // namespace memory

@@ -3,9 +3,9 @@
 #include <chrono>
 #include <ctime>
 
-namespace platform {
+namespace memory {
 
-DateTime MemoryClock::Now() const {
+machine::DateTime MemoryClock::Now() const {
     if (moment_) {
         return *moment_;
     }
@@ -23,4 +23,4 @@ DateTime MemoryClock::Now() const {
             static_cast<int>(milliseconds)};
 }
 
-} // namespace platform
+} // namespace memory

@@ -4,17 +4,17 @@
 
 #include "machine/Clock.h"
 
-namespace platform {
+namespace memory {
 
 /// A clock that stands where it is set, and the machine's own until then.
-class MemoryClock final : public Clock {
+class MemoryClock final : public machine::Clock {
   public:
-    DateTime Now() const override;
+    machine::DateTime Now() const override;
 
-    void Set(const DateTime& moment) { moment_ = moment; }
+    void Set(const machine::DateTime& moment) { moment_ = moment; }
 
   private:
-    std::optional<DateTime> moment_;
+    std::optional<machine::DateTime> moment_;
 };
 
-} // namespace platform
+} // namespace memory

@@ -7,7 +7,7 @@
 #include "forms/FormPeer.h"
 #include "forms/ProgressBar.h"
 
-namespace platform {
+namespace memory {
 
 namespace {
 
@@ -50,13 +50,13 @@ class MemoryPeer final : public forms::FormPeer {
     std::unordered_map<const forms::Control*, std::uintptr_t> handles_;
 };
 
-const char* IconName(MessageIcon icon) {
+const char* IconName(forms::MessageIcon icon) {
     switch (icon) {
-    case MessageIcon::Information:
+    case forms::MessageIcon::Information:
         return "information";
-    case MessageIcon::Exclamation:
+    case forms::MessageIcon::Exclamation:
         return "exclamation";
-    case MessageIcon::Critical:
+    case forms::MessageIcon::Critical:
         break;
     }
     return "critical";
@@ -65,7 +65,7 @@ const char* IconName(MessageIcon icon) {
 } // namespace
 
 std::unique_ptr<forms::FormPeer> MemoryDesktop::CreatePeer(forms::Form& form) {
-    const RuntimeError error = OutOfMemory();
+    const base::RuntimeError error = base::OutOfMemory();
     recorder_.RaiseFailure("CreatePeer", error.Number(), error.what());
     return std::make_unique<MemoryPeer>(recorder_, *this, form, NewHandle());
 }
@@ -92,7 +92,7 @@ void MemoryDesktop::Yield() {
     }
 }
 
-void MemoryDesktop::MsgBox(const std::string& text, MessageIcon icon, const std::string& title) {
+void MemoryDesktop::MsgBox(const std::string& text, forms::MessageIcon icon, const std::string& title) {
     messages_.push_back({text, icon, title});
     recorder_.Record({"message", {{"icon", IconName(icon)}, {"title", title}, {"text", text}}});
 }
@@ -106,7 +106,7 @@ void MemoryDesktop::SetMousePointer(int pointer) {
     recorder_.Record({"mouse", {{"pointer", pointer}}});
 }
 
-void MemoryDesktop::UnhandledError(const RuntimeError& error) {
+void MemoryDesktop::UnhandledError(const base::RuntimeError& error) {
     recorder_.Record({"error", {{"number", error.Number()}, {"description", error.Description()}}});
 }
 
@@ -115,4 +115,4 @@ void MemoryDesktop::SetWorkArea(double width, double height) {
     height_ = height;
 }
 
-} // namespace platform
+} // namespace memory

@@ -14,12 +14,12 @@ class Control;
 enum class Aspect;
 } // namespace forms
 
-namespace platform {
+namespace memory {
 
 /// A message box as the user saw it.
 struct ShownMessage {
     std::string Text;
-    MessageIcon Icon = MessageIcon::Information;
+    forms::MessageIcon Icon = forms::MessageIcon::Information;
     std::string Title;
 
     bool operator==(const ShownMessage&) const = default;
@@ -27,7 +27,7 @@ struct ShownMessage {
 
 /// A desktop without a screen. Forms are recorded as they come and go; message boxes are recorded and
 /// answered at once; what the user does inside a modal form is asked of the test.
-class MemoryDesktop final : public Desktop {
+class MemoryDesktop final : public forms::Desktop {
   public:
     explicit MemoryDesktop(Recorder& recorder) : recorder_(recorder) {}
 
@@ -45,13 +45,13 @@ class MemoryDesktop final : public Desktop {
     std::unique_ptr<forms::FormPeer> CreatePeer(forms::Form& form) override;
     void RunModal(forms::Form& form) override;
     void Yield() override;
-    void MsgBox(const std::string& text, MessageIcon icon, const std::string& title) override;
+    void MsgBox(const std::string& text, forms::MessageIcon icon, const std::string& title) override;
     std::int16_t GetKeyState(int virtualKey) override;
     void SetMousePointer(int pointer) override;
     void LockWindowUpdate(std::uintptr_t window) override { lockedWindow_ = window; }
-    ScreenArea Screen() override { return {0, 0, width_, height_}; }
-    ScreenArea WorkArea() override { return Screen(); }
-    void UnhandledError(const RuntimeError& error) override;
+    forms::ScreenArea Screen() override { return {0, 0, width_, height_}; }
+    forms::ScreenArea WorkArea() override { return Screen(); }
+    void UnhandledError(const base::RuntimeError& error) override;
 
     void PressKey(int virtualKey) { keysDown_.insert(virtualKey); }
     void ReleaseKey(int virtualKey) { keysDown_.erase(virtualKey); }
@@ -78,10 +78,10 @@ class MemoryDesktop final : public Desktop {
     std::vector<ShownMessage> messages_;
     std::uintptr_t lockedWindow_ = 0;
     std::uintptr_t lastHandle_ = 0;
-    int pointer_ = PointerDefault;
+    int pointer_ = forms::PointerDefault;
     int yields_ = 0;
     double width_ = 19200;
     double height_ = 10800;
 };
 
-} // namespace platform
+} // namespace memory

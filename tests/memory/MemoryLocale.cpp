@@ -3,7 +3,7 @@
 #include <array>
 #include <cstring>
 
-namespace platform {
+namespace memory {
 
 namespace {
 constexpr char EuroInCodePage = '\x80';
@@ -18,14 +18,14 @@ std::int32_t MemoryLocale::GetLocaleInfoA(std::int32_t /*locale*/, std::int32_t 
     }
     std::string text;
     switch (item) {
-    case LocaleCurrencySymbol:
+    case machine::LocaleCurrencySymbol:
         text = EuroInCodePage;
         break;
-    case LocaleDecimal:
-    case LocaleMonetaryDecimal:
+    case machine::LocaleDecimal:
+    case machine::LocaleMonetaryDecimal:
         text = decimalMark_;
         break;
-    case LocaleMonetaryThousand:
+    case machine::LocaleMonetaryThousand:
         text = decimalMark_ == ',' ? '.' : ',';
         break;
     default:
@@ -46,4 +46,4 @@ std::string MemoryLocale::ShortMonthName(int month) {
     return month >= 1 && month <= 12 ? Months[static_cast<std::size_t>(month - 1)] : "";
 }
 
-} // namespace platform
+} // namespace memory

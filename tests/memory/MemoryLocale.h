@@ -3,10 +3,10 @@
 #include "machine/Locale.h"
 #include "memory/Recorder.h"
 
-namespace platform {
+namespace memory {
 
 /// The regional settings of a Dutch user, with a decimal mark that can be changed.
-class MemoryLocale final : public Locale {
+class MemoryLocale final : public machine::Locale {
   public:
     explicit MemoryLocale(Recorder& recorder) : recorder_(recorder) {}
 
@@ -24,4 +24,4 @@ class MemoryLocale final : public Locale {
     char decimalMark_ = ',';
 };
 
-} // namespace platform
+} // namespace memory

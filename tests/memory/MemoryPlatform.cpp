@@ -2,7 +2,7 @@
 
 #include <utility>
 
-namespace platform {
+namespace memory {
 
 MemoryPlatform::MemoryPlatform() {
     registry.ShouldFail = [this](const char* call) { return recorder.TakeFailure(call); };
@@ -21,4 +21,4 @@ PrintQueue& MemoryPlatform::InstallPrinter(PrintQueue queue) {
     return installed;
 }
 
-} // namespace platform
+} // namespace memory

@@ -12,7 +12,7 @@
 #include "memory/MemorySpooler.h"
 #include "memory/Recorder.h"
 
-namespace platform {
+namespace memory {
 
 /// A whole platform that touches nothing outside the process: tests, scenarios and benchmarks run the program
 /// on it, see everything that it does as events, and let calls of the machine fail. It starts as a Dutch
@@ -23,7 +23,7 @@ class MemoryPlatform {
     MemoryPlatform(const MemoryPlatform&) = delete;
     MemoryPlatform& operator=(const MemoryPlatform&) = delete;
 
-    platform::Platform& Services() { return services_; }
+    machine::Platform& Services() { return services_; }
 
     /// Adds a printer; the first becomes the system's default and the current one.
     PrintQueue& InstallPrinter(PrintQueue queue);
@@ -40,8 +40,8 @@ class MemoryPlatform {
     MemoryBitmaps bitmaps{recorder};
 
   private:
-    platform::Platform services_{desktop, registry, locale,  clock,   random,
-                                 spooler, printers, printer, bitmaps, desktop.Windows()};
+    machine::Platform services_{desktop, registry, locale,  clock,   random,
+                                spooler, printers, printer, bitmaps, desktop.Windows()};
 };
 
-} // namespace platform
+} // namespace memory

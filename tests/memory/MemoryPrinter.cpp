@@ -2,7 +2,7 @@
 
 #include "base/RuntimeError.h"
 
-namespace platform {
+namespace memory {
 
 namespace {
 constexpr double OwnFontSize = 12;
@@ -14,7 +14,7 @@ constexpr const char* PrinterError = "Printer error";
 
 PrintQueue& MemoryPrinter::Current() {
     if (index_ < 0) {
-        throw RuntimeError(ErrorPrinter, PrinterError);
+        throw base::RuntimeError(base::ErrorPrinter, PrinterError);
     }
     return printers_.Queue(index_);
 }
@@ -33,7 +33,7 @@ void MemoryPrinter::TakeDefault() {
 }
 
 void MemoryPrinter::Assign(int index) {
-    recorder_.RaiseFailure("Printer", ErrorPrinter, PrinterError);
+    recorder_.RaiseFailure("Printer", base::ErrorPrinter, PrinterError);
     Take(index);
     recorder_.Record(
         {"set", {{"object", "Printer"}, {"property", "Printer"}, {"value", printers_.Queue(index).Name}}});
@@ -44,7 +44,7 @@ void MemoryPrinter::RecordSet(const char* property, std::int16_t value) {
 }
 
 std::string MemoryPrinter::DeviceName() {
-    recorder_.RaiseFailure("DeviceName", ErrorPrinter, PrinterError);
+    recorder_.RaiseFailure("DeviceName", base::ErrorPrinter, PrinterError);
     return Current().Name;
 }
 
@@ -54,15 +54,16 @@ std::string MemoryPrinter::Port() {
 
 std::int16_t MemoryPrinter::Orientation() {
     Current();
-    recorder_.RaiseFailure("ReadOrientation", ErrorPrinter, PrinterError);
+    recorder_.RaiseFailure("ReadOrientation", base::ErrorPrinter, PrinterError);
     return settings_.Orientation;
 }
 
 void MemoryPrinter::SetOrientation(std::int16_t orientation) {
     Current();
-    recorder_.RaiseFailure("Orientation", ErrorInvalidPropertyValue, InvalidPropertyValue().what());
+    recorder_.RaiseFailure("Orientation", base::ErrorInvalidPropertyValue,
+                           base::InvalidPropertyValue().what());
     if (orientation != Portrait && orientation != Landscape) {
-        throw InvalidPropertyValue();
+        throw base::InvalidPropertyValue();
     }
     settings_.Orientation = orientation;
     RecordSet("Orientation", orientation);
@@ -70,33 +71,33 @@ void MemoryPrinter::SetOrientation(std::int16_t orientation) {
 
 std::int16_t MemoryPrinter::PaperSize() {
     Current();
-    recorder_.RaiseFailure("ReadPaperSize", ErrorPrinter, PrinterError);
+    recorder_.RaiseFailure("ReadPaperSize", base::ErrorPrinter, PrinterError);
     return settings_.PaperSize;
 }
 
 void MemoryPrinter::SetPaperSize(std::int16_t paper) {
     Current();
-    recorder_.RaiseFailure("PaperSize", ErrorInvalidPropertyValue, InvalidPropertyValue().what());
+    recorder_.RaiseFailure("PaperSize", base::ErrorInvalidPropertyValue, base::InvalidPropertyValue().what());
     settings_.PaperSize = paper;
     RecordSet("PaperSize", paper);
 }
 
 std::int16_t MemoryPrinter::PaperBin() {
     Current();
-    recorder_.RaiseFailure("ReadPaperBin", ErrorPrinter, PrinterError);
+    recorder_.RaiseFailure("ReadPaperBin", base::ErrorPrinter, PrinterError);
     return settings_.DefaultSource;
 }
 
 void MemoryPrinter::SetPaperBin(std::int16_t bin) {
     Current();
-    recorder_.RaiseFailure("PaperBin", ErrorInvalidPropertyValue, InvalidPropertyValue().what());
+    recorder_.RaiseFailure("PaperBin", base::ErrorInvalidPropertyValue, base::InvalidPropertyValue().what());
     settings_.DefaultSource = bin;
     RecordSet("PaperBin", bin);
 }
 
 std::int16_t MemoryPrinter::Copies() {
     Current();
-    recorder_.RaiseFailure("Copies", ErrorPrinter, PrinterError);
+    recorder_.RaiseFailure("Copies", base::ErrorPrinter, PrinterError);
     return settings_.Copies;
 }
 
@@ -109,50 +110,50 @@ double MemoryPrinter::Twips(int dots) {
 }
 
 double MemoryPrinter::Width() {
-    recorder_.RaiseFailure("Width", ErrorPrinter, PrinterError);
+    recorder_.RaiseFailure("Width", base::ErrorPrinter, PrinterError);
     return Twips(Turned(Current().Sheet).X);
 }
 
 double MemoryPrinter::Height() {
-    recorder_.RaiseFailure("Height", ErrorPrinter, PrinterError);
+    recorder_.RaiseFailure("Height", base::ErrorPrinter, PrinterError);
     return Twips(Turned(Current().Sheet).Y);
 }
 
 double MemoryPrinter::ScaleLeft() {
     Current();
-    recorder_.RaiseFailure("ScaleLeft", ErrorPrinter, PrinterError);
+    recorder_.RaiseFailure("ScaleLeft", base::ErrorPrinter, PrinterError);
     return 0;
 }
 
 double MemoryPrinter::ScaleTop() {
     Current();
-    recorder_.RaiseFailure("ScaleTop", ErrorPrinter, PrinterError);
+    recorder_.RaiseFailure("ScaleTop", base::ErrorPrinter, PrinterError);
     return 0;
 }
 
 double MemoryPrinter::ScaleWidth() {
-    recorder_.RaiseFailure("ScaleWidth", ErrorPrinter, PrinterError);
+    recorder_.RaiseFailure("ScaleWidth", base::ErrorPrinter, PrinterError);
     return Twips(Turned(Current().Printable).X);
 }
 
 double MemoryPrinter::ScaleHeight() {
-    recorder_.RaiseFailure("ScaleHeight", ErrorPrinter, PrinterError);
+    recorder_.RaiseFailure("ScaleHeight", base::ErrorPrinter, PrinterError);
     return Twips(Turned(Current().Printable).Y);
 }
 
 int MemoryPrinter::GetDeviceCaps(int item) {
-    recorder_.RaiseFailure("GetDeviceCaps", ErrorPrinter, PrinterError);
+    recorder_.RaiseFailure("GetDeviceCaps", base::ErrorPrinter, PrinterError);
     switch (item) {
-    case CapsLogPixelsX:
-    case CapsLogPixelsY:
+    case machine::CapsLogPixelsX:
+    case machine::CapsLogPixelsY:
         return Current().Dpi;
-    case CapsPhysicalOffsetX:
+    case machine::CapsPhysicalOffsetX:
         return Turned(Current().Offset).X;
-    case CapsPhysicalOffsetY:
+    case machine::CapsPhysicalOffsetY:
         return Turned(Current().Offset).Y;
     default:
         return 0;
     }
 }
 
-} // namespace platform
+} // namespace memory

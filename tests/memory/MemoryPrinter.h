@@ -3,12 +3,12 @@
 #include "memory/MemoryCanvas.h"
 #include "memory/MemoryPrinters.h"
 
-namespace platform {
+namespace memory {
 
 /// The current printer of the memory platform: the first that is installed, until another is assigned. Each
 /// assignment and each property that is written is an event. Without a printer every member raises
 /// ErrorPrinter.
-class MemoryPrinter final : public Printer {
+class MemoryPrinter final : public machine::Printer {
   public:
     MemoryPrinter(Recorder& recorder, MemoryPrinters& printers)
         : recorder_(recorder), printers_(printers), page_(recorder, "printer") {}
@@ -35,7 +35,7 @@ class MemoryPrinter final : public Printer {
 
     void SetDocumentTitle(const std::string& title) override { documentTitle_ = title; }
     void Abandon() override { page_.Abandon(); }
-    Canvas& Page() override { return page_; }
+    machine::Canvas& Page() override { return page_; }
 
     /// Makes the first installed printer the current one, if there is one: what a program finds at its start.
     /// No event.
@@ -60,4 +60,4 @@ class MemoryPrinter final : public Printer {
     std::string documentTitle_;
 };
 
-} // namespace platform
+} // namespace memory

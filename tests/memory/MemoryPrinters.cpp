@@ -5,26 +5,26 @@
 
 #include "base/RuntimeError.h"
 
-namespace platform {
+namespace memory {
 
 PrintQueue& MemoryPrinters::Install(PrintQueue queue) {
     return queues_.emplace_back(std::move(queue));
 }
 
 int MemoryPrinters::Count() {
-    recorder_.RaiseFailure("Printers", ErrorPrinter, "Printer error");
+    recorder_.RaiseFailure("Printers", base::ErrorPrinter, "Printer error");
     return static_cast<int>(queues_.size());
 }
 
-PrinterEntry MemoryPrinters::Item(int index) {
-    recorder_.RaiseFailure("Item", ErrorPrinter, "Printer error");
+machine::PrinterEntry MemoryPrinters::Item(int index) {
+    recorder_.RaiseFailure("Item", base::ErrorPrinter, "Printer error");
     const PrintQueue& queue = Queue(index);
     return {queue.Name, queue.Port};
 }
 
 PrintQueue& MemoryPrinters::Queue(int index) {
     if (index < 0 || index >= static_cast<int>(queues_.size())) {
-        throw SubscriptOutOfRange();
+        throw base::SubscriptOutOfRange();
     }
     return queues_[static_cast<std::size_t>(index)];
 }
@@ -35,4 +35,4 @@ PrintQueue* MemoryPrinters::Find(const std::string& name) {
     return found == queues_.end() ? nullptr : &*found;
 }
 
-} // namespace platform
+} // namespace memory

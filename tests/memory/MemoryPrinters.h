@@ -6,10 +6,10 @@
 #include "memory/PrintQueue.h"
 #include "memory/Recorder.h"
 
-namespace platform {
+namespace memory {
 
 /// The printers that a test has installed. The first one is the system's default.
-class MemoryPrinters final : public Printers {
+class MemoryPrinters final : public machine::Printers {
   public:
     explicit MemoryPrinters(Recorder& recorder) : recorder_(recorder) {}
 
@@ -18,7 +18,7 @@ class MemoryPrinters final : public Printers {
     bool Empty() const { return queues_.empty(); }
 
     int Count() override;
-    PrinterEntry Item(int index) override;
+    machine::PrinterEntry Item(int index) override;
 
     /// The printer's own record; ErrorSubscriptOutOfRange outside 0 to Count() - 1.
     PrintQueue& Queue(int index);
@@ -30,4 +30,4 @@ class MemoryPrinters final : public Printers {
     std::deque<PrintQueue> queues_; // references stay good while printers are added
 };
 
-} // namespace platform
+} // namespace memory

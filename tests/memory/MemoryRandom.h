@@ -5,14 +5,14 @@
 #include "machine/RandomSource.h"
 #include "machine/SeededRandom.h"
 
-namespace platform {
+namespace memory {
 
 /// The generator of a test. Once it has been given a seed it draws one series from it, and the seeds that the
 /// program takes from the clock change nothing.
-class MemoryRandom final : public RandomSource {
+class MemoryRandom final : public machine::RandomSource {
   public:
     void Seed(std::uint64_t seed) {
-        generator_ = SeededRandom(seed);
+        generator_ = machine::SeededRandom(seed);
         seeded_ = true;
     }
 
@@ -24,8 +24,8 @@ class MemoryRandom final : public RandomSource {
     double Rnd() override { return generator_.Rnd(); }
 
   private:
-    SeededRandom generator_;
+    machine::SeededRandom generator_;
     bool seeded_ = false;
 };
 
-} // namespace platform
+} // namespace memory

@@ -1,22 +1,22 @@
 #include "memory/MemoryRegistry.h"
 
+#include <utility>
+
 #include "base/Text.h"
 #include "machine/modRegistry.h"
 
-#include <utility>
-
-namespace platform {
+namespace memory {
 namespace {
 
 std::string CurrentUserPath() {
-    return modRegistry::RootKeyName(HkeyCurrentUser) + '\\';
+    return machine::modRegistry::RootKeyName(machine::HkeyCurrentUser) + '\\';
 }
 
 /// A full path in the one form that it is stored under.
 std::string FoldedPath(const std::string& fullPath) {
     std::string result;
-    for (const std::string_view name : KeyNames(fullPath)) {
-        result.append(result.empty() ? "" : "\\").append(FoldedName(name));
+    for (const std::string_view name : machine::KeyNames(fullPath)) {
+        result.append(result.empty() ? "" : "\\").append(machine::FoldedName(name));
     }
     return result;
 }
@@ -27,21 +27,22 @@ std::string BelowCurrentUser(const std::string& fullPath) {
 }
 
 std::string WithoutClosingNul(std::string_view bytes) {
-    return text::FromCodePage(bytes.ends_with('\0') ? bytes.substr(0, bytes.size() - 1) : bytes);
+    return base::text::FromCodePage(bytes.ends_with('\0') ? bytes.substr(0, bytes.size() - 1) : bytes);
 }
 
 } // namespace
 
 MemoryRegistry::MemoryRegistry() {
-    for (const RegistryKey root : {HkeyClassesRoot, HkeyCurrentUser, HkeyLocalMachine, HkeyUsers}) {
-        values_.try_emplace(modRegistry::RootKeyName(root));
+    for (const machine::RegistryKey root : {machine::HkeyClassesRoot, machine::HkeyCurrentUser,
+                                            machine::HkeyLocalMachine, machine::HkeyUsers}) {
+        values_.try_emplace(machine::modRegistry::RootKeyName(root));
     }
 }
 
 void MemoryRegistry::CreateKey(const std::string& path) {
     std::string above;
     const std::string folded = FoldedPath(CurrentUserPath() + path);
-    for (const std::string_view name : KeyNames(folded)) {
+    for (const std::string_view name : machine::KeyNames(folded)) {
         above.append(above.empty() ? "" : "\\").append(name);
         values_.try_emplace(above);
     }
@@ -59,7 +60,7 @@ bool MemoryRegistry::HasKey(const std::string& path) const {
 }
 
 void MemoryRegistry::SetText(const std::string& path, const std::string& name, const std::string& text) {
-    SetBytes(path, name, RegSz, text::ToCodePage(text) + '\0');
+    SetBytes(path, name, machine::RegSz, base::text::ToCodePage(text) + '\0');
 }
 
 void MemoryRegistry::SetNumber(const std::string& path, const std::string& name, std::uint32_t number) {
@@ -67,19 +68,19 @@ void MemoryRegistry::SetNumber(const std::string& path, const std::string& name,
     for (unsigned shift = 0; shift < 32; shift += 8) {
         bytes.push_back(static_cast<char>((number >> shift) & 0xFFU));
     }
-    SetBytes(path, name, RegDword, bytes);
+    SetBytes(path, name, machine::RegDword, bytes);
 }
 
 void MemoryRegistry::SetBytes(const std::string& path, const std::string& name, std::uint32_t type,
                               std::string_view bytes) {
     CreateKey(path);
-    values_[FoldedPath(CurrentUserPath() + path)][FoldedName(name)] = {type, std::string(bytes)};
+    values_[FoldedPath(CurrentUserPath() + path)][machine::FoldedName(name)] = {type, std::string(bytes)};
 }
 
 std::optional<std::string> MemoryRegistry::Text(const std::string& path, const std::string& name) const {
     const Value* const value = Find(CurrentUserPath() + path, name);
-    return value == nullptr || value->type != RegSz ? std::nullopt
-                                                    : std::optional(WithoutClosingNul(value->bytes));
+    return value == nullptr || value->type != machine::RegSz ? std::nullopt
+                                                             : std::optional(WithoutClosingNul(value->bytes));
 }
 
 const MemoryRegistry::Value* MemoryRegistry::Find(const std::string& fullPath,
@@ -88,74 +89,76 @@ const MemoryRegistry::Value* MemoryRegistry::Find(const std::string& fullPath,
     if (key == values_.end()) {
         return nullptr;
     }
-    const auto value = key->second.find(FoldedName(name));
+    const auto value = key->second.find(machine::FoldedName(name));
     return value == key->second.end() ? nullptr : &value->second;
 }
 
-std::int32_t MemoryRegistry::RegOpenKeyA(RegistryKey root, const std::string& path, RegistryKey& key) {
+std::int32_t MemoryRegistry::RegOpenKeyA(machine::RegistryKey root, const std::string& path,
+                                         machine::RegistryKey& key) {
     if (Fails("RegOpenKeyA")) {
-        return RegAccessDenied;
+        return machine::RegAccessDenied;
     }
     const std::optional<std::string> above = keys_.PathOf(root);
     if (!above) {
-        return RegInvalidHandle;
+        return machine::RegInvalidHandle;
     }
-    std::string full = *above + '\\' + text::FromCodePage(UpToNul(path));
+    std::string full = *above + '\\' + base::text::FromCodePage(machine::UpToNul(path));
     if (!values_.contains(FoldedPath(full))) {
-        return RegFileNotFound;
+        return machine::RegFileNotFound;
     }
     key = keys_.Open(std::move(full));
-    return RegSuccess;
+    return machine::RegSuccess;
 }
 
-std::int32_t MemoryRegistry::RegCloseKey(RegistryKey key) {
+std::int32_t MemoryRegistry::RegCloseKey(machine::RegistryKey key) {
     if (Fails("RegCloseKey")) {
-        return RegAccessDenied;
+        return machine::RegAccessDenied;
     }
-    return keys_.Close(key) ? RegSuccess : RegInvalidHandle;
+    return keys_.Close(key) ? machine::RegSuccess : machine::RegInvalidHandle;
 }
 
-std::int32_t MemoryRegistry::RegQueryValueExA(RegistryKey key, const std::string& name, std::uint32_t& type,
-                                              char* data, std::uint32_t& size) {
+std::int32_t MemoryRegistry::RegQueryValueExA(machine::RegistryKey key, const std::string& name,
+                                              std::uint32_t& type, char* data, std::uint32_t& size) {
     if (Fails("RegQueryValueExA")) {
-        return RegAccessDenied;
+        return machine::RegAccessDenied;
     }
     const std::optional<std::string> path = keys_.PathOf(key);
     if (!path) {
-        return RegInvalidHandle;
+        return machine::RegInvalidHandle;
     }
-    const Value* const value = Find(*path, text::FromCodePage(UpToNul(name)));
+    const Value* const value = Find(*path, base::text::FromCodePage(machine::UpToNul(name)));
     if (value == nullptr) {
-        return RegFileNotFound;
+        return machine::RegFileNotFound;
     }
     type = value->type;
-    return AnswerQuery(value->bytes, data, size);
+    return machine::AnswerQuery(value->bytes, data, size);
 }
 
-std::int32_t MemoryRegistry::RegSetValueExA(RegistryKey key, const std::string& name, std::uint32_t type,
-                                            std::string_view bytes) {
-    const std::int32_t result = Fails("RegSetValueExA")
-                                    ? RegAccessDenied
-                                    : Write(key, text::FromCodePage(UpToNul(name)), type, bytes);
+std::int32_t MemoryRegistry::RegSetValueExA(machine::RegistryKey key, const std::string& name,
+                                            std::uint32_t type, std::string_view bytes) {
+    const std::int32_t result =
+        Fails("RegSetValueExA") ? machine::RegAccessDenied
+                                : Write(key, base::text::FromCodePage(machine::UpToNul(name)), type, bytes);
     if (OnWrite) {
-        OnWrite(BelowCurrentUser(keys_.PathOf(key).value_or("")), text::FromCodePage(UpToNul(name)),
-                WithoutClosingNul(bytes), result == RegSuccess);
+        OnWrite(BelowCurrentUser(keys_.PathOf(key).value_or("")),
+                base::text::FromCodePage(machine::UpToNul(name)), WithoutClosingNul(bytes),
+                result == machine::RegSuccess);
     }
     return result;
 }
 
-std::int32_t MemoryRegistry::Write(RegistryKey key, const std::string& name, std::uint32_t type,
+std::int32_t MemoryRegistry::Write(machine::RegistryKey key, const std::string& name, std::uint32_t type,
                                    std::string_view bytes) {
     const std::optional<std::string> path = keys_.PathOf(key);
     if (!path) {
-        return RegInvalidHandle;
+        return machine::RegInvalidHandle;
     }
     const auto found = values_.find(FoldedPath(*path));
     if (found == values_.end()) {
-        return RegFileNotFound;
+        return machine::RegFileNotFound;
     }
-    found->second[FoldedName(name)] = {type, std::string(bytes)};
-    return RegSuccess;
+    found->second[machine::FoldedName(name)] = {type, std::string(bytes)};
+    return machine::RegSuccess;
 }
 
-} // namespace platform
+} // namespace memory

@@ -1,8 +1,5 @@
 #pragma once
 
-#include "machine/Registry.h"
-#include "machine/RegistryKeys.h"
-
 #include <cstddef>
 #include <cstdint>
 #include <functional>
@@ -11,11 +8,14 @@
 #include <string>
 #include <string_view>
 
-namespace platform {
+#include "machine/Registry.h"
+#include "machine/RegistryKeys.h"
+
+namespace memory {
 
 /// A registry that lives in memory and answers as the real one does. The paths of its own operations are
 /// those below the current user's root ("Software\Ondor"); texts are UTF-8. The other roots are empty.
-class MemoryRegistry : public Registry {
+class MemoryRegistry : public machine::Registry {
   public:
     MemoryRegistry();
 
@@ -48,26 +48,28 @@ class MemoryRegistry : public Registry {
     /// RegAccessDenied.
     std::function<bool(const char* call)> ShouldFail;
 
-    std::int32_t RegOpenKeyA(RegistryKey root, const std::string& path, RegistryKey& key) override;
-    std::int32_t RegCloseKey(RegistryKey key) override;
-    std::int32_t RegQueryValueExA(RegistryKey key, const std::string& name, std::uint32_t& type, char* data,
-                                  std::uint32_t& size) override;
-    std::int32_t RegSetValueExA(RegistryKey key, const std::string& name, std::uint32_t type,
+    std::int32_t RegOpenKeyA(machine::RegistryKey root, const std::string& path,
+                             machine::RegistryKey& key) override;
+    std::int32_t RegCloseKey(machine::RegistryKey key) override;
+    std::int32_t RegQueryValueExA(machine::RegistryKey key, const std::string& name, std::uint32_t& type,
+                                  char* data, std::uint32_t& size) override;
+    std::int32_t RegSetValueExA(machine::RegistryKey key, const std::string& name, std::uint32_t type,
                                 std::string_view bytes) override;
 
   private:
     struct Value {
-        std::uint32_t type = RegNone;
+        std::uint32_t type = machine::RegNone;
         std::string bytes;
     };
     using Values = std::map<std::string, Value>;
 
     bool Fails(const char* call) const { return ShouldFail && ShouldFail(call); }
-    std::int32_t Write(RegistryKey key, const std::string& name, std::uint32_t type, std::string_view bytes);
+    std::int32_t Write(machine::RegistryKey key, const std::string& name, std::uint32_t type,
+                       std::string_view bytes);
     const Value* Find(const std::string& fullPath, const std::string& name) const;
 
     std::map<std::string, Values> values_; // by full path, folded
-    OpenRegistryKeys keys_;
+    machine::OpenRegistryKeys keys_;
 };
 
-} // namespace platform
+} // namespace memory

@@ -8,7 +8,7 @@
 
 #include "base/Text.h"
 
-namespace platform {
+namespace memory {
 
 namespace {
 
@@ -23,15 +23,15 @@ using FullDevMode = std::vector<char>;
 
 /// Copies a text into a field of fixed size; a text that fills it has no closing NUL.
 void PutName(char* field, std::size_t size, const std::string& name) {
-    const std::string bytes = text::ToCodePage(name);
+    const std::string bytes = base::text::ToCodePage(name);
     std::fill_n(field, size, '\0');
     std::copy_n(bytes.begin(), std::min(size, bytes.size()), field);
 }
 
 FullDevMode StoredDevMode(const PrintQueue& queue) {
-    DEVMODE mode{};
+    machine::DEVMODE mode{};
     PutName(mode.dmDeviceName, sizeof mode.dmDeviceName - 1, queue.Name);
-    mode.dmSize = sizeof(DEVMODE);
+    mode.dmSize = sizeof(machine::DEVMODE);
     mode.dmDriverExtra = MemorySpooler::DriverExtra;
     mode.dmFields = queue.Fields;
     mode.dmOrientation = queue.Defaults.Orientation;
@@ -43,8 +43,8 @@ FullDevMode StoredDevMode(const PrintQueue& queue) {
     return bytes;
 }
 
-DEVMODE ReadDevMode(const void* bytes) {
-    DEVMODE mode;
+machine::DEVMODE ReadDevMode(const void* bytes) {
+    machine::DEVMODE mode;
     std::memcpy(&mode, bytes, sizeof mode);
     return mode;
 }
@@ -55,27 +55,27 @@ bool Offers(const Rows& rows, std::int16_t id) {
 }
 
 /// The settings of `mode` that the driver offers and takes, over the stored ones.
-QueueDefaults Merged(const PrintQueue& queue, const DEVMODE& mode) {
+QueueDefaults Merged(const PrintQueue& queue, const machine::DEVMODE& mode) {
     const std::uint32_t fields = mode.dmFields & queue.Fields;
     const auto has = [fields](std::int32_t bit) { return (fields & static_cast<std::uint32_t>(bit)) != 0; };
     QueueDefaults merged = queue.Defaults;
-    if (has(DM_ORIENTATION) && (mode.dmOrientation == 1 || mode.dmOrientation == 2)) {
+    if (has(machine::DM_ORIENTATION) && (mode.dmOrientation == 1 || mode.dmOrientation == 2)) {
         merged.Orientation = mode.dmOrientation;
     }
-    if (has(DM_PAPERSIZE) && Offers(queue.Papers, mode.dmPaperSize)) {
+    if (has(machine::DM_PAPERSIZE) && Offers(queue.Papers, mode.dmPaperSize)) {
         merged.PaperSize = mode.dmPaperSize;
     }
-    if (has(DM_DEFAULTSOURCE) && Offers(queue.Bins, mode.dmDefaultSource)) {
+    if (has(machine::DM_DEFAULTSOURCE) && Offers(queue.Bins, mode.dmDefaultSource)) {
         merged.DefaultSource = mode.dmDefaultSource;
     }
-    if (has(DM_COPIES) && mode.dmCopies > 0) {
+    if (has(machine::DM_COPIES) && mode.dmCopies > 0) {
         merged.Copies = mode.dmCopies;
     }
     return merged;
 }
 
 /// What a DEVMODE tells, at the end of an event.
-void AddSettings(Event& event, const DEVMODE& mode) {
+void AddSettings(Event& event, const machine::DEVMODE& mode) {
     event.Fields.push_back({"dmFields", mode.dmFields});
     event.Fields.push_back({"dmOrientation", mode.dmOrientation});
     event.Fields.push_back({"dmPaperSize", mode.dmPaperSize});
@@ -83,7 +83,7 @@ void AddSettings(Event& event, const DEVMODE& mode) {
     event.Fields.push_back({"dmCopies", mode.dmCopies});
 }
 
-std::int64_t Number(PrinterHandle handle) {
+std::int64_t Number(machine::PrinterHandle handle) {
     return static_cast<std::int64_t>(handle);
 }
 
@@ -92,16 +92,16 @@ class InfoWriter {
   public:
     explicit InfoWriter(const PrintQueue& queue)
         : devMode_(StoredDevMode(queue)),
-          texts_({{&PRINTER_INFO_2::pPrinterName, text::ToCodePage(queue.Name)},
-                  {&PRINTER_INFO_2::pShareName, ""},
-                  {&PRINTER_INFO_2::pPortName, text::ToCodePage(queue.Port)},
-                  {&PRINTER_INFO_2::pDriverName, text::ToCodePage(queue.Name)},
-                  {&PRINTER_INFO_2::pComment, text::ToCodePage(queue.Comment)},
-                  {&PRINTER_INFO_2::pLocation, ""},
-                  {&PRINTER_INFO_2::pSepFile, ""},
-                  {&PRINTER_INFO_2::pPrintProcessor, "winprint"},
-                  {&PRINTER_INFO_2::pDatatype, "RAW"},
-                  {&PRINTER_INFO_2::pParameters, ""}}) {
+          texts_({{&machine::PRINTER_INFO_2::pPrinterName, base::text::ToCodePage(queue.Name)},
+                  {&machine::PRINTER_INFO_2::pShareName, ""},
+                  {&machine::PRINTER_INFO_2::pPortName, base::text::ToCodePage(queue.Port)},
+                  {&machine::PRINTER_INFO_2::pDriverName, base::text::ToCodePage(queue.Name)},
+                  {&machine::PRINTER_INFO_2::pComment, base::text::ToCodePage(queue.Comment)},
+                  {&machine::PRINTER_INFO_2::pLocation, ""},
+                  {&machine::PRINTER_INFO_2::pSepFile, ""},
+                  {&machine::PRINTER_INFO_2::pPrintProcessor, "winprint"},
+                  {&machine::PRINTER_INFO_2::pDatatype, "RAW"},
+                  {&machine::PRINTER_INFO_2::pParameters, ""}}) {
         info_.Status = queue.Status;
     }
 
@@ -116,7 +116,7 @@ class InfoWriter {
     void WriteTo(char* buffer) {
         char* at = buffer + sizeof info_;
         std::memcpy(at, devMode_.data(), devMode_.size());
-        info_.pDevMode = reinterpret_cast<DEVMODE*>(at);
+        info_.pDevMode = reinterpret_cast<machine::DEVMODE*>(at);
         at += devMode_.size();
         for (const auto& [member, bytes] : texts_) {
             std::memcpy(at, bytes.c_str(), bytes.size() + 1);
@@ -128,25 +128,25 @@ class InfoWriter {
 
   private:
     FullDevMode devMode_;
-    std::vector<std::pair<char * PRINTER_INFO_2::*, std::string>> texts_;
-    PRINTER_INFO_2 info_{};
+    std::vector<std::pair<char * machine::PRINTER_INFO_2::*, std::string>> texts_;
+    machine::PRINTER_INFO_2 info_{};
 };
 
 } // namespace
 
-PrintQueue* MemorySpooler::Reach(PrinterHandle handle) {
+PrintQueue* MemorySpooler::Reach(machine::PrinterHandle handle) {
     const auto found = handles_.find(handle);
     return found == handles_.end() || !found->second->Reachable ? nullptr : found->second;
 }
 
-std::string MemorySpooler::NameOf(PrinterHandle handle) const {
+std::string MemorySpooler::NameOf(machine::PrinterHandle handle) const {
     const auto found = handles_.find(handle);
     return found == handles_.end() ? std::string() : found->second->Name;
 }
 
-bool MemorySpooler::OpenPrinterA(const std::string& printer, PrinterHandle& handle,
-                                 const PRINTER_DEFAULTS& defaults) {
-    const std::string name = text::FromCodePage(printer);
+bool MemorySpooler::OpenPrinterA(const std::string& printer, machine::PrinterHandle& handle,
+                                 const machine::PRINTER_DEFAULTS& defaults) {
+    const std::string name = base::text::FromCodePage(printer);
     PrintQueue* queue = printers_.Find(name);
     const bool opened = !recorder_.TakeFailure("OpenPrinterA") && queue != nullptr && queue->Reachable;
     handle = 0;
@@ -163,7 +163,7 @@ bool MemorySpooler::OpenPrinterA(const std::string& printer, PrinterHandle& hand
     return opened;
 }
 
-bool MemorySpooler::ClosePrinter(PrinterHandle handle) {
+bool MemorySpooler::ClosePrinter(machine::PrinterHandle handle) {
     const std::string name = NameOf(handle);
     const bool closed = !recorder_.TakeFailure("ClosePrinter") && handles_.erase(handle) == 1;
     recorder_.Record(
@@ -172,25 +172,26 @@ bool MemorySpooler::ClosePrinter(PrinterHandle handle) {
     return closed;
 }
 
-std::int32_t MemorySpooler::DocumentPropertiesA(PrinterHandle handle, const std::string& printer,
+std::int32_t MemorySpooler::DocumentPropertiesA(machine::PrinterHandle handle, const std::string& printer,
                                                 void* output, const void* input, std::uint32_t mode) {
     PrintQueue* queue = Reach(handle);
     Event event{"spooler",
                 {{"call", "DocumentPropertiesA"},
-                 {"printer", text::FromCodePage(printer)},
+                 {"printer", base::text::FromCodePage(printer)},
                  {"handle", Number(handle)},
                  {"mode", mode}}};
     std::int32_t result = Failed;
-    std::vector<DEVMODE> told;
+    std::vector<machine::DEVMODE> told;
     if (!recorder_.TakeFailure("DocumentPropertiesA") && queue != nullptr) {
         if (mode == 0) {
-            result = static_cast<std::int32_t>(sizeof(DEVMODE)) + DriverExtra;
-        } else if (mode == DM_OUT_BUFFER && output != nullptr) {
+            result = static_cast<std::int32_t>(sizeof(machine::DEVMODE)) + DriverExtra;
+        } else if (mode == machine::DM_OUT_BUFFER && output != nullptr) {
             const FullDevMode stored = StoredDevMode(*queue);
             std::memcpy(output, stored.data(), stored.size());
             result = Succeeded;
             told.push_back(ReadDevMode(output));
-        } else if (mode == (DM_IN_BUFFER | DM_OUT_BUFFER) && output != nullptr && input != nullptr) {
+        } else if (mode == (machine::DM_IN_BUFFER | machine::DM_OUT_BUFFER) && output != nullptr &&
+                   input != nullptr) {
             PrintQueue asked = *queue;
             asked.Defaults = Merged(*queue, ReadDevMode(input));
             const FullDevMode merged = StoredDevMode(asked);
@@ -200,15 +201,15 @@ std::int32_t MemorySpooler::DocumentPropertiesA(PrinterHandle handle, const std:
         }
     }
     event.Fields.push_back({"result", result});
-    for (const DEVMODE& settings : told) {
+    for (const machine::DEVMODE& settings : told) {
         AddSettings(event, settings);
     }
     recorder_.Record(event);
     return result;
 }
 
-bool MemorySpooler::GetPrinterA(PrinterHandle handle, std::uint32_t level, void* buffer, std::uint32_t size,
-                                std::uint32_t& needed) {
+bool MemorySpooler::GetPrinterA(machine::PrinterHandle handle, std::uint32_t level, void* buffer,
+                                std::uint32_t size, std::uint32_t& needed) {
     PrintQueue* queue = Reach(handle);
     bool filled = false;
     needed = 0;
@@ -231,7 +232,7 @@ bool MemorySpooler::GetPrinterA(PrinterHandle handle, std::uint32_t level, void*
     return filled;
 }
 
-bool MemorySpooler::SetPrinterA(PrinterHandle handle, std::uint32_t level, const void* buffer,
+bool MemorySpooler::SetPrinterA(machine::PrinterHandle handle, std::uint32_t level, const void* buffer,
                                 std::uint32_t command) {
     PrintQueue* queue = Reach(handle);
     Event event{"spooler",
@@ -240,7 +241,7 @@ bool MemorySpooler::SetPrinterA(PrinterHandle handle, std::uint32_t level, const
                  {"handle", Number(handle)},
                  {"level", level},
                  {"command", command}}};
-    PRINTER_INFO_2 info{};
+    machine::PRINTER_INFO_2 info{};
     if (level == LevelOfPrinterInfo && buffer != nullptr) {
         std::memcpy(&info, buffer, sizeof info);
     }
@@ -248,7 +249,7 @@ bool MemorySpooler::SetPrinterA(PrinterHandle handle, std::uint32_t level, const
     const bool written = !refused && queue != nullptr && command == 0 && info.pDevMode != nullptr;
     event.Fields.push_back({"result", written});
     if (info.pDevMode != nullptr) {
-        const DEVMODE mode = ReadDevMode(info.pDevMode);
+        const machine::DEVMODE mode = ReadDevMode(info.pDevMode);
         AddSettings(event, mode);
         if (written) {
             queue->Defaults = Merged(*queue, mode);
@@ -260,7 +261,7 @@ bool MemorySpooler::SetPrinterA(PrinterHandle handle, std::uint32_t level, const
 
 std::int32_t MemorySpooler::DeviceCapabilitiesA(const std::string& printer, const std::string& port,
                                                 std::uint16_t capability, void* output) {
-    const std::string name = text::FromCodePage(printer);
+    const std::string name = base::text::FromCodePage(printer);
     const PrintQueue* queue = printers_.Find(name);
     std::int32_t result = Failed;
     if (!recorder_.TakeFailure("DeviceCapabilitiesA") && queue != nullptr && queue->Reachable) {
@@ -274,17 +275,17 @@ std::int32_t MemorySpooler::DeviceCapabilitiesA(const std::string& printer, cons
             at += size;
         };
         switch (capability) {
-        case DC_PAPERS:
-        case DC_PAPERSIZE:
-        case DC_PAPERNAMES:
+        case machine::DC_PAPERS:
+        case machine::DC_PAPERSIZE:
+        case machine::DC_PAPERNAMES:
             result = static_cast<std::int32_t>(queue->Papers.size());
             for (const QueuePaper& paper : queue->Papers) {
                 if (output == nullptr) {
                     break;
                 }
-                if (capability == DC_PAPERS) {
+                if (capability == machine::DC_PAPERS) {
                     put(paper.Id);
-                } else if (capability == DC_PAPERSIZE) {
+                } else if (capability == machine::DC_PAPERSIZE) {
                     put(paper.Width);
                     put(paper.Height);
                 } else {
@@ -292,14 +293,14 @@ std::int32_t MemorySpooler::DeviceCapabilitiesA(const std::string& printer, cons
                 }
             }
             break;
-        case DC_BINS:
-        case DC_BINNAMES:
+        case machine::DC_BINS:
+        case machine::DC_BINNAMES:
             result = static_cast<std::int32_t>(queue->Bins.size());
             for (const QueueBin& bin : queue->Bins) {
                 if (output == nullptr) {
                     break;
                 }
-                if (capability == DC_BINS) {
+                if (capability == machine::DC_BINS) {
                     put(bin.Id);
                 } else {
                     putName(bin.Name, BinNameBytes);
@@ -313,10 +314,10 @@ std::int32_t MemorySpooler::DeviceCapabilitiesA(const std::string& printer, cons
     recorder_.Record({"spooler",
                       {{"call", "DeviceCapabilitiesA"},
                        {"printer", name},
-                       {"port", text::FromCodePage(port)},
+                       {"port", base::text::FromCodePage(port)},
                        {"capability", capability},
                        {"result", result}}});
     return result;
 }
 
-} // namespace platform
+} // namespace memory

@@ -4,7 +4,7 @@
 #include <string>
 #include <vector>
 
-namespace platform {
+namespace memory {
 
 /// A paper that a printer offers: its code, its size in tenths of a millimetre and the driver's name for it.
 struct QueuePaper {
@@ -58,4 +58,4 @@ struct PrintQueue {
     std::string Font = "Printer";
 };
 
-} // namespace platform
+} // namespace memory

@@ -5,7 +5,7 @@
 
 #include "base/RuntimeError.h"
 
-namespace platform {
+namespace memory {
 
 namespace {
 
@@ -83,8 +83,8 @@ bool Recorder::TakeFailure(std::string_view call) {
 
 void Recorder::RaiseFailure(std::string_view call, int number, const char* description) {
     if (TakeFailure(call)) {
-        throw RuntimeError(number, description);
+        throw base::RuntimeError(number, description);
     }
 }
 
-} // namespace platform
+} // namespace memory

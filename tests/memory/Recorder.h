@@ -8,7 +8,7 @@
 
 #include "memory/Event.h"
 
-namespace platform {
+namespace memory {
 
 /// What all parts of the memory platform share: where events go, and which calls are to fail.
 class Recorder {
@@ -44,4 +44,4 @@ class Recorder {
     std::map<std::string, int, std::less<>> failures_;
 };
 
-} // namespace platform
+} // namespace memory

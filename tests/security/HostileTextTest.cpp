@@ -1,24 +1,23 @@
 // Texts that would do harm if anything took them for more than texts: as the title of a document, and as the
 // name and the wording of a printer.
 
-#include "desktop/qt/PdfPrinter.h"
-#include "desktop/qt/QtPrinter.h"
-#include "desktop/qt/QtText.h"
-#include "desktop/cups/UserDefaults.h"
-#include "unit/desktop/qt/printing/PdfReader.h"
-#include "unit/desktop/cups/PrintServer.h"
-
 #include <QDir>
 #include <QTemporaryDir>
 #include <QTextDocument>
-
-#include <gtest/gtest.h>
-
 #include <optional>
 #include <string>
 #include <vector>
 
-namespace platform::qt {
+#include <gtest/gtest.h>
+
+#include "desktop/cups/UserDefaults.h"
+#include "desktop/qt/PdfPrinter.h"
+#include "desktop/qt/QtPrinter.h"
+#include "desktop/qt/QtText.h"
+#include "unit/desktop/cups/PrintServer.h"
+#include "unit/desktop/qt/printing/PdfReader.h"
+
+namespace desktop::qt {
 namespace {
 
 const std::vector<std::string> HostileTexts = {
@@ -61,7 +60,7 @@ TEST_P(HostileTitle, IsATextOfThePdfAndNothingElse) {
     const QString path = folder.filePath("uit.pdf");
     QtPrinters printers(
         std::make_unique<PdfPrinter>([&path](const QString&) { return path; }, folder.filePath("pdf.conf")),
-        [] { return FoundQueues{}; });
+        [] { return cups::FoundQueues{}; });
     QtPrinter printer(printers, [](const std::string& text) { FAIL() << text; });
     printer.SetDocumentTitle(GetParam());
     printer.Page().DrawText(567, 567, "Regel", {"Tahoma", 9, false});
@@ -116,7 +115,7 @@ TEST_P(HostileName, HasNoOptionsOfAnotherQueue) {
     ASSERT_TRUE(file.open(QIODevice::WriteOnly));
     file.write(before);
     file.close();
-    const UserDefaults defaults(path, {});
+    const cups::UserDefaults defaults(path, {});
     EXPECT_TRUE(defaults.Options(GetParam()).empty());
     ASSERT_TRUE(file.open(QIODevice::ReadOnly));
     EXPECT_EQ(file.readAll(), before);
@@ -130,4 +129,4 @@ INSTANTIATE_TEST_SUITE_P(Texts, HostileTitle, testing::ValuesIn(HostileTexts),
                          [](const auto& text) { return "Number" + std::to_string(text.index); });
 
 } // namespace
-} // namespace platform::qt
+} // namespace desktop::qt

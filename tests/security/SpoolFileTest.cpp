@@ -1,11 +1,7 @@
 #include "desktop/cups/SpoolFile.h"
-#include "base/RuntimeError.h"
 
 #include <QDir>
 #include <QTemporaryDir>
-
-#include <gtest/gtest.h>
-
 #include <cerrno>
 #include <csignal>
 #include <cstdarg>
@@ -13,10 +9,13 @@
 #include <string>
 
 #include <fcntl.h>
+#include <gtest/gtest.h>
 #include <sys/resource.h>
 #include <sys/stat.h>
 #include <sys/wait.h>
 #include <unistd.h>
+
+#include "base/RuntimeError.h"
 
 namespace {
 bool onlyNames = false; // a file system whose files all have a name
@@ -36,7 +35,7 @@ extern "C" int __wrap_open(const char* path, int flags, ...) {
     return __real_open(path, flags, mode);
 }
 
-namespace platform::qt {
+namespace desktop::qt {
 namespace {
 
 constexpr mode_t PermissionBits = 07777;
@@ -63,7 +62,7 @@ class SpoolFileTest : public testing::TestWithParam<bool> {
 
 TEST_P(SpoolFileTest, IsTheUsersAloneAndHasNoName) {
     const mode_t before = umask(0); // of a user who shares everything
-    SpoolFile file(Path);
+    cups::SpoolFile file(Path);
     umask(before);
     file.write("document");
     file.Rewind();
@@ -78,7 +77,7 @@ TEST_P(SpoolFileTest, IsTheUsersAloneAndHasNoName) {
 }
 
 TEST_P(SpoolFileTest, IsReadFromItsBeginning) {
-    SpoolFile file(Path);
+    cups::SpoolFile file(Path);
     file.write("eerste ");
     file.write("tweede");
     file.Rewind();
@@ -91,7 +90,7 @@ TEST_P(SpoolFileTest, LeavesNothingWhenTheProgramIsKilled) {
     const pid_t child = fork();
     ASSERT_GE(child, 0);
     if (child == 0) {
-        SpoolFile file(Path);
+        cups::SpoolFile file(Path);
         file.write("document");
         file.Rewind();
         raise(SIGKILL);
@@ -106,7 +105,7 @@ TEST_P(SpoolFileTest, LeavesNothingWhenTheProgramIsKilled) {
 TEST_P(SpoolFileTest, LeavesAnotherFolderAsItIs) {
     ASSERT_TRUE(QDir().mkpath(Path));
     ASSERT_EQ(chmod(QFile::encodeName(Path).constData(), 0755), 0);
-    const SpoolFile file(Path);
+    const cups::SpoolFile file(Path);
     struct stat status {};
     ASSERT_EQ(stat(QFile::encodeName(Path).constData(), &status), 0);
     EXPECT_EQ(status.st_mode & PermissionBits, 0755U);
@@ -118,9 +117,9 @@ TEST_P(SpoolFileTest, FailsWhereThereIsNoFolder) {
     QFile inTheWay(Folder.filePath("cache"));
     ASSERT_TRUE(inTheWay.open(QIODevice::WriteOnly));
     try {
-        const SpoolFile file(Path);
+        const cups::SpoolFile file(Path);
         ADD_FAILURE() << "there is no folder";
-    } catch (const RuntimeError& error) {
+    } catch (const base::RuntimeError& error) {
         EXPECT_EQ(error.Description(), "Het document kon niet worden klaargezet.\n" + Path.toStdString() +
                                            "\n" + std::strerror(ENOTDIR));
     }
@@ -130,16 +129,16 @@ TEST_P(SpoolFileTest, FailsWhereThereIsNoFolder) {
 TEST_P(SpoolFileTest, TellsThatTheFolderCannotBeMade) {
     Path = "/proc/drukkeuring/spool";
     try {
-        const SpoolFile file(Path);
+        const cups::SpoolFile file(Path);
         ADD_FAILURE() << "there is no folder";
-    } catch (const RuntimeError& error) {
+    } catch (const base::RuntimeError& error) {
         EXPECT_EQ(error.Description(), "Het document kon niet worden klaargezet.\n/proc/drukkeuring/spool\n" +
                                            std::string(std::strerror(ENOENT)));
     }
 }
 
 TEST_P(SpoolFileTest, TellsThatTheLastBytesFoundNoPlace) {
-    SpoolFile file(Path);
+    cups::SpoolFile file(Path);
     const auto handler = std::signal(SIGXFSZ, SIG_IGN);
     rlimit before{};
     ASSERT_EQ(getrlimit(RLIMIT_FSIZE, &before), 0);
@@ -149,7 +148,7 @@ TEST_P(SpoolFileTest, TellsThatTheLastBytesFoundNoPlace) {
     std::string told;
     try {
         file.Rewind();
-    } catch (const RuntimeError& error) {
+    } catch (const base::RuntimeError& error) {
         told = error.Description();
     }
     ASSERT_EQ(setrlimit(RLIMIT_FSIZE, &before), 0);
@@ -159,7 +158,7 @@ TEST_P(SpoolFileTest, TellsThatTheLastBytesFoundNoPlace) {
 }
 
 TEST_P(SpoolFileTest, TellsAFullDiskEvenWhenThereIsRoomAgain) {
-    SpoolFile file(Path);
+    cups::SpoolFile file(Path);
     const auto ignore = std::signal(SIGXFSZ, SIG_IGN);
     rlimit before{};
     ASSERT_EQ(getrlimit(RLIMIT_FSIZE, &before), 0);
@@ -174,8 +173,8 @@ TEST_P(SpoolFileTest, TellsAFullDiskEvenWhenThereIsRoomAgain) {
     try {
         file.Rewind();
         FAIL() << "half a document would be printed";
-    } catch (const RuntimeError& error) {
-        EXPECT_EQ(error.Number(), ErrorPrinter);
+    } catch (const base::RuntimeError& error) {
+        EXPECT_EQ(error.Number(), base::ErrorPrinter);
         EXPECT_EQ(error.Description().rfind("Het document kon niet worden klaargezet.\n", 0), 0U);
     }
 }
@@ -185,4 +184,4 @@ INSTANTIATE_TEST_SUITE_P(, SpoolFileTest, testing::Bool(), [](const auto& only) 
 });
 
 } // namespace
-} // namespace platform::qt
+} // namespace desktop::qt

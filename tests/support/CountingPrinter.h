@@ -10,7 +10,7 @@ namespace support {
 
 /// Counts what is drawn on it and keeps nothing, so a document of any length takes no memory. Every font has
 /// the same measures: a byte is 10 twips wide for each point of size, a line 24 twips high.
-class CountingCanvas final : public platform::Canvas {
+class CountingCanvas final : public machine::Canvas {
   public:
     std::int64_t Texts = 0;
     std::int64_t Forms = 0; ///< by the mark that stands once in the OCR line of each
@@ -18,10 +18,10 @@ class CountingCanvas final : public platform::Canvas {
     std::int64_t Pages = 1;
     std::int64_t Documents = 0; ///< ended
 
-    platform::TextSize MeasureText(std::string_view text, const platform::FontSpec& font) override {
+    machine::TextSize MeasureText(std::string_view text, const machine::FontSpec& font) override {
         return {static_cast<double>(text.size()) * 10 * font.Size, 24 * font.Size};
     }
-    void DrawText(double, double, std::string_view text, const platform::FontSpec&) override {
+    void DrawText(double, double, std::string_view text, const machine::FontSpec&) override {
         ++Texts;
         Forms += text == "X" ? 1 : 0;
         Bytes += static_cast<std::int64_t>(text.size());
@@ -32,9 +32,9 @@ class CountingCanvas final : public platform::Canvas {
 };
 
 /// A printer of A4 sheets without margins, one of a list of printers, that prints on a CountingCanvas.
-class CountingPrinter final : public platform::Printer {
+class CountingPrinter final : public machine::Printer {
   public:
-    explicit CountingPrinter(platform::Printers& printers) : printers_(printers) {}
+    explicit CountingPrinter(machine::Printers& printers) : printers_(printers) {}
 
     CountingCanvas Canvas;
     int Assignments = 0;
@@ -58,13 +58,13 @@ class CountingPrinter final : public platform::Printer {
     double ScaleTop() override { return 0; }
     double ScaleWidth() override { return 11906; }
     double ScaleHeight() override { return 16838; }
-    int GetDeviceCaps(int item) override { return item == platform::CapsLogPixelsX ? 600 : 0; }
+    int GetDeviceCaps(int item) override { return item == machine::CapsLogPixelsX ? 600 : 0; }
     void SetDocumentTitle(const std::string&) override {}
     void Abandon() override {}
-    platform::Canvas& Page() override { return Canvas; }
+    machine::Canvas& Page() override { return Canvas; }
 
   private:
-    platform::Printers& printers_;
+    machine::Printers& printers_;
     int index_ = 0;
 };
 

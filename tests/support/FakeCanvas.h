@@ -5,9 +5,9 @@
 #include <string>
 #include <vector>
 
-#include "machine/Canvas.h"
 #include "base/RuntimeError.h"
 #include "base/Text.h"
+#include "machine/Canvas.h"
 
 namespace support {
 
@@ -33,7 +33,7 @@ struct DrawnLine {
 
 /// Keeps what is drawn on it. Every font has the same measures: a character is 10 twips wide for each point
 /// of size (11 if bold), a line 24 twips high. Each call can be made to fail by its number.
-class FakeCanvas final : public platform::Canvas {
+class FakeCanvas final : public machine::Canvas {
   public:
     std::vector<DrawnText> texts;
     std::vector<DrawnLine> lines;
@@ -44,13 +44,13 @@ class FakeCanvas final : public platform::Canvas {
     /// Asked at each call with its number, from 1 on.
     std::function<bool(int call)> Fails;
 
-    platform::TextSize MeasureText(std::string_view text, const platform::FontSpec& font) override {
+    machine::TextSize MeasureText(std::string_view text, const machine::FontSpec& font) override {
         Count();
         ++measured;
         const double charWidth = font.Bold ? 11 : 10;
-        return {static_cast<double>(platform::text::Length(text)) * charWidth * font.Size, 24 * font.Size};
+        return {static_cast<double>(base::text::Length(text)) * charWidth * font.Size, 24 * font.Size};
     }
-    void DrawText(double x, double y, std::string_view text, const platform::FontSpec& font) override {
+    void DrawText(double x, double y, std::string_view text, const machine::FontSpec& font) override {
         Count();
         texts.push_back({pages, x, y, std::string(text), font.Name, font.Size, font.Bold});
     }
@@ -71,7 +71,7 @@ class FakeCanvas final : public platform::Canvas {
     void Count() {
         ++calls;
         if (Fails && Fails(calls)) {
-            throw platform::RuntimeError(platform::ErrorPrinter, "Printer error");
+            throw base::RuntimeError(base::ErrorPrinter, "Printer error");
         }
     }
 };

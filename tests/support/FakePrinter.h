@@ -5,14 +5,14 @@
 #include <string>
 #include <vector>
 
-#include "machine/Printer.h"
 #include "base/RuntimeError.h"
+#include "machine/Printer.h"
 #include "support/FakeCanvas.h"
 
 namespace support {
 
 /// A printer with measures of one's own choice, whose members can be made to fail by name.
-class FakePrinter final : public platform::Printer {
+class FakePrinter final : public machine::Printer {
   public:
     struct Failure {
         int number;
@@ -28,10 +28,10 @@ class FakePrinter final : public platform::Printer {
     double scaleTop = 0;
     double scaleWidth = 11424;
     double scaleHeight = 16358.4;
-    std::map<int, int> caps = {{platform::CapsLogPixelsX, 600},
-                               {platform::CapsLogPixelsY, 600},
-                               {platform::CapsPhysicalOffsetX, 100},
-                               {platform::CapsPhysicalOffsetY, 100}};
+    std::map<int, int> caps = {{machine::CapsLogPixelsX, 600},
+                               {machine::CapsLogPixelsY, 600},
+                               {machine::CapsPhysicalOffsetX, 100},
+                               {machine::CapsPhysicalOffsetY, 100}};
     std::map<std::string, Failure> failures;
     std::vector<std::int16_t> papers;       ///< as they were set
     std::vector<std::int16_t> orientations; ///< as they were set
@@ -61,29 +61,29 @@ class FakePrinter final : public platform::Printer {
     int GetDeviceCaps(int item) override { return Try("GetDeviceCaps"), caps[item]; }
     void SetDocumentTitle(const std::string&) override {}
     void Abandon() override {}
-    platform::Canvas& Page() override { return Try("Page"), canvas; }
+    machine::Canvas& Page() override { return Try("Page"), canvas; }
 
   private:
     void Try(const char* member) {
         if (const auto failure = failures.find(member); failure != failures.end()) {
-            throw platform::RuntimeError(failure->second.number, failure->second.description);
+            throw base::RuntimeError(failure->second.number, failure->second.description);
         }
     }
 };
 
 /// Any number of printers, all alike.
-class FakePrinters final : public platform::Printers {
+class FakePrinters final : public machine::Printers {
   public:
     int count = 1;
     int failure = 0; ///< number of the error that Count raises, if not 0
 
     int Count() override {
         if (failure != 0) {
-            throw platform::RuntimeError(failure, "No spooler");
+            throw base::RuntimeError(failure, "No spooler");
         }
         return count;
     }
-    platform::PrinterEntry Item(int) override { return {"Laser", "LPT1:"}; }
+    machine::PrinterEntry Item(int) override { return {"Laser", "LPT1:"}; }
 };
 
 } // namespace support

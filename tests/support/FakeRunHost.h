@@ -5,13 +5,13 @@
 #include <string>
 #include <vector>
 
+#include "base/Numbers.h"
 #include "composition/OpenPrinter.h"
 #include "composition/PrintSurface.h"
 #include "composition/RunHost.h"
-#include "base/Numbers.h"
 #include "machine/Platform.h"
-#include "support/FakeCanvas.h"
 #include "state/AppState.h"
+#include "support/FakeCanvas.h"
 
 namespace support {
 
@@ -20,17 +20,17 @@ class FakePreviewSurface final : public composition::PrintSurface {
   public:
     FakePreviewSurface() : PrintSurface(drawing) {}
 
-    platform::DrawingState drawing;
+    machine::DrawingState drawing;
     FakeCanvas canvas;
 
   protected:
-    platform::Canvas& Page() override { return canvas; }
+    machine::Canvas& Page() override { return canvas; }
 };
 
 /// The forms around a run, as a list of what was asked of them.
 class FakeRunHost final : public composition::RunHost {
   public:
-    FakeRunHost(wizard::AppState& state, platform::Platform& platform)
+    FakeRunHost(state::AppState& state, machine::Platform& platform)
         : printer(platform.Printer), state_(state), platform_(platform) {}
 
     std::string count = "1";
@@ -62,7 +62,7 @@ class FakeRunHost final : public composition::RunHost {
         state_.Surface = &preview;
         preview.SetFont(state_.ListFontName);
         preview.SetFontSize(8);
-        state_.LineHeight = platform::ToInt32(preview.TextHeight("X"));
+        state_.LineHeight = base::ToInt32(preview.TextHeight("X"));
     }
     void ShowPreview() override { Note("ShowPreview"); }
     void HourglassOn() override { Note("HourglassOn"); }
@@ -76,8 +76,8 @@ class FakeRunHost final : public composition::RunHost {
         }
     }
 
-    wizard::AppState& state_;
-    platform::Platform& platform_;
+    state::AppState& state_;
+    machine::Platform& platform_;
 };
 
 } // namespace support

@@ -1,22 +1,22 @@
 #pragma once
 
-#include "machine/Clock.h"
-#include "machine/RandomSource.h"
-
 #include <cstddef>
 #include <utility>
 #include <vector>
 
+#include "machine/Clock.h"
+#include "machine/RandomSource.h"
+
 namespace support {
 
 /// A clock that stands still.
-class HeldClock final : public platform::Clock {
+class HeldClock final : public machine::Clock {
   public:
-    platform::DateTime Now() const override { return {2026, 3, 14, 12, 30, 15, 250}; }
+    machine::DateTime Now() const override { return {2026, 3, 14, 12, 30, 15, 250}; }
 };
 
 /// Gives the listed values in turn, over and over, and keeps count of the seeds.
-class ListedRandom final : public platform::RandomSource {
+class ListedRandom final : public machine::RandomSource {
   public:
     explicit ListedRandom(std::vector<double> values) : values_(std::move(values)) {}
 

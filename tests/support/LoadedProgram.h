@@ -25,7 +25,7 @@ class LoadedProgram {
         Set("IncassantWoonplaats", "Proefdorp");
         Set("IncassantBankGiro", "NL13ABNA0500000018");
         for (int i = 1; i <= printers; ++i) {
-            platform::PrintQueue queue;
+            memory::PrintQueue queue;
             queue.Name = "Printer " + std::to_string(i);
             Memory.InstallPrinter(queue);
         }
@@ -74,18 +74,18 @@ class LoadedProgram {
         Form.cmdPrinten.UserClick();
     }
 
-    platform::MemoryPlatform Memory;
+    memory::MemoryPlatform Memory;
     CountingPrinter Printer{Memory.printers};
-    wizard::AppState State;
+    state::AppState State;
 
   private:
     static constexpr const char* SettingsPath = "Software\\Ondor\\Tarvik\\CurrentVersion";
 
     void Set(const char* name, const std::string& text) { Memory.registry.SetText(SettingsPath, name, text); }
 
-    platform::Platform services_{Memory.desktop, Memory.registry,         Memory.locale,   Memory.clock,
-                                 Memory.random,  Memory.spooler,          Memory.printers, Printer,
-                                 Memory.bitmaps, Memory.desktop.Windows()};
+    machine::Platform services_{Memory.desktop, Memory.registry,         Memory.locale,   Memory.clock,
+                                Memory.random,  Memory.spooler,          Memory.printers, Printer,
+                                Memory.bitmaps, Memory.desktop.Windows()};
     forms::Session session_{Memory.desktop};
 
   public:

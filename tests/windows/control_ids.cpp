@@ -38,7 +38,7 @@ void Print(const forms::Form& form) {
 
 /// Each form knows the other.
 struct Preview {
-    Preview(forms::Session& session, platform::Platform& platform, wizard::AppState& state)
+    Preview(forms::Session& session, machine::Platform& platform, state::AppState& state)
         : ghost(session, platform, state, window), window(session, platform, state, ghost) {}
 
     preview::frmPrintPreviewGhost ghost;
@@ -48,9 +48,9 @@ struct Preview {
 } // namespace
 
 int main() {
-    platform::MemoryPlatform memory;
+    memory::MemoryPlatform memory;
     forms::Session session(memory.desktop);
-    wizard::AppState state;
+    state::AppState state;
     Print(wizard::frmMain(session, memory.Services(), state));
     Print(printmanager::frmPrintManager(session, memory.Services(), state));
     Print(printmanager::frmPrintManagerSetup(session, memory.Services(), state));

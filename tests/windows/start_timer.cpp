@@ -5,11 +5,11 @@
 //
 // Starts the programs in turn, so that whatever else the machine does meets them alike, and prints a line
 // with the milliseconds of each for each round. CLASS is that of the program's window.
-#include <windows.h>
-
 #include <cstdio>
 #include <cstdlib>
 #include <string>
+
+#include <windows.h>
 
 namespace {
 

@@ -1,11 +1,3 @@
-#include "Chance.h"
-#include "Rows.h"
-
-#include "payment/Accounts.h"
-#include "payment/CheckDigits.h"
-#include "payment/Iban.h"
-#include "machine/Clock.h"
-
 #include <algorithm>
 #include <initializer_list>
 #include <set>
@@ -13,6 +5,13 @@
 #include <string>
 #include <string_view>
 #include <vector>
+
+#include "Chance.h"
+#include "Rows.h"
+#include "machine/Clock.h"
+#include "payment/Accounts.h"
+#include "payment/CheckDigits.h"
+#include "payment/Iban.h"
 
 namespace generate {
 namespace {
@@ -112,9 +111,9 @@ struct Account {
     bool operator<(const Account& other) const { return number < other.number; }
 };
 
-class StandingClock final : public platform::Clock {
+class StandingClock final : public machine::Clock {
   public:
-    platform::DateTime Now() const override { return {2026, 3, 1}; }
+    machine::DateTime Now() const override { return {2026, 3, 1}; }
 };
 
 bool PassesElevenTest(int number) {

@@ -1,11 +1,11 @@
 #pragma once
 
-#include "machine/SeededRandom.h"
-
 #include <cstddef>
 #include <cstdint>
 #include <utility>
 #include <vector>
+
+#include "machine/SeededRandom.h"
 
 namespace generate {
 
@@ -15,7 +15,7 @@ class Chance {
   public:
     explicit Chance(std::uint64_t start) : random_(start) {}
 
-    platform::RandomSource& Source() { return random_; }
+    machine::RandomSource& Source() { return random_; }
 
     /// A whole number from `low` to `high`, both included.
     int Between(int low, int high);
@@ -35,7 +35,7 @@ class Chance {
   private:
     std::size_t Index(std::size_t size);
 
-    platform::SeededRandom random_;
+    machine::SeededRandom random_;
 };
 
 } // namespace generate

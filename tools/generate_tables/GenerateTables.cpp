@@ -1,10 +1,10 @@
-#include "Rows.h"
-
 #include <exception>
 #include <fstream>
 #include <iostream>
 #include <string>
 #include <vector>
+
+#include "Rows.h"
 
 namespace {
 

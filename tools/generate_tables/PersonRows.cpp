@@ -1,10 +1,10 @@
-#include "Chance.h"
-#include "Rows.h"
-
 #include <set>
 #include <string>
 #include <string_view>
 #include <vector>
+
+#include "Chance.h"
+#include "Rows.h"
 
 // Nobody is called by these names and nobody lives at these addresses: surnames and streets are put together
 // from words of the printing trade, and there is no such place.

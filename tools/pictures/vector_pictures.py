@@ -195,7 +195,7 @@ def table(pictures):
     return "\n".join([
         "// Made from the pictures in resources/pictures by tools/pictures/vector_pictures.py.",
         '#include "desktop/windows/VectorPictureTable.h"', "",
-        "namespace platform::windows {", "",
+        "namespace desktop::windows {", "",
         "namespace {", "",
         "constexpr PathStep Steps[] = {", *steps, "};", "",
         "constexpr PictureShape Shapes[] = {", *shapes, "};", "",
@@ -203,7 +203,7 @@ def table(pictures):
         "} // namespace", "",
         "constexpr PictureTable ThePictures{Pictures, Shapes, Steps};", "",
         "const PictureTable& AllPictures() {", "    return ThePictures;", "}", "",
-        "} // namespace platform::windows", "",
+        "} // namespace desktop::windows", "",
     ])
 
 

@@ -1,15 +1,15 @@
 #include "desktop/cups/CupsChoice.h"
 
-#include "desktop/cups/CupsServer.h"
-#include "desktop/cups/PageOptions.h"
-
 #include <algorithm>
 #include <array>
 #include <optional>
 #include <string_view>
 #include <utility>
 
-namespace platform::qt {
+#include "desktop/cups/CupsServer.h"
+#include "desktop/cups/PageOptions.h"
+
+namespace desktop::cups {
 
 namespace {
 
@@ -230,4 +230,4 @@ std::vector<const char*> AttributesForJobs() {
     return names;
 }
 
-} // namespace platform::qt
+} // namespace desktop::cups

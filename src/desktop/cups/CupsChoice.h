@@ -1,12 +1,12 @@
 #pragma once
 
-#include "desktop/cups/CupsMedia.h"
-#include "desktop/cups/UserDefaults.h"
-
 #include <string>
 #include <vector>
 
-namespace platform::qt {
+#include "desktop/cups/CupsMedia.h"
+#include "desktop/cups/UserDefaults.h"
+
+namespace desktop::cups {
 
 /// The options by which queues know a paper; some heed the one name, some the other. None at all for a
 /// stand-in: the queue prints on what it has.
@@ -30,4 +30,4 @@ CupsOptions JobOptions(const CupsMedia& media, const CupsOptions& own,
 /// The attributes of a queue that JobOptions looks at.
 std::vector<const char*> AttributesForJobs();
 
-} // namespace platform::qt
+} // namespace desktop::cups

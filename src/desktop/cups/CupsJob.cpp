@@ -1,16 +1,15 @@
 #include "desktop/cups/CupsJob.h"
 
-#include "base/RuntimeError.h"
-
 #include <QStandardPaths>
 #include <QUuid>
-
 #include <array>
 #include <chrono>
 #include <thread>
 #include <utility>
 
-namespace platform::qt {
+#include "base/RuntimeError.h"
+
+namespace desktop::cups {
 
 namespace {
 
@@ -29,10 +28,11 @@ bool IsRefusal(ipp_status_t status) {
            status == IPP_STATUS_ERROR_CUPS_AUTHENTICATION_CANCELED;
 }
 
-RuntimeError LostAnswer(const std::string& printer, int number) {
+base::RuntimeError LostAnswer(const std::string& printer, int number) {
     const std::string which =
         number == 0 ? "" : ", als opdracht " + std::to_string(number) + " van printer " + printer;
-    return RuntimeError(ErrorPrinter, std::string(LostAnswerText) + which + ".\n" + LookFirstText);
+    return base::RuntimeError(base::ErrorPrinter,
+                              std::string(LostAnswerText) + which + ".\n" + LookFirstText);
 }
 
 } // namespace
@@ -78,12 +78,14 @@ void CupsJob::Finish() {
         if (connection != nullptr && file_.IsRead()) {
             TellLostAnswer();
         }
-        throw RuntimeError(ErrorPrinter, NoAnswerText); // what was not sent to its end no server prints
+        throw base::RuntimeError(base::ErrorPrinter,
+                                 NoAnswerText); // what was not sent to its end no server prints
     }
     if (answer == nullptr || ippGetStatusCode(answer.get()) >= IPP_STATUS_REDIRECTION_OTHER_SITE) {
         const char* const reason = cupsLastErrorString();
-        throw RuntimeError(ErrorPrinter, "De printer " + queue_ + " heeft het document niet aangenomen.\n" +
-                                             (reason == nullptr ? "" : reason));
+        throw base::RuntimeError(base::ErrorPrinter, "De printer " + queue_ +
+                                                         " heeft het document niet aangenomen.\n" +
+                                                         (reason == nullptr ? "" : reason));
     }
 }
 
@@ -121,4 +123,4 @@ void CupsJob::TellLostAnswer() const {
     throw LostAnswer(queue_, found);
 }
 
-} // namespace platform::qt
+} // namespace desktop::cups

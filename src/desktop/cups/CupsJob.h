@@ -1,13 +1,13 @@
 #pragma once
 
+#include <memory>
+#include <string>
+
 #include "desktop/cups/CupsServer.h"
 #include "desktop/cups/PrintQueue.h"
 #include "desktop/cups/SpoolFile.h"
 
-#include <memory>
-#include <string>
-
-namespace platform::qt {
+namespace desktop::cups {
 
 /// What the user is told where the server is silent.
 inline constexpr const char* NoAnswerText =
@@ -45,4 +45,4 @@ class CupsJob : public PrintJob {
 /// Where documents wait until the server has them: a folder of the user's own.
 QString SpoolFolder();
 
-} // namespace platform::qt
+} // namespace desktop::cups

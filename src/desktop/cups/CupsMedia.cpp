@@ -1,14 +1,5 @@
 #include "desktop/cups/CupsMedia.h"
 
-#include "desktop/cups/CupsPpd.h"
-#include "desktop/cups/IppMedia.h"
-#include "desktop/cups/MediaWording.h"
-#include "desktop/cups/PaperTable.h"
-#include "desktop/cups/PossiblePaper.h"
-
-#include <cups/cups.h>
-#include <cups/pwg.h>
-
 #include <algorithm>
 #include <cstddef>
 #include <limits>
@@ -16,7 +7,16 @@
 #include <set>
 #include <utility>
 
-namespace platform::qt {
+#include <cups/cups.h>
+#include <cups/pwg.h>
+
+#include "desktop/cups/CupsPpd.h"
+#include "desktop/cups/IppMedia.h"
+#include "desktop/cups/MediaWording.h"
+#include "desktop/cups/PaperTable.h"
+#include "desktop/cups/PossiblePaper.h"
+
+namespace desktop::cups {
 
 namespace {
 
@@ -192,4 +192,4 @@ void OfferOwnSheet(CupsMedia& media, const std::string& keyword) {
     NumberMedia(media);
 }
 
-} // namespace platform::qt
+} // namespace desktop::cups

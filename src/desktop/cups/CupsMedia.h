@@ -1,15 +1,15 @@
 #pragma once
 
-#include "desktop/cups/PrintQueue.h"
-#include "desktop/cups/SheetSize.h"
-
-#include <cups/ipp.h>
-
 #include <map>
 #include <string>
 #include <vector>
 
-namespace platform::qt {
+#include <cups/ipp.h>
+
+#include "desktop/cups/PrintQueue.h"
+#include "desktop/cups/SheetSize.h"
+
+namespace desktop::cups {
 
 /// Sizes that one can make up: each side lies between those of two sheets, the ends taken in.
 struct SizeRange {
@@ -60,4 +60,4 @@ struct MediaNumbers {
 /// older list must not become another paper.
 void KeepNumbers(CupsMedia& media, MediaNumbers& numbers);
 
-} // namespace platform::qt
+} // namespace desktop::cups

@@ -1,22 +1,22 @@
 #include "desktop/cups/CupsPpd.h"
 
-#include "desktop/cups/MediaWording.h"
-#include "desktop/cups/PageOptions.h"
-#include "desktop/cups/PaperTable.h"
-#include "desktop/cups/PossiblePaper.h"
+#include <algorithm>
+#include <memory>
+#include <string_view>
 
 #include <cups/cups.h>
 #include <cups/ppd.h>
 #include <cups/pwg.h>
 
-#include <algorithm>
-#include <memory>
-#include <string_view>
+#include "desktop/cups/MediaWording.h"
+#include "desktop/cups/PageOptions.h"
+#include "desktop/cups/PaperTable.h"
+#include "desktop/cups/PossiblePaper.h"
 
 // The attributes that are to replace PPD files do not have the wording of their papers and bins.
 #pragma GCC diagnostic ignored "-Wdeprecated-declarations"
 
-namespace platform::qt {
+namespace desktop::cups {
 
 namespace {
 
@@ -177,4 +177,4 @@ CupsMedia MediaOfPpd(const std::string& file) {
     return media;
 }
 
-} // namespace platform::qt
+} // namespace desktop::cups

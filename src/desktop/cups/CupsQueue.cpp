@@ -1,12 +1,5 @@
 #include "desktop/cups/CupsQueue.h"
 
-#include "base/RuntimeError.h"
-#include "desktop/cups/CupsChoice.h"
-#include "desktop/cups/CupsJob.h"
-#include "desktop/cups/CupsStatus.h"
-#include "desktop/cups/PaperTable.h"
-#include "desktop/cups/PpdFile.h"
-
 #include <algorithm>
 #include <array>
 #include <cstdlib>
@@ -14,7 +7,14 @@
 #include <string_view>
 #include <utility>
 
-namespace platform::qt {
+#include "base/RuntimeError.h"
+#include "desktop/cups/CupsChoice.h"
+#include "desktop/cups/CupsJob.h"
+#include "desktop/cups/CupsStatus.h"
+#include "desktop/cups/PaperTable.h"
+#include "desktop/cups/PpdFile.h"
+
+namespace desktop::cups {
 
 namespace {
 
@@ -254,4 +254,4 @@ std::unique_ptr<PrintJob> CupsQueue::BeginJob(const std::string& title, const Pa
     return std::make_unique<CupsJob>(server_, name_, uri_, title, OptionsFor(paper, bin));
 }
 
-} // namespace platform::qt
+} // namespace desktop::cups

@@ -1,16 +1,16 @@
 #pragma once
 
-#include "desktop/cups/CupsMedia.h"
-#include "desktop/cups/CupsServer.h"
-#include "desktop/cups/PrintQueue.h"
-
 #include <chrono>
 #include <memory>
 #include <optional>
 #include <string>
 #include <vector>
 
-namespace platform::qt {
+#include "desktop/cups/CupsMedia.h"
+#include "desktop/cups/CupsServer.h"
+#include "desktop/cups/PrintQueue.h"
+
+namespace desktop::cups {
 
 /// A queue of the print server. Its stored settings are the user's own defaults, those that `lpoptions`
 /// shows, and over them what the program has written.
@@ -56,4 +56,4 @@ class CupsQueue : public PrintQueue {
 /// The queues of the print server, and whether it answered.
 FoundQueues FindCupsQueues(const std::shared_ptr<CupsServer>& server);
 
-} // namespace platform::qt
+} // namespace desktop::cups

@@ -1,12 +1,12 @@
 #include "desktop/cups/CupsServer.h"
 
-#include <sys/socket.h>
-
 #include <algorithm>
 #include <charconv>
 #include <utility>
 
-namespace platform::qt {
+#include <sys/socket.h>
+
+namespace desktop::cups {
 
 namespace {
 
@@ -167,4 +167,4 @@ std::string ValueOf(const std::map<std::string, std::string>& values, const std:
     return found == values.end() ? std::string() : found->second;
 }
 
-} // namespace platform::qt
+} // namespace desktop::cups

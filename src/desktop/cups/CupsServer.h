@@ -1,18 +1,18 @@
 #pragma once
 
-#include "desktop/cups/CupsMedia.h"
-#include "desktop/cups/StoredChoice.h"
-#include "desktop/cups/UserDefaults.h"
-
-#include <cups/cups.h>
-
 #include <chrono>
 #include <map>
 #include <memory>
 #include <optional>
 #include <string>
 
-namespace platform::qt {
+#include <cups/cups.h>
+
+#include "desktop/cups/CupsMedia.h"
+#include "desktop/cups/StoredChoice.h"
+#include "desktop/cups/UserDefaults.h"
+
+namespace desktop::cups {
 
 class CupsServer;
 
@@ -103,4 +103,4 @@ CupsAttributes ReadAttributes(ipp_t* answer, ipp_attribute_t*& at);
 /// The value of that name, or an empty text.
 std::string ValueOf(const std::map<std::string, std::string>& values, const std::string& name);
 
-} // namespace platform::qt
+} // namespace desktop::cups

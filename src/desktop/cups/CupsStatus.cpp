@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <array>
 
-namespace platform::qt {
+namespace desktop::cups {
 
 namespace {
 
@@ -82,4 +82,4 @@ std::uint32_t StatusBits(std::string_view state, std::string_view reasons, std::
     return bits;
 }
 
-} // namespace platform::qt
+} // namespace desktop::cups

@@ -1,18 +1,18 @@
 #include "desktop/cups/IppMedia.h"
 
-#include "desktop/cups/MediaWording.h"
-#include "desktop/cups/PaperTable.h"
-#include "desktop/cups/PossiblePaper.h"
-
-#include <cups/cups.h>
-#include <cups/pwg.h>
-
 #include <algorithm>
 #include <cstdlib>
 #include <optional>
 #include <string_view>
 
-namespace platform::qt {
+#include <cups/cups.h>
+#include <cups/pwg.h>
+
+#include "desktop/cups/MediaWording.h"
+#include "desktop/cups/PaperTable.h"
+#include "desktop/cups/PossiblePaper.h"
+
+namespace desktop::cups {
 
 namespace {
 
@@ -171,4 +171,4 @@ CupsMedia MediaOfAttributes(ipp_t* attributes) {
     return media;
 }
 
-} // namespace platform::qt
+} // namespace desktop::cups

@@ -2,9 +2,9 @@
 
 #include "desktop/cups/CupsMedia.h"
 
-namespace platform::qt {
+namespace desktop::cups {
 
 /// Papers, bins and margins as the attributes of a queue tell them.
 CupsMedia MediaOfAttributes(ipp_t* attributes);
 
-} // namespace platform::qt
+} // namespace desktop::cups

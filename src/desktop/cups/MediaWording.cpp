@@ -8,7 +8,7 @@
 #include <cups/cups.h>
 #include <cups/pwg.h>
 
-namespace platform::qt {
+namespace desktop::cups {
 
 namespace {
 
@@ -134,4 +134,4 @@ std::string WordingOfPaper(const std::string& keyword, const SheetSize& size) {
     return result;
 }
 
-} // namespace platform::qt
+} // namespace desktop::cups

@@ -1,10 +1,10 @@
 #include "desktop/cups/OptionLine.h"
 
-#include <cups/cups.h>
-
 #include <QList>
 
-namespace platform::qt {
+#include <cups/cups.h>
+
+namespace desktop::cups {
 
 namespace {
 
@@ -102,4 +102,4 @@ std::string PreferredIn(const QByteArray& text) {
     return {};
 }
 
-} // namespace platform::qt
+} // namespace desktop::cups

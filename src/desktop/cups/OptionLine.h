@@ -1,11 +1,10 @@
 #pragma once
 
 #include <QByteArray>
-
 #include <map>
 #include <string>
 
-namespace platform::qt {
+namespace desktop::cups {
 
 /// A queue's line ("Dest name options" or "Default name options") in the text of an lpoptions file; the last
 /// one where there are several, empty if there is none. An instance ("name/instance") is not the queue.
@@ -18,4 +17,4 @@ std::map<std::string, std::string> OptionsOf(const QByteArray& line);
 /// empty text if none does.
 std::string PreferredIn(const QByteArray& text);
 
-} // namespace platform::qt
+} // namespace desktop::cups

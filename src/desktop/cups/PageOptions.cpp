@@ -5,7 +5,7 @@
 #include <cctype>
 #include <span>
 
-namespace platform::qt {
+namespace desktop::cups {
 
 namespace {
 
@@ -184,4 +184,4 @@ std::string PlainChoice(std::string_view option, const std::vector<std::string>&
     return {};
 }
 
-} // namespace platform::qt
+} // namespace desktop::cups

@@ -4,7 +4,7 @@
 #include <string_view>
 #include <vector>
 
-namespace platform::qt {
+namespace desktop::cups {
 
 /// True for an option, of the server, its filters or a PPD, that would change how the pages of a document
 /// that is complete come out: turned, shrunk, on both sides, several on a sheet, in another order, left out
@@ -16,4 +16,4 @@ bool ChangesPages(std::string_view option);
 /// choices tell.
 std::string PlainChoice(std::string_view option, const std::vector<std::string>& choices);
 
-} // namespace platform::qt
+} // namespace desktop::cups

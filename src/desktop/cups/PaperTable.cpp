@@ -1,11 +1,11 @@
 #include "desktop/cups/PaperTable.h"
 
-#include "base/Text.h"
-
 #include <algorithm>
 #include <array>
 
-namespace platform::qt {
+#include "base/Text.h"
+
+namespace desktop::cups {
 
 namespace {
 
@@ -100,7 +100,7 @@ std::int16_t PaperCode(std::string_view pwgName) {
 }
 
 std::int16_t BinCode(std::string_view choice) {
-    return CodeIn(Bins, text::Lower(choice));
+    return CodeIn(Bins, base::text::Lower(choice));
 }
 
-} // namespace platform::qt
+} // namespace desktop::cups

@@ -3,7 +3,7 @@
 #include <cstdint>
 #include <string_view>
 
-namespace platform::qt {
+namespace desktop::cups {
 
 inline constexpr std::int16_t PaperLetter = 1;
 inline constexpr std::int16_t PaperLegal = 5;
@@ -23,4 +23,4 @@ std::int16_t PaperCode(std::string_view pwgName);
 /// letter case; 0 if it has none.
 std::int16_t BinCode(std::string_view choice);
 
-} // namespace platform::qt
+} // namespace desktop::cups

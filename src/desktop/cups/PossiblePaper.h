@@ -1,11 +1,11 @@
 #pragma once
 
-#include "desktop/cups/PrintQueue.h"
-
 #include <cmath>
 #include <vector>
 
-namespace platform::qt {
+#include "desktop/cups/PrintQueue.h"
+
+namespace desktop::cups {
 
 /// The longest side of a sheet in twips: 200 inches, as of a PDF's page.
 inline constexpr double LongestSide = 200 * 1440;
@@ -36,4 +36,4 @@ inline void KeepPossible(std::vector<Paper>& papers) {
     }
 }
 
-} // namespace platform::qt
+} // namespace desktop::cups

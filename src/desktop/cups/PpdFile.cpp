@@ -6,7 +6,7 @@
 #include <sys/mman.h>
 #include <unistd.h>
 
-namespace platform::qt {
+namespace desktop::cups {
 
 namespace {
 
@@ -77,4 +77,4 @@ std::string PpdFile::Name() const {
     return descriptor_ < 0 ? "" : "/proc/self/fd/" + std::to_string(descriptor_);
 }
 
-} // namespace platform::qt
+} // namespace desktop::cups

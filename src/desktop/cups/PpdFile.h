@@ -1,11 +1,11 @@
 #pragma once
 
-#include <cups/cups.h>
-
 #include <cstddef>
 #include <string>
 
-namespace platform::qt {
+#include <cups/cups.h>
+
+namespace desktop::cups {
 
 /// The description of a queue's driver, fetched from the print server into memory: no other user can open
 /// or change it, and nothing of it stays behind.
@@ -33,4 +33,4 @@ class PpdFile {
     int descriptor_ = -1;
 };
 
-} // namespace platform::qt
+} // namespace desktop::cups

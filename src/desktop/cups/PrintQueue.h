@@ -7,7 +7,7 @@
 
 class QIODevice;
 
-namespace platform::qt {
+namespace desktop::cups {
 
 /// A paper that a queue offers. Lengths are twips; the margins are the strips of an upright sheet that the
 /// printer cannot reach.
@@ -105,4 +105,4 @@ struct FoundQueues {
     bool Answered = false; ///< false if the server could not be asked
 };
 
-} // namespace platform::qt
+} // namespace desktop::cups

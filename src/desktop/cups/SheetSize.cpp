@@ -6,7 +6,7 @@
 #include <cmath>
 #include <string_view>
 
-namespace platform::qt {
+namespace desktop::cups {
 
 namespace {
 
@@ -118,4 +118,4 @@ int HundredthsOf(double twips) {
     return static_cast<int>(std::lround(twips / TwipsPerMillimetre * 100));
 }
 
-} // namespace platform::qt
+} // namespace desktop::cups

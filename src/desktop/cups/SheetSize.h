@@ -3,7 +3,7 @@
 #include <optional>
 #include <string>
 
-namespace platform::qt {
+namespace desktop::cups {
 
 /// A sheet by its sides, upright or not; twips.
 struct SheetSize {
@@ -33,4 +33,4 @@ std::string Measures(const SheetSize& size);
 double TwipsOfHundredths(int hundredths);
 int HundredthsOf(double twips);
 
-} // namespace platform::qt
+} // namespace desktop::cups

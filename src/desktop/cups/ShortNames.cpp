@@ -2,7 +2,7 @@
 
 #include <algorithm>
 
-namespace platform::qt {
+namespace desktop::cups {
 
 namespace {
 
@@ -67,4 +67,4 @@ std::vector<std::string> ShortNames(const std::vector<std::string>& names, std::
     return result;
 }
 
-} // namespace platform::qt
+} // namespace desktop::cups

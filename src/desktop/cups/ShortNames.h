@@ -5,7 +5,7 @@
 #include <string_view>
 #include <vector>
 
-namespace platform::qt {
+namespace desktop::cups {
 
 /// The beginning of a UTF-8 text that takes `bytes` at most and ends with a whole character.
 std::string_view WholeCharacters(std::string_view text, std::size_t bytes);
@@ -14,4 +14,4 @@ std::string_view WholeCharacters(std::string_view text, std::size_t bytes);
 /// would make it the same as another.
 std::vector<std::string> ShortNames(const std::vector<std::string>& names, std::size_t bytes);
 
-} // namespace platform::qt
+} // namespace desktop::cups

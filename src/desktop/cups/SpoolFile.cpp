@@ -1,11 +1,8 @@
 #include "desktop/cups/SpoolFile.h"
 
-#include "base/RuntimeError.h"
-
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
-
 #include <cerrno>
 #include <cstdlib>
 #include <string>
@@ -15,7 +12,9 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
-namespace platform::qt {
+#include "base/RuntimeError.h"
+
+namespace desktop::cups {
 
 namespace {
 
@@ -32,8 +31,8 @@ bool MakeFolder(const QByteArray& folder, mode_t mode) {
 
 /// A descriptor, or -1.
 int OpenWithoutName(const QByteArray& folder) {
-    const int nameless =
-        Uninterrupted([&] { return open(folder.constData(), O_TMPFILE | O_RDWR | O_CLOEXEC, PrivateFile); });
+    const int nameless = regfile::Uninterrupted(
+        [&] { return open(folder.constData(), O_TMPFILE | O_RDWR | O_CLOEXEC, PrivateFile); });
     if (nameless >= 0 || (errno != EOPNOTSUPP && errno != EISDIR)) {
         return nameless;
     }
@@ -47,10 +46,10 @@ int OpenWithoutName(const QByteArray& folder) {
     return named;
 }
 
-RuntimeError Failure(const QString& folder, int error) {
+base::RuntimeError Failure(const QString& folder, int error) {
     const QString text = QStringLiteral("Het document kon niet worden klaargezet.\n%1\n%2")
                              .arg(folder, qt_error_string(error));
-    return RuntimeError(ErrorPrinter, text.toStdString());
+    return base::RuntimeError(base::ErrorPrinter, text.toStdString());
 }
 
 } // namespace
@@ -60,11 +59,11 @@ SpoolFile::SpoolFile(const QString& folder) : folder_(folder) {
     if (!MakeFolder(name, PrivateFolder)) {
         throw Failure(folder_, errno);
     }
-    Descriptor file(OpenWithoutName(name));
+    regfile::Descriptor file(OpenWithoutName(name));
     if (!file.IsOpen()) {
         throw Failure(folder_, errno);
     }
-    writer_ = FileWriter(std::move(file));
+    writer_ = regfile::FileWriter(std::move(file));
     open(WriteOnly);
 }
 
@@ -86,4 +85,4 @@ qint64 SpoolFile::writeData(const char* data, qint64 length) {
     return writer_.Write({data, static_cast<std::size_t>(length)}) == 0 ? length : -1;
 }
 
-} // namespace platform::qt
+} // namespace desktop::cups

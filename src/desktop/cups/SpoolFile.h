@@ -1,11 +1,11 @@
 #pragma once
 
-#include "desktop/regfile/FileWriter.h"
-
 #include <QIODevice>
 #include <QString>
 
-namespace platform::qt {
+#include "desktop/regfile/FileWriter.h"
+
+namespace desktop::cups {
 
 /// A file for a document that waits for the print server: with a place on the disk but without a name, so no
 /// other user can open it and the system takes it back when the program ends, however it ends.
@@ -32,7 +32,7 @@ class SpoolFile : public QIODevice {
 
   private:
     QString folder_;
-    FileWriter writer_;
+    regfile::FileWriter writer_;
 };
 
-} // namespace platform::qt
+} // namespace desktop::cups

@@ -1,13 +1,13 @@
 #pragma once
 
-#include "desktop/cups/PrintQueue.h"
-
 #include <algorithm>
 #include <cstdint>
 #include <optional>
 #include <vector>
 
-namespace platform::qt {
+#include "desktop/cups/PrintQueue.h"
+
+namespace desktop::cups {
 
 /// What the program has written as a queue's stored settings, over what the user's files say: field by field,
 /// as what the program has not changed is to follow the files.
@@ -48,4 +48,4 @@ class StoredChoice {
     Field bin_;
 };
 
-} // namespace platform::qt
+} // namespace desktop::cups

@@ -1,18 +1,17 @@
 #include "desktop/cups/UserDefaults.h"
 
-#include "desktop/regfile/PosixFile.h"
-#include "desktop/cups/OptionLine.h"
-
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
-
 #include <cerrno>
 #include <cstddef>
 #include <optional>
 #include <string>
 
-namespace platform::qt {
+#include "desktop/cups/OptionLine.h"
+#include "desktop/regfile/PosixFile.h"
+
+namespace desktop::cups {
 
 namespace {
 
@@ -26,10 +25,10 @@ constexpr int Tries = 3;
 /// a file it may be. Never waits for another process.
 std::optional<QByteArray> ReadFile(const QString& name) {
     const std::string path = QFile::encodeName(name).toStdString();
-    FileContent content;
+    regfile::FileContent content;
     int error = EAGAIN;
     for (int tries = 0; error == EAGAIN && tries < Tries; ++tries) {
-        error = ReadWholeFile(path, Longest, content);
+        error = regfile::ReadWholeFile(path, Longest, content);
     }
     if (error == ENOENT) {
         return QByteArray();
@@ -71,4 +70,4 @@ std::string UserDefaults::Trouble() const {
     return {};
 }
 
-} // namespace platform::qt
+} // namespace desktop::cups

@@ -2,11 +2,10 @@
 
 #include <QByteArray>
 #include <QString>
-
 #include <map>
 #include <string>
 
-namespace platform::qt {
+namespace desktop::cups {
 
 /// Options of a queue by name.
 using CupsOptions = std::map<std::string, std::string>;
@@ -39,4 +38,4 @@ class UserDefaults {
     QString machineFile_;
 };
 
-} // namespace platform::qt
+} // namespace desktop::cups

@@ -6,15 +6,14 @@
 #include <QApplication>
 #include <QLabel>
 #include <QMouseEvent>
-
 #include <algorithm>
 #include <string_view>
 #include <vector>
 
-#include "forms/ReadingOrder.h"
 #include "desktop/qt/Guarded.h"
+#include "forms/ReadingOrder.h"
 
-namespace platform::qt {
+namespace desktop::qt {
 
 namespace {
 
@@ -187,4 +186,4 @@ void InstallAccessibility() {
     QAccessible::installFactory(Make);
 }
 
-} // namespace platform::qt
+} // namespace desktop::qt

@@ -2,7 +2,7 @@
 
 class QWidget;
 
-namespace platform::qt {
+namespace desktop::qt {
 
 /// Name of the property of a widget that tells its role to assistive technology: a number of
 /// QAccessible::Role. For widgets of the program's own making, whose role the toolkit cannot know.
@@ -16,4 +16,4 @@ void SpeakEnabled(QWidget& widget, bool enabled);
 /// with its role, and without those that only decorate. Once, before the first window.
 void InstallAccessibility();
 
-} // namespace platform::qt
+} // namespace desktop::qt

@@ -3,7 +3,7 @@
 #include <QCursor>
 #include <QGuiApplication>
 
-namespace platform::qt {
+namespace desktop::qt {
 
 /// The plain mouse pointer for as long as it lives: a run shows the hourglass, a question to the user in its
 /// midst does not.
@@ -15,4 +15,4 @@ class ArrowPointer {
     ArrowPointer& operator=(const ArrowPointer&) = delete;
 };
 
-} // namespace platform::qt
+} // namespace desktop::qt

@@ -3,7 +3,6 @@
 #include <QPainterPath>
 #include <QRawFont>
 #include <QtEndian>
-
 #include <algorithm>
 #include <array>
 #include <cmath>
@@ -18,7 +17,7 @@
 #include "desktop/qt/BoldOutline.h"
 #include "desktop/qt/TrueTypeFile.h"
 
-namespace platform::qt {
+namespace desktop::qt {
 
 namespace {
 
@@ -337,4 +336,4 @@ QByteArray MakeBold(const QRawFont& plain, const QRawFont& bold) {
     return BoldMaker(plainFace, boldFace).Make();
 }
 
-} // namespace platform::qt
+} // namespace desktop::qt

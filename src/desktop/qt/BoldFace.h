@@ -4,7 +4,7 @@
 
 class QRawFont;
 
-namespace platform::qt {
+namespace desktop::qt {
 
 /// A bold face for a family whose own one has the outlines of the plain face, only further apart: a TrueType
 /// file with the bold face's names, advances and line metrics, and with outlines that are bold: those of
@@ -12,4 +12,4 @@ namespace platform::qt {
 /// TrueType fonts.
 QByteArray MakeBold(const QRawFont& plain, const QRawFont& bold);
 
-} // namespace platform::qt
+} // namespace desktop::qt

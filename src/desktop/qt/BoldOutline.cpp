@@ -4,7 +4,7 @@
 #include <array>
 #include <vector>
 
-namespace platform::qt {
+namespace desktop::qt {
 
 namespace {
 
@@ -69,4 +69,4 @@ void Embolden(FT_Outline& outline, FT_Pos across, FT_Pos up) {
     }
 }
 
-} // namespace platform::qt
+} // namespace desktop::qt

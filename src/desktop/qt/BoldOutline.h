@@ -5,7 +5,7 @@
 
 #include <span>
 
-namespace platform::qt {
+namespace desktop::qt {
 
 inline std::span<FT_Vector> Points(const FT_Outline& outline) {
     return {outline.points, static_cast<std::size_t>(outline.n_points)};
@@ -16,4 +16,4 @@ inline std::span<FT_Vector> Points(const FT_Outline& outline) {
 /// less: the holes of letters, and dots beside each other.
 void Embolden(FT_Outline& outline, FT_Pos across, FT_Pos up);
 
-} // namespace platform::qt
+} // namespace desktop::qt

@@ -1,6 +1,4 @@
-#include "desktop/cups/CupsSpooler.h"
-
-#include "desktop/cups/ShortNames.h"
+#include "desktop/qt/CupsSpooler.h"
 
 #include <algorithm>
 #include <array>
@@ -9,7 +7,9 @@
 #include <string_view>
 #include <vector>
 
-namespace platform::qt {
+#include "desktop/cups/ShortNames.h"
+
+namespace desktop::qt {
 
 namespace {
 
@@ -23,7 +23,7 @@ constexpr std::uint16_t DevModeVersion = 0x0401;
 
 /// A text into a field of `size` bytes, closed by a NUL.
 void PutText(char* field, std::size_t size, std::string_view text) {
-    const std::string_view part = WholeCharacters(text, size - 1);
+    const std::string_view part = cups::WholeCharacters(text, size - 1);
     char* end = std::copy(part.begin(), part.end(), field);
     std::fill(end, field + size, '\0');
 }
@@ -38,17 +38,17 @@ bool OffersItself(const std::vector<Item>& items) {
     return std::any_of(items.begin(), items.end(), [](const Item& item) { return !item.StandIn; });
 }
 
-DEVMODE DevModeOf(PrintQueue& queue, const QueueSettings& settings) {
-    DEVMODE mode{};
+machine::DEVMODE DevModeOf(cups::PrintQueue& queue, const cups::QueueSettings& settings) {
+    machine::DEVMODE mode{};
     PutText(mode.dmDeviceName, sizeof mode.dmDeviceName, queue.Name());
     mode.dmSpecVersion = DevModeVersion;
-    mode.dmSize = sizeof(DEVMODE);
-    mode.dmFields = Bit(DM_ORIENTATION);
+    mode.dmSize = sizeof(machine::DEVMODE);
+    mode.dmFields = Bit(machine::DM_ORIENTATION);
     if (OffersItself(queue.Papers())) {
-        mode.dmFields |= Bit(DM_PAPERSIZE);
+        mode.dmFields |= Bit(machine::DM_PAPERSIZE);
     }
     if (OffersItself(queue.Bins())) {
-        mode.dmFields |= Bit(DM_DEFAULTSOURCE);
+        mode.dmFields |= Bit(machine::DM_DEFAULTSOURCE);
     }
     mode.dmOrientation = settings.Orientation;
     mode.dmPaperSize = settings.PaperId;
@@ -57,8 +57,8 @@ DEVMODE DevModeOf(PrintQueue& queue, const QueueSettings& settings) {
     return mode;
 }
 
-DEVMODE ReadDevMode(const void* bytes) {
-    DEVMODE mode;
+machine::DEVMODE ReadDevMode(const void* bytes) {
+    machine::DEVMODE mode;
     std::memcpy(&mode, bytes, sizeof mode);
     return mode;
 }
@@ -69,23 +69,24 @@ bool Offers(const std::vector<Item>& items, std::int16_t id) {
 }
 
 /// The stored settings with those of `mode` in their place that the queue offers.
-QueueSettings Merged(PrintQueue& queue, const DEVMODE& mode) {
-    QueueSettings settings = queue.ReadSettings();
+cups::QueueSettings Merged(cups::PrintQueue& queue, const machine::DEVMODE& mode) {
+    cups::QueueSettings settings = queue.ReadSettings();
     const auto has = [&mode](std::int32_t field) { return (mode.dmFields & Bit(field)) != 0; };
-    if (has(DM_ORIENTATION) && (mode.dmOrientation == Portrait || mode.dmOrientation == Landscape)) {
+    if (has(machine::DM_ORIENTATION) &&
+        (mode.dmOrientation == cups::Portrait || mode.dmOrientation == cups::Landscape)) {
         settings.Orientation = mode.dmOrientation;
     }
-    if (has(DM_PAPERSIZE) && Offers(queue.Papers(), mode.dmPaperSize)) {
+    if (has(machine::DM_PAPERSIZE) && Offers(queue.Papers(), mode.dmPaperSize)) {
         settings.PaperId = mode.dmPaperSize;
     }
-    if (has(DM_DEFAULTSOURCE) && Offers(queue.Bins(), mode.dmDefaultSource)) {
+    if (has(machine::DM_DEFAULTSOURCE) && Offers(queue.Bins(), mode.dmDefaultSource)) {
         settings.BinId = mode.dmDefaultSource;
     }
     return settings;
 }
 
 struct InfoText {
-    char* PRINTER_INFO_2::*Member;
+    char* machine::PRINTER_INFO_2::*Member;
     std::string Bytes;
 };
 
@@ -108,7 +109,7 @@ struct PutId {
 };
 
 struct PutPaperSize {
-    void operator()(char*& at, const Paper& paper) const {
+    void operator()(char*& at, const cups::Paper& paper) const {
         Put(at, TenthsOfMillimetre(paper.Width));
         Put(at, TenthsOfMillimetre(paper.Height));
     }
@@ -122,7 +123,7 @@ std::int32_t ListNames(void* output, const std::vector<Item>& items, std::size_t
         for (const Item& item : items) {
             names.push_back(item.Name);
         }
-        for (const std::string& name : ShortNames(names, size - 1)) {
+        for (const std::string& name : cups::ShortNames(names, size - 1)) {
             PutText(at, size, name);
             at += size;
         }
@@ -143,14 +144,15 @@ std::int32_t List(void* output, const std::vector<Item>& items, Write write) {
 
 } // namespace
 
-PrintQueue* CupsSpooler::OfHandle(PrinterHandle handle) const {
+cups::PrintQueue* CupsSpooler::OfHandle(machine::PrinterHandle handle) const {
     const auto found = open_.find(handle);
     return found == open_.end() ? nullptr : printers_.Find(found->second);
 }
 
-bool CupsSpooler::OpenPrinterA(const std::string& printer, PrinterHandle& handle, const PRINTER_DEFAULTS&) {
+bool CupsSpooler::OpenPrinterA(const std::string& printer, machine::PrinterHandle& handle,
+                               const machine::PRINTER_DEFAULTS&) {
     handle = 0;
-    PrintQueue* queue = printers_.Find(printer);
+    cups::PrintQueue* queue = printers_.Find(printer);
     if (queue == nullptr) {
         return false;
     }
@@ -164,34 +166,34 @@ bool CupsSpooler::OpenPrinterA(const std::string& printer, PrinterHandle& handle
 }
 
 std::string CupsSpooler::Decode(std::string_view bytes) const {
-    return std::string(WholeCharacters(bytes, bytes.size())); // a field's end may have cut the last one
+    return std::string(cups::WholeCharacters(bytes, bytes.size())); // a field's end may have cut the last one
 }
 
 std::string CupsSpooler::Trouble(const std::string& printer) {
-    PrintQueue* queue = printers_.Find(printer);
+    cups::PrintQueue* queue = printers_.Find(printer);
     return queue == nullptr ? std::string() : queue->Trouble();
 }
 
-bool CupsSpooler::ClosePrinter(PrinterHandle handle) {
+bool CupsSpooler::ClosePrinter(machine::PrinterHandle handle) {
     return open_.erase(handle) == 1;
 }
 
-std::int32_t CupsSpooler::DocumentPropertiesA(PrinterHandle handle, const std::string&, void* output,
+std::int32_t CupsSpooler::DocumentPropertiesA(machine::PrinterHandle handle, const std::string&, void* output,
                                               const void* input, std::uint32_t mode) {
-    PrintQueue* queue = OfHandle(handle);
+    cups::PrintQueue* queue = OfHandle(handle);
     if (queue == nullptr) {
         return Failed;
     }
     if (mode == 0) {
-        return sizeof(DEVMODE);
+        return sizeof(machine::DEVMODE);
     }
     if (output == nullptr) {
         return Failed;
     }
-    DEVMODE answer;
-    if (mode == DM_OUT_BUFFER) {
+    machine::DEVMODE answer;
+    if (mode == machine::DM_OUT_BUFFER) {
         answer = DevModeOf(*queue, queue->ReadSettings());
-    } else if (mode == (DM_IN_BUFFER | DM_OUT_BUFFER) && input != nullptr) {
+    } else if (mode == (machine::DM_IN_BUFFER | machine::DM_OUT_BUFFER) && input != nullptr) {
         answer = DevModeOf(*queue, Merged(*queue, ReadDevMode(input)));
     } else {
         return Failed;
@@ -200,20 +202,20 @@ std::int32_t CupsSpooler::DocumentPropertiesA(PrinterHandle handle, const std::s
     return Succeeded;
 }
 
-bool CupsSpooler::GetPrinterA(PrinterHandle handle, std::uint32_t level, void* buffer, std::uint32_t size,
-                              std::uint32_t& needed) {
+bool CupsSpooler::GetPrinterA(machine::PrinterHandle handle, std::uint32_t level, void* buffer,
+                              std::uint32_t size, std::uint32_t& needed) {
     needed = 0;
-    PrintQueue* queue = OfHandle(handle);
+    cups::PrintQueue* queue = OfHandle(handle);
     if (queue == nullptr || level != InfoLevel) {
         return false;
     }
     const std::array<InfoText, 4> texts = {{
-        {&PRINTER_INFO_2::pPrinterName, queue->Name()},
-        {&PRINTER_INFO_2::pPortName, queue->Port()},
-        {&PRINTER_INFO_2::pDriverName, queue->Driver()},
-        {&PRINTER_INFO_2::pComment, queue->Comment()},
+        {&machine::PRINTER_INFO_2::pPrinterName, queue->Name()},
+        {&machine::PRINTER_INFO_2::pPortName, queue->Port()},
+        {&machine::PRINTER_INFO_2::pDriverName, queue->Driver()},
+        {&machine::PRINTER_INFO_2::pComment, queue->Comment()},
     }};
-    std::size_t total = sizeof(PRINTER_INFO_2) + sizeof(DEVMODE);
+    std::size_t total = sizeof(machine::PRINTER_INFO_2) + sizeof(machine::DEVMODE);
     for (const InfoText& each : texts) {
         total += each.Bytes.size() + 1;
     }
@@ -221,10 +223,10 @@ bool CupsSpooler::GetPrinterA(PrinterHandle handle, std::uint32_t level, void* b
     if (buffer == nullptr || size < needed) {
         return false;
     }
-    PRINTER_INFO_2 info{};
+    machine::PRINTER_INFO_2 info{};
     info.Status = queue->Status();
     char* at = static_cast<char*>(buffer) + sizeof info;
-    info.pDevMode = reinterpret_cast<DEVMODE*>(at);
+    info.pDevMode = reinterpret_cast<machine::DEVMODE*>(at);
     Put(at, DevModeOf(*queue, queue->ReadSettings()));
     for (const InfoText& each : texts) {
         info.*each.Member = at;
@@ -235,13 +237,13 @@ bool CupsSpooler::GetPrinterA(PrinterHandle handle, std::uint32_t level, void* b
     return true;
 }
 
-bool CupsSpooler::SetPrinterA(PrinterHandle handle, std::uint32_t level, const void* buffer,
+bool CupsSpooler::SetPrinterA(machine::PrinterHandle handle, std::uint32_t level, const void* buffer,
                               std::uint32_t command) {
-    PrintQueue* queue = OfHandle(handle);
+    cups::PrintQueue* queue = OfHandle(handle);
     if (queue == nullptr || level != InfoLevel || buffer == nullptr || command != 0) {
         return false;
     }
-    PRINTER_INFO_2 info;
+    machine::PRINTER_INFO_2 info;
     std::memcpy(&info, buffer, sizeof info);
     if (info.pDevMode == nullptr) {
         return false;
@@ -252,24 +254,24 @@ bool CupsSpooler::SetPrinterA(PrinterHandle handle, std::uint32_t level, const v
 
 std::int32_t CupsSpooler::DeviceCapabilitiesA(const std::string& printer, const std::string&,
                                               std::uint16_t capability, void* output) {
-    PrintQueue* queue = printers_.Find(printer);
+    cups::PrintQueue* queue = printers_.Find(printer);
     if (queue == nullptr || (output == nullptr && !queue->Reachable())) {
         return Failed; // a count begins a reading of the lists, and they may have changed
     }
     switch (capability) {
-    case DC_PAPERS:
+    case machine::DC_PAPERS:
         return List(output, queue->Papers(), PutId{});
-    case DC_PAPERSIZE:
+    case machine::DC_PAPERSIZE:
         return List(output, queue->Papers(), PutPaperSize{});
-    case DC_PAPERNAMES:
+    case machine::DC_PAPERNAMES:
         return ListNames(output, queue->Papers(), PaperNameBytes);
-    case DC_BINS:
+    case machine::DC_BINS:
         return List(output, queue->Bins(), PutId{});
-    case DC_BINNAMES:
+    case machine::DC_BINNAMES:
         return ListNames(output, queue->Bins(), BinNameBytes);
     default:
         return Failed;
     }
 }
 
-} // namespace platform::qt
+} // namespace desktop::qt

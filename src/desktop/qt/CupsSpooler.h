@@ -1,18 +1,18 @@
 #pragma once
 
-#include "machine/Spooler.h"
-#include "desktop/qt/QtPrinters.h"
-
 #include <map>
 #include <string>
 #include <string_view>
 
-namespace platform::qt {
+#include "desktop/qt/QtPrinters.h"
+#include "machine/Spooler.h"
+
+namespace desktop::qt {
 
 /// The spooler's calls, answered from the queues of this machine and the PDF printer. All texts are UTF-8, as
 /// the queues have them. The stored defaults of a printer are the user's own for that queue, and what is
 /// written over them holds in this program alone.
-class CupsSpooler : public Spooler {
+class CupsSpooler : public machine::Spooler {
   public:
     explicit CupsSpooler(QtPrinters& printers) : printers_(printers) {}
 
@@ -20,26 +20,26 @@ class CupsSpooler : public Spooler {
     std::string Decode(std::string_view bytes) const override;
     std::string Trouble(const std::string& printer) override;
 
-    bool OpenPrinterA(const std::string& printer, PrinterHandle& handle,
-                      const PRINTER_DEFAULTS& defaults) override;
-    bool ClosePrinter(PrinterHandle handle) override;
+    bool OpenPrinterA(const std::string& printer, machine::PrinterHandle& handle,
+                      const machine::PRINTER_DEFAULTS& defaults) override;
+    bool ClosePrinter(machine::PrinterHandle handle) override;
 
-    std::int32_t DocumentPropertiesA(PrinterHandle handle, const std::string& printer, void* output,
+    std::int32_t DocumentPropertiesA(machine::PrinterHandle handle, const std::string& printer, void* output,
                                      const void* input, std::uint32_t mode) override;
-    bool GetPrinterA(PrinterHandle handle, std::uint32_t level, void* buffer, std::uint32_t size,
+    bool GetPrinterA(machine::PrinterHandle handle, std::uint32_t level, void* buffer, std::uint32_t size,
                      std::uint32_t& needed) override;
-    bool SetPrinterA(PrinterHandle handle, std::uint32_t level, const void* buffer,
+    bool SetPrinterA(machine::PrinterHandle handle, std::uint32_t level, const void* buffer,
                      std::uint32_t command) override;
     /// Names are cut between words, so that each is closed by a NUL and differs from the others.
     std::int32_t DeviceCapabilitiesA(const std::string& printer, const std::string& port,
                                      std::uint16_t capability, void* output) override;
 
   private:
-    PrintQueue* OfHandle(PrinterHandle handle) const;
+    cups::PrintQueue* OfHandle(machine::PrinterHandle handle) const;
 
     QtPrinters& printers_;
-    std::map<PrinterHandle, std::string> open_; ///< by name, as a printer may go while it is open
-    PrinterHandle last_ = 0;
+    std::map<machine::PrinterHandle, std::string> open_; ///< by name, as a printer may go while it is open
+    machine::PrinterHandle last_ = 0;
 };
 
-} // namespace platform::qt
+} // namespace desktop::qt

@@ -2,7 +2,6 @@
 
 #include <QGuiApplication>
 #include <QSessionManager>
-
 #include <array>
 #include <cerrno>
 #include <csignal>
@@ -11,7 +10,7 @@
 #include <sys/socket.h>
 #include <unistd.h>
 
-namespace platform::qt {
+namespace desktop::qt {
 
 namespace {
 
@@ -72,4 +71,4 @@ EndSignals::~EndSignals() {
     }
 }
 
-} // namespace platform::qt
+} // namespace desktop::qt

@@ -2,11 +2,10 @@
 
 #include <QObject>
 #include <QSocketNotifier>
-
 #include <array>
 #include <functional>
 
-namespace platform::qt {
+namespace desktop::qt {
 
 /// Has the program end in order when someone asks it to (SIGTERM, SIGINT, SIGHUP), and be asked when the
 /// session may end. A file that outgrows the user's limit (SIGXFSZ) does not end it: that is a failure of the
@@ -28,4 +27,4 @@ class EndSignals : public QObject {
     QSocketNotifier* notifier_ = nullptr;
 };
 
-} // namespace platform::qt
+} // namespace desktop::qt

@@ -3,7 +3,7 @@
 #include <QDir>
 #include <QFile>
 
-namespace platform::qt {
+namespace desktop::qt {
 
 FileJob::FileJob(const std::optional<QString>& path) : path_(path.value_or(QString())) {
     if (!path) {
@@ -28,10 +28,10 @@ qint64 FileJob::Device::writeData(const char* data, qint64 length) {
     return file_.Write({data, static_cast<std::size_t>(length)}) == 0 ? length : -1;
 }
 
-RuntimeError FileJob::Failure(int error) const {
+base::RuntimeError FileJob::Failure(int error) const {
     const QString text = QStringLiteral("Het bestand kon niet worden geschreven.\n%1\n%2")
                              .arg(QDir::toNativeSeparators(path_), qt_error_string(error));
-    return RuntimeError(ErrorPrinter, text.toStdString());
+    return base::RuntimeError(base::ErrorPrinter, text.toStdString());
 }
 
-} // namespace platform::qt
+} // namespace desktop::qt

@@ -1,18 +1,17 @@
 #pragma once
 
-#include "desktop/regfile/FileReplacement.h"
-#include "base/RuntimeError.h"
-#include "desktop/cups/PrintQueue.h"
-
 #include <QIODevice>
 #include <QString>
-
 #include <optional>
 
-namespace platform::qt {
+#include "base/RuntimeError.h"
+#include "desktop/cups/PrintQueue.h"
+#include "desktop/regfile/FileReplacement.h"
+
+namespace desktop::qt {
 
 /// A document on its way into a file, which is there when it is complete, or stays as it was.
-class FileJob : public PrintJob {
+class FileJob : public cups::PrintJob {
   public:
     /// Without a path the document goes nowhere. RuntimeError(ErrorPrinter) if the file cannot be made.
     explicit FileJob(const std::optional<QString>& path);
@@ -23,7 +22,7 @@ class FileJob : public PrintJob {
   private:
     class Device : public QIODevice {
       public:
-        explicit Device(FileReplacement& file) : file_(file) {}
+        explicit Device(regfile::FileReplacement& file) : file_(file) {}
         bool isSequential() const override { return true; }
 
       protected:
@@ -31,14 +30,14 @@ class FileJob : public PrintJob {
         qint64 writeData(const char* data, qint64 length) override;
 
       private:
-        FileReplacement& file_;
+        regfile::FileReplacement& file_;
     };
 
-    RuntimeError Failure(int error) const;
+    base::RuntimeError Failure(int error) const;
 
     QString path_;
-    FileReplacement file_;
+    regfile::FileReplacement file_;
     Device device_{file_};
 };
 
-} // namespace platform::qt
+} // namespace desktop::qt

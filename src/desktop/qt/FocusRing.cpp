@@ -6,14 +6,13 @@
 #include <QPainter>
 #include <QRadioButton>
 #include <QStyle>
-
 #include <algorithm>
 
-#include "forms/Contrast.h"
 #include "desktop/qt/Guarded.h"
 #include "desktop/qt/QtColours.h"
+#include "forms/Contrast.h"
 
-namespace platform::qt {
+namespace desktop::qt {
 
 namespace {
 
@@ -90,4 +89,4 @@ void FocusRing::Paint() {
     painter.drawRoundedRect(QRectF(rect()).adjusted(inset, inset, -inset, -inset), Rounding, Rounding);
 }
 
-} // namespace platform::qt
+} // namespace desktop::qt

@@ -3,7 +3,7 @@
 #include <QPointer>
 #include <QWidget>
 
-namespace platform::qt {
+namespace desktop::qt {
 
 /// A ring around the control that has the focus, for a user of the keyboard. The toolkit's own style draws a
 /// button that Enter presses just like one with the focus, and under a dark theme a mark that hardly differs.
@@ -26,4 +26,4 @@ class FocusRing final : public QWidget {
     QPointer<QWidget> control_;
 };
 
-} // namespace platform::qt
+} // namespace desktop::qt

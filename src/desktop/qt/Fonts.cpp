@@ -1,20 +1,19 @@
 #include "desktop/qt/Fonts.h"
 
-#include "base/Text.h"
-#include "desktop/qt/BoldFace.h"
-
 #include <QFile>
 #include <QFontDatabase>
 #include <QHash>
 #include <QRawFont>
 #include <QSet>
-
 #include <algorithm>
 #include <array>
 #include <cmath>
 #include <mutex>
 
-namespace platform::qt {
+#include "base/Text.h"
+#include "desktop/qt/BoldFace.h"
+
+namespace desktop::qt {
 
 namespace {
 
@@ -125,7 +124,7 @@ void ProvideBold(const QFont& font) {
     }
 }
 
-QFont DesignFont(const FontSpec& font) {
+QFont DesignFont(const machine::FontSpec& font) {
     QFont design;
     design.setFamilies({QString::fromStdString(ResolveFamily(font.Name))});
     // Negated so that a size that is no number counts as the smallest.
@@ -141,4 +140,4 @@ QFont DesignFont(const FontSpec& font) {
     return design;
 }
 
-} // namespace platform::qt
+} // namespace desktop::qt

@@ -1,12 +1,11 @@
 #pragma once
 
-#include "machine/Canvas.h"
-
 #include <QFont>
-
 #include <string>
 
-namespace platform::qt {
+#include "machine/Canvas.h"
+
+namespace desktop::qt {
 
 /// Pixels of a font's em for each point of size: drawing is in units of 1/7200 inch.
 inline constexpr double UnitsPerPoint = 100;
@@ -29,6 +28,6 @@ std::string ResolveFamily(const std::string& wanted);
 void ProvideBold(const QFont& font);
 
 /// The font at its design widths, without kerning, ligatures and hinting, sized for units of 1/7200 inch.
-QFont DesignFont(const FontSpec& font);
+QFont DesignFont(const machine::FontSpec& font);
 
-} // namespace platform::qt
+} // namespace desktop::qt

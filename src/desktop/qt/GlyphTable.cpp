@@ -1,14 +1,14 @@
 #include "desktop/qt/GlyphTable.h"
 
-#include "base/Text.h"
-#include "desktop/qt/Fonts.h"
-
 #include <QByteArray>
 #include <QGlyphRun>
 #include <QTextLayout>
 #include <QtEndian>
 
-namespace platform::qt {
+#include "base/Text.h"
+#include "desktop/qt/Fonts.h"
+
+namespace desktop::qt {
 
 namespace {
 
@@ -42,7 +42,7 @@ QRawFont FaceOf(const QFont& font, const GlyphTable* sibling) {
 
 } // namespace
 
-GlyphTable::GlyphTable(const FontSpec& font, const GlyphTable* sibling)
+GlyphTable::GlyphTable(const machine::FontSpec& font, const GlyphTable* sibling)
     : spec_(font), font_(DesignFont(font)), faces_{FaceOf(font_, sibling)} {
     const QRawFont& face = faces_.front();
     const QByteArray os2 = face.fontTable("OS/2");
@@ -64,7 +64,7 @@ double GlyphTable::Width(std::string_view text) {
             width += Of(byte).Advance;
             text.remove_prefix(1);
         } else {
-            const text::Decoded next = text::DecodeFirst(text);
+            const base::text::Decoded next = base::text::DecodeFirst(text);
             width += Of(next.code).Advance;
             text.remove_prefix(next.bytes);
         }
@@ -119,4 +119,4 @@ GlyphTable::Glyph GlyphTable::Make(char32_t code) {
     return glyph;
 }
 
-} // namespace platform::qt
+} // namespace desktop::qt

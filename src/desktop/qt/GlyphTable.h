@@ -1,17 +1,16 @@
 #pragma once
 
-#include "machine/Canvas.h"
-
 #include <QFont>
 #include <QRawFont>
-
 #include <array>
 #include <cstdint>
 #include <string_view>
 #include <unordered_map>
 #include <vector>
 
-namespace platform::qt {
+#include "machine/Canvas.h"
+
+namespace desktop::qt {
 
 /// A font as a table from characters to glyphs with their design widths, so that a text is measured and
 /// placed without laying it out: every character is one glyph, as wide as the font's designer made it. A
@@ -19,9 +18,9 @@ namespace platform::qt {
 class GlyphTable {
   public:
     /// `sibling`, if there is one, has the same name and boldness at another size.
-    explicit GlyphTable(const FontSpec& font, const GlyphTable* sibling = nullptr);
+    explicit GlyphTable(const machine::FontSpec& font, const GlyphTable* sibling = nullptr);
 
-    const FontSpec& Spec() const { return spec_; }
+    const machine::FontSpec& Spec() const { return spec_; }
 
     /// From the top of a text line to its base line, and the height of the line, in units of 1/7200 inch.
     double Ascent() const { return ascent_; }
@@ -48,7 +47,7 @@ class GlyphTable {
     const Glyph& Find(char32_t code);
     Glyph Make(char32_t code);
 
-    FontSpec spec_;
+    machine::FontSpec spec_;
     QFont font_;
     std::vector<QRawFont> faces_;
     double ascent_ = 0;
@@ -58,4 +57,4 @@ class GlyphTable {
     std::unordered_map<char32_t, Glyph> others_;
 };
 
-} // namespace platform::qt
+} // namespace desktop::qt

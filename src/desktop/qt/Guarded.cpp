@@ -2,21 +2,20 @@
 
 #include <QScopedValueRollback>
 #include <QtDebug>
-
 #include <exception>
 
 #include "forms/CaughtError.h"
 
-namespace platform::qt {
+namespace desktop::qt {
 
 namespace {
 
-Desktop* told = nullptr;
+forms::Desktop* told = nullptr;
 bool telling = false;
 
 } // namespace
 
-Desktop* TellFailuresOn(Desktop* desktop) {
+forms::Desktop* TellFailuresOn(forms::Desktop* desktop) {
     return std::exchange(told, desktop);
 }
 
@@ -30,7 +29,7 @@ void TellFailure() {
     }
     const QScopedValueRollback rollback(telling, true);
     try {
-        TellCaught(*told);
+        forms::TellCaught(*told);
     } catch (...) {
         LogFailure();
     }
@@ -46,4 +45,4 @@ void LogFailure() {
     }
 }
 
-} // namespace platform::qt
+} // namespace desktop::qt

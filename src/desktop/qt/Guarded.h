@@ -2,15 +2,15 @@
 
 #include <utility>
 
-namespace platform {
+namespace forms {
 class Desktop;
 }
 
-namespace platform::qt {
+namespace desktop::qt {
 
 /// From now on a failure that no handler of the program knows is told there, and the program goes on. With
 /// nullptr, as at first, it passes on and ends the program. The desktop that was named before.
-Desktop* TellFailuresOn(Desktop* desktop);
+forms::Desktop* TellFailuresOn(forms::Desktop* desktop);
 
 // To be called where an exception is being handled.
 
@@ -63,4 +63,4 @@ Answer GuardedQuietly(Answer failed, Handler&& handler) {
     return failed;
 }
 
-} // namespace platform::qt
+} // namespace desktop::qt

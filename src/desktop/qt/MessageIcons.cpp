@@ -8,7 +8,7 @@
 
 #include "desktop/qt/PictureWidget.h"
 
-namespace platform::qt {
+namespace desktop::qt {
 
 namespace {
 
@@ -51,4 +51,4 @@ void SharpenIcon(QMessageBox& box) {
     }
 }
 
-} // namespace platform::qt
+} // namespace desktop::qt

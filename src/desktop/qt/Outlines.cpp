@@ -2,14 +2,13 @@
 
 #include <QApplication>
 #include <QStyle>
-
 #include <algorithm>
 #include <array>
 
-#include "forms/Contrast.h"
 #include "desktop/qt/QtColours.h"
+#include "forms/Contrast.h"
 
-namespace platform::qt {
+namespace desktop::qt {
 
 namespace {
 
@@ -47,4 +46,4 @@ void Outline(QPalette& palette, const QPalette& theme) {
     palette.setColor(QPalette::Window, ToQColor(seen, theme).lighter(OutlineDarker));
 }
 
-} // namespace platform::qt
+} // namespace desktop::qt

@@ -4,7 +4,7 @@
 
 #include "forms/Control.h"
 
-namespace platform::qt {
+namespace desktop::qt {
 
 /// True for a kind that the toolkit draws with an outline and a filling of its own: boxes, buttons, bars.
 bool DrawsItself(forms::ControlKind kind);
@@ -14,4 +14,4 @@ bool DrawsItself(forms::ControlKind kind);
 /// a control a shade that is seen, where it needs one.
 void Outline(QPalette& palette, const QPalette& theme);
 
-} // namespace platform::qt
+} // namespace desktop::qt

@@ -3,7 +3,7 @@
 #include <QGlyphRun>
 #include <QPainter>
 
-namespace platform::qt {
+namespace desktop::qt {
 
 void PageDevice::DrawGlyphs(const QRawFont& face, std::span<const quint32> glyphs,
                             std::span<const QPointF> places) {
@@ -18,4 +18,4 @@ void DrawGlyphRun(QPainter& painter, const QRawFont& face, std::span<const quint
     painter.drawGlyphRun(QPointF(), run);
 }
 
-} // namespace platform::qt
+} // namespace desktop::qt

@@ -2,12 +2,11 @@
 
 #include <QPointF>
 #include <QRawFont>
-
 #include <span>
 
 class QPainter;
 
-namespace platform::qt {
+namespace desktop::qt {
 
 /// What a QtCanvas draws on: a document for a printer, a PDF file, a picture on the screen. A failing call
 /// raises RuntimeError.
@@ -38,4 +37,4 @@ class PageDevice {
 void DrawGlyphRun(QPainter& painter, const QRawFont& face, std::span<const quint32> glyphs,
                   std::span<const QPointF> places);
 
-} // namespace platform::qt
+} // namespace desktop::qt

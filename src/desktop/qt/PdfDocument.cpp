@@ -1,19 +1,18 @@
 #include "desktop/qt/PdfDocument.h"
 
-#include "base/RuntimeError.h"
-#include "desktop/qt/PageDevice.h"
-
 #include <QIODevice>
 #include <QPageLayout>
 #include <QPageSize>
-
 #include <cmath>
+
+#include "base/RuntimeError.h"
+#include "desktop/qt/PageDevice.h"
 
 #ifdef __GLIBC__
 #include <malloc.h>
 #endif
 
-namespace platform::qt {
+namespace desktop::qt {
 
 namespace {
 
@@ -54,7 +53,7 @@ PdfDocument::PdfDocument(QIODevice& output, const std::string& title, const Shee
     writer_.setCreator(QStringLiteral("Drukkeuring"));
     writer_.setPageLayout(LayoutOf(sheet));
     if (!painter_.begin(&writer_)) {
-        throw RuntimeError(ErrorPrinter, "Het document kon niet worden begonnen.");
+        throw base::RuntimeError(base::ErrorPrinter, "Het document kon niet worden begonnen.");
     }
     Place(sheet);
 }
@@ -88,7 +87,7 @@ void PdfDocument::NewPage(const Sheet& sheet) {
     DrawGathered();
     writer_.setPageLayout(LayoutOf(sheet));
     if (output_.HasFailed() || !writer_.newPage()) {
-        throw RuntimeError(ErrorPrinter, "De volgende pagina kon niet worden begonnen.");
+        throw base::RuntimeError(base::ErrorPrinter, "De volgende pagina kon niet worden begonnen.");
     }
     Place(sheet);
 }
@@ -103,4 +102,4 @@ void PdfDocument::Place(const Sheet& sheet) {
         QTransform::fromTranslate(sheet.OriginX * UnitsPerTwip, sheet.OriginY * UnitsPerTwip));
 }
 
-} // namespace platform::qt
+} // namespace desktop::qt

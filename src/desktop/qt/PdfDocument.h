@@ -4,7 +4,6 @@
 #include <QPdfWriter>
 #include <QRawFont>
 #include <QString>
-
 #include <span>
 #include <vector>
 
@@ -12,7 +11,7 @@
 
 class QIODevice;
 
-namespace platform::qt {
+namespace desktop::qt {
 
 /// A sheet as it is drawn on, turned already; twips.
 struct Sheet {
@@ -51,4 +50,4 @@ class PdfDocument {
     std::vector<QPointF> places_;
 };
 
-} // namespace platform::qt
+} // namespace desktop::qt

@@ -3,7 +3,7 @@
 #include <QByteArrayView>
 #include <QFile>
 
-namespace platform::qt {
+namespace desktop::qt {
 
 namespace {
 
@@ -57,4 +57,4 @@ qint64 PdfOutput::writeData(const char* data, qint64 length) {
     return output_.write(data, length);
 }
 
-} // namespace platform::qt
+} // namespace desktop::qt

@@ -2,7 +2,7 @@
 
 #include <QIODevice>
 
-namespace platform::qt {
+namespace desktop::qt {
 
 /// Hands a PDF on as the toolkit writes it. The toolkit takes the blank for a tab where a font has the same
 /// glyph for both, so who copies a text gets tabs; here a blank stays a blank.
@@ -25,4 +25,4 @@ class PdfOutput : public QIODevice {
     QIODevice& output_;
 };
 
-} // namespace platform::qt
+} // namespace desktop::qt

@@ -1,11 +1,5 @@
 #include "desktop/qt/PdfPrinter.h"
 
-#include "base/RuntimeError.h"
-#include "desktop/qt/ArrowPointer.h"
-#include "desktop/qt/FileJob.h"
-#include "desktop/cups/PaperTable.h"
-#include "desktop/cups/SheetSize.h"
-
 #include <QApplication>
 #include <QDir>
 #include <QFile>
@@ -14,12 +8,17 @@
 #include <QLabel>
 #include <QMessageBox>
 #include <QStandardPaths>
-
 #include <algorithm>
 #include <array>
 #include <utility>
 
-namespace platform::qt {
+#include "base/RuntimeError.h"
+#include "desktop/cups/PaperTable.h"
+#include "desktop/cups/SheetSize.h"
+#include "desktop/qt/ArrowPointer.h"
+#include "desktop/qt/FileJob.h"
+
+namespace desktop::qt {
 
 namespace {
 
@@ -28,17 +27,17 @@ namespace {
 constexpr qsizetype LongestFileName = 200;
 
 /// The sheet of three forms has no code of its own.
-constexpr std::int16_t PaperForm = FirstPrivateId;
+constexpr std::int16_t PaperForm = cups::FirstPrivateId;
 
 /// A name and where it stands in the settings.
 struct Setting {
     const char* Name;
-    std::int16_t QueueSettings::*Value;
+    std::int16_t cups::QueueSettings::*Value;
 };
 constexpr std::array<Setting, 3> StoredSettings = {{
-    {"orientation", &QueueSettings::Orientation},
-    {"paper", &QueueSettings::PaperId},
-    {"bin", &QueueSettings::BinId},
+    {"orientation", &cups::QueueSettings::Orientation},
+    {"paper", &cups::QueueSettings::PaperId},
+    {"bin", &cups::QueueSettings::BinId},
 }};
 
 QString OwnSettingsFile() {
@@ -46,8 +45,8 @@ QString OwnSettingsFile() {
            QStringLiteral("/drukkeuring/pdf-bestand.conf");
 }
 
-Paper PaperOf(std::int16_t id, const char* name, double width, double height) {
-    Paper paper;
+cups::Paper PaperOf(std::int16_t id, const char* name, double width, double height) {
+    cups::Paper paper;
     paper.Id = id;
     paper.Name = name;
     paper.Width = width;
@@ -137,13 +136,13 @@ QString FileNameForTitle(const std::string& title) {
 
 PdfPrinter::PdfPrinter(FileAsker asker, const QString& settingsFile)
     : asker_(std::move(asker)), defaults_(settingsFile.isEmpty() ? OwnSettingsFile() : settingsFile, {}),
-      papers_{PaperOf(PaperForm, FormSheetName, FormSheet.Width, FormSheet.Height),
-              PaperOf(PaperA4, "A4", TwipsOfMillimetres(210), TwipsOfMillimetres(297)),
-              PaperOf(PaperA5, "A5", TwipsOfMillimetres(148), TwipsOfMillimetres(210)),
-              PaperOf(PaperLetter, "Letter", TwipsOfInches(8.5), TwipsOfInches(11)),
-              PaperOf(PaperLegal, "Legal", TwipsOfInches(8.5), TwipsOfInches(14))} {
-    Bin bin;
-    bin.Id = BinAutomatic;
+      papers_{PaperOf(PaperForm, cups::FormSheetName, cups::FormSheet.Width, cups::FormSheet.Height),
+              PaperOf(cups::PaperA4, "A4", TwipsOfMillimetres(210), TwipsOfMillimetres(297)),
+              PaperOf(cups::PaperA5, "A5", TwipsOfMillimetres(148), TwipsOfMillimetres(210)),
+              PaperOf(cups::PaperLetter, "Letter", TwipsOfInches(8.5), TwipsOfInches(11)),
+              PaperOf(cups::PaperLegal, "Legal", TwipsOfInches(8.5), TwipsOfInches(14))} {
+    cups::Bin bin;
+    bin.Id = cups::BinAutomatic;
     bin.Name = "Automatisch";
     bins_.push_back(bin);
 }
@@ -152,9 +151,9 @@ std::string PdfPrinter::Comment() {
     return "Elk document wordt een PDF-bestand";
 }
 
-QueueSettings PdfPrinter::SettingsByFile() const {
-    QueueSettings settings{Portrait, PaperForm, BinAutomatic, 1};
-    const CupsOptions options = defaults_.Options(DeviceName());
+cups::QueueSettings PdfPrinter::SettingsByFile() const {
+    cups::QueueSettings settings{cups::Portrait, PaperForm, cups::BinAutomatic, 1};
+    const cups::CupsOptions options = defaults_.Options(DeviceName());
     for (const Setting& setting : StoredSettings) {
         const auto option = options.find(setting.Name);
         if (option != options.end()) {
@@ -163,22 +162,23 @@ QueueSettings PdfPrinter::SettingsByFile() const {
             settings.*setting.Value = isNumber ? value : settings.*setting.Value;
         }
     }
-    if (settings.Orientation != Landscape) {
-        settings.Orientation = Portrait;
+    if (settings.Orientation != cups::Landscape) {
+        settings.Orientation = cups::Portrait;
     }
     return settings;
 }
 
-QueueSettings PdfPrinter::ReadSettings() {
+cups::QueueSettings PdfPrinter::ReadSettings() {
     return chosen_.Over(SettingsByFile(), papers_, bins_);
 }
 
-void PdfPrinter::WriteSettings(const QueueSettings& settings) {
+void PdfPrinter::WriteSettings(const cups::QueueSettings& settings) {
     chosen_.Write(settings, SettingsByFile());
 }
 
-std::unique_ptr<PrintJob> PdfPrinter::BeginJob(const std::string& title, const Paper&, const Bin*) {
+std::unique_ptr<cups::PrintJob> PdfPrinter::BeginJob(const std::string& title, const cups::Paper&,
+                                                     const cups::Bin*) {
     return std::make_unique<FileJob>(asker_(FileNameForTitle(title)));
 }
 
-} // namespace platform::qt
+} // namespace desktop::qt

@@ -1,15 +1,14 @@
 #pragma once
 
+#include <QString>
+#include <functional>
+#include <optional>
+
 #include "desktop/cups/PrintQueue.h"
 #include "desktop/cups/StoredChoice.h"
 #include "desktop/cups/UserDefaults.h"
 
-#include <QString>
-
-#include <functional>
-#include <optional>
-
-namespace platform::qt {
+namespace desktop::qt {
 
 /// Asks the user for the file of a document, with `proposed` as the name without a folder. Nothing if the
 /// user calls the document off.
@@ -20,7 +19,7 @@ std::optional<QString> AskForPdfFile(const QString& proposed);
 
 /// The printer that is always there: each document becomes a PDF file with a name that the user is asked for
 /// when the document begins. The file appears when it is complete, or not at all.
-class PdfPrinter : public PrintQueue {
+class PdfPrinter : public cups::PrintQueue {
   public:
     /// `settingsFile` has the printer's settings as the user wants them, as a print server's queues have
     /// theirs; it is read and never written. An empty name stands for one in the user's own configuration
@@ -36,27 +35,28 @@ class PdfPrinter : public PrintQueue {
     bool Reachable() override { return true; }
     std::uint32_t Status() override { return 0; }
 
-    const std::vector<Paper>& Papers() override { return papers_; }
-    const std::vector<Bin>& Bins() override { return bins_; }
+    const std::vector<cups::Paper>& Papers() override { return papers_; }
+    const std::vector<cups::Bin>& Bins() override { return bins_; }
 
-    QueueSettings ReadSettings() override;
-    void WriteSettings(const QueueSettings& settings) override;
+    cups::QueueSettings ReadSettings() override;
+    void WriteSettings(const cups::QueueSettings& settings) override;
     std::string Trouble() override { return defaults_.Trouble(); }
 
-    std::unique_ptr<PrintJob> BeginJob(const std::string& title, const Paper& paper, const Bin* bin) override;
+    std::unique_ptr<cups::PrintJob> BeginJob(const std::string& title, const cups::Paper& paper,
+                                             const cups::Bin* bin) override;
 
   private:
-    QueueSettings SettingsByFile() const;
+    cups::QueueSettings SettingsByFile() const;
 
     FileAsker asker_;
-    UserDefaults defaults_;
-    StoredChoice chosen_;
-    std::vector<Paper> papers_;
-    std::vector<Bin> bins_;
+    cups::UserDefaults defaults_;
+    cups::StoredChoice chosen_;
+    std::vector<cups::Paper> papers_;
+    std::vector<cups::Bin> bins_;
 };
 
 /// A document's title as the name of a file: without the marks that a file name may not hold, ending in
 /// ".pdf".
 QString FileNameForTitle(const std::string& title);
 
-} // namespace platform::qt
+} // namespace desktop::qt

@@ -3,14 +3,13 @@
 #include <QPaintEvent>
 #include <QPainter>
 #include <QSvgRenderer>
-
 #include <cmath>
 
 #include "desktop/qt/Guarded.h"
 #include "desktop/qt/QtBitmaps.h"
 #include "desktop/qt/ThemedPicture.h"
 
-namespace platform::qt {
+namespace desktop::qt {
 
 QString PictureFile(const QString& name) {
     return QStringLiteral(":/pictures/%1.svg").arg(name);
@@ -60,7 +59,7 @@ bool PictureWidget::HasPicture() {
     return renderer_->isValid();
 }
 
-void PictureWidget::SetPage(std::shared_ptr<const PageBitmap> page) {
+void PictureWidget::SetPage(std::shared_ptr<const machine::PageBitmap> page) {
     page_ = std::move(page);
     setAttribute(Qt::WA_OpaquePaintEvent, page_ != nullptr); // each dot is drawn once
     update();
@@ -92,4 +91,4 @@ void PictureWidget::Paint(const QRectF& part) {
     }
 }
 
-} // namespace platform::qt
+} // namespace desktop::qt

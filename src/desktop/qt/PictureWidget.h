@@ -2,14 +2,13 @@
 
 #include <QColor>
 #include <QWidget>
-
 #include <memory>
 
 #include "machine/Bitmaps.h"
 
 class QSvgRenderer;
 
-namespace platform::qt {
+namespace desktop::qt {
 
 class QtPageBitmap;
 
@@ -25,7 +24,7 @@ class PictureWidget final : public QWidget {
     /// Name of the picture; empty, or a name that the program does not have, shows none.
     void SetPicture(const QString& name);
     /// Shows the page instead, from the top left on and as fine as the screen is; nullptr for none.
-    void SetPage(std::shared_ptr<const PageBitmap> page);
+    void SetPage(std::shared_ptr<const machine::PageBitmap> page);
 
   protected:
     void paintEvent(QPaintEvent* event) override;
@@ -38,7 +37,7 @@ class PictureWidget final : public QWidget {
     std::unique_ptr<QSvgRenderer> renderer_;
     QString name_;
     QColor background_;
-    std::shared_ptr<const PageBitmap> page_;
+    std::shared_ptr<const machine::PageBitmap> page_;
 };
 
-} // namespace platform::qt
+} // namespace desktop::qt

@@ -2,17 +2,16 @@
 
 #include <QGuiApplication>
 #include <QPainter>
-
 #include <cmath>
 #include <utility>
 
-#include "machine/RecordedPage.h"
 #include "base/RuntimeError.h"
 #include "desktop/qt/PageDevice.h"
 #include "desktop/qt/QtCanvas.h"
 #include "desktop/qt/Scale.h"
+#include "machine/RecordedPage.h"
 
-namespace platform::qt {
+namespace desktop::qt {
 
 namespace {
 
@@ -27,7 +26,7 @@ void CheckExtent(double twips) {
     constexpr double most = 32767;
     const double dots = DotsOf(twips, qGuiApp->devicePixelRatio());
     if (!(dots > 0 && dots <= most)) {
-        throw OutOfMemory();
+        throw base::OutOfMemory();
     }
 }
 
@@ -36,10 +35,10 @@ void CheckExtent(double twips) {
 /// Draws on whatever painter it is given; the fonts stay ready from page to page.
 class PagePainter final : private PageDevice {
   public:
-    Canvas& Measures() { return canvas_; }
+    machine::Canvas& Measures() { return canvas_; }
 
     /// `part` has what is painted in it, in the painter's units.
-    void Paint(QPainter& painter, const QRectF& part, const PageRecord& record) {
+    void Paint(QPainter& painter, const QRectF& part, const machine::PageRecord& record) {
         painter_ = &painter;
         part_ = part;
         glyphs_.clear(); // of a painting that broke off
@@ -90,7 +89,7 @@ class PagePainter final : private PageDevice {
 
 namespace {
 
-class QtPage final : public RecordedPage {
+class QtPage final : public machine::RecordedPage {
   public:
     QtPage(double width, double height) : width_(width), height_(height) {
         CheckExtent(width);
@@ -98,8 +97,8 @@ class QtPage final : public RecordedPage {
     }
 
   private:
-    platform::Canvas& Measures() override { return painter_->Measures(); }
-    std::shared_ptr<const PageBitmap> PictureOf(const PageRecord& record) override {
+    machine::Canvas& Measures() override { return painter_->Measures(); }
+    std::shared_ptr<const machine::PageBitmap> PictureOf(const machine::PageRecord& record) override {
         return std::make_shared<QtPageBitmap>(record, width_, height_, painter_);
     }
 
@@ -110,7 +109,7 @@ class QtPage final : public RecordedPage {
 
 } // namespace
 
-QtPageBitmap::QtPageBitmap(PageRecord record, double width, double height,
+QtPageBitmap::QtPageBitmap(machine::PageRecord record, double width, double height,
                            std::shared_ptr<PagePainter> painter)
     : record_(std::move(record)), width_(width), height_(height), painter_(std::move(painter)) {}
 
@@ -132,8 +131,8 @@ void QtPageBitmap::Paint(QPainter& painter, const QRectF& part) const {
     painter.restore();
 }
 
-std::unique_ptr<OffscreenPage> QtBitmaps::CreatePage(double width, double height) {
+std::unique_ptr<machine::OffscreenPage> QtBitmaps::CreatePage(double width, double height) {
     return std::make_unique<QtPage>(width, height);
 }
 
-} // namespace platform::qt
+} // namespace desktop::qt

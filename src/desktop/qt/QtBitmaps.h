@@ -7,14 +7,15 @@
 
 class QPainter;
 
-namespace platform::qt {
+namespace desktop::qt {
 
 class PagePainter;
 
 /// A page as it was drawn: the drawing calls, which are painted at the density of whatever shows them.
-class QtPageBitmap final : public PageBitmap {
+class QtPageBitmap final : public machine::PageBitmap {
   public:
-    QtPageBitmap(PageRecord record, double width, double height, std::shared_ptr<PagePainter> painter);
+    QtPageBitmap(machine::PageRecord record, double width, double height,
+                 std::shared_ptr<PagePainter> painter);
 
     double Width() const override { return width_; }
     double Height() const override { return height_; }
@@ -26,16 +27,16 @@ class QtPageBitmap final : public PageBitmap {
     void Paint(QPainter& painter, const QRectF& part) const;
 
   private:
-    PageRecord record_;
+    machine::PageRecord record_;
     double width_;
     double height_;
     std::shared_ptr<PagePainter> painter_;
 };
 
 /// Pages that are kept as drawing calls, with the texts as wide as on paper.
-class QtBitmaps final : public Bitmaps {
+class QtBitmaps final : public machine::Bitmaps {
   public:
-    std::unique_ptr<OffscreenPage> CreatePage(double width, double height) override;
+    std::unique_ptr<machine::OffscreenPage> CreatePage(double width, double height) override;
 };
 
-} // namespace platform::qt
+} // namespace desktop::qt

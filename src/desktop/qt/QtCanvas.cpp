@@ -1,17 +1,16 @@
 #include "desktop/qt/QtCanvas.h"
 
-#include "base/Text.h"
-
 #include <QColor>
 #include <QLineF>
 #include <QPainter>
 #include <QPen>
-
 #include <algorithm>
 #include <cmath>
 #include <utility>
 
-namespace platform::qt {
+#include "base/Text.h"
+
+namespace desktop::qt {
 
 namespace {
 
@@ -48,7 +47,7 @@ std::string_view WithOneBlankAtItsEnd(std::string_view text) {
 
 QtCanvas::QtCanvas(PageDevice& device) : device_(device) {}
 
-GlyphTable& QtCanvas::TableOf(const FontSpec& font) {
+GlyphTable& QtCanvas::TableOf(const machine::FontSpec& font) {
     if (last_ != nullptr && last_->Spec() == font) {
         return *last_;
     }
@@ -70,12 +69,12 @@ GlyphTable& QtCanvas::TableOf(const FontSpec& font) {
     return *last_;
 }
 
-TextSize QtCanvas::MeasureText(std::string_view text, const FontSpec& font) {
+machine::TextSize QtCanvas::MeasureText(std::string_view text, const machine::FontSpec& font) {
     GlyphTable& table = TableOf(font);
     return {table.Width(text) / UnitsPerTwip, table.LineHeight() / UnitsPerTwip};
 }
 
-void QtCanvas::DrawText(double x, double y, std::string_view text, const FontSpec& font) {
+void QtCanvas::DrawText(double x, double y, std::string_view text, const machine::FontSpec& font) {
     if (text.empty()) {
         return;
     }
@@ -94,7 +93,8 @@ void QtCanvas::DrawText(double x, double y, std::string_view text, const FontSpe
     double across = start.x();
     for (std::size_t at = 0; at < text.size() && IsNear(across);) {
         const auto byte = static_cast<unsigned char>(text[at]);
-        const text::Decoded next = byte < 0x80 ? text::Decoded{byte, 1} : text::DecodeFirst(text.substr(at));
+        const base::text::Decoded next =
+            byte < 0x80 ? base::text::Decoded{byte, 1} : base::text::DecodeFirst(text.substr(at));
         at += next.bytes;
         const GlyphTable::Glyph& glyph = table.Of(next.code);
         if (!glyph.Visible) {
@@ -139,4 +139,4 @@ void QtCanvas::EndDocument() {
     device_.EndDocument();
 }
 
-} // namespace platform::qt
+} // namespace desktop::qt

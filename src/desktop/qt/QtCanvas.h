@@ -1,30 +1,29 @@
 #pragma once
 
-#include "machine/Canvas.h"
-#include "desktop/qt/GlyphTable.h"
-#include "desktop/qt/PageDevice.h"
-
 #include <QPointF>
-
 #include <memory>
 #include <vector>
 
-namespace platform::qt {
+#include "desktop/qt/GlyphTable.h"
+#include "desktop/qt/PageDevice.h"
+#include "machine/Canvas.h"
+
+namespace desktop::qt {
 
 /// Drawing by Qt on any device. A text stands with the top of its line (the font's Windows ascent above the
 /// base line) at the cursor, and its measured width is the printed one.
-class QtCanvas : public Canvas {
+class QtCanvas : public machine::Canvas {
   public:
     explicit QtCanvas(PageDevice& device);
 
-    TextSize MeasureText(std::string_view text, const FontSpec& font) override;
-    void DrawText(double x, double y, std::string_view text, const FontSpec& font) override;
+    machine::TextSize MeasureText(std::string_view text, const machine::FontSpec& font) override;
+    void DrawText(double x, double y, std::string_view text, const machine::FontSpec& font) override;
     void DrawLine(double x1, double y1, double x2, double y2, std::int32_t colour) override;
     void NewPage() override;
     void EndDocument() override;
 
   private:
-    GlyphTable& TableOf(const FontSpec& font);
+    GlyphTable& TableOf(const machine::FontSpec& font);
     void DrawRun(const QRawFont& face);
 
     PageDevice& device_;
@@ -36,4 +35,4 @@ class QtCanvas : public Canvas {
     std::vector<QPointF> places_;
 };
 
-} // namespace platform::qt
+} // namespace desktop::qt

@@ -5,7 +5,7 @@
 
 #include "desktop/qt/QtText.h"
 
-namespace platform::qt {
+namespace desktop::qt {
 
 QtCheckBox::QtCheckBox(forms::CheckBox& control, QtForm& form, QWidget* parent)
     : QtControl(control, form, new QCheckBox(parent)), model_(control),
@@ -26,4 +26,4 @@ bool QtCheckBox::KeyPressed(const QKeyEvent& event, int virtualKey) {
     return event.key() != Qt::Key_Space;
 }
 
-} // namespace platform::qt
+} // namespace desktop::qt

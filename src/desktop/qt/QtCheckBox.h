@@ -1,11 +1,11 @@
 #pragma once
 
-#include "forms/CheckBox.h"
 #include "desktop/qt/QtControl.h"
+#include "forms/CheckBox.h"
 
 class QCheckBox;
 
-namespace platform::qt {
+namespace desktop::qt {
 
 class QtCheckBox final : public QtControl {
   public:
@@ -21,4 +21,4 @@ class QtCheckBox final : public QtControl {
     QCheckBox* box_;
 };
 
-} // namespace platform::qt
+} // namespace desktop::qt

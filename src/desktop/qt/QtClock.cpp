@@ -2,9 +2,9 @@
 
 #include <QDateTime>
 
-namespace platform::qt {
+namespace desktop::qt {
 
-DateTime QtClock::Now() const {
+machine::DateTime QtClock::Now() const {
     const QDateTime now = QDateTime::currentDateTime();
     const QDate date = now.date();
     const QTime time = now.time();
@@ -17,4 +17,4 @@ DateTime QtClock::Now() const {
             .Millisecond = time.msec()};
 }
 
-} // namespace platform::qt
+} // namespace desktop::qt

@@ -2,12 +2,12 @@
 
 #include "machine/Clock.h"
 
-namespace platform::qt {
+namespace desktop::qt {
 
 /// The machine's clock, in the user's time zone.
-class QtClock final : public Clock {
+class QtClock final : public machine::Clock {
   public:
-    DateTime Now() const override;
+    machine::DateTime Now() const override;
 };
 
-} // namespace platform::qt
+} // namespace desktop::qt

@@ -4,7 +4,7 @@
 
 #include "forms/Contrast.h"
 
-namespace platform::qt {
+namespace desktop::qt {
 
 namespace {
 
@@ -59,4 +59,4 @@ forms::Colour FromQColor(const QColor& colour) {
                               static_cast<std::uint32_t>(colour.blue()));
 }
 
-} // namespace platform::qt
+} // namespace desktop::qt

@@ -7,7 +7,7 @@
 #include "desktop/qt/Guarded.h"
 #include "desktop/qt/QtText.h"
 
-namespace platform::qt {
+namespace desktop::qt {
 
 QtComboBox::QtComboBox(forms::ComboBox& control, QtForm& form, QWidget* parent)
     : QtControl(control, form, new QComboBox(parent)), model_(control),
@@ -56,4 +56,4 @@ bool QtComboBox::Filter(QObject* watched, QEvent* event) {
     return QtControl::Filter(watched, event);
 }
 
-} // namespace platform::qt
+} // namespace desktop::qt

@@ -1,11 +1,11 @@
 #pragma once
 
-#include "forms/ChoiceControl.h"
 #include "desktop/qt/QtControl.h"
+#include "forms/ChoiceControl.h"
 
 class QComboBox;
 
-namespace platform::qt {
+namespace desktop::qt {
 
 class QtComboBox final : public QtControl {
   public:
@@ -22,4 +22,4 @@ class QtComboBox final : public QtControl {
     QComboBox* combo_;
 };
 
-} // namespace platform::qt
+} // namespace desktop::qt

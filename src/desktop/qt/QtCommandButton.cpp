@@ -5,7 +5,7 @@
 
 #include "desktop/qt/QtText.h"
 
-namespace platform::qt {
+namespace desktop::qt {
 
 QtCommandButton::QtCommandButton(forms::CommandButton& control, QtForm& form, QWidget* parent)
     : QtControl(control, form, new QPushButton(parent)), model_(control),
@@ -29,4 +29,4 @@ bool QtCommandButton::KeyPressed(const QKeyEvent& event, int virtualKey) {
     return event.key() != Qt::Key_Space;
 }
 
-} // namespace platform::qt
+} // namespace desktop::qt

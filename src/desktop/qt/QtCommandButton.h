@@ -1,11 +1,11 @@
 #pragma once
 
-#include "forms/CommandButton.h"
 #include "desktop/qt/QtControl.h"
+#include "forms/CommandButton.h"
 
 class QPushButton;
 
-namespace platform::qt {
+namespace desktop::qt {
 
 class QtCommandButton final : public QtControl {
   public:
@@ -21,4 +21,4 @@ class QtCommandButton final : public QtControl {
     QPushButton* button_;
 };
 
-} // namespace platform::qt
+} // namespace desktop::qt

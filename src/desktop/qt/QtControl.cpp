@@ -6,14 +6,10 @@
 #include <QMouseEvent>
 #include <QShortcutEvent>
 #include <QSignalBlocker>
-
 #include <algorithm>
 #include <array>
 
 #include "base/RuntimeError.h"
-#include "forms/AccessibleNames.h"
-#include "forms/Contrast.h"
-#include "forms/Form.h"
 #include "desktop/qt/Accessibility.h"
 #include "desktop/qt/Fonts.h"
 #include "desktop/qt/Guarded.h"
@@ -39,8 +35,11 @@
 #include "desktop/qt/QtToolbar.h"
 #include "desktop/qt/QtUpDown.h"
 #include "desktop/qt/Scale.h"
+#include "forms/AccessibleNames.h"
+#include "forms/Contrast.h"
+#include "forms/Form.h"
 
-namespace platform::qt {
+namespace desktop::qt {
 
 using forms::Aspect;
 using forms::ControlKind;
@@ -61,7 +60,7 @@ constexpr std::array<Maker, 17> Makers{{
     {ControlKind::CheckBox, Make<forms::CheckBox, QtCheckBox>},
     {ControlKind::ComboBox, Make<forms::ComboBox, QtComboBox>},
     {ControlKind::CommandButton, Make<forms::CommandButton, QtCommandButton>},
-    {ControlKind::FlatButton, Make<cmdButtonXP, QtFlatButton>},
+    {ControlKind::FlatButton, Make<forms::cmdButtonXP, QtFlatButton>},
     {ControlKind::Label, Make<forms::Label, QtLabel>},
     {ControlKind::Line, Make<forms::LineControl, QtLine>},
     {ControlKind::ListBox, Make<forms::ListBox, QtListBox>},
@@ -120,7 +119,7 @@ std::unique_ptr<QtControl> MakeQtControl(forms::Control& control, QtForm& form, 
     const auto maker = std::find_if(Makers.begin(), Makers.end(),
                                     [&](const Maker& candidate) { return candidate.Kind == control.Kind(); });
     if (maker == Makers.end()) {
-        throw RuntimeError(ErrorInvalidPropertyValue, "No such kind of control");
+        throw base::RuntimeError(base::ErrorInvalidPropertyValue, "No such kind of control");
     }
     return maker->Make(control, form, parent);
 }
@@ -304,4 +303,4 @@ bool QtControl::Filter(QObject* watched, QEvent* event) {
     return QObject::eventFilter(watched, event);
 }
 
-} // namespace platform::qt
+} // namespace desktop::qt

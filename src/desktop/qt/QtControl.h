@@ -2,7 +2,6 @@
 
 #include <QObject>
 #include <QWidget>
-
 #include <memory>
 
 #include "forms/Control.h"
@@ -10,7 +9,7 @@
 class QKeyEvent;
 class QMouseEvent;
 
-namespace platform::qt {
+namespace desktop::qt {
 
 class QtForm;
 
@@ -69,4 +68,4 @@ class QtControl : public QObject {
 /// Makes the real control of the right kind within `parent`.
 std::unique_ptr<QtControl> MakeQtControl(forms::Control& control, QtForm& form, QWidget* parent);
 
-} // namespace platform::qt
+} // namespace desktop::qt

@@ -1,37 +1,36 @@
 #include "desktop/qt/QtDesktop.h"
 
-#include "forms/CaughtError.h"
-#include "desktop/qt/ArrowPointer.h"
 #include <QApplication>
 #include <QKeyEvent>
 #include <QMessageBox>
 #include <QScreen>
-
 #include <algorithm>
 #include <limits>
 
-#include "forms/Form.h"
+#include "desktop/qt/ArrowPointer.h"
 #include "desktop/qt/Guarded.h"
 #include "desktop/qt/MessageIcons.h"
 #include "desktop/qt/QtForm.h"
 #include "desktop/qt/QtText.h"
 #include "desktop/qt/Scale.h"
+#include "forms/CaughtError.h"
+#include "forms/Form.h"
 
-namespace platform::qt {
+namespace desktop::qt {
 
 namespace {
 
-ScreenArea InTwips(const QRect& area) {
+forms::ScreenArea InTwips(const QRect& area) {
     return {ToTwips(area.left()), ToTwips(area.top()), ToTwips(area.width()), ToTwips(area.height())};
 }
 
-QMessageBox::Icon IconOf(MessageIcon icon) {
+QMessageBox::Icon IconOf(forms::MessageIcon icon) {
     switch (icon) {
-    case MessageIcon::Exclamation:
+    case forms::MessageIcon::Exclamation:
         return QMessageBox::Warning;
-    case MessageIcon::Critical:
+    case forms::MessageIcon::Critical:
         return QMessageBox::Critical;
-    case MessageIcon::Information:
+    case forms::MessageIcon::Information:
         break;
     }
     return QMessageBox::Information;
@@ -61,7 +60,7 @@ QtDesktop::QtDesktop() {
 
 QtDesktop::~QtDesktop() {
     TellFailuresOn(toldBefore_);
-    SetMousePointer(PointerDefault);
+    SetMousePointer(forms::PointerDefault);
 }
 
 std::unique_ptr<forms::FormPeer> QtDesktop::CreatePeer(forms::Form& form) {
@@ -117,7 +116,7 @@ void QtDesktop::Yield() {
     QCoreApplication::processEvents();
 }
 
-void QtDesktop::MsgBox(const std::string& text, MessageIcon icon, const std::string& title) {
+void QtDesktop::MsgBox(const std::string& text, forms::MessageIcon icon, const std::string& title) {
     QMessageBox box(IconOf(icon), ToQString(title), ToQString(text), QMessageBox::Ok, TopWindow());
     box.setTextFormat(Qt::PlainText);
     SharpenIcon(box);
@@ -128,14 +127,14 @@ void QtDesktop::MsgBox(const std::string& text, MessageIcon icon, const std::str
     }
 }
 
-void QtDesktop::UnhandledError(const RuntimeError& error) {
-    MsgBox(UnhandledErrorText(error), MessageIcon::Critical,
+void QtDesktop::UnhandledError(const base::RuntimeError& error) {
+    MsgBox(forms::UnhandledErrorText(error), forms::MessageIcon::Critical,
            TopWindow() == nullptr ? "" : FromQString(TopWindow()->windowTitle()));
 }
 
 std::int16_t QtDesktop::GetKeyState(int virtualKey) {
     constexpr std::int16_t down = std::numeric_limits<std::int16_t>::min();
-    return virtualKey == key::Tab && tabDown_ ? down : std::int16_t{0};
+    return virtualKey == forms::key::Tab && tabDown_ ? down : std::int16_t{0};
 }
 
 bool QtDesktop::eventFilter(QObject* watched, QEvent* event) {
@@ -158,7 +157,7 @@ bool QtDesktop::eventFilter(QObject* watched, QEvent* event) {
 }
 
 void QtDesktop::SetMousePointer(int pointer) {
-    const bool wanted = pointer == PointerHourglass;
+    const bool wanted = pointer == forms::PointerHourglass;
     if (wanted == hourglass_) {
         return;
     }
@@ -183,12 +182,12 @@ void QtDesktop::LockWindowUpdate(std::uintptr_t window) {
     }
 }
 
-ScreenArea QtDesktop::Screen() {
+forms::ScreenArea QtDesktop::Screen() {
     return InTwips(QGuiApplication::primaryScreen()->geometry());
 }
 
-ScreenArea QtDesktop::WorkArea() {
+forms::ScreenArea QtDesktop::WorkArea() {
     return InTwips(QGuiApplication::primaryScreen()->availableGeometry());
 }
 
-} // namespace platform::qt
+} // namespace desktop::qt

@@ -3,20 +3,19 @@
 #include <QObject>
 #include <QPointer>
 #include <QWidget>
-
 #include <unordered_map>
 #include <vector>
 
 #include "forms/Desktop.h"
 #include "forms/WindowProcedureTable.h"
 
-namespace platform::qt {
+namespace desktop::qt {
 
 class QtForm;
 
 /// The user's desktop through the toolkit's widgets. Needs a QApplication. While it is there it tells the
 /// user of failures that no handler of the program knows.
-class QtDesktop final : public QObject, public Desktop {
+class QtDesktop final : public QObject, public forms::Desktop {
   public:
     QtDesktop();
     ~QtDesktop() override;
@@ -24,13 +23,13 @@ class QtDesktop final : public QObject, public Desktop {
     std::unique_ptr<forms::FormPeer> CreatePeer(forms::Form& form) override;
     void RunModal(forms::Form& form) override;
     void Yield() override;
-    void MsgBox(const std::string& text, MessageIcon icon, const std::string& title) override;
+    void MsgBox(const std::string& text, forms::MessageIcon icon, const std::string& title) override;
     std::int16_t GetKeyState(int virtualKey) override;
     void SetMousePointer(int pointer) override;
     void LockWindowUpdate(std::uintptr_t window) override;
-    ScreenArea Screen() override;
-    ScreenArea WorkArea() override;
-    void UnhandledError(const RuntimeError& error) override;
+    forms::ScreenArea Screen() override;
+    forms::ScreenArea WorkArea() override;
+    void UnhandledError(const base::RuntimeError& error) override;
 
     /// Runs the message loop until no form is shown.
     void Run();
@@ -56,10 +55,10 @@ class QtDesktop final : public QObject, public Desktop {
     std::unordered_map<const forms::Form*, QtForm*> peers_;
     std::vector<const forms::Form*> shown_;
     QPointer<QWidget> locked_;
-    Desktop* toldBefore_ = nullptr; // of failures that nobody knows, while this one is
+    forms::Desktop* toldBefore_ = nullptr; // of failures that nobody knows, while this one is
     bool tabDown_ = false;
     bool hourglass_ = false;
     bool running_ = false;
 };
 
-} // namespace platform::qt
+} // namespace desktop::qt

@@ -1,14 +1,13 @@
 #include "desktop/qt/QtFlatButton.h"
 
 #include <QMouseEvent>
-
 #include <utility>
 
 #include "desktop/qt/Accessibility.h"
 #include "desktop/qt/PictureWidget.h"
 #include "desktop/qt/QtText.h"
 
-namespace platform::qt {
+namespace desktop::qt {
 
 namespace {
 
@@ -18,7 +17,7 @@ bool IsLeft(const QEvent* event) {
 
 } // namespace
 
-QtFlatButton::QtFlatButton(cmdButtonXP& control, QtForm& form, QWidget* parent)
+QtFlatButton::QtFlatButton(forms::cmdButtonXP& control, QtForm& form, QWidget* parent)
     : QtControl(control, form, new PictureWidget(parent)), model_(control),
       picture_(static_cast<PictureWidget*>(Widget())) {
     picture_->setMouseTracking(true);
@@ -71,4 +70,4 @@ bool QtFlatButton::Filter(QObject* watched, QEvent* event) {
     }
 }
 
-} // namespace platform::qt
+} // namespace desktop::qt

@@ -1,15 +1,15 @@
 #pragma once
 
-#include "forms/cmdButtonXP.h"
 #include "desktop/qt/QtControl.h"
+#include "forms/cmdButtonXP.h"
 
-namespace platform::qt {
+namespace desktop::qt {
 
 class PictureWidget;
 
 class QtFlatButton final : public QtControl {
   public:
-    QtFlatButton(cmdButtonXP& control, QtForm& form, QWidget* parent);
+    QtFlatButton(forms::cmdButtonXP& control, QtForm& form, QWidget* parent);
 
     void Mirror(forms::Aspect aspect) override;
 
@@ -20,9 +20,9 @@ class QtFlatButton final : public QtControl {
   private:
     void Released(const QMouseEvent& event);
 
-    cmdButtonXP& model_;
+    forms::cmdButtonXP& model_;
     PictureWidget* picture_;
     bool leftDown_ = false; // the left button of the mouse went down here
 };
 
-} // namespace platform::qt
+} // namespace desktop::qt

@@ -7,13 +7,9 @@
 #include <QScreen>
 #include <QTimer>
 #include <QWindow>
-
 #include <algorithm>
 #include <array>
 
-#include "forms/Desktop.h"
-#include "forms/AccessibleNames.h"
-#include "forms/Form.h"
 #include "desktop/qt/FocusRing.h"
 #include "desktop/qt/Guarded.h"
 #include "desktop/qt/QtColours.h"
@@ -23,8 +19,11 @@
 #include "desktop/qt/QtText.h"
 #include "desktop/qt/QtWindow.h"
 #include "desktop/qt/Scale.h"
+#include "forms/AccessibleNames.h"
+#include "forms/Desktop.h"
+#include "forms/Form.h"
 
-namespace platform::qt {
+namespace desktop::qt {
 
 namespace {
 
@@ -36,20 +35,20 @@ struct KeyCode {
 };
 
 constexpr std::array<KeyCode, 15> KeyCodes{{
-    {Qt::Key_Backspace, key::Backspace},
-    {Qt::Key_Tab, key::Tab},
-    {Qt::Key_Backtab, key::Tab},
-    {Qt::Key_Return, key::Enter},
-    {Qt::Key_Enter, key::Enter},
-    {Qt::Key_Escape, key::Escape},
-    {Qt::Key_PageUp, key::PageUp},
-    {Qt::Key_PageDown, key::PageDown},
-    {Qt::Key_End, key::End},
-    {Qt::Key_Home, key::Home},
-    {Qt::Key_Left, key::Left},
-    {Qt::Key_Up, key::Up},
-    {Qt::Key_Right, key::Right},
-    {Qt::Key_Down, key::Down},
+    {Qt::Key_Backspace, forms::key::Backspace},
+    {Qt::Key_Tab, forms::key::Tab},
+    {Qt::Key_Backtab, forms::key::Tab},
+    {Qt::Key_Return, forms::key::Enter},
+    {Qt::Key_Enter, forms::key::Enter},
+    {Qt::Key_Escape, forms::key::Escape},
+    {Qt::Key_PageUp, forms::key::PageUp},
+    {Qt::Key_PageDown, forms::key::PageDown},
+    {Qt::Key_End, forms::key::End},
+    {Qt::Key_Home, forms::key::Home},
+    {Qt::Key_Left, forms::key::Left},
+    {Qt::Key_Up, forms::key::Up},
+    {Qt::Key_Right, forms::key::Right},
+    {Qt::Key_Down, forms::key::Down},
     {Qt::Key_Delete, 46},
 }};
 
@@ -75,7 +74,7 @@ std::int32_t DesignDots(int dots) {
     return static_cast<std::int32_t>(ToTwips(dots) / TwipsPerDesignDot);
 }
 
-QSize InnerSize(const MINMAXINFO::POINT& outer) {
+QSize InnerSize(const machine::MINMAXINFO::POINT& outer) {
     const QSize size(ToDots(outer.x * TwipsPerDesignDot - forms::ResizeFrameWidth),
                      ToDots(outer.y * TwipsPerDesignDot - forms::TitleBarHeight));
     return size.expandedTo(QSize(0, 0)).boundedTo(QSize(QWIDGETSIZE_MAX, QWIDGETSIZE_MAX));
@@ -194,7 +193,7 @@ void QtForm::ShowBounds() {
         return;
     }
     const QSize screen = window_->screen()->size();
-    MINMAXINFO bounds{};
+    machine::MINMAXINFO bounds{};
     bounds.ptMaxTrackSize = {DesignDots(screen.width()), DesignDots(screen.height())};
     bounds.ptMaxSize = bounds.ptMaxTrackSize;
     bounds = desktop_.Windows().AskBounds(procedure_.Handle(), bounds);
@@ -271,7 +270,7 @@ bool QtForm::KeyPressed(const QKeyEvent& event, QtControl* control) {
     const auto others = event.modifiers() & (Qt::ControlModifier | Qt::AltModifier | Qt::MetaModifier);
     if (others != 0) {
         // A form that scrolls has no focus, and its keys are the same with Ctrl.
-        if (others == Qt::ControlModifier && virtualKey > key::Escape && control == nullptr &&
+        if (others == Qt::ControlModifier && virtualKey > forms::key::Escape && control == nullptr &&
             form_.ActiveControl() == nullptr) {
             form_.UserKey(virtualKey, shift);
         }
@@ -279,13 +278,13 @@ bool QtForm::KeyPressed(const QKeyEvent& event, QtControl* control) {
     }
     SettleFocus();
     switch (virtualKey) {
-    case key::Tab:
+    case forms::key::Tab:
         window_->setAttribute(Qt::WA_KeyboardFocusChange);
         form_.UserKey(virtualKey, shift);
         ShowFocus();
         return true;
-    case key::Enter:
-    case key::Escape:
+    case forms::key::Enter:
+    case forms::key::Escape:
         // A key held down must not run through the window that comes next.
         if (!event.isAutoRepeat()) {
             form_.UserKey(virtualKey, shift);
@@ -404,4 +403,4 @@ void QtForm::ThemeChanged() {
     }
 }
 
-} // namespace platform::qt
+} // namespace desktop::qt

@@ -2,17 +2,16 @@
 
 #include <QEventLoop>
 #include <QWidget>
-
 #include <memory>
 #include <unordered_map>
 #include <vector>
 
+#include "desktop/qt/QtControl.h"
 #include "forms/FormPeer.h"
 #include "forms/WheelTurn.h"
 #include "forms/WindowProcedureTable.h"
-#include "desktop/qt/QtControl.h"
 
-namespace platform::qt {
+namespace desktop::qt {
 
 class QtDesktop;
 class FocusRing;
@@ -90,4 +89,4 @@ class QtForm final : public forms::FormPeer {
     double shownTop_ = 0;
 };
 
-} // namespace platform::qt
+} // namespace desktop::qt

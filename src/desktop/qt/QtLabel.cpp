@@ -2,16 +2,15 @@
 
 #include <QEvent>
 #include <QLabel>
-
 #include <algorithm>
 
-#include "forms/AccessibleNames.h"
 #include "desktop/qt/QtForm.h"
 #include "desktop/qt/QtText.h"
 #include "desktop/qt/Scale.h"
 #include "desktop/qt/TextRoom.h"
+#include "forms/AccessibleNames.h"
 
-namespace platform::qt {
+namespace desktop::qt {
 
 namespace {
 
@@ -102,4 +101,4 @@ bool QtLabel::Filter(QObject* watched, QEvent* event) {
     return QtControl::Filter(watched, event);
 }
 
-} // namespace platform::qt
+} // namespace desktop::qt

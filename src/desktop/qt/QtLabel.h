@@ -1,11 +1,11 @@
 #pragma once
 
-#include "forms/Label.h"
 #include "desktop/qt/QtControl.h"
+#include "forms/Label.h"
 
 class QLabel;
 
-namespace platform::qt {
+namespace desktop::qt {
 
 class QtLabel final : public QtControl {
   public:
@@ -28,4 +28,4 @@ class QtLabel final : public QtControl {
     QWidget* named_ = nullptr;
 };
 
-} // namespace platform::qt
+} // namespace desktop::qt

@@ -1,14 +1,13 @@
 #include "desktop/qt/QtLine.h"
 
 #include <QApplication>
-
 #include <algorithm>
 #include <cmath>
 
 #include "desktop/qt/QtColours.h"
 #include "desktop/qt/Scale.h"
 
-namespace platform::qt {
+namespace desktop::qt {
 
 QtLine::QtLine(forms::LineControl& control, QtForm& form, QWidget* parent)
     : QtControl(control, form, new QWidget(parent)), model_(control) {
@@ -29,4 +28,4 @@ void QtLine::Colour() {
     Widget()->setPalette(palette);
 }
 
-} // namespace platform::qt
+} // namespace desktop::qt

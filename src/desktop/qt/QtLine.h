@@ -1,9 +1,9 @@
 #pragma once
 
-#include "forms/LineControl.h"
 #include "desktop/qt/QtControl.h"
+#include "forms/LineControl.h"
 
-namespace platform::qt {
+namespace desktop::qt {
 
 /// A rule one dot wide.
 class QtLine final : public QtControl {
@@ -18,4 +18,4 @@ class QtLine final : public QtControl {
     forms::LineControl& model_;
 };
 
-} // namespace platform::qt
+} // namespace desktop::qt

@@ -6,7 +6,7 @@
 #include "desktop/qt/Guarded.h"
 #include "desktop/qt/QtText.h"
 
-namespace platform::qt {
+namespace desktop::qt {
 
 QtListBox::QtListBox(forms::ListBox& control, QtForm& form, QWidget* parent)
     : QtControl(control, form, new QListWidget(parent)), model_(control),
@@ -58,4 +58,4 @@ void QtListBox::MirrorContent(forms::Aspect aspect) {
     }
 }
 
-} // namespace platform::qt
+} // namespace desktop::qt

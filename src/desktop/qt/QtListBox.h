@@ -1,11 +1,11 @@
 #pragma once
 
-#include "forms/ChoiceControl.h"
 #include "desktop/qt/QtControl.h"
+#include "forms/ChoiceControl.h"
 
 class QListWidget;
 
-namespace platform::qt {
+namespace desktop::qt {
 
 class QtListBox final : public QtControl {
   public:
@@ -23,4 +23,4 @@ class QtListBox final : public QtControl {
     bool picked_ = false; // the press in progress has picked an entry already
 };
 
-} // namespace platform::qt
+} // namespace desktop::qt

@@ -7,7 +7,7 @@
 #include "base/Text.h"
 #include "desktop/qt/QtText.h"
 
-namespace platform::qt {
+namespace desktop::qt {
 
 namespace {
 
@@ -33,12 +33,12 @@ constexpr std::array<LocaleNumber, 9> LocaleNumbers{{
 
 std::optional<QString> ItemText(const QLocale& locale, std::int32_t item) {
     switch (item) {
-    case LocaleDecimal:
-    case LocaleMonetaryDecimal:
+    case machine::LocaleDecimal:
+    case machine::LocaleMonetaryDecimal:
         return locale.decimalPoint();
-    case LocaleMonetaryThousand:
+    case machine::LocaleMonetaryThousand:
         return locale.groupSeparator();
-    case LocaleCurrencySymbol:
+    case machine::LocaleCurrencySymbol:
         return locale.currencySymbol();
     default:
         return std::nullopt;
@@ -62,7 +62,7 @@ std::int32_t QtLocale::GetLocaleInfoA(std::int32_t locale, std::int32_t item, ch
     if (locale != GetUserDefaultLCID() || !text) {
         return 0;
     }
-    const std::string bytes = text::ToCodePage(FromQString(*text));
+    const std::string bytes = base::text::ToCodePage(FromQString(*text));
     const auto needed = static_cast<std::int32_t>(bytes.size()) + 1;
     if (size == 0) {
         return needed;
@@ -82,4 +82,4 @@ std::string QtLocale::ShortMonthName(int month) {
     return FromQString(locale_.standaloneMonthName(month, QLocale::ShortFormat).left(3));
 }
 
-} // namespace platform::qt
+} // namespace desktop::qt

@@ -4,10 +4,10 @@
 
 #include "machine/Locale.h"
 
-namespace platform::qt {
+namespace desktop::qt {
 
 /// The user's regional settings as the desktop has them.
-class QtLocale final : public Locale {
+class QtLocale final : public machine::Locale {
   public:
     explicit QtLocale(QLocale locale = QLocale::system()) : locale_(std::move(locale)) {}
 
@@ -21,4 +21,4 @@ class QtLocale final : public Locale {
     QLocale locale_;
 };
 
-} // namespace platform::qt
+} // namespace desktop::qt

@@ -4,7 +4,6 @@
 #include <QEvent>
 #include <QMenu>
 #include <QMenuBar>
-
 #include <algorithm>
 
 #include "desktop/qt/Guarded.h"
@@ -12,7 +11,7 @@
 #include "desktop/qt/QtText.h"
 #include "desktop/qt/Scale.h"
 
-namespace platform::qt {
+namespace desktop::qt {
 
 QtMenuBar::QtMenuBar(forms::MenuBar& control, QtForm& form, QWidget* /*parent*/)
     : QtControl(control, form, new QMenuBar(form.Window())), model_(control),
@@ -69,4 +68,4 @@ void QtMenuBar::Place() {
     bar_->setGeometry(0, (StripHeight() - height) / 2, Form().Window()->width(), height);
 }
 
-} // namespace platform::qt
+} // namespace desktop::qt

@@ -1,11 +1,11 @@
 #pragma once
 
-#include "forms/MenuBar.h"
 #include "desktop/qt/QtControl.h"
+#include "forms/MenuBar.h"
 
 class QMenuBar;
 
-namespace platform::qt {
+namespace desktop::qt {
 
 /// The form's window puts it above the form's own area, in a strip as high as a design with menus leaves for
 /// it.
@@ -27,4 +27,4 @@ class QtMenuBar final : public QtControl {
     QMenuBar* bar_;
 };
 
-} // namespace platform::qt
+} // namespace desktop::qt

@@ -3,10 +3,10 @@
 #include <QKeyEvent>
 #include <QRadioButton>
 
-#include "forms/Form.h"
 #include "desktop/qt/QtText.h"
+#include "forms/Form.h"
 
-namespace platform::qt {
+namespace desktop::qt {
 
 QtOptionButton::QtOptionButton(forms::OptionButton& control, QtForm& form, QWidget* parent)
     : QtControl(control, form, new QRadioButton(parent)), model_(control),
@@ -36,4 +36,4 @@ bool QtOptionButton::KeyPressed(const QKeyEvent& event, int virtualKey) {
     return event.key() != Qt::Key_Space;
 }
 
-} // namespace platform::qt
+} // namespace desktop::qt

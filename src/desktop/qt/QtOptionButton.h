@@ -1,11 +1,11 @@
 #pragma once
 
-#include "forms/OptionButton.h"
 #include "desktop/qt/QtControl.h"
+#include "forms/OptionButton.h"
 
 class QRadioButton;
 
-namespace platform::qt {
+namespace desktop::qt {
 
 class QtOptionButton final : public QtControl {
   public:
@@ -21,4 +21,4 @@ class QtOptionButton final : public QtControl {
     QRadioButton* button_;
 };
 
-} // namespace platform::qt
+} // namespace desktop::qt

@@ -3,7 +3,7 @@
 #include "desktop/qt/PictureWidget.h"
 #include "desktop/qt/QtText.h"
 
-namespace platform::qt {
+namespace desktop::qt {
 
 QtPictureBox::QtPictureBox(forms::PictureBox& control, QtForm& form, QWidget* parent)
     : QtControl(control, form, new PictureWidget(parent)), model_(control),
@@ -16,4 +16,4 @@ void QtPictureBox::MirrorContent(forms::Aspect aspect) {
     }
 }
 
-} // namespace platform::qt
+} // namespace desktop::qt

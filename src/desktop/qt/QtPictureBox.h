@@ -1,9 +1,9 @@
 #pragma once
 
-#include "forms/PictureBox.h"
 #include "desktop/qt/QtControl.h"
+#include "forms/PictureBox.h"
 
-namespace platform::qt {
+namespace desktop::qt {
 
 class PictureWidget;
 
@@ -19,4 +19,4 @@ class QtPictureBox final : public QtControl {
     PictureWidget* picture_;
 };
 
-} // namespace platform::qt
+} // namespace desktop::qt

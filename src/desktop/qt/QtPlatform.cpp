@@ -13,7 +13,7 @@ static void LoadPictures() {
     Q_INIT_RESOURCE(pictures);
 }
 
-namespace platform::qt {
+namespace desktop::qt {
 
 DutchApplication::DutchApplication(int& argc, char** argv) : QApplication(argc, argv) {
     LoadPictures();
@@ -31,4 +31,4 @@ bool DutchApplication::notify(QObject* receiver, QEvent* event) {
     return Guarded(true, [&] { return QApplication::notify(receiver, event); });
 }
 
-} // namespace platform::qt
+} // namespace desktop::qt

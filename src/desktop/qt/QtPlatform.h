@@ -2,10 +2,7 @@
 
 #include <QApplication>
 
-#include "machine/Platform.h"
-#include "desktop/regfile/RegFileStore.h"
-#include "machine/SeededRandom.h"
-#include "desktop/cups/CupsSpooler.h"
+#include "desktop/qt/CupsSpooler.h"
 #include "desktop/qt/EndSignals.h"
 #include "desktop/qt/QtBitmaps.h"
 #include "desktop/qt/QtClock.h"
@@ -13,8 +10,11 @@
 #include "desktop/qt/QtLocale.h"
 #include "desktop/qt/QtPrinter.h"
 #include "desktop/qt/QtPrinters.h"
+#include "desktop/regfile/RegFileStore.h"
+#include "machine/Platform.h"
+#include "machine/SeededRandom.h"
 
-namespace platform::qt {
+namespace desktop::qt {
 
 /// The application object of the toolkit, speaking Dutch in its own windows as the program does.
 class DutchApplication final : public QApplication {
@@ -34,7 +34,7 @@ class QtPlatform {
     QtPlatform(const QtPlatform&) = delete;
     QtPlatform& operator=(const QtPlatform&) = delete;
 
-    platform::Platform& Services() { return services_; }
+    machine::Platform& Services() { return services_; }
 
     /// Runs the message loop until the last form is gone.
     void Run() { desktop_.Run(); }
@@ -42,22 +42,23 @@ class QtPlatform {
   private:
     DutchApplication application_;
     QtDesktop desktop_;
-    RegFileStore registry_{DefaultSettingsPath(), SettingsBranch, [this](const std::string& text) {
-                               desktop_.MsgBox(text, MessageIcon::Critical, "Instellingen");
-                           }};
+    regfile::RegFileStore registry_{regfile::DefaultSettingsPath(), regfile::SettingsBranch,
+                                    [this](const std::string& text) {
+                                        desktop_.MsgBox(text, forms::MessageIcon::Critical, "Instellingen");
+                                    }};
     QtLocale locale_;
     QtClock clock_;
-    SeededRandom random_;
+    machine::SeededRandom random_;
     QtPrinters printers_;
     QtPrinter printer_{printers_, [this](const std::string& text) {
-                           desktop_.MsgBox(text, MessageIcon::Critical, "Afdrukken");
+                           desktop_.MsgBox(text, forms::MessageIcon::Critical, "Afdrukken");
                        }};
     CupsSpooler spooler_{printers_};
     QtBitmaps bitmaps_;
-    platform::Platform services_{desktop_, registry_, locale_,  clock_,   random_,
-                                 spooler_, printers_, printer_, bitmaps_, desktop_.Windows()};
+    machine::Platform services_{desktop_, registry_, locale_,  clock_,   random_,
+                                spooler_, printers_, printer_, bitmaps_, desktop_.Windows()};
     EndSignals ending_{[] { QCoreApplication::exit(); }, // of every loop that is open, a modal form's too
                        [this] { return !printer_.IsPrinting(); }}; // a document under way is waited for
 };
 
-} // namespace platform::qt
+} // namespace desktop::qt

@@ -1,12 +1,12 @@
 #include "desktop/qt/QtPrinter.h"
 
-#include "desktop/cups/PaperTable.h"
-
 #include <algorithm>
 #include <cmath>
 #include <utility>
 
-namespace platform::qt {
+#include "desktop/cups/PaperTable.h"
+
+namespace desktop::qt {
 
 namespace {
 
@@ -15,9 +15,9 @@ constexpr double TwipsPerDot = 1440.0 / DotsPerInch;
 constexpr double UnitsPerDot = 7200.0 / DotsPerInch;
 
 /// The sheet of a queue that tells no papers: it prints on what it has.
-const Paper Unlisted = [] {
-    Paper paper;
-    paper.Id = PaperA4;
+const cups::Paper Unlisted = [] {
+    cups::Paper paper;
+    paper.Id = cups::PaperA4;
     paper.Name = "A4";
     paper.Width = 210 / 25.4 * 1440;
     paper.Height = 297 / 25.4 * 1440;
@@ -31,12 +31,12 @@ int Dots(double twips) {
 
 } // namespace
 
-QtPrinter::QtPrinter(QtPrinters& printers, PrintFailureTeller teller)
+QtPrinter::QtPrinter(QtPrinters& printers, machine::PrintFailureTeller teller)
     : printers_(printers), teller_(std::move(teller)), canvas_(static_cast<PageDevice&>(*this)) {
-    Drawing.Font = PrintersOwnFont;
+    Drawing.Font = machine::PrintersOwnFont;
 }
 
-PrintQueue& QtPrinter::Queue() {
+cups::PrintQueue& QtPrinter::Queue() {
     if (queue_ == nullptr) {
         Assign(printers_.DefaultIndex());
     }
@@ -46,7 +46,7 @@ PrintQueue& QtPrinter::Queue() {
 void QtPrinter::Assign(int index) {
     queue_ = printers_.Share(index);
     settings_ = queue_->ReadSettings();
-    Drawing = DrawingState{0, 0, PrintersOwnFont};
+    Drawing = machine::DrawingState{0, 0, machine::PrintersOwnFont};
 }
 
 void QtPrinter::SetDocumentTitle(const std::string& title) {
@@ -74,8 +74,8 @@ std::int16_t QtPrinter::Orientation() {
 
 void QtPrinter::SetOrientation(std::int16_t orientation) {
     Queue();
-    if (orientation != Portrait && orientation != Landscape) {
-        throw RuntimeError(ErrorInvalidPropertyValue, "De afdrukrichting is ongeldig.");
+    if (orientation != cups::Portrait && orientation != cups::Landscape) {
+        throw base::RuntimeError(base::ErrorInvalidPropertyValue, "De afdrukrichting is ongeldig.");
     }
     settings_.Orientation = orientation;
 }
@@ -86,11 +86,12 @@ std::int16_t QtPrinter::PaperSize() {
 
 void QtPrinter::SetPaperSize(std::int16_t paper) {
     const auto& papers = Queue().Papers();
-    if (std::none_of(papers.begin(), papers.end(), [paper](const Paper& each) { return each.Id == paper; })) {
-        throw RuntimeError(ErrorInvalidPropertyValue, "De printer kent dit papierformaat niet.");
+    if (std::none_of(papers.begin(), papers.end(),
+                     [paper](const cups::Paper& each) { return each.Id == paper; })) {
+        throw base::RuntimeError(base::ErrorInvalidPropertyValue, "De printer kent dit papierformaat niet.");
     }
     settings_.PaperId = paper;
-    StoreWhereUnwritten(&QueueSettings::PaperId);
+    StoreWhereUnwritten(&cups::QueueSettings::PaperId);
 }
 
 std::int16_t QtPrinter::PaperBin() {
@@ -100,16 +101,16 @@ std::int16_t QtPrinter::PaperBin() {
 
 void QtPrinter::SetPaperBin(std::int16_t bin) {
     const auto& bins = Queue().Bins();
-    if (std::none_of(bins.begin(), bins.end(), [bin](const Bin& each) { return each.Id == bin; })) {
-        throw RuntimeError(ErrorInvalidPropertyValue, "De printer kent deze papierlade niet.");
+    if (std::none_of(bins.begin(), bins.end(), [bin](const cups::Bin& each) { return each.Id == bin; })) {
+        throw base::RuntimeError(base::ErrorInvalidPropertyValue, "De printer kent deze papierlade niet.");
     }
     settings_.BinId = bin;
-    StoreWhereUnwritten(&QueueSettings::BinId);
+    StoreWhereUnwritten(&cups::QueueSettings::BinId);
 }
 
-void QtPrinter::StoreWhereUnwritten(std::int16_t QueueSettings::*field) {
+void QtPrinter::StoreWhereUnwritten(std::int16_t cups::QueueSettings::*field) {
     if (queue_->CouldNotBeOpened) {
-        QueueSettings stored = queue_->ReadSettings();
+        cups::QueueSettings stored = queue_->ReadSettings();
         stored.*field = settings_.*field;
         queue_->WriteSettings(stored);
     }
@@ -120,26 +121,27 @@ std::int16_t QtPrinter::Copies() {
     return settings_.Copies;
 }
 
-const Paper& QtPrinter::CurrentPaper() {
+const cups::Paper& QtPrinter::CurrentPaper() {
     const auto& papers = Queue().Papers();
     if (papers.empty()) {
         return Unlisted;
     }
-    const auto found = std::find_if(papers.begin(), papers.end(),
-                                    [this](const Paper& paper) { return paper.Id == settings_.PaperId; });
+    const auto found = std::find_if(papers.begin(), papers.end(), [this](const cups::Paper& paper) {
+        return paper.Id == settings_.PaperId;
+    });
     return found == papers.end() ? papers.front() : *found;
 }
 
-const Bin* QtPrinter::CurrentBin() {
+const cups::Bin* QtPrinter::CurrentBin() {
     const auto& bins = Queue().Bins();
-    const auto found =
-        std::find_if(bins.begin(), bins.end(), [this](const Bin& bin) { return bin.Id == settings_.BinId; });
+    const auto found = std::find_if(bins.begin(), bins.end(),
+                                    [this](const cups::Bin& bin) { return bin.Id == settings_.BinId; });
     return found == bins.end() ? nullptr : &*found;
 }
 
 QtPrinter::Measures QtPrinter::Measure() {
-    const Paper& paper = CurrentPaper();
-    if (settings_.Orientation != Landscape) {
+    const cups::Paper& paper = CurrentPaper();
+    if (settings_.Orientation != cups::Landscape) {
         return {paper.Width, paper.Height, paper.Left, paper.Top, paper.Right, paper.Bottom};
     }
     // A sheet on its side has its foot at the left.
@@ -156,7 +158,7 @@ double QtPrinter::Height() {
 
 double QtPrinter::ScaleLeft() {
     if (!Queue().ReachableNow()) {
-        throw RuntimeError(ErrorPrinter, "De printer is niet bereikbaar.");
+        throw base::RuntimeError(base::ErrorPrinter, "De printer is niet bereikbaar.");
     }
     return 0;
 }
@@ -173,12 +175,12 @@ double QtPrinter::ScaleHeight() {
 
 int QtPrinter::GetDeviceCaps(int item) {
     switch (item) {
-    case CapsLogPixelsX:
-    case CapsLogPixelsY:
+    case machine::CapsLogPixelsX:
+    case machine::CapsLogPixelsY:
         return DotsPerInch;
-    case CapsPhysicalOffsetX:
+    case machine::CapsPhysicalOffsetX:
         return Dots(Measure().Left);
-    case CapsPhysicalOffsetY:
+    case machine::CapsPhysicalOffsetY:
         return Dots(Measure().Top);
     default:
         return 0;
@@ -214,7 +216,7 @@ void QtPrinter::BeginDocument() {
         if (QIODevice* output = job_->Output()) {
             document_ = std::make_unique<PdfDocument>(*output, title_, SheetNow());
         }
-    } catch (const RuntimeError& error) {
+    } catch (const base::RuntimeError& error) {
         Fail(error);
     }
 }
@@ -225,7 +227,7 @@ void QtPrinter::NewPage() {
     }
     try {
         document_->NewPage(SheetNow());
-    } catch (const RuntimeError& error) {
+    } catch (const base::RuntimeError& error) {
         Fail(error);
     }
 }
@@ -239,7 +241,7 @@ void QtPrinter::EndDocument() {
     document_.reset();
     try {
         job_->Finish();
-    } catch (const RuntimeError& error) {
+    } catch (const base::RuntimeError& error) {
         begun_ = false;
         Fail(error);
     }
@@ -251,7 +253,7 @@ void QtPrinter::DropOutput() {
     job_.reset();
 }
 
-void QtPrinter::Fail(const RuntimeError& error) {
+void QtPrinter::Fail(const base::RuntimeError& error) {
     DropOutput();
     teller_(error.Description());
     throw error;
@@ -261,4 +263,4 @@ double QtPrinter::LineWidth() {
     return UnitsPerDot;
 }
 
-} // namespace platform::qt
+} // namespace desktop::qt

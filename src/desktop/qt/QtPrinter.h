@@ -1,22 +1,22 @@
 #pragma once
 
-#include "machine/Printer.h"
+#include <functional>
+#include <memory>
+#include <string>
+
 #include "base/RuntimeError.h"
 #include "desktop/qt/PageDevice.h"
 #include "desktop/qt/PdfDocument.h"
 #include "desktop/qt/QtCanvas.h"
 #include "desktop/qt/QtPrinters.h"
+#include "machine/Printer.h"
 
-#include <functional>
-#include <memory>
-#include <string>
-
-namespace platform::qt {
+namespace desktop::qt {
 
 /// The current printer. Until one is assigned it is the user's default.
-class QtPrinter : public Printer, private PageDevice {
+class QtPrinter : public machine::Printer, private PageDevice {
   public:
-    QtPrinter(QtPrinters& printers, PrintFailureTeller teller);
+    QtPrinter(QtPrinters& printers, machine::PrintFailureTeller teller);
 
     /// From a document's first output to its end.
     bool IsPrinting() const { return begun_; }
@@ -46,7 +46,7 @@ class QtPrinter : public Printer, private PageDevice {
 
     void SetDocumentTitle(const std::string& title) override;
     void Abandon() override;
-    Canvas& Page() override { return canvas_; }
+    machine::Canvas& Page() override { return canvas_; }
 
   private:
     /// A sheet with the strips that the printer cannot reach, turned as it is drawn on; twips.
@@ -54,10 +54,10 @@ class QtPrinter : public Printer, private PageDevice {
         double Width, Height, Left, Top, Right, Bottom;
     };
 
-    PrintQueue& Queue();
-    const Paper& CurrentPaper();
-    const Bin* CurrentBin();
-    void StoreWhereUnwritten(std::int16_t QueueSettings::*field);
+    cups::PrintQueue& Queue();
+    const cups::Paper& CurrentPaper();
+    const cups::Bin* CurrentBin();
+    void StoreWhereUnwritten(std::int16_t cups::QueueSettings::*field);
     Measures Measure();
     Sheet SheetNow();
 
@@ -73,18 +73,18 @@ class QtPrinter : public Printer, private PageDevice {
     /// Takes what has been drawn of a document; what else is drawn of it goes nowhere.
     void DropOutput();
     /// Ends the document without a trace, tells the user why and passes the failure on.
-    [[noreturn]] void Fail(const RuntimeError& error);
+    [[noreturn]] void Fail(const base::RuntimeError& error);
 
     QtPrinters& printers_;
-    PrintFailureTeller teller_;
-    std::shared_ptr<PrintQueue> queue_;
-    QueueSettings settings_;
+    machine::PrintFailureTeller teller_;
+    std::shared_ptr<cups::PrintQueue> queue_;
+    cups::QueueSettings settings_;
     std::string title_;
     QtCanvas canvas_;
 
     bool begun_ = false; ///< from the document's first output to its end, also if it goes nowhere
-    std::unique_ptr<PrintJob> job_;
+    std::unique_ptr<cups::PrintJob> job_;
     std::unique_ptr<PdfDocument> document_; // behind job_, as it writes there to its end
 };
 
-} // namespace platform::qt
+} // namespace desktop::qt

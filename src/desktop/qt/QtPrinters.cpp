@@ -1,17 +1,17 @@
 #include "desktop/qt/QtPrinters.h"
 
-#include "base/RuntimeError.h"
-#include "desktop/cups/CupsQueue.h"
-
 #include <algorithm>
 #include <iterator>
 #include <utility>
 
-namespace platform::qt {
+#include "base/RuntimeError.h"
+#include "desktop/cups/CupsQueue.h"
+
+namespace desktop::qt {
 
 QtPrinters::QtPrinters(std::unique_ptr<PdfPrinter> pdf)
     : QtPrinters(std::move(pdf),
-                 [server = std::make_shared<CupsServer>()] { return FindCupsQueues(server); }) {}
+                 [server = std::make_shared<cups::CupsServer>()] { return cups::FindCupsQueues(server); }) {}
 
 QtPrinters::QtPrinters(std::unique_ptr<PdfPrinter> pdf, QueueFinder find)
     : pdf_(std::move(pdf)), find_(std::move(find)) {}
@@ -23,7 +23,7 @@ void QtPrinters::Load() {
 }
 
 void QtPrinters::Refresh() {
-    FoundQueues found = find_();
+    cups::FoundQueues found = find_();
     if (!found.Answered && !queues_.empty()) {
         return;
     }
@@ -39,19 +39,19 @@ int QtPrinters::Count() {
     return static_cast<int>(queues_.size());
 }
 
-PrinterEntry QtPrinters::Item(int index) {
-    PrintQueue& queue = Queue(index);
+machine::PrinterEntry QtPrinters::Item(int index) {
+    cups::PrintQueue& queue = Queue(index);
     return {queue.Name(), queue.Port()};
 }
 
-std::shared_ptr<PrintQueue> QtPrinters::Share(int index) {
+std::shared_ptr<cups::PrintQueue> QtPrinters::Share(int index) {
     if (index < 0 || index >= Count()) {
-        throw RuntimeError(ErrorSubscriptOutOfRange, "Deze printer bestaat niet.");
+        throw base::RuntimeError(base::ErrorSubscriptOutOfRange, "Deze printer bestaat niet.");
     }
     return queues_[static_cast<std::size_t>(index)];
 }
 
-PrintQueue* QtPrinters::Find(const std::string& name) {
+cups::PrintQueue* QtPrinters::Find(const std::string& name) {
     Load();
     const auto found = std::find_if(queues_.begin(), queues_.end(),
                                     [&name](const auto& queue) { return queue->Name() == name; });
@@ -63,4 +63,4 @@ int QtPrinters::DefaultIndex() {
     return default_;
 }
 
-} // namespace platform::qt
+} // namespace desktop::qt

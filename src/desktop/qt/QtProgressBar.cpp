@@ -2,7 +2,7 @@
 
 #include <QProgressBar>
 
-namespace platform::qt {
+namespace desktop::qt {
 
 QtProgressBar::QtProgressBar(forms::ProgressBar& control, QtForm& form, QWidget* parent)
     : QtControl(control, form, new QProgressBar(parent)), model_(control),
@@ -17,4 +17,4 @@ void QtProgressBar::MirrorContent(forms::Aspect aspect) {
     }
 }
 
-} // namespace platform::qt
+} // namespace desktop::qt

@@ -1,11 +1,11 @@
 #pragma once
 
-#include "forms/ProgressBar.h"
 #include "desktop/qt/QtControl.h"
+#include "forms/ProgressBar.h"
 
 class QProgressBar;
 
-namespace platform::qt {
+namespace desktop::qt {
 
 class QtProgressBar final : public QtControl {
   public:
@@ -19,4 +19,4 @@ class QtProgressBar final : public QtControl {
     QProgressBar* bar_;
 };
 
-} // namespace platform::qt
+} // namespace desktop::qt

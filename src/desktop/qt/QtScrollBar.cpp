@@ -5,7 +5,7 @@
 
 #include "desktop/qt/Guarded.h"
 
-namespace platform::qt {
+namespace desktop::qt {
 
 QtScrollBar::QtScrollBar(forms::ScrollBar& control, QtForm& form, QWidget* parent)
     : QtControl(control, form, new QScrollBar(parent)), model_(control),
@@ -36,4 +36,4 @@ bool QtScrollBar::Filter(QObject* watched, QEvent* event) {
     return QtControl::Filter(watched, event);
 }
 
-} // namespace platform::qt
+} // namespace desktop::qt

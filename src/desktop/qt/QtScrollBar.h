@@ -1,11 +1,11 @@
 #pragma once
 
-#include "forms/ScrollBar.h"
 #include "desktop/qt/QtControl.h"
+#include "forms/ScrollBar.h"
 
 class QScrollBar;
 
-namespace platform::qt {
+namespace desktop::qt {
 
 class QtScrollBar final : public QtControl {
   public:
@@ -20,4 +20,4 @@ class QtScrollBar final : public QtControl {
     QScrollBar* bar_;
 };
 
-} // namespace platform::qt
+} // namespace desktop::qt

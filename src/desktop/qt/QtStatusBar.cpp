@@ -6,7 +6,7 @@
 #include "desktop/qt/QtText.h"
 #include "desktop/qt/Scale.h"
 
-namespace platform::qt {
+namespace desktop::qt {
 
 namespace {
 
@@ -47,4 +47,4 @@ void QtStatusBar::Place() {
     bar_->setGeometry(0, area.height() - height, area.width(), height);
 }
 
-} // namespace platform::qt
+} // namespace desktop::qt

@@ -2,13 +2,13 @@
 
 #include <vector>
 
-#include "forms/StatusBar.h"
 #include "desktop/qt/QtControl.h"
+#include "forms/StatusBar.h"
 
 class QLabel;
 class QStatusBar;
 
-namespace platform::qt {
+namespace desktop::qt {
 
 class QtStatusBar final : public QtControl {
   public:
@@ -25,4 +25,4 @@ class QtStatusBar final : public QtControl {
     std::vector<QLabel*> panels_;
 };
 
-} // namespace platform::qt
+} // namespace desktop::qt

@@ -1,10 +1,9 @@
 #include "desktop/qt/QtText.h"
 
 #include <QTextDocument>
-
 #include <algorithm>
 
-namespace platform::qt {
+namespace desktop::qt {
 
 namespace {
 
@@ -38,4 +37,4 @@ int UnitsOf(const QString& text, int characters) {
     return at;
 }
 
-} // namespace platform::qt
+} // namespace desktop::qt

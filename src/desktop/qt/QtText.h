@@ -1,13 +1,12 @@
 #pragma once
 
 #include <QString>
-
 #include <string>
 #include <string_view>
 
 /// The program's texts are UTF-8 and their positions count characters; the toolkit's are UTF-16 and its
 /// positions count units, of which a character outside the basic plane takes two.
-namespace platform::qt {
+namespace desktop::qt {
 
 inline QString ToQString(std::string_view text) {
     return QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size()));
@@ -27,4 +26,4 @@ int CharactersIn(const QString& text, int units);
 /// Number of units that the first `characters` characters take.
 int UnitsOf(const QString& text, int characters);
 
-} // namespace platform::qt
+} // namespace desktop::qt

@@ -5,17 +5,16 @@
 #include <QKeyEvent>
 #include <QLineEdit>
 #include <QScopedValueRollback>
-
 #include <algorithm>
 
-#include "forms/Desktop.h"
-#include "forms/Form.h"
-#include "forms/UpDown.h"
 #include "desktop/qt/Guarded.h"
 #include "desktop/qt/QtForm.h"
 #include "desktop/qt/QtText.h"
+#include "forms/Desktop.h"
+#include "forms/Form.h"
+#include "forms/UpDown.h"
 
-namespace platform::qt {
+namespace desktop::qt {
 
 QtTextBox::QtTextBox(forms::TextBox& control, QtForm& form, QWidget* parent)
     : QtControl(control, form, new QLineEdit(parent)), model_(control),
@@ -126,7 +125,7 @@ void QtTextBox::Type(const QString& text) {
 }
 
 bool QtTextBox::KeyPressed(const QKeyEvent& event, int virtualKey) {
-    if (virtualKey == key::Backspace) {
+    if (virtualKey == forms::key::Backspace) {
         const QScopedValueRollback rollback(typing_, true);
         model_.Owner().UserKey(virtualKey);
         return true;
@@ -136,9 +135,9 @@ bool QtTextBox::KeyPressed(const QKeyEvent& event, int virtualKey) {
         Type(text);
         return true;
     }
-    if (virtualKey == key::Up || virtualKey == key::Down) {
+    if (virtualKey == forms::key::Up || virtualKey == forms::key::Down) {
         if (forms::UpDown* arrows = forms::UpDown::Of(model_)) {
-            arrows->UserStep(virtualKey == key::Up ? 1 : -1);
+            arrows->UserStep(virtualKey == forms::key::Up ? 1 : -1);
             return true;
         }
     }
@@ -166,4 +165,4 @@ bool QtTextBox::Filter(QObject* watched, QEvent* event) {
     return QtControl::Filter(watched, event);
 }
 
-} // namespace platform::qt
+} // namespace desktop::qt

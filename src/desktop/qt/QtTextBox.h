@@ -1,12 +1,12 @@
 #pragma once
 
-#include "forms/TextBox.h"
 #include "desktop/qt/QtControl.h"
+#include "forms/TextBox.h"
 
 class QInputMethodEvent;
 class QLineEdit;
 
-namespace platform::qt {
+namespace desktop::qt {
 
 /// A typed character goes to the form's box, which filters and limits it; pasting, cutting and the like are
 /// the widget's own, and the form's box is told what came of it.
@@ -37,4 +37,4 @@ class QtTextBox final : public QtControl {
     bool typing_ = false;
 };
 
-} // namespace platform::qt
+} // namespace desktop::qt

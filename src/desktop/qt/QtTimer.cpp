@@ -2,7 +2,7 @@
 
 #include "desktop/qt/Guarded.h"
 
-namespace platform::qt {
+namespace desktop::qt {
 
 QtTimer::QtTimer(forms::Timer& control, QtForm& form, QWidget* /*parent*/)
     : QtControl(control, form, nullptr), model_(control) {
@@ -21,4 +21,4 @@ void QtTimer::MirrorContent(forms::Aspect aspect) {
     }
 }
 
-} // namespace platform::qt
+} // namespace desktop::qt

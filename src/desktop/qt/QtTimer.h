@@ -2,10 +2,10 @@
 
 #include <QTimer>
 
-#include "forms/Timer.h"
 #include "desktop/qt/QtControl.h"
+#include "forms/Timer.h"
 
-namespace platform::qt {
+namespace desktop::qt {
 
 class QtTimer final : public QtControl {
   public:
@@ -19,4 +19,4 @@ class QtTimer final : public QtControl {
     QTimer timer_;
 };
 
-} // namespace platform::qt
+} // namespace desktop::qt

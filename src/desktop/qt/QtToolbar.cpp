@@ -9,7 +9,7 @@
 #include "desktop/qt/Scale.h"
 #include "desktop/qt/ThemedPicture.h"
 
-namespace platform::qt {
+namespace desktop::qt {
 
 namespace {
 
@@ -97,4 +97,4 @@ void QtToolbar::Place() {
     }
 }
 
-} // namespace platform::qt
+} // namespace desktop::qt

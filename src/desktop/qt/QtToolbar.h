@@ -2,12 +2,12 @@
 
 #include <vector>
 
-#include "forms/Toolbar.h"
 #include "desktop/qt/QtControl.h"
+#include "forms/Toolbar.h"
 
 class QToolButton;
 
-namespace platform::qt {
+namespace desktop::qt {
 
 /// A row of buttons that light up under the mouse.
 class QtToolbar final : public QtControl {
@@ -28,4 +28,4 @@ class QtToolbar final : public QtControl {
     std::vector<QWidget*> buttons_; // the button or the rule at each place
 };
 
-} // namespace platform::qt
+} // namespace desktop::qt

@@ -3,11 +3,11 @@
 #include <QEvent>
 #include <QToolButton>
 
-#include "forms/Form.h"
 #include "desktop/qt/Guarded.h"
 #include "desktop/qt/QtText.h"
+#include "forms/Form.h"
 
-namespace platform::qt {
+namespace desktop::qt {
 
 QtUpDown::QtUpDown(forms::UpDown& control, QtForm& form, QWidget* parent)
     : QtControl(control, form, new QWidget(parent)), model_(control), up_(MakeArrow(1)),
@@ -46,4 +46,4 @@ void QtUpDown::Place() {
     down_->setGeometry(0, half, size.width(), size.height() - half);
 }
 
-} // namespace platform::qt
+} // namespace desktop::qt

@@ -1,11 +1,11 @@
 #pragma once
 
-#include "forms/UpDown.h"
 #include "desktop/qt/QtControl.h"
+#include "forms/UpDown.h"
 
 class QToolButton;
 
-namespace platform::qt {
+namespace desktop::qt {
 
 /// The two arrows; a press held down repeats. They take no focus themselves, the box beside them does.
 class QtUpDown final : public QtControl {
@@ -24,4 +24,4 @@ class QtUpDown final : public QtControl {
     QToolButton* down_;
 };
 
-} // namespace platform::qt
+} // namespace desktop::qt

@@ -7,7 +7,7 @@
 #include "desktop/qt/Guarded.h"
 #include "desktop/qt/QtForm.h"
 
-namespace platform::qt {
+namespace desktop::qt {
 
 QtWindow::QtWindow(QtForm& form, Qt::WindowFlags flags) : QWidget(nullptr, flags), form_(form) {}
 
@@ -35,4 +35,4 @@ bool QtWindow::event(QEvent* event) {
     return QWidget::event(event);
 }
 
-} // namespace platform::qt
+} // namespace desktop::qt

@@ -2,7 +2,7 @@
 
 #include <QWidget>
 
-namespace platform::qt {
+namespace desktop::qt {
 
 class QtForm;
 
@@ -22,4 +22,4 @@ class QtWindow final : public QWidget {
     QtForm& form_;
 };
 
-} // namespace platform::qt
+} // namespace desktop::qt

@@ -2,11 +2,10 @@
 
 #include <QApplication>
 #include <QFontMetricsF>
-
 #include <algorithm>
 #include <cmath>
 
-namespace platform::qt {
+namespace desktop::qt {
 
 namespace {
 
@@ -45,4 +44,4 @@ QRect ToDots(double left, double top, double width, double height) {
     return {start, QSize(ToDots(left + width) - start.x(), ToDots(top + height) - start.y())};
 }
 
-} // namespace platform::qt
+} // namespace desktop::qt

@@ -2,7 +2,7 @@
 
 #include <QRect>
 
-namespace platform::qt {
+namespace desktop::qt {
 
 /// The forms are designed in twips for a font of 9 points whose characters are 6 dots wide on average and
 /// whose lines are 15 dots high. A user with a larger font gets everything larger by one factor, so that each
@@ -20,4 +20,4 @@ double ToTwips(double dots);
 /// Both edges are rounded, not the size, so that neighbours still touch.
 QRect ToDots(double left, double top, double width, double height);
 
-} // namespace platform::qt
+} // namespace desktop::qt

@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <cmath>
 
-namespace platform::qt {
+namespace desktop::qt {
 
 namespace {
 
@@ -36,4 +36,4 @@ bool HasAmpleRoom(const QString& text, const QFontMetricsF& metrics, const QSize
            (width * Slack < box.width() || width * Slack < lines * (box.width() - longest * Slack));
 }
 
-} // namespace platform::qt
+} // namespace desktop::qt

@@ -8,15 +8,14 @@
 #include <QStyle>
 #include <QStyleOption>
 #include <QSvgRenderer>
-
 #include <memory>
 
-#include "forms/PictureInks.h"
 #include "desktop/qt/Guarded.h"
 #include "desktop/qt/PictureWidget.h"
 #include "desktop/qt/QtColours.h"
+#include "forms/PictureInks.h"
 
-namespace platform::qt {
+namespace desktop::qt {
 
 namespace {
 
@@ -95,8 +94,8 @@ QByteArray ThemedPicture(const QString& name, const QColor& background) {
         return {};
     }
     QByteArray picture = file.readAll();
-    for (const forms::Colour drawn : ink::All) {
-        const forms::Colour shown = InkOn(drawn, FromQColor(background));
+    for (const forms::Colour drawn : forms::ink::All) {
+        const forms::Colour shown = forms::InkOn(drawn, FromQColor(background));
         if (shown != drawn) {
             picture.replace(ToQColor(drawn, {}).name().toLatin1(), ToQColor(shown, {}).name().toLatin1());
         }
@@ -112,4 +111,4 @@ QIcon PictureIcon(const QString& name) {
     return QIcon(new FileEngine(PictureFile(name)));
 }
 
-} // namespace platform::qt
+} // namespace desktop::qt

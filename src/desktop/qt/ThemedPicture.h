@@ -5,7 +5,7 @@
 #include <QIcon>
 #include <QString>
 
-namespace platform::qt {
+namespace desktop::qt {
 
 /// One of the program's own pictures as vectors, with its signs in colours that stand out from this
 /// background; empty if there is no such picture.
@@ -19,4 +19,4 @@ QIcon ThemedIcon(const QString& name, const QString& lit, const QColor& backgrou
 /// toolkit's own icons of such files it needs no plugin.
 QIcon PictureIcon(const QString& name);
 
-} // namespace platform::qt
+} // namespace desktop::qt

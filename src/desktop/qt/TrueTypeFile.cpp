@@ -2,7 +2,7 @@
 
 #include <QtEndian>
 
-namespace platform::qt {
+namespace desktop::qt {
 
 namespace {
 
@@ -96,4 +96,4 @@ QByteArray TrueTypeFile::Bytes() const {
     return file;
 }
 
-} // namespace platform::qt
+} // namespace desktop::qt

@@ -3,7 +3,7 @@
 #include <QByteArray>
 #include <QMap>
 
-namespace platform::qt {
+namespace desktop::qt {
 
 /// A TrueType font as its tables, by their tags, and the file that they make.
 class TrueTypeFile {
@@ -25,4 +25,4 @@ void WriteU16(QByteArray& table, qsizetype at, int value);
 void AppendU16(QByteArray& table, int value);
 void AppendU32(QByteArray& table, qsizetype value);
 
-} // namespace platform::qt
+} // namespace desktop::qt

@@ -5,7 +5,7 @@
 
 #include <unistd.h>
 
-namespace platform {
+namespace desktop::regfile {
 
 /// An open file of the machine, which is closed when this goes.
 class Descriptor {
@@ -38,4 +38,4 @@ auto Uninterrupted(const Call& call) {
     return result;
 }
 
-} // namespace platform
+} // namespace desktop::regfile

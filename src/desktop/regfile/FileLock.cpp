@@ -9,7 +9,7 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
-namespace platform {
+namespace desktop::regfile {
 namespace {
 
 using std::chrono::steady_clock;
@@ -64,4 +64,4 @@ int FileLock::Try() {
     return 0;
 }
 
-} // namespace platform
+} // namespace desktop::regfile

@@ -1,11 +1,11 @@
 #pragma once
 
-#include "desktop/regfile/Descriptor.h"
-
 #include <chrono>
 #include <string>
 
-namespace platform {
+#include "desktop/regfile/Descriptor.h"
+
+namespace desktop::regfile {
 
 /// Held by a program from its reading of a file to the writing of it, so that of two that change the file
 /// neither writes over the other's change. It is a file with a lock on it, and goes when this does.
@@ -28,4 +28,4 @@ class FileLock {
     bool isHeldByAnother_ = false;
 };
 
-} // namespace platform
+} // namespace desktop::regfile

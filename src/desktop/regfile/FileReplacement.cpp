@@ -12,7 +12,7 @@
 #include <sys/random.h>
 #include <unistd.h>
 
-namespace platform {
+namespace desktop::regfile {
 namespace {
 
 constexpr mode_t NewFile = 0666;     // less what the user's mask takes away
@@ -238,4 +238,4 @@ int ReplaceFile(const std::string& path, std::string_view mark, std::string_view
     return file.Commit(before);
 }
 
-} // namespace platform
+} // namespace desktop::regfile

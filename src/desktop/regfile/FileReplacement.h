@@ -1,15 +1,15 @@
 #pragma once
 
-#include "desktop/regfile/FileWriter.h"
-#include "desktop/regfile/PosixFile.h"
-
 #include <optional>
 #include <string>
 #include <string_view>
 
 #include <sys/stat.h>
 
-namespace platform {
+#include "desktop/regfile/FileWriter.h"
+#include "desktop/regfile/PosixFile.h"
+
+namespace desktop::regfile {
 
 /// Bytes on their way into the place of a file: whole, when all of them are on the disk, or not at all. They
 /// have no name until then, so nothing is left of them when the program ends early, however it ends. (A file
@@ -59,4 +59,4 @@ bool IsNameOfReplacement(std::string_view name, std::string_view mark);
 int ReplaceFile(const std::string& path, std::string_view mark, std::string_view bytes,
                 const FileStamp& before);
 
-} // namespace platform
+} // namespace desktop::regfile

@@ -2,7 +2,7 @@
 
 #include <cstddef>
 
-namespace platform {
+namespace desktop::regfile {
 namespace {
 
 constexpr std::size_t BufferSize = 64U << 10U;
@@ -37,4 +37,4 @@ int FileWriter::Flush() {
     return error_;
 }
 
-} // namespace platform
+} // namespace desktop::regfile

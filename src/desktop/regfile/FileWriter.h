@@ -1,11 +1,11 @@
 #pragma once
 
-#include "desktop/regfile/Descriptor.h"
-
 #include <string>
 #include <string_view>
 
-namespace platform {
+#include "desktop/regfile/Descriptor.h"
+
+namespace desktop::regfile {
 
 /// Writes a file from its beginning to its end. All calls return 0 or errno, and the first failure holds for
 /// all that follow: what comes later may fit again, and the file would have a gap.
@@ -28,4 +28,4 @@ class FileWriter {
     int error_ = 0;
 };
 
-} // namespace platform
+} // namespace desktop::regfile

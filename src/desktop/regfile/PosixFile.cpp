@@ -1,14 +1,14 @@
 #include "desktop/regfile/PosixFile.h"
 
-#include "desktop/regfile/Descriptor.h"
-
 #include <cerrno>
 
 #include <fcntl.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
-namespace platform {
+#include "desktop/regfile/Descriptor.h"
+
+namespace desktop::regfile {
 
 FileStamp StampOf(const struct stat& status) {
     constexpr std::int64_t nanosecondsPerSecond = 1'000'000'000;
@@ -64,4 +64,4 @@ bool IsAbsence(int error) {
     return error == ENOENT || error == ENOTDIR;
 }
 
-} // namespace platform
+} // namespace desktop::regfile

@@ -8,7 +8,7 @@
 struct stat;
 
 /// Whole files on a POSIX machine, for data that must not be lost halfway.
-namespace platform {
+namespace desktop::regfile {
 
 /// What tells one state of a file from another without reading it.
 struct FileStamp {
@@ -38,4 +38,4 @@ int ReadWholeFile(const std::string& path, std::size_t limit, FileContent& conte
 /// Is this number of an error the absence of a file? All others leave open whether it is there.
 bool IsAbsence(int error);
 
-} // namespace platform
+} // namespace desktop::regfile

@@ -1,13 +1,13 @@
 #include "desktop/regfile/RegFile.h"
 
-#include "machine/RegistryKeys.h"
-#include "base/Text.h"
-
 #include <algorithm>
 #include <utility>
 #include <vector>
 
-namespace platform {
+#include "base/Text.h"
+#include "machine/RegistryKeys.h"
+
+namespace desktop::regfile {
 namespace {
 
 constexpr std::uint32_t TypeText = 1;
@@ -112,8 +112,9 @@ RegFile::Key* RegFile::ReadHeader(std::string_view text, std::size_t from) {
     if (!header) {
         return nullptr;
     }
-    const std::string path = FoldedName(encoding_.Decode(bytes_, regfile::Shifted(header->path, from)));
-    const std::vector<std::string_view> names = KeyNames(path);
+    const std::string path =
+        machine::FoldedName(encoding_.Decode(bytes_, regfile::Shifted(header->path, from)));
+    const std::vector<std::string_view> names = machine::KeyNames(path);
     if (names.empty() || names.size() > MaximumDepth) {
         return nullptr;
     }
@@ -148,8 +149,8 @@ void RegFile::ReadEntry(std::string_view text, std::size_t from, std::size_t& at
     if (!entry) {
         return;
     }
-    const std::string name =
-        FoldedName(regfile::Unescaped(encoding_.Decode(bytes_, regfile::Shifted(entry->name, from))));
+    const std::string name = machine::FoldedName(
+        regfile::Unescaped(encoding_.Decode(bytes_, regfile::Shifted(entry->name, from))));
     if (entry->notation == regfile::Notation::Deleted) {
         key.values.erase(name);
     } else {
@@ -161,9 +162,9 @@ void RegFile::ReadEntry(std::string_view text, std::size_t from, std::size_t& at
 }
 
 const RegFile::Key* RegFile::FindKey(std::string_view path) const {
-    const std::string folded = FoldedName(path);
+    const std::string folded = machine::FoldedName(path);
     const Key* key = &root_;
-    for (const std::string_view name : KeyNames(folded)) {
+    for (const std::string_view name : machine::KeyNames(folded)) {
         const auto found = key->keys.find(name);
         if (found == key->keys.end()) {
             return nullptr;
@@ -182,7 +183,7 @@ std::optional<RegValue> RegFile::Find(std::string_view path, std::string_view na
     if (key == nullptr) {
         return std::nullopt;
     }
-    const auto found = key->values.find(FoldedName(name));
+    const auto found = key->values.find(machine::FoldedName(name));
     if (found == key->values.end()) {
         return std::nullopt;
     }
@@ -212,10 +213,10 @@ std::string RegFile::Notation(const RegValue& value) const {
 std::optional<std::string> RegFile::WithValue(std::string_view path, std::string_view name,
                                               const RegValue& value) const {
     const Key* key = FindKey(path);
-    if (key == nullptr || HasControls(name) || text::Length(name) > regfile::MaximumName) {
+    if (key == nullptr || HasControls(name) || base::text::Length(name) > regfile::MaximumName) {
         return std::nullopt;
     }
-    const auto found = key->values.find(FoldedName(name));
+    const auto found = key->values.find(machine::FoldedName(name));
     if (found != key->values.end()) {
         return Replaced(found->second.data, Notation(value));
     }
@@ -227,7 +228,7 @@ std::optional<std::string> RegFile::WithValue(std::string_view path, std::string
     const bool lineIsOpen = encoding_.Narrow(bytes_, {units - 1, units}) != "\n";
     std::string section = (lineIsOpen ? lineEnd_ : "") + lineEnd_ + '[';
     const char* separator = "";
-    for (const std::string_view keyName : KeyNames(path)) {
+    for (const std::string_view keyName : machine::KeyNames(path)) {
         section.append(separator).append(keyName);
         separator = "\\";
     }
@@ -240,4 +241,4 @@ std::string RegFile::Replaced(regfile::Span span, std::string_view utf8) const {
     return bytes.append(bytes_, encoding_.Offset(span.end));
 }
 
-} // namespace platform
+} // namespace desktop::regfile

@@ -1,7 +1,5 @@
 #pragma once
 
-#include "desktop/regfile/RegFileEncoding.h"
-
 #include <cstdint>
 #include <map>
 #include <memory>
@@ -9,7 +7,9 @@
 #include <string>
 #include <string_view>
 
-namespace platform {
+#include "desktop/regfile/RegFileEncoding.h"
+
+namespace desktop::regfile {
 
 /// A value of the registry: its type and its data. The data of a text type is UTF-8 with its closing NUL as
 /// far as the file gives one; that of any other type is bytes.
@@ -76,4 +76,4 @@ class RegFile {
     Key root_;
 };
 
-} // namespace platform
+} // namespace desktop::regfile

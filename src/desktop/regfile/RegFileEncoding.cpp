@@ -1,10 +1,10 @@
 #include "desktop/regfile/RegFileEncoding.h"
 
-#include "base/Text.h"
-
 #include <algorithm>
 
-namespace platform::regfile {
+#include "base/Text.h"
+
+namespace desktop::regfile {
 namespace {
 
 constexpr std::string_view utf16Mark("\xFF\xFE", 2);
@@ -40,10 +40,10 @@ std::string Repaired(std::string_view bytes) {
     std::string result;
     result.reserve(bytes.size());
     while (!bytes.empty()) {
-        const text::Decoded first = text::DecodeFirst(bytes);
+        const base::text::Decoded first = base::text::DecodeFirst(bytes);
         const std::string_view character = bytes.substr(0, first.bytes);
         if (first.bytes == 1 && first.code >= 0x80) {
-            result.append(text::FromCodePage(character));
+            result.append(base::text::FromCodePage(character));
         } else {
             result.append(character);
         }
@@ -67,7 +67,7 @@ std::string ToUtf16(std::string_view utf8) {
     std::string bytes;
     bytes.reserve(utf8.size() * 2);
     while (!utf8.empty()) {
-        const text::Decoded first = text::DecodeFirst(utf8);
+        const base::text::Decoded first = base::text::DecodeFirst(utf8);
         if (first.code >= 0x10000) {
             AppendUnit(bytes, 0xD800 + ((first.code - 0x10000) >> 10));
             AppendUnit(bytes, 0xDC00 + ((first.code - 0x10000) & 0x3FF));
@@ -88,9 +88,9 @@ std::string FromUtf16(std::string_view bytes) {
             result.push_back(static_cast<char>(unit));
         } else if (IsHighSurrogate(unit) && at + 4 <= bytes.size() && IsLowSurrogate(Unit(bytes, at + 2))) {
             at += 2;
-            result.append(text::Encode(0x10000 + ((unit - 0xD800) << 10) + (Unit(bytes, at) - 0xDC00)));
+            result.append(base::text::Encode(0x10000 + ((unit - 0xD800) << 10) + (Unit(bytes, at) - 0xDC00)));
         } else {
-            result.append(text::Encode(unit));
+            result.append(base::text::Encode(unit));
         }
     }
     return result;
@@ -215,7 +215,7 @@ std::string Encoding::Decode(std::string_view file, Span span) const {
     case Characters::Utf16:
         return FromUtf16(bytes);
     case Characters::CodePage:
-        return text::FromCodePage(bytes);
+        return base::text::FromCodePage(bytes);
     case Characters::Utf8:
         break;
     }
@@ -227,7 +227,7 @@ std::string Encoding::Encode(std::string_view utf8) const {
     case Characters::Utf16:
         return ToUtf16(utf8);
     case Characters::CodePage:
-        return text::ToCodePage(utf8);
+        return base::text::ToCodePage(utf8);
     case Characters::Utf8:
         break;
     }
@@ -235,11 +235,11 @@ std::string Encoding::Encode(std::string_view utf8) const {
 }
 
 std::string Encoding::DecodeHex(std::string_view bytes) const {
-    return versionFour_ ? text::FromCodePage(bytes) : FromUtf16(bytes);
+    return versionFour_ ? base::text::FromCodePage(bytes) : FromUtf16(bytes);
 }
 
 std::string Encoding::EncodeHex(std::string_view utf8) const {
-    return versionFour_ ? text::ToCodePage(utf8) : ToUtf16(utf8);
+    return versionFour_ ? base::text::ToCodePage(utf8) : ToUtf16(utf8);
 }
 
-} // namespace platform::regfile
+} // namespace desktop::regfile

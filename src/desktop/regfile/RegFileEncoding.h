@@ -1,12 +1,12 @@
 #pragma once
 
-#include "desktop/regfile/RegFileSyntax.h"
-
 #include <cstddef>
 #include <string>
 #include <string_view>
 
-namespace platform::regfile {
+#include "desktop/regfile/RegFileSyntax.h"
+
+namespace desktop::regfile {
 
 /// Text as UTF-16LE bytes and back. A half of a surrogate pair becomes U+FFFD, an odd last byte is dropped.
 std::string ToUtf16(std::string_view utf8);
@@ -64,4 +64,4 @@ class Encoding {
     std::size_t width_ = 1;
 };
 
-} // namespace platform::regfile
+} // namespace desktop::regfile

@@ -1,9 +1,5 @@
 #include "desktop/regfile/RegFileStore.h"
 
-#include "desktop/regfile/FileLock.h"
-#include "desktop/regfile/FileReplacement.h"
-#include "base/Text.h"
-
 #include <cerrno>
 #include <chrono>
 #include <cstddef>
@@ -18,7 +14,11 @@
 #include <pwd.h>
 #include <unistd.h>
 
-namespace platform {
+#include "base/Text.h"
+#include "desktop/regfile/FileLock.h"
+#include "desktop/regfile/FileReplacement.h"
+
+namespace desktop::regfile {
 namespace {
 
 constexpr std::size_t MaximumFileSize = 512U << 20U; // bytes; a file beyond that holds no settings
@@ -60,14 +60,14 @@ constexpr std::int32_t ErrorDiskFull = 112;
 std::int32_t ErrorOf(int number) {
     switch (number) {
     case 0:
-        return RegSuccess;
+        return machine::RegSuccess;
     case ENOENT:
     case ENOTDIR:
-        return RegFileNotFound;
+        return machine::RegFileNotFound;
     case EACCES:
     case EPERM:
     case EROFS:
-        return RegAccessDenied;
+        return machine::RegAccessDenied;
     case ENOSPC:
     case EDQUOT:
     case EFBIG:
@@ -275,47 +275,49 @@ void RegFileStore::Tell() {
             (isKnown_ ? "\nWat eerder is gelezen, blijft gelden." : ""));
 }
 
-std::int32_t RegFileStore::RegOpenKeyA(RegistryKey root, const std::string& path, RegistryKey& key) {
+std::int32_t RegFileStore::RegOpenKeyA(machine::RegistryKey root, const std::string& path,
+                                       machine::RegistryKey& key) {
     const std::optional<std::string> above = keys_.PathOf(root);
     if (!above) {
-        return RegInvalidHandle;
+        return machine::RegInvalidHandle;
     }
-    std::string full = *above + '\\' + text::FromCodePage(UpToNul(path));
+    std::string full = *above + '\\' + base::text::FromCodePage(machine::UpToNul(path));
     Refresh();
     if (!file_.HasKey(full)) {
-        return RegFileNotFound;
+        return machine::RegFileNotFound;
     }
     key = keys_.Open(std::move(full));
-    return RegSuccess;
+    return machine::RegSuccess;
 }
 
-std::int32_t RegFileStore::RegCloseKey(RegistryKey key) {
-    return keys_.Close(key) ? RegSuccess : RegInvalidHandle;
+std::int32_t RegFileStore::RegCloseKey(machine::RegistryKey key) {
+    return keys_.Close(key) ? machine::RegSuccess : machine::RegInvalidHandle;
 }
 
-std::int32_t RegFileStore::RegQueryValueExA(RegistryKey key, const std::string& name, std::uint32_t& type,
-                                            char* data, std::uint32_t& size) {
+std::int32_t RegFileStore::RegQueryValueExA(machine::RegistryKey key, const std::string& name,
+                                            std::uint32_t& type, char* data, std::uint32_t& size) {
     const std::optional<std::string> path = keys_.PathOf(key);
     if (!path) {
-        return RegInvalidHandle;
+        return machine::RegInvalidHandle;
     }
     Refresh();
-    const std::optional<RegValue> value = file_.Find(*path, text::FromCodePage(UpToNul(name)));
+    const std::optional<RegValue> value = file_.Find(*path, base::text::FromCodePage(machine::UpToNul(name)));
     if (!value) {
-        return RegFileNotFound;
+        return machine::RegFileNotFound;
     }
     type = value->type;
-    return AnswerQuery(IsTextType(type) ? text::ToCodePage(value->data) : value->data, data, size);
+    return machine::AnswerQuery(IsTextType(type) ? base::text::ToCodePage(value->data) : value->data, data,
+                                size);
 }
 
-std::int32_t RegFileStore::RegSetValueExA(RegistryKey key, const std::string& name, std::uint32_t type,
-                                          std::string_view bytes) {
+std::int32_t RegFileStore::RegSetValueExA(machine::RegistryKey key, const std::string& name,
+                                          std::uint32_t type, std::string_view bytes) {
     const std::optional<std::string> path = keys_.PathOf(key);
     if (!path) {
-        return RegInvalidHandle;
+        return machine::RegInvalidHandle;
     }
-    const RegValue value{type, IsTextType(type) ? text::FromCodePage(bytes) : std::string(bytes)};
-    const std::int32_t result = Store(*path, text::FromCodePage(UpToNul(name)), value);
+    const RegValue value{type, IsTextType(type) ? base::text::FromCodePage(bytes) : std::string(bytes)};
+    const std::int32_t result = Store(*path, base::text::FromCodePage(machine::UpToNul(name)), value);
     Tell();
     return result;
 }
@@ -329,7 +331,7 @@ std::int32_t RegFileStore::Store(const std::string& path, const std::string& nam
     for (int attempt = 1; error != 0; ++attempt) {
         Look();
         if (!isCut_ && !file_.HasKey(path)) {
-            return RegFileNotFound;
+            return machine::RegFileNotFound;
         }
         if (!isCut_) {
             const std::optional<std::string> changed = file_.WithValue(path, name, value);
@@ -349,4 +351,4 @@ std::int32_t RegFileStore::Store(const std::string& path, const std::string& nam
     return ErrorOf(error);
 }
 
-} // namespace platform
+} // namespace desktop::regfile

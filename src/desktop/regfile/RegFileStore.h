@@ -1,10 +1,5 @@
 #pragma once
 
-#include "desktop/regfile/PosixFile.h"
-#include "desktop/regfile/RegFile.h"
-#include "machine/Registry.h"
-#include "machine/RegistryKeys.h"
-
 #include <chrono>
 #include <cstdint>
 #include <functional>
@@ -12,7 +7,12 @@
 #include <string>
 #include <string_view>
 
-namespace platform {
+#include "desktop/regfile/PosixFile.h"
+#include "desktop/regfile/RegFile.h"
+#include "machine/Registry.h"
+#include "machine/RegistryKeys.h"
+
+namespace desktop::regfile {
 
 /// Where the main application's settings lie for the current user: tarvik/settings.reg below
 /// $XDG_CONFIG_HOME, or below ~/.config where that is not set. Empty if the user has no home.
@@ -29,16 +29,17 @@ using SettingsTeller = std::function<void(const std::string& text)>;
 /// as long as it is missing no key exists, so nothing can be read or written. A change that another program
 /// makes to the file is seen at the next call, and once it is complete: what was read before holds while the
 /// file is empty, cut off or cannot be read. A write replaces the file as a whole or leaves it as it was.
-class RegFileStore : public Registry {
+class RegFileStore : public machine::Registry {
   public:
     /// With a `branch` the file is read for the keys of that branch alone.
     explicit RegFileStore(std::string path, std::string branch = {}, SettingsTeller teller = {});
 
-    std::int32_t RegOpenKeyA(RegistryKey root, const std::string& path, RegistryKey& key) override;
-    std::int32_t RegCloseKey(RegistryKey key) override;
-    std::int32_t RegQueryValueExA(RegistryKey key, const std::string& name, std::uint32_t& type, char* data,
-                                  std::uint32_t& size) override;
-    std::int32_t RegSetValueExA(RegistryKey key, const std::string& name, std::uint32_t type,
+    std::int32_t RegOpenKeyA(machine::RegistryKey root, const std::string& path,
+                             machine::RegistryKey& key) override;
+    std::int32_t RegCloseKey(machine::RegistryKey key) override;
+    std::int32_t RegQueryValueExA(machine::RegistryKey key, const std::string& name, std::uint32_t& type,
+                                  char* data, std::uint32_t& size) override;
+    std::int32_t RegSetValueExA(machine::RegistryKey key, const std::string& name, std::uint32_t type,
                                 std::string_view bytes) override;
 
   private:
@@ -66,7 +67,7 @@ class RegFileStore : public Registry {
     std::optional<FileStamp> stamp_; // of the state that was read; nothing if the next call has to read again
     std::optional<FileStamp> seen_;  // the last state of the file, and since when it is known
     Clock::time_point seenAt_;
-    OpenRegistryKeys keys_;
+    machine::OpenRegistryKeys keys_;
 };
 
-} // namespace platform
+} // namespace desktop::regfile

@@ -4,7 +4,7 @@
 #include <array>
 #include <charconv>
 
-namespace platform::regfile {
+namespace desktop::regfile {
 namespace {
 
 constexpr std::size_t MaximumPath = 32767;                 // characters, as Windows allows
@@ -285,4 +285,4 @@ std::string HexNotation(std::uint32_t type, std::string_view bytes, std::string_
     return result;
 }
 
-} // namespace platform::regfile
+} // namespace desktop::regfile

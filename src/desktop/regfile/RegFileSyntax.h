@@ -10,7 +10,7 @@
 /// routines work on a view that has one byte for each character unit of the file and any byte from 0x80 on
 /// for what is not ASCII. Positions count from the start of that view. Every routine takes time in proportion
 /// to what it reads.
-namespace platform::regfile {
+namespace desktop::regfile {
 
 /// Longest name of a value that Windows allows, in characters.
 inline constexpr std::size_t MaximumName = 16383;
@@ -77,4 +77,4 @@ std::string Escaped(std::string_view text);
 /// Bytes as a list in the way Windows writes it, continued on further lines.
 std::string HexNotation(std::uint32_t type, std::string_view bytes, std::string_view lineEnd);
 
-} // namespace platform::regfile
+} // namespace desktop::regfile

@@ -2,7 +2,7 @@
 
 #include "forms/Contrast.h"
 
-namespace platform::windows {
+namespace desktop::windows {
 
 namespace {
 
@@ -47,4 +47,4 @@ COLORREF TextColourOf(const forms::Control& control) {
     return foreign ? forms::Readable(wanted, ToColourRef(background), forms::ContrastOfText) : wanted;
 }
 
-} // namespace platform::windows
+} // namespace desktop::windows

@@ -1,10 +1,11 @@
 #pragma once
 
-#include "forms/Colour.h"
-#include "forms/Control.h"
 #include "desktop/windows/Win32.h"
 
-namespace platform::windows {
+#include "forms/Colour.h"
+#include "forms/Control.h"
+
+namespace desktop::windows {
 
 /// A colour of a form as it is on this desktop; the system's colours follow the user's theme.
 COLORREF ToColourRef(forms::Colour colour);
@@ -17,4 +18,4 @@ HBRUSH BrushFor(HDC device, forms::Colour colour);
 /// read.
 COLORREF TextColourOf(const forms::Control& control);
 
-} // namespace platform::windows
+} // namespace desktop::windows

@@ -1,6 +1,6 @@
 #pragma once
 
-namespace platform::windows {
+namespace desktop::windows {
 
 /// Numbers of the program's windows and commands, by which assistive technology and test drivers find them.
 /// A form is a top window whose class is the form's name.
@@ -16,4 +16,4 @@ inline constexpr int FirstToolbarButton = 8000;
 /// sends the command FirstMenuLine + n.
 inline constexpr int FirstMenuLine = 9000;
 
-} // namespace platform::windows
+} // namespace desktop::windows

@@ -1,6 +1,6 @@
 #include "desktop/windows/DpiFunctions.h"
 
-namespace platform::windows {
+namespace desktop::windows {
 
 namespace {
 
@@ -88,4 +88,4 @@ int SystemMetric(int index, UINT dpi) {
     return ask != nullptr ? ask(index, dpi) : Scaled(::GetSystemMetrics(index), dpi);
 }
 
-} // namespace platform::windows
+} // namespace desktop::windows

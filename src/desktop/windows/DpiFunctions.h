@@ -2,7 +2,7 @@
 
 #include "desktop/windows/Win32.h"
 
-namespace platform::windows {
+namespace desktop::windows {
 
 /// What Windows 10 knows of densities, and what an older one answers in its place. A density is a number of
 /// dots to the inch, 96 at its lowest.
@@ -21,4 +21,4 @@ LOGFONTW MessageFont(UINT dpi);
 /// GetSystemMetrics for a density.
 int SystemMetric(int index, UINT dpi);
 
-} // namespace platform::windows
+} // namespace desktop::windows

@@ -1,13 +1,13 @@
 #include "desktop/windows/DriverSettings.h"
 
+#include <algorithm>
+#include <utility>
+
 #include "base/RuntimeError.h"
 #include "desktop/windows/GdiObjects.h"
 #include "desktop/windows/PrintFailure.h"
 
-#include <algorithm>
-#include <utility>
-
-namespace platform::windows {
+namespace desktop::windows {
 
 namespace {
 
@@ -40,22 +40,22 @@ std::vector<std::byte> Exchange(std::wstring printer, const std::vector<std::byt
         throw PrinterError(NoSettings);
     }
     if (size < static_cast<LONG>(offsetof(DEVMODEW, dmFormName)) || size > LargestSettings) {
-        throw RuntimeError(ErrorPrinter, NoSettings);
+        throw base::RuntimeError(base::ErrorPrinter, NoSettings);
     }
     // Never smaller than the record as we read it, also where an old driver's is shorter.
     std::vector<std::byte> output(std::max(static_cast<std::size_t>(size), sizeof(DEVMODEW)) + BytesBehind);
     std::vector<std::byte> given = input ? *input : std::vector<std::byte>();
-    const LONG done = ::DocumentPropertiesW(nullptr, opened.Get(), printer.data(),
-                                            reinterpret_cast<DEVMODEW*>(output.data()),
-                                            input ? reinterpret_cast<DEVMODEW*>(given.data()) : nullptr,
-                                            input ? DM_IN_BUFFER | DM_OUT_BUFFER : DM_OUT_BUFFER);
+    const LONG done = ::DocumentPropertiesW(
+        nullptr, opened.Get(), printer.data(), reinterpret_cast<DEVMODEW*>(output.data()),
+        input ? reinterpret_cast<DEVMODEW*>(given.data()) : nullptr,
+        input ? DM_IN_BUFFER | DM_OUT_BUFFER : DM_OUT_BUFFER);
     const auto* mode = reinterpret_cast<const DEVMODEW*>(output.data());
     if (done < 0) {
         throw PrinterError(NoSettings);
     }
     // Whoever takes the settings next believes these two sizes.
     if (done != IDOK || std::size_t{mode->dmSize} + mode->dmDriverExtra > output.size()) {
-        throw RuntimeError(ErrorPrinter, NoSettings);
+        throw base::RuntimeError(base::ErrorPrinter, NoSettings);
     }
     return output;
 }
@@ -102,4 +102,4 @@ std::vector<std::byte> DriverSettings::ForDocument() const {
     return bytes;
 }
 
-} // namespace platform::windows
+} // namespace desktop::windows

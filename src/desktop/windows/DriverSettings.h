@@ -1,12 +1,12 @@
 #pragma once
 
-#include "desktop/windows/Win32.h"
-
 #include <cstddef>
 #include <string>
 #include <vector>
 
-namespace platform::windows {
+#include "desktop/windows/Win32.h"
+
+namespace desktop::windows {
 
 /// Settings of one printer, in the form that its driver exchanges them, with the driver's own data behind
 /// them. Changing them here touches nothing that the spooler keeps.
@@ -33,4 +33,4 @@ class DriverSettings {
     std::vector<std::byte> bytes_;
 };
 
-} // namespace platform::windows
+} // namespace desktop::windows

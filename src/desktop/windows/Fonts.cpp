@@ -6,7 +6,7 @@
 #include "desktop/windows/DpiFunctions.h"
 #include "desktop/windows/WideText.h"
 
-namespace platform::windows {
+namespace desktop::windows {
 
 namespace {
 
@@ -55,4 +55,4 @@ int TextWidth(HFONT font, const std::wstring& text) {
     return extent.cx;
 }
 
-} // namespace platform::windows
+} // namespace desktop::windows

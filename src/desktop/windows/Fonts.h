@@ -4,11 +4,11 @@
 #include <string>
 #include <tuple>
 
-#include "forms/Control.h"
 #include "desktop/windows/GdiObjects.h"
 #include "desktop/windows/Scale.h"
+#include "forms/Control.h"
 
-namespace platform::windows {
+namespace desktop::windows {
 
 /// The fonts of one window, each made once for the density that the window has.
 class Fonts {
@@ -26,4 +26,4 @@ int LineHeight(HFONT font);
 /// Width of a text on one line.
 int TextWidth(HFONT font, const std::wstring& text);
 
-} // namespace platform::windows
+} // namespace desktop::windows

@@ -3,7 +3,7 @@
 #include "desktop/windows/WideText.h"
 #include "desktop/windows/WinForm.h"
 
-namespace platform::windows {
+namespace desktop::windows {
 
 namespace {
 
@@ -52,4 +52,4 @@ void LeaveWindow(HWND window) {
     ::SetWindowLongPtrW(window, GWLP_USERDATA, 0);
 }
 
-} // namespace platform::windows
+} // namespace desktop::windows

@@ -4,7 +4,7 @@
 
 #include "desktop/windows/Win32.h"
 
-namespace platform::windows {
+namespace desktop::windows {
 
 class WinForm;
 
@@ -18,4 +18,4 @@ HWND MakeFormWindow(WinForm& form, const std::string& name, DWORD style, DWORD e
 /// From now on the window's messages go to nobody.
 void LeaveWindow(HWND window);
 
-} // namespace platform::windows
+} // namespace desktop::windows

@@ -1,12 +1,12 @@
 #include "desktop/windows/GdiCanvas.h"
 
-#include "base/RuntimeError.h"
-#include "base/Text.h"
-
 #include <algorithm>
 #include <cmath>
 
-namespace platform::windows {
+#include "base/RuntimeError.h"
+#include "base/Text.h"
+
+namespace desktop::windows {
 
 namespace {
 
@@ -40,14 +40,14 @@ int LineWidth(Resolution dots) {
     return std::max(1, (std::min(dots.X, dots.Y) + LineDotsPerInch / 2) / LineDotsPerInch);
 }
 
-text::Decoded Next(std::string_view text) {
+base::text::Decoded Next(std::string_view text) {
     const auto byte = static_cast<unsigned char>(text.front());
-    return byte < 0x80 ? text::Decoded{byte, 1} : text::DecodeFirst(text);
+    return byte < 0x80 ? base::text::Decoded{byte, 1} : base::text::DecodeFirst(text);
 }
 
 } // namespace
 
-GdiFont& GdiCanvas::FontOf(const FontSpec& font) {
+GdiFont& GdiCanvas::FontOf(const machine::FontSpec& font) {
     if (last_ != nullptr && last_->Spec() == font) {
         return *last_;
     }
@@ -67,12 +67,12 @@ GdiFont& GdiCanvas::FontOf(const FontSpec& font) {
 }
 
 // A text that cannot be measured stands at the wrong place, or not at all: the page is spoilt.
-TextSize GdiCanvas::MeasureText(std::string_view text, const FontSpec& font) {
-    TextSize size;
+machine::TextSize GdiCanvas::MeasureText(std::string_view text, const machine::FontSpec& font) {
+    machine::TextSize size;
     WithFont(font, [&](GdiFont& measured) {
         size.Height = measured.LineHeight();
         while (!text.empty()) {
-            const text::Decoded next = Next(text);
+            const base::text::Decoded next = Next(text);
             size.Width += measured.Of(next.code).Advance;
             text.remove_prefix(next.bytes);
         }
@@ -81,10 +81,10 @@ TextSize GdiCanvas::MeasureText(std::string_view text, const FontSpec& font) {
 }
 
 template <class Step>
-void GdiCanvas::WithFont(const FontSpec& font, Step step) {
+void GdiCanvas::WithFont(const machine::FontSpec& font, Step step) {
     try {
         step(FontOf(font));
-    } catch (const RuntimeError&) { // the machine makes no more fonts
+    } catch (const base::RuntimeError&) { // the machine makes no more fonts
         device_.DrawingFailed();
         throw;
     }
@@ -96,7 +96,7 @@ void GdiCanvas::LayOut(std::string_view text, GdiFont& font, double start, doubl
     double at = start;
     int place = Near(at);
     while (!text.empty() && IsNear(at)) {
-        const text::Decoded next = Next(text);
+        const base::text::Decoded next = Next(text);
         text.remove_prefix(next.bytes);
         const GdiFont::Glyph& glyph = font.Of(next.code);
         if (glyph.Count == 0) {
@@ -111,7 +111,7 @@ void GdiCanvas::LayOut(std::string_view text, GdiFont& font, double start, doubl
     }
 }
 
-void GdiCanvas::DrawText(double x, double y, std::string_view text, const FontSpec& font) {
+void GdiCanvas::DrawText(double x, double y, std::string_view text, const machine::FontSpec& font) {
     if (text.empty()) {
         return;
     }
@@ -176,4 +176,4 @@ void GdiCanvas::DrawLine(double x1, double y1, double x2, double y2, std::int32_
     }
 }
 
-} // namespace platform::windows
+} // namespace desktop::windows

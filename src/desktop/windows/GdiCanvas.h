@@ -1,32 +1,32 @@
 #pragma once
 
-#include "machine/Canvas.h"
-#include "desktop/windows/GdiFont.h"
-#include "desktop/windows/PageDevice.h"
-
 #include <memory>
 #include <string>
 #include <vector>
 
-namespace platform::windows {
+#include "desktop/windows/GdiFont.h"
+#include "desktop/windows/PageDevice.h"
+#include "machine/Canvas.h"
+
+namespace desktop::windows {
 
 /// Drawing by GDI on any device. A text stands with the top of its line at the cursor, and each of its
 /// letters within half a dot of its place, however long the text is: the measured width is the printed one.
-class GdiCanvas final : public Canvas {
+class GdiCanvas final : public machine::Canvas {
   public:
     explicit GdiCanvas(PageDevice& device) : device_(device) {}
 
-    TextSize MeasureText(std::string_view text, const FontSpec& font) override;
-    void DrawText(double x, double y, std::string_view text, const FontSpec& font) override;
+    machine::TextSize MeasureText(std::string_view text, const machine::FontSpec& font) override;
+    void DrawText(double x, double y, std::string_view text, const machine::FontSpec& font) override;
     void DrawLine(double x1, double y1, double x2, double y2, std::int32_t colour) override;
     void NewPage() override { device_.NewPage(); }
     void EndDocument() override { device_.EndDocument(); }
 
   private:
-    GdiFont& FontOf(const FontSpec& font);
+    GdiFont& FontOf(const machine::FontSpec& font);
     /// Runs a step with this font. The device is told if there is none to be had.
     template <class Step>
-    void WithFont(const FontSpec& font, Step step);
+    void WithFont(const machine::FontSpec& font, Step step);
     /// The letters of `text` with their advances in whole dots, which keep each letter at its rounded place.
     void LayOut(std::string_view text, GdiFont& font, double start, double dotsPerTwip);
     void DrawRun(HDC page, int x, int y);
@@ -40,4 +40,4 @@ class GdiCanvas final : public Canvas {
     std::vector<INT> advances_;
 };
 
-} // namespace platform::windows
+} // namespace desktop::windows

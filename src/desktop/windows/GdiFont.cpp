@@ -1,13 +1,13 @@
 #include "desktop/windows/GdiFont.h"
 
+#include <algorithm>
+#include <cmath>
+
 #include "base/RuntimeError.h"
 #include "base/Text.h"
 #include "desktop/windows/WideText.h"
 
-#include <algorithm>
-#include <cmath>
-
-namespace platform::windows {
+namespace desktop::windows {
 
 namespace {
 
@@ -23,13 +23,13 @@ constexpr int UsualUnits = 2048;
 /// How many characters beyond Latin-1 are kept at a time. A text that holds more is only slower.
 constexpr std::size_t MostOtherGlyphs = 4096;
 
-double PointsOf(const FontSpec& font) {
+double PointsOf(const machine::FontSpec& font) {
     // Negated so that a size that is no number counts as the smallest.
     return !(font.Size > SmallestSize) ? SmallestSize : std::min(font.Size, LargestSize);
 }
 
 /// An outline font, also where a bitmap of the same name exists: only outlines print.
-Font MakeFont(const FontSpec& font, int height, BYTE quality) {
+Font MakeFont(const machine::FontSpec& font, int height, BYTE quality) {
     LOGFONTW wanted{};
     wanted.lfHeight = -height;
     wanted.lfWeight = font.Bold ? FW_BOLD : FW_NORMAL;
@@ -40,7 +40,7 @@ Font MakeFont(const FontSpec& font, int height, BYTE quality) {
     name.copy(wanted.lfFaceName, LF_FACESIZE - 1);
     Font made(::CreateFontIndirectW(&wanted));
     if (!made) {
-        throw OutOfMemory();
+        throw base::OutOfMemory();
     }
     return made;
 }
@@ -48,7 +48,7 @@ Font MakeFont(const FontSpec& font, int height, BYTE quality) {
 DeviceContext MeasuringDevice() {
     DeviceContext device(::CreateCompatibleDC(nullptr));
     if (!device) {
-        throw OutOfMemory();
+        throw base::OutOfMemory();
     }
     return device;
 }
@@ -67,7 +67,7 @@ bool IsControl(char32_t code) {
 
 } // namespace
 
-GdiFont::GdiFont(const FontSpec& font, BYTE quality)
+GdiFont::GdiFont(const machine::FontSpec& font, BYTE quality)
     : spec_(font), quality_(quality), design_(MakeFont(font, UsualUnits, quality)) {
     const DeviceContext device = MeasuringDevice();
     const int units = UnitsPerEm(device.Get(), design_);
@@ -103,7 +103,7 @@ GdiFont::Glyph GdiFont::Make(char32_t code) const {
         return {};
     }
     Glyph glyph;
-    const std::wstring units = ToWide(text::Encode(code));
+    const std::wstring units = ToWide(base::text::Encode(code));
     glyph.Count = units.copy(glyph.Units.data(), glyph.Units.size());
 
     const DeviceContext device = MeasuringDevice();
@@ -124,4 +124,4 @@ HFONT GdiFont::At(int dotsPerInch) {
     return device_.Get();
 }
 
-} // namespace platform::windows
+} // namespace desktop::windows

@@ -1,21 +1,21 @@
 #pragma once
 
-#include "machine/Canvas.h"
-#include "desktop/windows/GdiObjects.h"
-
 #include <array>
 #include <unordered_map>
 
-namespace platform::windows {
+#include "desktop/windows/GdiObjects.h"
+#include "machine/Canvas.h"
+
+namespace desktop::windows {
 
 /// A font as a table from characters to their design widths, so that a text is as wide on every printer and
 /// screen as its designer made it: a font at the size of a device rounds each letter to whole dots. All
 /// lengths are twips.
 class GdiFont {
   public:
-    GdiFont(const FontSpec& font, BYTE quality);
+    GdiFont(const machine::FontSpec& font, BYTE quality);
 
-    const FontSpec& Spec() const { return spec_; }
+    const machine::FontSpec& Spec() const { return spec_; }
 
     /// From the top of a text line to its base line, and the height of the line.
     double Ascent() const { return ascent_; }
@@ -38,7 +38,7 @@ class GdiFont {
     const Glyph& Find(char32_t code);
     Glyph Make(char32_t code) const;
 
-    FontSpec spec_;
+    machine::FontSpec spec_;
     BYTE quality_;
     Font design_; ///< as high as the font's own grid, so that it measures in the designer's units
     double twipsPerUnit_ = 0;
@@ -52,4 +52,4 @@ class GdiFont {
     int deviceHeight_ = 0;
 };
 
-} // namespace platform::windows
+} // namespace desktop::windows

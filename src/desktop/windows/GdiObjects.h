@@ -1,10 +1,10 @@
 #pragma once
 
-#include "desktop/windows/Win32.h"
-
 #include <utility>
 
-namespace platform::windows {
+#include "desktop/windows/Win32.h"
+
+namespace desktop::windows {
 
 /// A handle that goes with its owner. Empty holds nothing; whoever makes one asks whether it came to be.
 template <class Handle, auto Release>
@@ -68,4 +68,4 @@ class Selected {
     HGDIOBJ before_;
 };
 
-} // namespace platform::windows
+} // namespace desktop::windows

@@ -1,6 +1,6 @@
 #include "desktop/windows/GdiPlus.h"
 
-namespace platform::windows {
+namespace desktop::windows {
 
 GdiPlus::GdiPlus() {
     Gdiplus::GdiplusStartupInput input{};
@@ -21,4 +21,4 @@ bool GdiPlus::Started() {
     return session.token_ != 0;
 }
 
-} // namespace platform::windows
+} // namespace desktop::windows

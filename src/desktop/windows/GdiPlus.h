@@ -13,7 +13,7 @@ using std::min;
 
 #include <gdiplus.h>
 
-namespace platform::windows {
+namespace desktop::windows {
 
 namespace gdip = Gdiplus::DllExports;
 
@@ -62,4 +62,4 @@ using GdiPlusPen = GdiPlusObject<Gdiplus::GpPen, gdip::GdipDeletePen>;
 using GdiPlusBrush =
     GdiPlusObject<Gdiplus::GpSolidFill, [](Gdiplus::GpSolidFill* brush) { gdip::GdipDeleteBrush(brush); }>;
 
-} // namespace platform::windows
+} // namespace desktop::windows

@@ -2,7 +2,7 @@
 
 #include "desktop/windows/Win32.h"
 
-namespace platform::windows {
+namespace desktop::windows {
 
 /// Dots to the inch, across and down: a matrix printer has different ones.
 struct Resolution {
@@ -30,4 +30,4 @@ class PageDevice {
     virtual BYTE FontQuality() = 0;
 };
 
-} // namespace platform::windows
+} // namespace desktop::windows

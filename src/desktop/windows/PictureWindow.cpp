@@ -4,7 +4,7 @@
 #include "desktop/windows/VectorPicture.h"
 #include "desktop/windows/WinBitmaps.h"
 
-namespace platform::windows {
+namespace desktop::windows {
 
 namespace {
 
@@ -97,4 +97,4 @@ void PaintPicture(HWND window, const PictureContent& content) {
     }
 }
 
-} // namespace platform::windows
+} // namespace desktop::windows

@@ -3,10 +3,11 @@
 #include <memory>
 #include <string>
 
-#include "machine/Bitmaps.h"
 #include "desktop/windows/Win32.h"
 
-namespace platform::windows {
+#include "machine/Bitmaps.h"
+
+namespace desktop::windows {
 
 /// Class of a window that draws nothing by itself and reports double clicks.
 const wchar_t* PlainWindowClass();
@@ -17,7 +18,7 @@ struct PictureContent {
     /// Name of one of the program's own pictures, as large as the window allows.
     std::string Picture;
     /// Takes the place of the picture, from the top left on.
-    std::shared_ptr<const PageBitmap> Page;
+    std::shared_ptr<const machine::PageBitmap> Page;
     /// Dots of this window's screen to an inch of the page.
     int DotsPerInch;
 };
@@ -25,4 +26,4 @@ struct PictureContent {
 /// Answers WM_PAINT. Every dot of the window is drawn once, so nothing flickers.
 void PaintPicture(HWND window, const PictureContent& content);
 
-} // namespace platform::windows
+} // namespace desktop::windows

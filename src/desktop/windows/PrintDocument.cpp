@@ -2,7 +2,7 @@
 
 #include "desktop/windows/PrintFailure.h"
 
-namespace platform::windows {
+namespace desktop::windows {
 
 namespace {
 
@@ -56,4 +56,4 @@ void PrintDocument::End() {
     ended_ = true;
 }
 
-} // namespace platform::windows
+} // namespace desktop::windows

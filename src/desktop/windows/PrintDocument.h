@@ -1,10 +1,10 @@
 #pragma once
 
-#include "desktop/windows/Win32.h"
-
 #include <string>
 
-namespace platform::windows {
+#include "desktop/windows/Win32.h"
+
+namespace desktop::windows {
 
 /// One document on its way to the spooler. Its calls throw as ThrowPrintFailure does. A document that has not
 /// been ended when its object goes is taken back: nothing of it is printed.
@@ -30,4 +30,4 @@ class PrintDocument {
     bool ended_ = false;
 };
 
-} // namespace platform::windows
+} // namespace desktop::windows

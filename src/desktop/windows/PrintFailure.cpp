@@ -1,12 +1,13 @@
 #include "desktop/windows/PrintFailure.h"
 
-#include "desktop/windows/SystemReason.h"
 #include "desktop/windows/Win32.h"
 
-namespace platform::windows {
+#include "desktop/windows/SystemReason.h"
 
-RuntimeError PrinterError(const std::string& text) {
-    return {ErrorPrinter, WithReason(text, ::GetLastError())};
+namespace desktop::windows {
+
+base::RuntimeError PrinterError(const std::string& text) {
+    return {base::ErrorPrinter, WithReason(text, ::GetLastError())};
 }
 
 void ThrowPrintFailure(const std::string& text) {
@@ -17,4 +18,4 @@ void ThrowPrintFailure(const std::string& text) {
     throw PrinterError(text);
 }
 
-} // namespace platform::windows
+} // namespace desktop::windows

@@ -1,19 +1,19 @@
 #pragma once
 
-#include "base/RuntimeError.h"
-
 #include <string>
 
-namespace platform::windows {
+#include "base/RuntimeError.h"
+
+namespace desktop::windows {
 
 /// The user has called a document off, in a dialog of the driver or in the queue. Never leaves this folder:
 /// whatever the document still gets goes nowhere.
 class PrintCalledOff {};
 
 /// For a call that has just failed: ErrorPrinter with the text and the system's own reason.
-RuntimeError PrinterError(const std::string& text);
+base::RuntimeError PrinterError(const std::string& text);
 
 /// For a call of a document that has just failed: PrintCalledOff if that is the reason, else PrinterError.
 [[noreturn]] void ThrowPrintFailure(const std::string& text);
 
-} // namespace platform::windows
+} // namespace desktop::windows

@@ -1,6 +1,6 @@
 #pragma once
 
-namespace platform::windows {
+namespace desktop::windows {
 
 /// A flag that is up for as long as this lives, whatever ends the scope.
 class Raised {
@@ -14,4 +14,4 @@ class Raised {
     bool& flag_;
 };
 
-} // namespace platform::windows
+} // namespace desktop::windows

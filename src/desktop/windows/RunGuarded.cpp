@@ -1,10 +1,10 @@
 #include "desktop/windows/RunGuarded.h"
 
-#include "desktop/windows/WinDesktop.h"
-
 #include <exception>
 
-namespace platform::windows {
+#include "desktop/windows/WinDesktop.h"
+
+namespace desktop::windows {
 
 int RunGuarded(const std::function<void()>& program) noexcept {
     try {
@@ -16,4 +16,4 @@ int RunGuarded(const std::function<void()>& program) noexcept {
     }
 }
 
-} // namespace platform::windows
+} // namespace desktop::windows

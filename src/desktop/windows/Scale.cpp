@@ -6,7 +6,7 @@
 #include "desktop/windows/DpiFunctions.h"
 #include "desktop/windows/GdiObjects.h"
 
-namespace platform::windows {
+namespace desktop::windows {
 
 namespace {
 
@@ -57,4 +57,4 @@ Scale ScreenScale() {
     return Scale(SystemDpi());
 }
 
-} // namespace platform::windows
+} // namespace desktop::windows

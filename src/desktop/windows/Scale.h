@@ -2,7 +2,7 @@
 
 #include "desktop/windows/Win32.h"
 
-namespace platform::windows {
+namespace desktop::windows {
 
 /// From twips of the design to the dots of a screen. The forms are designed for a font of 9 points whose
 /// characters are 6 dots wide on average and whose lines are 15 dots high, at 96 dots to the inch. A user
@@ -36,4 +36,4 @@ class Scale {
 /// The one for the primary screen, on which the design's places on the screen are counted.
 Scale ScreenScale();
 
-} // namespace platform::windows
+} // namespace desktop::windows

@@ -1,27 +1,27 @@
 // The records of platform/Spooler.h are read out of buffers that Windows and its drivers fill, so they have
 // to lie in memory as the system's own do. This file holds nothing but the proof.
 
-#include "desktop/windows/Win32.h"
-
 #include <cstddef>
 #include <type_traits>
 
-namespace platform::windows {
+#include "desktop/windows/Win32.h"
+
+namespace desktop::windows {
 
 namespace {
 
-static_assert(sizeof(platform::DEVMODE) <= sizeof(::DEVMODEA), "the system's record may go on behind ours");
-static_assert(sizeof(platform::PRINTER_INFO_2) == sizeof(::PRINTER_INFO_2A));
-static_assert(sizeof(platform::PRINTER_DEFAULTS) == sizeof(::PRINTER_DEFAULTSA));
-static_assert(sizeof(platform::PrinterHandle) == sizeof(::HANDLE));
-static_assert(std::is_standard_layout_v<platform::DEVMODE> &&
-              std::is_standard_layout_v<platform::PRINTER_INFO_2>);
+static_assert(sizeof(machine::DEVMODE) <= sizeof(::DEVMODEA), "the system's record may go on behind ours");
+static_assert(sizeof(machine::PRINTER_INFO_2) == sizeof(::PRINTER_INFO_2A));
+static_assert(sizeof(machine::PRINTER_DEFAULTS) == sizeof(::PRINTER_DEFAULTSA));
+static_assert(sizeof(machine::PrinterHandle) == sizeof(::HANDLE));
+static_assert(std::is_standard_layout_v<machine::DEVMODE> &&
+              std::is_standard_layout_v<machine::PRINTER_INFO_2>);
 
 #define SAME_FIELD(Ours, Theirs, Field)                                                                      \
     static_assert(offsetof(Ours, Field) == offsetof(Theirs, Field));                                         \
     static_assert(sizeof(Ours::Field) == sizeof(Theirs::Field))
 
-#define SAME_IN_DEVMODE(Field) SAME_FIELD(platform::DEVMODE, ::DEVMODEA, Field)
+#define SAME_IN_DEVMODE(Field) SAME_FIELD(machine::DEVMODE, ::DEVMODEA, Field)
 SAME_IN_DEVMODE(dmDeviceName);
 SAME_IN_DEVMODE(dmSpecVersion);
 SAME_IN_DEVMODE(dmDriverVersion);
@@ -49,7 +49,7 @@ SAME_IN_DEVMODE(dmPelsHeight);
 SAME_IN_DEVMODE(dmDisplayFlags);
 SAME_IN_DEVMODE(dmDisplayFrequency);
 
-#define SAME_IN_INFO(Field) SAME_FIELD(platform::PRINTER_INFO_2, ::PRINTER_INFO_2A, Field)
+#define SAME_IN_INFO(Field) SAME_FIELD(machine::PRINTER_INFO_2, ::PRINTER_INFO_2A, Field)
 SAME_IN_INFO(pServerName);
 SAME_IN_INFO(pPrinterName);
 SAME_IN_INFO(pShareName);
@@ -72,11 +72,11 @@ SAME_IN_INFO(Status);
 SAME_IN_INFO(cJobs);
 SAME_IN_INFO(AveragePPM);
 
-#define SAME_IN_DEFAULTS(Field) SAME_FIELD(platform::PRINTER_DEFAULTS, ::PRINTER_DEFAULTSA, Field)
+#define SAME_IN_DEFAULTS(Field) SAME_FIELD(machine::PRINTER_DEFAULTS, ::PRINTER_DEFAULTSA, Field)
 SAME_IN_DEFAULTS(pDatatype);
 SAME_IN_DEFAULTS(pDevMode);
 SAME_IN_DEFAULTS(DesiredAccess);
 
 } // namespace
 
-} // namespace platform::windows
+} // namespace desktop::windows

@@ -1,11 +1,12 @@
 #include "desktop/windows/SystemReason.h"
 
-#include "desktop/windows/WideText.h"
-#include "desktop/windows/Win32.h"
-
 #include <iterator>
 
-namespace platform::windows {
+#include "desktop/windows/Win32.h"
+
+#include "desktop/windows/WideText.h"
+
+namespace desktop::windows {
 
 namespace {
 
@@ -28,4 +29,4 @@ std::string WithReason(const std::string& text, std::uint32_t error) {
     return reason.empty() ? text : text + " " + reason;
 }
 
-} // namespace platform::windows
+} // namespace desktop::windows

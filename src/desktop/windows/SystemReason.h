@@ -3,9 +3,9 @@
 #include <cstdint>
 #include <string>
 
-namespace platform::windows {
+namespace desktop::windows {
 
 /// The text with the system's own sentence for an error behind it, in the user's language, where it has one.
 std::string WithReason(const std::string& text, std::uint32_t error);
 
-} // namespace platform::windows
+} // namespace desktop::windows

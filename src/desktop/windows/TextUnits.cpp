@@ -2,7 +2,7 @@
 
 #include <algorithm>
 
-namespace platform::windows {
+namespace desktop::windows {
 
 namespace {
 
@@ -30,4 +30,4 @@ int UnitsOf(const std::wstring& text, int characters) {
     return at;
 }
 
-} // namespace platform::windows
+} // namespace desktop::windows

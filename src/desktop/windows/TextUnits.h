@@ -4,7 +4,7 @@
 
 /// Positions in the program's texts count characters; those in the system's count UTF-16 units, of which a
 /// character outside the basic plane takes two.
-namespace platform::windows {
+namespace desktop::windows {
 
 /// Number of characters in the first `units` units.
 int CharactersIn(const std::wstring& text, int units);
@@ -19,4 +19,4 @@ inline bool IsLowHalf(wchar_t unit) {
     return (unit & 0xFC00) == 0xDC00;
 }
 
-} // namespace platform::windows
+} // namespace desktop::windows

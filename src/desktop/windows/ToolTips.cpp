@@ -2,7 +2,7 @@
 
 #include "desktop/windows/WideText.h"
 
-namespace platform::windows {
+namespace desktop::windows {
 
 namespace {
 
@@ -35,4 +35,4 @@ void ToolTips::Set(HWND control, const std::string& text) {
     }
 }
 
-} // namespace platform::windows
+} // namespace desktop::windows

@@ -4,7 +4,7 @@
 
 #include "desktop/windows/Win32.h"
 
-namespace platform::windows {
+namespace desktop::windows {
 
 /// The tips of one form's controls.
 class ToolTips {
@@ -16,4 +16,4 @@ class ToolTips {
     HWND window_ = nullptr; // made with the first tip; the form's window owns it and takes it along
 };
 
-} // namespace platform::windows
+} // namespace desktop::windows

@@ -1,16 +1,16 @@
 #include "desktop/windows/VectorPicture.h"
 
-#include "forms/PictureInks.h"
-#include "desktop/windows/GdiPlus.h"
-#include "desktop/windows/VectorPictureTable.h"
-
 #include <algorithm>
 #include <cstring>
 #include <map>
 #include <tuple>
 #include <vector>
 
-namespace platform::windows {
+#include "desktop/windows/GdiPlus.h"
+#include "desktop/windows/VectorPictureTable.h"
+#include "forms/PictureInks.h"
+
+namespace desktop::windows {
 
 namespace {
 
@@ -58,7 +58,7 @@ void AddSteps(Gdiplus::GpPath* path, std::span<const PathStep> steps) {
 Gdiplus::ARGB Shown(std::uint32_t drawn, COLORREF background) {
     constexpr std::uint32_t opaque = 0xFF000000;
     const forms::Colour ink =
-        InkOn(forms::colour::Rgb((drawn >> 16) & 0xFF, (drawn >> 8) & 0xFF, drawn & 0xFF), background);
+        forms::InkOn(forms::colour::Rgb((drawn >> 16) & 0xFF, (drawn >> 8) & 0xFF, drawn & 0xFF), background);
     return opaque | static_cast<std::uint32_t>(GetRValue(ink)) << 16 |
            static_cast<std::uint32_t>(GetGValue(ink)) << 8 | GetBValue(ink);
 }
@@ -212,4 +212,4 @@ Icon PictureIcon(const std::string& name, int side, PictureLook look, COLORREF b
     return Icon(::CreateIconIndirect(&parts));
 }
 
-} // namespace platform::windows
+} // namespace desktop::windows

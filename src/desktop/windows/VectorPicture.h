@@ -4,7 +4,7 @@
 
 #include "desktop/windows/GdiObjects.h"
 
-namespace platform::windows {
+namespace desktop::windows {
 
 /// True if the program has a picture of this name.
 bool IsPicture(const std::string& name);
@@ -19,4 +19,4 @@ enum class PictureLook { Plain, Faded };
 /// A picture as an icon of so many dots each way, for an image list; empty if it cannot be made.
 Icon PictureIcon(const std::string& name, int side, PictureLook look, COLORREF background);
 
-} // namespace platform::windows
+} // namespace desktop::windows

@@ -3,7 +3,7 @@
 #include <cstdint>
 #include <span>
 
-namespace platform::windows {
+namespace desktop::windows {
 
 /// A step of a path: 'M' moves to the first point, 'L' draws a line to it, 'C' a cubic curve over two handles
 /// to the third, 'Z' closes the figure. Points are pairs in the units of the picture.
@@ -41,4 +41,4 @@ struct PictureTable {
 /// The program's own pictures, sorted by name. Generated from the vector files when the program is built.
 const PictureTable& AllPictures();
 
-} // namespace platform::windows
+} // namespace desktop::windows

@@ -1,11 +1,12 @@
 #include "desktop/windows/WideText.h"
 
-#include "base/Text.h"
-#include "desktop/windows/Win32.h"
-
 #include <algorithm>
 
-namespace platform::windows {
+#include "desktop/windows/Win32.h"
+
+#include "base/Text.h"
+
+namespace desktop::windows {
 
 namespace {
 
@@ -54,7 +55,7 @@ std::wstring ToWide(std::string_view utf8) {
     std::wstring wide;
     wide.reserve(utf8.size());
     while (!utf8.empty()) {
-        const text::Decoded first = text::DecodeFirst(utf8);
+        const base::text::Decoded first = base::text::DecodeFirst(utf8);
         if (first.code < FirstOfPairs) {
             wide.push_back(static_cast<wchar_t>(first.code));
         } else {
@@ -75,13 +76,13 @@ std::string FromWide(std::wstring_view wide) {
             code = FirstOfPairs + ((code - FirstHigh) << 10) + (wide[i + 1] - FirstLow);
             ++i;
         }
-        utf8.append(text::Encode(code)); // half a pair becomes U+FFFD there
+        utf8.append(base::text::Encode(code)); // half a pair becomes U+FFFD there
     }
     return utf8;
 }
 
 std::wstring WideOf1252(std::string_view codePage1252) {
-    return ToWide(text::FromCodePage(codePage1252));
+    return ToWide(base::text::FromCodePage(codePage1252));
 }
 
 bool MachineSpeaks1252() {
@@ -93,7 +94,8 @@ std::string ToMachine(std::string_view codePage1252) {
 }
 
 std::string FromMachine(std::string_view machine) {
-    return MachineSpeaks1252() ? std::string(machine) : text::ToCodePage(FromWide(WideOfMachine(machine)));
+    return MachineSpeaks1252() ? std::string(machine)
+                               : base::text::ToCodePage(FromWide(WideOfMachine(machine)));
 }
 
-} // namespace platform::windows
+} // namespace desktop::windows

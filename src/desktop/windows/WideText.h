@@ -3,7 +3,7 @@
 #include <string>
 #include <string_view>
 
-namespace platform::windows {
+namespace desktop::windows {
 
 /// UTF-8 to the UTF-16 of the system's W-calls and back. Bytes or halves of a pair that are no valid text
 /// become U+FFFD; neither ever fails.
@@ -22,4 +22,4 @@ std::wstring WideOf1252(std::string_view codePage1252);
 /// True where the machine's code page is Windows-1252 as well and bytes pass unchanged.
 bool MachineSpeaks1252();
 
-} // namespace platform::windows
+} // namespace desktop::windows

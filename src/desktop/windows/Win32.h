@@ -3,8 +3,8 @@
 // The Win32 headers, for all of this folder. Our own headers come first: Windows defines as macros some names
 // that they declare as constants. Macros that would rename our classes and members go again; the calls behind
 // them are named in full here (DrawTextW, GetPrinterA).
-#include "machine/Canvas.h"
 #include "forms/Desktop.h"
+#include "machine/Canvas.h"
 #include "machine/Locale.h"
 #include "machine/Printer.h"
 #include "machine/Registry.h"
@@ -19,7 +19,6 @@
 #endif
 
 #include <windows.h>
-
 #include <commctrl.h>
 #include <winspool.h>
 

@@ -1,16 +1,16 @@
 #include "desktop/windows/WinBitmaps.h"
 
-#include "machine/RecordedPage.h"
+#include <cmath>
+#include <utility>
+
 #include "base/Resume.h"
 #include "base/RuntimeError.h"
 #include "desktop/windows/GdiCanvas.h"
 #include "desktop/windows/PageDevice.h"
 #include "desktop/windows/Scale.h"
+#include "machine/RecordedPage.h"
 
-#include <cmath>
-#include <utility>
-
-namespace platform::windows {
+namespace desktop::windows {
 
 namespace {
 
@@ -26,7 +26,7 @@ void CheckExtent(double twips) {
     static const int dotsPerInch = ScreenScale().DotsPerInch();
     const double dots = DotsOf(twips, dotsPerInch);
     if (!(dots >= 1 && dots <= most)) {
-        throw OutOfMemory();
+        throw base::OutOfMemory();
     }
 }
 
@@ -35,12 +35,12 @@ void CheckExtent(double twips) {
 /// Draws on whatever device it is given; the fonts stay ready from page to page.
 class PagePainter final : private PageDevice {
   public:
-    Canvas& Measures() { return canvas_; }
+    machine::Canvas& Measures() { return canvas_; }
 
-    void Paint(HDC device, int dotsPerInch, const PageRecord& record) {
+    void Paint(HDC device, int dotsPerInch, const machine::PageRecord& record) {
         device_ = device;
         dotsPerInch_ = dotsPerInch;
-        Resume([&] { record.DrawOn(canvas_); });
+        base::Resume([&] { record.DrawOn(canvas_); });
         device_ = nullptr;
     }
 
@@ -60,7 +60,7 @@ class PagePainter final : private PageDevice {
 
 namespace {
 
-class WinPage final : public RecordedPage {
+class WinPage final : public machine::RecordedPage {
   public:
     WinPage(double width, double height) : width_(width), height_(height) {
         CheckExtent(width);
@@ -68,8 +68,8 @@ class WinPage final : public RecordedPage {
     }
 
   private:
-    platform::Canvas& Measures() override { return painter_->Measures(); }
-    std::shared_ptr<const PageBitmap> PictureOf(const PageRecord& record) override {
+    machine::Canvas& Measures() override { return painter_->Measures(); }
+    std::shared_ptr<const machine::PageBitmap> PictureOf(const machine::PageRecord& record) override {
         return std::make_shared<WinPageBitmap>(record, width_, height_, painter_);
     }
 
@@ -80,7 +80,7 @@ class WinPage final : public RecordedPage {
 
 } // namespace
 
-WinPageBitmap::WinPageBitmap(PageRecord record, double width, double height,
+WinPageBitmap::WinPageBitmap(machine::PageRecord record, double width, double height,
                              std::shared_ptr<PagePainter> painter)
     : record_(std::move(record)), width_(width), height_(height), painter_(std::move(painter)) {}
 
@@ -97,8 +97,8 @@ void WinPageBitmap::Paint(HDC device, int dotsPerInch) const {
     ::RestoreDC(device, before);
 }
 
-std::unique_ptr<OffscreenPage> WinBitmaps::CreatePage(double width, double height) {
+std::unique_ptr<machine::OffscreenPage> WinBitmaps::CreatePage(double width, double height) {
     return std::make_unique<WinPage>(width, height);
 }
 
-} // namespace platform::windows
+} // namespace desktop::windows

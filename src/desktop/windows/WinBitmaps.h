@@ -1,17 +1,19 @@
 #pragma once
 
-#include "machine/Bitmaps.h"
-#include "machine/PageRecord.h"
 #include "desktop/windows/Win32.h"
 
-namespace platform::windows {
+#include "machine/Bitmaps.h"
+#include "machine/PageRecord.h"
+
+namespace desktop::windows {
 
 class PagePainter;
 
 /// A page as it was drawn: the drawing calls, which are painted at the density of whatever shows them.
-class WinPageBitmap final : public PageBitmap {
+class WinPageBitmap final : public machine::PageBitmap {
   public:
-    WinPageBitmap(PageRecord record, double width, double height, std::shared_ptr<PagePainter> painter);
+    WinPageBitmap(machine::PageRecord record, double width, double height,
+                  std::shared_ptr<PagePainter> painter);
 
     double Width() const override { return width_; }
     double Height() const override { return height_; }
@@ -23,16 +25,16 @@ class WinPageBitmap final : public PageBitmap {
     void Paint(HDC device, int dotsPerInch) const;
 
   private:
-    PageRecord record_;
+    machine::PageRecord record_;
     double width_;
     double height_;
     std::shared_ptr<PagePainter> painter_;
 };
 
 /// Pages that are kept as drawing calls, with the texts as wide as on paper.
-class WinBitmaps final : public Bitmaps {
+class WinBitmaps final : public machine::Bitmaps {
   public:
-    std::unique_ptr<OffscreenPage> CreatePage(double width, double height) override;
+    std::unique_ptr<machine::OffscreenPage> CreatePage(double width, double height) override;
 };
 
-} // namespace platform::windows
+} // namespace desktop::windows

@@ -1,6 +1,6 @@
 #include "desktop/windows/WinCheckBox.h"
 
-namespace platform::windows {
+namespace desktop::windows {
 
 WinCheckBox::WinCheckBox(forms::CheckBox& control, WinForm& form, const WindowPlace& place)
     : WinControl(control, form, place, WC_BUTTONW, BS_CHECKBOX | WS_TABSTOP), model_(control) {}
@@ -19,4 +19,4 @@ void WinCheckBox::Notified(UINT code) {
     }
 }
 
-} // namespace platform::windows
+} // namespace desktop::windows

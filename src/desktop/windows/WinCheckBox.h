@@ -1,9 +1,9 @@
 #pragma once
 
-#include "forms/CheckBox.h"
 #include "desktop/windows/WinControl.h"
+#include "forms/CheckBox.h"
 
-namespace platform::windows {
+namespace desktop::windows {
 
 class WinCheckBox final : public WinControl {
   public:
@@ -18,4 +18,4 @@ class WinCheckBox final : public WinControl {
     forms::CheckBox& model_;
 };
 
-} // namespace platform::windows
+} // namespace desktop::windows

@@ -2,9 +2,9 @@
 
 #include "desktop/windows/Win32.h"
 
-namespace platform::windows {
+namespace desktop::windows {
 
-DateTime WinClock::Now() const {
+machine::DateTime WinClock::Now() const {
     SYSTEMTIME now{};
     ::GetLocalTime(&now);
     return {.Year = now.wYear,
@@ -16,4 +16,4 @@ DateTime WinClock::Now() const {
             .Millisecond = now.wMilliseconds};
 }
 
-} // namespace platform::windows
+} // namespace desktop::windows

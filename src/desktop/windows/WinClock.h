@@ -2,12 +2,12 @@
 
 #include "machine/Clock.h"
 
-namespace platform::windows {
+namespace desktop::windows {
 
 /// The machine's clock, in the user's time zone.
-class WinClock final : public Clock {
+class WinClock final : public machine::Clock {
   public:
-    DateTime Now() const override;
+    machine::DateTime Now() const override;
 };
 
-} // namespace platform::windows
+} // namespace desktop::windows

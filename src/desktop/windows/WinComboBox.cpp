@@ -7,7 +7,7 @@
 #include "desktop/windows/WideText.h"
 #include "desktop/windows/WinForm.h"
 
-namespace platform::windows {
+namespace desktop::windows {
 
 namespace {
 
@@ -114,4 +114,4 @@ LRESULT WinComboBox::Received(UINT message, WPARAM wParam, LPARAM lParam) {
     return WinControl::Received(message, wParam, lParam);
 }
 
-} // namespace platform::windows
+} // namespace desktop::windows

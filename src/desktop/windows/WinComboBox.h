@@ -1,9 +1,9 @@
 #pragma once
 
-#include "forms/ChoiceControl.h"
 #include "desktop/windows/WinControl.h"
+#include "forms/ChoiceControl.h"
 
-namespace platform::windows {
+namespace desktop::windows {
 
 /// While the list is down, the choice is on trial; it counts when the list closes, unless the user leaves it
 /// with Escape.
@@ -31,4 +31,4 @@ class WinComboBox final : public WinControl {
     bool accepted_ = false;
 };
 
-} // namespace platform::windows
+} // namespace desktop::windows

@@ -2,7 +2,7 @@
 
 #include "forms/Form.h"
 
-namespace platform::windows {
+namespace desktop::windows {
 
 WinCommandButton::WinCommandButton(forms::CommandButton& control, WinForm& form, const WindowPlace& place)
     : WinControl(control, form, place, WC_BUTTONW, BS_PUSHBUTTON | WS_TABSTOP), model_(control) {}
@@ -30,4 +30,4 @@ void WinCommandButton::Notified(UINT code) {
     }
 }
 
-} // namespace platform::windows
+} // namespace desktop::windows

@@ -1,9 +1,9 @@
 #pragma once
 
-#include "forms/CommandButton.h"
 #include "desktop/windows/WinControl.h"
+#include "forms/CommandButton.h"
 
-namespace platform::windows {
+namespace desktop::windows {
 
 class WinCommandButton final : public WinControl {
   public:
@@ -21,4 +21,4 @@ class WinCommandButton final : public WinControl {
     forms::CommandButton& model_;
 };
 
-} // namespace platform::windows
+} // namespace desktop::windows

@@ -4,7 +4,6 @@
 #include <array>
 #include <unordered_map>
 
-#include "forms/Form.h"
 #include "desktop/windows/Colours.h"
 #include "desktop/windows/Fonts.h"
 #include "desktop/windows/WideText.h"
@@ -26,8 +25,9 @@
 #include "desktop/windows/WinTimer.h"
 #include "desktop/windows/WinToolbar.h"
 #include "desktop/windows/WinUpDown.h"
+#include "forms/Form.h"
 
-namespace platform::windows {
+namespace desktop::windows {
 
 using forms::Aspect;
 using forms::ControlKind;
@@ -48,7 +48,7 @@ constexpr std::array<Maker, 17> Makers{{
     {ControlKind::CheckBox, Make<forms::CheckBox, WinCheckBox>},
     {ControlKind::ComboBox, Make<forms::ComboBox, WinComboBox>},
     {ControlKind::CommandButton, Make<forms::CommandButton, WinCommandButton>},
-    {ControlKind::FlatButton, Make<cmdButtonXP, WinFlatButton>},
+    {ControlKind::FlatButton, Make<forms::cmdButtonXP, WinFlatButton>},
     {ControlKind::Label, Make<forms::Label, WinLabel>},
     {ControlKind::Line, Make<forms::LineControl, WinLine>},
     {ControlKind::ListBox, Make<forms::ListBox, WinListBox>},
@@ -89,7 +89,7 @@ std::unique_ptr<WinControl> MakeWinControl(forms::Control& control, WinForm& for
     const auto maker = std::find_if(Makers.begin(), Makers.end(),
                                     [&](const Maker& candidate) { return candidate.Kind == control.Kind(); });
     if (maker == Makers.end()) {
-        throw RuntimeError(ErrorInvalidPropertyValue, "No such kind of control");
+        throw base::RuntimeError(base::ErrorInvalidPropertyValue, "No such kind of control");
     }
     return maker->Make(control, form, place);
 }
@@ -105,7 +105,7 @@ WinControl::WinControl(forms::Control& control, WinForm& form, const WindowPlace
         extendedStyle, className, L"", style | shown | WS_CHILD | WS_CLIPSIBLINGS, 0, 0, 0, 0, place.Parent,
         reinterpret_cast<HMENU>(static_cast<INT_PTR>(place.Id)), ::GetModuleHandleW(nullptr), nullptr);
     if (window_ == nullptr) {
-        throw OutOfMemory();
+        throw base::OutOfMemory();
     }
     ControlsByWindow()[window_] = this;
     own_ = reinterpret_cast<WNDPROC>(
@@ -243,8 +243,8 @@ LRESULT WinControl::Handle(UINT message, WPARAM wParam, LPARAM lParam) {
         break;
     case WM_CHAR:
         // Their keys have been dealt with when they went down.
-        if (wParam == key::Tab ||
-            ((wParam == key::Enter || wParam == key::Escape) && !KeepsEnterAndEscape())) {
+        if (wParam == forms::key::Tab ||
+            ((wParam == forms::key::Enter || wParam == forms::key::Escape) && !KeepsEnterAndEscape())) {
             return 0;
         }
         break;
@@ -297,4 +297,4 @@ LRESULT CALLBACK WinControl::Procedure(HWND window, UINT message, WPARAM wParam,
     return result;
 }
 
-} // namespace platform::windows
+} // namespace desktop::windows

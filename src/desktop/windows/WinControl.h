@@ -2,10 +2,11 @@
 
 #include <memory>
 
-#include "forms/Control.h"
 #include "desktop/windows/Win32.h"
 
-namespace platform::windows {
+#include "forms/Control.h"
+
+namespace desktop::windows {
 
 class WinForm;
 
@@ -115,4 +116,4 @@ class WinControl {
 /// Makes the real control of the right kind.
 std::unique_ptr<WinControl> MakeWinControl(forms::Control& control, WinForm& form, const WindowPlace& place);
 
-} // namespace platform::windows
+} // namespace desktop::windows

@@ -1,32 +1,32 @@
 #include "desktop/windows/WinDesktop.h"
 
-#include "forms/CaughtError.h"
 #include <algorithm>
 #include <exception>
 #include <new>
 
-#include "forms/Form.h"
 #include "desktop/windows/Scale.h"
 #include "desktop/windows/WideText.h"
 #include "desktop/windows/WinForm.h"
+#include "forms/CaughtError.h"
+#include "forms/Form.h"
 
-namespace platform::windows {
+namespace desktop::windows {
 
 namespace {
 
-UINT FlagsOf(MessageIcon icon) {
+UINT FlagsOf(forms::MessageIcon icon) {
     switch (icon) {
-    case MessageIcon::Exclamation:
+    case forms::MessageIcon::Exclamation:
         return MB_OK | MB_ICONEXCLAMATION;
-    case MessageIcon::Critical:
+    case forms::MessageIcon::Critical:
         return MB_OK | MB_ICONERROR;
-    case MessageIcon::Information:
+    case forms::MessageIcon::Information:
         break;
     }
     return MB_OK | MB_ICONINFORMATION;
 }
 
-ScreenArea InTwips(const RECT& area) {
+forms::ScreenArea InTwips(const RECT& area) {
     const Scale scale = ScreenScale();
     const auto twips = [&](LONG dots) { return scale.ToTwips(static_cast<int>(dots)); };
     return {twips(area.left), twips(area.top), twips(area.right - area.left), twips(area.bottom - area.top)};
@@ -160,19 +160,20 @@ void WinDesktop::Yield() {
     }
 }
 
-void WinDesktop::MsgBox(const std::string& text, MessageIcon icon, const std::string& title) {
+void WinDesktop::MsgBox(const std::string& text, forms::MessageIcon icon, const std::string& title) {
     HWND owner = TopWindow();
     const UINT alone = owner == nullptr ? MB_TASKMODAL : 0U; // no window of the program takes input meanwhile
     ::MessageBoxW(owner, ToWide(text).c_str(), ToWide(title).c_str(), FlagsOf(icon) | alone);
 }
 
-void WinDesktop::UnhandledError(const RuntimeError& error) {
-    MsgBox(UnhandledErrorText(error), MessageIcon::Critical, shown_.empty() ? "" : shown_.back()->Caption());
+void WinDesktop::UnhandledError(const base::RuntimeError& error) {
+    MsgBox(forms::UnhandledErrorText(error), forms::MessageIcon::Critical,
+           shown_.empty() ? "" : shown_.back()->Caption());
 }
 
 void WinDesktop::TellCaught() noexcept {
     try {
-        platform::TellCaught(*this);
+        forms::TellCaught(*this);
     } catch (const std::exception&) { // no memory to tell it in words of its own
         ::MessageBoxW(nullptr, L"Fout 7:\n\nOut of memory", nullptr, MB_OK | MB_ICONERROR | MB_TASKMODAL);
     }
@@ -184,7 +185,7 @@ std::int16_t WinDesktop::GetKeyState(int virtualKey) {
 
 // The window under the pointer is asked for its pointer anew, as nobody may move the mouse for a while.
 void WinDesktop::SetMousePointer(int pointer) {
-    hourglass_ = pointer == PointerHourglass;
+    hourglass_ = pointer == forms::PointerHourglass;
     POINT place{};
     ::GetCursorPos(&place);
     HWND window = ::WindowFromPoint(place);
@@ -198,14 +199,14 @@ void WinDesktop::LockWindowUpdate(std::uintptr_t window) {
     ::LockWindowUpdate(reinterpret_cast<HWND>(window));
 }
 
-ScreenArea WinDesktop::Screen() {
+forms::ScreenArea WinDesktop::Screen() {
     return InTwips({0, 0, ::GetSystemMetrics(SM_CXSCREEN), ::GetSystemMetrics(SM_CYSCREEN)});
 }
 
-ScreenArea WinDesktop::WorkArea() {
+forms::ScreenArea WinDesktop::WorkArea() {
     RECT area{};
     ::SystemParametersInfoW(SPI_GETWORKAREA, 0, &area, 0);
     return InTwips(area);
 }
 
-} // namespace platform::windows
+} // namespace desktop::windows

@@ -4,20 +4,21 @@
 #include <unordered_map>
 #include <vector>
 
+#include "desktop/windows/Win32.h"
+
 #include "forms/Desktop.h"
 #include "forms/WheelTurn.h"
-#include "desktop/windows/Win32.h"
 
 namespace forms {
 class Session;
 } // namespace forms
 
-namespace platform::windows {
+namespace desktop::windows {
 
 class WinForm;
 
 /// The user's desktop through Windows' own windows and controls. One object per process.
-class WinDesktop final : public Desktop {
+class WinDesktop final : public forms::Desktop {
   public:
     WinDesktop();
     WinDesktop(const WinDesktop&) = delete;
@@ -26,13 +27,13 @@ class WinDesktop final : public Desktop {
     std::unique_ptr<forms::FormPeer> CreatePeer(forms::Form& form) override;
     void RunModal(forms::Form& form) override;
     void Yield() override;
-    void MsgBox(const std::string& text, MessageIcon icon, const std::string& title) override;
+    void MsgBox(const std::string& text, forms::MessageIcon icon, const std::string& title) override;
     std::int16_t GetKeyState(int virtualKey) override;
     void SetMousePointer(int pointer) override;
     void LockWindowUpdate(std::uintptr_t window) override;
-    ScreenArea Screen() override;
-    ScreenArea WorkArea() override;
-    void UnhandledError(const RuntimeError& error) override;
+    forms::ScreenArea Screen() override;
+    forms::ScreenArea WorkArea() override;
+    void UnhandledError(const base::RuntimeError& error) override;
 
     /// Tells the user of the exception that is being handled. For where Windows calls the program: nothing
     /// may be thrown there.
@@ -69,4 +70,4 @@ class WinDesktop final : public Desktop {
     bool hourglass_ = false;
 };
 
-} // namespace platform::windows
+} // namespace desktop::windows

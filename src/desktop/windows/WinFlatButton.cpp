@@ -5,7 +5,7 @@
 #include "desktop/windows/Colours.h"
 #include "desktop/windows/PictureWindow.h"
 
-namespace platform::windows {
+namespace desktop::windows {
 
 namespace {
 
@@ -14,7 +14,7 @@ constexpr WPARAM AnyButton = MK_LBUTTON | MK_RBUTTON | MK_MBUTTON | MK_XBUTTON1 
 
 } // namespace
 
-WinFlatButton::WinFlatButton(cmdButtonXP& control, WinForm& form, const WindowPlace& place)
+WinFlatButton::WinFlatButton(forms::cmdButtonXP& control, WinForm& form, const WindowPlace& place)
     : WinControl(control, form, place, PlainWindowClass()), model_(control) {}
 
 void WinFlatButton::MirrorContent(forms::Aspect aspect) {
@@ -84,4 +84,4 @@ LRESULT WinFlatButton::Received(UINT message, WPARAM wParam, LPARAM lParam) {
     }
 }
 
-} // namespace platform::windows
+} // namespace desktop::windows

@@ -1,13 +1,13 @@
 #pragma once
 
-#include "forms/cmdButtonXP.h"
 #include "desktop/windows/WinControl.h"
+#include "forms/cmdButtonXP.h"
 
-namespace platform::windows {
+namespace desktop::windows {
 
 class WinFlatButton final : public WinControl {
   public:
-    WinFlatButton(cmdButtonXP& control, WinForm& form, const WindowPlace& place);
+    WinFlatButton(forms::cmdButtonXP& control, WinForm& form, const WindowPlace& place);
 
   protected:
     void MirrorContent(forms::Aspect aspect) override;
@@ -19,8 +19,8 @@ class WinFlatButton final : public WinControl {
     void Pressed();
     void Released(UINT message, WPARAM held, POINT place);
 
-    cmdButtonXP& model_;
+    forms::cmdButtonXP& model_;
     bool clicking_ = false; // the left button has gone down here
 };
 
-} // namespace platform::windows
+} // namespace desktop::windows

@@ -3,18 +3,18 @@
 #include <algorithm>
 #include <array>
 
-#include "forms/AccessibleNames.h"
-#include "forms/Form.h"
-#include "forms/Label.h"
-#include "forms/ReadingOrder.h"
 #include "desktop/windows/ControlIds.h"
 #include "desktop/windows/DpiFunctions.h"
 #include "desktop/windows/FormWindow.h"
 #include "desktop/windows/WideText.h"
 #include "desktop/windows/WinDesktop.h"
 #include "desktop/windows/WinMenuBar.h"
+#include "forms/AccessibleNames.h"
+#include "forms/Form.h"
+#include "forms/Label.h"
+#include "forms/ReadingOrder.h"
 
-namespace platform::windows {
+namespace desktop::windows {
 
 namespace {
 
@@ -56,7 +56,7 @@ void WinForm::MakeWindow() {
     const bool first = desktop_.TopWindow() == nullptr;
     window_ = MakeFormWindow(*this, form_.Name(), StyleFor(form_, first), ExtendedStyleFor(form_, first));
     if (window_ == nullptr) {
-        throw OutOfMemory();
+        throw base::OutOfMemory();
     }
     scale_ = Scale(DpiOf(window_));
 }
@@ -366,4 +366,4 @@ LRESULT WinForm::Received(UINT message, WPARAM wParam, LPARAM lParam) {
     return ::DefWindowProcW(window_, message, wParam, lParam);
 }
 
-} // namespace platform::windows
+} // namespace desktop::windows

@@ -5,13 +5,13 @@
 #include <unordered_map>
 #include <vector>
 
-#include "forms/FormPeer.h"
 #include "desktop/windows/Fonts.h"
 #include "desktop/windows/Scale.h"
 #include "desktop/windows/ToolTips.h"
 #include "desktop/windows/WinControl.h"
+#include "forms/FormPeer.h"
 
-namespace platform::windows {
+namespace desktop::windows {
 
 class WinDesktop;
 class WinMenuBar;
@@ -126,4 +126,4 @@ class WinForm final : public forms::FormPeer {
     double shownTop_ = 0;
 };
 
-} // namespace platform::windows
+} // namespace desktop::windows

@@ -2,18 +2,19 @@
 #include <algorithm>
 #include <array>
 
-#include "forms/AccessKeys.h"
-#include "forms/Form.h"
 #include "desktop/windows/FormWindow.h"
 #include "desktop/windows/WinForm.h"
+#include "forms/AccessKeys.h"
+#include "forms/Form.h"
 
-namespace platform::windows {
+namespace desktop::windows {
 
 namespace {
 
 constexpr int DeleteKey = 46;
-constexpr std::array FormKeys{key::Backspace, key::PageUp, key::PageDown, key::End,  key::Home,
-                              key::Left,      key::Up,     key::Right,    key::Down, DeleteKey};
+constexpr std::array FormKeys{
+    forms::key::Backspace, forms::key::PageUp, forms::key::PageDown, forms::key::End,  forms::key::Home,
+    forms::key::Left,      forms::key::Up,     forms::key::Right,    forms::key::Down, DeleteKey};
 
 /// The key if forms tell it apart, else 0.
 int FormKey(WPARAM virtualKey) {
@@ -43,12 +44,12 @@ bool WinForm::KeyPressed(WPARAM virtualKey, LPARAM info, WinControl* control) {
     }
     SettleFocus();
     switch (virtualKey) {
-    case key::Tab:
+    case forms::key::Tab:
         ::SendMessageW(window_, WM_CHANGEUISTATE, MAKEWPARAM(UIS_CLEAR, UISF_HIDEFOCUS), 0);
-        form_.UserKey(key::Tab, shift);
+        form_.UserKey(forms::key::Tab, shift);
         return true;
-    case key::Enter:
-    case key::Escape:
+    case forms::key::Enter:
+    case forms::key::Escape:
         if (control != nullptr && control->KeepsEnterAndEscape()) {
             return false;
         }
@@ -133,4 +134,4 @@ void WinForm::RestoreFocus() const {
     }
 }
 
-} // namespace platform::windows
+} // namespace desktop::windows

@@ -3,15 +3,15 @@
 #include <limits>
 #include <utility>
 
-#include "forms/Form.h"
 #include "desktop/windows/Colours.h"
 #include "desktop/windows/DpiFunctions.h"
 #include "desktop/windows/Raised.h"
 #include "desktop/windows/WinDesktop.h"
 #include "desktop/windows/WinForm.h"
 #include "desktop/windows/WinMenuBar.h"
+#include "forms/Form.h"
 
-namespace platform::windows {
+namespace desktop::windows {
 
 namespace {
 
@@ -169,4 +169,4 @@ void WinForm::DrawAnew() const {
     ::RedrawWindow(window_, nullptr, nullptr, RDW_INVALIDATE | RDW_ERASE | RDW_FRAME | RDW_ALLCHILDREN);
 }
 
-} // namespace platform::windows
+} // namespace desktop::windows

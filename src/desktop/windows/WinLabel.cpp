@@ -2,11 +2,11 @@
 
 #include <algorithm>
 
-#include "forms/AccessibleNames.h"
 #include "desktop/windows/Fonts.h"
 #include "desktop/windows/WinForm.h"
+#include "forms/AccessibleNames.h"
 
-namespace platform::windows {
+namespace desktop::windows {
 
 WinLabel::WinLabel(forms::Label& control, WinForm& form, const WindowPlace& place)
     : WinControl(control, form, place, WC_STATICW, SS_LEFT), model_(control) {}
@@ -43,4 +43,4 @@ void WinLabel::MirrorContent(forms::Aspect aspect) {
     ::InvalidateRect(Window(), nullptr, TRUE);
 }
 
-} // namespace platform::windows
+} // namespace desktop::windows

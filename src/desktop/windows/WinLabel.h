@@ -1,9 +1,9 @@
 #pragma once
 
-#include "forms/Label.h"
 #include "desktop/windows/WinControl.h"
+#include "forms/Label.h"
 
-namespace platform::windows {
+namespace desktop::windows {
 
 class WinLabel final : public WinControl {
   public:
@@ -19,4 +19,4 @@ class WinLabel final : public WinControl {
     forms::Label& model_;
 };
 
-} // namespace platform::windows
+} // namespace desktop::windows

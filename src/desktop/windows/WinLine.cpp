@@ -7,7 +7,7 @@
 #include "desktop/windows/PictureWindow.h"
 #include "desktop/windows/WinForm.h"
 
-namespace platform::windows {
+namespace desktop::windows {
 
 WinLine::WinLine(forms::LineControl& control, WinForm& form, const WindowPlace& place)
     : WinControl(control, form, place, PlainWindowClass()), model_(control) {}
@@ -35,4 +35,4 @@ LRESULT WinLine::Received(UINT message, WPARAM wParam, LPARAM lParam) {
     }
 }
 
-} // namespace platform::windows
+} // namespace desktop::windows

@@ -1,9 +1,9 @@
 #pragma once
 
-#include "forms/LineControl.h"
 #include "desktop/windows/WinControl.h"
+#include "forms/LineControl.h"
 
-namespace platform::windows {
+namespace desktop::windows {
 
 /// A rule one dot of the design wide.
 class WinLine final : public WinControl {
@@ -18,4 +18,4 @@ class WinLine final : public WinControl {
     forms::LineControl& model_;
 };
 
-} // namespace platform::windows
+} // namespace desktop::windows

@@ -4,7 +4,7 @@
 #include "desktop/windows/WideText.h"
 #include "desktop/windows/WinForm.h"
 
-namespace platform::windows {
+namespace desktop::windows {
 
 WinListBox::WinListBox(forms::ListBox& control, WinForm& form, const WindowPlace& place)
     : WinControl(control, form, place, WC_LISTBOXW,
@@ -62,4 +62,4 @@ LRESULT WinListBox::Received(UINT message, WPARAM wParam, LPARAM lParam) {
     return result;
 }
 
-} // namespace platform::windows
+} // namespace desktop::windows

@@ -1,9 +1,9 @@
 #pragma once
 
-#include "forms/ChoiceControl.h"
 #include "desktop/windows/WinControl.h"
+#include "forms/ChoiceControl.h"
 
-namespace platform::windows {
+namespace desktop::windows {
 
 class WinListBox final : public WinControl {
   public:
@@ -23,4 +23,4 @@ class WinListBox final : public WinControl {
     bool picked_ = false; // the press in progress has picked an entry already
 };
 
-} // namespace platform::windows
+} // namespace desktop::windows

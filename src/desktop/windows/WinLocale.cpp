@@ -1,12 +1,13 @@
 #include "desktop/windows/WinLocale.h"
 
-#include "base/Text.h"
-#include "desktop/windows/WideText.h"
-#include "desktop/windows/Win32.h"
-
 #include <algorithm>
 
-namespace platform::windows {
+#include "desktop/windows/Win32.h"
+
+#include "base/Text.h"
+#include "desktop/windows/WideText.h"
+
+namespace desktop::windows {
 
 namespace {
 
@@ -39,7 +40,7 @@ std::int32_t WinLocale::GetLocaleInfoA(std::int32_t locale, std::int32_t item, c
     if (::GetLocaleInfoW(lcid, type, nullptr, 0) == 0) {
         return 0;
     }
-    const std::string bytes = text::ToCodePage(FromWide(ItemText(lcid, type)));
+    const std::string bytes = base::text::ToCodePage(FromWide(ItemText(lcid, type)));
     const auto needed = static_cast<std::int32_t>(bytes.size()) + 1;
     if (size == 0) {
         return needed;
@@ -60,7 +61,7 @@ std::string WinLocale::ShortMonthName(int month) {
         return {};
     }
     const auto item = static_cast<LCTYPE>(LOCALE_SABBREVMONTHNAME1 + month - 1);
-    return std::string(text::Left(FromWide(ItemText(LOCALE_USER_DEFAULT, item)), LettersOfMonth));
+    return std::string(base::text::Left(FromWide(ItemText(LOCALE_USER_DEFAULT, item)), LettersOfMonth));
 }
 
-} // namespace platform::windows
+} // namespace desktop::windows

@@ -2,10 +2,10 @@
 
 #include "machine/Locale.h"
 
-namespace platform::windows {
+namespace desktop::windows {
 
 /// The user's regional settings.
-class WinLocale final : public Locale {
+class WinLocale final : public machine::Locale {
   public:
     std::int32_t GetUserDefaultLCID() override;
     std::int32_t GetLocaleInfoA(std::int32_t locale, std::int32_t item, char* buffer,
@@ -14,4 +14,4 @@ class WinLocale final : public Locale {
     std::string ShortMonthName(int month) override;
 };
 
-} // namespace platform::windows
+} // namespace desktop::windows

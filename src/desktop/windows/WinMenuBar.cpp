@@ -4,7 +4,7 @@
 #include "desktop/windows/WideText.h"
 #include "desktop/windows/WinForm.h"
 
-namespace platform::windows {
+namespace desktop::windows {
 
 WinMenuBar::WinMenuBar(forms::MenuBar& control, WinForm& form, const WindowPlace& place)
     : WinControl(control, form, place, nullptr), model_(control) {}
@@ -42,4 +42,4 @@ void WinMenuBar::Choose(int command) {
     }
 }
 
-} // namespace platform::windows
+} // namespace desktop::windows

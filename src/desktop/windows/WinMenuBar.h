@@ -1,9 +1,9 @@
 #pragma once
 
-#include "forms/MenuBar.h"
 #include "desktop/windows/WinControl.h"
+#include "forms/MenuBar.h"
 
-namespace platform::windows {
+namespace desktop::windows {
 
 /// The menu in the frame of the form's window.
 class WinMenuBar final : public WinControl {
@@ -20,4 +20,4 @@ class WinMenuBar final : public WinControl {
     forms::MenuBar& model_;
 };
 
-} // namespace platform::windows
+} // namespace desktop::windows

@@ -5,7 +5,7 @@
 #include "forms/Desktop.h"
 #include "forms/Form.h"
 
-namespace platform::windows {
+namespace desktop::windows {
 
 namespace {
 
@@ -41,8 +41,8 @@ void WinOptionButton::Notified(UINT code) {
 
 bool WinOptionButton::KeyPressed(int virtualKey, bool shift) {
     WinControl::KeyPressed(virtualKey, shift);
-    const bool backward = virtualKey == key::Up || virtualKey == key::Left;
-    const bool forward = virtualKey == key::Down || virtualKey == key::Right;
+    const bool backward = virtualKey == forms::key::Up || virtualKey == forms::key::Left;
+    const bool forward = virtualKey == forms::key::Down || virtualKey == forms::key::Right;
     if (backward || forward) {
         if (forms::OptionButton* neighbour = model_.Neighbour(backward)) {
             neighbour->UserClick();
@@ -51,4 +51,4 @@ bool WinOptionButton::KeyPressed(int virtualKey, bool shift) {
     return backward || forward;
 }
 
-} // namespace platform::windows
+} // namespace desktop::windows

@@ -1,9 +1,9 @@
 #pragma once
 
-#include "forms/OptionButton.h"
 #include "desktop/windows/WinControl.h"
+#include "forms/OptionButton.h"
 
-namespace platform::windows {
+namespace desktop::windows {
 
 class WinOptionButton final : public WinControl {
   public:
@@ -19,4 +19,4 @@ class WinOptionButton final : public WinControl {
     forms::OptionButton& model_;
 };
 
-} // namespace platform::windows
+} // namespace desktop::windows

@@ -4,7 +4,7 @@
 #include "desktop/windows/PictureWindow.h"
 #include "desktop/windows/WinForm.h"
 
-namespace platform::windows {
+namespace desktop::windows {
 
 WinPictureBox::WinPictureBox(forms::PictureBox& control, WinForm& form, const WindowPlace& place)
     : WinControl(control, form, place, PlainWindowClass(), WS_CLIPCHILDREN, WS_EX_CONTROLPARENT),
@@ -50,4 +50,4 @@ LRESULT WinPictureBox::Received(UINT message, WPARAM wParam, LPARAM lParam) {
     }
 }
 
-} // namespace platform::windows
+} // namespace desktop::windows

@@ -1,9 +1,9 @@
 #pragma once
 
-#include "forms/PictureBox.h"
 #include "desktop/windows/WinControl.h"
+#include "forms/PictureBox.h"
 
-namespace platform::windows {
+namespace desktop::windows {
 
 /// A picture, an area of colour, or what holds other controls, whose messages it hands on to the form.
 class WinPictureBox final : public WinControl {
@@ -21,4 +21,4 @@ class WinPictureBox final : public WinControl {
     forms::PictureBox& model_;
 };
 
-} // namespace platform::windows
+} // namespace desktop::windows

@@ -1,12 +1,12 @@
 #include "desktop/windows/WinPrinter.h"
 
-#include "base/Resume.h"
-#include "desktop/windows/WideText.h"
-
 #include <algorithm>
 #include <utility>
 
-namespace platform::windows {
+#include "base/Resume.h"
+#include "desktop/windows/WideText.h"
+
+namespace desktop::windows {
 
 namespace {
 
@@ -20,16 +20,16 @@ bool Offers(const DriverSettings& settings, WORD capability, std::int16_t value)
 
 } // namespace
 
-WinPrinter::WinPrinter(WinPrinters& printers, PrintFailureTeller teller)
+WinPrinter::WinPrinter(WinPrinters& printers, machine::PrintFailureTeller teller)
     : printers_(printers), teller_(std::move(teller)), canvas_(static_cast<PageDevice&>(*this)) {
-    Drawing.Font = PrintersOwnFont;
+    Drawing.Font = machine::PrintersOwnFont;
 }
 
-const PrinterEntry& WinPrinter::Entry() {
+const machine::PrinterEntry& WinPrinter::Entry() {
     if (!entry_) {
         const int index = printers_.DefaultIndex();
         if (index < 0) {
-            throw RuntimeError(ErrorPrinter, "Er is geen printer.");
+            throw base::RuntimeError(base::ErrorPrinter, "Er is geen printer.");
         }
         Use(index);
     }
@@ -37,7 +37,7 @@ const PrinterEntry& WinPrinter::Entry() {
 }
 
 DriverSettings& WinPrinter::Settings() {
-    const PrinterEntry& entry = Entry();
+    const machine::PrinterEntry& entry = Entry();
     if (!settings_) {
         settings_.emplace(ToWide(entry.DeviceName));
     }
@@ -56,14 +56,14 @@ void WinPrinter::Abandon() {
 }
 
 void WinPrinter::Use(int index) {
-    PrinterEntry entry = printers_.Item(index);
+    machine::PrinterEntry entry = printers_.Item(index);
     device_.Reset();
     settings_.reset();
     entry_ = std::move(entry);
-    Drawing = DrawingState{0, 0, PrintersOwnFont};
+    Drawing = machine::DrawingState{0, 0, machine::PrintersOwnFont};
     // A printer that cannot be reached becomes the current one all the same: its name is to be had, and what
     // is printed must not go to the one before it.
-    Resume([this] { Settings(); });
+    base::Resume([this] { Settings(); });
 }
 
 HDC WinPrinter::Device() {
@@ -109,7 +109,7 @@ void WinPrinter::SetOrientation(std::int16_t orientation) {
         Change(DM_ORIENTATION, &DEVMODEW::dmOrientation, orientation);
     }
     if (Orientation() != orientation) {
-        throw RuntimeError(ErrorInvalidPropertyValue, "De afdrukrichting is ongeldig.");
+        throw base::RuntimeError(base::ErrorInvalidPropertyValue, "De afdrukrichting is ongeldig.");
     }
 }
 
@@ -122,7 +122,7 @@ void WinPrinter::SetPaperSize(std::int16_t paper) {
         return;
     }
     if (!Offers(Settings(), DC_PAPERS, paper)) {
-        throw RuntimeError(ErrorInvalidPropertyValue, "De printer kent dit papierformaat niet.");
+        throw base::RuntimeError(base::ErrorInvalidPropertyValue, "De printer kent dit papierformaat niet.");
     }
     Change(DM_PAPERSIZE, &DEVMODEW::dmPaperSize, paper);
 }
@@ -136,7 +136,7 @@ void WinPrinter::SetPaperBin(std::int16_t bin) {
         return;
     }
     if (!Offers(Settings(), DC_BINS, bin)) {
-        throw RuntimeError(ErrorInvalidPropertyValue, "De printer kent deze papierlade niet.");
+        throw base::RuntimeError(base::ErrorInvalidPropertyValue, "De printer kent deze papierlade niet.");
     }
     Change(DM_DEFAULTSOURCE, &DEVMODEW::dmDefaultSource, bin);
 }
@@ -144,7 +144,7 @@ void WinPrinter::SetPaperBin(std::int16_t bin) {
 std::int16_t WinPrinter::Copies() {
     Entry();
     std::int16_t copies = 1; // also of a printer that cannot be reached
-    Resume([this, &copies] {
+    base::Resume([this, &copies] {
         const DEVMODEW& mode = Settings().Mode();
         copies = (mode.dmFields & DM_COPIES) != 0 ? mode.dmCopies : copies;
     });
@@ -195,7 +195,7 @@ void WinPrinter::Run(Step step) {
         step();
     } catch (const PrintCalledOff&) {
         document_.reset();
-    } catch (const RuntimeError& error) {
+    } catch (const base::RuntimeError& error) {
         document_.reset();
         teller_(error.Description());
         throw;
@@ -244,9 +244,9 @@ void WinPrinter::EndDocument() {
 
 void WinPrinter::DrawingFailed() {
     if (document_ == nullptr) { // only measured
-        throw OutOfMemory();
+        throw base::OutOfMemory();
     }
     Run([] { ThrowPrintFailure("Het document kan niet verder worden afgedrukt."); });
 }
 
-} // namespace platform::windows
+} // namespace desktop::windows

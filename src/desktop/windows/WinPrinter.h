@@ -1,6 +1,9 @@
 #pragma once
 
-#include "machine/Printer.h"
+#include <memory>
+#include <optional>
+#include <string>
+
 #include "desktop/windows/DriverSettings.h"
 #include "desktop/windows/GdiCanvas.h"
 #include "desktop/windows/GdiObjects.h"
@@ -8,18 +11,15 @@
 #include "desktop/windows/PrintDocument.h"
 #include "desktop/windows/PrintFailure.h"
 #include "desktop/windows/WinPrinters.h"
+#include "machine/Printer.h"
 
-#include <memory>
-#include <optional>
-#include <string>
-
-namespace platform::windows {
+namespace desktop::windows {
 
 /// The current printer. Until one is assigned it is the user's default. A document that has begun when
 /// another printer is assigned, or when this object goes, is taken back.
-class WinPrinter final : public Printer, private PageDevice {
+class WinPrinter final : public machine::Printer, private PageDevice {
   public:
-    WinPrinter(WinPrinters& printers, PrintFailureTeller teller);
+    WinPrinter(WinPrinters& printers, machine::PrintFailureTeller teller);
 
     void Assign(int index) override;
 
@@ -46,10 +46,10 @@ class WinPrinter final : public Printer, private PageDevice {
 
     void SetDocumentTitle(const std::string& title) override { title_ = title; }
     void Abandon() override;
-    Canvas& Page() override { return canvas_; }
+    machine::Canvas& Page() override { return canvas_; }
 
   private:
-    const PrinterEntry& Entry();
+    const machine::PrinterEntry& Entry();
     void Use(int index);
     /// RuntimeError (ErrorPrinter) if the printer cannot be reached.
     DriverSettings& Settings();
@@ -71,8 +71,8 @@ class WinPrinter final : public Printer, private PageDevice {
     void Run(Step step);
 
     WinPrinters& printers_;
-    PrintFailureTeller teller_;
-    std::optional<PrinterEntry> entry_;
+    machine::PrintFailureTeller teller_;
+    std::optional<machine::PrinterEntry> entry_;
     std::optional<DriverSettings> settings_;
     std::string title_;
     GdiCanvas canvas_;
@@ -83,4 +83,4 @@ class WinPrinter final : public Printer, private PageDevice {
     std::unique_ptr<PrintDocument> document_; // behind device_, as it is taken back there
 };
 
-} // namespace platform::windows
+} // namespace desktop::windows

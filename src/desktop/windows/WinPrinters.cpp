@@ -1,12 +1,13 @@
 #include "desktop/windows/WinPrinters.h"
 
-#include "base/RuntimeError.h"
-#include "desktop/windows/WideText.h"
-#include "desktop/windows/Win32.h"
-
 #include <algorithm>
 
-namespace platform::windows {
+#include "desktop/windows/Win32.h"
+
+#include "base/RuntimeError.h"
+#include "desktop/windows/WideText.h"
+
+namespace desktop::windows {
 
 namespace {
 
@@ -30,7 +31,7 @@ std::string PortOf(const wchar_t* printer) {
     return FromWide(port.substr(0, port.find(L',')));
 }
 
-std::vector<PrinterEntry> FindPrinters() {
+std::vector<machine::PrinterEntry> FindPrinters() {
     DWORD needed = 0;
     DWORD count = 0;
     std::vector<BYTE> buffer;
@@ -42,7 +43,7 @@ std::vector<PrinterEntry> FindPrinters() {
         }
         buffer.resize(needed);
     }
-    std::vector<PrinterEntry> entries;
+    std::vector<machine::PrinterEntry> entries;
     const auto* infos = reinterpret_cast<const PRINTER_INFO_4W*>(buffer.data());
     for (DWORD i = 0; i < count; ++i) {
         if (infos[i].pPrinterName != nullptr) {
@@ -69,7 +70,7 @@ void WinPrinters::Refresh() {
     loaded_ = true;
 }
 
-const std::vector<PrinterEntry>& WinPrinters::Entries() {
+const std::vector<machine::PrinterEntry>& WinPrinters::Entries() {
     if (!loaded_) {
         Refresh();
     }
@@ -80,22 +81,23 @@ int WinPrinters::Count() {
     return static_cast<int>(Entries().size());
 }
 
-PrinterEntry WinPrinters::Item(int index) {
+machine::PrinterEntry WinPrinters::Item(int index) {
     if (index < 0 || index >= Count()) {
-        throw RuntimeError(ErrorSubscriptOutOfRange, "Deze printer bestaat niet.");
+        throw base::RuntimeError(base::ErrorSubscriptOutOfRange, "Deze printer bestaat niet.");
     }
     return entries_[static_cast<std::size_t>(index)];
 }
 
 int WinPrinters::DefaultIndex() {
-    const std::vector<PrinterEntry>& entries = Entries();
+    const std::vector<machine::PrinterEntry>& entries = Entries();
     if (entries.empty()) {
         return -1;
     }
     const std::string name = DefaultName();
-    const auto found = std::find_if(entries.begin(), entries.end(),
-                                    [&name](const PrinterEntry& entry) { return entry.DeviceName == name; });
+    const auto found =
+        std::find_if(entries.begin(), entries.end(),
+                     [&name](const machine::PrinterEntry& entry) { return entry.DeviceName == name; });
     return found == entries.end() ? 0 : static_cast<int>(found - entries.begin());
 }
 
-} // namespace platform::windows
+} // namespace desktop::windows

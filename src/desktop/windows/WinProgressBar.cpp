@@ -1,6 +1,6 @@
 #include "desktop/windows/WinProgressBar.h"
 
-namespace platform::windows {
+namespace desktop::windows {
 
 WinProgressBar::WinProgressBar(forms::ProgressBar& control, WinForm& form, const WindowPlace& place)
     : WinControl(control, form, place, PROGRESS_CLASSW), model_(control) {
@@ -13,4 +13,4 @@ void WinProgressBar::MirrorContent(forms::Aspect aspect) {
     }
 }
 
-} // namespace platform::windows
+} // namespace desktop::windows

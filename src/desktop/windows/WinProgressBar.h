@@ -1,9 +1,9 @@
 #pragma once
 
-#include "forms/ProgressBar.h"
 #include "desktop/windows/WinControl.h"
+#include "forms/ProgressBar.h"
 
-namespace platform::windows {
+namespace desktop::windows {
 
 class WinProgressBar final : public WinControl {
   public:
@@ -16,4 +16,4 @@ class WinProgressBar final : public WinControl {
     forms::ProgressBar& model_;
 };
 
-} // namespace platform::windows
+} // namespace desktop::windows

@@ -1,23 +1,24 @@
 #include "desktop/windows/WinRegistry.h"
 
-#include "base/Text.h"
-#include "desktop/windows/SystemReason.h"
-#include "desktop/windows/WideText.h"
-#include "desktop/windows/Win32.h"
-
 #include <algorithm>
 #include <utility>
 #include <vector>
 
-namespace platform::windows {
+#include "desktop/windows/Win32.h"
+
+#include "base/Text.h"
+#include "desktop/windows/SystemReason.h"
+#include "desktop/windows/WideText.h"
+
+namespace desktop::windows {
 
 namespace {
 
-constexpr RegistryKey FirstRoot = 0x80000000U;
-constexpr RegistryKey LastRoot = 0x800000FFU;
+constexpr machine::RegistryKey FirstRoot = 0x80000000U;
+constexpr machine::RegistryKey LastRoot = 0x800000FFU;
 
 /// The predefined roots are 32-bit numbers that Windows widens with their sign.
-HKEY HandleOf(RegistryKey key) {
+HKEY HandleOf(machine::RegistryKey key) {
     const bool isRoot = key >= FirstRoot && key <= LastRoot;
     const auto wide = isRoot ? static_cast<LONG_PTR>(static_cast<LONG>(key)) : static_cast<LONG_PTR>(key);
     return reinterpret_cast<HKEY>(wide); // NOLINT(performance-no-int-to-ptr): handles travel as numbers
@@ -45,20 +46,20 @@ std::int32_t QueryWide(HKEY key, const std::wstring& name, DWORD& type, std::vec
 std::string CodePageText(const std::vector<BYTE>& wide) {
     std::wstring text(wide.size() / sizeof(wchar_t), L'\0');
     std::copy_n(wide.data(), text.size() * sizeof(wchar_t), reinterpret_cast<BYTE*>(text.data()));
-    return text::ToCodePage(FromWide(text));
+    return base::text::ToCodePage(FromWide(text));
 }
 
 std::int32_t Answer(std::string_view bytes, char* data, std::uint32_t& size) {
     const std::uint32_t room = size;
     size = static_cast<std::uint32_t>(bytes.size());
     if (data == nullptr) {
-        return RegSuccess;
+        return machine::RegSuccess;
     }
     if (room < size) {
-        return RegMoreData;
+        return machine::RegMoreData;
     }
     std::copy(bytes.begin(), bytes.end(), data);
-    return RegSuccess;
+    return machine::RegSuccess;
 }
 
 /// True for the answers of a registry that works.
@@ -81,28 +82,29 @@ std::int32_t WinRegistry::Answered(std::int32_t status) {
     return status;
 }
 
-std::int32_t WinRegistry::RegOpenKeyA(RegistryKey root, const std::string& path, RegistryKey& key) {
+std::int32_t WinRegistry::RegOpenKeyA(machine::RegistryKey root, const std::string& path,
+                                      machine::RegistryKey& key) {
     HKEY opened = nullptr;
     const LSTATUS status = MachineSpeaks1252()
                                ? ::RegOpenKeyA(HandleOf(root), path.c_str(), &opened)
                                : ::RegOpenKeyW(HandleOf(root), WideOf1252(path).c_str(), &opened);
     if (status == ERROR_SUCCESS) {
-        key = reinterpret_cast<RegistryKey>(opened);
+        key = reinterpret_cast<machine::RegistryKey>(opened);
     }
     return status == ERROR_SUCCESS ? status : Answered(status); // an open key has not been read yet
 }
 
-std::int32_t WinRegistry::RegCloseKey(RegistryKey key) {
+std::int32_t WinRegistry::RegCloseKey(machine::RegistryKey key) {
     return ::RegCloseKey(HandleOf(key));
 }
 
-std::int32_t WinRegistry::RegQueryValueExA(RegistryKey key, const std::string& name, std::uint32_t& type,
-                                           char* data, std::uint32_t& size) {
+std::int32_t WinRegistry::RegQueryValueExA(machine::RegistryKey key, const std::string& name,
+                                           std::uint32_t& type, char* data, std::uint32_t& size) {
     return Answered(Query(key, name, type, data, size));
 }
 
-std::int32_t WinRegistry::Query(RegistryKey key, const std::string& name, std::uint32_t& type, char* data,
-                                std::uint32_t& size) {
+std::int32_t WinRegistry::Query(machine::RegistryKey key, const std::string& name, std::uint32_t& type,
+                                char* data, std::uint32_t& size) {
     DWORD found = REG_NONE;
     if (MachineSpeaks1252()) {
         DWORD bytes = size;
@@ -114,7 +116,7 @@ std::int32_t WinRegistry::Query(RegistryKey key, const std::string& name, std::u
     }
     std::vector<BYTE> bytes;
     if (const std::int32_t status = QueryWide(HandleOf(key), WideOf1252(name), found, bytes);
-        status != RegSuccess) {
+        status != machine::RegSuccess) {
         return status;
     }
     type = found;
@@ -122,8 +124,8 @@ std::int32_t WinRegistry::Query(RegistryKey key, const std::string& name, std::u
                          : Answer({reinterpret_cast<const char*>(bytes.data()), bytes.size()}, data, size);
 }
 
-std::int32_t WinRegistry::RegSetValueExA(RegistryKey key, const std::string& name, std::uint32_t type,
-                                         std::string_view bytes) {
+std::int32_t WinRegistry::RegSetValueExA(machine::RegistryKey key, const std::string& name,
+                                         std::uint32_t type, std::string_view bytes) {
     if (MachineSpeaks1252()) {
         return ::RegSetValueExA(HandleOf(key), name.c_str(), 0, type,
                                 reinterpret_cast<const BYTE*>(bytes.data()),
@@ -136,4 +138,4 @@ std::int32_t WinRegistry::RegSetValueExA(RegistryKey key, const std::string& nam
                             static_cast<DWORD>(size));
 }
 
-} // namespace platform::windows
+} // namespace desktop::windows

@@ -1,6 +1,6 @@
 #include "desktop/windows/WinScrollBar.h"
 
-namespace platform::windows {
+namespace desktop::windows {
 
 WinScrollBar::WinScrollBar(forms::ScrollBar& control, WinForm& form, const WindowPlace& place)
     : WinControl(control, form, place, WC_SCROLLBARW,
@@ -53,4 +53,4 @@ void WinScrollBar::Scrolled(int request, int position) {
     Mirror(forms::Aspect::Value);
 }
 
-} // namespace platform::windows
+} // namespace desktop::windows

@@ -1,9 +1,9 @@
 #pragma once
 
-#include "forms/ScrollBar.h"
 #include "desktop/windows/WinControl.h"
+#include "forms/ScrollBar.h"
 
-namespace platform::windows {
+namespace desktop::windows {
 
 class WinScrollBar final : public WinControl {
   public:
@@ -18,4 +18,4 @@ class WinScrollBar final : public WinControl {
     forms::ScrollBar& model_;
 };
 
-} // namespace platform::windows
+} // namespace desktop::windows

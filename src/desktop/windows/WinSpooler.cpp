@@ -1,15 +1,16 @@
 #include "desktop/windows/WinSpooler.h"
 
-#include "base/Text.h"
-#include "desktop/windows/WideText.h"
-#include "desktop/windows/Win32.h"
-
 #include <algorithm>
 #include <cstring>
 #include <string_view>
 #include <vector>
 
-namespace platform::windows {
+#include "desktop/windows/Win32.h"
+
+#include "base/Text.h"
+#include "desktop/windows/WideText.h"
+
+namespace desktop::windows {
 
 namespace {
 
@@ -19,7 +20,7 @@ constexpr std::int32_t Failed = -1;
 /// No description of a printer is larger, in bytes.
 constexpr DWORD LargestInfo = 16U << 20U;
 
-::HANDLE HandleOf(PrinterHandle handle) {
+::HANDLE HandleOf(machine::PrinterHandle handle) {
     return reinterpret_cast<::HANDLE>(handle); // NOLINT(performance-no-int-to-ptr): handles travel as numbers
 }
 
@@ -67,7 +68,7 @@ std::size_t NameBytes(std::uint16_t capability) {
 void PutNames(const std::vector<wchar_t>& wide, std::size_t width, std::size_t count, char* output) {
     for (std::size_t i = 0; i < count; ++i) {
         const std::wstring_view field(&wide[i * width], width);
-        const std::string name = text::ToCodePage(FromWide(field.substr(0, field.find(L'\0'))));
+        const std::string name = base::text::ToCodePage(FromWide(field.substr(0, field.find(L'\0'))));
         std::fill_n(output + i * width, width, '\0');
         std::copy_n(name.begin(), std::min(name.size(), width), output + i * width);
     }
@@ -98,8 +99,8 @@ std::int32_t WideCapabilities(const std::wstring& printer, const std::wstring& p
 
 } // namespace
 
-bool WinSpooler::OpenPrinterA(const std::string& printer, PrinterHandle& handle,
-                              const PRINTER_DEFAULTS& defaults) {
+bool WinSpooler::OpenPrinterA(const std::string& printer, machine::PrinterHandle& handle,
+                              const machine::PRINTER_DEFAULTS& defaults) {
     ::HANDLE opened = nullptr;
     BOOL done = FALSE;
     if (MachineSpeaks1252()) {
@@ -114,24 +115,24 @@ bool WinSpooler::OpenPrinterA(const std::string& printer, PrinterHandle& handle,
         std::wstring name = WideOf1252(printer);
         done = ::OpenPrinterW(name.data(), &opened, &asked);
     }
-    handle = done != FALSE ? reinterpret_cast<PrinterHandle>(opened) : 0;
+    handle = done != FALSE ? reinterpret_cast<machine::PrinterHandle>(opened) : 0;
     return done != FALSE;
 }
 
-bool WinSpooler::ClosePrinter(PrinterHandle handle) {
+bool WinSpooler::ClosePrinter(machine::PrinterHandle handle) {
     return ::ClosePrinter(HandleOf(handle)) != FALSE;
 }
 
-std::int32_t WinSpooler::DocumentPropertiesA(PrinterHandle handle, const std::string& printer, void* output,
-                                             const void* input, std::uint32_t mode) {
+std::int32_t WinSpooler::DocumentPropertiesA(machine::PrinterHandle handle, const std::string& printer,
+                                             void* output, const void* input, std::uint32_t mode) {
     std::string name = ToMachine(printer);
     // The call takes its input as writable and leaves it as it is, unless it is the output as well.
     return ::DocumentPropertiesA(nullptr, HandleOf(handle), name.data(), static_cast<::DEVMODEA*>(output),
                                  static_cast<::DEVMODEA*>(const_cast<void*>(input)), mode);
 }
 
-bool WinSpooler::GetPrinterA(PrinterHandle handle, std::uint32_t level, void* buffer, std::uint32_t size,
-                             std::uint32_t& needed) {
+bool WinSpooler::GetPrinterA(machine::PrinterHandle handle, std::uint32_t level, void* buffer,
+                             std::uint32_t size, std::uint32_t& needed) {
     DWORD bytes = 0;
     const BOOL done = ::GetPrinterA(HandleOf(handle), level, static_cast<BYTE*>(buffer), size, &bytes);
     needed = bytes;
@@ -141,7 +142,7 @@ bool WinSpooler::GetPrinterA(PrinterHandle handle, std::uint32_t level, void* bu
     return done != FALSE;
 }
 
-bool WinSpooler::SetPrinterA(PrinterHandle handle, std::uint32_t level, const void* buffer,
+bool WinSpooler::SetPrinterA(machine::PrinterHandle handle, std::uint32_t level, const void* buffer,
                              std::uint32_t command) {
     if (level != LevelOfInfo || buffer == nullptr || MachineSpeaks1252()) {
         return ::SetPrinterA(HandleOf(handle), level, static_cast<BYTE*>(const_cast<void*>(buffer)),
@@ -167,4 +168,4 @@ std::int32_t WinSpooler::DeviceCapabilitiesA(const std::string& printer, const s
     return WideCapabilities(WideOf1252(printer), WideOf1252(port), capability, output);
 }
 
-} // namespace platform::windows
+} // namespace desktop::windows

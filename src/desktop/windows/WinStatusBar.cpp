@@ -5,7 +5,7 @@
 #include "desktop/windows/WideText.h"
 #include "desktop/windows/WinForm.h"
 
-namespace platform::windows {
+namespace desktop::windows {
 
 WinStatusBar::WinStatusBar(forms::StatusBar& control, WinForm& form, const WindowPlace& place)
     : WinControl(control, form, place, STATUSCLASSNAMEW, CCS_NOPARENTALIGN | CCS_NORESIZE), model_(control) {}
@@ -33,4 +33,4 @@ void WinStatusBar::Place() {
     MoveTo({0, area.cy - Form().Scaling().ToDots(model_.Height()), area.cx, area.cy});
 }
 
-} // namespace platform::windows
+} // namespace desktop::windows

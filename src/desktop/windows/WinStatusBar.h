@@ -1,9 +1,9 @@
 #pragma once
 
-#include "forms/StatusBar.h"
 #include "desktop/windows/WinControl.h"
+#include "forms/StatusBar.h"
 
-namespace platform::windows {
+namespace desktop::windows {
 
 class WinStatusBar final : public WinControl {
   public:
@@ -18,4 +18,4 @@ class WinStatusBar final : public WinControl {
     forms::StatusBar& model_;
 };
 
-} // namespace platform::windows
+} // namespace desktop::windows

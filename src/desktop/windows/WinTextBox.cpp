@@ -2,17 +2,17 @@
 
 #include <algorithm>
 
-#include "forms/Desktop.h"
-#include "forms/Form.h"
-#include "forms/UpDown.h"
+#include <imm.h>
+
 #include "desktop/windows/Fonts.h"
 #include "desktop/windows/Raised.h"
 #include "desktop/windows/TextUnits.h"
 #include "desktop/windows/WideText.h"
+#include "forms/Desktop.h"
+#include "forms/Form.h"
+#include "forms/UpDown.h"
 
-#include <imm.h>
-
-namespace platform::windows {
+namespace desktop::windows {
 
 namespace {
 
@@ -127,12 +127,12 @@ void WinTextBox::TakeFocus() {
 }
 
 bool WinTextBox::KeyPressed(int virtualKey, bool shift) {
-    if (virtualKey == key::Backspace) { // comes as a character
+    if (virtualKey == forms::key::Backspace) { // comes as a character
         return true;
     }
-    if (virtualKey == key::Up || virtualKey == key::Down) {
+    if (virtualKey == forms::key::Up || virtualKey == forms::key::Down) {
         if (forms::UpDown* arrows = forms::UpDown::Of(model_)) {
-            arrows->UserStep(virtualKey == key::Up ? 1 : -1);
+            arrows->UserStep(virtualKey == forms::key::Up ? 1 : -1);
             return true;
         }
     }
@@ -145,7 +145,7 @@ void WinTextBox::TypeCharacter(char32_t character) {
 }
 
 bool WinTextBox::Type(wchar_t unit) {
-    if (unit == key::Backspace) {
+    if (unit == forms::key::Backspace) {
         TypeCharacter(unit);
         return true;
     }
@@ -267,4 +267,4 @@ LRESULT WinTextBox::Received(UINT message, WPARAM wParam, LPARAM lParam) {
     return result;
 }
 
-} // namespace platform::windows
+} // namespace desktop::windows

@@ -1,9 +1,9 @@
 #pragma once
 
-#include "forms/TextBox.h"
 #include "desktop/windows/WinControl.h"
+#include "forms/TextBox.h"
 
-namespace platform::windows {
+namespace desktop::windows {
 
 /// A typed character goes to the form's box, which filters and limits it; pasting, cutting and the like are
 /// the window's own, and the form's box is told what came of it.
@@ -46,4 +46,4 @@ class WinTextBox final : public WinControl {
     bool typing_ = false;
 };
 
-} // namespace platform::windows
+} // namespace desktop::windows

@@ -2,7 +2,7 @@
 
 #include "desktop/windows/WinForm.h"
 
-namespace platform::windows {
+namespace desktop::windows {
 
 WinTimer::WinTimer(forms::Timer& control, WinForm& form, const WindowPlace& place)
     : WinControl(control, form, place, nullptr), model_(control), number_(static_cast<UINT_PTR>(place.Id)) {}
@@ -24,4 +24,4 @@ void WinTimer::MirrorContent(forms::Aspect aspect) {
     }
 }
 
-} // namespace platform::windows
+} // namespace desktop::windows

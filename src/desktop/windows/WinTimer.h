@@ -1,9 +1,9 @@
 #pragma once
 
-#include "forms/Timer.h"
 #include "desktop/windows/WinControl.h"
+#include "forms/Timer.h"
 
-namespace platform::windows {
+namespace desktop::windows {
 
 class WinTimer final : public WinControl {
   public:
@@ -21,4 +21,4 @@ class WinTimer final : public WinControl {
     bool runs_ = false;
 };
 
-} // namespace platform::windows
+} // namespace desktop::windows

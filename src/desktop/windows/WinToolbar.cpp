@@ -7,7 +7,7 @@
 #include "desktop/windows/WideText.h"
 #include "desktop/windows/WinForm.h"
 
-namespace platform::windows {
+namespace desktop::windows {
 
 namespace {
 
@@ -33,7 +33,8 @@ WinToolbar::WinToolbar(forms::Toolbar& control, WinForm& form, const WindowPlace
 }
 
 std::wstring WinToolbar::NameOf(const forms::ToolbarButton& button) const {
-    return ToWide(text::Trim(button.AccessibleName.empty() ? button.ToolTipText : button.AccessibleName));
+    return ToWide(
+        base::text::Trim(button.AccessibleName.empty() ? button.ToolTipText : button.AccessibleName));
 }
 
 void WinToolbar::AddButton(int number) {
@@ -177,4 +178,4 @@ LRESULT WinToolbar::Received(UINT message, WPARAM wParam, LPARAM lParam) {
     return WinControl::Received(message, wParam, lParam);
 }
 
-} // namespace platform::windows
+} // namespace desktop::windows

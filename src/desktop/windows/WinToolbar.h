@@ -1,10 +1,10 @@
 #pragma once
 
-#include "forms/Toolbar.h"
 #include "desktop/windows/GdiObjects.h"
 #include "desktop/windows/WinControl.h"
+#include "forms/Toolbar.h"
 
-namespace platform::windows {
+namespace desktop::windows {
 
 /// A row of buttons that light up under the mouse; a button is as wide as the toolbar is high. The commands
 /// of the buttons: see ControlIds.h.
@@ -41,4 +41,4 @@ class WinToolbar final : public WinControl {
     Pictures disabled_;
 };
 
-} // namespace platform::windows
+} // namespace desktop::windows

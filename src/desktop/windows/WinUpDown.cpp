@@ -2,7 +2,7 @@
 
 #include "forms/Form.h"
 
-namespace platform::windows {
+namespace desktop::windows {
 
 // The window's own number stays in the middle of three: the form's box has the real one.
 WinUpDown::WinUpDown(forms::UpDown& control, WinForm& form, const WindowPlace& place)
@@ -26,4 +26,4 @@ bool WinUpDown::MousePressed() {
     return box.CanFocus() && !box.Owner().MoveFocus(box);
 }
 
-} // namespace platform::windows
+} // namespace desktop::windows

@@ -1,9 +1,9 @@
 #pragma once
 
-#include "forms/UpDown.h"
 #include "desktop/windows/WinControl.h"
+#include "forms/UpDown.h"
 
-namespace platform::windows {
+namespace desktop::windows {
 
 /// The two arrows; a press held down repeats. They take no focus themselves, the box beside them does.
 class WinUpDown final : public WinControl {
@@ -19,4 +19,4 @@ class WinUpDown final : public WinControl {
     forms::UpDown& model_;
 };
 
-} // namespace platform::windows
+} // namespace desktop::windows

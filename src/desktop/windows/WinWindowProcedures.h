@@ -2,18 +2,19 @@
 
 #include "machine/WindowProcedures.h"
 
-namespace platform::windows {
+namespace desktop::windows {
 
 class WinDesktop;
 
 /// The window procedures as Windows itself keeps them.
-class WinWindowProcedures final : public WindowProcedures {
+class WinWindowProcedures final : public machine::WindowProcedures {
   public:
     explicit WinWindowProcedures(WinDesktop& desktop) : desktop_(desktop) {}
 
-    ProcedureAddress SetWindowLongA(WindowHandle hWnd, int index, ProcedureAddress procedure) override;
-    std::intptr_t CallWindowProcA(ProcedureAddress procedure, WindowHandle hWnd, std::int32_t uMsg,
-                                  std::intptr_t wParam, std::intptr_t lParam) override;
+    machine::ProcedureAddress SetWindowLongA(machine::WindowHandle hWnd, int index,
+                                             machine::ProcedureAddress procedure) override;
+    std::intptr_t CallWindowProcA(machine::ProcedureAddress procedure, machine::WindowHandle hWnd,
+                                  std::int32_t uMsg, std::intptr_t wParam, std::intptr_t lParam) override;
     /// Windows sends the messages, and no failure may pass through it.
     void HandlerFailed() override;
 
@@ -21,4 +22,4 @@ class WinWindowProcedures final : public WindowProcedures {
     WinDesktop& desktop_;
 };
 
-} // namespace platform::windows
+} // namespace desktop::windows

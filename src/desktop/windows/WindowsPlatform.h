@@ -1,7 +1,5 @@
 #pragma once
 
-#include "machine/Platform.h"
-#include "machine/SeededRandom.h"
 #include "desktop/windows/WinBitmaps.h"
 #include "desktop/windows/WinClock.h"
 #include "desktop/windows/WinDesktop.h"
@@ -11,8 +9,10 @@
 #include "desktop/windows/WinRegistry.h"
 #include "desktop/windows/WinSpooler.h"
 #include "desktop/windows/WinWindowProcedures.h"
+#include "machine/Platform.h"
+#include "machine/SeededRandom.h"
 
-namespace platform::windows {
+namespace desktop::windows {
 
 /// The Windows desktop: everything outside the program that it works with.
 class WindowsPlatform {
@@ -21,7 +21,7 @@ class WindowsPlatform {
     WindowsPlatform(const WindowsPlatform&) = delete;
     WindowsPlatform& operator=(const WindowsPlatform&) = delete;
 
-    platform::Platform& Services() { return services_; }
+    machine::Platform& Services() { return services_; }
 
     /// Runs the message loop until the last form is gone.
     void Run() { desktop_.Run(); }
@@ -29,20 +29,20 @@ class WindowsPlatform {
   private:
     WinDesktop desktop_;
     WinRegistry registry_{[this](const std::string& text) {
-        desktop_.MsgBox(text, MessageIcon::Exclamation, "Drukkeuring acceptgiro's");
+        desktop_.MsgBox(text, forms::MessageIcon::Exclamation, "Drukkeuring acceptgiro's");
     }};
     WinLocale locale_;
     WinClock clock_;
-    SeededRandom random_;
+    machine::SeededRandom random_;
     WinPrinters printers_;
     WinPrinter printer_{printers_, [this](const std::string& text) {
-                            desktop_.MsgBox(text, MessageIcon::Critical, "Afdrukken");
+                            desktop_.MsgBox(text, forms::MessageIcon::Critical, "Afdrukken");
                         }};
     WinSpooler spooler_;
     WinBitmaps bitmaps_;
     WinWindowProcedures procedures_{desktop_};
-    platform::Platform services_{desktop_, registry_, locale_,  clock_,   random_,
-                                 spooler_, printers_, printer_, bitmaps_, procedures_};
+    machine::Platform services_{desktop_, registry_, locale_,  clock_,   random_,
+                                spooler_, printers_, printer_, bitmaps_, procedures_};
 };
 
-} // namespace platform::windows
+} // namespace desktop::windows

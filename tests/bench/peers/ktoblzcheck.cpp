@@ -1,9 +1,9 @@
 // One check of an IBAN, in nanoseconds: ktoblzcheck IBAN
-#include <iban.h>
-
 #include <chrono>
 #include <cstdio>
 #include <string>
+
+#include <iban.h>
 
 int main(int argc, char** argv) {
     if (argc != 2) {

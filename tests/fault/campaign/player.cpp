@@ -11,7 +11,6 @@
 #include <QListWidget>
 #include <QMessageBox>
 #include <QTimer>
-
 #include <chrono>
 #include <cstdio>
 #include <deque>

@@ -2,22 +2,22 @@
 // taken.
 //
 // campaign-writer FILE NAME NUMBER
-#include "desktop/regfile/RegFileStore.h"
-#include "machine/modRegistry.h"
-
 #include <cstdio>
 #include <cstdlib>
 #include <string>
+
+#include "desktop/regfile/RegFileStore.h"
+#include "machine/modRegistry.h"
 
 int main(int argc, char** argv) {
     if (argc != 4) {
         return 2;
     }
-    platform::RegFileStore store(argv[1], platform::SettingsBranch);
-    const platform::modRegistry registry(store);
+    desktop::regfile::RegFileStore store(argv[1], desktop::regfile::SettingsBranch);
+    const machine::modRegistry registry(store);
     for (int i = 0; i < std::atoi(argv[3]); ++i) {
         const std::string name = argv[2] + std::to_string(i);
-        if (registry.SetRegistryValue(platform::HkeyCurrentUser, "Software\\Ondor\\Tarvik\\CurrentVersion",
+        if (registry.SetRegistryValue(machine::HkeyCurrentUser, "Software\\Ondor\\Tarvik\\CurrentVersion",
                                       name, name)) {
             std::puts(name.c_str());
         }

@@ -3,32 +3,31 @@
 //
 // print_forms FOLDER TYPE CONTRACT TRAFFIC COUNT
 
-#include "composition/DocumentRun.h"
-#include "composition/PrinterMeasures.h"
-#include "machine/SeededRandom.h"
-#include "memory/MemoryPlatform.h"
-#include "desktop/qt/PdfPrinter.h"
-#include "desktop/qt/QtPrinter.h"
-#include "desktop/qt/QtPrinters.h"
-#include "support/FakeRunHost.h"
-#include "testdata/TestDocument.h"
-#include "state/AppState.h"
-
 #include <QApplication>
 #include <QFile>
 #include <QJsonArray>
 #include <QJsonDocument>
 #include <QJsonObject>
-
 #include <array>
 #include <cstdio>
 #include <cstdlib>
 #include <string>
 
+#include "composition/DocumentRun.h"
+#include "composition/PrinterMeasures.h"
+#include "desktop/qt/PdfPrinter.h"
+#include "desktop/qt/QtPrinter.h"
+#include "desktop/qt/QtPrinters.h"
+#include "machine/SeededRandom.h"
+#include "memory/MemoryPlatform.h"
+#include "state/AppState.h"
+#include "support/FakeRunHost.h"
+#include "testdata/TestDocument.h"
+
 namespace {
 
 constexpr std::uint64_t ChanceStart = 20260315;
-constexpr platform::DateTime Moment = {2026, 3, 15, 10, 20, 30, 400};
+constexpr machine::DateTime Moment = {2026, 3, 15, 10, 20, 30, 400};
 constexpr std::size_t Places = 4;
 
 const char* const SettingsPath = "Software\\Ondor\\Proef";
@@ -36,21 +35,21 @@ const char* const SettingsPath = "Software\\Ondor\\Proef";
 /// A setting that has one text for each place of a form.
 struct Calibrated {
     const char* name;
-    wizard::Calibration wizard::AppState::*field;
+    state::Calibration state::AppState::*field;
     std::array<const char*, Places> texts;
 };
 
 const std::array<Calibrated, 10> Calibrations = {{
-    {"AcceptGiroLinks", &wizard::AppState::AcceptGiroLinks, {"", "0,5", "-0,3", "1"}},
-    {"AcceptGiroTop", &wizard::AppState::AcceptGiroTop, {"", "-0,7", "0,4", "-1,5"}},
-    {"AcceptGiroNAWLinks", &wizard::AppState::AcceptGiroNAWLinks, {"1,25", "", "-2", "0,5"}},
-    {"AcceptGiroNAWTop", &wizard::AppState::AcceptGiroNAWTop, {"-1", "2", "", "0,75"}},
-    {"AcceptGiroBKSoucheLinks", &wizard::AppState::AcceptGiroBKSoucheLinks, {"0,3", "-0,6", "1", ""}},
-    {"AcceptGiroBKSoucheTop", &wizard::AppState::AcceptGiroBKSoucheTop, {"", "0,2", "-0,4", "0,6"}},
-    {"AcceptGiroBKAcceptLinks", &wizard::AppState::AcceptGiroBKAcceptLinks, {"0,1", "", "0,9", "-0,9"}},
-    {"AcceptGiroBKAcceptTop", &wizard::AppState::AcceptGiroBKAcceptTop, {"-0,2", "0,8", "", "0,3"}},
-    {"AcceptGiroBGSoucheLinks", &wizard::AppState::AcceptGiroBGSoucheLinks, {"0,7", "1,1", "0,2", ""}},
-    {"AcceptGiroBGAcceptLinks", &wizard::AppState::AcceptGiroBGAcceptLinks, {"-0,4", "", "0,6", "1,3"}},
+    {"AcceptGiroLinks", &state::AppState::AcceptGiroLinks, {"", "0,5", "-0,3", "1"}},
+    {"AcceptGiroTop", &state::AppState::AcceptGiroTop, {"", "-0,7", "0,4", "-1,5"}},
+    {"AcceptGiroNAWLinks", &state::AppState::AcceptGiroNAWLinks, {"1,25", "", "-2", "0,5"}},
+    {"AcceptGiroNAWTop", &state::AppState::AcceptGiroNAWTop, {"-1", "2", "", "0,75"}},
+    {"AcceptGiroBKSoucheLinks", &state::AppState::AcceptGiroBKSoucheLinks, {"0,3", "-0,6", "1", ""}},
+    {"AcceptGiroBKSoucheTop", &state::AppState::AcceptGiroBKSoucheTop, {"", "0,2", "-0,4", "0,6"}},
+    {"AcceptGiroBKAcceptLinks", &state::AppState::AcceptGiroBKAcceptLinks, {"0,1", "", "0,9", "-0,9"}},
+    {"AcceptGiroBKAcceptTop", &state::AppState::AcceptGiroBKAcceptTop, {"-0,2", "0,8", "", "0,3"}},
+    {"AcceptGiroBGSoucheLinks", &state::AppState::AcceptGiroBGSoucheLinks, {"0,7", "1,1", "0,2", ""}},
+    {"AcceptGiroBGAcceptLinks", &state::AppState::AcceptGiroBGAcceptLinks, {"-0,4", "", "0,6", "1,3"}},
 }};
 const std::array<const char*, Places> StubTops = {"-0,5", "0,9", "", "0,2"};
 const std::array<const char*, Places> AcceptTops = {"9", "9", "9", "9"}; // without effect
@@ -70,7 +69,7 @@ QString TextOf(std::string_view text) {
 }
 
 /// The state as the start-up and the wizard's pages leave it, and the same for the reader.
-QJsonObject FillState(wizard::AppState& state, platform::MemoryRegistry& registry) {
+QJsonObject FillState(state::AppState& state, memory::MemoryRegistry& registry) {
     state.SettingsKey = SettingsPath;
     registry.CreateKey(SettingsPath);
     registry.SetText(SettingsPath, "AcceptFontSizeNAW1", "8");
@@ -117,8 +116,8 @@ QJsonObject FillState(wizard::AppState& state, platform::MemoryRegistry& registr
 }
 
 /// The values of the forms, drawn once more by the same chance.
-QJsonArray DrawDocuments(const platform::Clock& clock, int count) {
-    platform::SeededRandom chance(ChanceStart);
+QJsonArray DrawDocuments(const machine::Clock& clock, int count) {
+    machine::SeededRandom chance(ChanceStart);
     testdata::DrawState draw;
     testdata::TestDocument document;
     QJsonArray documents;
@@ -150,20 +149,20 @@ int main(int argc, char** argv) {
     const QString folder = QString::fromLocal8Bit(argv[1]);
     const int count = static_cast<int>(std::strtol(argv[5], nullptr, 10));
 
-    platform::MemoryPlatform memory;
+    memory::MemoryPlatform memory;
     memory.clock.Set(Moment);
-    platform::SeededRandom chance(ChanceStart);
-    platform::qt::QtPrinters printers(
-        std::make_unique<platform::qt::PdfPrinter>(
-            [&folder](const QString&) { return folder + "/forms.pdf"; }, folder + "/settings.conf"),
-        [] { return platform::qt::FoundQueues{}; });
-    platform::qt::QtPrinter printer(printers,
-                                    [](const std::string& text) { std::fputs(text.c_str(), stderr); });
-    platform::Platform services{memory.desktop, memory.registry,         memory.locale, memory.clock,
-                                chance,         memory.spooler,          printers,      printer,
-                                memory.bitmaps, memory.desktop.Windows()};
+    machine::SeededRandom chance(ChanceStart);
+    desktop::qt::QtPrinters printers(
+        std::make_unique<desktop::qt::PdfPrinter>([&folder](const QString&) { return folder + "/forms.pdf"; },
+                                                  folder + "/settings.conf"),
+        [] { return desktop::cups::FoundQueues{}; });
+    desktop::qt::QtPrinter printer(printers,
+                                   [](const std::string& text) { std::fputs(text.c_str(), stderr); });
+    machine::Platform services{memory.desktop, memory.registry,         memory.locale, memory.clock,
+                               chance,         memory.spooler,          printers,      printer,
+                               memory.bitmaps, memory.desktop.Windows()};
 
-    wizard::AppState state;
+    state::AppState state;
     QJsonObject record = FillState(state, memory.registry);
     state.AcceptgiroType = static_cast<std::int16_t>(std::strtol(argv[2], nullptr, 10));
     state.GMUContractVorm = static_cast<std::int16_t>(std::strtol(argv[3], nullptr, 10));

@@ -15,19 +15,12 @@
 // ppd, pwg, width, height, left, top, right and bottom margin in millimetres), "bins" (id, name, option, ppd,
 // pwg), "default" (paper, bin, orientation) and "job": the paper, the bin and all options of the job.
 // The end is 0, or 1 with a word on the standard error where the queue or the choice is not there.
-#include "base/RuntimeError.h"
-#include "desktop/cups/CupsChoice.h"
-#include "desktop/cups/CupsQueue.h"
-#include "desktop/cups/OptionLine.h"
-#include "desktop/qt/QtPrinters.h"
-
 #include <QCommandLineParser>
 #include <QCoreApplication>
 #include <QFile>
 #include <QJsonArray>
 #include <QJsonDocument>
 #include <QJsonObject>
-
 #include <algorithm>
 #include <clocale>
 #include <cstdio>
@@ -37,9 +30,15 @@
 #include <stdexcept>
 #include <string>
 
+#include "base/RuntimeError.h"
+#include "desktop/cups/CupsChoice.h"
+#include "desktop/cups/CupsQueue.h"
+#include "desktop/cups/OptionLine.h"
+#include "desktop/qt/QtPrinters.h"
+
 namespace {
 
-using namespace platform::qt;
+using namespace desktop::qt;
 
 QString Text(const std::string& text) {
     return QString::fromStdString(text);
@@ -49,7 +48,7 @@ double Millimetres(double twips) {
     return twips / 1440 * 25.4;
 }
 
-QJsonObject Json(const Paper& paper) {
+QJsonObject Json(const desktop::cups::Paper& paper) {
     return {{"id", paper.Id},
             {"name", Text(paper.Name)},
             {"ppd", Text(paper.PpdSize)},
@@ -63,7 +62,7 @@ QJsonObject Json(const Paper& paper) {
             {"standIn", paper.StandIn}};
 }
 
-QJsonObject Json(const Bin& bin) {
+QJsonObject Json(const desktop::cups::Bin& bin) {
     return {{"id", bin.Id},
             {"name", Text(bin.Name)},
             {"option", Text(bin.PpdOption)},
@@ -72,7 +71,7 @@ QJsonObject Json(const Bin& bin) {
             {"standIn", bin.StandIn}};
 }
 
-QJsonObject Json(const CupsOptions& options) {
+QJsonObject Json(const desktop::cups::CupsOptions& options) {
     QJsonObject json;
     for (const auto& [name, value] : options) {
         json[Text(name)] = Text(value);
@@ -89,10 +88,10 @@ QJsonArray JsonList(const std::vector<Item>& items) {
     return list;
 }
 
-bool Is(const Paper& paper, const std::string& word) {
+bool Is(const desktop::cups::Paper& paper, const std::string& word) {
     return paper.Name == word || paper.PpdSize == word || paper.PwgMedia == word;
 }
-bool Is(const Bin& bin, const std::string& word) {
+bool Is(const desktop::cups::Bin& bin, const std::string& word) {
     return bin.Name == word || bin.PpdSlot == word || bin.PwgSource == word;
 }
 
@@ -119,9 +118,10 @@ struct Wanted {
 };
 
 /// What is the same for a PPD and for a queue of a server.
-QJsonObject Describe(const std::vector<Paper>& papers, const std::vector<Bin>& bins,
-                     const QueueSettings& settings, const Paper& paper, const Bin& bin,
-                     const CupsOptions& job) {
+QJsonObject Describe(const std::vector<desktop::cups::Paper>& papers,
+                     const std::vector<desktop::cups::Bin>& bins,
+                     const desktop::cups::QueueSettings& settings, const desktop::cups::Paper& paper,
+                     const desktop::cups::Bin& bin, const desktop::cups::CupsOptions& job) {
     return {{"papers", JsonList(papers)},
             {"bins", JsonList(bins)},
             {"default", QJsonObject{{"paper", settings.PaperId},
@@ -131,21 +131,21 @@ QJsonObject Describe(const std::vector<Paper>& papers, const std::vector<Bin>& b
 }
 
 QJsonObject ByPpd(const QString& file, const QString& own, const Wanted& wanted) {
-    const std::unique_ptr<ipp_t, FreeIpp> noAttributes(ippNew());
-    CupsMedia media = MediaOfQueue(noAttributes.get(), file.toStdString());
-    const CupsOptions options = OptionsOf("Dest queue " + own.toUtf8());
-    OfferOwnSheet(media, OwnSizeIn(options));
-    QueueSettings settings{Portrait, media.DefaultPaper, media.DefaultBin, 1};
-    if (const Paper* paper = PaperIn(media, options)) {
+    const std::unique_ptr<ipp_t, desktop::cups::FreeIpp> noAttributes(ippNew());
+    desktop::cups::CupsMedia media = desktop::cups::MediaOfQueue(noAttributes.get(), file.toStdString());
+    const desktop::cups::CupsOptions options = desktop::cups::OptionsOf("Dest queue " + own.toUtf8());
+    desktop::cups::OfferOwnSheet(media, desktop::cups::OwnSizeIn(options));
+    desktop::cups::QueueSettings settings{desktop::cups::Portrait, media.DefaultPaper, media.DefaultBin, 1};
+    if (const desktop::cups::Paper* paper = desktop::cups::PaperIn(media, options)) {
         settings.PaperId = paper->Id;
     }
-    if (const Bin* bin = BinIn(media, options)) {
+    if (const desktop::cups::Bin* bin = desktop::cups::BinIn(media, options)) {
         settings.BinId = bin->Id;
     }
-    const Paper& paper = Choose(media.Papers, wanted.Paper, settings.PaperId);
-    const Bin& bin = Choose(media.Bins, wanted.Bin, settings.BinId);
+    const desktop::cups::Paper& paper = Choose(media.Papers, wanted.Paper, settings.PaperId);
+    const desktop::cups::Bin& bin = Choose(media.Bins, wanted.Bin, settings.BinId);
     return Describe(media.Papers, media.Bins, settings, paper, bin,
-                    JobOptions(media, options, {}, paper, &bin));
+                    desktop::cups::JobOptions(media, options, {}, paper, &bin));
 }
 
 /// Answers at once, so that the end of the program tells which file it could not read.
@@ -160,28 +160,30 @@ void ByPpds() {
     }
 }
 
-void Send(PrintQueue& queue, const Paper& paper, const Bin& bin, const QString& file, const QString& title) {
+void Send(desktop::cups::PrintQueue& queue, const desktop::cups::Paper& paper, const desktop::cups::Bin& bin,
+          const QString& file, const QString& title) {
     QFile document(file);
     if (!document.open(QIODevice::ReadOnly)) {
         throw std::runtime_error("cannot read " + file.toStdString());
     }
-    const std::unique_ptr<PrintJob> job = queue.BeginJob(title.toStdString(), paper, &bin);
+    const std::unique_ptr<desktop::cups::PrintJob> job = queue.BeginJob(title.toStdString(), paper, &bin);
     job->Output()->write(document.readAll());
     job->Finish();
 }
 
 QJsonObject ByQueue(QtPrinters& printers, const QString& name, const QCommandLineParser& line,
                     const Wanted& wanted) {
-    PrintQueue* const queue = printers.Find(name.toStdString());
+    desktop::cups::PrintQueue* const queue = printers.Find(name.toStdString());
     if (queue == nullptr || !queue->Reachable()) {
         throw std::runtime_error("no such queue: " + name.toStdString());
     }
-    const QueueSettings settings = queue->ReadSettings();
-    const Paper& paper = Choose(queue->Papers(), wanted.Paper, settings.PaperId);
-    const Bin& bin = Choose(queue->Bins(), wanted.Bin, settings.BinId);
-    const auto* const cups = dynamic_cast<CupsQueue*>(queue);
-    QJsonObject json = Describe(queue->Papers(), queue->Bins(), settings, paper, bin,
-                                cups == nullptr ? CupsOptions() : cups->OptionsFor(paper, &bin));
+    const desktop::cups::QueueSettings settings = queue->ReadSettings();
+    const desktop::cups::Paper& paper = Choose(queue->Papers(), wanted.Paper, settings.PaperId);
+    const desktop::cups::Bin& bin = Choose(queue->Bins(), wanted.Bin, settings.BinId);
+    const auto* const cups = dynamic_cast<desktop::cups::CupsQueue*>(queue);
+    QJsonObject json =
+        Describe(queue->Papers(), queue->Bins(), settings, paper, bin,
+                 cups == nullptr ? desktop::cups::CupsOptions() : cups->OptionsFor(paper, &bin));
     json["trouble"] = Text(queue->Trouble());
     if (line.isSet("print")) {
         Send(*queue, paper, bin, line.value("print"), line.value("title"));

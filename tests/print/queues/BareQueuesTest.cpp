@@ -1,7 +1,7 @@
 // Queues that tell no bins, or nothing of what they have.
-#include "print/queues/QueuesFixture.h"
-
 #include <gmock/gmock.h>
+
+#include "print/queues/QueuesFixture.h"
 
 namespace {
 
@@ -31,10 +31,10 @@ class BareQueuesTest : public QueuesTest {
     }
 
     std::uint32_t Fields(const std::string& queue) {
-        platform::PrinterHandle handle = 0;
+        machine::PrinterHandle handle = 0;
         EXPECT_TRUE(Program->Spooler.OpenPrinterA(queue, handle, {}));
-        platform::DEVMODE mode{};
-        Program->Spooler.DocumentPropertiesA(handle, queue, &mode, nullptr, platform::DM_OUT_BUFFER);
+        machine::DEVMODE mode{};
+        Program->Spooler.DocumentPropertiesA(handle, queue, &mode, nullptr, machine::DM_OUT_BUFFER);
         Program->Spooler.ClosePrinter(handle);
         return mode.dmFields;
     }
@@ -62,8 +62,8 @@ TEST_F(BareQueuesTest, ARawQueueHasItsDefaultSheetAndIsToldNoPaper) {
 TEST_F(BareQueuesTest, OfferNothingThatCouldBeStored) {
     StartProgram();
     EXPECT_EQ(Fields(OneTray.Name.toStdString()),
-              static_cast<std::uint32_t>(platform::DM_ORIENTATION | platform::DM_PAPERSIZE));
-    EXPECT_EQ(Fields(Raw.Name.toStdString()), static_cast<std::uint32_t>(platform::DM_ORIENTATION));
+              static_cast<std::uint32_t>(machine::DM_ORIENTATION | machine::DM_PAPERSIZE));
+    EXPECT_EQ(Fields(Raw.Name.toStdString()), static_cast<std::uint32_t>(machine::DM_ORIENTATION));
 }
 
 } // namespace

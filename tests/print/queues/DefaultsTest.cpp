@@ -1,13 +1,12 @@
 // The user's own defaults of the queues, which a run reads and never writes.
-#include "print/queues/QueuesFixture.h"
-
 #include <QFileInfo>
 #include <QProcess>
+#include <csignal>
+#include <cstring>
 
 #include <gmock/gmock.h>
 
-#include <csignal>
-#include <cstring>
+#include "print/queues/QueuesFixture.h"
 
 namespace {
 

@@ -1,12 +1,12 @@
 // The three documents on real queues, as they come out at the printer.
-#include "desktop/cups/PaperTable.h"
-#include "unit/desktop/qt/printing/PdfReader.h"
-#include "print/queues/DrawAgain.h"
-#include "print/queues/QueuesFixture.h"
+#include <map>
 
 #include <gmock/gmock.h>
 
-#include <map>
+#include "desktop/cups/PaperTable.h"
+#include "print/queues/DrawAgain.h"
+#include "print/queues/QueuesFixture.h"
+#include "unit/desktop/qt/printing/PdfReader.h"
 
 namespace {
 
@@ -75,7 +75,7 @@ TEST_P(DocumentsTest, ArriveAsDrawnOnTheChosenPaperFromTheChosenTray) {
             EXPECT_EQ(job->Options[name].toStdString(), value.toStdString()) << name.toStdString();
         }
         const QString drawn = Server.Folder() + "/drawn.pdf";
-        DrawAgain(Program->Printer.LastDocument(), platform::qt::PaperLegal, drawn);
+        DrawAgain(Program->Printer.LastDocument(), desktop::cups::PaperLegal, drawn);
         ExpectSameWords(job->File, drawn);
     }
     EXPECT_EQ(pdf::Info(Server.Job(1)->File, "Pages"), "3"); // seven forms, three on a sheet

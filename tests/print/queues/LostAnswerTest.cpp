@@ -1,8 +1,8 @@
 // A print server that is lost while it has the document.
+#include <gmock/gmock.h>
+
 #include "print/queues/QueuesFixture.h"
 #include "print/queues/SlowServer.h"
-
-#include <gmock/gmock.h>
 
 namespace {
 

@@ -1,19 +1,18 @@
 #pragma once
 
-#include "unit/desktop/qt/Window.h"
-#include "unit/desktop/cups/PrintServer.h"
-#include "print/queues/RealProgram.h"
-
 #include <QFile>
-
-#include <gtest/gtest.h>
-
 #include <algorithm>
 #include <functional>
 #include <iterator>
 #include <memory>
 #include <string>
 #include <vector>
+
+#include <gtest/gtest.h>
+
+#include "print/queues/RealProgram.h"
+#include "unit/desktop/cups/PrintServer.h"
+#include "unit/desktop/qt/Window.h"
 
 /// A user's machine: a print server with three queues, the main application's settings, and the program.
 class QueuesTest : public testing::Test {

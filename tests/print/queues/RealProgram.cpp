@@ -1,11 +1,11 @@
 #include "print/queues/RealProgram.h"
 
-#include "unit/desktop/qt/Window.h"
-
 #include <QListWidget>
 #include <QTest>
 
 #include <gtest/gtest.h>
+
+#include "unit/desktop/qt/Window.h"
 
 namespace {
 

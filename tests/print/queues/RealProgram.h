@@ -1,22 +1,22 @@
 #pragma once
 
-#include "machine/Platform.h"
-#include "desktop/regfile/RegFileStore.h"
-#include "machine/SeededRandom.h"
-#include "forms/Session.h"
-#include "desktop/cups/CupsSpooler.h"
+#include <functional>
+#include <string>
+
+#include "desktop/qt/CupsSpooler.h"
 #include "desktop/qt/QtBitmaps.h"
 #include "desktop/qt/QtClock.h"
 #include "desktop/qt/QtDesktop.h"
 #include "desktop/qt/QtLocale.h"
 #include "desktop/qt/QtPrinters.h"
-#include "printmanager/frmPrintManager.h"
+#include "desktop/regfile/RegFileStore.h"
+#include "forms/Session.h"
+#include "machine/Platform.h"
+#include "machine/SeededRandom.h"
 #include "print/queues/TeePrinter.h"
+#include "printmanager/frmPrintManager.h"
 #include "state/AppState.h"
 #include "wizard/frmMain.h"
-
-#include <functional>
-#include <string>
 
 /// The program of the Linux desktop, with all that it works with on a user's machine; what it draws on paper
 /// is kept beside.
@@ -43,20 +43,20 @@ class RealProgram {
     /// Picks a document and prints it; the manager is closed behind it.
     void Print(int row);
 
-    platform::qt::QtDesktop Desktop;
-    platform::RegFileStore Registry{platform::DefaultSettingsPath()};
-    platform::qt::QtLocale Locale;
-    platform::qt::QtClock Clock;
-    platform::SeededRandom Random;
-    platform::qt::QtPrinters Printers;
+    desktop::qt::QtDesktop Desktop;
+    desktop::regfile::RegFileStore Registry{desktop::regfile::DefaultSettingsPath()};
+    desktop::qt::QtLocale Locale;
+    desktop::qt::QtClock Clock;
+    machine::SeededRandom Random;
+    desktop::qt::QtPrinters Printers;
     TeePrinter Printer{Printers, [this](const std::string& text) {
-                           Desktop.MsgBox(text, platform::MessageIcon::Critical, "Afdrukken");
+                           Desktop.MsgBox(text, forms::MessageIcon::Critical, "Afdrukken");
                        }};
-    platform::qt::CupsSpooler Spooler{Printers};
-    platform::qt::QtBitmaps Bitmaps;
-    platform::Platform Services{Desktop, Registry, Locale,  Clock,   Random,
-                                Spooler, Printers, Printer, Bitmaps, Desktop.Windows()};
-    wizard::AppState State;
+    desktop::qt::CupsSpooler Spooler{Printers};
+    desktop::qt::QtBitmaps Bitmaps;
+    machine::Platform Services{Desktop, Registry, Locale,  Clock,   Random,
+                               Spooler, Printers, Printer, Bitmaps, Desktop.Windows()};
+    state::AppState State;
     forms::Session Session{Desktop};
     wizard::frmMain Form{Session, Services, State};
 };

@@ -1,11 +1,11 @@
 // A print server that is down, refuses or changes under the program's hands.
-#include "desktop/cups/PaperTable.h"
-#include "unit/desktop/qt/printing/PdfReader.h"
-#include "print/queues/DrawAgain.h"
-#include "print/queues/QueuesFixture.h"
-
 #include <cups/cups.h>
 #include <gmock/gmock.h>
+
+#include "desktop/cups/PaperTable.h"
+#include "print/queues/DrawAgain.h"
+#include "print/queues/QueuesFixture.h"
+#include "unit/desktop/qt/printing/PdfReader.h"
 
 namespace {
 
@@ -122,7 +122,7 @@ TEST_F(ServerTest, DownWhenTheDetailsAreAskedAndBackForThePrintGivesTheDriversDe
 TEST_F(ServerTest, OneFailedOpenBehindTheListsCostsNeitherTheDocumentNorTheChoice) {
     OpenFirst([&] {
         Server.Stop();
-        platform::PrinterHandle handle = 0;
+        machine::PrinterHandle handle = 0;
         EXPECT_FALSE(Program->Printers.Find("Kantoor")->ReachableNow());
         EXPECT_FALSE(Program->Spooler.OpenPrinterA("Kantoor", handle, {}));
         Server.Start();
@@ -198,7 +198,7 @@ TEST_F(ServerTest, APrinterWithoutPaperShowsNoStatusAndPrintsWhenThereIsPaper) {
         Program->Print(NameList);
     });
     const auto status = [&] {
-        platform::qt::PrintQueue* queue = Program->Printers.Find("Leeg");
+        desktop::cups::PrintQueue* queue = Program->Printers.Find("Leeg");
         EXPECT_TRUE(queue->ReachableNow());
         return queue->Status();
     };
@@ -219,7 +219,7 @@ TEST_F(ServerTest, APrinterWithoutPaperShowsNoStatusAndPrintsWhenThereIsPaper) {
     EXPECT_EQ(job->Title, "Namenlijst");
     EXPECT_EQ(job->Options["InputSlot"], "Upper");
     const QString drawn = Server.Folder() + "/drawn.pdf";
-    DrawAgain(Program->Printer.LastDocument(), platform::qt::PaperA4, drawn);
+    DrawAgain(Program->Printer.LastDocument(), desktop::cups::PaperA4, drawn);
     EXPECT_EQ(pdf::Text(job->File), pdf::Text(drawn));
     EXPECT_TRUE(window::WaitFor([&] { return status() == 0; }));
     EXPECT_THAT(Messages(), IsEmpty());

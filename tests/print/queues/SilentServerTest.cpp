@@ -1,11 +1,11 @@
 // A print server that takes requests and does not answer.
-#include "desktop/cups/CupsServer.h"
-#include "print/queues/QueuesFixture.h"
-#include "print/queues/SlowServer.h"
+#include <chrono>
 
 #include <gmock/gmock.h>
 
-#include <chrono>
+#include "desktop/cups/CupsServer.h"
+#include "print/queues/QueuesFixture.h"
+#include "print/queues/SlowServer.h"
 
 namespace {
 
@@ -19,7 +19,7 @@ class Silence : public SlowServer {
   public:
     explicit Silence(const PrintServer& server)
         : SlowServer(server.Folder() + "/cups.sock",
-                     platform::qt::CupsServer::Patience + std::chrono::seconds(1)) {}
+                     desktop::cups::CupsServer::Patience + std::chrono::seconds(1)) {}
 };
 
 class SilentServerTest : public QueuesTest {

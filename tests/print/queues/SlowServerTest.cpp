@@ -1,8 +1,9 @@
 // A print server that works, but takes its time for each answer.
 #include "print/queues/SlowServer.h"
-#include "print/queues/QueuesFixture.h"
 
 #include <gmock/gmock.h>
+
+#include "print/queues/QueuesFixture.h"
 
 namespace {
 

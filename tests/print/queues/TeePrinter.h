@@ -1,22 +1,22 @@
 #pragma once
 
-#include "machine/Printer.h"
-#include "desktop/qt/QtPrinter.h"
-
 #include <functional>
 #include <string>
 #include <utility>
 #include <vector>
 
+#include "desktop/qt/QtPrinter.h"
+#include "machine/Printer.h"
+
 /// The program's printer, with a record of what is drawn on it.
-class TeePrinter final : public platform::Printer, private platform::Canvas {
+class TeePrinter final : public machine::Printer, private machine::Canvas {
   public:
-    TeePrinter(platform::qt::QtPrinters& printers, platform::PrintFailureTeller teller)
+    TeePrinter(desktop::qt::QtPrinters& printers, machine::PrintFailureTeller teller)
         : printer_(printers, std::move(teller)) {
         Drawing = printer_.Drawing;
     }
 
-    using Call = std::function<void(platform::Canvas&)>;
+    using Call = std::function<void(machine::Canvas&)>;
     /// The calls of the last document, its end included.
     const std::vector<Call>& LastDocument() const { return last_; }
     /// Runs before a document's first output.
@@ -47,13 +47,13 @@ class TeePrinter final : public platform::Printer, private platform::Canvas {
         current_.clear();
         printer_.Abandon();
     }
-    platform::Canvas& Page() override { return *this; }
+    machine::Canvas& Page() override { return *this; }
 
   private:
-    platform::TextSize MeasureText(std::string_view text, const platform::FontSpec& font) override {
+    machine::TextSize MeasureText(std::string_view text, const machine::FontSpec& font) override {
         return printer_.Page().MeasureText(text, font);
     }
-    void DrawText(double x, double y, std::string_view text, const platform::FontSpec& font) override {
+    void DrawText(double x, double y, std::string_view text, const machine::FontSpec& font) override {
         Do([x, y, text = std::string(text), font](Canvas& page) { page.DrawText(x, y, text, font); });
     }
     void DrawLine(double x1, double y1, double x2, double y2, std::int32_t colour) override {
@@ -77,7 +77,7 @@ class TeePrinter final : public platform::Printer, private platform::Canvas {
         call(printer_.Page());
     }
 
-    platform::qt::QtPrinter printer_;
+    desktop::qt::QtPrinter printer_;
     std::vector<Call> current_;
     std::vector<Call> last_;
 };

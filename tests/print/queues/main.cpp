@@ -1,15 +1,14 @@
-#include "desktop/qt/EndSignals.h"
-#include "desktop/qt/QtPlatform.h"
-#include "unit/desktop/qt/Window.h"
-#include "unit/desktop/cups/PrintServer.h"
-#include "print/queues/RealProgram.h"
-
 #include <QEventLoop>
+#include <cstdlib>
+#include <cstring>
 
 #include <gtest/gtest.h>
 
-#include <cstdlib>
-#include <cstring>
+#include "desktop/qt/EndSignals.h"
+#include "desktop/qt/QtPlatform.h"
+#include "print/queues/RealProgram.h"
+#include "unit/desktop/cups/PrintServer.h"
+#include "unit/desktop/qt/Window.h"
 
 namespace {
 
@@ -17,7 +16,7 @@ namespace {
 void PrintAndWait() {
     const window::MessageBoxes boxes;
     RealProgram program;
-    const platform::qt::EndSignals ending([] { QCoreApplication::exit(); }, [] { return true; });
+    const desktop::qt::EndSignals ending([] { QCoreApplication::exit(); }, [] { return true; });
     program.GoToTheLastPage();
     program.OpenManager([&] {
         program.OpenDetails();
@@ -40,7 +39,7 @@ int main(int argc, char** argv) {
         PrintServer::PrepareEnvironment();
     }
     testing::InitGoogleTest(&argc, argv);
-    const platform::qt::DutchApplication application(argc, argv);
+    const desktop::qt::DutchApplication application(argc, argv);
     if (isHelper) {
         PrintAndWait();
         return 0;

@@ -12,7 +12,6 @@
 #include <QTest>
 #include <QTimer>
 #include <QUrl>
-
 #include <cstdio>
 #include <utility>
 

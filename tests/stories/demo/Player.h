@@ -3,7 +3,6 @@
 #include <QObject>
 #include <QString>
 #include <QWidget>
-
 #include <deque>
 #include <functional>
 #include <string>

@@ -6,15 +6,14 @@
 #include <QFile>
 #include <QStringList>
 #include <QTemporaryDir>
-
 #include <cmath>
 #include <cstdio>
 #include <cstdlib>
 
 #include "Palettes.h"
 #include "Player.h"
-#include "forms/Session.h"
 #include "desktop/qt/QtPlatform.h"
+#include "forms/Session.h"
 #include "printmanager/frmPrintManager.h"
 #include "printmanager/frmPrintManagerSetup.h"
 #include "state/AppState.h"
@@ -247,9 +246,9 @@ int main(int argc, char** argv) {
     qputenv("CUPS_SERVER", "localhost:1");
     qputenv("QT_SCALE_FACTOR", QByteArray::number(desktop.Density));
 
-    platform::qt::QtPlatform platform(argc, argv);
+    desktop::qt::QtPlatform platform(argc, argv);
     ShowAs(desktop);
-    wizard::AppState state;
+    state::AppState state;
     forms::Session session(platform.Services().Desktop);
     wizard::frmMain form(session, platform.Services(), state);
 

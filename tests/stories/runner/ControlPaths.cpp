@@ -2,7 +2,6 @@
 
 #include "Paths.h"
 #include "ScriptError.h"
-#include "forms/cmdButtonXP.h"
 #include "forms/CheckBox.h"
 #include "forms/ChoiceControl.h"
 #include "forms/CommandButton.h"
@@ -18,13 +17,14 @@
 #include "forms/Timer.h"
 #include "forms/Toolbar.h"
 #include "forms/UpDown.h"
+#include "forms/cmdButtonXP.h"
 
 namespace scenario {
 
 namespace {
 
 using namespace forms;
-using platform::cmdButtonXP;
+using forms::cmdButtonXP;
 
 template <class Kind>
 struct Property {

@@ -10,16 +10,15 @@
 #include <variant>
 #include <vector>
 
-#include "base/Boolean.h"
-
 #include "Json.h"
 #include "ScriptError.h"
 #include "Target.h"
+#include "base/Boolean.h"
 
 template <>
-struct nlohmann::adl_serializer<platform::Boolean> {
+struct nlohmann::adl_serializer<base::Boolean> {
     template <class Any>
-    static void to_json(Any& json, const platform::Boolean& flag) {
+    static void to_json(Any& json, const base::Boolean& flag) {
         json = static_cast<bool>(flag);
     }
 };
@@ -28,7 +27,7 @@ struct nlohmann::adl_serializer<platform::Boolean> {
 namespace scenario {
 
 template <class Record>
-using Member = std::variant<platform::Boolean Record::*, std::int16_t Record::*, std::int32_t Record::*,
+using Member = std::variant<base::Boolean Record::*, std::int16_t Record::*, std::int32_t Record::*,
                             std::string Record::*, std::array<std::string, 4> Record::*,
                             std::array<std::string, 5> Record::*, std::array<std::string, 11> Record::*,
                             std::vector<std::int16_t> Record::*>;
@@ -43,12 +42,12 @@ struct Field {
 
 template <class Value>
 inline constexpr bool IsList = !std::is_arithmetic_v<Value> && !std::is_same_v<Value, std::string> &&
-                               !std::is_same_v<Value, platform::Boolean>;
+                               !std::is_same_v<Value, base::Boolean>;
 
 /// ScriptError if the JSON is of another kind, or does not fit.
 template <class Value>
 void Assign(Value& to, const Json& json) {
-    if constexpr (std::is_same_v<Value, bool> || std::is_same_v<Value, platform::Boolean>) {
+    if constexpr (std::is_same_v<Value, bool> || std::is_same_v<Value, base::Boolean>) {
         if (json.is_boolean()) {
             to = json.get<bool>();
             return;

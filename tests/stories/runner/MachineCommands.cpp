@@ -37,7 +37,7 @@ void NoKey(World& world, CommandLine& /*line*/) {
 }
 
 void Printer(World& world, CommandLine& line) {
-    platform::PrintQueue queue;
+    memory::PrintQueue queue;
     queue.Name = line.Word("name");
     if (world.memory.printers.Find(queue.Name) != nullptr) {
         throw ScriptError("the printer is installed: " + queue.Name);
@@ -63,13 +63,13 @@ void Clock(World& world, CommandLine& line) {
     if (!fits) {
         throw ScriptError("no moment: " + text);
     }
-    const platform::DateTime moment{Part(text, 0, 4),
-                                    Part(text, 5, 2),
-                                    Part(text, 8, 2),
-                                    Part(text, 11, 2),
-                                    Part(text, 14, 2),
-                                    Part(text, 17, 2),
-                                    0};
+    const machine::DateTime moment{Part(text, 0, 4),
+                                   Part(text, 5, 2),
+                                   Part(text, 8, 2),
+                                   Part(text, 11, 2),
+                                   Part(text, 14, 2),
+                                   Part(text, 17, 2),
+                                   0};
     if (moment.Month < 1 || moment.Month > 12 || moment.Day < 1 || moment.Day > 31 || moment.Hour > 23 ||
         moment.Minute > 59 || moment.Second > 59) {
         throw ScriptError("no moment: " + text);

@@ -6,8 +6,8 @@ namespace scenario {
 
 namespace {
 
-using platform::MemoryPrinter;
-using platform::PrintQueue;
+using memory::MemoryPrinter;
+using memory::PrintQueue;
 
 struct PrinterProperty {
     std::string_view Name;
@@ -73,7 +73,7 @@ Json PrinterValue(World& world, const std::string& property) {
         }
         try {
             return known.Get(world.memory.printer);
-        } catch (const platform::RuntimeError&) { // a machine without a printer
+        } catch (const base::RuntimeError&) { // a machine without a printer
             return nullptr;
         }
     }

@@ -12,7 +12,7 @@ namespace scenario {
 
 namespace {
 
-using platform::PrintQueue;
+using memory::PrintQueue;
 
 /// Decimal, or hexadecimal behind "0x"; up to `most`.
 std::uint32_t Unsigned(std::string_view text, std::uint32_t most) {
@@ -51,7 +51,7 @@ std::vector<std::string_view> Split(std::string_view text, char mark, std::size_
 }
 
 /// Two whole numbers with a mark between.
-platform::Dots Pair(std::string_view text, char mark) {
+memory::Dots Pair(std::string_view text, char mark) {
     const auto parts = Split(text, mark, 2);
     if (parts.size() != 2) {
         throw ScriptError("no pair of numbers: " + std::string(text));
@@ -62,8 +62,8 @@ platform::Dots Pair(std::string_view text, char mark) {
 constexpr std::size_t NoLimit = std::numeric_limits<std::size_t>::max();
 
 /// "9:2100x2970:A4;5:2159x3556:Legal"; empty for none.
-std::vector<platform::QueuePaper> Papers(std::string_view text) {
-    std::vector<platform::QueuePaper> papers;
+std::vector<memory::QueuePaper> Papers(std::string_view text) {
+    std::vector<memory::QueuePaper> papers;
     for (const std::string_view paper : Split(text, ';', NoLimit)) {
         if (text.empty()) {
             break;
@@ -72,15 +72,15 @@ std::vector<platform::QueuePaper> Papers(std::string_view text) {
         if (parts.size() != 3) {
             throw ScriptError("no paper: " + std::string(paper));
         }
-        const platform::Dots size = Pair(parts[1], 'x');
+        const memory::Dots size = Pair(parts[1], 'x');
         papers.push_back({Int16(parts[0]), size.X, size.Y, std::string(parts[2])});
     }
     return papers;
 }
 
 /// "15:Automatisch;1:Lade 1"; empty for none.
-std::vector<platform::QueueBin> Bins(std::string_view text) {
-    std::vector<platform::QueueBin> bins;
+std::vector<memory::QueueBin> Bins(std::string_view text) {
+    std::vector<memory::QueueBin> bins;
     for (const std::string_view bin : Split(text, ';', NoLimit)) {
         if (text.empty()) {
             break;

@@ -7,6 +7,6 @@
 namespace scenario {
 
 /// One OPTION=VALUE of a printer. ScriptError for an unknown option or a value that does not fit.
-void ApplyPrinterOption(platform::PrintQueue& queue, std::string_view option);
+void ApplyPrinterOption(memory::PrintQueue& queue, std::string_view option);
 
 } // namespace scenario

@@ -13,9 +13,9 @@ struct ValueOf {
 
 } // namespace
 
-void RecordWriter::Write(const platform::Event& event) {
+void RecordWriter::Write(const memory::Event& event) {
     Json record{{"event", event.Kind}};
-    for (const platform::EventField& field : event.Fields) {
+    for (const memory::EventField& field : event.Fields) {
         record[field.Name] = std::visit(ValueOf(), field.Value);
     }
     Write(record);

@@ -13,7 +13,7 @@ class RecordWriter {
     explicit RecordWriter(std::ostream& out) : out_(out) {}
 
     void Write(const Json& record) { out_ << LineOf(record) << '\n'; }
-    void Write(const platform::Event& event);
+    void Write(const memory::Event& event);
     /// Hands all that is written to whoever reads it.
     void Flush() { out_.flush(); }
 

@@ -3,13 +3,13 @@
 #include "Calls.h"
 #include "ScriptError.h"
 #include "World.h"
+#include "base/Numbers.h"
 #include "composition/SurfaceRules.h"
 #include "payment/Accounts.h"
 #include "payment/CheckDigits.h"
 #include "payment/Iban.h"
 #include "payment/PaymentReference.h"
 #include "payment/TextRoutines.h"
-#include "base/Numbers.h"
 #include "wizard/ToetsFilter.h"
 
 namespace scenario {
@@ -41,7 +41,7 @@ Json CallToetsFilter(World& /*world*/, Arguments& a) {
 /// Also before the start, which sets the unit of length.
 Json CallKalibreer(World& world, Arguments& a) {
     constexpr std::int16_t twipsPerCm = 567;
-    wizard::AppState state;
+    state::AppState state;
     state.TwipsPerCm = world.state.TwipsPerCm == 0 ? twipsPerCm : world.state.TwipsPerCm;
     return composition::Kalibreer(state, world.memory.locale, a.Int32(0), a.Text(1));
 }
@@ -84,9 +84,9 @@ constexpr Routine Routines[] = {
          return Json(payment::MaakBetalingskenmerk(a.Text(0), a.Text(1), a.Text(2), a.Text(3)));
      }},
     {"Kalibreer", 2, CallKalibreer},
-    {"NumericValue", 1, [](World&, Arguments& a) { return Number(platform::NumericValue(a.Text(0))); }},
-    {"Int16OfText", 1, [](World&, Arguments& a) { return Json(platform::Int16OfText(a.Text(0))); }},
-    {"Int32OfText", 1, [](World&, Arguments& a) { return Json(platform::Int32OfText(a.Text(0))); }},
+    {"NumericValue", 1, [](World&, Arguments& a) { return Number(base::NumericValue(a.Text(0))); }},
+    {"Int16OfText", 1, [](World&, Arguments& a) { return Json(base::Int16OfText(a.Text(0))); }},
+    {"Int32OfText", 1, [](World&, Arguments& a) { return Json(base::Int32OfText(a.Text(0))); }},
 };
 
 } // namespace

@@ -8,7 +8,7 @@ namespace scenario {
 
 namespace {
 
-using wizard::AppState;
+using state::AppState;
 
 constexpr Field<AppState> StateFields[] = {
     {"CurrencySymbol", &AppState::CurrencySymbol},

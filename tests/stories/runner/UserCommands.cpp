@@ -7,13 +7,13 @@
 #include "Target.h"
 #include "World.h"
 #include "base/Text.h"
-#include "forms/cmdButtonXP.h"
 #include "forms/ChoiceControl.h"
 #include "forms/MenuBar.h"
 #include "forms/ScrollBar.h"
 #include "forms/TextBox.h"
 #include "forms/Timer.h"
 #include "forms/Toolbar.h"
+#include "forms/cmdButtonXP.h"
 
 namespace scenario {
 
@@ -97,9 +97,9 @@ void Tab(World& world, CommandLine& line) {
         Ignored(world, "tab", form.Name());
         return;
     }
-    world.memory.desktop.PressKey(platform::key::Tab);
-    form.UserKey(platform::key::Tab);
-    world.memory.desktop.ReleaseKey(platform::key::Tab);
+    world.memory.desktop.PressKey(forms::key::Tab);
+    form.UserKey(forms::key::Tab);
+    world.memory.desktop.ReleaseKey(forms::key::Tab);
 }
 
 /// The characters of a text to type, in which \b is Backspace.
@@ -108,11 +108,11 @@ std::u32string Keys(std::string_view text) {
     std::u32string keys;
     while (!text.empty()) {
         if (text.starts_with(backspace)) {
-            keys += static_cast<char32_t>(platform::key::Backspace);
+            keys += static_cast<char32_t>(forms::key::Backspace);
             text.remove_prefix(backspace.size());
             continue;
         }
-        const auto [code, bytes] = platform::text::DecodeFirst(text);
+        const auto [code, bytes] = base::text::DecodeFirst(text);
         keys += code;
         text.remove_prefix(bytes);
     }
@@ -127,7 +127,7 @@ void Type(World& world, CommandLine& line) {
             return false;
         }
         if (target.Form->ActiveControl() == &box) {
-            box.UserSelect(static_cast<int>(platform::text::Length(box.Text())), 0);
+            box.UserSelect(static_cast<int>(base::text::Length(box.Text())), 0);
             for (const char32_t key : keys) {
                 box.TypeKey(key);
             }
@@ -218,7 +218,7 @@ void Mouse(World& world, CommandLine& line, const char* command, Pointer pointer
             world.memory.desktop.PointAt(pointer == Pointer::ToControl ? target.Control : nullptr);
         }
         if (target.Control->Kind() == ControlKind::FlatButton) {
-            act(static_cast<platform::cmdButtonXP&>(*target.Control));
+            act(static_cast<forms::cmdButtonXP&>(*target.Control));
         }
         return true;
     });
@@ -226,26 +226,26 @@ void Mouse(World& world, CommandLine& line, const char* command, Pointer pointer
 
 void Over(World& world, CommandLine& line) {
     Mouse(world, line, "over", Pointer::ToControl,
-          [](platform::cmdButtonXP& button) { button.UserMouseMove(); });
+          [](forms::cmdButtonXP& button) { button.UserMouseMove(); });
 }
 
 void Away(World& world, CommandLine& line) {
-    Mouse(world, line, "away", Pointer::Away, [](platform::cmdButtonXP&) {});
+    Mouse(world, line, "away", Pointer::Away, [](forms::cmdButtonXP&) {});
 }
 
 void Down(World& world, CommandLine& line) {
     Mouse(world, line, "down", Pointer::ToControl,
-          [](platform::cmdButtonXP& button) { button.UserMouseDown(); });
+          [](forms::cmdButtonXP& button) { button.UserMouseDown(); });
 }
 
 void Up(World& world, CommandLine& line) {
-    Mouse(world, line, "up", Pointer::Stays, [](platform::cmdButtonXP& button) { button.UserMouseUp(); });
+    Mouse(world, line, "up", Pointer::Stays, [](forms::cmdButtonXP& button) { button.UserMouseUp(); });
 }
 
 void Tick(World& world, CommandLine& line) {
     const Target target = TargetOf(world, line.Word("timer"));
     forms::Timer& timer = target.Control->Kind() == ControlKind::FlatButton
-                              ? static_cast<platform::cmdButtonXP&>(*target.Control).Timer
+                              ? static_cast<forms::cmdButtonXP&>(*target.Control).Timer
                               : As<forms::Timer>(target, {ControlKind::Timer}, "timer");
     const auto count = line.NextWord();
     for (int left = count ? WholeNumberOf(*count, "count") : 1; left > 0; --left) {

@@ -7,7 +7,7 @@
 namespace scenario {
 
 World::World(RecordWriter& recordWriter) : record(recordWriter) {
-    memory.recorder.Sink = [this](const platform::Event& event) { record.Write(event); };
+    memory.recorder.Sink = [this](const memory::Event& event) { record.Write(event); };
     memory.registry.CreateKey(SettingsPath);
 }
 
@@ -17,7 +17,7 @@ void World::Start() {
     if (main_ != nullptr && main_->Loaded()) {
         throw ScriptError("the program is running");
     }
-    state = wizard::AppState();
+    state = state::AppState();
     memory.printer.TakeDefault();
     main_ = std::make_unique<wizard::frmMain>(session, memory.Services(), state);
     session.Dispatch([this] { main_->Show(); });

@@ -24,9 +24,9 @@ class World {
     ~World();
 
     RecordWriter& record;
-    platform::MemoryPlatform memory;
+    memory::MemoryPlatform memory;
     forms::Session session{memory.desktop};
-    wizard::AppState state;
+    state::AppState state;
 
     /// The program's start-up. The machine keeps what an earlier run left in it.
     void Start();

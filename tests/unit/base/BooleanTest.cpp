@@ -2,7 +2,7 @@
 
 #include <gtest/gtest.h>
 
-namespace platform {
+namespace base {
 namespace {
 
 TEST(Boolean, KeepsMinusOneForTrueAndZeroForFalse) {
@@ -22,4 +22,4 @@ TEST(Boolean, ReadsAndIsAssignedAsABool) {
 }
 
 } // namespace
-} // namespace platform
+} // namespace base

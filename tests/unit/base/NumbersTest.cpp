@@ -1,14 +1,14 @@
 #include "base/Numbers.h"
 
-#include "base/RuntimeError.h"
-
-#include <gtest/gtest.h>
-
 #include <cmath>
 #include <limits>
 #include <string>
 
-namespace platform {
+#include <gtest/gtest.h>
+
+#include "base/RuntimeError.h"
+
+namespace base {
 namespace {
 
 TEST(NumericValue, TakesTheLeadingNumber) {
@@ -129,4 +129,4 @@ TEST(NumberText, StandsTheLargestAndTheSmallest) {
 }
 
 } // namespace
-} // namespace platform
+} // namespace base

@@ -1,10 +1,10 @@
 #include "base/Text.h"
 
-#include <gtest/gtest.h>
-
 #include <string>
 
-namespace platform::text {
+#include <gtest/gtest.h>
+
+namespace base::text {
 namespace {
 
 using namespace std::string_view_literals;
@@ -132,4 +132,4 @@ TEST(LongText, IsHandledWhole) {
 }
 
 } // namespace
-} // namespace platform::text
+} // namespace base::text

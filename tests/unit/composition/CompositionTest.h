@@ -8,10 +8,10 @@
 #include <gtest/gtest.h>
 
 #include "memory/MemoryPlatform.h"
+#include "state/AppState.h"
 #include "support/FakePrinter.h"
 #include "support/FakeRunHost.h"
 #include "testdata/Tables.h"
-#include "state/AppState.h"
 
 namespace composition {
 
@@ -81,20 +81,20 @@ class CompositionTest : public testing::Test {
                            [&](const support::DrawnText& drawn) { return drawn.text == text; });
     }
 
-    platform::MemoryPlatform memory;
+    memory::MemoryPlatform memory;
     support::FakePrinter printer;
     support::FakePrinters printers;
-    platform::Platform services{memory.Services().Desktop,
-                                memory.Services().Registry,
-                                memory.Services().Locale,
-                                memory.Services().Clock,
-                                memory.Services().Random,
-                                memory.Services().Spooler,
-                                printers,
-                                printer,
-                                memory.Services().Bitmaps,
-                                memory.Services().WindowProcedures};
-    wizard::AppState state;
+    machine::Platform services{memory.Services().Desktop,
+                               memory.Services().Registry,
+                               memory.Services().Locale,
+                               memory.Services().Clock,
+                               memory.Services().Random,
+                               memory.Services().Spooler,
+                               printers,
+                               printer,
+                               memory.Services().Bitmaps,
+                               memory.Services().WindowProcedures};
+    state::AppState state;
     support::FakeRunHost host{state, services};
 };
 

@@ -106,19 +106,19 @@ TEST_F(FailingStepsTest, PageBreakThatFailsIsNotTriedAgain) {
     host.count = "4";
     class BreakFails final : public PrintSurface {
       public:
-        explicit BreakFails(platform::DrawingState& drawing, platform::Canvas& canvas)
+        explicit BreakFails(machine::DrawingState& drawing, machine::Canvas& canvas)
             : PrintSurface(drawing), canvas_(canvas) {}
         void Newpage() override {
             ++breaks;
-            throw platform::RuntimeError(482, "");
+            throw base::RuntimeError(482, "");
         }
         int breaks = 0;
 
       protected:
-        platform::Canvas& Page() override { return canvas_; }
+        machine::Canvas& Page() override { return canvas_; }
 
       private:
-        platform::Canvas& canvas_;
+        machine::Canvas& canvas_;
     } surface(printer.Drawing, printer.canvas);
     host.OnCall = [&](const std::string& call) {
         if (call == "UpdatePercentage 25") {
@@ -135,7 +135,7 @@ TEST_F(FailingStepsTest, FormsAroundTheRunMayFail) {
         Restart();
         host.OnCall = [failing](const std::string& call) {
             if (call == failing) {
-                throw platform::RuntimeError(5, "");
+                throw base::RuntimeError(5, "");
             }
         };
         Print(1);
@@ -144,7 +144,7 @@ TEST_F(FailingStepsTest, FormsAroundTheRunMayFail) {
     for (const char* failing : {"OpenPreview 0", "ShowPreview", "OpenPreview 1"}) {
         host.OnCall = [failing](const std::string& call) {
             if (call == failing) {
-                throw platform::RuntimeError(5, "");
+                throw base::RuntimeError(5, "");
             }
         };
         Afdrukken(state, services, host, 1, 1, true);

@@ -5,8 +5,8 @@
 
 namespace composition {
 
-using platform::MessageIcon;
-using platform::ShownMessage;
+using forms::MessageIcon;
+using memory::ShownMessage;
 using testing::ElementsAre;
 using testing::IsEmpty;
 
@@ -88,7 +88,7 @@ TEST_F(OpenPrinterTest, TellsEachFailingStep) {
     printers.failure = 482;
     printer.failures = {
         {"DeviceName", {482, ""}}, {"ScaleLeft", {380, ""}}, {"ScaleTop", {51, "Internal error"}}};
-    memory.desktop.OnYield = [] { throw platform::RuntimeError(380, ""); };
+    memory.desktop.OnYield = [] { throw base::RuntimeError(380, ""); };
     Open();
     EXPECT_THAT(Messages(), ElementsAre(ShownMessage{notFound + "1", MessageIcon::Exclamation, title},
                                         ShownMessage{notFound + "2", MessageIcon::Exclamation, title},

@@ -250,7 +250,7 @@ TEST_F(PrintFormulierTest, EachPlaceHasItsOwnCalibration) {
 
 TEST_F(PrintFormulierTest, PlaceWithoutSettingsIsAnError) {
     for (const std::int16_t positie : Numbers{-1, 0, 6}) {
-        EXPECT_THROW(Draw({}, positie), platform::RuntimeError);
+        EXPECT_THROW(Draw({}, positie), base::RuntimeError);
     }
 }
 

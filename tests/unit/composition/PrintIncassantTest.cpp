@@ -47,7 +47,7 @@ TEST_F(PrintIncassantTest, WholeBlock) {
     ExpectDrawn(Account, 2, Cm(6.5), Cm(6.5), 9, false);
     ExpectDrawn(Name, 2, Cm(6.5), Cm(6.5) + 1.3 * acceptLine, 7, true);
     ExpectDrawn(Address, 1, Cm(6.5), Cm(6.5) + 2.3 * acceptLine, 7, true);
-    EXPECT_EQ(printer.Drawing.Font, (platform::FontSpec{"Tahoma", 7, false}));
+    EXPECT_EQ(printer.Drawing.Font, (machine::FontSpec{"Tahoma", 7, false}));
 }
 
 TEST_F(PrintIncassantTest, WideStubMovesTheAcceptPartOneCentimetre) {

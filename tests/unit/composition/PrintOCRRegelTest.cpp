@@ -46,7 +46,7 @@ TEST_F(PrintOCRRegelTest, ReferenceAndLine) {
     ExpectDrawn("ABNANL2A+", Cm(11.82), y, OcrFont, 12);
     ExpectDrawn("NL13ABNA0500000018+", Cm(14.37), y, OcrFont, 12);
     ExpectDrawn("17>", Cm(19.48), y, OcrFont, 12);
-    EXPECT_EQ(printer.Drawing.Font, (platform::FontSpec{"Tahoma", 7, false}));
+    EXPECT_EQ(printer.Drawing.Font, (machine::FontSpec{"Tahoma", 7, false}));
     EXPECT_EQ(state.LineHeight, 24 * 9);
 }
 
@@ -93,7 +93,7 @@ TEST_F(PrintOCRRegelTest, NothingWithoutAnOcrFont) {
         state.GMUFontName = font;
         Draw();
         EXPECT_THAT(Words(), IsEmpty());
-        EXPECT_EQ(printer.Drawing.Font, (platform::FontSpec{"Tahoma", 7, false}));
+        EXPECT_EQ(printer.Drawing.Font, (machine::FontSpec{"Tahoma", 7, false}));
     }
 }
 
@@ -186,19 +186,19 @@ TEST_F(PrintOCRRegelTest, UnderALetterTheFourthPlaceCountsAlsoForTheCaller) {
 
 TEST_F(PrintOCRRegelTest, PlaceWithoutSettingsIsAnError) {
     positie = 5; // the form has a fifth setting, the line has none
-    EXPECT_THROW(Draw(), platform::RuntimeError);
+    EXPECT_THROW(Draw(), base::RuntimeError);
     EXPECT_THAT(Words(), ElementsAre("7100 0000 1201 0326", "7100 0000", "1201 0326"));
     for (const std::int16_t none : Numbers{0, -3, 6}) {
         positie = none;
         Texts().clear();
-        EXPECT_THROW(Draw(), platform::RuntimeError);
+        EXPECT_THROW(Draw(), base::RuntimeError);
         EXPECT_THAT(Words(), IsEmpty());
     }
 }
 
 TEST_F(PrintOCRRegelTest, EurosBeyondAllNumbersAreAnError) {
     values.euro = "99999999999";
-    EXPECT_THROW(Draw(), platform::RuntimeError);
+    EXPECT_THROW(Draw(), base::RuntimeError);
     EXPECT_THAT(Words(), IsEmpty());
 }
 

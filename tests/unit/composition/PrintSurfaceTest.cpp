@@ -7,7 +7,7 @@
 
 namespace composition {
 
-using platform::RuntimeError;
+using base::RuntimeError;
 using testing::ElementsAre;
 
 class PrintSurfaceTest : public CompositionTest {

@@ -17,7 +17,7 @@ class PrinterMeasuresTest : public CompositionTest {
 };
 
 TEST_F(PrinterMeasuresTest, ReadsTheMeasures) {
-    printer.caps[platform::CapsPhysicalOffsetY] = 150;
+    printer.caps[machine::CapsPhysicalOffsetY] = 150;
     LeesPrinterMaten(state, services);
     EXPECT_EQ(state.PageWidth, 11424);
     EXPECT_EQ(state.PageHeight, 16358); // 16358.4
@@ -27,10 +27,10 @@ TEST_F(PrinterMeasuresTest, ReadsTheMeasures) {
 }
 
 TEST_F(PrinterMeasuresTest, ReadsTheOffsetsFromTheirOwnResolutions) {
-    printer.caps = {{platform::CapsLogPixelsX, 300},
-                    {platform::CapsLogPixelsY, 600},
-                    {platform::CapsPhysicalOffsetX, 30},
-                    {platform::CapsPhysicalOffsetY, 90}};
+    printer.caps = {{machine::CapsLogPixelsX, 300},
+                    {machine::CapsLogPixelsY, 600},
+                    {machine::CapsPhysicalOffsetX, 30},
+                    {machine::CapsPhysicalOffsetY, 90}};
     LeesPrinterMaten(state, services);
     EXPECT_EQ(state.PhysicalOffsetX, 140);
     EXPECT_EQ(state.PhysicalOffsetY, 210);
@@ -74,9 +74,9 @@ TEST_F(PrinterMeasuresTest, GoesOnBehindAFailingStep) {
 }
 
 TEST_F(PrinterMeasuresTest, ImpossibleMeasuresKeepTheOldValue) {
-    printer.caps[platform::CapsLogPixelsX] = 0;
-    printer.caps[platform::CapsLogPixelsY] = 0;
-    printer.caps[platform::CapsPhysicalOffsetY] = 0;
+    printer.caps[machine::CapsLogPixelsX] = 0;
+    printer.caps[machine::CapsLogPixelsY] = 0;
+    printer.caps[machine::CapsPhysicalOffsetY] = 0;
     printer.scaleWidth = 1e12;
     LeesPrinterMaten(state, services);
     EXPECT_EQ(state.PhysicalOffsetX, -1);

@@ -53,7 +53,7 @@ TEST_F(SurfaceRulesTest, LineFeedOfATextFollowsTheLocale) {
     surface.SetCurrentY(0);
     RegelVerder(state, memory.locale, "1.2");
     EXPECT_DOUBLE_EQ(surface.CurrentY(), 1.2 * 100 * 1.1);
-    EXPECT_THROW(RegelVerder(state, memory.locale, "1,2"), platform::RuntimeError);
+    EXPECT_THROW(RegelVerder(state, memory.locale, "1,2"), base::RuntimeError);
 }
 
 TEST_F(SurfaceRulesTest, RuleOfFullWidthKeepsEqualMargins) {

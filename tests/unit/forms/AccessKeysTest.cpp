@@ -1,6 +1,7 @@
+#include "forms/AccessKeys.h"
+
 #include <gtest/gtest.h>
 
-#include "forms/AccessKeys.h"
 #include "forms/AccessibleNames.h"
 #include "forms/CheckBox.h"
 #include "forms/CommandButton.h"

@@ -10,8 +10,8 @@
 namespace {
 
 using namespace forms;
-using platform::key::Enter;
-using platform::key::Escape;
+using forms::key::Enter;
+using forms::key::Escape;
 using testing::ElementsAre;
 using testing::IsEmpty;
 

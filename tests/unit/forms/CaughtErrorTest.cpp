@@ -1,11 +1,11 @@
 #include "forms/CaughtError.h"
 
-#include <gtest/gtest.h>
-
 #include <cstdint>
 #include <new>
 #include <stdexcept>
 #include <string>
+
+#include <gtest/gtest.h>
 
 #include "base/RuntimeError.h"
 #include "memory/MemoryPlatform.h"
@@ -15,9 +15,9 @@ namespace {
 /// The error that the user is told of, for an exception that no handler knows.
 template <class Exception>
 std::string Told(const Exception& exception) {
-    platform::MemoryPlatform memory;
+    memory::MemoryPlatform memory;
     std::string told = "nothing";
-    memory.recorder.Sink = [&told](const platform::Event& event) {
+    memory.recorder.Sink = [&told](const memory::Event& event) {
         if (event.Kind == "error") {
             told = event.Kind + " " + std::to_string(std::get<std::int64_t>(event.Fields[0].Value)) + " " +
                    std::get<std::string>(event.Fields[1].Value);
@@ -26,26 +26,26 @@ std::string Told(const Exception& exception) {
     try {
         throw exception;
     } catch (...) {
-        platform::TellCaught(memory.desktop);
+        forms::TellCaught(memory.desktop);
     }
     return told;
 }
 
 TEST(CaughtErrorTest, IsToldAsAnErrorOfTheMachine) {
-    EXPECT_EQ(Told(platform::RuntimeError(482, "Printer error")), "error 482 Printer error");
+    EXPECT_EQ(Told(base::RuntimeError(482, "Printer error")), "error 482 Printer error");
     EXPECT_EQ(Told(std::bad_alloc()), "error 7 Out of memory");
     EXPECT_EQ(Told(std::logic_error("onmogelijk")), "error 51 onmogelijk");
 }
 
 TEST(CaughtErrorTest, EndsTheHourglassOfWhatBrokeOff) {
-    platform::MemoryPlatform memory;
-    memory.desktop.SetMousePointer(platform::PointerHourglass);
+    memory::MemoryPlatform memory;
+    memory.desktop.SetMousePointer(forms::PointerHourglass);
     try {
         throw std::bad_alloc();
     } catch (...) {
-        platform::TellCaught(memory.desktop);
+        forms::TellCaught(memory.desktop);
     }
-    EXPECT_EQ(memory.desktop.MousePointer(), platform::PointerDefault);
+    EXPECT_EQ(memory.desktop.MousePointer(), forms::PointerDefault);
 }
 
 TEST(CaughtErrorTest, WhatIsNoErrorPassesOn) {
@@ -53,8 +53,7 @@ TEST(CaughtErrorTest, WhatIsNoErrorPassesOn) {
 }
 
 TEST(CaughtErrorTest, TextNamesNumberAndDescription) {
-    EXPECT_EQ(platform::UnhandledErrorText(platform::SubscriptOutOfRange()),
-              "Fout 9:\n\nSubscript out of range");
+    EXPECT_EQ(forms::UnhandledErrorText(base::SubscriptOutOfRange()), "Fout 9:\n\nSubscript out of range");
 }
 
 } // namespace

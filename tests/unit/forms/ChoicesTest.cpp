@@ -32,8 +32,8 @@ TEST_F(ChoicesTest, StartsWithoutASelection) {
     EXPECT_EQ(combo.ListCount(), 2);
     EXPECT_EQ(combo.List(1), "Liggend");
     EXPECT_EQ(combo.ItemData(1), 2);
-    EXPECT_THROW(combo.List(2), platform::RuntimeError);
-    EXPECT_THROW(combo.ItemData(-1), platform::RuntimeError);
+    EXPECT_THROW(combo.List(2), base::RuntimeError);
+    EXPECT_THROW(combo.ItemData(-1), base::RuntimeError);
 }
 
 TEST_F(ChoicesTest, ASelectionByTheProgramActsAsAClick) {
@@ -44,8 +44,8 @@ TEST_F(ChoicesTest, ASelectionByTheProgramActsAsAClick) {
     combo.SetListIndex(-1);
     EXPECT_EQ(combo.Text(), "");
     EXPECT_EQ(log.size(), 2U) << "selecting none is no click";
-    EXPECT_THROW(combo.SetListIndex(2), platform::RuntimeError);
-    EXPECT_THROW(combo.SetListIndex(-2), platform::RuntimeError);
+    EXPECT_THROW(combo.SetListIndex(2), base::RuntimeError);
+    EXPECT_THROW(combo.SetListIndex(-2), base::RuntimeError);
     EXPECT_EQ(combo.ListIndex(), -1);
 }
 
@@ -88,14 +88,14 @@ TEST_F(ChoicesTest, APickIsLostWhereTheFocusDoesNotStay) {
 }
 
 TEST_F(ChoicesTest, AFailingHandlerIsToldToTheDesktop) {
-    std::vector<platform::Event> events;
-    memory.recorder.Sink = [&](const platform::Event& event) { events.push_back(event); };
+    std::vector<memory::Event> events;
+    memory.recorder.Sink = [&](const memory::Event& event) { events.push_back(event); };
     form.Show();
-    combo.OnClick = [] { throw platform::RuntimeError(platform::ErrorOverflow, "Overflow"); };
+    combo.OnClick = [] { throw base::RuntimeError(base::ErrorOverflow, "Overflow"); };
     combo.UserPick(0);
     EXPECT_EQ(combo.ListIndex(), 0);
     EXPECT_EQ(events.back().Kind, "error");
-    EXPECT_THROW(combo.SetListIndex(1), platform::RuntimeError) << "the program's own caller may trap it";
+    EXPECT_THROW(combo.SetListIndex(1), base::RuntimeError) << "the program's own caller may trap it";
 }
 
 class UpDownTest : public testing::Test, protected FormsFixture {
@@ -154,8 +154,8 @@ TEST_F(SmallControlsTest, ATimerTicksWhileItIsOn) {
 TEST_F(SmallControlsTest, AProgressBarKeepsToItsRange) {
     ProgressBar bar(form, "bar");
     bar.SetValue(100);
-    EXPECT_THROW(bar.SetValue(101), platform::RuntimeError);
-    EXPECT_THROW(bar.SetValue(-1), platform::RuntimeError);
+    EXPECT_THROW(bar.SetValue(101), base::RuntimeError);
+    EXPECT_THROW(bar.SetValue(-1), base::RuntimeError);
     EXPECT_EQ(bar.Value(), 100);
 }
 

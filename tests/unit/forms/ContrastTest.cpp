@@ -2,9 +2,9 @@
 
 #include <gtest/gtest.h>
 
-#include "forms/PictureInks.h"
 #include "forms/Label.h"
 #include "forms/PictureBox.h"
+#include "forms/PictureInks.h"
 #include "unit/forms/TestForm.h"
 
 namespace {
@@ -54,31 +54,31 @@ TEST(ContrastTest, ASignStandsOutOfEachBackgroundAndOneThatIsOffKeepsToIt) {
     for (const forms::Colour background :
          {White, Light, Rgb(0xAB, 0xAB, 0xAB), Dark, Black, Rgb(0, 0, 0x80)}) {
         const auto contrast = [&](forms::Colour drawn) {
-            return forms::Contrast(platform::InkOn(drawn, background), background);
+            return forms::Contrast(forms::InkOn(drawn, background), background);
         };
-        EXPECT_GE(contrast(platform::ink::Sign), 3) << std::hex << background;
-        EXPECT_GE(contrast(platform::ink::SignLit), 3) << std::hex << background;
-        EXPECT_LE(contrast(platform::ink::SignOff), 2.2) << std::hex << background;
-        EXPECT_LT(contrast(platform::ink::Field), contrast(platform::ink::SignLit)) << std::hex << background;
-        EXPECT_GE(forms::Contrast(platform::InkOn(platform::ink::SignLit, background),
-                                  platform::InkOn(platform::ink::Field, background)),
+        EXPECT_GE(contrast(forms::ink::Sign), 3) << std::hex << background;
+        EXPECT_GE(contrast(forms::ink::SignLit), 3) << std::hex << background;
+        EXPECT_LE(contrast(forms::ink::SignOff), 2.2) << std::hex << background;
+        EXPECT_LT(contrast(forms::ink::Field), contrast(forms::ink::SignLit)) << std::hex << background;
+        EXPECT_GE(forms::Contrast(forms::InkOn(forms::ink::SignLit, background),
+                                  forms::InkOn(forms::ink::Field, background)),
                   2.4)
             << std::hex << background;
     }
 }
 
 TEST(ContrastTest, AnUsualBackgroundHasThePicturesAsTheyAreDrawn) {
-    for (const forms::Colour drawn : platform::ink::All) {
-        EXPECT_EQ(platform::InkOn(drawn, Light), drawn);
+    for (const forms::Colour drawn : forms::ink::All) {
+        EXPECT_EQ(forms::InkOn(drawn, Light), drawn);
     }
 }
 
 TEST(ContrastTest, OtherColoursOfAPictureStay) {
-    EXPECT_EQ(platform::InkOn(Rgb(1, 2, 3), Black), Rgb(1, 2, 3));
+    EXPECT_EQ(forms::InkOn(Rgb(1, 2, 3), Black), Rgb(1, 2, 3));
 }
 
 TEST(ContrastTest, ABackgroundShowsThroughWhatHasNone) {
-    platform::MemoryPlatform memory;
+    memory::MemoryPlatform memory;
     forms::Session session(memory.desktop);
     TestForm form(session);
     forms::PictureBox panel(form, "panel");

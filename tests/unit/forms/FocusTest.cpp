@@ -10,7 +10,7 @@
 namespace {
 
 using namespace forms;
-using platform::key::Tab;
+using forms::key::Tab;
 using testing::ElementsAre;
 
 class FocusTest : public testing::Test, protected FormsFixture {
@@ -176,7 +176,7 @@ TEST(ControlArrayTest, KnowsItsNumbersAlone) {
     EXPECT_EQ(boxes(70).Index(), 70);
     EXPECT_EQ(boxes(70).Name(), "UserText");
     EXPECT_EQ(form.Controls().size(), 3U);
-    EXPECT_THROW(boxes(1), platform::RuntimeError);
+    EXPECT_THROW(boxes(1), base::RuntimeError);
 }
 
 } // namespace

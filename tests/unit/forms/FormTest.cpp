@@ -13,7 +13,7 @@ using testing::IsEmpty;
 class FormTest : public testing::Test, protected FormsFixture {
   protected:
     FormTest() {
-        memory.recorder.Sink = [this](const platform::Event& event) { events.push_back(event.Kind); };
+        memory.recorder.Sink = [this](const memory::Event& event) { events.push_back(event.Kind); };
         form.onLoad = Log("load");
         form.onActivate = Log("activate");
         form.onUnload = Log("unload");
@@ -132,7 +132,7 @@ TEST_F(FormTest, AModalFormThatClosesWhileLoadingReturnsAtOnce) {
 
 TEST_F(FormTest, AnErrorThatNobodyTrapsGoesToTheDesktopAndTheFormLives) {
     CommandButton button(form, "button");
-    button.OnClick = [] { throw platform::RuntimeError(platform::ErrorOverflow, "Overflow"); };
+    button.OnClick = [] { throw base::RuntimeError(base::ErrorOverflow, "Overflow"); };
     form.Show();
     button.UserClick();
     EXPECT_THAT(events, ElementsAre("show", "error"));
@@ -141,7 +141,7 @@ TEST_F(FormTest, AnErrorThatNobodyTrapsGoesToTheDesktopAndTheFormLives) {
 
 TEST_F(FormTest, AnErrorInTheCloseCheckLetsTheFormClose) {
     form.Show();
-    form.onQueryUnload = []() -> bool { throw platform::RuntimeError(482, "Printer error"); };
+    form.onQueryUnload = []() -> bool { throw base::RuntimeError(482, "Printer error"); };
     EXPECT_TRUE(form.Unload());
     EXPECT_THAT(events, ElementsAre("show", "error", "unload"));
 }
@@ -151,7 +151,7 @@ TEST_F(FormTest, ADefectIsNoRuntimeErrorAndPasses) {
 }
 
 TEST_F(FormTest, AFormThatPrintsNothingSaysSo) {
-    EXPECT_THROW(form.Afdrukken(1, 1, false), platform::RuntimeError);
+    EXPECT_THROW(form.Afdrukken(1, 1, false), base::RuntimeError);
 }
 
 TEST_F(FormTest, ResizingTellsTheForm) {
@@ -176,9 +176,9 @@ TEST_F(FormTest, ResizingTellsTheForm) {
 TEST_F(FormTest, TheHourglassDoesNotNest) {
     session.HourglassOn();
     session.HourglassOn();
-    EXPECT_EQ(memory.desktop.MousePointer(), platform::PointerHourglass);
+    EXPECT_EQ(memory.desktop.MousePointer(), forms::PointerHourglass);
     session.HourglassOff();
-    EXPECT_EQ(memory.desktop.MousePointer(), platform::PointerDefault);
+    EXPECT_EQ(memory.desktop.MousePointer(), forms::PointerDefault);
 }
 
 TEST_F(FormTest, AFormOnShowIsNotShownOnceMoreToTakeAllInput) {

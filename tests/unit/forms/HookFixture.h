@@ -1,19 +1,19 @@
 #pragma once
 
-#include <gmock/gmock.h>
-#include <gtest/gtest.h>
-
 #include <memory>
 #include <string>
 #include <utility>
 #include <vector>
 
-#include "forms/MsgHook.h"
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
 #include "base/RuntimeError.h"
+#include "forms/MsgHook.h"
 #include "forms/WindowProcedureTable.h"
 #include "forms/modMsgHookProc.h"
 
-namespace hook = platform::modMsgHookProc;
+namespace hook = forms::modMsgHookProc;
 
 /// What a window of the tests did with a message: its number and its arguments.
 struct Message {
@@ -30,7 +30,7 @@ inline std::vector<Message>& Handled() {
     return handled;
 }
 
-inline std::intptr_t WINDOW_CALL OwnProcedure(platform::WindowHandle /*hWnd*/, std::int32_t uMsg,
+inline std::intptr_t WINDOW_CALL OwnProcedure(machine::WindowHandle /*hWnd*/, std::int32_t uMsg,
                                               std::intptr_t wParam, std::intptr_t lParam) {
     Handled().push_back({uMsg, wParam, lParam});
     return 100 + uMsg;
@@ -50,25 +50,25 @@ class HookTest : public testing::Test {
     /// A window from number 1000 on, so that no other test's window is meant.
     std::unique_ptr<Window> NewWindow() {
         auto window = std::make_unique<Window>(table, ++lastHandle_);
-        table.SetWindowLongA(window->Handle(), platform::GWL_WNDPROC, platform::AddressOf(OwnProcedure));
+        table.SetWindowLongA(window->Handle(), machine::GWL_WNDPROC, machine::AddressOf(OwnProcedure));
         return window;
     }
 
     /// The procedure that the window has now.
-    platform::ProcedureAddress ProcedureOf(const Window& window) {
-        const auto present = table.SetWindowLongA(window.Handle(), platform::GWL_WNDPROC, 0);
-        table.SetWindowLongA(window.Handle(), platform::GWL_WNDPROC, present);
+    machine::ProcedureAddress ProcedureOf(const Window& window) {
+        const auto present = table.SetWindowLongA(window.Handle(), machine::GWL_WNDPROC, 0);
+        table.SetWindowLongA(window.Handle(), machine::GWL_WNDPROC, present);
         return present;
     }
 
     bool HasOwnProcedure(const Window& window) {
-        return ProcedureOf(window) == platform::AddressOf(OwnProcedure);
+        return ProcedureOf(window) == machine::AddressOf(OwnProcedure);
     }
 
     forms::WindowProcedureTable table;
 
   private:
-    platform::WindowHandle lastHandle_ = 1000;
+    machine::WindowHandle lastHandle_ = 1000;
     std::int32_t slotsBefore_ = 0;
 };
 
@@ -77,7 +77,7 @@ template <class Step>
 int ErrorOf(Step&& step) {
     try {
         step();
-    } catch (const platform::RuntimeError& error) {
+    } catch (const base::RuntimeError& error) {
         return error.Number();
     }
     return 0;

@@ -2,7 +2,6 @@
 // messages run.
 #include <gmock/gmock.h>
 
-#include "forms/cmdButtonXP.h"
 #include "forms/CheckBox.h"
 #include "forms/ChoiceControl.h"
 #include "forms/CommandButton.h"
@@ -13,6 +12,7 @@
 #include "forms/Timer.h"
 #include "forms/Toolbar.h"
 #include "forms/UpDown.h"
+#include "forms/cmdButtonXP.h"
 #include "unit/forms/TestForm.h"
 
 namespace {
@@ -61,8 +61,8 @@ class LeavingTest : public testing::Test, protected FormsFixture {
         flat.UserClick();
         flat.UserDblClick();
         timer.Tick();
-        form.UserKey(platform::key::Escape);
-        form.UserKey(platform::key::Tab);
+        form.UserKey(forms::key::Escape);
+        form.UserKey(forms::key::Tab);
         form.UserKey('7');
         form.UserCharacter(U'8');
         form.UserResize(5000, 4000);
@@ -78,7 +78,7 @@ class LeavingTest : public testing::Test, protected FormsFixture {
     Toolbar toolbar{form, "toolbar"};
     MenuBar menu{form, "menu"};
     UpDown upDown{form, "upDown", box, 1, 99};
-    platform::cmdButtonXP flat{form, "flat"};
+    forms::cmdButtonXP flat{form, "flat"};
     Timer timer{form, "timer", 100};
 };
 

@@ -8,7 +8,7 @@ namespace {
 using testing::ElementsAre;
 using testing::IsEmpty;
 
-constexpr std::int32_t Wheel = platform::WM_MOUSEWHEEL;
+constexpr std::int32_t Wheel = machine::WM_MOUSEWHEEL;
 
 class MsgHookTableTest : public HookTest {
   protected:
@@ -16,7 +16,7 @@ class MsgHookTableTest : public HookTest {
     void HookWindows(int count) {
         for (int i = 0; i < count; ++i) {
             windows.push_back(NewWindow());
-            hooks.push_back(std::make_unique<platform::MsgHook>(table));
+            hooks.push_back(std::make_unique<forms::MsgHook>(table));
             hooks.back()->Before = [this, n = hooks.size()](auto&, auto&, auto&, auto&) {
                 told.push_back(n);
             };
@@ -28,10 +28,10 @@ class MsgHookTableTest : public HookTest {
             EXPECT_EQ(table.Send(window->Handle(), Wheel, 0, 0), 100 + Wheel);
         }
     }
-    platform::WindowHandle HandleOf(std::size_t n) const { return windows[n - 1]->Handle(); }
+    machine::WindowHandle HandleOf(std::size_t n) const { return windows[n - 1]->Handle(); }
 
     std::vector<std::unique_ptr<Window>> windows;
-    std::vector<std::unique_ptr<platform::MsgHook>> hooks;
+    std::vector<std::unique_ptr<forms::MsgHook>> hooks;
     std::vector<std::size_t> told;
 };
 
@@ -41,7 +41,7 @@ TEST_F(MsgHookTableTest, SlotsAreTakenFromTheLowestOn) {
     EXPECT_EQ(hooks[1]->lSlot(), 2);
     EXPECT_EQ(hooks[2]->lSlot(), 3);
     hooks[1]->Unhook();
-    platform::MsgHook next(table);
+    forms::MsgHook next(table);
     next.Hook(HandleOf(2));
     EXPECT_EQ(next.lSlot(), 2);
 }
@@ -51,8 +51,8 @@ TEST_F(MsgHookTableTest, NineWindowsHaveAProcedureEach) {
     EXPECT_GE(hook::SlotCount(), 9);
     for (std::int32_t slot = 1; slot <= 9; ++slot) {
         const hook::HookEntry& entry = hook::Slot(slot);
-        EXPECT_NE(entry.lEntryProc, platform::AddressOf(hook::OverflowProc));
-        EXPECT_EQ(entry.lOldProc, platform::AddressOf(OwnProcedure));
+        EXPECT_NE(entry.lEntryProc, machine::AddressOf(hook::OverflowProc));
+        EXPECT_EQ(entry.lOldProc, machine::AddressOf(OwnProcedure));
         EXPECT_EQ(entry.lOwner, hooks[static_cast<std::size_t>(slot - 1)].get());
         EXPECT_EQ(entry.lFilterCount, 1);
     }
@@ -63,7 +63,7 @@ TEST_F(MsgHookTableTest, NineWindowsHaveAProcedureEach) {
 TEST_F(MsgHookTableTest, TheTenthWindowGoesThroughTheOverflowProcedure) {
     HookWindows(10);
     EXPECT_EQ(hooks[9]->lSlot(), 10);
-    EXPECT_EQ(hook::Slot(10).lEntryProc, platform::AddressOf(hook::OverflowProc));
+    EXPECT_EQ(hook::Slot(10).lEntryProc, machine::AddressOf(hook::OverflowProc));
     EXPECT_EQ(hook::OverflowSlotOf(HandleOf(10)), 10);
     EXPECT_EQ(hook::OverflowSlotOf(HandleOf(9)), 0);
     SendToAll();
@@ -77,11 +77,11 @@ TEST_F(MsgHookTableTest, TheTenthWindowGoesThroughTheOverflowProcedure) {
 [[noreturn]] void ExitWithSlots(int hooked) {
     forms::WindowProcedureTable table;
     std::vector<std::unique_ptr<forms::WindowProcedureTable::Window>> windows;
-    std::vector<std::unique_ptr<platform::MsgHook>> hooks;
+    std::vector<std::unique_ptr<forms::MsgHook>> hooks;
     for (int i = 1; i <= hooked; ++i) {
         windows.push_back(std::make_unique<forms::WindowProcedureTable::Window>(
-            table, static_cast<platform::WindowHandle>(i)));
-        hooks.push_back(std::make_unique<platform::MsgHook>(table));
+            table, static_cast<machine::WindowHandle>(i)));
+        hooks.push_back(std::make_unique<forms::MsgHook>(table));
         hooks.back()->Hook(windows.back()->Handle(), {Wheel});
     }
     std::_Exit(hook::SlotCount());
@@ -118,8 +118,8 @@ TEST_F(MsgHookTableTest, AnOverflowProcedureWithoutASlotDoesNothingAtAll) {
 
 TEST_F(MsgHookTableTest, OneWindowHasRoomForOneSlotAboveTheNinth) {
     HookWindows(10);
-    platform::MsgHook second(table);
-    EXPECT_EQ(ErrorOf([&] { second.Hook(HandleOf(10)); }), platform::ErrorDuplicateKey);
+    forms::MsgHook second(table);
+    EXPECT_EQ(ErrorOf([&] { second.Hook(HandleOf(10)); }), base::ErrorDuplicateKey);
     EXPECT_EQ(second.lSlot(), 0);
     SendToAll();
     EXPECT_EQ(told.back(), 10U);
@@ -128,8 +128,8 @@ TEST_F(MsgHookTableTest, OneWindowHasRoomForOneSlotAboveTheNinth) {
 TEST_F(MsgHookTableTest, AFailedHookAboveTheNinthSlotLeavesTheWindowFree) {
     HookWindows(9);
     const auto window = NewWindow();
-    platform::MsgHook tenth(table);
-    EXPECT_EQ(ErrorOf([&] { tenth.Hook(window->Handle(), {1, 1}); }), platform::ErrorDuplicateKey);
+    forms::MsgHook tenth(table);
+    EXPECT_EQ(ErrorOf([&] { tenth.Hook(window->Handle(), {1, 1}); }), base::ErrorDuplicateKey);
     EXPECT_EQ(hook::OverflowSlotOf(window->Handle()), 0);
     tenth.Hook(window->Handle(), {1});
     EXPECT_EQ(tenth.lSlot(), 10);
@@ -141,8 +141,8 @@ TEST_F(MsgHookTableTest, AReleasedSlotKeepsItsWindowAndProceduresAndIsTakenAgain
     const hook::HookEntry& entry = hook::Slot(10);
     EXPECT_EQ(entry.lOwner, nullptr);
     EXPECT_EQ(entry.hWnd, HandleOf(10));
-    EXPECT_EQ(entry.lOldProc, platform::AddressOf(OwnProcedure));
-    EXPECT_EQ(entry.lEntryProc, platform::AddressOf(hook::OverflowProc));
+    EXPECT_EQ(entry.lOldProc, machine::AddressOf(OwnProcedure));
+    EXPECT_EQ(entry.lEntryProc, machine::AddressOf(hook::OverflowProc));
     EXPECT_EQ(entry.lFilterCount, 1);
     EXPECT_TRUE(entry.blnBucket.none());
     EXPECT_TRUE(entry.colExact.empty());
@@ -155,7 +155,7 @@ TEST_F(MsgHookTableTest, TheTableCannotGrowInsideAHandler) {
     const std::int32_t full = hook::SlotCount();
     ASSERT_EQ(hook::SlotsInUse(), full);
     const auto window = NewWindow();
-    platform::MsgHook late(table);
+    forms::MsgHook late(table);
     int error = 0;
     hooks[0]->Before = [&](auto&, auto&, auto&, auto&) {
         error = ErrorOf([&] { late.Hook(window->Handle(), {Wheel}); });
@@ -172,7 +172,7 @@ TEST_F(MsgHookTableTest, TheTableCannotGrowInsideAHandler) {
 
 TEST_F(MsgHookTableTest, AFreeSlotCanBeTakenInsideAHandler) {
     HookWindows(2);
-    platform::MsgHook late(table);
+    forms::MsgHook late(table);
     const auto window = NewWindow();
     hooks[0]->After = [&](auto&, auto&, auto&) { late.Hook(window->Handle(), {Wheel}); };
     table.Send(HandleOf(1), Wheel, 0, 0);
@@ -182,16 +182,16 @@ TEST_F(MsgHookTableTest, AFreeSlotCanBeTakenInsideAHandler) {
 TEST_F(MsgHookTableTest, ASlotThatDoesNotExistIsAnError) {
     HookWindows(1);
     hook::ReleaseSlot(0);
-    EXPECT_EQ(ErrorOf([] { hook::ReleaseSlot(-1); }), platform::ErrorSubscriptOutOfRange);
+    EXPECT_EQ(ErrorOf([] { hook::ReleaseSlot(-1); }), base::ErrorSubscriptOutOfRange);
     EXPECT_EQ(ErrorOf([] { hook::HookDispatch(hook::SlotCount() + 1, 1, 1, 0, 0); }),
-              platform::ErrorSubscriptOutOfRange);
+              base::ErrorSubscriptOutOfRange);
 }
 
 TEST_F(MsgHookTableTest, AThousandHooksLeaveNothingBehind) {
     const std::size_t standing = table.Count();
     for (int i = 0; i < 1000; ++i) {
         const auto window = NewWindow();
-        platform::MsgHook passing(table);
+        forms::MsgHook passing(table);
         passing.Hook(window->Handle(), {Wheel});
         table.Send(window->Handle(), Wheel, 0, 0);
     }

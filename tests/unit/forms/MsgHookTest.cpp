@@ -1,17 +1,17 @@
-#include "HookFixture.h"
-
 #include <new>
+
+#include "HookFixture.h"
 
 namespace {
 
 using testing::ElementsAre;
 using testing::IsEmpty;
 
-constexpr std::int32_t Bounds = platform::WM_GETMINMAXINFO;
+constexpr std::int32_t Bounds = machine::WM_GETMINMAXINFO;
 constexpr std::int32_t SameBucket = Bounds + 257;
-constexpr std::int32_t Wheel = platform::WM_MOUSEWHEEL;
+constexpr std::int32_t Wheel = machine::WM_MOUSEWHEEL;
 
-std::intptr_t WINDOW_CALL OtherProcedure(platform::WindowHandle /*hWnd*/, std::int32_t /*uMsg*/,
+std::intptr_t WINDOW_CALL OtherProcedure(machine::WindowHandle /*hWnd*/, std::int32_t /*uMsg*/,
                                          std::intptr_t /*wParam*/, std::intptr_t /*lParam*/) {
     return 7;
 }
@@ -24,7 +24,7 @@ class MsgHookTest : public HookTest {
     }
 
     std::unique_ptr<Window> window = NewWindow();
-    platform::MsgHook watcher{table};
+    forms::MsgHook watcher{table};
     std::vector<std::int32_t> before;
     std::vector<std::int32_t> after;
 };
@@ -131,7 +131,7 @@ TEST_F(MsgHookTest, ArgumentsKeepTheFullPointerWidth) {
 }
 
 TEST_F(MsgHookTest, WithoutHandlersTheMessageJustPasses) {
-    platform::MsgHook silent(table);
+    forms::MsgHook silent(table);
     silent.Hook(window->Handle(), {Wheel});
     EXPECT_EQ(table.Send(window->Handle(), Wheel, 0, 0), 100 + Wheel);
 }
@@ -155,7 +155,7 @@ TEST_F(MsgHookTest, UnhookWithoutAHookDoesNothing) {
 
 TEST_F(MsgHookTest, AHookThatGoesAwayLetsTheWindowGo) {
     {
-        platform::MsgHook passing(table);
+        forms::MsgHook passing(table);
         passing.Hook(window->Handle());
         EXPECT_FALSE(HasOwnProcedure(*window));
     }
@@ -182,7 +182,7 @@ TEST_F(MsgHookTest, AMessageListedTwiceIsAnErrorAndLeavesNothingHooked) {
     EXPECT_EQ(ErrorOf([&] {
                   watcher.Hook(window->Handle(), {Bounds, Wheel, Bounds});
               }),
-              platform::ErrorDuplicateKey);
+              base::ErrorDuplicateKey);
     EXPECT_EQ(watcher.lSlot(), 0);
     EXPECT_TRUE(HasOwnProcedure(*window));
     watcher.Hook(window->Handle(), {Wheel});
@@ -192,7 +192,7 @@ TEST_F(MsgHookTest, AMessageListedTwiceIsAnErrorAndLeavesNothingHooked) {
 
 TEST_F(MsgHookTest, TwoHooksOnOneWindowBothSeeTheMessage) {
     std::vector<std::string> order;
-    platform::MsgHook outer(table);
+    forms::MsgHook outer(table);
     outer.Before = [&](auto&, auto&, auto&, auto&) { order.push_back("outer"); };
     watcher.Before = [&](auto&, auto&, auto&, auto&) { order.push_back("inner"); };
     watcher.Hook(window->Handle(), {Wheel});
@@ -205,7 +205,7 @@ TEST_F(MsgHookTest, TwoHooksOnOneWindowBothSeeTheMessage) {
 }
 
 TEST_F(MsgHookTest, TwoHooksOnOneWindowMayGoInTheWrongOrder) {
-    platform::MsgHook outer(table);
+    forms::MsgHook outer(table);
     watcher.Hook(window->Handle());
     outer.Hook(window->Handle(), {Wheel});
     watcher.Unhook();
@@ -239,7 +239,7 @@ TEST_F(MsgHookTest, AHandlerMayUnhookAndIsStillToldWhatFollows) {
 // The slot is another window's by the time that the message goes on.
 TEST_F(MsgHookTest, AHandlerMayHookAnotherWindowAndTheMessageStillMeetsTheProcedureThatItReplaced) {
     const auto other = NewWindow();
-    table.SetWindowLongA(other->Handle(), platform::GWL_WNDPROC, platform::AddressOf(OtherProcedure));
+    table.SetWindowLongA(other->Handle(), machine::GWL_WNDPROC, machine::AddressOf(OtherProcedure));
     ASSERT_EQ(table.Send(other->Handle(), Wheel, 0, 0), 7);
     watcher.Before = [&](auto&, auto&, auto&, auto&) { watcher.Hook(other->Handle(), {Wheel}); };
     watcher.Hook(window->Handle(), {Wheel});
@@ -251,7 +251,7 @@ TEST_F(MsgHookTest, AHandlerMayHookAnotherWindowAndTheMessageStillMeetsTheProced
 }
 
 TEST_F(MsgHookTest, AHookMayBeDestroyedByItsOwnHandler) {
-    auto passing = std::make_unique<platform::MsgHook>(table);
+    auto passing = std::make_unique<forms::MsgHook>(table);
     std::string told = "nothing";
     passing->Before = [&passing, &told](auto&, auto&, auto&, auto&) {
         passing.reset();
@@ -265,7 +265,7 @@ TEST_F(MsgHookTest, AHookMayBeDestroyedByItsOwnHandler) {
 }
 
 TEST_F(MsgHookTest, AFailingHandlerSurfacesAndLeavesTheTableUsable) {
-    watcher.Before = [](auto&, auto&, auto&, auto&) { throw platform::RuntimeError(5, "no"); };
+    watcher.Before = [](auto&, auto&, auto&, auto&) { throw base::RuntimeError(5, "no"); };
     watcher.Hook(window->Handle(), {Wheel});
     EXPECT_EQ(ErrorOf([&] { table.Send(window->Handle(), Wheel, 0, 0); }), 5);
     watcher.Before = nullptr;
@@ -274,30 +274,30 @@ TEST_F(MsgHookTest, AFailingHandlerSurfacesAndLeavesTheTableUsable) {
 }
 
 /// Procedures whose messages come from a system that lets no failure through.
-class TellingProcedures final : public platform::WindowProcedures {
+class TellingProcedures final : public machine::WindowProcedures {
   public:
-    explicit TellingProcedures(platform::WindowProcedures& windows) : windows_(windows) {}
+    explicit TellingProcedures(machine::WindowProcedures& windows) : windows_(windows) {}
 
     int Failures = 0;
 
-    platform::ProcedureAddress SetWindowLongA(platform::WindowHandle hWnd, int index,
-                                              platform::ProcedureAddress procedure) override {
+    machine::ProcedureAddress SetWindowLongA(machine::WindowHandle hWnd, int index,
+                                             machine::ProcedureAddress procedure) override {
         return windows_.SetWindowLongA(hWnd, index, procedure);
     }
-    std::intptr_t CallWindowProcA(platform::ProcedureAddress procedure, platform::WindowHandle hWnd,
+    std::intptr_t CallWindowProcA(machine::ProcedureAddress procedure, machine::WindowHandle hWnd,
                                   std::int32_t uMsg, std::intptr_t wParam, std::intptr_t lParam) override {
         return windows_.CallWindowProcA(procedure, hWnd, uMsg, wParam, lParam);
     }
     void HandlerFailed() override { ++Failures; }
 
   private:
-    platform::WindowProcedures& windows_;
+    machine::WindowProcedures& windows_;
 };
 
 TEST_F(MsgHookTest, AFailureThatIsToldOnTheWayLetsTheWindowHaveTheMessage) {
     TellingProcedures telling(table);
-    platform::MsgHook hooked(telling);
-    hooked.Before = [](auto&, auto&, auto&, auto&) { throw platform::RuntimeError(5, "no"); };
+    forms::MsgHook hooked(telling);
+    hooked.Before = [](auto&, auto&, auto&, auto&) { throw base::RuntimeError(5, "no"); };
     hooked.After = [](auto&, auto&, auto&) { throw std::bad_alloc(); };
     hooked.Hook(window->Handle(), {Wheel});
     EXPECT_EQ(table.Send(window->Handle(), Wheel, 0, 0), 100 + Wheel);
@@ -306,7 +306,7 @@ TEST_F(MsgHookTest, AFailureThatIsToldOnTheWayLetsTheWindowHaveTheMessage) {
 }
 
 TEST_F(MsgHookTest, AWindowThatDoesNotExistIsNotNoticed) {
-    constexpr platform::WindowHandle nobody = 5;
+    constexpr machine::WindowHandle nobody = 5;
     watcher.Hook(nobody, {Wheel});
     EXPECT_EQ(hook::Slot(watcher.lSlot()).lOldProc, 0U);
     EXPECT_EQ(hook::HookDispatch(watcher.lSlot(), nobody, 15, 0, 0), 0);

@@ -1,8 +1,8 @@
 // A form object that is shown, closed and shown again.
-#include <gtest/gtest.h>
-
 #include <algorithm>
 #include <new>
+
+#include <gtest/gtest.h>
 
 #include "base/RuntimeError.h"
 #include "forms/FormPeer.h"
@@ -11,7 +11,7 @@
 namespace {
 
 /// A desktop that keeps a list of its windows, one for a form, as those with a screen do.
-class ListingDesktop final : public platform::Desktop {
+class ListingDesktop final : public forms::Desktop {
   public:
     int Windows = 0;
     int MostWindows = 0;
@@ -20,7 +20,7 @@ class ListingDesktop final : public platform::Desktop {
 
     std::unique_ptr<forms::FormPeer> CreatePeer(forms::Form& /*form*/) override {
         if (!HasRoom) {
-            throw platform::OutOfMemory();
+            throw base::OutOfMemory();
         }
         return std::make_unique<Peer>(*this);
     }
@@ -30,14 +30,14 @@ class ListingDesktop final : public platform::Desktop {
         }
     }
     void Yield() override {}
-    void MsgBox(const std::string& /*text*/, platform::MessageIcon /*icon*/,
+    void MsgBox(const std::string& /*text*/, forms::MessageIcon /*icon*/,
                 const std::string& /*title*/) override {}
     std::int16_t GetKeyState(int /*virtualKey*/) override { return 0; }
     void SetMousePointer(int /*pointer*/) override {}
     void LockWindowUpdate(std::uintptr_t /*window*/) override {}
-    platform::ScreenArea Screen() override { return {}; }
-    platform::ScreenArea WorkArea() override { return {}; }
-    void UnhandledError(const platform::RuntimeError& error) override { throw error; }
+    forms::ScreenArea Screen() override { return {}; }
+    forms::ScreenArea WorkArea() override { return {}; }
+    void UnhandledError(const base::RuntimeError& error) override { throw error; }
 
   private:
     class Peer final : public forms::FormPeer {
@@ -77,8 +77,8 @@ TEST(ReloadTest, AFormThatGetsNoWindowIsNotLoaded) {
     for (const bool before : {false, true}) {
         SCOPED_TRACE(before ? "shown before" : "never shown");
         desktop.HasRoom = false;
-        EXPECT_THROW(form.Show(), platform::RuntimeError);
-        EXPECT_THROW(form.ShowModal(), platform::RuntimeError);
+        EXPECT_THROW(form.Show(), base::RuntimeError);
+        EXPECT_THROW(form.ShowModal(), base::RuntimeError);
         EXPECT_FALSE(form.Loaded());
         EXPECT_FALSE(form.Visible());
         EXPECT_TRUE(session.OpenForms().empty());

@@ -89,7 +89,7 @@ TEST_F(SessionEndTest, AFormThatTakesAnotherWithItIsNoStumblingBlock) {
 TEST_F(SessionEndTest, AFailureOnTheWayIsToldAndTheRestCloses) {
     upper.Show();
     upper.Busy = true;
-    upper.onSessionEnd = [] { throw platform::RuntimeError(482, "Printer error"); };
+    upper.onSessionEnd = [] { throw base::RuntimeError(482, "Printer error"); };
     session.End();
     EXPECT_THAT(log, ElementsAre("lower closes"));
 }

@@ -48,7 +48,7 @@ struct FormsFixture {
         return [this, word] { log.push_back(word); };
     }
 
-    platform::MemoryPlatform memory;
+    memory::MemoryPlatform memory;
     forms::Session session{memory.desktop};
     std::vector<std::string> log;
 };

@@ -7,7 +7,7 @@
 namespace {
 
 using namespace forms;
-using platform::key::Backspace;
+using forms::key::Backspace;
 
 class TextBoxTest : public testing::Test, protected FormsFixture {
   protected:
@@ -137,7 +137,7 @@ TEST_F(TextBoxTest, KeysOfTheFormReachTheBoxWithTheFocus) {
     form.UserKey('A');
     form.UserKey('A', true);
     form.UserKey(' ');
-    form.UserKey(platform::key::Left);
+    form.UserKey(forms::key::Left);
     form.UserCharacter(U'é');
     form.UserKey(Backspace);
     EXPECT_EQ(box.Text(), "7aA ");

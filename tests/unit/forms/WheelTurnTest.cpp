@@ -1,8 +1,8 @@
 #include "forms/WheelTurn.h"
 
-#include <gtest/gtest.h>
-
 #include <climits>
+
+#include <gtest/gtest.h>
 
 namespace {
 

@@ -1,9 +1,9 @@
 #include "forms/cmdButtonXP.h"
 
+#include <new>
+
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
-
-#include <new>
 
 #include "base/RuntimeError.h"
 #include "forms/Form.h"
@@ -12,7 +12,7 @@
 
 namespace {
 
-using platform::cmdButtonXP;
+using forms::cmdButtonXP;
 using testing::ElementsAre;
 
 constexpr std::int16_t Disabled = cmdButtonXP::LookDisabled;
@@ -46,7 +46,7 @@ class FlatButtonTest : public testing::Test {
     void Tick() { button.Timer.Tick(); }
     std::string Picture(int index) const { return "imgResourceSmall-" + std::to_string(index); }
 
-    platform::MemoryPlatform memory;
+    memory::MemoryPlatform memory;
     forms::Session session{memory.desktop};
     ButtonForm form{session};
     cmdButtonXP& button = form.button;
@@ -197,7 +197,7 @@ TEST_F(FlatButtonTest, ADoubleClickIsAnEventOfItsOwn) {
 }
 
 TEST_F(FlatButtonTest, AFailingHandlerLeavesTheButtonUsable) {
-    button.Click = [] { throw platform::RuntimeError(5, "no"); };
+    button.Click = [] { throw base::RuntimeError(5, "no"); };
     EXPECT_TRUE(button.UserClick());
     EXPECT_TRUE(button.WindowEnabled());
     EXPECT_TRUE(button.UserClick());
@@ -220,7 +220,7 @@ TEST_F(FlatButtonTest, AHandlerThatFailsInAnyOtherWayDoesToo) {
 TEST_F(FlatButtonTest, AStickyStyleThatIsNoLookLeavesTheWindowEnabled) {
     button.SetStickyButton(true);
     button.SetStickyStyle(9);
-    EXPECT_THROW(button.UserClick(), platform::RuntimeError);
+    EXPECT_THROW(button.UserClick(), base::RuntimeError);
     EXPECT_TRUE(button.WindowEnabled());
     button.SetStickyStyle(Down);
     EXPECT_TRUE(button.UserClick());
@@ -355,7 +355,7 @@ TEST_F(FlatButtonTest, ReleaseButtonOnAPlainButtonEndsNormal) {
 TEST_F(FlatButtonTest, AStickyStyleThatIsNoLookIsAnError) {
     button.SetStickyButton(true);
     button.SetStickyStyle(9);
-    EXPECT_THROW(button.UserClick(), platform::RuntimeError);
+    EXPECT_THROW(button.UserClick(), base::RuntimeError);
 }
 
 TEST_F(FlatButtonTest, AToolTipIsTheControlsOwn) {

@@ -1,16 +1,16 @@
 #include "machine/PageRecord.h"
 
-#include <gmock/gmock.h>
-#include <gtest/gtest.h>
-
 #include <sstream>
 #include <string>
 #include <vector>
 
-#include "machine/RecordedPage.h"
-#include "base/RuntimeError.h"
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
 
-namespace platform {
+#include "base/RuntimeError.h"
+#include "machine/RecordedPage.h"
+
+namespace machine {
 namespace {
 
 using testing::ElementsAre;
@@ -107,7 +107,7 @@ class Page final : public RecordedPage {
     bool Full = false;
 
   private:
-    platform::Canvas& Measures() override { return measures_; }
+    machine::Canvas& Measures() override { return measures_; }
     std::shared_ptr<const PageBitmap> PictureOf(const PageRecord& record) override {
         if (Full) {
             throw std::bad_alloc();
@@ -125,7 +125,7 @@ std::vector<std::string> CallsOf(Page& page) {
 int FailureOfImage(Page& page) {
     try {
         page.Image();
-    } catch (const RuntimeError& error) {
+    } catch (const base::RuntimeError& error) {
         return error.Number();
     }
     return 0;
@@ -154,12 +154,12 @@ TEST(RecordedPageTest, WithoutMemoryThePictureFailsAndNoDrawing) {
     const std::string text = "x";
     page.Drawing().DrawText(1, 2, Endless(text), Plain);
     page.Drawing().DrawText(1, 2, "een", Plain);
-    EXPECT_EQ(FailureOfImage(page), ErrorOutOfMemory);
+    EXPECT_EQ(FailureOfImage(page), base::ErrorOutOfMemory);
     page.Cls();
     page.Drawing().DrawText(1, 2, "twee", Plain);
     EXPECT_THAT(CallsOf(page), ElementsAre("twee at 1, 2 in Tahoma 8"));
     page.Full = true;
-    EXPECT_EQ(FailureOfImage(page), ErrorOutOfMemory);
+    EXPECT_EQ(FailureOfImage(page), base::ErrorOutOfMemory);
     page.Full = false;
     EXPECT_THAT(CallsOf(page), ElementsAre("twee at 1, 2 in Tahoma 8")) << "another try finds it all";
 }
@@ -176,4 +176,4 @@ TEST(RecordedPageTest, ADiscardedPageKeepsNothingUntilItIsWiped) {
 }
 
 } // namespace
-} // namespace platform
+} // namespace machine

@@ -1,16 +1,16 @@
 #include "machine/modRegistry.h"
 
-#include "memory/MemoryRegistry.h"
-
-#include <gtest/gtest.h>
-
 #include <cstdint>
 #include <string>
 #include <vector>
 
+#include <gtest/gtest.h>
+
+#include "memory/MemoryRegistry.h"
+
 namespace {
 
-using namespace platform;
+using namespace machine;
 using namespace std::string_literals;
 
 const std::string SettingsPath = "Software\\Ondor\\Tarvik\\CurrentVersion";
@@ -66,7 +66,7 @@ class modRegistryTest : public testing::Test {
         return settings.SetRegistryValue(HkeyCurrentUser, SettingsPath, name, text);
     }
 
-    MemoryRegistry registry;
+    memory::MemoryRegistry registry;
     modRegistry settings{registry};
 };
 

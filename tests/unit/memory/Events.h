@@ -9,17 +9,17 @@
 /// A memory platform whose events are kept.
 struct WatchedPlatform {
     WatchedPlatform() {
-        memory.recorder.Sink = [this](const platform::Event& event) { events.push_back(event); };
+        memory.recorder.Sink = [this](const memory::Event& event) { events.push_back(event); };
     }
 
-    std::vector<platform::Event> events;
-    platform::MemoryPlatform memory;
+    std::vector<memory::Event> events;
+    memory::MemoryPlatform memory;
 };
 
 /// The value of an event's field, or the text "?" if it has no such field.
-inline std::variant<std::string, std::int64_t, double, bool> FieldOf(const platform::Event& event,
+inline std::variant<std::string, std::int64_t, double, bool> FieldOf(const memory::Event& event,
                                                                      const std::string& name) {
-    for (const platform::EventField& field : event.Fields) {
+    for (const memory::EventField& field : event.Fields) {
         if (field.Name == name) {
             return field.Value;
         }

@@ -7,19 +7,19 @@
 
 namespace {
 
-using platform::Event;
-using platform::FontSpec;
+using machine::FontSpec;
+using memory::Event;
 using testing::ElementsAre;
 using testing::IsEmpty;
 
 class MemoryCanvasTest : public testing::Test {
   protected:
     WatchedPlatform watched;
-    platform::MemoryCanvas canvas{watched.memory.recorder, "preview"};
+    memory::MemoryCanvas canvas{watched.memory.recorder, "preview"};
 };
 
 TEST_F(MemoryCanvasTest, MeasuresByTheCharacter) {
-    const platform::TextSize size = canvas.MeasureText("één", FontSpec{"Tahoma", 8, false});
+    const machine::TextSize size = canvas.MeasureText("één", FontSpec{"Tahoma", 8, false});
     EXPECT_EQ(size.Width, 3 * 10 * 8);
     EXPECT_EQ(size.Height, 24 * 8);
     EXPECT_EQ(canvas.MeasureText("een", FontSpec{"Tahoma", 10, true}).Width, 3 * 11 * 10);
@@ -68,20 +68,20 @@ TEST_F(MemoryCanvasTest, CountsPagesAfreshForEachDocument) {
 TEST_F(MemoryCanvasTest, EachCallFailsAsOftenAsItIsTold) {
     const auto drawText = [&] { canvas.DrawText(0, 0, "a", FontSpec{}); };
     watched.memory.recorder.Fail("DrawText", 2);
-    EXPECT_THROW(drawText(), platform::RuntimeError);
-    EXPECT_THROW(drawText(), platform::RuntimeError);
+    EXPECT_THROW(drawText(), base::RuntimeError);
+    EXPECT_THROW(drawText(), base::RuntimeError);
     EXPECT_NO_THROW(drawText());
     EXPECT_EQ(watched.events.size(), 1U);
 
     watched.memory.recorder.Fail("NewPage");
-    EXPECT_THROW(canvas.NewPage(), platform::RuntimeError);
+    EXPECT_THROW(canvas.NewPage(), base::RuntimeError);
     EXPECT_EQ(canvas.PageNumber(), 1);
     watched.memory.recorder.Fail("EndDocument");
-    EXPECT_THROW(canvas.EndDocument(), platform::RuntimeError);
+    EXPECT_THROW(canvas.EndDocument(), base::RuntimeError);
     watched.memory.recorder.Fail("DrawLine");
-    EXPECT_THROW(canvas.DrawLine(0, 0, 0, 0, 0), platform::RuntimeError);
+    EXPECT_THROW(canvas.DrawLine(0, 0, 0, 0, 0), base::RuntimeError);
     watched.memory.recorder.Fail("MeasureText");
-    EXPECT_THROW(canvas.MeasureText("a", FontSpec{}), platform::RuntimeError);
+    EXPECT_THROW(canvas.MeasureText("a", FontSpec{}), base::RuntimeError);
 }
 
 } // namespace

@@ -8,7 +8,7 @@
 
 namespace {
 
-using namespace platform;
+using namespace memory;
 using testing::ElementsAre;
 
 class Window : public forms::Form {
@@ -94,12 +94,13 @@ TEST_F(MemoryDesktopTest, ModalFormsCloseInnermostFirst) {
 }
 
 TEST_F(MemoryDesktopTest, MessageBoxesAreRecordedAndAnswered) {
-    desktop.MsgBox("Fout", MessageIcon::Exclamation, "Titel");
-    desktop.MsgBox("Ernstig", MessageIcon::Critical, "Titel");
-    desktop.MsgBox("Weet", MessageIcon::Information, "Titel");
-    EXPECT_THAT(desktop.Messages(), ElementsAre(ShownMessage{"Fout", MessageIcon::Exclamation, "Titel"},
-                                                ShownMessage{"Ernstig", MessageIcon::Critical, "Titel"},
-                                                ShownMessage{"Weet", MessageIcon::Information, "Titel"}));
+    desktop.MsgBox("Fout", forms::MessageIcon::Exclamation, "Titel");
+    desktop.MsgBox("Ernstig", forms::MessageIcon::Critical, "Titel");
+    desktop.MsgBox("Weet", forms::MessageIcon::Information, "Titel");
+    EXPECT_THAT(desktop.Messages(),
+                ElementsAre(ShownMessage{"Fout", forms::MessageIcon::Exclamation, "Titel"},
+                            ShownMessage{"Ernstig", forms::MessageIcon::Critical, "Titel"},
+                            ShownMessage{"Weet", forms::MessageIcon::Information, "Titel"}));
     const auto message = [](const char* icon, const char* text) {
         return Event{"message", {{"icon", icon}, {"title", "Titel"}, {"text", text}}};
     };
@@ -120,14 +121,14 @@ TEST_F(MemoryDesktopTest, YieldsAreEventsOnlyWhenTraced) {
 }
 
 TEST_F(MemoryDesktopTest, KeepsKeysPointerLockAndArea) {
-    EXPECT_EQ(desktop.GetKeyState(key::Tab), 0);
-    desktop.PressKey(key::Tab);
-    EXPECT_LT(desktop.GetKeyState(key::Tab), 0);
-    EXPECT_EQ(desktop.GetKeyState(key::Enter), 0);
-    desktop.ReleaseKey(key::Tab);
-    EXPECT_EQ(desktop.GetKeyState(key::Tab), 0);
+    EXPECT_EQ(desktop.GetKeyState(forms::key::Tab), 0);
+    desktop.PressKey(forms::key::Tab);
+    EXPECT_LT(desktop.GetKeyState(forms::key::Tab), 0);
+    EXPECT_EQ(desktop.GetKeyState(forms::key::Enter), 0);
+    desktop.ReleaseKey(forms::key::Tab);
+    EXPECT_EQ(desktop.GetKeyState(forms::key::Tab), 0);
 
-    desktop.SetMousePointer(PointerHourglass);
+    desktop.SetMousePointer(forms::PointerHourglass);
     EXPECT_EQ(desktop.MousePointer(), 11);
     EXPECT_THAT(watched.events, ElementsAre(Event{"mouse", {{"pointer", 11}}}));
 
@@ -142,7 +143,7 @@ TEST_F(MemoryDesktopTest, KeepsKeysPointerLockAndArea) {
 }
 
 TEST_F(MemoryDesktopTest, AnErrorThatNobodyTrapsIsRecorded) {
-    session.Dispatch([] { throw RuntimeError(ErrorOverflow, "Overflow"); });
+    session.Dispatch([] { throw base::RuntimeError(base::ErrorOverflow, "Overflow"); });
     EXPECT_THAT(watched.events, ElementsAre(Event{"error", {{"number", 6}, {"description", "Overflow"}}}));
 }
 

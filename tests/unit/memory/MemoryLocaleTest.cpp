@@ -1,14 +1,14 @@
 #include "memory/MemoryLocale.h"
 
-#include <gtest/gtest.h>
-
 #include <string>
+
+#include <gtest/gtest.h>
 
 #include "unit/memory/Events.h"
 
 namespace {
 
-using namespace platform;
+using namespace memory;
 
 class MemoryLocaleTest : public testing::Test {
   protected:
@@ -24,9 +24,10 @@ class MemoryLocaleTest : public testing::Test {
 };
 
 TEST_F(MemoryLocaleTest, SpeaksDutch) {
-    EXPECT_EQ(Item(LocaleCurrencySymbol), std::string("\x80\0", 2)) << "the euro sign of the code page";
-    EXPECT_EQ(Item(LocaleMonetaryDecimal), std::string(",\0", 2));
-    EXPECT_EQ(Item(LocaleMonetaryThousand), std::string(".\0", 2));
+    EXPECT_EQ(Item(machine::LocaleCurrencySymbol), std::string("\x80\0", 2))
+        << "the euro sign of the code page";
+    EXPECT_EQ(Item(machine::LocaleMonetaryDecimal), std::string(",\0", 2));
+    EXPECT_EQ(Item(machine::LocaleMonetaryThousand), std::string(".\0", 2));
     EXPECT_EQ(watched.memory.locale.DecimalMark(), ',');
     EXPECT_EQ(watched.memory.locale.ShortMonthName(3), "mrt");
     EXPECT_EQ(watched.memory.locale.ShortMonthName(13), "");
@@ -35,18 +36,18 @@ TEST_F(MemoryLocaleTest, SpeaksDutch) {
 TEST_F(MemoryLocaleTest, TheDecimalMarkCanBeThePoint) {
     watched.memory.locale.SetDecimalMark('.');
     EXPECT_EQ(watched.memory.locale.DecimalMark(), '.');
-    EXPECT_EQ(Item(LocaleDecimal), std::string(".\0", 2));
-    EXPECT_EQ(Item(LocaleMonetaryThousand), std::string(",\0", 2));
+    EXPECT_EQ(Item(machine::LocaleDecimal), std::string(".\0", 2));
+    EXPECT_EQ(Item(machine::LocaleMonetaryThousand), std::string(",\0", 2));
 }
 
 TEST_F(MemoryLocaleTest, FailsForAnUnknownItemOrASmallBuffer) {
     MemoryLocale& locale = watched.memory.locale;
     EXPECT_EQ(locale.GetLocaleInfoA(1043, 999, nullptr, 0), 0);
     char small = 'x';
-    EXPECT_EQ(locale.GetLocaleInfoA(1043, LocaleDecimal, &small, 1), 0);
+    EXPECT_EQ(locale.GetLocaleInfoA(1043, machine::LocaleDecimal, &small, 1), 0);
     EXPECT_EQ(small, 'x');
     watched.memory.recorder.Fail("GetLocaleInfoA");
-    EXPECT_EQ(locale.GetLocaleInfoA(1043, LocaleDecimal, nullptr, 0), 0);
+    EXPECT_EQ(locale.GetLocaleInfoA(1043, machine::LocaleDecimal, nullptr, 0), 0);
 }
 
 } // namespace

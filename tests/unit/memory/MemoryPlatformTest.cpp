@@ -7,14 +7,14 @@
 
 namespace {
 
-using namespace platform;
+using namespace memory;
 using testing::ElementsAre;
 
 const std::string OndorPath = R"(Software\Ondor)";
 
 TEST(MemoryPlatformTest, BundlesItsParts) {
     MemoryPlatform memory;
-    const platform::Platform& services = memory.Services();
+    const machine::Platform& services = memory.Services();
     EXPECT_EQ(&services.Desktop, &memory.desktop);
     EXPECT_EQ(&services.Registry, &memory.registry);
     EXPECT_EQ(&services.Locale, &memory.locale);
@@ -28,24 +28,24 @@ TEST(MemoryPlatformTest, BundlesItsParts) {
 TEST(MemoryPlatformTest, RecordsWritesToTheStore) {
     WatchedPlatform watched;
     watched.memory.registry.CreateKey(OndorPath);
-    const modRegistry registry(watched.memory.registry);
-    EXPECT_TRUE(registry.SetRegistryValue(HkeyCurrentUser, OndorPath, "GMUFontSize", "12"));
+    const machine::modRegistry registry(watched.memory.registry);
+    EXPECT_TRUE(registry.SetRegistryValue(machine::HkeyCurrentUser, OndorPath, "GMUFontSize", "12"));
     watched.memory.recorder.Fail("RegSetValueExA");
-    EXPECT_FALSE(registry.SetRegistryValue(HkeyCurrentUser, OndorPath, "GMUFontSize", "13"));
+    EXPECT_FALSE(registry.SetRegistryValue(machine::HkeyCurrentUser, OndorPath, "GMUFontSize", "13"));
     const auto store = [](const char* value, bool ok) {
         return Event{"store", {{"path", OndorPath}, {"name", "GMUFontSize"}, {"value", value}, {"ok", ok}}};
     };
     EXPECT_THAT(watched.events, ElementsAre(store("12", true), store("13", false)));
-    EXPECT_EQ(registry.GetRegistryValue(HkeyCurrentUser, OndorPath, "GMUFontSize"), "12");
+    EXPECT_EQ(registry.GetRegistryValue(machine::HkeyCurrentUser, OndorPath, "GMUFontSize"), "12");
 }
 
 TEST(MemoryPlatformTest, TheStoreCanFailToOpen) {
     WatchedPlatform watched;
     watched.memory.registry.SetText(OndorPath, "A", "1");
-    const modRegistry registry(watched.memory.registry);
+    const machine::modRegistry registry(watched.memory.registry);
     watched.memory.recorder.Fail("RegOpenKeyA");
-    EXPECT_EQ(registry.GetRegistryValue(HkeyCurrentUser, OndorPath, "A"), "");
-    EXPECT_EQ(registry.GetRegistryValue(HkeyCurrentUser, OndorPath, "A"), "1");
+    EXPECT_EQ(registry.GetRegistryValue(machine::HkeyCurrentUser, OndorPath, "A"), "");
+    EXPECT_EQ(registry.GetRegistryValue(machine::HkeyCurrentUser, OndorPath, "A"), "1");
 }
 
 TEST(MemoryPlatformTest, TheClockStandsWhereItIsSet) {

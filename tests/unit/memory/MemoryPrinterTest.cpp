@@ -7,22 +7,22 @@
 
 namespace {
 
-using platform::Event;
-using platform::PrintQueue;
+using memory::Event;
+using memory::PrintQueue;
 using testing::ElementsAre;
 using testing::IsEmpty;
 
 class MemoryPrinterTest : public testing::Test {
   protected:
     WatchedPlatform watched;
-    platform::MemoryPrinter& printer = watched.memory.printer;
+    memory::MemoryPrinter& printer = watched.memory.printer;
 };
 
 template <class Call>
 int ErrorOf(Call call) {
     try {
         call();
-    } catch (const platform::RuntimeError& error) {
+    } catch (const base::RuntimeError& error) {
         return error.Number();
     }
     return 0;
@@ -30,13 +30,13 @@ int ErrorOf(Call call) {
 
 TEST_F(MemoryPrinterTest, WithoutAPrinterEveryMemberFails) {
     EXPECT_EQ(watched.memory.printers.Count(), 0);
-    EXPECT_EQ(ErrorOf([&] { printer.DeviceName(); }), platform::ErrorPrinter);
-    EXPECT_EQ(ErrorOf([&] { printer.SetOrientation(1); }), platform::ErrorPrinter);
-    EXPECT_EQ(ErrorOf([&] { printer.ScaleWidth(); }), platform::ErrorPrinter);
-    EXPECT_EQ(ErrorOf([&] { printer.ScaleLeft(); }), platform::ErrorPrinter);
-    EXPECT_EQ(ErrorOf([&] { printer.Copies(); }), platform::ErrorPrinter);
-    EXPECT_EQ(ErrorOf([&] { printer.Assign(0); }), platform::ErrorSubscriptOutOfRange);
-    EXPECT_EQ(ErrorOf([&] { watched.memory.printers.Item(0); }), platform::ErrorSubscriptOutOfRange);
+    EXPECT_EQ(ErrorOf([&] { printer.DeviceName(); }), base::ErrorPrinter);
+    EXPECT_EQ(ErrorOf([&] { printer.SetOrientation(1); }), base::ErrorPrinter);
+    EXPECT_EQ(ErrorOf([&] { printer.ScaleWidth(); }), base::ErrorPrinter);
+    EXPECT_EQ(ErrorOf([&] { printer.ScaleLeft(); }), base::ErrorPrinter);
+    EXPECT_EQ(ErrorOf([&] { printer.Copies(); }), base::ErrorPrinter);
+    EXPECT_EQ(ErrorOf([&] { printer.Assign(0); }), base::ErrorSubscriptOutOfRange);
+    EXPECT_EQ(ErrorOf([&] { watched.memory.printers.Item(0); }), base::ErrorSubscriptOutOfRange);
 }
 
 TEST_F(MemoryPrinterTest, TheFirstInstalledIsTheDefault) {
@@ -69,10 +69,10 @@ TEST_F(MemoryPrinterTest, MeasuresAreTwipsOfTheDeviceDots) {
     EXPECT_DOUBLE_EQ(printer.ScaleHeight(), 16358.4);
     EXPECT_EQ(printer.ScaleLeft(), 0);
     EXPECT_EQ(printer.ScaleTop(), 0);
-    EXPECT_EQ(printer.GetDeviceCaps(platform::CapsLogPixelsX), 600);
-    EXPECT_EQ(printer.GetDeviceCaps(platform::CapsLogPixelsY), 600);
-    EXPECT_EQ(printer.GetDeviceCaps(platform::CapsPhysicalOffsetX), 100);
-    EXPECT_EQ(printer.GetDeviceCaps(platform::CapsPhysicalOffsetY), 50);
+    EXPECT_EQ(printer.GetDeviceCaps(machine::CapsLogPixelsX), 600);
+    EXPECT_EQ(printer.GetDeviceCaps(machine::CapsLogPixelsY), 600);
+    EXPECT_EQ(printer.GetDeviceCaps(machine::CapsPhysicalOffsetX), 100);
+    EXPECT_EQ(printer.GetDeviceCaps(machine::CapsPhysicalOffsetY), 50);
 }
 
 TEST_F(MemoryPrinterTest, LandscapeTurnsTheMeasures) {
@@ -81,8 +81,8 @@ TEST_F(MemoryPrinterTest, LandscapeTurnsTheMeasures) {
     EXPECT_DOUBLE_EQ(printer.Width(), 16838.4);
     EXPECT_DOUBLE_EQ(printer.ScaleWidth(), 16358.4);
     EXPECT_DOUBLE_EQ(printer.ScaleHeight(), 11424);
-    EXPECT_EQ(printer.GetDeviceCaps(platform::CapsPhysicalOffsetX), 50);
-    EXPECT_EQ(printer.GetDeviceCaps(platform::CapsPhysicalOffsetY), 100);
+    EXPECT_EQ(printer.GetDeviceCaps(machine::CapsPhysicalOffsetX), 50);
+    EXPECT_EQ(printer.GetDeviceCaps(machine::CapsPhysicalOffsetY), 100);
 }
 
 TEST_F(MemoryPrinterTest, AnAssignmentTakesTheStoredDefaultsAfresh) {
@@ -99,7 +99,7 @@ TEST_F(MemoryPrinterTest, AnAssignmentTakesTheStoredDefaultsAfresh) {
     EXPECT_EQ(printer.PaperBin(), 1);
     EXPECT_EQ(printer.Copies(), 3);
     EXPECT_EQ(printer.Drawing.CurrentX, 0);
-    EXPECT_EQ(printer.Drawing.Font, (platform::FontSpec{"Courier", 12, false}));
+    EXPECT_EQ(printer.Drawing.Font, (machine::FontSpec{"Courier", 12, false}));
 }
 
 TEST_F(MemoryPrinterTest, WritingAPropertyLeavesTheStoredDefaults) {
@@ -122,7 +122,7 @@ TEST_F(MemoryPrinterTest, WritingAPropertyLeavesTheStoredDefaults) {
 
 TEST_F(MemoryPrinterTest, RefusesAnOrientationThatIsNone) {
     watched.memory.InstallPrinter({.Name = "Laser"});
-    EXPECT_EQ(ErrorOf([&] { printer.SetOrientation(0); }), platform::ErrorInvalidPropertyValue);
+    EXPECT_EQ(ErrorOf([&] { printer.SetOrientation(0); }), base::ErrorInvalidPropertyValue);
     EXPECT_EQ(printer.Orientation(), 1);
     EXPECT_THAT(watched.events, IsEmpty());
 }
@@ -133,25 +133,24 @@ TEST_F(MemoryPrinterTest, EachMemberCanBeMadeToFail) {
         EXPECT_TRUE(watched.memory.recorder.Fail(call)) << call;
         return ErrorOf(member);
     };
-    EXPECT_EQ(failing("Printer", [&] { printer.Assign(0); }), platform::ErrorPrinter);
-    EXPECT_EQ(failing("PaperSize", [&] { printer.SetPaperSize(5); }), platform::ErrorInvalidPropertyValue);
-    EXPECT_EQ(failing("PaperBin", [&] { printer.SetPaperBin(1); }), platform::ErrorInvalidPropertyValue);
-    EXPECT_EQ(failing("Orientation", [&] { printer.SetOrientation(2); }),
-              platform::ErrorInvalidPropertyValue);
-    EXPECT_EQ(failing("ScaleWidth", [&] { printer.ScaleWidth(); }), platform::ErrorPrinter);
-    EXPECT_EQ(failing("ScaleHeight", [&] { printer.ScaleHeight(); }), platform::ErrorPrinter);
-    EXPECT_EQ(failing("ScaleLeft", [&] { printer.ScaleLeft(); }), platform::ErrorPrinter);
-    EXPECT_EQ(failing("ScaleTop", [&] { printer.ScaleTop(); }), platform::ErrorPrinter);
-    EXPECT_EQ(failing("GetDeviceCaps", [&] { printer.GetDeviceCaps(88); }), platform::ErrorPrinter);
-    EXPECT_EQ(failing("Copies", [&] { printer.Copies(); }), platform::ErrorPrinter);
-    EXPECT_EQ(failing("ReadOrientation", [&] { printer.Orientation(); }), platform::ErrorPrinter);
-    EXPECT_EQ(failing("ReadPaperSize", [&] { printer.PaperSize(); }), platform::ErrorPrinter);
-    EXPECT_EQ(failing("ReadPaperBin", [&] { printer.PaperBin(); }), platform::ErrorPrinter);
-    EXPECT_EQ(failing("Width", [&] { printer.Width(); }), platform::ErrorPrinter);
-    EXPECT_EQ(failing("Height", [&] { printer.Height(); }), platform::ErrorPrinter);
-    EXPECT_EQ(failing("Item", [&] { watched.memory.printers.Item(0); }), platform::ErrorPrinter);
-    EXPECT_EQ(failing("DeviceName", [&] { printer.DeviceName(); }), platform::ErrorPrinter);
-    EXPECT_EQ(failing("Printers", [&] { watched.memory.printers.Count(); }), platform::ErrorPrinter);
+    EXPECT_EQ(failing("Printer", [&] { printer.Assign(0); }), base::ErrorPrinter);
+    EXPECT_EQ(failing("PaperSize", [&] { printer.SetPaperSize(5); }), base::ErrorInvalidPropertyValue);
+    EXPECT_EQ(failing("PaperBin", [&] { printer.SetPaperBin(1); }), base::ErrorInvalidPropertyValue);
+    EXPECT_EQ(failing("Orientation", [&] { printer.SetOrientation(2); }), base::ErrorInvalidPropertyValue);
+    EXPECT_EQ(failing("ScaleWidth", [&] { printer.ScaleWidth(); }), base::ErrorPrinter);
+    EXPECT_EQ(failing("ScaleHeight", [&] { printer.ScaleHeight(); }), base::ErrorPrinter);
+    EXPECT_EQ(failing("ScaleLeft", [&] { printer.ScaleLeft(); }), base::ErrorPrinter);
+    EXPECT_EQ(failing("ScaleTop", [&] { printer.ScaleTop(); }), base::ErrorPrinter);
+    EXPECT_EQ(failing("GetDeviceCaps", [&] { printer.GetDeviceCaps(88); }), base::ErrorPrinter);
+    EXPECT_EQ(failing("Copies", [&] { printer.Copies(); }), base::ErrorPrinter);
+    EXPECT_EQ(failing("ReadOrientation", [&] { printer.Orientation(); }), base::ErrorPrinter);
+    EXPECT_EQ(failing("ReadPaperSize", [&] { printer.PaperSize(); }), base::ErrorPrinter);
+    EXPECT_EQ(failing("ReadPaperBin", [&] { printer.PaperBin(); }), base::ErrorPrinter);
+    EXPECT_EQ(failing("Width", [&] { printer.Width(); }), base::ErrorPrinter);
+    EXPECT_EQ(failing("Height", [&] { printer.Height(); }), base::ErrorPrinter);
+    EXPECT_EQ(failing("Item", [&] { watched.memory.printers.Item(0); }), base::ErrorPrinter);
+    EXPECT_EQ(failing("DeviceName", [&] { printer.DeviceName(); }), base::ErrorPrinter);
+    EXPECT_EQ(failing("Printers", [&] { watched.memory.printers.Count(); }), base::ErrorPrinter);
     EXPECT_THAT(watched.events, IsEmpty());
     EXPECT_FALSE(watched.memory.recorder.Fail("NoSuchCall"));
 }
@@ -163,7 +162,7 @@ TEST_F(MemoryPrinterTest, ATestCanChooseTheCallThatFails) {
         return call == "Copies" && ++calls == 2;
     };
     EXPECT_EQ(printer.Copies(), 1);
-    EXPECT_EQ(ErrorOf([&] { printer.Copies(); }), platform::ErrorPrinter);
+    EXPECT_EQ(ErrorOf([&] { printer.Copies(); }), base::ErrorPrinter);
     EXPECT_EQ(printer.Copies(), 1);
 }
 

@@ -1,17 +1,17 @@
 #include "payment/Accounts.h"
 
-#include "HostileTexts.h"
-#include "payment/TextRoutines.h"
-#include "machine/SeededRandom.h"
-#include "support/HeldChance.h"
-
-#include <gtest/gtest.h>
-
 #include <algorithm>
 #include <initializer_list>
 #include <set>
 #include <string>
 #include <vector>
+
+#include <gtest/gtest.h>
+
+#include "HostileTexts.h"
+#include "machine/SeededRandom.h"
+#include "payment/TextRoutines.h"
+#include "support/HeldChance.h"
 
 namespace payment {
 namespace {
@@ -177,7 +177,7 @@ TEST(NieuwRekeningnummer, DrawsAgainBelowTen) {
 
 TEST(NieuwRekeningnummer, HasTenDigitsAfterThree) {
     const HeldClock clock;
-    platform::SeededRandom random(1);
+    machine::SeededRandom random(1);
     std::set<std::string> numbers;
     for (int i = 0; i < 200; ++i) {
         const std::string number = NieuwRekeningnummer("123", random, clock);
@@ -190,7 +190,7 @@ TEST(NieuwRekeningnummer, HasTenDigitsAfterThree) {
 
 TEST(NieuwRekeningnummer, GivesUpWhenNothingCanFollow) {
     const HeldClock clock;
-    platform::SeededRandom random(1);
+    machine::SeededRandom random(1);
     EXPECT_EQ(NieuwRekeningnummer("0", random, clock), ""); // eight figures with a leading zero
     ListedRandom stuck({0});
     EXPECT_EQ(NieuwRekeningnummer("40", stuck, clock), "");

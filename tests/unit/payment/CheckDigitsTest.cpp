@@ -1,11 +1,11 @@
 #include "payment/CheckDigits.h"
 
-#include "HostileTexts.h"
+#include <limits>
+#include <string>
 
 #include <gtest/gtest.h>
 
-#include <limits>
-#include <string>
+#include "HostileTexts.h"
 
 namespace payment {
 namespace {

@@ -1,13 +1,13 @@
 #include "payment/Iban.h"
 
-#include "HostileTexts.h"
-#include "base/RuntimeError.h"
-
-#include <gtest/gtest.h>
-
 #include <cstdint>
 #include <initializer_list>
 #include <string>
+
+#include <gtest/gtest.h>
+
+#include "HostileTexts.h"
+#include "base/RuntimeError.h"
 
 namespace payment {
 namespace {
@@ -108,10 +108,10 @@ TEST(Modulus, AgreesWithReductionFourFiguresAtATime) {
 TEST(Modulus, RefusesADivisorOrATextThatIsNone) {
     std::string digits = "123456";
     for (const std::int16_t divisor : std::initializer_list<std::int16_t>{0, 1001, -1001, 32767, -32768}) {
-        EXPECT_THROW(Modulus(digits, divisor), platform::RuntimeError) << divisor;
+        EXPECT_THROW(Modulus(digits, divisor), base::RuntimeError) << divisor;
     }
     for (std::string text : {"12a4", "-5", "1.5", " 1", "\xFF"}) {
-        EXPECT_THROW(Modulus(text, 97), platform::RuntimeError) << text;
+        EXPECT_THROW(Modulus(text, 97), base::RuntimeError) << text;
     }
 }
 

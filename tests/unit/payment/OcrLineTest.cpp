@@ -1,14 +1,14 @@
 #include "payment/OcrLine.h"
 
-#include "HostileTexts.h"
-#include "payment/Iban.h"
-#include "base/RuntimeError.h"
-#include "base/Text.h"
+#include <string>
+#include <vector>
 
 #include <gtest/gtest.h>
 
-#include <string>
-#include <vector>
+#include "HostileTexts.h"
+#include "base/RuntimeError.h"
+#include "base/Text.h"
+#include "payment/Iban.h"
 
 namespace payment {
 namespace {
@@ -73,7 +73,7 @@ TEST(OcrLineAmount, HasTwoDigitsOfCents) {
 
 TEST(OcrLineAmount, LosesDigitsOfTooManyEuros) {
     EXPECT_EQ(AmountOf("1234567", "89").substr(0, 8), "12345689");
-    EXPECT_THROW(AmountOf("99999999999", "00"), platform::RuntimeError);
+    EXPECT_THROW(AmountOf("99999999999", "00"), base::RuntimeError);
 }
 
 TEST(OcrLineAmount, IsAbsentForAnAmountOfZero) {
@@ -132,16 +132,16 @@ TEST(OcrLine, StandsHostileTexts) {
         OcrValues values{.kenmerk = text, .euro = "1", .cent = text, .rekening = text, .bic = text};
         OcrLine line;
         MakeOcrLine(values, line);
-        EXPECT_EQ(platform::text::Length(line.reference), 17U);
-        EXPECT_EQ(platform::text::Length(line.groupedReference), 19U);
-        EXPECT_LE(platform::text::Length(line.amount), 10U);
+        EXPECT_EQ(base::text::Length(line.reference), 17U);
+        EXPECT_EQ(base::text::Length(line.groupedReference), 19U);
+        EXPECT_LE(base::text::Length(line.amount), 10U);
         EXPECT_EQ(line.account, text.empty() ? "" : text + "+");
 
         values.euro = text;
         try {
             MakeOcrLine(values, line);
-        } catch (const platform::RuntimeError& error) {
-            EXPECT_EQ(error.Number(), platform::ErrorOverflow);
+        } catch (const base::RuntimeError& error) {
+            EXPECT_EQ(error.Number(), base::ErrorOverflow);
         }
     }
 }

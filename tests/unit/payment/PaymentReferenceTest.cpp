@@ -1,9 +1,9 @@
 #include "payment/PaymentReference.h"
 
+#include <gtest/gtest.h>
+
 #include "HostileTexts.h"
 #include "base/RuntimeError.h"
-
-#include <gtest/gtest.h>
 
 namespace payment {
 namespace {
@@ -29,17 +29,17 @@ TEST(MaakBetalingskenmerk, CutsLongNumbers) {
 }
 
 TEST(MaakBetalingskenmerk, RefusesANumberBeyondThirtyTwoBits) {
-    EXPECT_THROW(MaakBetalingskenmerk("99999999999", "1", "03", "2026"), platform::RuntimeError);
-    EXPECT_THROW(MaakBetalingskenmerk("1", "99999999999", "03", "2026"), platform::RuntimeError);
-    EXPECT_THROW(MaakBetalingskenmerk("1", "1", "99999999999", "2026"), platform::RuntimeError);
+    EXPECT_THROW(MaakBetalingskenmerk("99999999999", "1", "03", "2026"), base::RuntimeError);
+    EXPECT_THROW(MaakBetalingskenmerk("1", "99999999999", "03", "2026"), base::RuntimeError);
+    EXPECT_THROW(MaakBetalingskenmerk("1", "1", "99999999999", "2026"), base::RuntimeError);
 }
 
 TEST(MaakBetalingskenmerk, StandsHostileTexts) {
     for (const std::string& text : HostileTexts()) {
         try {
             MaakBetalingskenmerk(text, text, text, text);
-        } catch (const platform::RuntimeError& error) {
-            EXPECT_EQ(error.Number(), platform::ErrorOverflow);
+        } catch (const base::RuntimeError& error) {
+            EXPECT_EQ(error.Number(), base::ErrorOverflow);
         }
         EXPECT_EQ(MaakBetalingskenmerk("12", "1", "03", "1" + text).substr(0, 13), "1000000120103");
     }

@@ -1,11 +1,11 @@
 #include "payment/TextRoutines.h"
 
-#include "HostileTexts.h"
+#include <algorithm>
+#include <string>
 
 #include <gtest/gtest.h>
 
-#include <algorithm>
-#include <string>
+#include "HostileTexts.h"
 
 namespace payment {
 namespace {

@@ -44,7 +44,7 @@ class BarsTest : public testing::Test {
         form.Show();
     }
 
-    platform::MemoryPlatform memory;
+    memory::MemoryPlatform memory;
     forms::Session session{memory.desktop};
     BarsForm form{session};
     std::vector<int> values;
@@ -62,8 +62,8 @@ TEST_F(BarsTest, AScrollBarReportsOnlyAChangeOfItsValue) {
 }
 
 TEST_F(BarsTest, AScrollBarStaysWithinItsEnds) {
-    EXPECT_THROW(form.bar.SetValue(101), platform::RuntimeError);
-    EXPECT_THROW(form.bar.SetValue(-1), platform::RuntimeError);
+    EXPECT_THROW(form.bar.SetValue(101), base::RuntimeError);
+    EXPECT_THROW(form.bar.SetValue(-1), base::RuntimeError);
     EXPECT_TRUE(form.bar.UserScroll(1000));
     EXPECT_EQ(form.bar.Value(), 100);
     EXPECT_TRUE(form.bar.UserScroll(-1000));
@@ -84,8 +84,8 @@ TEST_F(BarsTest, ToolbarButtonsCountFromOne) {
     EXPECT_TRUE(form.toolbar.UserClickButton(1));
     EXPECT_TRUE(form.toolbar.UserClickButton(3));
     EXPECT_THAT(pressed, ElementsAre(1, 3));
-    EXPECT_THROW(form.toolbar.Button(0), platform::RuntimeError);
-    EXPECT_THROW(form.toolbar.SetButtonEnabled(4, true), platform::RuntimeError);
+    EXPECT_THROW(form.toolbar.Button(0), base::RuntimeError);
+    EXPECT_THROW(form.toolbar.SetButtonEnabled(4, true), base::RuntimeError);
 }
 
 TEST_F(BarsTest, AUserCannotPressASeparatorOrADisabledButtonOrOneThatIsNotThere) {
@@ -103,8 +103,8 @@ TEST_F(BarsTest, PanelsCountFromOne) {
     form.status.SetPanelWidth(2, 3000);
     EXPECT_EQ(form.status.Panel(1).Text, "Pagina: 1");
     EXPECT_EQ(form.status.Panel(2).Width, 3000);
-    EXPECT_THROW(form.status.SetPanelText(3, ""), platform::RuntimeError);
-    EXPECT_THROW(form.status.Panel(0), platform::RuntimeError);
+    EXPECT_THROW(form.status.SetPanelText(3, ""), base::RuntimeError);
+    EXPECT_THROW(form.status.Panel(0), base::RuntimeError);
 }
 
 TEST_F(BarsTest, MenuToolsGoByTheirId) {

@@ -1,6 +1,6 @@
-#include "PreviewFixture.h"
-
 #include <new>
+
+#include "PreviewFixture.h"
 
 namespace preview {
 namespace {
@@ -15,7 +15,7 @@ TEST_F(PreviewTest, OpeningMakesTheHiddenPageTheSurface) {
     EXPECT_EQ(Surface().Font(), "Tahoma");
     EXPECT_EQ(Surface().FontSize(), 8);
     EXPECT_EQ(state.LineHeight, 192) << "measured on the page: 24 twips for each of 8 points";
-    EXPECT_EQ(memory.desktop.MousePointer(), platform::PointerHourglass);
+    EXPECT_EQ(memory.desktop.MousePointer(), forms::PointerHourglass);
     Close();
 }
 
@@ -104,11 +104,11 @@ TEST_F(PreviewTest, APreviewThatIsNeverClosedLeavesNoSurface) {
 }
 
 TEST_F(PreviewTest, WithoutAPrinterThereIsAnErrorAndNoCrash) {
-    EXPECT_THROW(Open(), platform::RuntimeError);
-    EXPECT_THROW(Surface().Print("een"), platform::RuntimeError);
-    EXPECT_THROW(Surface().EndDoc(), platform::RuntimeError);
+    EXPECT_THROW(Open(), base::RuntimeError);
+    EXPECT_THROW(Surface().Print("een"), base::RuntimeError);
+    EXPECT_THROW(Surface().EndDoc(), base::RuntimeError);
     Surface().Newpage();
-    EXPECT_THROW(preview.Show(), platform::RuntimeError);
+    EXPECT_THROW(preview.Show(), base::RuntimeError);
     Close();
     EXPECT_EQ(state.Surface, nullptr);
     EXPECT_THAT(session.OpenForms(), IsEmpty());
@@ -120,7 +120,7 @@ TEST_F(PreviewTest, APreviewThatFailsEarlyDoesNotPrintByTheWishOfTheOneBefore) {
     Show(1, [this] { Window().Toolbar.UserClickButton(1); });
     ASSERT_TRUE(state.PrintAfterPreview);
     memory.recorder.Fail("ScaleWidth", 1000);
-    EXPECT_THROW(Open(), platform::RuntimeError);
+    EXPECT_THROW(Open(), base::RuntimeError);
     EXPECT_FALSE(state.PrintAfterPreview);
     Close();
     memory.recorder.Fail("ScaleWidth", 0);
@@ -139,7 +139,7 @@ TEST_F(PreviewTest, AFailingCallCostsNoMoreThanThePreview) {
             const auto attempt = [](const auto& step) {
                 try {
                     step();
-                } catch (const platform::RuntimeError&) {
+                } catch (const base::RuntimeError&) {
                 }
             };
             attempt([&] { Open(); });
@@ -153,7 +153,7 @@ TEST_F(PreviewTest, AFailingCallCostsNoMoreThanThePreview) {
         }
     }
     EXPECT_EQ(memory.bitmaps.Alive(), 0U);
-    EXPECT_EQ(platform::modMsgHookProc::SlotsInUse(), 0);
+    EXPECT_EQ(forms::modMsgHookProc::SlotsInUse(), 0);
     EXPECT_EQ(memory.desktop.Windows().Count(), 0U);
 }
 
@@ -171,7 +171,7 @@ TEST_F(PreviewTest, AThousandPreviewsLeaveNothingBehind) {
     }
     EXPECT_THAT(session.OpenForms(), IsEmpty());
     EXPECT_EQ(memory.desktop.Windows().Count(), 0U);
-    EXPECT_EQ(platform::modMsgHookProc::SlotsInUse(), 0);
+    EXPECT_EQ(forms::modMsgHookProc::SlotsInUse(), 0);
     EXPECT_EQ(memory.bitmaps.Alive(), 0U);
 }
 

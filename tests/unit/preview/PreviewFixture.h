@@ -1,15 +1,15 @@
 #pragma once
 
-#include <gmock/gmock.h>
-#include <gtest/gtest.h>
-
 #include <functional>
 #include <string>
 #include <vector>
 
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
 #include "composition/PrintSurface.h"
-#include "memory/MemoryPlatform.h"
 #include "forms/modMsgHookProc.h"
+#include "memory/MemoryPlatform.h"
 #include "preview/PrintPreview.h"
 #include "preview/frmPrintPreview.h"
 #include "preview/frmPrintPreviewGhost.h"
@@ -22,13 +22,13 @@ namespace preview {
 class PreviewTest : public testing::Test {
   protected:
     PreviewTest() {
-        memory.recorder.Sink = [this](const platform::Event& event) { events.push_back(event); };
+        memory.recorder.Sink = [this](const memory::Event& event) { events.push_back(event); };
         state.ListFontName = "Tahoma";
         state.MessageTitle = "Drukkeuring acceptgiro's";
     }
 
     void InstallPrinter(const std::string& name = "Laser") {
-        platform::PrintQueue queue;
+        memory::PrintQueue queue;
         queue.Name = name;
         memory.InstallPrinter(queue);
     }
@@ -69,11 +69,11 @@ class PreviewTest : public testing::Test {
         EXPECT_TRUE(played);
     }
 
-    static std::vector<std::string> TextsOn(const std::shared_ptr<const platform::PageBitmap>& page) {
+    static std::vector<std::string> TextsOn(const std::shared_ptr<const machine::PageBitmap>& page) {
         if (page == nullptr) {
             return {"no page"};
         }
-        return static_cast<const platform::MemoryBitmap&>(*page).Texts();
+        return static_cast<const memory::MemoryBitmap&>(*page).Texts();
     }
     /// What the window shows.
     std::vector<std::string> OnScreen() { return TextsOn(Window().pictCurrentPage.Page()); }
@@ -93,16 +93,16 @@ class PreviewTest : public testing::Test {
     /// The kinds of the events since the last call, but for those of the spooler.
     std::vector<std::string> Kinds() {
         std::vector<std::string> kinds;
-        for (const platform::Event& event : events) {
+        for (const memory::Event& event : events) {
             kinds.push_back(event.Kind);
         }
         events.clear();
         return kinds;
     }
 
-    platform::MemoryPlatform memory;
-    std::vector<platform::Event> events;
-    wizard::AppState state;
+    memory::MemoryPlatform memory;
+    std::vector<memory::Event> events;
+    state::AppState state;
     forms::Session session{memory.desktop};
     composition::PrinterSurface printer{memory.printer};
     PrintPreview preview{session, memory.Services(), state, printer};

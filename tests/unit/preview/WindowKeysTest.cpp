@@ -4,7 +4,7 @@ namespace preview {
 namespace {
 
 using testing::ElementsAre;
-namespace key = platform::key;
+namespace key = forms::key;
 
 struct KeyRow {
     int key;

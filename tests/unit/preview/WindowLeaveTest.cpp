@@ -4,13 +4,13 @@ namespace preview {
 namespace {
 
 using testing::IsEmpty;
-namespace key = platform::key;
+namespace key = forms::key;
 
 TEST_F(WindowTest, TheCloseBoxLeavesTheWishAsItWas) {
     InstallPrinter();
     Show(1, [this] { Window().UserClose(); });
     EXPECT_FALSE(state.PrintAfterPreview);
-    EXPECT_EQ(memory.desktop.MousePointer(), platform::PointerDefault);
+    EXPECT_EQ(memory.desktop.MousePointer(), forms::PointerDefault);
 }
 
 struct WayOut {
@@ -30,7 +30,7 @@ TEST_P(LeaveTest, EndsTheModalShowing) {
         EXPECT_EQ(Ghost().ThisPage.size(), 1U) << "the pages are let go";
     });
     EXPECT_EQ(state.PrintAfterPreview, GetParam().print);
-    EXPECT_EQ(memory.desktop.MousePointer(), platform::PointerDefault);
+    EXPECT_EQ(memory.desktop.MousePointer(), forms::PointerDefault);
     EXPECT_THAT(session.OpenForms(), IsEmpty());
 }
 

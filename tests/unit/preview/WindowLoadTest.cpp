@@ -97,7 +97,7 @@ TEST_F(WindowTest, LoadingClearsTheWishToPrint) {
 
 TEST_F(WindowTest, LoadingAndActivatingEndTheHourglass) {
     Start(1);
-    EXPECT_EQ(memory.desktop.MousePointer(), platform::PointerDefault);
+    EXPECT_EQ(memory.desktop.MousePointer(), forms::PointerDefault);
     for (const auto& [number, line] : Window().ToolbarLine) {
         EXPECT_EQ(line->ForeColor(), forms::colour::Rgb(160, 152, 135)) << number;
     }
@@ -137,13 +137,13 @@ TEST_F(WindowTest, WithoutAPrinterThePrintButtonIsOffAndTheMenuIsNot) {
     InstallPrinter();
     Open();
     Close();
-    wizard::AppState otherState;
-    platform::MemoryPlatform bare;
+    state::AppState otherState;
+    memory::MemoryPlatform bare;
     forms::Session bareSession(bare.desktop);
     composition::PrinterSurface barePrinter(bare.printer);
     PrintPreview barePreview(bareSession, bare.Services(), otherState, barePrinter);
-    EXPECT_THROW(barePreview.OpenPreview(0), platform::RuntimeError);
-    EXPECT_THROW(barePreview.Window()->Load(), platform::RuntimeError);
+    EXPECT_THROW(barePreview.OpenPreview(0), base::RuntimeError);
+    EXPECT_THROW(barePreview.Window()->Load(), base::RuntimeError);
     EXPECT_FALSE(barePreview.Window()->Toolbar.Button(1).Enabled);
     EXPECT_EQ(barePreview.Window()->Toolbar.Button(1).ToolTipText, "Afdrukken...");
     EXPECT_TRUE(barePreview.Window()->SSActiveToolBars.UserChoose("ID_Afdrukken"));
@@ -169,7 +169,7 @@ TEST_F(WindowTest, TheFirstDesignsMenuIsThereByNameAndHidden) {
     EXPECT_EQ(Window().mnuItems(0).Caption(), "Af&drukken...");
     EXPECT_EQ(Window().mnuItems(1).Caption(), "-");
     EXPECT_EQ(Window().mnuItems(2).Caption(), "Afdrukvoorbeeld &Afsluiten");
-    EXPECT_THROW(Window().mnuItems(3), platform::RuntimeError);
+    EXPECT_THROW(Window().mnuItems(3), base::RuntimeError);
 }
 
 } // namespace

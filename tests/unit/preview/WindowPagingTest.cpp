@@ -65,7 +65,7 @@ TEST_F(WindowTest, TheToolbarTurnsThePagesAndGoesToTheTop) {
         EXPECT_EQ(V(), 0);
         EXPECT_EQ(H(), 0);
         EXPECT_EQ("pagina " + std::to_string(Window().iCurrentPage), step.page);
-        EXPECT_EQ(memory.desktop.MousePointer(), platform::PointerDefault);
+        EXPECT_EQ(memory.desktop.MousePointer(), forms::PointerDefault);
     }
     EXPECT_FALSE(Window().Toolbar.UserClickButton(5)) << "there is no page 4";
     EXPECT_FALSE(Window().Toolbar.UserClickButton(2));
@@ -75,7 +75,7 @@ TEST_F(WindowTest, ACommandRunsUnderTheHourglass) {
     Start(2);
     Window().Toolbar.UserClickButton(5);
     std::vector<std::int64_t> pointers;
-    for (const platform::Event& event : events) {
+    for (const memory::Event& event : events) {
         if (event.Kind == "mouse") {
             pointers.push_back(std::get<std::int64_t>(event.Fields.at(0).Value));
         }

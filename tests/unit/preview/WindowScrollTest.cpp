@@ -3,7 +3,7 @@
 namespace preview {
 namespace {
 
-namespace key = platform::key;
+namespace key = forms::key;
 
 TEST_F(WindowTest, ScrollingMovesSheetAndShadow) {
     Start(1);
@@ -112,12 +112,12 @@ TEST_F(WindowTest, AFailingRefreshCostsNothing) {
     memory.desktop.OnControlChanged = [&](const forms::Control& control, forms::Aspect aspect) {
         if (&control == &Window().pictCurrentPage && aspect == forms::Aspect::Picture) {
             ++refreshed;
-            throw platform::OutOfMemory();
+            throw base::OutOfMemory();
         }
     };
     EXPECT_TRUE(Window().VScroll.UserScroll(100));
     EXPECT_EQ(Window().pictPageContainer.Top(), 1020 - 8558);
-    Key(platform::key::Right);
+    Key(forms::key::Right);
     EXPECT_EQ(Window().pictPageContainer.Left(), 1020 - 706);
     EXPECT_EQ(refreshed, 2);
     EXPECT_THAT(Kinds(), testing::Not(testing::Contains("error")));

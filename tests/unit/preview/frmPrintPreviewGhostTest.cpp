@@ -1,6 +1,6 @@
-#include "PreviewFixture.h"
-
 #include <new>
+
+#include "PreviewFixture.h"
 
 namespace preview {
 namespace {
@@ -162,7 +162,7 @@ TEST_F(GhostTest, OfFortyOnePagesTheLastIsDroppedWithAMessage) {
     Surface().EndDoc();
     EXPECT_THAT(
         memory.desktop.Messages(),
-        ElementsAre(platform::ShownMessage{TooMany, platform::MessageIcon::Information, state.MessageTitle}));
+        ElementsAre(memory::ShownMessage{TooMany, forms::MessageIcon::Information, state.MessageTitle}));
     EXPECT_EQ(Ghost().Tag, "40");
     EXPECT_EQ(Ghost().Page(), 40);
     EXPECT_EQ(Window().iTotalPages, 40);
@@ -217,7 +217,7 @@ TEST_F(GhostTest, ThePageOnScreenIsTheOneThatIsHeld) {
     EXPECT_EQ(Window().pictCurrentPage.Page(), Ghost().ThisPage.at(1).Picture);
     Ghost().DisplayOnScreen(2);
     EXPECT_EQ(Window().pictCurrentPage.Page(), Ghost().ThisPage.at(2).Picture);
-    EXPECT_EQ(memory.desktop.MousePointer(), platform::PointerDefault);
+    EXPECT_EQ(memory.desktop.MousePointer(), forms::PointerDefault);
 }
 
 TEST_F(GhostTest, DisplayVolgendeAndVorigeCountByThemselvesWithoutBounds) {
@@ -226,7 +226,7 @@ TEST_F(GhostTest, DisplayVolgendeAndVorigeCountByThemselvesWithoutBounds) {
     EXPECT_EQ(Ghost().iDisplayPage, 2);
     EXPECT_THAT(OnScreen(), ElementsAre("pagina 2"));
     Ghost().DisplayVolgende();
-    EXPECT_THROW(Ghost().DisplayVolgende(), platform::RuntimeError);
+    EXPECT_THROW(Ghost().DisplayVolgende(), base::RuntimeError);
     EXPECT_EQ(Ghost().iDisplayPage, 4);
     Ghost().DisplayVorige();
     EXPECT_THAT(OnScreen(), ElementsAre("pagina 3"));
@@ -235,21 +235,21 @@ TEST_F(GhostTest, DisplayVolgendeAndVorigeCountByThemselvesWithoutBounds) {
     EXPECT_THAT(OnScreen(), ElementsAre("pagina 1"));
     Ghost().DisplayVorige();
     EXPECT_THAT(OnScreen(), IsEmpty()) << "the blank page";
-    EXPECT_THROW(Ghost().DisplayVorige(), platform::RuntimeError);
+    EXPECT_THROW(Ghost().DisplayVorige(), base::RuntimeError);
 }
 
 TEST_F(GhostTest, APageOutOfRangeIsAnError) {
     Compose(1);
     for (const int page : {2, 41, -1, 32767, -32768}) {
-        EXPECT_THROW(Ghost().DisplayOnScreen(static_cast<std::int16_t>(page)), platform::RuntimeError);
+        EXPECT_THROW(Ghost().DisplayOnScreen(static_cast<std::int16_t>(page)), base::RuntimeError);
     }
 }
 
 TEST_F(GhostTest, ItsWindowMayGrowToTheSizeOfTheSheet) {
-    platform::MINMAXINFO screen{};
+    machine::MINMAXINFO screen{};
     screen.ptMaxSize = {1, 2};
     screen.ptMaxTrackSize = {1280, 720};
-    const platform::MINMAXINFO bounds = memory.desktop.Windows().AskBounds(Ghost().hWnd(), screen);
+    const machine::MINMAXINFO bounds = memory.desktop.Windows().AskBounds(Ghost().hWnd(), screen);
     EXPECT_EQ(bounds.ptMinTrackSize.x, 200);
     EXPECT_EQ(bounds.ptMinTrackSize.y, 200);
     EXPECT_EQ(bounds.ptMaxTrackSize.x, 11904);
@@ -259,13 +259,13 @@ TEST_F(GhostTest, ItsWindowMayGrowToTheSizeOfTheSheet) {
 }
 
 TEST_F(GhostTest, ItsWindowIsAskedForItsBoundsWhenItIsSized) {
-    platform::MsgHook watcher(memory.desktop.Windows());
+    forms::MsgHook watcher(memory.desktop.Windows());
     int asked = 0;
     watcher.After = [&](auto&, auto&, auto& lParam) {
         ++asked;
-        EXPECT_EQ(reinterpret_cast<platform::MINMAXINFO*>(lParam)->ptMaxTrackSize.y, 16838);
+        EXPECT_EQ(reinterpret_cast<machine::MINMAXINFO*>(lParam)->ptMaxTrackSize.y, 16838);
     };
-    watcher.Hook(Ghost().hWnd(), {platform::WM_GETMINMAXINFO});
+    watcher.Hook(Ghost().hWnd(), {machine::WM_GETMINMAXINFO});
     Ghost().Resize(12000, 20000);
     EXPECT_EQ(asked, 1);
     EXPECT_EQ(Ghost().Height(), 20000) << "larger than the screen, within its bounds";
@@ -275,7 +275,7 @@ TEST_F(GhostTest, ItsWindowIsAskedForItsBoundsWhenItIsSized) {
 }
 
 TEST_F(GhostTest, TheBoundsAreItsOnlyMessage) {
-    platform::MINMAXINFO screen{};
+    machine::MINMAXINFO screen{};
     std::int32_t uMsg = 37;
     std::intptr_t wParam = 0;
     auto lParam = reinterpret_cast<std::intptr_t>(&screen);
@@ -306,7 +306,7 @@ TEST_F(GhostTest, AFailedCaptureEndsThePageBreakSilently) {
     EXPECT_TRUE(Ghost().AutoRedraw);
     EXPECT_EQ(Window().iTotalPages, 2) << "one more than is held";
     EXPECT_THAT(OnScreen(), ElementsAre("een")) << "what was drawn behind the failure is lost";
-    EXPECT_THROW(Ghost().DisplayOnScreen(2), platform::RuntimeError);
+    EXPECT_THROW(Ghost().DisplayOnScreen(2), base::RuntimeError);
 }
 
 TEST_F(GhostTest, TheNextPageBreakThatSucceedsLetsDrawingThroughAgain) {
@@ -326,7 +326,7 @@ TEST_F(GhostTest, TheNextPageBreakThatSucceedsLetsDrawingThroughAgain) {
 
 TEST_F(GhostTest, AFailureAtTheEndLeavesThePageClosedToDrawing) {
     memory.recorder.Fail("Image");
-    EXPECT_THROW(Surface().EndDoc(), platform::RuntimeError);
+    EXPECT_THROW(Surface().EndDoc(), base::RuntimeError);
     EXPECT_FALSE(Ghost().AutoRedraw);
 }
 
@@ -350,11 +350,11 @@ TEST_F(GhostTest, AFailedMeasureLeavesThePageButNotItsSize) {
 }
 
 TEST_F(GhostTest, APaperSizeIsRefused) {
-    EXPECT_THROW(Surface().SetPaperSize(5), platform::RuntimeError);
+    EXPECT_THROW(Surface().SetPaperSize(5), base::RuntimeError);
 }
 
 TEST_F(PreviewTest, AMarginOfAHalfTwipGoesToTheEvenNumber) {
-    platform::PrintQueue queue;
+    memory::PrintQueue queue;
     queue.Name = "Odd";
     queue.Dpi = 1440;
     queue.Sheet = {11905, 16837};
@@ -367,7 +367,7 @@ TEST_F(PreviewTest, AMarginOfAHalfTwipGoesToTheEvenNumber) {
 }
 
 TEST_F(PreviewTest, ALandscapeSheetTurnsThePage) {
-    platform::PrintQueue queue;
+    memory::PrintQueue queue;
     queue.Name = "Wide";
     queue.Defaults.Orientation = 2;
     memory.InstallPrinter(queue);

@@ -72,7 +72,7 @@ TEST_F(CloseTest, IsRefusedWhileBusy) {
 TEST_F(CloseTest, TheDefaultsGoBackWhenTheUserLogsOffInTheMiddleOfARun) {
     AddCaller("frmCaller");
     OpenAndPick();
-    platform::PrintQueue& laser = *memory.printers.Find("Laser");
+    memory::PrintQueue& laser = *memory.printers.Find("Laser");
     const std::int16_t paper = laser.Defaults.PaperSize;
     manager->cboPrinterSelect(1).SetListIndex(1);
     OnCall = [&](bool /*preview*/) {
@@ -92,7 +92,7 @@ TEST_F(CloseTest, TheDefaultsGoBackWhenTheUserLogsOffInTheMiddleOfARun) {
 
 TEST_F(CloseTest, EscapeCloses) {
     Open();
-    manager->UserKey(platform::key::Escape);
+    manager->UserKey(forms::key::Escape);
     EXPECT_FALSE(manager->Loaded());
 }
 

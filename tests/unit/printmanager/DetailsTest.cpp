@@ -65,7 +65,7 @@ TEST_F(DetailsTest, StoredPrinterIsLoadedByTheButton) {
     EXPECT_EQ(manager->lblPrinterSelect(5).Caption(), "Ready");
     EXPECT_FALSE(manager->blnNoConnection);
     EXPECT_EQ(manager->FirstPrinterState.Printer, "Inkt");
-    EXPECT_EQ(memory.desktop.MousePointer(), platform::PointerDefault);
+    EXPECT_EQ(memory.desktop.MousePointer(), forms::PointerDefault);
 }
 
 TEST_F(DetailsTest, PrefixFollowsThePrinterThatARunHasMadeTheCurrentOne) {
@@ -117,7 +117,7 @@ TEST_F(DetailsTest, WithoutAPrinterEverythingIsUnknownAndThePanelStaysClosed) {
         EXPECT_EQ(manager->lblPrinterSelect(index).Caption(), "Onbekend");
     }
     EXPECT_FALSE(manager->blnDetailsOpen);
-    EXPECT_EQ(memory.desktop.MousePointer(), platform::PointerDefault);
+    EXPECT_EQ(memory.desktop.MousePointer(), forms::PointerDefault);
 }
 
 TEST_F(DetailsTest, PrinterThatStillFailsKeepsItsLabelsAndStaysClosed) {

@@ -17,24 +17,24 @@ class DevModeFieldTest : public ManagerTest {
     std::int16_t Put(std::int32_t selector, std::int16_t value) {
         return SetDevModeField(memory.Services(), "Laser", selector, value);
     }
-    platform::PrintQueue& Laser() { return *memory.printers.Find("Laser"); }
+    memory::PrintQueue& Laser() { return *memory.printers.Find("Laser"); }
 };
 
 TEST_F(DevModeFieldTest, ReadsTheStoredDefaults) {
     Laser().Defaults = {.Orientation = 2, .PaperSize = 5, .DefaultSource = 1, .Copies = 3};
-    EXPECT_EQ(Get(platform::DM_ORIENTATION), 2);
-    EXPECT_EQ(Get(platform::DM_PAPERSIZE), 5);
-    EXPECT_EQ(Get(platform::DM_DEFAULTSOURCE), 1);
-    EXPECT_EQ(Get(platform::DM_COPIES), 3);
+    EXPECT_EQ(Get(machine::DM_ORIENTATION), 2);
+    EXPECT_EQ(Get(machine::DM_PAPERSIZE), 5);
+    EXPECT_EQ(Get(machine::DM_DEFAULTSOURCE), 1);
+    EXPECT_EQ(Get(machine::DM_COPIES), 3);
 }
 
 TEST_F(DevModeFieldTest, ReadingIsOneOpenSizeFetchAndClose) {
-    EXPECT_THAT(TraceOf([&] { Get(platform::DM_PAPERSIZE); }),
+    EXPECT_THAT(TraceOf([&] { Get(machine::DM_PAPERSIZE); }),
                 ElementsAre("open Laser", "size", "fetch", "close Laser"));
 }
 
 TEST_F(DevModeFieldTest, PrinterIsOpenedForItsDefaultsAlone) {
-    TraceOf([&] { Get(platform::DM_PAPERSIZE); });
+    TraceOf([&] { Get(machine::DM_PAPERSIZE); });
     EXPECT_EQ(FieldText(events.front(), "access"), "983048");
 }
 
@@ -45,27 +45,27 @@ TEST_F(DevModeFieldTest, UnknownSelectorReadsAsZero) {
 
 TEST_F(DevModeFieldTest, ReadingGivesZeroWithoutAConnection) {
     Laser().Reachable = false;
-    EXPECT_THAT(TraceOf([&] { EXPECT_EQ(Get(platform::DM_PAPERSIZE), 0); }), ElementsAre("open Laser"));
+    EXPECT_THAT(TraceOf([&] { EXPECT_EQ(Get(machine::DM_PAPERSIZE), 0); }), ElementsAre("open Laser"));
 }
 
 TEST_F(DevModeFieldTest, ReadingGivesZeroAndClosesWhereTheDriverFails) {
     memory.recorder.Fail("DocumentPropertiesA");
-    EXPECT_THAT(TraceOf([&] { EXPECT_EQ(Get(platform::DM_PAPERSIZE), 0); }),
+    EXPECT_THAT(TraceOf([&] { EXPECT_EQ(Get(machine::DM_PAPERSIZE), 0); }),
                 ElementsAre("open Laser", "size", "close Laser"));
     EXPECT_EQ(memory.spooler.OpenHandles(), 0U);
 }
 
 TEST_F(DevModeFieldTest, WritingIsMergedStoredAndFollowedByTwentyYields) {
-    EXPECT_THAT(TraceOf([&] { EXPECT_EQ(Put(platform::DM_PAPERSIZE, 5), 0); }),
+    EXPECT_THAT(TraceOf([&] { EXPECT_EQ(Put(machine::DM_PAPERSIZE, 5), 0); }),
                 ElementsAre("open Laser", "size", "fetch", "merge paper=5 bin=15", "info size", "info",
                             "set paper=5 bin=15", "close Laser", "yield*20"));
     EXPECT_EQ(Laser().Defaults.PaperSize, 5);
 }
 
 TEST_F(DevModeFieldTest, CallsCarryTheSpoolersOwnNumbers) {
-    TraceOf([&] { Put(platform::DM_PAPERSIZE, 5); }, "spooler");
+    TraceOf([&] { Put(machine::DM_PAPERSIZE, 5); }, "spooler");
     std::vector<std::string> numbers;
-    for (const platform::Event& event : events) {
+    for (const memory::Event& event : events) {
         const std::string call = FieldText(event, "call");
         numbers.push_back(call == "DocumentPropertiesA" ? "mode " + FieldText(event, "mode")
                           : call == "GetPrinterA" || call == "SetPrinterA"
@@ -78,33 +78,33 @@ TEST_F(DevModeFieldTest, CallsCarryTheSpoolersOwnNumbers) {
 }
 
 TEST_F(DevModeFieldTest, FieldThatTheDriverDoesNotOfferIsLeftAlone) {
-    Laser().Fields = platform::DM_PAPERSIZE;
-    EXPECT_THAT(TraceOf([&] { EXPECT_EQ(Put(platform::DM_DEFAULTSOURCE, 1), 0); }),
+    Laser().Fields = machine::DM_PAPERSIZE;
+    EXPECT_THAT(TraceOf([&] { EXPECT_EQ(Put(machine::DM_DEFAULTSOURCE, 1), 0); }),
                 ElementsAre("open Laser", "size", "fetch", "merge paper=9 bin=15", "info size", "info",
                             "set paper=9 bin=15", "close Laser", "yield*20"));
     EXPECT_EQ(Laser().Defaults.DefaultSource, 15);
 }
 
 TEST_F(DevModeFieldTest, CopiesAreReadAndNeverWritten) {
-    EXPECT_EQ(Put(platform::DM_COPIES, 7), 0);
+    EXPECT_EQ(Put(machine::DM_COPIES, 7), 0);
     EXPECT_EQ(Laser().Defaults.Copies, 1);
 }
 
 TEST_F(DevModeFieldTest, WritingWithoutAConnectionIsNoFailureAndNeverYields) {
     Laser().Reachable = false;
-    EXPECT_THAT(TraceOf([&] { EXPECT_EQ(Put(platform::DM_PAPERSIZE, 5), 0); }), ElementsAre("open Laser"));
+    EXPECT_THAT(TraceOf([&] { EXPECT_EQ(Put(machine::DM_PAPERSIZE, 5), 0); }), ElementsAre("open Laser"));
 }
 
 TEST_F(DevModeFieldTest, RefusedWriteIsMinusOne) {
     memory.recorder.Fail("SetPrinterA");
-    EXPECT_EQ(Put(platform::DM_PAPERSIZE, 5), -1);
+    EXPECT_EQ(Put(machine::DM_PAPERSIZE, 5), -1);
     EXPECT_EQ(Laser().Defaults.PaperSize, 9);
     EXPECT_EQ(memory.spooler.OpenHandles(), 0U);
 }
 
 TEST_F(DevModeFieldTest, WritingStopsWhereTheSpoolerKnowsNoData) {
     memory.recorder.Fail("GetPrinterA");
-    EXPECT_THAT(TraceOf([&] { EXPECT_EQ(Put(platform::DM_PAPERSIZE, 5), 0); }),
+    EXPECT_THAT(TraceOf([&] { EXPECT_EQ(Put(machine::DM_PAPERSIZE, 5), 0); }),
                 ElementsAre("open Laser", "size", "fetch", "merge paper=5 bin=15", "info size", "close Laser",
                             "yield*20"));
 }
@@ -114,16 +114,16 @@ TEST_F(DevModeFieldTest, WritingStopsWhereTheSpoolerKnowsNoData) {
 class StubbedDevModeTest : public ManagerTest {
   protected:
     StubSpooler stub;
-    platform::Platform services = WithSpooler(memory.Services(), stub);
+    machine::Platform services = WithSpooler(memory.Services(), stub);
 
     std::int16_t Put(std::int16_t value) {
-        return SetDevModeField(services, "Laser", platform::DM_PAPERSIZE, value);
+        return SetDevModeField(services, "Laser", machine::DM_PAPERSIZE, value);
     }
 };
 
 TEST_F(StubbedDevModeTest, OpenWithoutAHandleIsNoConnection) {
     stub.Handle = 0;
-    EXPECT_EQ(GetDevModeField(stub, "Laser", platform::DM_PAPERSIZE), 0);
+    EXPECT_EQ(GetDevModeField(stub, "Laser", machine::DM_PAPERSIZE), 0);
     EXPECT_EQ(Put(5), 0);
     EXPECT_EQ(memory.desktop.Yields(), 0);
     EXPECT_THAT(stub.Calls, ElementsAre("open", "open"));
@@ -138,7 +138,7 @@ TEST_F(StubbedDevModeTest, NegativeSizeEndsTheWriteWithYields) {
 
 TEST_F(StubbedDevModeTest, HugeSizeIsAnErrorThatClosesAndYields) {
     stub.DevModeSize = 0x7FFFFFFF;
-    EXPECT_EQ(GetDevModeField(stub, "Laser", platform::DM_PAPERSIZE), 0);
+    EXPECT_EQ(GetDevModeField(stub, "Laser", machine::DM_PAPERSIZE), 0);
     EXPECT_THAT(stub.Calls, ElementsAre("open", "size", "close"));
     stub.Calls.clear();
     EXPECT_EQ(Put(5), -1);
@@ -149,12 +149,12 @@ TEST_F(StubbedDevModeTest, HugeSizeIsAnErrorThatClosesAndYields) {
 TEST_F(StubbedDevModeTest, SizeOfZeroStillHasRoomForTheRecord) {
     stub.DevModeSize = 0;
     stub.Mode.dmPaperSize = 8;
-    EXPECT_EQ(GetDevModeField(stub, "Laser", platform::DM_PAPERSIZE), 8);
+    EXPECT_EQ(GetDevModeField(stub, "Laser", machine::DM_PAPERSIZE), 8);
 }
 
 TEST_F(StubbedDevModeTest, FailedFetchIsSkippedAndTheEmptyBufferGoesToTheDriver) {
     stub.FetchResult = -1;
-    EXPECT_EQ(GetDevModeField(stub, "Laser", platform::DM_PAPERSIZE), 0);
+    EXPECT_EQ(GetDevModeField(stub, "Laser", machine::DM_PAPERSIZE), 0);
     stub.Calls.clear();
     EXPECT_EQ(Put(5), 0);
     EXPECT_THAT(stub.Calls,
@@ -196,7 +196,7 @@ TEST_F(StubbedDevModeTest, WriteCarriesTheMergedSettingsAndNoSecurity) {
 TEST_F(StubbedDevModeTest, DriverMayFill128BytesMoreThanItReports) {
     stub.BytesTooMany = 128;
     stub.Mode.dmPaperSize = 8;
-    EXPECT_EQ(GetDevModeField(stub, "Laser", platform::DM_PAPERSIZE), 8);
+    EXPECT_EQ(GetDevModeField(stub, "Laser", machine::DM_PAPERSIZE), 8);
     EXPECT_EQ(Put(5), 0);
     EXPECT_EQ(stub.WrittenMode.dmPaperSize, 5);
 }
@@ -209,7 +209,7 @@ TEST_F(StubbedDevModeTest, DriverMergesInOneBuffer) {
 
 struct SelectorRow {
     std::int32_t Selector;
-    std::int16_t platform::DEVMODE::*Member;
+    std::int16_t machine::DEVMODE::*Member;
     bool Writable;
 };
 
@@ -225,16 +225,16 @@ TEST_P(SelectorTest, NamesItsField) {
 }
 
 INSTANTIATE_TEST_SUITE_P(Fields, SelectorTest,
-                         testing::Values(SelectorRow{1, &platform::DEVMODE::dmOrientation, true},
-                                         SelectorRow{2, &platform::DEVMODE::dmPaperSize, true},
-                                         SelectorRow{4, &platform::DEVMODE::dmPaperLength, true},
-                                         SelectorRow{8, &platform::DEVMODE::dmPaperWidth, true},
-                                         SelectorRow{16, &platform::DEVMODE::dmScale, false},
-                                         SelectorRow{256, &platform::DEVMODE::dmCopies, false},
-                                         SelectorRow{512, &platform::DEVMODE::dmDefaultSource, true},
-                                         SelectorRow{1024, &platform::DEVMODE::dmPrintQuality, true},
-                                         SelectorRow{2048, &platform::DEVMODE::dmColor, true},
-                                         SelectorRow{-32768, &platform::DEVMODE::dmCollate, false}));
+                         testing::Values(SelectorRow{1, &machine::DEVMODE::dmOrientation, true},
+                                         SelectorRow{2, &machine::DEVMODE::dmPaperSize, true},
+                                         SelectorRow{4, &machine::DEVMODE::dmPaperLength, true},
+                                         SelectorRow{8, &machine::DEVMODE::dmPaperWidth, true},
+                                         SelectorRow{16, &machine::DEVMODE::dmScale, false},
+                                         SelectorRow{256, &machine::DEVMODE::dmCopies, false},
+                                         SelectorRow{512, &machine::DEVMODE::dmDefaultSource, true},
+                                         SelectorRow{1024, &machine::DEVMODE::dmPrintQuality, true},
+                                         SelectorRow{2048, &machine::DEVMODE::dmColor, true},
+                                         SelectorRow{-32768, &machine::DEVMODE::dmCollate, false}));
 
 } // namespace
 } // namespace printmanager

@@ -43,7 +43,7 @@ TEST_F(DocumentSettingsTest, PutsTheSetOnTheForm) {
     EXPECT_TRUE(manager->chkMatrixPrinter.Value());
     EXPECT_TRUE(manager->pictDetails.Enabled());
     EXPECT_TRUE(manager->blnUserChanged);
-    EXPECT_EQ(memory.desktop.MousePointer(), platform::PointerDefault);
+    EXPECT_EQ(memory.desktop.MousePointer(), forms::PointerDefault);
 }
 
 struct KindRow {
@@ -88,7 +88,7 @@ TEST_F(DocumentSettingsTest, MissingSettingsLeaveTheFormAsItIs) {
     manager->ApplyDocumentSettings("etiketten");
     ExpectUntouched();
     EXPECT_TRUE(manager->pictDetails.Enabled());
-    EXPECT_EQ(memory.desktop.MousePointer(), platform::PointerDefault);
+    EXPECT_EQ(memory.desktop.MousePointer(), forms::PointerDefault);
 }
 
 TEST_F(DocumentSettingsTest, IncompleteSetLeavesTheFormDisabledUnderTheHourglass) {
@@ -99,7 +99,7 @@ TEST_F(DocumentSettingsTest, IncompleteSetLeavesTheFormDisabledUnderTheHourglass
         manager->ApplyDocumentSettings("etiketten");
         ExpectUntouched();
         EXPECT_FALSE(manager->pictDetails.Enabled()) << name;
-        EXPECT_EQ(memory.desktop.MousePointer(), platform::PointerHourglass) << name;
+        EXPECT_EQ(memory.desktop.MousePointer(), forms::PointerHourglass) << name;
         CloseAndForget();
     }
 }
@@ -116,7 +116,7 @@ TEST_F(DocumentSettingsTest, PrinterThatIsNotInstalledLeavesTheFormDisabled) {
     EXPECT_EQ(manager->cboPrinterSelect(1).Text(), "A4");
     EXPECT_EQ(manager->cboPrinterSelect(3).Text(), "Staand");
     // The look at the present printer's details has already ended the hourglass.
-    EXPECT_EQ(memory.desktop.MousePointer(), platform::PointerDefault);
+    EXPECT_EQ(memory.desktop.MousePointer(), forms::PointerDefault);
 }
 
 TEST_F(DocumentSettingsTest, StepsStandInOrder) {
@@ -155,7 +155,7 @@ TEST_F(DocumentSettingsTest, StoreThatFailsLeavesTheFormAsItIs) {
     manager->ApplyDocumentSettings("etiketten");
     ExpectUntouched();
     EXPECT_TRUE(manager->pictDetails.Enabled());
-    EXPECT_EQ(memory.desktop.MousePointer(), platform::PointerDefault);
+    EXPECT_EQ(memory.desktop.MousePointer(), forms::PointerDefault);
     EXPECT_THAT(Messages(), testing::IsEmpty());
 }
 

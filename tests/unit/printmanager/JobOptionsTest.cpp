@@ -73,11 +73,11 @@ TEST_P(NoCopiesTest, AreRefusedAfterThePreparation) {
         EXPECT_EQ(memory.printers.Find("Laser")->Defaults.PaperSize, 5);
         EXPECT_EQ(memory.printer.Orientation(), 2);
         EXPECT_EQ(memory.desktop.Messages().back(),
-                  (platform::ShownMessage{NoCopies, platform::MessageIcon::Exclamation, Title}));
+                  (memory::ShownMessage{NoCopies, forms::MessageIcon::Exclamation, Title}));
         EXPECT_TRUE(manager->Visible());
         EXPECT_FALSE(manager->blnBusy);
         EXPECT_TRUE(manager->blnRestorePending);
-        EXPECT_EQ(memory.desktop.MousePointer(), platform::PointerHourglass);
+        EXPECT_EQ(memory.desktop.MousePointer(), forms::PointerHourglass);
         EXPECT_EQ(state.PrinterOrientation, 2);
         // The next command finds nothing in its way, and takes the orientation anew.
         manager->cboPrinterSelect(3).SetListIndex(0);
@@ -85,7 +85,7 @@ TEST_P(NoCopiesTest, AreRefusedAfterThePreparation) {
         manager->cmdPrintVoorbeeld.UserClick();
         ASSERT_EQ(calls.size(), 1U);
         EXPECT_EQ(calls[0].Orientation, 1);
-        EXPECT_EQ(memory.desktop.MousePointer(), platform::PointerDefault);
+        EXPECT_EQ(memory.desktop.MousePointer(), forms::PointerDefault);
         calls.clear();
         EXPECT_TRUE(manager->UserClose());
         Set("CurrentPrinter", "");
@@ -97,7 +97,7 @@ TEST_F(JobOptionsTest, BusyUntilTheUserHasReadThatThereAreNoCopies) {
     OpenAndPick();
     manager->UserText(0).SetText("0");
     int busy = -1;
-    memory.recorder.Sink = [&](const platform::Event& event) {
+    memory.recorder.Sink = [&](const memory::Event& event) {
         if (event.Kind == "message") {
             busy = manager->blnBusy ? 1 : 0;
         }
@@ -116,11 +116,11 @@ TEST_F(JobOptionsTest, TooManyCopiesAreAnUnknownErrorOfThePrint) {
     EXPECT_THAT(calls, IsEmpty());
     ASSERT_EQ(memory.desktop.Messages().size(), 1U);
     EXPECT_EQ(memory.desktop.Messages()[0].Text, UnknownError("6 - Overflow"));
-    EXPECT_EQ(memory.desktop.Messages()[0].Icon, platform::MessageIcon::Critical);
+    EXPECT_EQ(memory.desktop.Messages()[0].Icon, forms::MessageIcon::Critical);
     EXPECT_EQ(memory.desktop.Messages()[0].Title, Title);
     EXPECT_FALSE(manager->blnBusy);
     EXPECT_TRUE(manager->Visible());
-    EXPECT_EQ(memory.desktop.MousePointer(), platform::PointerDefault);
+    EXPECT_EQ(memory.desktop.MousePointer(), forms::PointerDefault);
 }
 
 TEST_F(JobOptionsTest, TooManyCopiesAreNotTrappedInThePreviewAndTheFormStillCloses) {
@@ -133,7 +133,7 @@ TEST_F(JobOptionsTest, TooManyCopiesAreNotTrappedInThePreviewAndTheFormStillClos
     // Nothing is cleared up but what would keep the form open for ever.
     EXPECT_FALSE(manager->blnBusy);
     EXPECT_TRUE(manager->IsPrintPreview());
-    EXPECT_EQ(memory.desktop.MousePointer(), platform::PointerHourglass);
+    EXPECT_EQ(memory.desktop.MousePointer(), forms::PointerHourglass);
     EXPECT_EQ(state.PrinterOrientation, 2);
     EXPECT_EQ(state.LeftMargin, 175);
     EXPECT_TRUE(manager->blnRestorePending);

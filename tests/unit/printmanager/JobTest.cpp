@@ -16,7 +16,7 @@ TEST_F(JobTest, CommandsWaitForAChoice) {
     EXPECT_TRUE(manager->cmdPrint.Enabled());
     EXPECT_TRUE(manager->cmdPrintVoorbeeld.Enabled());
     EXPECT_FALSE(manager->cmdSetup.Enabled());
-    EXPECT_EQ(memory.desktop.MousePointer(), platform::PointerDefault);
+    EXPECT_EQ(memory.desktop.MousePointer(), forms::PointerDefault);
 }
 
 TEST_F(JobTest, PrintCallsTheCallerOnceAndCloses) {
@@ -35,7 +35,7 @@ TEST_F(JobTest, PrintCallsTheCallerOnceAndCloses) {
     EXPECT_FALSE(manager->Loaded());
     EXPECT_FALSE(state.PrintManagerOpen);
     EXPECT_EQ(state.CallerFormName, "");
-    EXPECT_EQ(memory.desktop.MousePointer(), platform::PointerDefault);
+    EXPECT_EQ(memory.desktop.MousePointer(), forms::PointerDefault);
     EXPECT_THAT(Messages(), IsEmpty());
 }
 
@@ -131,10 +131,10 @@ TEST_F(JobTest, SecondClickAndCloseDuringARunDoNothing) {
 TEST_F(JobTest, FailureOfTheRunIsReportedAndTheOrientationPutBack) {
     state.DocumentTitle[1] = "Landscape";
     OpenAndPick();
-    OnCall = [](bool) { throw platform::RuntimeError(482, "Printer error"); };
+    OnCall = [](bool) { throw base::RuntimeError(482, "Printer error"); };
     manager->cmdPrint.UserClick();
     EXPECT_THAT(Messages(), ElementsAre(UnknownError("482 - Printer error")));
-    EXPECT_EQ(memory.desktop.Messages()[0].Icon, platform::MessageIcon::Critical);
+    EXPECT_EQ(memory.desktop.Messages()[0].Icon, forms::MessageIcon::Critical);
     EXPECT_EQ(memory.desktop.Messages()[0].Title, Title);
     EXPECT_EQ(state.PrinterOrientation, 1);
     EXPECT_FALSE(manager->blnBusy);
@@ -142,7 +142,7 @@ TEST_F(JobTest, FailureOfTheRunIsReportedAndTheOrientationPutBack) {
     // The hourglass has gone before the message comes.
     EXPECT_EQ(Joined({{events[events.size() - 2].Kind}, {events.back().Kind}}),
               (std::vector<std::string>{"mouse", "message"}));
-    EXPECT_EQ(memory.desktop.MousePointer(), platform::PointerDefault);
+    EXPECT_EQ(memory.desktop.MousePointer(), forms::PointerDefault);
     OnCall = nullptr;
     manager->cmdPrint.UserClick();
     EXPECT_EQ(calls.size(), 2U);
@@ -192,7 +192,7 @@ TEST_F(JobTest, ProgressStopsAtItsMaximumAndYieldsOnce) {
     EXPECT_EQ(manager->ProgressBar.Value(), 100);
     manager->UpdatePercentageSort(150);
     EXPECT_EQ(manager->ProgressBarSort.Value(), 100);
-    EXPECT_THROW(manager->UpdatePercentage(-1), platform::RuntimeError);
+    EXPECT_THROW(manager->UpdatePercentage(-1), base::RuntimeError);
 }
 
 TEST_F(JobTest, SortPanelShowsAndHides) {
@@ -218,10 +218,10 @@ TEST_F(JobTest, CopiesStepBetweenOneAndNinetyNine) {
 TEST_F(JobTest, CopiesAreSelectedByTheTabKeyAlone) {
     Open();
     manager->UserText(0).SetText("12");
-    memory.desktop.PressKey(platform::key::Tab);
+    memory.desktop.PressKey(forms::key::Tab);
     manager->MoveFocus(manager->UserText(0));
     EXPECT_EQ(manager->UserText(0).SelLength(), 2);
-    memory.desktop.ReleaseKey(platform::key::Tab);
+    memory.desktop.ReleaseKey(forms::key::Tab);
     manager->MoveFocus(manager->lstAfdrukken);
     manager->MoveFocus(manager->UserText(0));
     EXPECT_EQ(manager->UserText(0).SelLength(), 0);
@@ -238,7 +238,7 @@ TEST_F(JobTest, ARunThatBreaksOffInAnyWayLeavesTheManagerUsable) {
     EXPECT_THROW(manager->cmdPrint.UserClick(), std::bad_alloc);
     EXPECT_EQ(state.PrinterOrientation, 2);
     EXPECT_FALSE(manager->blnBusy);
-    EXPECT_EQ(memory.desktop.MousePointer(), platform::PointerDefault);
+    EXPECT_EQ(memory.desktop.MousePointer(), forms::PointerDefault);
     OnCall = nullptr;
     manager->cmdPrint.UserClick();
     EXPECT_EQ(calls.size(), 2U);
@@ -251,7 +251,7 @@ TEST_F(JobTest, ListsThatCannotBeShownLeaveTheManagerUsable) {
     memory.desktop.OnControlChanged = [this](const forms::Control& control, forms::Aspect aspect) {
         if (&control == &manager->cboPrinterSelect(2) && aspect == forms::Aspect::Items) {
             memory.desktop.OnControlChanged = nullptr;
-            throw platform::OutOfMemory();
+            throw base::OutOfMemory();
         }
     };
     manager->cmdDetails.UserClick();

@@ -28,7 +28,7 @@ TEST_F(JobYieldTest, SecondPrintInTheYieldBehindThePreparationPrintsOnceAndClose
     EXPECT_FALSE(manager->Loaded());
     EXPECT_FALSE(manager->blnBusy);
     EXPECT_FALSE(state.PrintManagerOpen);
-    EXPECT_EQ(memory.desktop.MousePointer(), platform::PointerDefault);
+    EXPECT_EQ(memory.desktop.MousePointer(), forms::PointerDefault);
     EXPECT_THAT(Messages(), IsEmpty());
 }
 

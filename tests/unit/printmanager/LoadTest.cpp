@@ -18,7 +18,7 @@ TEST_F(LoadTest, OffersTheTitlesWithTheirNumbersAndSelectsNone) {
     EXPECT_EQ(manager->lstAfdrukken.ListIndex(), -1);
     EXPECT_TRUE(state.PrintManagerOpen);
     EXPECT_EQ(manager->iCopies, 1);
-    EXPECT_EQ(memory.desktop.MousePointer(), platform::PointerDefault);
+    EXPECT_EQ(memory.desktop.MousePointer(), forms::PointerDefault);
     EXPECT_FALSE(manager->blnLoading);
     EXPECT_FALSE(manager->blnBusy);
     EXPECT_FALSE(manager->blnUserChanged);
@@ -106,7 +106,7 @@ TEST_F(LoadTest, StoredPrinterIsSelectedWithoutAskingItsDriver) {
     manager = std::make_unique<frmPrintManager>(session, memory.Services(), state);
     manager->Load();
     EXPECT_TRUE(std::none_of(events.begin(), events.end(),
-                             [](const platform::Event& event) { return event.Kind == "spooler"; }));
+                             [](const memory::Event& event) { return event.Kind == "spooler"; }));
     EXPECT_EQ(manager->cboPrinterSelect(0).Text(), "Inkt");
     EXPECT_EQ(manager->cboPrinterSelect(1).ListCount(), 0);
     EXPECT_EQ(manager->cboPrinterSelect(2).ListCount(), 0);

@@ -1,14 +1,14 @@
 #pragma once
 
-#include <gmock/gmock.h>
-#include <gtest/gtest.h>
-
 #include <filesystem>
 #include <functional>
 #include <memory>
 #include <random>
 #include <string>
 #include <vector>
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
 
 #include "Trace.h"
 #include "forms/Session.h"
@@ -49,7 +49,7 @@ class Caller : public forms::Form {
 class ManagerTest : public testing::Test {
   protected:
     ManagerTest() {
-        memory.recorder.Sink = [this](const platform::Event& event) { events.push_back(event); };
+        memory.recorder.Sink = [this](const memory::Event& event) { events.push_back(event); };
         memory.registry.CreateKey(SettingsPath);
         state.SettingsKey = SettingsPath;
         state.MessageTitle = Title;
@@ -68,8 +68,8 @@ class ManagerTest : public testing::Test {
         return memory.registry.Text(SettingsPath, name).value_or("(missing)");
     }
 
-    platform::PrintQueue& Install(const std::string& name) {
-        platform::PrintQueue queue;
+    memory::PrintQueue& Install(const std::string& name) {
+        memory::PrintQueue queue;
         queue.Name = name;
         queue.Port = name + ":";
         return memory.InstallPrinter(queue);
@@ -128,13 +128,13 @@ class ManagerTest : public testing::Test {
     }
     std::vector<std::string> TraceOf(const std::function<void()>& action, const std::string& kind) {
         TraceOf(action);
-        std::erase_if(events, [&](const platform::Event& event) { return event.Kind != kind; });
+        std::erase_if(events, [&](const memory::Event& event) { return event.Kind != kind; });
         return Traced(events);
     }
 
     std::vector<std::string> Messages() const {
         std::vector<std::string> texts;
-        for (const platform::ShownMessage& message : memory.desktop.Messages()) {
+        for (const memory::ShownMessage& message : memory.desktop.Messages()) {
             texts.push_back(message.Text);
         }
         return texts;
@@ -148,10 +148,10 @@ class ManagerTest : public testing::Test {
         return entries;
     }
 
-    std::vector<platform::Event> events;
-    platform::MemoryPlatform memory;
+    std::vector<memory::Event> events;
+    memory::MemoryPlatform memory;
     forms::Session session{memory.desktop};
-    wizard::AppState state;
+    state::AppState state;
     std::vector<Call> calls;
     std::function<void(bool preview)> OnCall;
     std::vector<std::unique_ptr<Caller>> callers;

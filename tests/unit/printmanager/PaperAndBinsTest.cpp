@@ -16,7 +16,7 @@ class PaperAndBinsTest : public ManagerTest {
     std::int16_t Ask(const std::string& name = "Laser") {
         return GetPaperAndBins(memory.Services(), name, lists);
     }
-    platform::PrintQueue& Laser() { return *memory.printers.Find("Laser"); }
+    memory::PrintQueue& Laser() { return *memory.printers.Find("Laser"); }
 
     PaperAndBins lists;
 };
@@ -99,17 +99,17 @@ class StubbedListsTest : public ManagerTest {
     StubbedListsTest() {
         Install("Laser");
         const std::string name(64, '\0');
-        stub.Capabilities = {{platform::DC_PAPERNAMES, {1, 1, name}},
-                             {platform::DC_PAPERS, {1, 1, std::string(2, '\1')}},
-                             {platform::DC_PAPERSIZE, {1, 1, std::string(8, '\1')}},
-                             {platform::DC_BINS, {1, 1, std::string(2, '\1')}},
-                             {platform::DC_BINNAMES, {1, 1, std::string(24, '\0')}}};
+        stub.Capabilities = {{machine::DC_PAPERNAMES, {1, 1, name}},
+                             {machine::DC_PAPERS, {1, 1, std::string(2, '\1')}},
+                             {machine::DC_PAPERSIZE, {1, 1, std::string(8, '\1')}},
+                             {machine::DC_BINS, {1, 1, std::string(2, '\1')}},
+                             {machine::DC_BINNAMES, {1, 1, std::string(24, '\0')}}};
     }
 
     std::int16_t Ask() { return GetPaperAndBins(services, "Laser", lists); }
 
     StubSpooler stub;
-    platform::Platform services = WithSpooler(memory.Services(), stub);
+    machine::Platform services = WithSpooler(memory.Services(), stub);
     PaperAndBins lists;
 };
 
@@ -120,7 +120,7 @@ TEST_F(StubbedListsTest, SensibleAnswersSucceed) {
 }
 
 TEST_F(StubbedListsTest, ImpossibleCountsFail) {
-    for (const int capability : {int{platform::DC_PAPERNAMES}, int{platform::DC_BINS}}) {
+    for (const int capability : {int{machine::DC_PAPERNAMES}, int{machine::DC_BINS}}) {
         for (const std::int32_t count :
              {std::int32_t{-1}, std::int32_t{0}, std::int32_t{32768}, INT32_MAX, INT32_MIN}) {
             const auto sensible = stub.Capabilities;
@@ -132,7 +132,7 @@ TEST_F(StubbedListsTest, ImpossibleCountsFail) {
 }
 
 TEST_F(StubbedListsTest, SecondCallThatTellsMoreThanTheFirstFails) {
-    for (const int capability : {int{platform::DC_PAPERS}, int{platform::DC_BINS}}) {
+    for (const int capability : {int{machine::DC_PAPERS}, int{machine::DC_BINS}}) {
         for (const std::int32_t told : {std::int32_t{-1}, std::int32_t{2}, INT32_MAX, INT32_MIN}) {
             const auto sensible = stub.Capabilities;
             stub.Capabilities[capability].Told = told;
@@ -143,17 +143,17 @@ TEST_F(StubbedListsTest, SecondCallThatTellsMoreThanTheFirstFails) {
 }
 
 TEST_F(StubbedListsTest, SecondCallThatTellsFewerLeavesNamesEmpty) {
-    stub.Capabilities[platform::DC_PAPERNAMES] = {3, 3, "A4" + std::string(190, '\0')};
-    stub.Capabilities[platform::DC_PAPERS].Told = 1;
+    stub.Capabilities[machine::DC_PAPERNAMES] = {3, 3, "A4" + std::string(190, '\0')};
+    stub.Capabilities[machine::DC_PAPERS].Told = 1;
     EXPECT_EQ(Ask(), 0);
     EXPECT_THAT(lists.PaperNames, ElementsAre("A4", "", ""));
     EXPECT_EQ(lists.PaperIds.size(), 3U);
 }
 
 TEST_F(StubbedListsTest, EntriesBeyondTheCountDoNoHarm) {
-    stub.Capabilities[platform::DC_PAPERS].Bytes = std::string(2000, '\2');
-    stub.Capabilities[platform::DC_PAPERSIZE].Bytes = std::string(8000, '\2');
-    stub.Capabilities[platform::DC_BINNAMES].Bytes = std::string(24, '\0') + std::string(5000, 'x');
+    stub.Capabilities[machine::DC_PAPERS].Bytes = std::string(2000, '\2');
+    stub.Capabilities[machine::DC_PAPERSIZE].Bytes = std::string(8000, '\2');
+    stub.Capabilities[machine::DC_BINNAMES].Bytes = std::string(24, '\0') + std::string(5000, 'x');
     EXPECT_EQ(Ask(), 0);
     EXPECT_EQ(lists.PaperIds.size(), 1U);
     EXPECT_EQ(lists.PaperSizes.size(), 1U);

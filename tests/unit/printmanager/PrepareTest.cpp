@@ -65,8 +65,8 @@ class PrepareTest : public ManagerTest {
         return TraceOf([&] { manager->PreparePrinter(name); });
     }
 
-    platform::PrintQueue& Laser() { return *memory.printers.Find("Laser"); }
-    platform::PrintQueue& Inkt() { return *memory.printers.Find("Inkt"); }
+    memory::PrintQueue& Laser() { return *memory.printers.Find("Laser"); }
+    memory::PrintQueue& Inkt() { return *memory.printers.Find("Inkt"); }
 
     InOwnFolder folder;
 };
@@ -135,7 +135,7 @@ TEST_F(PrepareTest, ThreePassesAndOneWaitMoreAbove2000) {
 }
 
 TEST_F(PrepareTest, LaterPassAppliesWhatTheDriverThenReports) {
-    Laser().Fields = platform::DM_PAPERSIZE; // the driver takes no bin
+    Laser().Fields = machine::DM_PAPERSIZE; // the driver takes no bin
     Choose();
     Prepare(1001);
     Lines sets;
@@ -148,7 +148,7 @@ TEST_F(PrepareTest, LaterPassAppliesWhatTheDriverThenReports) {
 }
 
 TEST_F(PrepareTest, DriverWithoutBinBitIsLeftAloneAndTheBinSetOnThePrinter) {
-    Laser().Fields = platform::DM_PAPERSIZE;
+    Laser().Fields = machine::DM_PAPERSIZE;
     Choose();
     Prepare(100);
     EXPECT_EQ(Laser().Defaults.PaperSize, 5);
@@ -246,7 +246,7 @@ TEST_F(PrepareTest, BusyShieldsTheCommandsWhileItWorks) {
 /// Numbers of the yields, from 1, at which `holds` does not hold.
 class YieldsWithout {
   public:
-    YieldsWithout(platform::MemoryDesktop& desktop, std::function<bool()> holds) : desktop_(desktop) {
+    YieldsWithout(memory::MemoryDesktop& desktop, std::function<bool()> holds) : desktop_(desktop) {
         desktop_.OnYield = [this, holds = std::move(holds), number = 0]() mutable {
             ++number;
             if (!holds()) {
@@ -261,7 +261,7 @@ class YieldsWithout {
     std::vector<int> all;
 
   private:
-    platform::MemoryDesktop& desktop_;
+    memory::MemoryDesktop& desktop_;
 };
 
 TEST_F(PrepareTest, FlagIsDownFromTheReloadForAnotherNameToTheEndOfThePass) {

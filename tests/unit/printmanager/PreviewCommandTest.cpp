@@ -22,7 +22,7 @@ TEST_F(PreviewCommandTest, PreviewCallsOnceAndStaysOpen) {
     EXPECT_FALSE(manager->blnBusy);
     EXPECT_FALSE(manager->blnUserChanged);
     EXPECT_TRUE(manager->blnRestorePending);
-    EXPECT_EQ(memory.desktop.MousePointer(), platform::PointerDefault);
+    EXPECT_EQ(memory.desktop.MousePointer(), forms::PointerDefault);
     manager->cmdPrint.UserClick();
     EXPECT_EQ(calls.size(), 2U);
     EXPECT_FALSE(calls[1].IsPrintPreview);
@@ -69,7 +69,7 @@ TEST_F(PreviewCommandTest, WhatIsPrintedIsWhatWasPreviewedThoughTheListWasClicke
 
 TEST_F(PreviewCommandTest, FailureOfThePreviewGoesToTheDesktopAndTheFormCloses) {
     OpenAndPick();
-    OnCall = [](bool) { throw platform::RuntimeError(482, "Printer error"); };
+    OnCall = [](bool) { throw base::RuntimeError(482, "Printer error"); };
     EXPECT_THAT(TraceOf([&] { manager->cmdPrintVoorbeeld.UserClick(); }), testing::Contains("error 482"));
     EXPECT_THAT(Messages(), IsEmpty());
     EXPECT_FALSE(manager->blnBusy);
@@ -81,7 +81,7 @@ TEST_F(PreviewCommandTest, FailureOfThePrintAfterAPreviewGoesToTheDesktopToo) {
     OnCall = [this](bool preview) {
         state.PrintAfterPreview = true;
         if (!preview) {
-            throw platform::RuntimeError(482, "Printer error");
+            throw base::RuntimeError(482, "Printer error");
         }
     };
     EXPECT_EQ(TraceOf([&] { manager->cmdPrintVoorbeeld.UserClick(); }).back(), "error 482");

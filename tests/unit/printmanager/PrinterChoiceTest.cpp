@@ -16,7 +16,7 @@ const std::vector<std::string> AsksInfo = {"yield*1", "open Inkt", "info size", 
 class PrinterChoiceTest : public ManagerTest {
   protected:
     PrinterChoiceTest() { InstallTwo(); }
-    platform::PrintQueue& Inkt() { return *memory.printers.Find("Inkt"); }
+    memory::PrintQueue& Inkt() { return *memory.printers.Find("Inkt"); }
 };
 
 TEST_F(PrinterChoiceTest, ChangeLoadsTheListsAndAsksTheSpooler) {
@@ -73,8 +73,7 @@ TEST_F(PrinterChoiceTest, OtherCombosAreOnlyNoted) {
 
 TEST_F(PrinterChoiceTest, NothingHappensWhileBusyOrClosing) {
     Open();
-    for (platform::Boolean frmPrintManager::*flag :
-         {&frmPrintManager::blnBusy, &frmPrintManager::blnClosing}) {
+    for (base::Boolean frmPrintManager::*flag : {&frmPrintManager::blnBusy, &frmPrintManager::blnClosing}) {
         manager.get()->*flag = true;
         EXPECT_TRUE(TraceOf([&] { manager->cboPrinterSelect(0).SetListIndex(1); }).empty());
         EXPECT_FALSE(manager->blnUserChanged);
@@ -220,13 +219,13 @@ TEST_F(PrinterChoiceTest, EmptyNameOfTheSpoolerFallsBackOnTheDevicesName) {
 
 TEST_F(PrinterChoiceTest, SpoolersEmptyNameFallsBackWhileTheRestIsShown) {
     StubSpooler stub;
-    platform::Platform services = WithSpooler(memory.Services(), stub);
+    machine::Platform services = WithSpooler(memory.Services(), stub);
     char port[] = "USB001";
-    stub.Capabilities = {{platform::DC_PAPERNAMES, {1, 1, std::string(64, '\0')}},
-                         {platform::DC_PAPERS, {1, 1, std::string(2, '\1')}},
-                         {platform::DC_PAPERSIZE, {1, 1, std::string(8, '\1')}},
-                         {platform::DC_BINS, {1, 1, std::string(2, '\1')}},
-                         {platform::DC_BINNAMES, {1, 1, std::string(24, '\0')}}};
+    stub.Capabilities = {{machine::DC_PAPERNAMES, {1, 1, std::string(64, '\0')}},
+                         {machine::DC_PAPERS, {1, 1, std::string(2, '\1')}},
+                         {machine::DC_PAPERSIZE, {1, 1, std::string(8, '\1')}},
+                         {machine::DC_BINS, {1, 1, std::string(2, '\1')}},
+                         {machine::DC_BINNAMES, {1, 1, std::string(24, '\0')}}};
     stub.PortText = port;
     manager = std::make_unique<frmPrintManager>(session, services, state);
     manager->Show();

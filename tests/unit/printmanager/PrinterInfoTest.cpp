@@ -13,7 +13,7 @@ namespace {
 class PrinterInfoTest : public ManagerTest {
   protected:
     PrinterInfoTest() { Install("Laser"); }
-    platform::PrintQueue& Laser() { return *memory.printers.Find("Laser"); }
+    memory::PrintQueue& Laser() { return *memory.printers.Find("Laser"); }
     bool Ask() { return GetPrinterInfo(memory.spooler, "Laser", info); }
 
     PrinterInfo info;

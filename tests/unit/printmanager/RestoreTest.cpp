@@ -20,8 +20,8 @@ class RestoreTest : public ManagerTest {
         manager->blnRestorePending = true;
     }
 
-    platform::PrintQueue& Laser() { return *memory.printers.Find("Laser"); }
-    platform::PrintQueue& Inkt() { return *memory.printers.Find("Inkt"); }
+    memory::PrintQueue& Laser() { return *memory.printers.Find("Laser"); }
+    memory::PrintQueue& Inkt() { return *memory.printers.Find("Inkt"); }
 };
 
 TEST_F(RestoreTest, PutsPaperAndBinBackInOrder) {

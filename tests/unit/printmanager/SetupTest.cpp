@@ -1,6 +1,5 @@
-#include "printmanager/frmPrintManagerSetup.h"
-
 #include "ManagerFixture.h"
+#include "printmanager/frmPrintManagerSetup.h"
 
 namespace printmanager {
 
@@ -51,7 +50,7 @@ TEST_F(SetupTest, ArrowsKeepToTheirLimits) {
 TEST_F(SetupTest, CancelKeepsTheValue) {
     OpenSetup();
     setup->UserText(0).SetText("5000");
-    setup->UserKey(platform::key::Escape);
+    setup->UserKey(forms::key::Escape);
     EXPECT_FALSE(setup->Loaded());
     EXPECT_EQ(state.PrinterInit, 100);
     EXPECT_EQ(Stored("PrinterInit"), "(missing)");
@@ -64,7 +63,7 @@ TEST_P(RefusedValueTest, KeepsTheFormOpen) {
     Accept(GetParam());
     ASSERT_EQ(memory.desktop.Messages().size(), 1U);
     EXPECT_EQ(memory.desktop.Messages()[0],
-              (platform::ShownMessage{NoValue, platform::MessageIcon::Information, Title}));
+              (memory::ShownMessage{NoValue, forms::MessageIcon::Information, Title}));
     EXPECT_TRUE(setup->Visible());
     EXPECT_EQ(state.PrinterInit, 100);
     EXPECT_EQ(Stored("PrinterInit"), "(missing)");
@@ -85,7 +84,7 @@ TEST_P(AcceptedValueTest, IsStoredAndSet) {
     Accept(GetParam().Text);
     ASSERT_EQ(memory.desktop.Messages().size(), 1U);
     EXPECT_EQ(memory.desktop.Messages()[0],
-              (platform::ShownMessage{ValueSet, platform::MessageIcon::Information, Title}));
+              (memory::ShownMessage{ValueSet, forms::MessageIcon::Information, Title}));
     EXPECT_FALSE(setup->Loaded());
     EXPECT_EQ(state.PrinterInit, GetParam().Value);
     EXPECT_EQ(Stored("PrinterInit"), GetParam().Stored);
@@ -148,10 +147,10 @@ TEST_F(SetupTest, ButtonOfTheManagerOnlyTurnsTheHourglassOff) {
     OpenAndPick();
     session.HourglassOn();
     manager->cmdSetup.Press();
-    EXPECT_EQ(memory.desktop.MousePointer(), platform::PointerHourglass); // it is never enabled
+    EXPECT_EQ(memory.desktop.MousePointer(), forms::PointerHourglass); // it is never enabled
     manager->cmdSetup.SetEnabled(true);
     manager->cmdSetup.Press();
-    EXPECT_EQ(memory.desktop.MousePointer(), platform::PointerDefault);
+    EXPECT_EQ(memory.desktop.MousePointer(), forms::PointerDefault);
     EXPECT_EQ(session.OpenForms().size(), 1U);
 }
 

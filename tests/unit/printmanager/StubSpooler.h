@@ -11,17 +11,17 @@
 namespace printmanager {
 
 /// A spooler that answers whatever a test tells it to, sense or nonsense, and lists the calls.
-class StubSpooler : public platform::Spooler {
+class StubSpooler : public machine::Spooler {
   public:
-    platform::PrinterHandle Handle = 1;
-    std::int32_t DevModeSize = sizeof(platform::DEVMODE);
+    machine::PrinterHandle Handle = 1;
+    std::int32_t DevModeSize = sizeof(machine::DEVMODE);
     std::int32_t FetchResult = 1;
     std::int32_t MergeResult = 1;
-    platform::DEVMODE Mode = WithAllFields();
-    platform::DEVMODE Merged{};
-    std::uint32_t InfoSize = sizeof(platform::PRINTER_INFO_2);
+    machine::DEVMODE Mode = WithAllFields();
+    machine::DEVMODE Merged{};
+    std::uint32_t InfoSize = sizeof(machine::PRINTER_INFO_2);
     bool InfoResult = true;
-    platform::PRINTER_INFO_2 Info{};
+    machine::PRINTER_INFO_2 Info{};
     /// Text of Info, put behind the record in the caller's buffer as name, port and comment.
     std::string InfoText;
     /// Text that is told as the port alone.
@@ -30,8 +30,8 @@ class StubSpooler : public platform::Spooler {
     std::size_t BytesTooMany = 0;
     /// The merge had one buffer for what goes in and what comes out.
     bool MergedInPlace = false;
-    platform::PRINTER_INFO_2 Written{};
-    platform::DEVMODE WrittenMode{};
+    machine::PRINTER_INFO_2 Written{};
+    machine::DEVMODE WrittenMode{};
     /// By capability: the number answered without and with a buffer, and the bytes that go into it.
     struct Capability {
         std::int32_t Count = -1;
@@ -41,23 +41,23 @@ class StubSpooler : public platform::Spooler {
     std::map<int, Capability> Capabilities;
     std::vector<std::string> Calls;
 
-    bool OpenPrinterA(const std::string& /*printer*/, platform::PrinterHandle& handle,
-                      const platform::PRINTER_DEFAULTS& /*defaults*/) override {
+    bool OpenPrinterA(const std::string& /*printer*/, machine::PrinterHandle& handle,
+                      const machine::PRINTER_DEFAULTS& /*defaults*/) override {
         Calls.emplace_back("open");
         handle = Handle;
         return true;
     }
-    bool ClosePrinter(platform::PrinterHandle /*handle*/) override {
+    bool ClosePrinter(machine::PrinterHandle /*handle*/) override {
         Calls.emplace_back("close");
         return true;
     }
-    std::int32_t DocumentPropertiesA(platform::PrinterHandle /*handle*/, const std::string& /*printer*/,
+    std::int32_t DocumentPropertiesA(machine::PrinterHandle /*handle*/, const std::string& /*printer*/,
                                      void* output, const void* input, std::uint32_t mode) override {
         if (mode == 0) {
             Calls.emplace_back("size");
             return DevModeSize;
         }
-        if (mode == platform::DM_OUT_BUFFER) {
+        if (mode == machine::DM_OUT_BUFFER) {
             Calls.emplace_back("fetch");
             if (FetchResult >= 0) {
                 std::memset(output, 0, sizeof Mode + BytesTooMany);
@@ -70,7 +70,7 @@ class StubSpooler : public platform::Spooler {
         MergedInPlace = input == output;
         return MergeResult;
     }
-    bool GetPrinterA(platform::PrinterHandle /*handle*/, std::uint32_t /*level*/, void* buffer,
+    bool GetPrinterA(machine::PrinterHandle /*handle*/, std::uint32_t /*level*/, void* buffer,
                      std::uint32_t size, std::uint32_t& needed) override {
         Calls.emplace_back(size == 0 ? "info size" : "info");
         needed = InfoSize;
@@ -90,7 +90,7 @@ class StubSpooler : public platform::Spooler {
         std::memcpy(buffer, &Info, sizeof Info);
         return true;
     }
-    bool SetPrinterA(platform::PrinterHandle /*handle*/, std::uint32_t /*level*/, const void* buffer,
+    bool SetPrinterA(machine::PrinterHandle /*handle*/, std::uint32_t /*level*/, const void* buffer,
                      std::uint32_t /*command*/) override {
         Calls.emplace_back("set");
         std::memcpy(&Written, buffer, sizeof Written);
@@ -109,15 +109,15 @@ class StubSpooler : public platform::Spooler {
     }
 
   private:
-    static platform::DEVMODE WithAllFields() {
-        platform::DEVMODE mode{};
+    static machine::DEVMODE WithAllFields() {
+        machine::DEVMODE mode{};
         mode.dmFields = 0xFFFFFFFFU;
         return mode;
     }
 };
 
 /// A platform with this spooler in the place of its own.
-inline platform::Platform WithSpooler(const platform::Platform& base, platform::Spooler& spooler) {
+inline machine::Platform WithSpooler(const machine::Platform& base, machine::Spooler& spooler) {
     return {.Desktop = base.Desktop,
             .Registry = base.Registry,
             .Locale = base.Locale,

@@ -9,8 +9,8 @@ namespace printmanager {
 
 /// Events as short lines that a test can list: "open Laser", "yield*20", "set paper=5 bin=1",
 /// "Printer=Laser".
-inline std::string FieldText(const platform::Event& event, const std::string& name) {
-    for (const platform::EventField& field : event.Fields) {
+inline std::string FieldText(const memory::Event& event, const std::string& name) {
+    for (const memory::EventField& field : event.Fields) {
         if (field.Name != name) {
             continue;
         }
@@ -27,7 +27,7 @@ inline std::string FieldText(const platform::Event& event, const std::string& na
     return "?";
 }
 
-inline std::string SpoolerLine(const platform::Event& event) {
+inline std::string SpoolerLine(const memory::Event& event) {
     const std::string call = FieldText(event, "call");
     const std::string settings =
         " paper=" + FieldText(event, "dmPaperSize") + " bin=" + FieldText(event, "dmDefaultSource");
@@ -50,7 +50,7 @@ inline std::string SpoolerLine(const platform::Event& event) {
     return "caps " + FieldText(event, "capability");
 }
 
-inline std::string TraceLine(const platform::Event& event) {
+inline std::string TraceLine(const memory::Event& event) {
     if (event.Kind == "spooler") {
         return SpoolerLine(event);
     }
@@ -76,7 +76,7 @@ inline std::string TraceLine(const platform::Event& event) {
 }
 
 /// Yields in a row become one line with their number.
-inline std::vector<std::string> Traced(const std::vector<platform::Event>& events) {
+inline std::vector<std::string> Traced(const std::vector<memory::Event>& events) {
     std::vector<std::string> lines;
     int yields = 0;
     const auto flush = [&] {
@@ -85,7 +85,7 @@ inline std::vector<std::string> Traced(const std::vector<platform::Event>& event
         }
         yields = 0;
     };
-    for (const platform::Event& event : events) {
+    for (const memory::Event& event : events) {
         if (event.Kind == "yield") {
             ++yields;
             continue;

@@ -4,7 +4,7 @@
 
 #include <gtest/gtest.h>
 
-namespace composition {
+namespace state {
 
 TEST(ContractTextsTest, ScreenAndReportNameEachContract) {
     struct Row {
@@ -43,4 +43,4 @@ TEST(ContractTextsTest, TypesOfStationery) {
     EXPECT_EQ(AcceptgiroTypeText(4), "");
 }
 
-} // namespace composition
+} // namespace state

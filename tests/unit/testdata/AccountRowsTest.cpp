@@ -1,10 +1,3 @@
-#include "testdata/Tables.h"
-
-#include "payment/Accounts.h"
-#include "payment/Iban.h"
-
-#include <gtest/gtest.h>
-
 #include <algorithm>
 #include <functional>
 #include <map>
@@ -12,6 +5,12 @@
 #include <string>
 #include <string_view>
 #include <vector>
+
+#include <gtest/gtest.h>
+
+#include "payment/Accounts.h"
+#include "payment/Iban.h"
+#include "testdata/Tables.h"
 
 namespace testdata {
 namespace {

@@ -1,10 +1,3 @@
-#include "testdata/Tables.h"
-
-#include "payment/TextRoutines.h"
-#include "base/Text.h"
-
-#include <gtest/gtest.h>
-
 #include <algorithm>
 #include <cctype>
 #include <functional>
@@ -13,6 +6,12 @@
 #include <string>
 #include <string_view>
 #include <vector>
+
+#include <gtest/gtest.h>
+
+#include "base/Text.h"
+#include "payment/TextRoutines.h"
+#include "testdata/Tables.h"
 
 namespace testdata {
 namespace {
@@ -33,7 +32,7 @@ const std::vector<Row>& Rows() {
         for (int i = 0; i < RowCount; ++i) {
             const std::string text(PersonTable()[i]);
             const auto trimmed = [&](std::size_t at, std::size_t width) {
-                return std::string(platform::text::Trim(text.substr(at, width)));
+                return std::string(base::text::Trim(text.substr(at, width)));
             };
             all.push_back({text, trimmed(0, 80), text.substr(80, 7), trimmed(88, 50), text.substr(138)});
         }

@@ -1,11 +1,11 @@
 #include "testdata/Person.h"
 
-#include "testdata/Tables.h"
+#include <initializer_list>
+#include <string>
 
 #include <gtest/gtest.h>
 
-#include <initializer_list>
-#include <string>
+#include "testdata/Tables.h"
 
 namespace testdata {
 namespace {

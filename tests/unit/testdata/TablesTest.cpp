@@ -1,12 +1,12 @@
 #include "testdata/Tables.h"
 
-#include "base/RuntimeError.h"
-
-#include <gtest/gtest.h>
-
 #include <cstdint>
 #include <initializer_list>
 #include <limits>
+
+#include <gtest/gtest.h>
+
+#include "base/RuntimeError.h"
 
 namespace testdata {
 namespace {
@@ -26,16 +26,16 @@ TEST(Tables, RefuseAnIndexOutsideTheirBounds) {
         try {
             table[index];
             return 0;
-        } catch (const platform::RuntimeError& error) {
+        } catch (const base::RuntimeError& error) {
             return error.Number();
         }
     };
     for (const std::int32_t index :
          {-1, 25001, std::numeric_limits<std::int32_t>::min(), std::numeric_limits<std::int32_t>::max()}) {
-        EXPECT_EQ(errorOf(AccountTable(), index), platform::ErrorSubscriptOutOfRange) << index;
+        EXPECT_EQ(errorOf(AccountTable(), index), base::ErrorSubscriptOutOfRange) << index;
     }
     for (const std::int32_t index : {-1, 251}) {
-        EXPECT_EQ(errorOf(PersonTable(), index), platform::ErrorSubscriptOutOfRange) << index;
+        EXPECT_EQ(errorOf(PersonTable(), index), base::ErrorSubscriptOutOfRange) << index;
     }
 }
 
@@ -47,7 +47,7 @@ TEST(TextTable, CutsRowsOfOneWidth) {
     EXPECT_EQ(table[1], "def");
     EXPECT_EQ(table[2], "");
     EXPECT_EQ(table[4], "");
-    EXPECT_THROW(table[5], platform::RuntimeError);
+    EXPECT_THROW(table[5], base::RuntimeError);
 }
 
 } // namespace

@@ -1,14 +1,14 @@
 #include "testdata/TestDocument.h"
 
-#include "machine/SeededRandom.h"
-#include "support/HeldChance.h"
-
-#include <gtest/gtest.h>
-
 #include <set>
 #include <string>
 #include <string_view>
 #include <vector>
+
+#include <gtest/gtest.h>
+
+#include "machine/SeededRandom.h"
+#include "support/HeldChance.h"
 
 namespace testdata {
 namespace {
@@ -32,7 +32,7 @@ void DrawForms(int count, const DrawSources& sources, Look look) {
 
 std::vector<std::int32_t> NumbersWithoutAccount(int count) {
     const HeldClock clock;
-    platform::SeededRandom random(1);
+    machine::SeededRandom random(1);
     std::vector<std::int32_t> numbers;
     DrawForms(count, {random, clock}, [&](const DrawState& state, const TestDocument& document) {
         if (document.rekening.empty()) {
@@ -46,7 +46,7 @@ std::vector<std::int32_t> NumbersWithoutAccount(int count) {
 
 TEST(DrawTestDocument, TakesThePersonsInTableOrder) {
     const HeldClock clock;
-    platform::SeededRandom random(1);
+    machine::SeededRandom random(1);
     DrawForms(250, {random, clock}, [](const DrawState& state, const TestDocument& document) {
         Person expected;
         SplitPerson(PersonTable()[state.Volgnummer - 1], expected);
@@ -61,7 +61,7 @@ TEST(DrawTestDocument, TakesThePersonsInTableOrder) {
 
 TEST(DrawTestDocument, HasBlankPayersBehindTheLastPerson) {
     const HeldClock clock;
-    platform::SeededRandom random(1);
+    machine::SeededRandom random(1);
     DrawForms(30000, {random, clock}, [](const DrawState& state, const TestDocument& document) {
         if (state.Volgnummer <= 250) {
             ASSERT_NE(document.naam, "");
@@ -93,7 +93,7 @@ TEST(DrawTestDocument, KeepsTheRowWhereTheTableEnds) {
 
 TEST(DrawTestDocument, NumbersTheDocuments) {
     const HeldClock clock;
-    platform::SeededRandom random(1);
+    machine::SeededRandom random(1);
     std::string last;
     DrawForms(251, {random, clock}, [&](const DrawState& state, const TestDocument& document) {
         if (state.Volgnummer == 1) {
@@ -147,7 +147,7 @@ TEST(DrawTestDocument, LeavesTheAccountOutOnEveryTwentySixthForm) {
 
 TEST(DrawTestDocument, DrawsAgainForTheNextRun) {
     const HeldClock clock;
-    platform::SeededRandom random(1);
+    machine::SeededRandom random(1);
     const auto batch = [&] {
         std::vector<std::string> values;
         DrawForms(50, {random, clock}, [&](const DrawState&, const TestDocument& document) {
@@ -161,7 +161,7 @@ TEST(DrawTestDocument, DrawsAgainForTheNextRun) {
 
 TEST(DrawTestDocument, SpreadsItsValuesEvenlyUnderAClockThatStands) {
     const HeldClock clock;
-    platform::SeededRandom random(1);
+    machine::SeededRandom random(1);
     std::set<std::string_view> accounts;
     std::set<std::string> euros;
     std::set<std::string> cents;
@@ -233,7 +233,7 @@ TEST(TrekCent, GoesFromOneToNinetyEightInTwoDigits) {
 }
 
 TEST(SeededRandom, StaysWithinItsRangeWhateverItsSeed) {
-    platform::SeededRandom random(7);
+    machine::SeededRandom random(7);
     for (const double seed : {0.0, 86399.999, -1.0, 1e300}) {
         random.Randomize(seed);
         for (int i = 0; i < 1000; ++i) {
@@ -245,8 +245,8 @@ TEST(SeededRandom, StaysWithinItsRangeWhateverItsSeed) {
 }
 
 TEST(SeededRandom, GivesTheSameSeriesFromTheSameStartAndSeeds) {
-    platform::SeededRandom one(7);
-    platform::SeededRandom other(7);
+    machine::SeededRandom one(7);
+    machine::SeededRandom other(7);
     one.Randomize(43215.25);
     other.Randomize(43215.25);
     EXPECT_EQ(one.Rnd(), other.Rnd());

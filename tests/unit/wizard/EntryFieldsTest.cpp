@@ -52,9 +52,9 @@ TEST_F(EntryFields, AClickLeavesTheCaretWhereItIs) {
 }
 
 TEST_F(EntryFields, TabbingInLeavesTheMarkOfTheFirstFocus) {
-    memory.desktop.PressKey(platform::key::Tab);
+    memory.desktop.PressKey(forms::key::Tab);
     Start();
-    memory.desktop.ReleaseKey(platform::key::Tab);
+    memory.desktop.ReleaseKey(forms::key::Tab);
     EXPECT_TRUE(form->FirstFocus);
 }
 
@@ -88,7 +88,7 @@ TEST_F(EntryFields, EscapeAndTheCloseBoxDoNotJudgeTheAccount) {
         Start();
         Type(74, "123456780");
         if (byKey) {
-            form->UserKey(platform::key::Escape);
+            form->UserKey(forms::key::Escape);
         } else {
             EXPECT_TRUE(form->UserClose());
         }
@@ -100,7 +100,7 @@ TEST_F(EntryFields, EscapeAndTheCloseBoxDoNotJudgeTheAccount) {
 TEST_F(EntryFields, EnterWithAWrongAccountTellsItOnce) {
     Start();
     Type(74, "123456780");
-    form->UserKey(platform::key::Enter);
+    form->UserKey(forms::key::Enter);
     EXPECT_EQ(MessageTexts(), std::vector<std::string>{WrongAccount});
     EXPECT_EQ(form->UserText(74).Text(), "");
     EXPECT_EQ(form->ActiveControl(), &form->UserText(74));

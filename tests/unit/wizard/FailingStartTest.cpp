@@ -17,7 +17,7 @@ TEST_P(FailingStart, GoesOnWithTheNextStep) {
     EXPECT_EQ(form->UserText(70).Text(), "Naam");
     EXPECT_EQ(form->lblOCRFont.Caption(), "OCR-B");
     EXPECT_TRUE(MessageTexts().empty());
-    EXPECT_EQ(memory.desktop.MousePointer(), platform::PointerDefault);
+    EXPECT_EQ(memory.desktop.MousePointer(), forms::PointerDefault);
     EXPECT_LT(memory.recorder.Left(GetParam()), 2) << "no call failed";
 }
 
@@ -29,7 +29,7 @@ INSTANTIATE_TEST_SUITE_P(Calls, FailingStart,
 TEST_F(WizardTest, StartsWithoutGivingThePrinterAnOrientation) {
     InstallPrinter();
     int set = 0;
-    memory.recorder.Sink = [&](const platform::Event& event) { set += event.Kind == "set" ? 1 : 0; };
+    memory.recorder.Sink = [&](const memory::Event& event) { set += event.Kind == "set" ? 1 : 0; };
     Start();
     EXPECT_EQ(set, 0);
 }

@@ -68,7 +68,7 @@ class HostileSettings : public WizardTest, public testing::WithParamInterface<Ho
 
 // The documents are asked for as the print manager does it; a run that ends has drawn what could be drawn.
 TEST_P(HostileSettings, LeaveTheProgramWholeWhicheverSettingHoldsIt) {
-    platform::PrintQueue queue;
+    memory::PrintQueue queue;
     queue.Name = "Laser";
     memory.InstallPrinter(queue);
 
@@ -87,7 +87,7 @@ TEST_P(HostileSettings, LeaveTheProgramWholeWhicheverSettingHoldsIt) {
 
         int ends = 0;
         int errors = 0;
-        memory.recorder.Sink = [&](const platform::Event& event) {
+        memory.recorder.Sink = [&](const memory::Event& event) {
             ends += event.Kind == "end" ? 1 : 0;
             errors += event.Kind == "error" ? 1 : 0;
         };

@@ -1,6 +1,6 @@
-#include "WizardFixture.h"
-
 #include <gmock/gmock.h>
+
+#include "WizardFixture.h"
 
 namespace wizard {
 namespace {

@@ -33,7 +33,7 @@ TEST_P(NoCount, IsRefused) {
     form->cmdPrinten.UserClick();
     EXPECT_EQ(MessageTexts(), std::vector<std::string>{NothingToPrint});
     EXPECT_EQ(memory.desktop.Messages()[0].Title, Title);
-    EXPECT_EQ(memory.desktop.Messages()[0].Icon, platform::MessageIcon::Information);
+    EXPECT_EQ(memory.desktop.Messages()[0].Icon, forms::MessageIcon::Information);
     EXPECT_TRUE(modal.empty());
 }
 
@@ -74,7 +74,7 @@ TEST_F(PrintCommand, ARunThatBreaksOffLeavesNothingForTheNextDocument) {
     Start();
     GoToPrinting();
     std::vector<std::int64_t> pages;
-    memory.recorder.Sink = [&](const platform::Event& event) {
+    memory.recorder.Sink = [&](const memory::Event& event) {
         if (event.Kind == "text") {
             pages.push_back(std::get<std::int64_t>(event.Fields[1].Value));
         }
@@ -154,10 +154,10 @@ TEST_F(PrintCommand, PrintsTheBatchThroughThePrintManager) {
     InstallPrinter();
     int ends = 0;
     int forms = 0;
-    memory.recorder.Sink = [&](const platform::Event& event) {
+    memory.recorder.Sink = [&](const memory::Event& event) {
         ends += event.Kind == "end" ? 1 : 0;
         if (event.Kind == "text") {
-            for (const platform::EventField& field : event.Fields) {
+            for (const memory::EventField& field : event.Fields) {
                 const auto* text = std::get_if<std::string>(&field.Value);
                 forms += text != nullptr && *text == "DRUKKEURING " ? 1 : 0;
             }

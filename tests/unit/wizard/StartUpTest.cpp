@@ -1,8 +1,7 @@
 #include "WizardFixture.h"
-
 #include "state/ContractTexts.h"
-#include "testdata/Tables.h"
 #include "state/Settings.h"
+#include "testdata/Tables.h"
 
 namespace wizard {
 namespace {
@@ -42,7 +41,7 @@ TEST_F(StartUp, SetsTheFixedFields) {
     EXPECT_EQ(state.ListFontName, "Tahoma");
     EXPECT_EQ((*state.PersonTable)[250], "");
     EXPECT_EQ((*state.AccountTable)[1].size(), 38U);
-    EXPECT_EQ(memory.desktop.MousePointer(), platform::PointerDefault);
+    EXPECT_EQ(memory.desktop.MousePointer(), forms::PointerDefault);
 }
 
 TEST_F(StartUp, WorksWithoutTheKeyOfItsSettings) {
@@ -181,16 +180,20 @@ TEST_F(StartUp, ShowsTheCreditor) {
 TEST_F(StartUp, ReadsEachCalibrationFromItsOwnKey) {
     struct Arrays {
         const char* Stem;
-        Calibration AppState::*X;
-        Calibration AppState::*Y;
+        state::Calibration state::AppState::*X;
+        state::Calibration state::AppState::*Y;
     };
     const Arrays all[] = {
-        {"AcceptGiro", &AppState::AcceptGiroLinks, &AppState::AcceptGiroTop},
-        {"AcceptGiroNAW", &AppState::AcceptGiroNAWLinks, &AppState::AcceptGiroNAWTop},
-        {"AcceptGiroBKSouche", &AppState::AcceptGiroBKSoucheLinks, &AppState::AcceptGiroBKSoucheTop},
-        {"AcceptGiroBKAccept", &AppState::AcceptGiroBKAcceptLinks, &AppState::AcceptGiroBKAcceptTop},
-        {"AcceptGiroBGSouche", &AppState::AcceptGiroBGSoucheLinks, &AppState::AcceptGiroBGSoucheTop},
-        {"AcceptGiroBGAccept", &AppState::AcceptGiroBGAcceptLinks, &AppState::AcceptGiroBGAcceptTop},
+        {"AcceptGiro", &state::AppState::AcceptGiroLinks, &state::AppState::AcceptGiroTop},
+        {"AcceptGiroNAW", &state::AppState::AcceptGiroNAWLinks, &state::AppState::AcceptGiroNAWTop},
+        {"AcceptGiroBKSouche", &state::AppState::AcceptGiroBKSoucheLinks,
+         &state::AppState::AcceptGiroBKSoucheTop},
+        {"AcceptGiroBKAccept", &state::AppState::AcceptGiroBKAcceptLinks,
+         &state::AppState::AcceptGiroBKAcceptTop},
+        {"AcceptGiroBGSouche", &state::AppState::AcceptGiroBGSoucheLinks,
+         &state::AppState::AcceptGiroBGSoucheTop},
+        {"AcceptGiroBGAccept", &state::AppState::AcceptGiroBGAcceptLinks,
+         &state::AppState::AcceptGiroBGAcceptTop},
     };
     for (int place = 0; place < 5; ++place) {
         const std::string digit = std::to_string(place);
@@ -261,7 +264,7 @@ TEST_F(StartUp, RenewsTheCalibrationAndLeavesTheCreditor) {
 }
 
 TEST(LeesLocaleTekst, IsEmptyForAnItemThatFails) {
-    struct Broken : platform::Locale {
+    struct Broken : machine::Locale {
         int calls = 0;
         int failAt;
         explicit Broken(int at) : failAt(at) {}
@@ -280,11 +283,11 @@ TEST(LeesLocaleTekst, IsEmptyForAnItemThatFails) {
         std::string ShortMonthName(int) override { return {}; }
     };
     Broken first(1);
-    EXPECT_EQ(LeesLocaleTekst(first, 0, platform::LocaleCurrencySymbol), "");
+    EXPECT_EQ(state::LeesLocaleTekst(first, 0, machine::LocaleCurrencySymbol), "");
     Broken second(2);
-    EXPECT_EQ(LeesLocaleTekst(second, 0, platform::LocaleCurrencySymbol), "");
+    EXPECT_EQ(state::LeesLocaleTekst(second, 0, machine::LocaleCurrencySymbol), "");
     Broken none(0);
-    EXPECT_EQ(LeesLocaleTekst(none, 0, platform::LocaleCurrencySymbol), "x");
+    EXPECT_EQ(state::LeesLocaleTekst(none, 0, machine::LocaleCurrencySymbol), "x");
 }
 
 } // namespace

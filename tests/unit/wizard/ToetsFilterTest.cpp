@@ -1,10 +1,10 @@
 #include "wizard/ToetsFilter.h"
 
-#include <gtest/gtest.h>
-
 #include <limits>
 #include <set>
 #include <string>
+
+#include <gtest/gtest.h>
 
 namespace wizard {
 namespace {

@@ -1,9 +1,9 @@
 #pragma once
 
-#include <gtest/gtest.h>
-
 #include <memory>
 #include <string>
+
+#include <gtest/gtest.h>
 
 #include "forms/Session.h"
 #include "memory/MemoryPlatform.h"
@@ -33,7 +33,7 @@ class WizardTest : public testing::Test {
     }
 
     void InstallPrinter() {
-        platform::PrintQueue queue;
+        memory::PrintQueue queue;
         queue.Name = "Laser";
         memory.InstallPrinter(queue);
     }
@@ -56,9 +56,9 @@ class WizardTest : public testing::Test {
     }
 
     void Tab() {
-        memory.desktop.PressKey(platform::key::Tab);
-        form->UserKey(platform::key::Tab);
-        memory.desktop.ReleaseKey(platform::key::Tab);
+        memory.desktop.PressKey(forms::key::Tab);
+        form->UserKey(forms::key::Tab);
+        memory.desktop.ReleaseKey(forms::key::Tab);
     }
 
     void GoToPrinting(int size = 2) {
@@ -71,15 +71,15 @@ class WizardTest : public testing::Test {
 
     std::vector<std::string> MessageTexts() const {
         std::vector<std::string> texts;
-        for (const platform::ShownMessage& message : memory.desktop.Messages()) {
+        for (const memory::ShownMessage& message : memory.desktop.Messages()) {
             texts.push_back(message.Text);
         }
         return texts;
     }
 
     /// The one message box that there was, with the program's title.
-    static std::vector<platform::ShownMessage> Information(const std::string& text) {
-        return {{text, platform::MessageIcon::Information, Title}};
+    static std::vector<memory::ShownMessage> Information(const std::string& text) {
+        return {{text, forms::MessageIcon::Information, Title}};
     }
 
     int VisiblePage() const {
@@ -93,9 +93,9 @@ class WizardTest : public testing::Test {
         return visible;
     }
 
-    platform::MemoryPlatform memory;
+    memory::MemoryPlatform memory;
     forms::Session session{memory.desktop};
-    AppState state;
+    state::AppState state;
     std::unique_ptr<frmMain> form;
 };
 

@@ -41,7 +41,7 @@ TEST_F(WizardFlow, StaysOnPage0WithAWrongAccountAndHasCopiedTheRest) {
     EXPECT_EQ(form->Page, 0);
     EXPECT_EQ(MessageTexts(), std::vector<std::string>{WrongAccount});
     EXPECT_EQ(memory.desktop.Messages()[0].Title, Title);
-    EXPECT_EQ(memory.desktop.Messages()[0].Icon, platform::MessageIcon::Information);
+    EXPECT_EQ(memory.desktop.Messages()[0].Icon, forms::MessageIcon::Information);
     EXPECT_EQ(form->UserText(74).Text(), "");
     EXPECT_EQ(form->ActiveControl(), &form->UserText(74));
     EXPECT_EQ(state.IncassantBegunstigde, "Naam");
@@ -162,7 +162,7 @@ TEST_F(WizardFlow, ClosesWithItsButtonAndWithEscape) {
     EXPECT_FALSE(form->Loaded());
     EXPECT_TRUE(session.OpenForms().empty());
 
-    Start().UserKey(platform::key::Escape);
+    Start().UserKey(forms::key::Escape);
     EXPECT_FALSE(form->Loaded());
 }
 
@@ -190,14 +190,14 @@ TEST_F(WizardFlow, WritesNothingOnClosing) {
 
 TEST_F(WizardFlow, EnterGoesForwardAndOnTheLastPagePrints) {
     Start();
-    form->UserKey(platform::key::Enter);
+    form->UserKey(forms::key::Enter);
     EXPECT_EQ(form->Page, 1);
     form->optProcedure(1).SetValue(true);
-    form->UserKey(platform::key::Enter);
+    form->UserKey(forms::key::Enter);
     EXPECT_EQ(form->Page, 3);
     EXPECT_EQ(form->ActiveControl(), &form->UserText(0));
     form->UserText(0).SetText("0");
-    form->UserKey(platform::key::Enter);
+    form->UserKey(forms::key::Enter);
     EXPECT_EQ(MessageTexts().size(), 1U);
 }
 

@@ -1,8 +1,3 @@
-#include "desktop/windows/GdiObjects.h"
-#include "desktop/windows/Scale.h"
-#include "desktop/windows/WinBitmaps.h"
-#include "windows/check/Check.h"
-
 #include <algorithm>
 #include <cmath>
 #include <cstdio>
@@ -10,7 +5,12 @@
 #include <memory>
 #include <vector>
 
-using namespace platform::windows;
+#include "desktop/windows/GdiObjects.h"
+#include "desktop/windows/Scale.h"
+#include "desktop/windows/WinBitmaps.h"
+#include "windows/check/Check.h"
+
+using namespace desktop::windows;
 
 namespace {
 
@@ -24,7 +24,7 @@ constexpr int OutOfMemory = 7;
 /// A page as a screen of so many dots to the inch shows it.
 class Painted {
   public:
-    Painted(const platform::PageBitmap& page, int dotsPerInch) {
+    Painted(const machine::PageBitmap& page, int dotsPerInch) {
         const auto& kept = dynamic_cast<const WinPageBitmap&>(page);
         dots_ = kept.Dots(dotsPerInch);
         const BITMAPINFO info{{sizeof(BITMAPINFOHEADER), dots_.cx, -dots_.cy, 1, 32, BI_RGB, 0, 0, 0, 0, 0},
@@ -102,7 +102,7 @@ void CheckMemory() {
     const auto page = bitmaps.CreatePage(Width, Height);
     page->Drawing().MeasureText("regel", {"Tahoma", 8, false}); // the font is made once
     const std::size_t before = CommittedBytes();
-    std::vector<std::shared_ptr<const platform::PageBitmap>> kept;
+    std::vector<std::shared_ptr<const machine::PageBitmap>> kept;
     for (int number = 0; number < pages; ++number) {
         for (int line = 0; line < lines; ++line) {
             for (int column = 0; column < 5; ++column) {
@@ -127,7 +127,7 @@ void CheckMemory() {
 
 void CheckBitmaps() {
     WinBitmaps bitmaps;
-    const std::unique_ptr<platform::OffscreenPage> page = bitmaps.CreatePage(Width, Height);
+    const std::unique_ptr<machine::OffscreenPage> page = bitmaps.CreatePage(Width, Height);
     const auto blank = page->Image();
     CheckNear(blank->Width(), Width, 0, "a picture is as wide as asked for");
     CheckNear(blank->Height(), Height, 0, "and as high");
@@ -154,10 +154,10 @@ void CheckBitmaps() {
     CheckEqual(seen(page->Image()).At(100, 2 * inch), White, "a wiped page is white");
     CheckEqual(seen(lined).At(100, inch), RGB(255, 0, 0), "and its pictures are not");
 
-    const platform::FontSpec font{"Tahoma", 12, false};
+    const machine::FontSpec font{"Tahoma", 12, false};
     page->Drawing().DrawText(TwipsPerInch, TwipsPerInch / 2, "HHHHHHHHHHHHHHHHHHHH", font);
     const auto written = page->Image();
-    const platform::TextSize size = page->Drawing().MeasureText("HHHHHHHHHHHHHHHHHHHH", font);
+    const machine::TextSize size = page->Drawing().MeasureText("HHHHHHHHHHHHHHHHHHHH", font);
     for (const int density : {1, 2, 3}) {
         const int perInch = density * inch;
         const Painted painted(*written, perInch);

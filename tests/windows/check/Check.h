@@ -1,8 +1,8 @@
 #pragma once
 
-#include "base/RuntimeError.h"
-
 #include <string>
+
+#include "base/RuntimeError.h"
 
 /// Prints one line for an expectation, and counts it if it does not hold.
 void Check(bool holds, const std::string& what);
@@ -17,7 +17,7 @@ template <class Step>
 void CheckRaises(int number, Step step, const std::string& what) {
     try {
         step();
-    } catch (const platform::RuntimeError& error) {
+    } catch (const base::RuntimeError& error) {
         CheckEqual(error.Number(), number, what);
         return;
     }

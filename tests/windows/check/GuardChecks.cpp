@@ -1,15 +1,16 @@
-#include "base/RuntimeError.h"
-#include "desktop/windows/RunGuarded.h"
-#include "desktop/windows/WideText.h"
-#include "desktop/windows/Win32.h"
-#include "windows/check/Check.h"
-
 #include <functional>
 #include <new>
 #include <string>
 #include <thread>
 
-using namespace platform::windows;
+#include "desktop/windows/Win32.h"
+
+#include "base/RuntimeError.h"
+#include "desktop/windows/RunGuarded.h"
+#include "desktop/windows/WideText.h"
+#include "windows/check/Check.h"
+
+using namespace desktop::windows;
 
 namespace {
 
@@ -64,7 +65,7 @@ void CheckGuard() {
     bool run = false;
     CheckEqual(RunGuarded([&run] { run = true; }), 0, "a program that ends well");
     Check(run, "has run");
-    CheckFailure([] { throw platform::RuntimeError(platform::ErrorPrinter, "De printer is er niet."); },
+    CheckFailure([] { throw base::RuntimeError(base::ErrorPrinter, "De printer is er niet."); },
                  "Fout 482:\n\nDe printer is er niet.");
     CheckFailure([] { throw std::bad_alloc(); }, "Fout 7:\n\nOut of memory");
     CheckFailure([] { throw std::logic_error("iets anders"); }, "Fout 51:\n\niets anders");

@@ -1,16 +1,17 @@
-#include "desktop/windows/Win32.h"
-#include "desktop/windows/WinPrinter.h"
-#include "windows/check/Check.h"
-
 #include <cmath>
 #include <cstdio>
 #include <limits>
 #include <string>
 #include <vector>
 
-using namespace platform::windows;
-using platform::ErrorInvalidPropertyValue;
-using platform::ErrorPrinter;
+#include "desktop/windows/Win32.h"
+
+#include "desktop/windows/WinPrinter.h"
+#include "windows/check/Check.h"
+
+using namespace desktop::windows;
+using base::ErrorInvalidPropertyValue;
+using base::ErrorPrinter;
 
 namespace {
 
@@ -35,10 +36,10 @@ void CheckMeasures(WinPrinter& printer) {
     CheckNear(printer.ScaleWidth(), (577 - 18) * TwipsPerPoint, dot, "the printable width");
     CheckNear(printer.ScaleHeight(), (824 - 36) * TwipsPerPoint, dot, "the printable height");
     CheckNear(printer.ScaleLeft() + printer.ScaleTop(), 0, 0, "the origin is the printable area's");
-    CheckEqual(printer.GetDeviceCaps(platform::CapsLogPixelsX), 600, "dots to the inch");
-    CheckNear(printer.GetDeviceCaps(platform::CapsPhysicalOffsetX), 18 * 600 / 72.0, 1,
+    CheckEqual(printer.GetDeviceCaps(machine::CapsLogPixelsX), 600, "dots to the inch");
+    CheckNear(printer.GetDeviceCaps(machine::CapsPhysicalOffsetX), 18 * 600 / 72.0, 1,
               "the margin left in dots");
-    CheckNear(printer.GetDeviceCaps(platform::CapsPhysicalOffsetY), 18 * 600 / 72.0, 1,
+    CheckNear(printer.GetDeviceCaps(machine::CapsPhysicalOffsetY), 18 * 600 / 72.0, 1,
               "the margin above in dots");
 }
 
@@ -56,30 +57,31 @@ void CheckProperties(WinPrinters& printers, WinPrinter& printer) {
     CheckNear(printer.Width(), 1008 * TwipsPerPoint, 3, "another paper has its own measures");
     printer.SetPaperBin(printer.PaperBin());
     CheckRaises(
-        ErrorInvalidPropertyValue, [&] { printer.SetOrientation(3); }, "there is no third orientation");
+        base::ErrorInvalidPropertyValue, [&] { printer.SetOrientation(3); }, "there is no third orientation");
     CheckRaises(
-        ErrorInvalidPropertyValue, [&] { printer.SetPaperSize(12345); }, "a paper that the printer lacks");
+        base::ErrorInvalidPropertyValue, [&] { printer.SetPaperSize(12345); },
+        "a paper that the printer lacks");
     CheckRaises(
-        ErrorInvalidPropertyValue, [&] { printer.SetPaperBin(12345); }, "a bin that the printer lacks");
+        base::ErrorInvalidPropertyValue, [&] { printer.SetPaperBin(12345); }, "a bin that the printer lacks");
     CheckEqual(printer.PaperSize(), DMPAPER_LEGAL, "a refused value changes nothing");
 
     printer.Drawing = {10, 20, {"Courier", 12, true}};
     printer.Assign(IndexOf(printers, "Kantoor"));
     CheckEqual(printer.PaperSize(), DMPAPER_A4, "assigning takes the stored paper afresh");
     CheckEqual(printer.Orientation(), DMORIENT_PORTRAIT, "and the orientation");
-    Check(printer.Drawing.Font == platform::FontSpec{"Tahoma", 8, false} && printer.Drawing.CurrentX == 0,
+    Check(printer.Drawing.Font == machine::FontSpec{"Tahoma", 8, false} && printer.Drawing.CurrentX == 0,
           "and the printer's own font and cursor");
     printer.Assign(IndexOf(printers, "Büro"));
     CheckEqual(printer.DeviceName(), "Büro", "another printer becomes the current one");
     CheckRaises(
-        platform::ErrorSubscriptOutOfRange, [&] { printer.Assign(99); }, "one that is not there is refused");
+        base::ErrorSubscriptOutOfRange, [&] { printer.Assign(99); }, "one that is not there is refused");
     CheckEqual(printer.DeviceName(), "Büro", "and the current one stays");
     printer.Assign(IndexOf(printers, "Kantoor"));
 }
 
 void CheckText(WinPrinter& printer) {
-    platform::Canvas& page = printer.Page();
-    const platform::FontSpec tahoma{"Tahoma", 12, false};
+    machine::Canvas& page = printer.Page();
+    const machine::FontSpec tahoma{"Tahoma", 12, false};
     const double one = page.MeasureText("1", tahoma).Width;
     CheckNear(page.MeasureText(std::string(100, '1'), tahoma).Width, 100 * one, 0.001,
               "a long text is as wide as its letters together");
@@ -127,7 +129,7 @@ void CheckGivenUp(WinPrinters& printers) {
         CheckEqual(printer.DeviceName(), "Kantoor", "the default printer");
         printer.Page().DrawText(0, 0, "given up", {"Tahoma", 8, false});
         CheckRaises(
-            platform::ErrorSubscriptOutOfRange, [&] { printer.Assign(99); }, "no printer of this number");
+            base::ErrorSubscriptOutOfRange, [&] { printer.Assign(99); }, "no printer of this number");
         printer.Page().EndDocument(); // of a document that has not begun
     }
     {
@@ -165,20 +167,21 @@ void CheckVanished(WinPrinters& printers) {
     printers.Refresh();
     CheckEqual(IndexOf(printers, "Büro"), -1, "until it is asked for anew");
     CheckRaises(
-        ErrorPrinter, [&] { printer.ScaleLeft(); }, "its measures cannot be had");
+        base::ErrorPrinter, [&] { printer.ScaleLeft(); }, "its measures cannot be had");
     CheckRaises(
-        ErrorPrinter, [&] { printer.SetOrientation(DMORIENT_LANDSCAPE); }, "its settings cannot be changed");
-    platform::Canvas& page = printer.Page();
-    const platform::FontSpec font{"Tahoma", 8, false};
+        base::ErrorPrinter, [&] { printer.SetOrientation(DMORIENT_LANDSCAPE); },
+        "its settings cannot be changed");
+    machine::Canvas& page = printer.Page();
+    const machine::FontSpec font{"Tahoma", 8, false};
     CheckRaises(
-        ErrorPrinter, [&] { page.DrawText(0, 0, "x", font); }, "a document cannot begin");
+        base::ErrorPrinter, [&] { page.DrawText(0, 0, "x", font); }, "a document cannot begin");
     CheckEqual(told, 1, "and the user is told");
     page.DrawText(0, 0, "x", font);
     page.NewPage();
     page.EndDocument();
     CheckEqual(told, 1, "once for the whole document");
     CheckRaises(
-        ErrorPrinter, [&] { page.NewPage(); }, "the next document tries again");
+        base::ErrorPrinter, [&] { page.NewPage(); }, "the next document tries again");
     CheckEqual(told, 2, "and is told again");
 }
 
@@ -234,10 +237,10 @@ class Samples {
   public:
     explicit Samples(WinPrinter& printer) : printer_(printer) {}
 
-    void Text(double x, double y, const std::string& text, const platform::FontSpec& font) {
-        platform::Canvas& page = printer_.Page();
+    void Text(double x, double y, const std::string& text, const machine::FontSpec& font) {
+        machine::Canvas& page = printer_.Page();
         page.DrawText(x, y, text, font);
-        const platform::TextSize size = page.MeasureText(text, font);
+        const machine::TextSize size = page.MeasureText(text, font);
         std::printf("text\t%d\t%.3f\t%.3f\t%.3f\t%.3f\t%s\t%.2f\t%d\t%s\n", number_, x, y, size.Width,
                     size.Height, font.Name.c_str(), font.Size, font.Bold ? 1 : 0, text.c_str());
     }
@@ -260,12 +263,12 @@ class Samples {
 namespace {
 
 void ShowMargins(WinPrinter& printer) {
-    std::printf("margins\t%d\t%d\t%d\n", printer.GetDeviceCaps(platform::CapsPhysicalOffsetX),
-                printer.GetDeviceCaps(platform::CapsPhysicalOffsetY),
-                printer.GetDeviceCaps(platform::CapsLogPixelsX));
+    std::printf("margins\t%d\t%d\t%d\n", printer.GetDeviceCaps(machine::CapsPhysicalOffsetX),
+                printer.GetDeviceCaps(machine::CapsPhysicalOffsetY),
+                printer.GetDeviceCaps(machine::CapsLogPixelsX));
 }
 
-const platform::FontSpec Small{"Tahoma", 8, false};
+const machine::FontSpec Small{"Tahoma", 8, false};
 
 void PrintUpright(WinPrinter& printer) {
     printer.SetPaperSize(DMPAPER_LEGAL);
@@ -274,10 +277,10 @@ void PrintUpright(WinPrinter& printer) {
     ShowMargins(printer);
 
     Samples samples(printer);
-    const std::vector<platform::FontSpec> fonts = {
+    const std::vector<machine::FontSpec> fonts = {
         Small, {"Tahoma", 9, false}, {"Tahoma", 12, true}, {"OCR-B", 9.96, false}, {"OCR-B", 10, false}};
     double y = 101.3;
-    for (const platform::FontSpec& font : fonts) {
+    for (const machine::FontSpec& font : fonts) {
         samples.Text(33.7, y, "NL12INGB0001234567+0000000000000000<" + std::string(24, '8') + " einde", font);
         y += 333.3;
     }

@@ -1,13 +1,14 @@
-#include "base/Text.h"
-#include "machine/modRegistry.h"
-#include "desktop/windows/Win32.h"
-#include "desktop/windows/WinRegistry.h"
-#include "windows/check/Check.h"
-
 #include <string>
 
-using namespace platform::windows;
-using platform::HkeyCurrentUser;
+#include "desktop/windows/Win32.h"
+
+#include "base/Text.h"
+#include "desktop/windows/WinRegistry.h"
+#include "machine/modRegistry.h"
+#include "windows/check/Check.h"
+
+using namespace desktop::windows;
+using machine::HkeyCurrentUser;
 
 namespace {
 
@@ -50,9 +51,9 @@ class OwnKey {
 
 void CheckSettings(OwnKey& own) {
     WinRegistry registry;
-    const platform::modRegistry settings(registry);
+    const machine::modRegistry settings(registry);
     const auto read = [&settings](const char* name) {
-        return settings.GetRegistryValue(HkeyCurrentUser, PathA, name);
+        return settings.GetRegistryValue(machine::HkeyCurrentUser, PathA, name);
     };
 
     own.Set(L"Stad", REG_SZ, L"K\u00F6ln \u20AC", 14);
@@ -66,53 +67,57 @@ void CheckSettings(OwnKey& own) {
     CheckEqual(read("Getal"), "", "a number counts as absent");
     CheckEqual(read("Ontbreekt"), "", "a value that is not there reads as empty");
 
-    Check(settings.SetRegistryValue(HkeyCurrentUser, PathA, "Naam", "Zoë Smørgås"), "a text is written");
+    Check(settings.SetRegistryValue(machine::HkeyCurrentUser, PathA, "Naam", "Zoë Smørgås"),
+          "a text is written");
     Check(own.Text(L"Naam") == L"Zo\u00EB Sm\u00F8rg\u00E5s", "another program reads it with its accents");
     CheckEqual(read("Naam"), "Zoë Smørgås", "it reads back as it was written");
-    Check(settings.SetRegistryValue(HkeyCurrentUser, PathA, "Naam", ""), "an empty text is written");
+    Check(settings.SetRegistryValue(machine::HkeyCurrentUser, PathA, "Naam", ""), "an empty text is written");
     CheckEqual(read("Naam"), "", "and reads back as empty");
-    Check(!settings.SetRegistryValue(HkeyCurrentUser, "Software\\Drukkeuring is er niet", "Naam", "x"),
-          "a text for a key that does not exist is not written");
+    Check(
+        !settings.SetRegistryValue(machine::HkeyCurrentUser, "Software\\Drukkeuring is er niet", "Naam", "x"),
+        "a text for a key that does not exist is not written");
     HKEY created = nullptr;
     CheckEqual(::RegOpenKeyExW(HKEY_CURRENT_USER, L"Software\\Drukkeuring is er niet", 0, KEY_READ, &created),
                ERROR_FILE_NOT_FOUND, "and the key is not created");
     CheckEqual(read("Nieuw"), "", "a value that is asked for");
     CheckEqual(own.Count(), 5, "is not created either");
     const std::string longText(20000, 'a');
-    Check(settings.SetRegistryValue(HkeyCurrentUser, PathA, "Lang", longText) && read("Lang") == longText,
+    Check(settings.SetRegistryValue(machine::HkeyCurrentUser, PathA, "Lang", longText) &&
+              read("Lang") == longText,
           "a long text comes back whole");
 }
 
 void CheckCalls(OwnKey& own) {
     WinRegistry registry;
-    platform::RegistryKey key = 0;
-    CheckEqual(registry.RegOpenKeyA(HkeyCurrentUser, PathA, key), platform::RegSuccess, "the key opens");
-    platform::RegistryKey root = 0;
-    CheckEqual(registry.RegOpenKeyA(HkeyCurrentUser, "", root), platform::RegSuccess,
+    machine::RegistryKey key = 0;
+    CheckEqual(registry.RegOpenKeyA(machine::HkeyCurrentUser, PathA, key), machine::RegSuccess,
+               "the key opens");
+    machine::RegistryKey root = 0;
+    CheckEqual(registry.RegOpenKeyA(machine::HkeyCurrentUser, "", root), machine::RegSuccess,
                "an empty path is the root");
-    CheckEqual(registry.RegOpenKeyA(HkeyCurrentUser, "Nergens", root), platform::RegFileNotFound,
+    CheckEqual(registry.RegOpenKeyA(machine::HkeyCurrentUser, "Nergens", root), machine::RegFileNotFound,
                "a key that is not there is not found");
 
     own.Set(L"Tekst", REG_SZ, L"abc", 8);
     std::uint32_t type = 0;
     std::uint32_t size = 0;
-    CheckEqual(registry.RegQueryValueExA(key, "Tekst", type, nullptr, size), platform::RegSuccess,
+    CheckEqual(registry.RegQueryValueExA(key, "Tekst", type, nullptr, size), machine::RegSuccess,
                "a value without a buffer tells its size");
     CheckEqual(size, 4, "which counts the closing NUL");
-    CheckEqual(type, platform::RegSz, "and its type");
+    CheckEqual(type, machine::RegSz, "and its type");
     char data[8] = {};
     size = 2;
-    CheckEqual(registry.RegQueryValueExA(key, "Tekst", type, data, size), platform::RegMoreData,
+    CheckEqual(registry.RegQueryValueExA(key, "Tekst", type, data, size), machine::RegMoreData,
                "a buffer that is too small is told");
     size = sizeof data;
-    CheckEqual(registry.RegQueryValueExA(key, "Tekst", type, data, size), platform::RegSuccess,
+    CheckEqual(registry.RegQueryValueExA(key, "Tekst", type, data, size), machine::RegSuccess,
                "the text is read");
     CheckEqual(data, "abc", "it is the text");
-    CheckEqual(registry.RegQueryValueExA(key, "Niets", type, data, size), platform::RegFileNotFound,
+    CheckEqual(registry.RegQueryValueExA(key, "Niets", type, data, size), machine::RegFileNotFound,
                "a value that is not there is not found");
-    CheckEqual(registry.RegCloseKey(key), platform::RegSuccess, "the key closes");
-    CheckEqual(registry.RegCloseKey(key), platform::RegInvalidHandle, "and closes once");
-    CheckEqual(registry.RegQueryValueExA(key, "Tekst", type, data, size), platform::RegInvalidHandle,
+    CheckEqual(registry.RegCloseKey(key), machine::RegSuccess, "the key closes");
+    CheckEqual(registry.RegCloseKey(key), machine::RegInvalidHandle, "and closes once");
+    CheckEqual(registry.RegQueryValueExA(key, "Tekst", type, data, size), machine::RegInvalidHandle,
                "a closed key reads nothing");
 }
 
@@ -120,9 +125,9 @@ void CheckCalls(OwnKey& own) {
 void CheckRefusals() {
     int told = 0;
     WinRegistry registry([&told](const std::string&) { ++told; });
-    const platform::modRegistry settings(registry);
-    settings.GetRegistryValue(HkeyCurrentUser, "Software\\Drukkeuring is er niet", "Naam");
-    settings.GetRegistryValue(HkeyCurrentUser, PathA, "Ontbreekt");
+    const machine::modRegistry settings(registry);
+    settings.GetRegistryValue(machine::HkeyCurrentUser, "Software\\Drukkeuring is er niet", "Naam");
+    settings.GetRegistryValue(machine::HkeyCurrentUser, PathA, "Ontbreekt");
     CheckEqual(told, 0, "nobody is told of what is not there");
 
     HKEY key = nullptr;
@@ -130,14 +135,15 @@ void CheckRefusals() {
     std::uint32_t type = 0;
     std::uint32_t size = 0;
     const auto ask = [&] {
-        return registry.RegQueryValueExA(reinterpret_cast<platform::RegistryKey>(key), "Naam", type, nullptr,
+        return registry.RegQueryValueExA(reinterpret_cast<machine::RegistryKey>(key), "Naam", type, nullptr,
                                          size);
     };
-    CheckEqual(ask(), platform::RegAccessDenied, "a key that may not be read refuses");
+    CheckEqual(ask(), machine::RegAccessDenied, "a key that may not be read refuses");
     ask();
     CheckEqual(told, 1, "which is told once");
-    settings.SetRegistryValue(HkeyCurrentUser, PathA, "Naam", "x");
-    CheckEqual(settings.GetRegistryValue(HkeyCurrentUser, PathA, "Naam"), "x", "a value that is read again");
+    settings.SetRegistryValue(machine::HkeyCurrentUser, PathA, "Naam", "x");
+    CheckEqual(settings.GetRegistryValue(machine::HkeyCurrentUser, PathA, "Naam"), "x",
+               "a value that is read again");
     ask();
     CheckEqual(told, 2, "makes the next refusal a new one");
     ::RegCloseKey(key);

@@ -1,36 +1,37 @@
-#include "base/Text.h"
-#include "desktop/windows/Win32.h"
-#include "desktop/windows/WinPrinters.h"
-#include "desktop/windows/WinSpooler.h"
-#include "windows/check/Check.h"
-
 #include <cstddef>
 #include <cstring>
 #include <string>
 #include <vector>
 
-using namespace platform::windows;
+#include "desktop/windows/Win32.h"
+
+#include "base/Text.h"
+#include "desktop/windows/WinPrinters.h"
+#include "desktop/windows/WinSpooler.h"
+#include "windows/check/Check.h"
+
+using namespace desktop::windows;
 
 namespace {
 
 constexpr const char* Queue = "Kantoor";
 constexpr std::size_t Behind = 128;
 
-platform::PrinterHandle Open(WinSpooler& spooler, const char* name) {
-    platform::PrinterHandle handle = 0;
-    const platform::PRINTER_DEFAULTS defaults{nullptr, nullptr, platform::PrinterAccessUse};
+machine::PrinterHandle Open(WinSpooler& spooler, const char* name) {
+    machine::PrinterHandle handle = 0;
+    const machine::PRINTER_DEFAULTS defaults{nullptr, nullptr, machine::PrinterAccessUse};
     return spooler.OpenPrinterA(name, handle, defaults) ? handle : 0;
 }
 
-platform::DEVMODE Record(const std::vector<std::byte>& bytes) {
-    platform::DEVMODE mode;
+machine::DEVMODE Record(const std::vector<std::byte>& bytes) {
+    machine::DEVMODE mode;
     std::memcpy(&mode, bytes.data(), sizeof mode);
     return mode;
 }
 
-std::vector<std::byte> Stored(WinSpooler& spooler, platform::PrinterHandle handle) {
+std::vector<std::byte> Stored(WinSpooler& spooler, machine::PrinterHandle handle) {
     const std::int32_t size = spooler.DocumentPropertiesA(handle, Queue, nullptr, nullptr, 0);
-    Check(size >= static_cast<std::int32_t>(sizeof(platform::DEVMODE)),
+    Check(size >= static_cast<std::int32_t>(sizeof(machine::DEVMODE)),
           "the driver's settings begin with our record");
     std::vector<std::byte> bytes(static_cast<std::size_t>(std::max(size, 0)) + Behind);
     CheckEqual(spooler.DocumentPropertiesA(handle, Queue, bytes.data(), nullptr, DM_OUT_BUFFER), 1,
@@ -38,25 +39,25 @@ std::vector<std::byte> Stored(WinSpooler& spooler, platform::PrinterHandle handl
     return bytes;
 }
 
-bool Store(WinSpooler& spooler, platform::PrinterHandle handle, std::vector<std::byte>& mode) {
+bool Store(WinSpooler& spooler, machine::PrinterHandle handle, std::vector<std::byte>& mode) {
     std::uint32_t needed = 0;
-    Check(!spooler.GetPrinterA(handle, 2, nullptr, 0, needed) && needed > sizeof(platform::PRINTER_INFO_2),
+    Check(!spooler.GetPrinterA(handle, 2, nullptr, 0, needed) && needed > sizeof(machine::PRINTER_INFO_2),
           "a query without a buffer fails and tells the size");
     std::vector<std::byte> data(needed + Behind);
     Check(spooler.GetPrinterA(handle, 2, data.data(), static_cast<std::uint32_t>(data.size()), needed),
           "the spooler tells of the printer");
-    auto* info = reinterpret_cast<platform::PRINTER_INFO_2*>(data.data());
+    auto* info = reinterpret_cast<machine::PRINTER_INFO_2*>(data.data());
     CheckEqual(info->pPrinterName, Queue, "by its name");
-    info->pDevMode = reinterpret_cast<platform::DEVMODE*>(mode.data());
+    info->pDevMode = reinterpret_cast<machine::DEVMODE*>(mode.data());
     info->pSecurityDescriptor = nullptr;
     return spooler.SetPrinterA(handle, 2, data.data(), 0);
 }
 
 void CheckDefaults(WinSpooler& spooler) {
-    const platform::PrinterHandle handle = Open(spooler, Queue);
+    const machine::PrinterHandle handle = Open(spooler, Queue);
     Check(handle != 0, "the printer opens");
     std::vector<std::byte> bytes = Stored(spooler, handle);
-    platform::DEVMODE mode = Record(bytes);
+    machine::DEVMODE mode = Record(bytes);
     CheckEqual(mode.dmPaperSize, DMPAPER_A4, "its paper is the queue's");
     CheckEqual(mode.dmOrientation, DMORIENT_PORTRAIT, "it stands upright");
     Check(mode.dmDriverExtra > 0, "the driver has data of its own behind the record");
@@ -77,15 +78,15 @@ void CheckDefaults(WinSpooler& spooler) {
 }
 
 void CheckAccents(WinSpooler& spooler) {
-    const std::string name = platform::text::ToCodePage("Büro");
-    const platform::PrinterHandle handle = Open(spooler, name.c_str());
+    const std::string name = base::text::ToCodePage("Büro");
+    const machine::PrinterHandle handle = Open(spooler, name.c_str());
     Check(handle != 0, "a printer with an accent in its name opens");
     std::uint32_t needed = 0;
     spooler.GetPrinterA(handle, 2, nullptr, 0, needed);
     std::vector<std::byte> data(needed + Behind);
     Check(spooler.GetPrinterA(handle, 2, data.data(), static_cast<std::uint32_t>(data.size()), needed),
           "the spooler tells of it");
-    CheckEqual(reinterpret_cast<platform::PRINTER_INFO_2*>(data.data())->pPrinterName, name,
+    CheckEqual(reinterpret_cast<machine::PRINTER_INFO_2*>(data.data())->pPrinterName, name,
                "in the code page of the program");
     CheckEqual(spooler.DeviceCapabilitiesA(name, "", DC_PAPERNAMES, nullptr), 3, "and its driver answers");
     spooler.ClosePrinter(handle);
@@ -131,7 +132,7 @@ void CheckSpooler() {
     const int standard = printers.DefaultIndex();
     CheckEqual(printers.Item(standard).DeviceName, Queue, "the default is the server's");
     CheckRaises(
-        platform::ErrorSubscriptOutOfRange, [&] { printers.Item(2); }, "there is no third");
+        base::ErrorSubscriptOutOfRange, [&] { printers.Item(2); }, "there is no third");
     CheckRaises(
-        platform::ErrorSubscriptOutOfRange, [&] { printers.Item(-1); }, "nor one before the first");
+        base::ErrorSubscriptOutOfRange, [&] { printers.Item(-1); }, "nor one before the first");
 }

@@ -4,13 +4,13 @@
 //
 // One line for each expectation on standard output. The exit status is the number of those that did not hold.
 
-#include "windows/check/Check.h"
-
 #include <cmath>
 #include <cstdio>
 #include <cstring>
 #include <exception>
 #include <iterator>
+
+#include "windows/check/Check.h"
 
 namespace {
 

@@ -1,16 +1,15 @@
 #include "Handles.h"
 
-#include "Program.h"
-
-#include <windows.h>
-
-#include <winternl.h>
-
 #include <algorithm>
 #include <cstdint>
 #include <cstring>
 #include <sstream>
 #include <vector>
+
+#include <windows.h>
+#include <winternl.h>
+
+#include "Program.h"
 
 namespace {
 

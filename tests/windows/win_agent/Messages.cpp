@@ -1,12 +1,12 @@
 #include "Messages.h"
 
-#include "Program.h"
-#include "Wire.h"
-
 #include <atomic>
 #include <deque>
 #include <thread>
 #include <vector>
+
+#include "Program.h"
+#include "Wire.h"
 
 namespace {
 

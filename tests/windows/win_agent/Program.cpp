@@ -1,10 +1,10 @@
 #include "Program.h"
 
-#include "Wire.h"
-
 #include <objbase.h>
 #include <shellapi.h>
 #include <tlhelp32.h>
+
+#include "Wire.h"
 
 Program program;
 

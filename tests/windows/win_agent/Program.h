@@ -1,9 +1,9 @@
 #pragma once
 
-#include <windows.h>
-
 #include <istream>
 #include <string>
+
+#include <windows.h>
 
 /// The program that is worked.
 struct Program {

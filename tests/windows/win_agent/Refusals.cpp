@@ -1,14 +1,15 @@
 #include "Refusals.h"
 
-#include "Program.h"
-
-#include <psapi.h>
-
 #include <array>
 #include <cstdint>
 #include <cstring>
 #include <map>
 #include <vector>
+
+#include <windows.h>
+#include <psapi.h>
+
+#include "Program.h"
 
 namespace {
 

@@ -1,9 +1,9 @@
 #include "Settings.h"
 
-#include "Wire.h"
-
 #include <sstream>
 #include <vector>
+
+#include "Wire.h"
 
 // Name, type and data, in hexadecimal digits, of each value of a key below the current user's root; "none" if
 // there is no such key.

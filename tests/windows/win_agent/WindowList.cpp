@@ -1,10 +1,10 @@
 #include "WindowList.h"
 
-#include "Program.h"
-#include "Wire.h"
-
 #include <sstream>
 #include <vector>
+
+#include "Program.h"
+#include "Wire.h"
 
 namespace {
 

@@ -1,11 +1,11 @@
 #pragma once
 
-#include <windows.h>
-
 #include <cstddef>
 #include <cstdint>
 #include <istream>
 #include <string>
+
+#include <windows.h>
 
 // How texts and windows travel in the lines of commands and answers.
 

@@ -2,15 +2,15 @@
 // what a mouse and a keyboard send. Takes one command a line on standard input and answers each with one line
 // on standard output. Windows and numbers are decimal; texts are UTF-16LE in hexadecimal digits, "-" for an
 // empty one.
+#include <iostream>
+#include <sstream>
+
 #include "Handles.h"
 #include "Messages.h"
 #include "Program.h"
 #include "Refusals.h"
 #include "Settings.h"
 #include "WindowList.h"
-
-#include <iostream>
-#include <sstream>
 
 namespace {
 

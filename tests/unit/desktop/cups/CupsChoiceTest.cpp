@@ -1,11 +1,11 @@
 #include "desktop/cups/CupsChoice.h"
 
-#include <gtest/gtest.h>
-
 #include <array>
 #include <string>
 
-namespace platform::qt {
+#include <gtest/gtest.h>
+
+namespace desktop::cups {
 namespace {
 
 /// Two papers and two bins, as a queue with a PPD and one without call them.
@@ -161,4 +161,4 @@ TEST(CupsChoice, LeavesTheUsersPaperAndBinToAQueueThatTellsNone) {
 }
 
 } // namespace
-} // namespace platform::qt
+} // namespace desktop::cups

@@ -1,19 +1,19 @@
 #include "desktop/cups/CupsMedia.h"
-#include "desktop/cups/CupsPpd.h"
-#include "desktop/cups/IppMedia.h"
 
 #include <QFile>
 #include <QTemporaryDir>
-
-#include <gtest/gtest.h>
-
 #include <array>
 #include <map>
 #include <memory>
 #include <string>
 #include <vector>
 
-namespace platform::qt {
+#include <gtest/gtest.h>
+
+#include "desktop/cups/CupsPpd.h"
+#include "desktop/cups/IppMedia.h"
+
+namespace desktop::cups {
 namespace {
 
 struct FreeIpp {
@@ -398,4 +398,4 @@ TEST(KeepNumbers, GivesANumberToOnePaperForGood) {
 }
 
 } // namespace
-} // namespace platform::qt
+} // namespace desktop::cups

@@ -1,25 +1,24 @@
-#include "base/RuntimeError.h"
-#include "desktop/cups/CupsJob.h"
-#include "desktop/cups/CupsQueue.h"
-#include "desktop/cups/CupsSpooler.h"
-#include "desktop/qt/QtPrinter.h"
-#include "desktop/qt/QtPrinters.h"
-#include "unit/desktop/qt/printing/PdfReader.h"
-#include "unit/desktop/cups/PrintServer.h"
-
 #include <QDir>
 #include <QFile>
-
-#include <gtest/gtest.h>
-
 #include <algorithm>
 #include <cstring>
 #include <map>
 
-namespace platform::qt {
+#include <gtest/gtest.h>
+
+#include "base/RuntimeError.h"
+#include "desktop/cups/CupsJob.h"
+#include "desktop/cups/CupsQueue.h"
+#include "desktop/qt/CupsSpooler.h"
+#include "desktop/qt/QtPrinter.h"
+#include "desktop/qt/QtPrinters.h"
+#include "unit/desktop/cups/PrintServer.h"
+#include "unit/desktop/qt/printing/PdfReader.h"
+
+namespace desktop::cups {
 namespace {
 
-const FontSpec Tahoma9 = {"Tahoma", 9, false};
+const machine::FontSpec Tahoma9 = {"Tahoma", 9, false};
 
 class CupsTest : public testing::Test {
   protected:
@@ -61,9 +60,9 @@ class CupsTest : public testing::Test {
 
     PrintServer Server;
     std::vector<std::string> Told;
-    QtPrinters Printers;
-    QtPrinter Printer{Printers, [this](const std::string& text) { Told.push_back(text); }};
-    CupsSpooler Spooler{Printers};
+    qt::QtPrinters Printers;
+    qt::QtPrinter Printer{Printers, [this](const std::string& text) { Told.push_back(text); }};
+    qt::CupsSpooler Spooler{Printers};
 };
 
 TEST_F(CupsTest, ListsTheQueuesBeforeThePdfPrinterAndTakesTheDefault) {
@@ -96,12 +95,12 @@ TEST_F(CupsTest, ReadsPapersBinsAndMarginsAsThePpdWordsThem) {
 
     EXPECT_EQ(Printer.PaperSize(), 9);
     EXPECT_EQ(Printer.PaperBin(), 1);
-    EXPECT_EQ(Printer.GetDeviceCaps(CapsPhysicalOffsetX), 150);      // 18 points
-    EXPECT_NEAR(Printer.GetDeviceCaps(CapsPhysicalOffsetY), 150, 1); // 842 - 824
+    EXPECT_EQ(Printer.GetDeviceCaps(machine::CapsPhysicalOffsetX), 150);      // 18 points
+    EXPECT_NEAR(Printer.GetDeviceCaps(machine::CapsPhysicalOffsetY), 150, 1); // 842 - 824
     EXPECT_NEAR(Printer.ScaleWidth(), (577 - 18) * 20, 0.1);
     EXPECT_NEAR(Printer.ScaleHeight(), (824 - 36) * 20, 0.1);
     Printer.SetOrientation(2);
-    EXPECT_EQ(Printer.GetDeviceCaps(CapsPhysicalOffsetX), 300); // the foot of the sheet
+    EXPECT_EQ(Printer.GetDeviceCaps(machine::CapsPhysicalOffsetX), 300); // the foot of the sheet
 }
 
 TEST_F(CupsTest, SendsTheDocumentWithPaperAndTray) {
@@ -187,13 +186,13 @@ TEST_F(CupsTest, AQueueOfAnyNameHasItsPpdAndGetsItsDocuments) {
         ASSERT_EQ(queue->Papers().size(), 4U);
         EXPECT_EQ(queue->Papers()[0].Name, "A4 blanco"); // the wording of the PPD
         const std::string spoolers = Spooler.Encode(name);
-        PrinterHandle handle = 0;
+        machine::PrinterHandle handle = 0;
         ASSERT_TRUE(Spooler.OpenPrinterA(spoolers, handle, {}));
-        DEVMODE mode{};
-        ASSERT_EQ(Spooler.DocumentPropertiesA(handle, spoolers, &mode, nullptr, DM_OUT_BUFFER), 1);
+        machine::DEVMODE mode{};
+        ASSERT_EQ(Spooler.DocumentPropertiesA(handle, spoolers, &mode, nullptr, machine::DM_OUT_BUFFER), 1);
         mode.dmPaperSize = 5;
         mode.dmDefaultSource = 257;
-        PRINTER_INFO_2 info{};
+        machine::PRINTER_INFO_2 info{};
         info.pDevMode = &mode;
         ASSERT_TRUE(Spooler.SetPrinterA(handle, 2, &info, 0));
         int index = 0;
@@ -331,12 +330,12 @@ TEST_F(CupsTest, ANumberMeansTheSamePaperAfterTheListIsReadAnew) {
 }
 
 TEST_F(CupsTest, APrinterThatDidNotAnswerTakesDocumentsAgainWhenItDoes) {
-    ASSERT_EQ(Spooler.DeviceCapabilitiesA("Kantoor", "", DC_PAPERS, nullptr), 4);
+    ASSERT_EQ(Spooler.DeviceCapabilitiesA("Kantoor", "", machine::DC_PAPERS, nullptr), 4);
     Server.Stop();
     EXPECT_FALSE(Printers.Queue(0).ReachableNow());
-    PrinterHandle handle = 0;
+    machine::PrinterHandle handle = 0;
     EXPECT_FALSE(Spooler.OpenPrinterA("Kantoor", handle, {}));
-    EXPECT_EQ(Spooler.DeviceCapabilitiesA("Kantoor", "", DC_PAPERS, nullptr), -1);
+    EXPECT_EQ(Spooler.DeviceCapabilitiesA("Kantoor", "", machine::DC_PAPERS, nullptr), -1);
     Server.Start();
     Printer.Page().DrawText(0, 0, "x", Tahoma9);
     Printer.Page().EndDocument();
@@ -349,10 +348,10 @@ TEST_F(CupsTest, APrinterThatDidNotAnswerTakesDocumentsAgainWhenItDoes) {
 
 TEST_F(CupsTest, TheUsersPreferredQueueGoesBeforeTheServers) {
     ASSERT_TRUE(Server.Run("lpadmin", {"-p", "Archief", "-E", "-v", "save:/dev/null"}));
-    QtPrinters plain;
+    qt::QtPrinters plain;
     EXPECT_EQ(plain.Item(plain.DefaultIndex()).DeviceName, "Kantoor");
     ASSERT_TRUE(Server.Run("lpoptions", {"-d", "Archief"}));
-    QtPrinters preferring;
+    qt::QtPrinters preferring;
     EXPECT_EQ(preferring.Item(preferring.DefaultIndex()).DeviceName, "Archief");
 }
 
@@ -363,26 +362,26 @@ TEST_F(CupsTest, StoresDefaultsInTheProgramAndKeepsThoseOfOthers) {
     ASSERT_TRUE(Server.Run("lpoptions", {"-p", "Archief", "-o", "InputSlot=Manual"}));
     ASSERT_TRUE(Server.Run("lpoptions", {"-p", "Kantoor", "-o", "x-afdeling=4"}));
     const QByteArray found = Server.Read(".cups/lpoptions");
-    PrinterHandle handle = 0;
-    ASSERT_TRUE(Spooler.OpenPrinterA("Kantoor", handle, {nullptr, nullptr, PrinterAccessUse}));
-    DEVMODE mode{};
-    ASSERT_EQ(Spooler.DocumentPropertiesA(handle, "Kantoor", &mode, nullptr, DM_OUT_BUFFER), 1);
+    machine::PrinterHandle handle = 0;
+    ASSERT_TRUE(Spooler.OpenPrinterA("Kantoor", handle, {nullptr, nullptr, machine::PrinterAccessUse}));
+    machine::DEVMODE mode{};
+    ASSERT_EQ(Spooler.DocumentPropertiesA(handle, "Kantoor", &mode, nullptr, machine::DM_OUT_BUFFER), 1);
     EXPECT_EQ(mode.dmPaperSize, 9);
     mode.dmPaperSize = 5;
     mode.dmDefaultSource = 257;
-    PRINTER_INFO_2 info{};
+    machine::PRINTER_INFO_2 info{};
     info.pDevMode = &mode;
     ASSERT_TRUE(Spooler.SetPrinterA(handle, 2, &info, 0));
 
-    DEVMODE stored{};
-    ASSERT_EQ(Spooler.DocumentPropertiesA(handle, "Kantoor", &stored, nullptr, DM_OUT_BUFFER), 1);
+    machine::DEVMODE stored{};
+    ASSERT_EQ(Spooler.DocumentPropertiesA(handle, "Kantoor", &stored, nullptr, machine::DM_OUT_BUFFER), 1);
     EXPECT_EQ(stored.dmPaperSize, 5);
     EXPECT_EQ(stored.dmDefaultSource, 257);
     Printers.Refresh();
     EXPECT_EQ(Printers.Find("Kantoor")->ReadSettings().PaperId, 5);
     EXPECT_EQ(Printers.Find("Archief")->ReadSettings().BinId, 4);
     EXPECT_EQ(Printers.Find("Archief")->ReadSettings().PaperId, 9);
-    QtPrinters another; // another run of the program
+    qt::QtPrinters another; // another run of the program
     EXPECT_EQ(another.Find("Kantoor")->ReadSettings().PaperId, 9);
     EXPECT_EQ(Server.Read(".cups/lpoptions").toStdString(), found.toStdString());
 
@@ -411,7 +410,7 @@ TEST_F(CupsTest, TellsAPausedQueue) {
 TEST_F(CupsTest, TellsThatAQueueTakesNoDocuments) {
     ASSERT_TRUE(Server.Run("cupsreject", {"Kantoor"}));
     Printer.Page().DrawText(0, 0, "x", Tahoma9);
-    EXPECT_THROW(Printer.Page().EndDocument(), RuntimeError);
+    EXPECT_THROW(Printer.Page().EndDocument(), base::RuntimeError);
     ASSERT_EQ(Told.size(), 1U);
     EXPECT_NE(Told[0].find("Kantoor"), std::string::npos);
     EXPECT_TRUE(QDir(SpoolFolder()).isEmpty());
@@ -428,13 +427,13 @@ TEST_F(CupsTest, SurvivesTheServersEnd) {
     EXPECT_EQ(Printer.PaperSize(), 9);
     Server.Stop();
     EXPECT_FALSE(Printers.Queue(0).ReachableNow());
-    PrinterHandle handle = 0;
-    EXPECT_FALSE(Spooler.OpenPrinterA("Kantoor", handle, {nullptr, nullptr, PrinterAccessUse}));
+    machine::PrinterHandle handle = 0;
+    EXPECT_FALSE(Spooler.OpenPrinterA("Kantoor", handle, {nullptr, nullptr, machine::PrinterAccessUse}));
     EXPECT_FALSE(Printers.Queue(0).Reachable());
     Printer.Assign(0);
     EXPECT_EQ(Printer.PaperSize(), 9);
     Printer.Page().DrawText(0, 0, "x", Tahoma9);
-    EXPECT_THROW(Printer.Page().EndDocument(), RuntimeError);
+    EXPECT_THROW(Printer.Page().EndDocument(), base::RuntimeError);
     EXPECT_EQ(Told, std::vector<std::string>{NoAnswerText});
     EXPECT_TRUE(QDir(SpoolFolder()).isEmpty());
 }
@@ -453,4 +452,4 @@ TEST_F(CupsTest, KeepsAWaitingDocumentWhereNobodyElseFindsIt) {
 }
 
 } // namespace
-} // namespace platform::qt
+} // namespace desktop::cups

@@ -2,7 +2,7 @@
 
 #include <gtest/gtest.h>
 
-namespace platform::qt {
+namespace desktop::cups {
 namespace {
 
 TEST(PlainChoice, IsOneSidedByAnyMakersName) {
@@ -66,4 +66,4 @@ TEST(ChangesPages, KnowsNamesOfServerFiltersAndMakersInAnyCase) {
 }
 
 } // namespace
-} // namespace platform::qt
+} // namespace desktop::cups

@@ -1,14 +1,8 @@
 #include "desktop/cups/PpdFile.h"
 
-#include "desktop/cups/CupsServer.h"
-
 #include <QByteArray>
 #include <QFile>
 #include <QTemporaryDir>
-
-#include <gmock/gmock.h>
-#include <gtest/gtest.h>
-
 #include <array>
 #include <functional>
 #include <memory>
@@ -16,11 +10,15 @@
 #include <thread>
 #include <vector>
 
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
 #include <sys/socket.h>
 #include <sys/un.h>
 #include <unistd.h>
 
-namespace platform::qt {
+#include "desktop/cups/CupsServer.h"
+
+namespace desktop::cups {
 namespace {
 
 using testing::ElementsAre;
@@ -185,4 +183,4 @@ TEST(PpdFile, TellsOfAServerThatHangsUp) {
 }
 
 } // namespace
-} // namespace platform::qt
+} // namespace desktop::cups

@@ -1,19 +1,19 @@
 #include "unit/desktop/cups/PrintServer.h"
 
-#include "unit/desktop/cups/PrintServerFiles.h"
-
 #include <QElapsedTimer>
 #include <QFile>
 #include <QProcessEnvironment>
 #include <QTemporaryDir>
 #include <QThread>
-
 #include <csignal>
+
 #include <pwd.h>
 #include <sys/prctl.h>
 #include <sys/socket.h>
 #include <sys/un.h>
 #include <unistd.h>
+
+#include "unit/desktop/cups/PrintServerFiles.h"
 
 namespace {
 

@@ -7,7 +7,6 @@
 #include <QMap>
 #include <QProcess>
 #include <QString>
-
 #include <optional>
 
 /// A queue beside "Kantoor". All have four papers and three bins unless they say otherwise.

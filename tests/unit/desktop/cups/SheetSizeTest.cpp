@@ -1,11 +1,12 @@
 #include "desktop/cups/SheetSize.h"
-#include "desktop/cups/MediaWording.h"
-
-#include <gtest/gtest.h>
 
 #include <clocale>
 
-namespace platform::qt {
+#include <gtest/gtest.h>
+
+#include "desktop/cups/MediaWording.h"
+
+namespace desktop::cups {
 namespace {
 
 TEST(SheetSize, IsInEachKeywordOfAMadeUpSize) {
@@ -64,4 +65,4 @@ TEST(MediaWording, NamesAPaperByItsSizeWhereTheKeywordIsNoName) {
 }
 
 } // namespace
-} // namespace platform::qt
+} // namespace desktop::cups

@@ -2,7 +2,7 @@
 
 #include <gmock/gmock.h>
 
-namespace platform::qt {
+namespace desktop::cups {
 namespace {
 
 using testing::ElementsAre;
@@ -35,4 +35,4 @@ TEST(WholeCharacters, LoseWhatIsNoCharacterAnyMore) {
 }
 
 } // namespace
-} // namespace platform::qt
+} // namespace desktop::cups

@@ -1,17 +1,16 @@
-#include "desktop/cups/CupsSpooler.h"
-#include "desktop/cups/CupsStatus.h"
-#include "desktop/cups/PaperTable.h"
-#include "desktop/qt/QtPrinter.h"
-#include "desktop/qt/QtPrinters.h"
-
 #include <QFile>
 #include <QTemporaryDir>
+#include <cstring>
 
 #include <gtest/gtest.h>
 
-#include <cstring>
+#include "desktop/cups/CupsStatus.h"
+#include "desktop/cups/PaperTable.h"
+#include "desktop/qt/CupsSpooler.h"
+#include "desktop/qt/QtPrinter.h"
+#include "desktop/qt/QtPrinters.h"
 
-namespace platform::qt {
+namespace desktop::cups {
 namespace {
 
 /// A queue that is all memory.
@@ -63,34 +62,35 @@ class SpoolerTest : public testing::Test {
         Queue->BinList = {NewBin(1, "Bovenste lade"), NewBin(256, std::string(30, 'b'))};
     }
 
-    PrinterHandle Open(const std::string& name = "Kantoor") {
-        PrinterHandle handle = 99;
-        const bool opened = Spooler.OpenPrinterA(name, handle, {nullptr, nullptr, PrinterAccessUse});
+    machine::PrinterHandle Open(const std::string& name = "Kantoor") {
+        machine::PrinterHandle handle = 99;
+        const bool opened = Spooler.OpenPrinterA(name, handle, {nullptr, nullptr, machine::PrinterAccessUse});
         EXPECT_EQ(opened, handle != 0);
         return handle;
     }
 
-    DEVMODE Mode(PrinterHandle handle) {
-        DEVMODE mode{};
-        EXPECT_EQ(Spooler.DocumentPropertiesA(handle, "Kantoor", &mode, nullptr, DM_OUT_BUFFER), 1);
+    machine::DEVMODE Mode(machine::PrinterHandle handle) {
+        machine::DEVMODE mode{};
+        EXPECT_EQ(Spooler.DocumentPropertiesA(handle, "Kantoor", &mode, nullptr, machine::DM_OUT_BUFFER), 1);
         return mode;
     }
 
     QTemporaryDir Folder;
     FakeQueue* Queue = new FakeQueue; // owned by the list
-    QtPrinters Printers{std::make_unique<PdfPrinter>(AskForPdfFile, Folder.filePath("pdf.conf")), [this] {
-                            FoundQueues found;
-                            found.Queues.emplace_back(Queue);
-                            found.Default = 0;
-                            return found;
-                        }};
-    CupsSpooler Spooler{Printers};
+    qt::QtPrinters Printers{std::make_unique<qt::PdfPrinter>(qt::AskForPdfFile, Folder.filePath("pdf.conf")),
+                            [this] {
+                                FoundQueues found;
+                                found.Queues.emplace_back(Queue);
+                                found.Default = 0;
+                                return found;
+                            }};
+    qt::CupsSpooler Spooler{Printers};
 
     void SetUp() override { ASSERT_EQ(Printers.Count(), 2); }
 };
 
 TEST_F(SpoolerTest, OpensByNameAndClosesOnce) {
-    const PrinterHandle handle = Open();
+    const machine::PrinterHandle handle = Open();
     EXPECT_NE(handle, 0U);
     EXPECT_NE(Open("PDF-bestand"), 0U);
     EXPECT_EQ(Open("kantoor"), 0U);
@@ -102,24 +102,25 @@ TEST_F(SpoolerTest, OpensByNameAndClosesOnce) {
 }
 
 TEST_F(SpoolerTest, AnOpenPrinterThatIsGoneFails) {
-    const PrinterHandle handle = Open();
+    const machine::PrinterHandle handle = Open();
     Queue->QueueName = "Elders";
-    DEVMODE mode{};
-    EXPECT_LT(Spooler.DocumentPropertiesA(handle, "Kantoor", &mode, nullptr, DM_OUT_BUFFER), 0);
+    machine::DEVMODE mode{};
+    EXPECT_LT(Spooler.DocumentPropertiesA(handle, "Kantoor", &mode, nullptr, machine::DM_OUT_BUFFER), 0);
     EXPECT_TRUE(Spooler.ClosePrinter(handle));
 }
 
 TEST_F(SpoolerTest, CountsNoPapersOfAPrinterThatCannotBeAsked) {
     Queue->IsReachable = false;
-    EXPECT_EQ(Spooler.DeviceCapabilitiesA("Kantoor", "", DC_PAPERNAMES, nullptr), -1);
-    EXPECT_EQ(Spooler.DeviceCapabilitiesA("Kantoor", "", DC_BINS, nullptr), -1);
+    EXPECT_EQ(Spooler.DeviceCapabilitiesA("Kantoor", "", machine::DC_PAPERNAMES, nullptr), -1);
+    EXPECT_EQ(Spooler.DeviceCapabilitiesA("Kantoor", "", machine::DC_BINS, nullptr), -1);
 }
 
 TEST_F(SpoolerTest, FindsANameOfAnyLetters) {
     for (const char* name : {"Büro", "Privé-A4", "Принтер", "印刷"}) {
         Queue->QueueName = name;
         EXPECT_NE(Open(Spooler.Encode(name)), 0U) << name;
-        EXPECT_EQ(Spooler.DeviceCapabilitiesA(Spooler.Encode(name), "", DC_PAPERS, nullptr), 2) << name;
+        EXPECT_EQ(Spooler.DeviceCapabilitiesA(Spooler.Encode(name), "", machine::DC_PAPERS, nullptr), 2)
+            << name;
         EXPECT_EQ(Spooler.Decode(Spooler.Encode(name)), name);
     }
 }
@@ -133,14 +134,14 @@ TEST_F(SpoolerTest, TellsWhatIsWrongWithTheStoredDefaults) {
 
 TEST_F(SpoolerTest, OpensAgainAfterAFailedCountOrOpen) {
     Queue->IsReachable = false;
-    EXPECT_EQ(Spooler.DeviceCapabilitiesA("Kantoor", "", DC_PAPERNAMES, nullptr), -1);
+    EXPECT_EQ(Spooler.DeviceCapabilitiesA("Kantoor", "", machine::DC_PAPERNAMES, nullptr), -1);
     EXPECT_EQ(Open(), 0U);
     Queue->IsReachable = true;
     EXPECT_NE(Open(), 0U);
 }
 
 TEST_F(SpoolerTest, AChoiceHoldsWhereThePrinterCouldNotBeOpenedForIt) {
-    QtPrinter printer(Printers, [](const std::string&) {});
+    qt::QtPrinter printer(Printers, [](const std::string&) {});
     printer.Assign(0);
     Queue->IsReachable = false;
     EXPECT_EQ(Open(), 0U); // to write it
@@ -159,55 +160,59 @@ TEST_F(SpoolerTest, AChoiceHoldsWhereThePrinterCouldNotBeOpenedForIt) {
 }
 
 TEST_F(SpoolerTest, TellsTheSettingsAndWhatIsOffered) {
-    const PrinterHandle handle = Open();
+    const machine::PrinterHandle handle = Open();
     EXPECT_EQ(Spooler.DocumentPropertiesA(handle, "Kantoor", nullptr, nullptr, 0), 124);
-    DEVMODE mode = Mode(handle);
+    machine::DEVMODE mode = Mode(handle);
     EXPECT_STREQ(mode.dmDeviceName, "Kantoor");
     EXPECT_EQ(mode.dmSize, 124);
-    EXPECT_EQ(mode.dmFields, static_cast<std::uint32_t>(DM_ORIENTATION | DM_PAPERSIZE | DM_DEFAULTSOURCE));
+    EXPECT_EQ(mode.dmFields, static_cast<std::uint32_t>(machine::DM_ORIENTATION | machine::DM_PAPERSIZE |
+                                                        machine::DM_DEFAULTSOURCE));
     EXPECT_EQ(mode.dmOrientation, 1);
     EXPECT_EQ(mode.dmPaperSize, 9);
     EXPECT_EQ(mode.dmDefaultSource, 1);
     EXPECT_EQ(mode.dmCopies, 3);
     Queue->BinList.clear();
     mode = Mode(handle);
-    EXPECT_EQ(mode.dmFields, static_cast<std::uint32_t>(DM_ORIENTATION | DM_PAPERSIZE));
+    EXPECT_EQ(mode.dmFields, static_cast<std::uint32_t>(machine::DM_ORIENTATION | machine::DM_PAPERSIZE));
 }
 
 TEST_F(SpoolerTest, FailsWithAHandleThatIsNotOpen) {
-    DEVMODE mode{};
+    machine::DEVMODE mode{};
     std::uint32_t needed = 7;
     EXPECT_LT(Spooler.DocumentPropertiesA(77, "Kantoor", &mode, nullptr, 0), 0);
     EXPECT_FALSE(Spooler.GetPrinterA(77, 2, nullptr, 0, needed));
     EXPECT_EQ(needed, 0U);
-    PRINTER_INFO_2 info{};
+    machine::PRINTER_INFO_2 info{};
     EXPECT_FALSE(Spooler.SetPrinterA(77, 2, &info, 0));
     EXPECT_FALSE(Spooler.ClosePrinter(77));
 }
 
 TEST_F(SpoolerTest, MakesChangedSettingsValid) {
-    const PrinterHandle handle = Open();
-    DEVMODE mode = Mode(handle);
+    const machine::PrinterHandle handle = Open();
+    machine::DEVMODE mode = Mode(handle);
     mode.dmPaperSize = 300;
     mode.dmDefaultSource = 14; // not there
     mode.dmOrientation = 9;    // no orientation
-    EXPECT_EQ(Spooler.DocumentPropertiesA(handle, "Kantoor", &mode, &mode, DM_IN_BUFFER | DM_OUT_BUFFER), 1);
+    EXPECT_EQ(Spooler.DocumentPropertiesA(handle, "Kantoor", &mode, &mode,
+                                          machine::DM_IN_BUFFER | machine::DM_OUT_BUFFER),
+              1);
     EXPECT_EQ(mode.dmPaperSize, 300);
     EXPECT_EQ(mode.dmDefaultSource, 1);
     EXPECT_EQ(mode.dmOrientation, 1);
     EXPECT_EQ(Mode(handle).dmPaperSize, 9); // nothing is stored by that
-    EXPECT_LT(Spooler.DocumentPropertiesA(handle, "Kantoor", &mode, nullptr, DM_IN_BUFFER | DM_OUT_BUFFER),
+    EXPECT_LT(Spooler.DocumentPropertiesA(handle, "Kantoor", &mode, nullptr,
+                                          machine::DM_IN_BUFFER | machine::DM_OUT_BUFFER),
               0);
-    EXPECT_LT(Spooler.DocumentPropertiesA(handle, "Kantoor", nullptr, nullptr, DM_OUT_BUFFER), 0);
+    EXPECT_LT(Spooler.DocumentPropertiesA(handle, "Kantoor", nullptr, nullptr, machine::DM_OUT_BUFFER), 0);
 }
 
 TEST_F(SpoolerTest, StoresDefaultsAndReadsThemBack) {
-    const PrinterHandle handle = Open();
-    DEVMODE mode = Mode(handle);
+    const machine::PrinterHandle handle = Open();
+    machine::DEVMODE mode = Mode(handle);
     mode.dmPaperSize = 300;
     mode.dmDefaultSource = 256;
     mode.dmOrientation = 2;
-    PRINTER_INFO_2 info{};
+    machine::PRINTER_INFO_2 info{};
     info.pDevMode = &mode;
     EXPECT_TRUE(Spooler.SetPrinterA(handle, 2, &info, 0));
     EXPECT_EQ(Mode(handle).dmPaperSize, 300);
@@ -226,34 +231,34 @@ TEST_F(SpoolerTest, StoresDefaultsAndReadsThemBack) {
 }
 
 TEST_F(SpoolerTest, StoresThePdfPrintersDefaultsInTheProgramAlone) {
-    const PrinterHandle handle = Open("PDF-bestand");
-    DEVMODE mode{};
-    ASSERT_EQ(Spooler.DocumentPropertiesA(handle, "PDF-bestand", &mode, nullptr, DM_OUT_BUFFER), 1);
+    const machine::PrinterHandle handle = Open("PDF-bestand");
+    machine::DEVMODE mode{};
+    ASSERT_EQ(Spooler.DocumentPropertiesA(handle, "PDF-bestand", &mode, nullptr, machine::DM_OUT_BUFFER), 1);
     mode.dmPaperSize = PaperLegal;
-    PRINTER_INFO_2 info{};
+    machine::PRINTER_INFO_2 info{};
     info.pDevMode = &mode;
     EXPECT_TRUE(Spooler.SetPrinterA(handle, 2, &info, 0));
-    ASSERT_EQ(Spooler.DocumentPropertiesA(handle, "PDF-bestand", &mode, nullptr, DM_OUT_BUFFER), 1);
+    ASSERT_EQ(Spooler.DocumentPropertiesA(handle, "PDF-bestand", &mode, nullptr, machine::DM_OUT_BUFFER), 1);
     EXPECT_EQ(mode.dmPaperSize, PaperLegal);
     EXPECT_FALSE(QFile::exists(Folder.filePath("pdf.conf")));
 }
 
 TEST_F(SpoolerTest, TellsNamePortCommentAndStatus) {
-    const PrinterHandle handle = Open();
+    const machine::PrinterHandle handle = Open();
     std::uint32_t needed = 0;
     EXPECT_FALSE(Spooler.GetPrinterA(handle, 2, nullptr, 0, needed));
-    ASSERT_GT(needed, sizeof(PRINTER_INFO_2));
+    ASSERT_GT(needed, sizeof(machine::PRINTER_INFO_2));
     std::vector<char> buffer(needed);
     EXPECT_FALSE(Spooler.GetPrinterA(handle, 2, buffer.data(), needed - 1, needed));
     ASSERT_TRUE(Spooler.GetPrinterA(handle, 2, buffer.data(), needed, needed));
-    PRINTER_INFO_2 info;
+    machine::PRINTER_INFO_2 info;
     std::memcpy(&info, buffer.data(), sizeof info);
     EXPECT_STREQ(info.pPrinterName, "Kantoor");
     EXPECT_STREQ(info.pPortName, "ipp://printer.example/ipp/print");
     EXPECT_STREQ(info.pComment, "Kamer 1, \xE2\x82\xAC 5 \xE6\xBC\xA2");
     EXPECT_STREQ(info.pDriverName, "Driver");
     EXPECT_EQ(info.Status, 16U);
-    DEVMODE mode;
+    machine::DEVMODE mode;
     std::memcpy(&mode, info.pDevMode, sizeof mode);
     EXPECT_EQ(mode.dmPaperSize, 9);
     EXPECT_FALSE(Spooler.GetPrinterA(handle, 1, buffer.data(), needed, needed));
@@ -263,29 +268,29 @@ TEST_F(SpoolerTest, ListsPapersAndBinsWithNamesThatAreClosed) {
     const auto ask = [this](std::uint16_t capability, void* output) {
         return Spooler.DeviceCapabilitiesA("Kantoor", "", capability, output);
     };
-    ASSERT_EQ(ask(DC_PAPERS, nullptr), 2);
+    ASSERT_EQ(ask(machine::DC_PAPERS, nullptr), 2);
     std::int16_t ids[2] = {};
-    EXPECT_EQ(ask(DC_PAPERS, ids), 2);
+    EXPECT_EQ(ask(machine::DC_PAPERS, ids), 2);
     EXPECT_EQ(ids[0], 9);
     EXPECT_EQ(ids[1], 300);
     std::int32_t sizes[4] = {};
-    EXPECT_EQ(ask(DC_PAPERSIZE, sizes), 2);
+    EXPECT_EQ(ask(machine::DC_PAPERSIZE, sizes), 2);
     EXPECT_EQ(sizes[0], 2100);
     EXPECT_EQ(sizes[1], 2970);
     EXPECT_EQ(sizes[2], 100);
     EXPECT_EQ(sizes[3], 200);
     char papers[2][64];
-    EXPECT_EQ(ask(DC_PAPERNAMES, papers), 2);
+    EXPECT_EQ(ask(machine::DC_PAPERNAMES, papers), 2);
     EXPECT_STREQ(papers[0], "A4");
     EXPECT_EQ(std::string(papers[1]), std::string(63, 'n'));
-    EXPECT_EQ(ask(DC_BINS, ids), 2);
+    EXPECT_EQ(ask(machine::DC_BINS, ids), 2);
     EXPECT_EQ(ids[1], 256);
     char bins[2][24];
-    EXPECT_EQ(ask(DC_BINNAMES, bins), 2);
+    EXPECT_EQ(ask(machine::DC_BINNAMES, bins), 2);
     EXPECT_STREQ(bins[0], "Bovenste lade");
     EXPECT_EQ(std::string(bins[1]), std::string(23, 'b'));
     EXPECT_EQ(ask(1, nullptr), -1);
-    EXPECT_EQ(Spooler.DeviceCapabilitiesA("Elders", "", DC_PAPERS, nullptr), -1);
+    EXPECT_EQ(Spooler.DeviceCapabilitiesA("Elders", "", machine::DC_PAPERS, nullptr), -1);
 }
 
 TEST(StatusBits, MapsStateAndReasons) {
@@ -311,4 +316,4 @@ TEST(PaperTable, KnowsTheCodesOfWindows) {
 }
 
 } // namespace
-} // namespace platform::qt
+} // namespace desktop::cups

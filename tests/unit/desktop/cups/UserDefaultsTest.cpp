@@ -1,17 +1,17 @@
 #include "desktop/cups/UserDefaults.h"
-#include "desktop/cups/OptionLine.h"
-#include "desktop/cups/StoredChoice.h"
 
 #include <QDir>
 #include <QFile>
 #include <QTemporaryDir>
 
 #include <gtest/gtest.h>
-
 #include <sys/stat.h>
 #include <unistd.h>
 
-namespace platform::qt {
+#include "desktop/cups/OptionLine.h"
+#include "desktop/cups/StoredChoice.h"
+
+namespace desktop::cups {
 namespace {
 
 TEST(OptionLine, FindsTheQueueItself) {
@@ -120,4 +120,4 @@ TEST(StoredChoice, OfWhatTheQueueNoLongerOffersGivesWayUntilItIsBack) {
 }
 
 } // namespace
-} // namespace platform::qt
+} // namespace desktop::cups

@@ -1,20 +1,19 @@
 // Failures that no handler of the program knows, on their way through the toolkit.
-#include "base/RuntimeError.h"
-#include "memory/MemoryPlatform.h"
-#include "desktop/qt/EndSignals.h"
-#include "desktop/qt/Guarded.h"
-
-#include <gtest/gtest.h>
-
 #include <QCoreApplication>
 #include <QEvent>
 #include <QTimer>
-
 #include <csignal>
 #include <cstdint>
 #include <functional>
 #include <new>
 #include <vector>
+
+#include <gtest/gtest.h>
+
+#include "base/RuntimeError.h"
+#include "desktop/qt/EndSignals.h"
+#include "desktop/qt/Guarded.h"
+#include "memory/MemoryPlatform.h"
 
 namespace {
 
@@ -34,14 +33,14 @@ class Failing : public QObject {
 class ApplicationTest : public testing::Test {
   protected:
     ApplicationTest() {
-        memory.recorder.Sink = [this](const platform::Event& event) {
+        memory.recorder.Sink = [this](const memory::Event& event) {
             if (event.Kind == "error") {
                 numbers.push_back(std::get<std::int64_t>(event.Fields[0].Value));
             }
         };
-        platform::qt::TellFailuresOn(&memory.desktop);
+        desktop::qt::TellFailuresOn(&memory.desktop);
     }
-    ~ApplicationTest() override { platform::qt::TellFailuresOn(nullptr); }
+    ~ApplicationTest() override { desktop::qt::TellFailuresOn(nullptr); }
 
     static void Send(const std::function<void()>& handler) {
         Failing object(handler);
@@ -49,20 +48,20 @@ class ApplicationTest : public testing::Test {
         QCoreApplication::sendEvent(&object, &event);
     }
 
-    platform::MemoryPlatform memory;
+    memory::MemoryPlatform memory;
     std::vector<std::int64_t> numbers;
 };
 
 TEST_F(ApplicationTest, TellsWhatNoHandlerKnowsAndGoesOn) {
-    Send([] { throw platform::SubscriptOutOfRange(); });
+    Send([] { throw base::SubscriptOutOfRange(); });
     Send([] { throw std::bad_alloc(); });
     Send([] { throw std::logic_error("x"); });
-    EXPECT_EQ(numbers, (std::vector<std::int64_t>{platform::ErrorSubscriptOutOfRange,
-                                                  platform::ErrorOutOfMemory, 51}));
+    EXPECT_EQ(numbers,
+              (std::vector<std::int64_t>{base::ErrorSubscriptOutOfRange, base::ErrorOutOfMemory, 51}));
 }
 
 TEST_F(ApplicationTest, LetsItPassWhereNobodyIsTold) {
-    platform::qt::TellFailuresOn(nullptr);
+    desktop::qt::TellFailuresOn(nullptr);
     EXPECT_THROW(Send([] { throw std::bad_alloc(); }), std::bad_alloc);
     EXPECT_TRUE(numbers.empty());
 }
@@ -71,7 +70,7 @@ TEST_F(ApplicationTest, LetsItPassWhereNobodyIsTold) {
 TEST(EndSignals, LetTheProgramLiveWhereAFileMayNotGrow) {
     const auto before = std::signal(SIGXFSZ, SIG_DFL);
     {
-        const platform::qt::EndSignals ending([] {}, [] { return true; });
+        const desktop::qt::EndSignals ending([] {}, [] { return true; });
         EXPECT_EQ(std::signal(SIGXFSZ, SIG_IGN), SIG_IGN);
     }
     EXPECT_EQ(std::signal(SIGXFSZ, before), SIG_DFL) << "it is as it was";

@@ -139,10 +139,10 @@ TEST_F(FocusTest, NothingIsToldTwice) {
 
 TEST_F(FocusTest, TabIsDownWhileItIsHeld) {
     std::int16_t during = 0;
-    form.Account.OnGotFocus = [&] { during = desktop.GetKeyState(platform::key::Tab); };
+    form.Account.OnGotFocus = [&] { during = desktop.GetKeyState(forms::key::Tab); };
     window::Key(Qt::Key_Tab);
     EXPECT_LT(during, 0);
-    EXPECT_EQ(desktop.GetKeyState(platform::key::Tab), 0);
+    EXPECT_EQ(desktop.GetKeyState(forms::key::Tab), 0);
     window::Click(Widget("Ok"));
     window::Click(Widget("Account"));
     EXPECT_EQ(during, 0);

@@ -5,7 +5,6 @@
 #include <QListWidget>
 #include <QTest>
 #include <QToolButton>
-
 #include <new>
 
 #include "unit/desktop/qt/PreviewFixture.h"

@@ -2,7 +2,6 @@
 
 #include <QImage>
 #include <QRect>
-
 #include <algorithm>
 #include <climits>
 #include <optional>

@@ -113,11 +113,11 @@ TEST_F(KeysTest, AHiddenOrDisabledButtonHasNoAccessKey) {
 }
 
 TEST_F(KeysTest, TheFormSeesAKeyFirstAndMayKeepIt) {
-    form.Keeps = platform::key::Escape;
+    form.Keeps = forms::key::Escape;
     window::Key(Qt::Key_Escape);
     window::Key(Qt::Key_PageDown);
     EXPECT_TRUE(form.Visible());
-    EXPECT_THAT(form.Keys, ElementsAre(platform::key::Escape, platform::key::PageDown));
+    EXPECT_THAT(form.Keys, ElementsAre(forms::key::Escape, forms::key::PageDown));
 }
 
 TEST_F(KeysTest, AKeyReachesTheFormOnceAlsoWhereTheWidgetHasNoUseForIt) {

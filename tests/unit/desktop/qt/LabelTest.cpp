@@ -10,7 +10,7 @@
 
 namespace {
 
-using platform::qt::HasAmpleRoom;
+using desktop::qt::HasAmpleRoom;
 
 const std::string Long = "Derde verdieping, naast de lift, sleutel bij de receptie";
 
@@ -127,8 +127,8 @@ TEST(TextRoom, IsNotToldOfATextWhoseCharactersDoNotStandForThemselves) {
 // A font that is added makes the toolkit forget those that it has loaded, and all texts are measured anew.
 TEST(Fonts, AreAllThereBeforeTheFirstWindow) {
     const QSignalSpy added(qApp, &QGuiApplication::fontDatabaseChanged);
-    platform::qt::ResolveFamily("Tahoma");
-    platform::qt::ResolveFamily("OCR-B");
+    desktop::qt::ResolveFamily("Tahoma");
+    desktop::qt::ResolveFamily("OCR-B");
     EXPECT_EQ(added.count(), 0);
 }
 

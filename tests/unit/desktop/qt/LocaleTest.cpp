@@ -4,7 +4,7 @@
 
 namespace {
 
-using platform::qt::QtLocale;
+using desktop::qt::QtLocale;
 
 std::string Item(QtLocale& locale, std::int32_t item) {
     const std::int32_t lcid = locale.GetUserDefaultLCID();
@@ -19,10 +19,10 @@ std::string Item(QtLocale& locale, std::int32_t item) {
 TEST(LocaleTest, ADutchMachine) {
     QtLocale locale(QLocale(QLocale::Dutch, QLocale::Netherlands));
     EXPECT_EQ(locale.GetUserDefaultLCID(), 1043);
-    EXPECT_EQ(Item(locale, platform::LocaleDecimal), ",");
-    EXPECT_EQ(Item(locale, platform::LocaleMonetaryDecimal), ",");
-    EXPECT_EQ(Item(locale, platform::LocaleMonetaryThousand), ".");
-    EXPECT_EQ(Item(locale, platform::LocaleCurrencySymbol), "\x80");
+    EXPECT_EQ(Item(locale, machine::LocaleDecimal), ",");
+    EXPECT_EQ(Item(locale, machine::LocaleMonetaryDecimal), ",");
+    EXPECT_EQ(Item(locale, machine::LocaleMonetaryThousand), ".");
+    EXPECT_EQ(Item(locale, machine::LocaleCurrencySymbol), "\x80");
     EXPECT_EQ(locale.DecimalMark(), ',');
     EXPECT_EQ(locale.ShortMonthName(1), "jan");
     EXPECT_EQ(locale.ShortMonthName(3), "mrt");
@@ -31,16 +31,16 @@ TEST(LocaleTest, ADutchMachine) {
 TEST(LocaleTest, AnEnglishMachine) {
     QtLocale locale(QLocale(QLocale::English, QLocale::UnitedStates));
     EXPECT_EQ(locale.DecimalMark(), '.');
-    EXPECT_EQ(Item(locale, platform::LocaleCurrencySymbol), "$");
+    EXPECT_EQ(Item(locale, machine::LocaleCurrencySymbol), "$");
     EXPECT_EQ(locale.ShortMonthName(3), "Mar");
 }
 
 TEST(LocaleTest, FailureIsZero) {
     QtLocale locale(QLocale(QLocale::Dutch, QLocale::Netherlands));
     char buffer[1];
-    EXPECT_EQ(locale.GetLocaleInfoA(1043, platform::LocaleDecimal, buffer, 1), 0);
+    EXPECT_EQ(locale.GetLocaleInfoA(1043, machine::LocaleDecimal, buffer, 1), 0);
     EXPECT_EQ(locale.GetLocaleInfoA(1043, 9999, nullptr, 0), 0);
-    EXPECT_EQ(locale.GetLocaleInfoA(1, platform::LocaleDecimal, nullptr, 0), 0);
+    EXPECT_EQ(locale.GetLocaleInfoA(1, machine::LocaleDecimal, nullptr, 0), 0);
 }
 
 } // namespace

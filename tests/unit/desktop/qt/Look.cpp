@@ -12,12 +12,11 @@
 #include <QStyle>
 #include <QStyleOptionButton>
 #include <QStyleOptionComboBox>
-
 #include <algorithm>
 #include <map>
 
-#include "forms/Contrast.h"
 #include "desktop/qt/QtColours.h"
+#include "forms/Contrast.h"
 #include "unit/desktop/qt/Window.h"
 
 namespace window {
@@ -104,7 +103,7 @@ PaintedText Painted(const QWidget* widget, const QImage& picture, const QRect& a
 } // namespace
 
 double ContrastOf(const QColor& one, const QColor& other) {
-    return forms::Contrast(platform::qt::FromQColor(one), platform::qt::FromQColor(other));
+    return forms::Contrast(desktop::qt::FromQColor(one), desktop::qt::FromQColor(other));
 }
 
 QImage PictureOf(const QString& form) {

@@ -3,7 +3,6 @@
 #include <QColor>
 #include <QImage>
 #include <QWidget>
-
 #include <string>
 #include <vector>
 

@@ -1,7 +1,6 @@
 // What the windows look like under the themes that a desktop may have: texts can be read, the focus is seen,
 // and what is disabled looks it.
-#include <gmock/gmock.h>
-#include <gtest/gtest.h>
+#include "unit/desktop/qt/Look.h"
 
 #include <QAbstractButton>
 #include <QApplication>
@@ -9,18 +8,19 @@
 #include <QPainter>
 #include <QStyle>
 #include <QSvgRenderer>
-
 #include <cmath>
 #include <memory>
 #include <set>
 
-#include "stories/demo/Palettes.h"
-#include "forms/Contrast.h"
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
 #include "desktop/qt/ThemedPicture.h"
+#include "forms/Contrast.h"
 #include "printmanager/frmPrintManager.h"
 #include "printmanager/frmPrintManagerSetup.h"
+#include "stories/demo/Palettes.h"
 #include "unit/desktop/qt/Clipping.h"
-#include "unit/desktop/qt/Look.h"
 #include "unit/desktop/qt/PreviewFixture.h"
 #include "unit/desktop/qt/Program.h"
 #include "unit/desktop/qt/Window.h"
@@ -243,7 +243,7 @@ TEST_P(LookTest, ThePictureOfTheHeadingIsDrawnForTheDotsOfTheScreen) {
     const QColor background = logo->palette().color(QPalette::Window);
     drawn.fill(background);
     QPainter painter(&drawn);
-    QSvgRenderer renderer(platform::qt::ThemedPicture("wizard", background));
+    QSvgRenderer renderer(desktop::qt::ThemedPicture("wizard", background));
     renderer.setAspectRatioMode(Qt::KeepAspectRatio);
     painter.scale(density, density);
     renderer.render(&painter, QRectF(QPointF(0, 0), logo->size()));
@@ -267,7 +267,7 @@ TEST_P(LookTest, ThePictureOfTheHeadingIsDrawnForTheDotsOfTheScreen) {
 
 // Dot for dot what the toolkit's own icon of the file is, for which it loads a plugin.
 TEST(WindowIcon, IsThePictureOfTheProgram) {
-    const QIcon ours = platform::qt::PictureIcon("program");
+    const QIcon ours = desktop::qt::PictureIcon("program");
     const QIcon toolkits(":/pictures/program.svg");
     for (const int size : {16, 22, 32, 48, 64, 128, 256}) {
         const QImage picture = ours.pixmap(size, size).toImage();

@@ -1,7 +1,4 @@
 // The print manager and its setup form as windows, on printers in memory that fail, change and come back.
-#include <gmock/gmock.h>
-#include <gtest/gtest.h>
-
 #include <QApplication>
 #include <QComboBox>
 #include <QLabel>
@@ -11,6 +8,9 @@
 #include <QProgressBar>
 #include <QTest>
 #include <QTimer>
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
 
 #include "desktop/qt/PictureWidget.h"
 #include "desktop/qt/Scale.h"
@@ -32,7 +32,7 @@ constexpr const char* SetupForm = "frmPrintManagerSetup";
 class ManagerWindowTest : public testing::Test {
   protected:
     ManagerWindowTest() {
-        program.memory.recorder.Sink = [this](const platform::Event& event) { Count(event); };
+        program.memory.recorder.Sink = [this](const memory::Event& event) { Count(event); };
         Laser().Comment = "Derde verdieping, naast de lift";
         program.memory.InstallPrinter({.Name = "Zwarte matrixprinter op de boekhouding, gang 2 links"});
         program.state.DocumentTitle[1] = "Acceptgiroformulieren voor de drukkeuring";
@@ -42,7 +42,7 @@ class ManagerWindowTest : public testing::Test {
         program.state.PrinterInit = 1;
     }
 
-    platform::PrintQueue& Laser() { return *program.memory.printers.Find("Proefprinter"); }
+    memory::PrintQueue& Laser() { return *program.memory.printers.Find("Proefprinter"); }
 
     /// The manager, shown without a caller.
     frmPrintManager& Open() {
@@ -73,7 +73,7 @@ class ManagerWindowTest : public testing::Test {
     int assigned = 0; // of the current printer
 
   private:
-    void Count(const platform::Event& event) {
+    void Count(const memory::Event& event) {
         if (event.Kind == "set" &&
             event.Fields[1].Value == decltype(event.Fields[1].Value)(std::string("Printer"))) {
             ++assigned;
@@ -83,10 +83,10 @@ class ManagerWindowTest : public testing::Test {
 
 TEST_F(ManagerWindowTest, DetailsHaveTheirPlaceBelowTheRules) {
     Open();
-    EXPECT_EQ(window::Of(Manager)->height(), platform::qt::ToDots(4650 - forms::TitleBarHeight));
+    EXPECT_EQ(window::Of(Manager)->height(), desktop::qt::ToDots(4650 - forms::TitleBarHeight));
     EXPECT_FALSE(Widget("pictDetails")->isVisible());
     window::Click(Widget("cmdDetails"));
-    EXPECT_EQ(window::Of(Manager)->height(), platform::qt::ToDots(7980 - forms::TitleBarHeight));
+    EXPECT_EQ(window::Of(Manager)->height(), desktop::qt::ToDots(7980 - forms::TitleBarHeight));
     EXPECT_TRUE(Widget("pictDetails")->isVisible());
     EXPECT_TRUE(window::Of(Manager)->rect().contains(Widget("pictDetails")->geometry()));
     const int left = Widget("ProgressBar")->mapTo(window::Of(Manager), QPoint(0, 0)).x();
@@ -219,7 +219,7 @@ TEST_F(ManagerWindowTest, OnlyTheDetailsStandStillWhileAPrinterIsPutBack) {
     bool panelDrew = false;
     bool windowDrew = true;
     int watched = 0;
-    program.memory.recorder.Sink = [&](const platform::Event& event) {
+    program.memory.recorder.Sink = [&](const memory::Event& event) {
         if (event.Kind == "set") {
             ++watched;
             panelDrew = panelDrew || Widget("pictDetails")->updatesEnabled();

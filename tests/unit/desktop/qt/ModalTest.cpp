@@ -64,7 +64,7 @@ TEST_F(ModalTest, AFormBehindAModalOneTakesNoClick) {
 TEST_F(ModalTest, AMessageBoxInsideAModalForm) {
     SampleForm second(session, "Tweede");
     second.Ok.OnClick = [&] {
-        desktop.MsgBox("Let op", platform::MessageIcon::Exclamation, "Titel");
+        desktop.MsgBox("Let op", forms::MessageIcon::Exclamation, "Titel");
         second.Unload();
     };
     Later([&] { window::Key(Qt::Key_Return); });
@@ -74,7 +74,7 @@ TEST_F(ModalTest, AMessageBoxInsideAModalForm) {
 }
 
 TEST_F(ModalTest, ABoxShowsPlainTextAndOneButton) {
-    desktop.MsgBox("a < b & <b>c</b>", platform::MessageIcon::Information, "Titel");
+    desktop.MsgBox("a < b & <b>c</b>", forms::MessageIcon::Information, "Titel");
     ASSERT_EQ(boxes.All().size(), 1U);
     EXPECT_EQ(boxes.All()[0].Text, "a < b & <b>c</b>");
     EXPECT_EQ(boxes.All()[0].Icon, QMessageBox::Information);
@@ -82,7 +82,7 @@ TEST_F(ModalTest, ABoxShowsPlainTextAndOneButton) {
 }
 
 TEST_F(ModalTest, AFailureThatNobodyTrapsIsTold) {
-    form.Ok.OnClick = [] { throw platform::RuntimeError(platform::ErrorOverflow, "Overflow"); };
+    form.Ok.OnClick = [] { throw base::RuntimeError(base::ErrorOverflow, "Overflow"); };
     window::Click(Widget("Ok"));
     ASSERT_EQ(boxes.All().size(), 1U);
     EXPECT_EQ(boxes.All()[0].Icon, QMessageBox::Critical);
@@ -148,7 +148,7 @@ TEST_F(ModalTest, AHandleOfNothingLocksNothing) {
 }
 
 TEST_F(ModalTest, AFormStandsInTheMiddleUntilItIsPlaced) {
-    const platform::ScreenArea area = desktop.WorkArea();
+    const forms::ScreenArea area = desktop.WorkArea();
     const QWidget* window = window::Of("Sample");
     const QRect screen = QGuiApplication::primaryScreen()->availableGeometry();
     const QRect inside = window->geometry();

@@ -15,27 +15,27 @@ struct Call {
     double x2;
     double y2;
     std::string text;
-    platform::FontSpec font;
+    machine::FontSpec font;
     std::int32_t colour;
 };
 
 /// Pages that are drawn as usual, with a note of each call on the first one.
-class NotedBitmaps final : public platform::Bitmaps {
+class NotedBitmaps final : public machine::Bitmaps {
   public:
     std::vector<Call> Calls;
 
-    std::unique_ptr<platform::OffscreenPage> CreatePage(double width, double height) override {
+    std::unique_ptr<machine::OffscreenPage> CreatePage(double width, double height) override {
         return std::make_unique<Page>(bitmaps_.CreatePage(width, height), Calls);
     }
 
   private:
-    class Page final : public platform::OffscreenPage, private platform::Canvas {
+    class Page final : public machine::OffscreenPage, private machine::Canvas {
       public:
-        Page(std::unique_ptr<platform::OffscreenPage> page, std::vector<Call>& calls)
+        Page(std::unique_ptr<machine::OffscreenPage> page, std::vector<Call>& calls)
             : page_(std::move(page)), calls_(calls) {}
 
-        platform::Canvas& Drawing() override { return *this; }
-        std::shared_ptr<const platform::PageBitmap> Image() override { return page_->Image(); }
+        machine::Canvas& Drawing() override { return *this; }
+        std::shared_ptr<const machine::PageBitmap> Image() override { return page_->Image(); }
         void Cls() override {
             page_->Cls();
             ++wiped_;
@@ -45,12 +45,12 @@ class NotedBitmaps final : public platform::Bitmaps {
       private:
         bool IsFirst() const { return wiped_ <= 1; } // it is wiped once before the document begins
 
-        platform::TextSize MeasureText(std::string_view text, const platform::FontSpec& font) override {
+        machine::TextSize MeasureText(std::string_view text, const machine::FontSpec& font) override {
             return page_->Drawing().MeasureText(text, font);
         }
-        void DrawText(double x, double y, std::string_view text, const platform::FontSpec& font) override {
+        void DrawText(double x, double y, std::string_view text, const machine::FontSpec& font) override {
             page_->Drawing().DrawText(x, y, text, font);
-            const platform::TextSize size = MeasureText(text, font);
+            const machine::TextSize size = MeasureText(text, font);
             if (IsFirst()) {
                 calls_.push_back({x, y, x + size.Width, y + size.Height, std::string(text), font, 0});
             }
@@ -64,10 +64,10 @@ class NotedBitmaps final : public platform::Bitmaps {
         void NewPage() override { Cls(); }
         void EndDocument() override { page_->Drawing().EndDocument(); }
 
-        std::unique_ptr<platform::OffscreenPage> page_;
+        std::unique_ptr<machine::OffscreenPage> page_;
         std::vector<Call>& calls_;
         int wiped_ = 0;
     };
 
-    platform::qt::QtBitmaps bitmaps_;
+    desktop::qt::QtBitmaps bitmaps_;
 };

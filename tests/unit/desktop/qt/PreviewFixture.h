@@ -1,26 +1,25 @@
 #pragma once
 
-#include <gtest/gtest.h>
-
 #include <QApplication>
 #include <QImage>
 #include <QLabel>
 #include <QScrollBar>
-
 #include <functional>
 #include <string>
 
+#include <gtest/gtest.h>
+
 #include "composition/PrintSurface.h"
-#include "forms/Session.h"
-#include "memory/MemoryPlatform.h"
 #include "desktop/qt/QtBitmaps.h"
 #include "desktop/qt/QtDesktop.h"
 #include "desktop/qt/Scale.h"
+#include "forms/Session.h"
+#include "memory/MemoryPlatform.h"
 #include "preview/PrintPreview.h"
 #include "preview/frmPrintPreview.h"
 #include "preview/frmPrintPreviewGhost.h"
-#include "unit/desktop/qt/Window.h"
 #include "state/AppState.h"
+#include "unit/desktop/qt/Window.h"
 
 /// The preview in its real window. Each page has its number and a black rule at a place of its own.
 class PreviewTest : public testing::Test {
@@ -61,7 +60,7 @@ class PreviewTest : public testing::Test {
 
     preview::frmPrintPreview& Form() { return *preview.Window(); }
     preview::frmPrintPreviewGhost& Ghost() { return *preview.Ghost(); }
-    const platform::PageBitmap& Bitmap(int page) {
+    const machine::PageBitmap& Bitmap(int page) {
         return *Ghost().ThisPage.at(static_cast<std::int16_t>(page)).Picture;
     }
     QWidget* Widget(const char* control) { return window::Find("frmPrintPreview", control); }
@@ -76,8 +75,8 @@ class PreviewTest : public testing::Test {
         const QImage picture = Widget("pictCurrentPage")->grab().toImage();
         const double ratio = picture.devicePixelRatio();
         for (int page = 1; page <= 9; ++page) {
-            const int x = platform::qt::ToDots(1000);
-            const int y = platform::qt::ToDots(page * RuleDistance + 30);
+            const int x = desktop::qt::ToDots(1000);
+            const int y = desktop::qt::ToDots(page * RuleDistance + 30);
             const QColor colour =
                 picture.pixelColor(static_cast<int>(x * ratio), static_cast<int>(y * ratio));
             if (colour.lightness() < 128) {
@@ -87,13 +86,13 @@ class PreviewTest : public testing::Test {
         return 0;
     }
 
-    platform::MemoryPlatform memory;
-    platform::qt::QtDesktop desktop;
-    platform::qt::QtBitmaps bitmaps;
-    platform::Platform services{desktop,       memory.registry,  memory.locale,   memory.clock,
-                                memory.random, memory.spooler,   memory.printers, memory.printer,
-                                bitmaps,       desktop.Windows()};
-    wizard::AppState state;
+    memory::MemoryPlatform memory;
+    desktop::qt::QtDesktop desktop;
+    desktop::qt::QtBitmaps bitmaps;
+    machine::Platform services{desktop,       memory.registry,  memory.locale,   memory.clock,
+                               memory.random, memory.spooler,   memory.printers, memory.printer,
+                               bitmaps,       desktop.Windows()};
+    state::AppState state;
     forms::Session session{desktop};
     composition::PrinterSurface printer{memory.printer};
     preview::PrintPreview preview{session, services, state, printer};

@@ -1,19 +1,18 @@
 // What a preview costs in memory, and that nothing of it stays.
-#include <gmock/gmock.h>
-#include <gtest/gtest.h>
-
 #include <QGuiApplication>
 #include <QPixmapCache>
 #include <QTest>
 #include <QTimer>
 #include <QWindow>
-
 #include <memory>
 #include <vector>
 
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
 #include "forms/modMsgHookProc.h"
-#include "unit/desktop/qt/PreviewFixture.h"
 #include "support/Allocations.h"
+#include "unit/desktop/qt/PreviewFixture.h"
 
 namespace {
 
@@ -31,8 +30,8 @@ class PreviewMemoryTest : public PreviewTest {
         window::Settle();
     }
 
-    std::vector<std::weak_ptr<const platform::PageBitmap>> Pages() {
-        std::vector<std::weak_ptr<const platform::PageBitmap>> pages;
+    std::vector<std::weak_ptr<const machine::PageBitmap>> Pages() {
+        std::vector<std::weak_ptr<const machine::PageBitmap>> pages;
         for (const auto& [number, holder] : Ghost().ThisPage) {
             pages.emplace_back(holder.Picture);
         }
@@ -158,7 +157,7 @@ TEST_F(PreviewMemoryTest, AThousandPreviewsLeaveNothingBehind) {
     const auto widgets = QApplication::allWidgets().size();
     const auto windows = QGuiApplication::allWindows().size();
     const std::size_t procedures = desktop.Windows().Count();
-    std::vector<std::weak_ptr<const platform::PageBitmap>> held;
+    std::vector<std::weak_ptr<const machine::PageBitmap>> held;
     std::size_t bytes = 0;
     for (int i = 0; i < 1000; ++i) {
         if (i == 100) {
@@ -177,7 +176,7 @@ TEST_F(PreviewMemoryTest, AThousandPreviewsLeaveNothingBehind) {
     EXPECT_EQ(QApplication::allWidgets().size(), widgets);
     EXPECT_EQ(QGuiApplication::allWindows().size(), windows);
     EXPECT_EQ(desktop.Windows().Count(), procedures);
-    EXPECT_EQ(platform::modMsgHookProc::SlotsInUse(), 0);
+    EXPECT_EQ(forms::modMsgHookProc::SlotsInUse(), 0);
     EXPECT_TRUE(session.OpenForms().empty());
     EXPECT_EQ(ButtonTicks(30), 0);
     EXPECT_LT(support::AllocatedBytes(), bytes + 50000) << "less than 60 bytes a preview";

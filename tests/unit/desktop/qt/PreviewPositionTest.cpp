@@ -3,13 +3,9 @@
 // What a preview draws is drawn once more into a PDF, which poppler turns into a picture of the screen's
 // resolution. The ink of each text and each line is then looked for in that picture and in the one of the
 // window.
-#include <gmock/gmock.h>
-#include <gtest/gtest.h>
-
 #include <QFile>
 #include <QProcess>
 #include <QTemporaryDir>
-
 #include <algorithm>
 #include <cmath>
 #include <functional>
@@ -18,17 +14,20 @@
 #include <string>
 #include <vector>
 
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
 #include "composition/DocumentRun.h"
 #include "composition/OpenPrinter.h"
 #include "composition/PrinterMeasures.h"
 #include "composition/RunHost.h"
-#include "machine/SeededRandom.h"
 #include "desktop/qt/PdfDocument.h"
 #include "desktop/qt/QtCanvas.h"
+#include "machine/SeededRandom.h"
+#include "testdata/Tables.h"
 #include "unit/desktop/qt/Ink.h"
 #include "unit/desktop/qt/NotedBitmaps.h"
 #include "unit/desktop/qt/PreviewFixture.h"
-#include "testdata/Tables.h"
 
 namespace {
 
@@ -45,9 +44,9 @@ constexpr double MostAway = 1;
 constexpr double MostLarger = TwipsPerInch / 96;
 
 /// A sheet of paper in a file.
-class PaperDevice final : public platform::qt::PageDevice {
+class PaperDevice final : public desktop::qt::PageDevice {
   public:
-    PaperDevice(QIODevice& file, const platform::qt::Sheet& sheet) : document_(file, "Proef", sheet) {}
+    PaperDevice(QIODevice& file, const desktop::qt::Sheet& sheet) : document_(file, "Proef", sheet) {}
 
     QPainter* Painter() override { return &document_.Painter(); }
     void NewPage() override {}
@@ -55,7 +54,7 @@ class PaperDevice final : public platform::qt::PageDevice {
     double LineWidth() override { return 12; }
 
   private:
-    platform::qt::PdfDocument document_;
+    desktop::qt::PdfDocument document_;
 };
 
 /// What the composition asks of the forms, with a preview in its real window.
@@ -94,7 +93,7 @@ class PreviewPositionTest : public PreviewTest, public testing::WithParamInterfa
     PreviewPositionTest() {
         // A sheet of A4 at 600 dots to the inch, whose printable area begins 16 and 20 dots of 96 to the inch
         // in.
-        platform::PrintQueue& queue = memory.printers.Queue(0);
+        memory::PrintQueue& queue = memory.printers.Queue(0);
         queue.Sheet = {4960, 7016};
         queue.Printable = {4760, 6816};
         queue.Offset = {100, 125};
@@ -121,10 +120,10 @@ class PreviewPositionTest : public PreviewTest, public testing::WithParamInterfa
 
     /// Draws the document on the screen, and once more on paper.
     void DrawBoth() {
-        platform::SeededRandom chance(20260315);
-        platform::Platform all{desktop,       memory.registry,  memory.locale,   memory.clock,
-                               chance,        memory.spooler,   memory.printers, memory.printer,
-                               notedBitmaps_, desktop.Windows()};
+        machine::SeededRandom chance(20260315);
+        machine::Platform all{desktop,       memory.registry,  memory.locale,   memory.clock,
+                              chance,        memory.spooler,   memory.printers, memory.printer,
+                              notedBitmaps_, desktop.Windows()};
         preview::PrintPreview shown(session, all, state, printer);
         Host host(shown, [&] {
             window::WhenShown("frmPrintPreview", [&] {
@@ -135,7 +134,7 @@ class PreviewPositionTest : public PreviewTest, public testing::WithParamInterfa
         });
         composition::LeesPrinterMaten(state, all);
         composition::Afdrukken(state, all, host, GetParam().number, 1, true);
-        perTwip_ = platform::qt::DotsPerTwip() * window_.devicePixelRatio();
+        perTwip_ = desktop::qt::DotsPerTwip() * window_.devicePixelRatio();
         window_.setDevicePixelRatio(1);
         DrawPaper();
     }
@@ -191,15 +190,15 @@ class PreviewPositionTest : public PreviewTest, public testing::WithParamInterfa
     NotedBitmaps notedBitmaps_;
     QImage window_;
     QImage paper_;
-    platform::qt::Sheet sheet_;
+    desktop::qt::Sheet sheet_;
     double worst_ = 0; // dots
     int worstSize_ = 0;
 
   private:
     /// Measures texts, and draws nothing.
-    class Measures final : public platform::qt::PageDevice {
+    class Measures final : public desktop::qt::PageDevice {
       public:
-        platform::TextSize MeasureText(const std::string& text, const platform::FontSpec& font) {
+        machine::TextSize MeasureText(const std::string& text, const machine::FontSpec& font) {
             return canvas_.MeasureText(text, font);
         }
 
@@ -209,7 +208,7 @@ class PreviewPositionTest : public PreviewTest, public testing::WithParamInterfa
         void EndDocument() override {}
         double LineWidth() override { return 0; }
 
-        platform::qt::QtCanvas canvas_{*this};
+        desktop::qt::QtCanvas canvas_{*this};
     };
 
     void DrawPaper() {
@@ -218,7 +217,7 @@ class PreviewPositionTest : public PreviewTest, public testing::WithParamInterfa
         QFile file(name);
         ASSERT_TRUE(file.open(QIODevice::WriteOnly));
         PaperDevice device(file, sheet_);
-        platform::qt::QtCanvas canvas(device);
+        desktop::qt::QtCanvas canvas(device);
         for (const Call& call : notedBitmaps_.Calls) {
             if (call.text.empty()) {
                 canvas.DrawLine(call.x1, call.y1, call.x2, call.y2, call.colour);

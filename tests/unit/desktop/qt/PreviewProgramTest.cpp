@@ -1,8 +1,5 @@
 // A preview as a user meets it in the whole program: the wizard, the print manager and the preview are real
 // windows, and every step is a press of a key or of the mouse.
-#include <gmock/gmock.h>
-#include <gtest/gtest.h>
-
 #include <QApplication>
 #include <QLabel>
 #include <QListWidget>
@@ -12,6 +9,9 @@
 #include <QStyle>
 #include <QStyleOptionSlider>
 #include <QTest>
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
 
 #include "preview/frmPrintPreview.h"
 #include "preview/frmPrintPreviewGhost.h"
@@ -29,7 +29,7 @@ class PreviewProgramTest : public testing::Test {
   protected:
     PreviewProgramTest() {
         program.Set("AcceptgiroType", "1"); // three forms on a sheet
-        program.memory.recorder.Sink = [this](const platform::Event& event) {
+        program.memory.recorder.Sink = [this](const memory::Event& event) {
             if (event.Kind == "end") {
                 ended.push_back(std::get<std::string>(event.Fields.front().Value));
             }
@@ -160,12 +160,12 @@ TEST_F(PreviewProgramTest, OfEightyFourPagesFortyAreOfferedWithAMessage) {
         Click("Toolbar(6)");
         EXPECT_EQ(Page(), 40);
         EXPECT_FALSE(Widget("Toolbar(5)")->isEnabled());
-        EXPECT_EQ(Form().cmdDown.iState(), platform::cmdButtonXP::LookDisabled);
+        EXPECT_EQ(Form().cmdDown.iState(), forms::cmdButtonXP::LookDisabled);
         for (int page = 39; page > 0; --page) {
             Click("cmdUp");
             EXPECT_EQ(Page(), page);
         }
-        EXPECT_EQ(Form().cmdUp.iState(), platform::cmdButtonXP::LookDisabled);
+        EXPECT_EQ(Form().cmdUp.iState(), forms::cmdButtonXP::LookDisabled);
         Leave();
     });
     EXPECT_THAT(ended, IsEmpty());

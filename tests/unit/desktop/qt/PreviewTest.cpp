@@ -1,6 +1,3 @@
-#include <gmock/gmock.h>
-#include <gtest/gtest.h>
-
 #include <QAccessible>
 #include <QHelpEvent>
 #include <QMenuBar>
@@ -10,9 +7,11 @@
 #include <QTest>
 #include <QToolTip>
 #include <QWindow>
-
 #include <cmath>
 #include <new>
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
 
 #include "composition/CalibrationReport.h"
 #include "desktop/qt/PictureWidget.h"
@@ -36,7 +35,7 @@ TEST_F(PreviewTest, ShowsThePageThatWasDrawn) {
 
 TEST_F(PreviewTest, ABitmapKeepsWhatItShowedWhenThePageIsDrawnAnew) {
     const auto page = bitmaps.CreatePage(1500, 1500);
-    const auto dark = [](const platform::PageBitmap& bitmap) {
+    const auto dark = [](const machine::PageBitmap& bitmap) {
         const QImage image = Painted(bitmap);
         int count = 0;
         for (int y = 0; y < image.height(); ++y) {
@@ -61,7 +60,7 @@ TEST_F(PreviewTest, ABitmapKeepsWhatItShowedWhenThePageIsDrawnAnew) {
 
 TEST_F(PreviewTest, ATextOnThePageIsAsWideAsOnPaper) {
     const auto page = bitmaps.CreatePage(9000, 1500);
-    const platform::FontSpec font{"Tahoma", 12, false};
+    const machine::FontSpec font{"Tahoma", 12, false};
     const std::string text(40, 'H');
     page->Drawing().DrawText(0, 0, text, font);
     const auto bitmap = page->Image();
@@ -225,8 +224,8 @@ TEST_F(PreviewTest, TheBarsTouchTheEdgesOfTheWindow) {
 
 TEST_F(PreviewTest, ASheetOfNoUsableSizeIsAnErrorAndNoCrash) {
     for (const double size : {0.0, -15.0, 1e300, std::nan("")}) {
-        EXPECT_THROW(bitmaps.CreatePage(size, 1500), platform::RuntimeError) << size;
-        EXPECT_THROW(bitmaps.CreatePage(1500, size), platform::RuntimeError) << size;
+        EXPECT_THROW(bitmaps.CreatePage(size, 1500), base::RuntimeError) << size;
+        EXPECT_THROW(bitmaps.CreatePage(1500, size), base::RuntimeError) << size;
     }
 }
 
@@ -266,7 +265,7 @@ TEST_F(PreviewTest, TheBarMovesTheSheetWhenItIsLetGo) {
         window::Settle();
         EXPECT_EQ(Form().VScroll.Value(), 80);
         EXPECT_LT(Widget("pictPageContainer")->y(), top);
-        EXPECT_EQ(Widget("pictPageContainer")->y(), platform::qt::ToDots(Form().pictPageContainer.Top()));
+        EXPECT_EQ(Widget("pictPageContainer")->y(), desktop::qt::ToDots(Form().pictPageContainer.Top()));
     });
 }
 
@@ -315,7 +314,7 @@ TEST_F(PreviewTest, AnArrowThatLeadsNowhereTellsWhatItIsForAllTheSame) {
             QAccessible::queryAccessibleInterface(arrow)->actionInterface()->doAction(
                 QAccessibleActionInterface::pressAction());
         }
-        EXPECT_EQ(Form().cmdUp.iState(), platform::cmdButtonXP::LookDisabled);
+        EXPECT_EQ(Form().cmdUp.iState(), forms::cmdButtonXP::LookDisabled);
         EXPECT_FALSE(Form().cmdUp.Timer.Enabled());
         EXPECT_EQ(Panel(1), "Pagina: 1");
     });
@@ -329,11 +328,11 @@ TEST_F(PreviewTest, TheArrowLightsUpUnderTheMouseAndTurnsThePage) {
         EXPECT_TRUE(Form().cmdDown.blnOver());
         EXPECT_TRUE(Form().cmdDown.Timer.Enabled());
         EXPECT_TRUE(
-            window::WaitFor([this] { return Form().cmdDown.iState() == platform::cmdButtonXP::LookHot; }));
+            window::WaitFor([this] { return Form().cmdDown.iState() == forms::cmdButtonXP::LookHot; }));
         EXPECT_NE(arrow->grab().toImage(), normal);
         window::Click(arrow);
         EXPECT_EQ(PageOnScreen(), 2);
-        EXPECT_EQ(Form().cmdDown.iState(), platform::cmdButtonXP::LookDisabled);
+        EXPECT_EQ(Form().cmdDown.iState(), forms::cmdButtonXP::LookDisabled);
         EXPECT_NE(arrow->grab().toImage(), normal);
     });
 }
@@ -346,9 +345,9 @@ TEST_F(PreviewTest, TheArrowIsItselfAgainWhenThePointerHasLeft) {
             return window::WaitFor([this, look] { return Form().cmdDown.iState() == look; });
         };
         window::PointAt(arrow);
-        EXPECT_TRUE(looks(platform::cmdButtonXP::LookHot));
+        EXPECT_TRUE(looks(forms::cmdButtonXP::LookHot));
         window::PointAt(Widget("Toolbar(1)"));
-        EXPECT_TRUE(looks(platform::cmdButtonXP::LookNormal));
+        EXPECT_TRUE(looks(forms::cmdButtonXP::LookNormal));
         EXPECT_FALSE(Form().cmdDown.Timer.Enabled());
         EXPECT_EQ(arrow->grab().toImage(), normal);
     });
@@ -382,17 +381,17 @@ TEST_F(PreviewTest, AnArrowThatThePointerLeavesWithTheButtonHeldWaitsForTheRelea
             return window::WaitFor([this, look] { return Form().cmdDown.iState() == look; });
         };
         window::PointAt(arrow);
-        EXPECT_TRUE(looks(platform::cmdButtonXP::LookHot));
+        EXPECT_TRUE(looks(forms::cmdButtonXP::LookHot));
         const QImage hot = arrow->grab().toImage();
         QTest::mousePress(arrow, Qt::LeftButton);
-        EXPECT_TRUE(looks(platform::cmdButtonXP::LookDown));
+        EXPECT_TRUE(looks(forms::cmdButtonXP::LookDown));
         EXPECT_NE(arrow->grab().toImage(), hot);
         window::PointAt(Widget("Toolbar(1)"));
-        EXPECT_TRUE(looks(platform::cmdButtonXP::LookHot));
+        EXPECT_TRUE(looks(forms::cmdButtonXP::LookHot));
         EXPECT_EQ(arrow->grab().toImage(), hot);
         EXPECT_TRUE(Form().cmdDown.Timer.Enabled());
         QTest::mouseRelease(arrow, Qt::LeftButton, {}, {-40, -40});
-        EXPECT_TRUE(looks(platform::cmdButtonXP::LookNormal));
+        EXPECT_TRUE(looks(forms::cmdButtonXP::LookNormal));
         EXPECT_FALSE(Form().cmdDown.Timer.Enabled());
         EXPECT_EQ(PageOnScreen(), 1);
     });
@@ -416,21 +415,21 @@ TEST_F(PreviewTest, ADoubleClickOnAnArrowIsAnEventOfItsOwn) {
 }
 
 /// Pages whose first picture after the next yield finds no memory.
-class ShortBitmaps final : public platform::Bitmaps {
+class ShortBitmaps final : public machine::Bitmaps {
   public:
     bool Short = false;
 
-    std::unique_ptr<platform::OffscreenPage> CreatePage(double width, double height) override {
+    std::unique_ptr<machine::OffscreenPage> CreatePage(double width, double height) override {
         return std::make_unique<Page>(bitmaps_.CreatePage(width, height), Short);
     }
 
   private:
-    class Page final : public platform::OffscreenPage {
+    class Page final : public machine::OffscreenPage {
       public:
-        Page(std::unique_ptr<platform::OffscreenPage> page, bool& isShort)
+        Page(std::unique_ptr<machine::OffscreenPage> page, bool& isShort)
             : page_(std::move(page)), short_(isShort) {}
-        platform::Canvas& Drawing() override { return page_->Drawing(); }
-        std::shared_ptr<const platform::PageBitmap> Image() override {
+        machine::Canvas& Drawing() override { return page_->Drawing(); }
+        std::shared_ptr<const machine::PageBitmap> Image() override {
             if (std::exchange(short_, false)) {
                 throw std::bad_alloc();
             }
@@ -440,18 +439,18 @@ class ShortBitmaps final : public platform::Bitmaps {
         void Discard() override { page_->Discard(); }
 
       private:
-        std::unique_ptr<platform::OffscreenPage> page_;
+        std::unique_ptr<machine::OffscreenPage> page_;
         bool& short_;
     };
 
-    platform::qt::QtBitmaps bitmaps_;
+    desktop::qt::QtBitmaps bitmaps_;
 };
 
 TEST_F(PreviewTest, OutOfMemoryInAPageBreakCostsNoPreview) {
     ShortBitmaps shortBitmaps;
-    platform::Platform machine{desktop,       memory.registry,  memory.locale,   memory.clock,
-                               memory.random, memory.spooler,   memory.printers, memory.printer,
-                               shortBitmaps,  desktop.Windows()};
+    machine::Platform machine{desktop,       memory.registry,  memory.locale,   memory.clock,
+                              memory.random, memory.spooler,   memory.printers, memory.printer,
+                              shortBitmaps,  desktop.Windows()};
     preview::PrintPreview another(session, machine, state, printer);
     window::MessageBoxes boxes;
     another.OpenPreview(0);
@@ -472,15 +471,15 @@ TEST_F(PreviewTest, OutOfMemoryInAPageBreakCostsNoPreview) {
 
 TEST_F(PreviewTest, ItsPageIsAskedForItsBoundsAndMayOutgrowTheScreen) {
     Compose(1);
-    const platform::WindowHandle page = Ghost().hWnd();
-    platform::MsgHook watcher(desktop.Windows());
+    const machine::WindowHandle page = Ghost().hWnd();
+    forms::MsgHook watcher(desktop.Windows());
     int asked = 0;
     watcher.After = [&](auto&, auto&, auto&) { ++asked; };
-    watcher.Hook(page, {platform::WM_GETMINMAXINFO});
+    watcher.Hook(page, {machine::WM_GETMINMAXINFO});
     Ghost().Resize(60000, 50000);
     EXPECT_EQ(asked, 1);
     const QSize size = QWidget::find(static_cast<WId>(page))->size();
-    EXPECT_EQ(size, QSize(platform::qt::ToDots(60000), platform::qt::ToDots(50000 - forms::TitleBarHeight)));
+    EXPECT_EQ(size, QSize(desktop::qt::ToDots(60000), desktop::qt::ToDots(50000 - forms::TitleBarHeight)));
     Ghost().Resize(1e6, 1e6);
     EXPECT_EQ(Ghost().Width(), Ghost().lMaxTrackX * 15.0);
     EXPECT_EQ(Ghost().Height(), Ghost().lMaxTrackY * 15.0);
@@ -514,14 +513,14 @@ TEST_F(PreviewTest, TheArrowsHaveFourLooksWithSharpEdges) {
             std::vector<QImage> looks;
             for (int number = first; number < first + 4; ++number) {
                 QSvgRenderer renderer(
-                    platform::qt::PictureFile(QStringLiteral("imgResourceSmall-%1").arg(number)));
+                    desktop::qt::PictureFile(QStringLiteral("imgResourceSmall-%1").arg(number)));
                 QImage look(side, side, QImage::Format_ARGB32);
                 look.fill(Qt::transparent);
                 QPainter painter(&look);
                 renderer.render(&painter);
                 painter.end();
                 EXPECT_THAT(looks, testing::Not(testing::Contains(look))) << number;
-                const bool hasPlate = number >= first + platform::cmdButtonXP::LookHot;
+                const bool hasPlate = number >= first + forms::cmdButtonXP::LookHot;
                 for (const QPoint& edge : {QPoint(0, side / 2), QPoint(side - 1, side / 2),
                                            QPoint(side / 2, 0), QPoint(side / 2, side - 1)}) {
                     EXPECT_EQ(look.pixelColor(edge).alpha(), hasPlate ? 255 : 0) << number << " at " << side;

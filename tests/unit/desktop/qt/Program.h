@@ -2,10 +2,10 @@
 
 #include <string>
 
-#include "forms/Session.h"
-#include "memory/MemoryPlatform.h"
 #include "desktop/qt/QtBitmaps.h"
 #include "desktop/qt/QtDesktop.h"
+#include "forms/Session.h"
+#include "memory/MemoryPlatform.h"
 #include "state/AppState.h"
 #include "wizard/frmMain.h"
 
@@ -17,13 +17,13 @@ struct Program {
     void Set(const std::string& name, const std::string& value);
     void Start() { form.Show(); }
 
-    platform::MemoryPlatform memory;
-    platform::qt::QtDesktop desktop;
-    platform::qt::QtBitmaps bitmaps;
-    platform::Platform services{desktop,       memory.registry,  memory.locale,   memory.clock,
-                                memory.random, memory.spooler,   memory.printers, memory.printer,
-                                bitmaps,       desktop.Windows()};
-    wizard::AppState state;
+    memory::MemoryPlatform memory;
+    desktop::qt::QtDesktop desktop;
+    desktop::qt::QtBitmaps bitmaps;
+    machine::Platform services{desktop,       memory.registry,  memory.locale,   memory.clock,
+                               memory.random, memory.spooler,   memory.printers, memory.printer,
+                               bitmaps,       desktop.Windows()};
+    state::AppState state;
     forms::Session session{desktop};
     wizard::frmMain form{session, services, state};
 };

@@ -71,7 +71,7 @@ class SampleForm : public forms::Form {
         Account.OnLostFocus = [this] {
             Note("rekening verlaten");
             if (Account.Text() == "fout") {
-                Desktop().MsgBox("Niet juist.", platform::MessageIcon::Information, "Proef");
+                Desktop().MsgBox("Niet juist.", forms::MessageIcon::Information, "Proef");
                 Account.SetText("");
                 Account.SetFocus();
             }
@@ -79,7 +79,7 @@ class SampleForm : public forms::Form {
         Account.OnGotFocus = [this] { Note("rekening"); };
         Count.SetMaxLength(4);
         Count.OnKeyPress = [](std::int16_t& key) {
-            if (key != platform::key::Backspace && (key < '0' || key > '9')) {
+            if (key != forms::key::Backspace && (key < '0' || key > '9')) {
                 key = 0;
             }
         };

@@ -3,8 +3,8 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-#include "forms/Session.h"
 #include "desktop/qt/QtDesktop.h"
+#include "forms/Session.h"
 #include "unit/desktop/qt/SampleForm.h"
 #include "unit/desktop/qt/Window.h"
 
@@ -29,7 +29,7 @@ class SampleTest : public testing::Test {
         EXPECT_EQ(QApplication::focusWidget(), Widget(control.Name().c_str()));
     }
 
-    platform::qt::QtDesktop desktop;
+    desktop::qt::QtDesktop desktop;
     forms::Session session{desktop};
     SampleForm form{session};
     window::MessageBoxes boxes;

@@ -4,7 +4,6 @@
 #include <QApplication>
 #include <QMessageBox>
 #include <QTimer>
-
 #include <cstdio>
 #include <cstdlib>
 #include <new>
@@ -39,20 +38,20 @@ Q_COREAPP_STARTUP_FUNCTION(AnswerBoxes)
 
 // NOLINTBEGIN(bugprone-reserved-identifier,readability-identifier-naming): the linker's names
 extern "C" {
-void __real__ZN8platform2qt9QtDesktopC1Ev(void* self);
-void __wrap__ZN8platform2qt9QtDesktopC1Ev(void* self) {
+void __real__ZN7desktop2qt9QtDesktopC1Ev(void* self);
+void __wrap__ZN7desktop2qt9QtDesktopC1Ev(void* self) {
     Refuse("desktop");
-    __real__ZN8platform2qt9QtDesktopC1Ev(self);
+    __real__ZN7desktop2qt9QtDesktopC1Ev(self);
 }
-void __real__ZN6wizard7frmMainC1ERN5forms7SessionERN8platform8PlatformERNS_8AppStateE(void*, void*, void*,
-                                                                                      void*);
-void __wrap__ZN6wizard7frmMainC1ERN5forms7SessionERN8platform8PlatformERNS_8AppStateE(void* self,
-                                                                                      void* session,
-                                                                                      void* machine,
-                                                                                      void* state) {
+void __real__ZN6wizard7frmMainC1ERN5forms7SessionERN7machine8PlatformERN5state8AppStateE(void*, void*, void*,
+                                                                                         void*);
+void __wrap__ZN6wizard7frmMainC1ERN5forms7SessionERN7machine8PlatformERN5state8AppStateE(void* self,
+                                                                                         void* session,
+                                                                                         void* machine,
+                                                                                         void* state) {
     Refuse("form");
-    __real__ZN6wizard7frmMainC1ERN5forms7SessionERN8platform8PlatformERNS_8AppStateE(self, session, machine,
-                                                                                     state);
+    __real__ZN6wizard7frmMainC1ERN5forms7SessionERN7machine8PlatformERN5state8AppStateE(self, session,
+                                                                                        machine, state);
 }
 }
 // NOLINTEND(bugprone-reserved-identifier,readability-identifier-naming)

@@ -1,7 +1,5 @@
 #include "unit/desktop/qt/Window.h"
 
-#include <gtest/gtest.h>
-
 #include <QApplication>
 #include <QElapsedTimer>
 #include <QEnterEvent>
@@ -10,6 +8,8 @@
 #include <QTest>
 #include <QWheelEvent>
 #include <QWindow>
+
+#include <gtest/gtest.h>
 
 namespace window {
 

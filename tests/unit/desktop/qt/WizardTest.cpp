@@ -1,7 +1,4 @@
 // The wizard and the print manager as windows, on printers and settings in memory.
-#include <gmock/gmock.h>
-#include <gtest/gtest.h>
-
 #include <QApplication>
 #include <QLabel>
 #include <QLineEdit>
@@ -9,8 +6,10 @@
 #include <QPushButton>
 #include <QTest>
 #include <QTimer>
-
 #include <algorithm>
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
 
 #include "memory/MemoryPlatform.h"
 #include "printmanager/frmPrintManager.h"
@@ -200,7 +199,7 @@ TEST_F(WizardTest, TheListClickedDuringARunChangesNothingOfIt) {
     Start();
     GoToTheLastPage();
     std::vector<std::string> printed;
-    program.memory.recorder.Sink = [&](const platform::Event& event) {
+    program.memory.recorder.Sink = [&](const memory::Event& event) {
         if (event.Kind == "text" && std::get<std::string>(event.Fields[0].Value) == "printer") {
             printed.push_back(std::get<std::string>(event.Fields[4].Value));
         }

@@ -1,7 +1,7 @@
-#include <gtest/gtest.h>
-
 #include <QApplication>
 #include <QFont>
+
+#include <gtest/gtest.h>
 
 #include "desktop/qt/QtPlatform.h"
 
@@ -10,7 +10,7 @@ int main(int argc, char** argv) {
         qputenv("QT_QPA_PLATFORM", "offscreen");
     }
     testing::InitGoogleTest(&argc, argv);
-    const platform::qt::DutchApplication application(argc, argv);
+    const desktop::qt::DutchApplication application(argc, argv);
     if (const int points = qEnvironmentVariableIntValue("DRUKKEURING_TEST_POINTS"); points > 0) {
         QFont font = QApplication::font();
         font.setPointSize(points);

@@ -1,12 +1,12 @@
 // The example that new users start from.
-#include "unit/desktop/regfile/RegFileStoreFixture.h"
-
 #include <set>
 #include <string>
 
+#include "unit/desktop/regfile/RegFileStoreFixture.h"
+
 namespace {
 
-using namespace platform;
+using namespace desktop::regfile;
 using namespace std::string_literals;
 namespace fs = std::filesystem;
 
@@ -58,14 +58,16 @@ TEST_F(ExampleSettingsTest, CalibrationsCanAllBeToldApart) {
 
 TEST_F(ExampleSettingsTest, HasTheKeysOfEveryKindOfDocument) {
     for (const char* const kind : {"Etiketten", "Acceptgiro", "Persoonskaart", "Gezinskaart", "Overige"}) {
-        RegistryKey handle = 0;
-        ASSERT_EQ(store.RegOpenKeyA(HkeyCurrentUser, SettingsPath + "\\PrinterSetting\\" + kind, handle),
-                  RegSuccess)
+        machine::RegistryKey handle = 0;
+        ASSERT_EQ(
+            store.RegOpenKeyA(machine::HkeyCurrentUser, SettingsPath + "\\PrinterSetting\\" + kind, handle),
+            machine::RegSuccess)
             << kind;
         for (const char* const name : {"Printer", "Orientatie", "Formaat", "Lade", "Matrix"}) {
-            std::uint32_t type = RegNone;
+            std::uint32_t type = machine::RegNone;
             std::uint32_t size = 0;
-            EXPECT_EQ(store.RegQueryValueExA(handle, name, type, nullptr, size), RegSuccess) << kind << name;
+            EXPECT_EQ(store.RegQueryValueExA(handle, name, type, nullptr, size), machine::RegSuccess)
+                << kind << name;
         }
     }
 }

@@ -1,13 +1,12 @@
 #include "desktop/regfile/FileLock.h"
 
-#include <gtest/gtest.h>
-
 #include <cerrno>
 #include <chrono>
 #include <filesystem>
 #include <functional>
 #include <string>
 
+#include <gtest/gtest.h>
 #include <sys/file.h>
 
 namespace {
@@ -34,7 +33,7 @@ int __wrap_flock(int descriptor, int operation) {
 
 namespace {
 
-using namespace platform;
+using namespace desktop::regfile;
 using namespace std::chrono_literals;
 namespace fs = std::filesystem;
 

@@ -1,7 +1,5 @@
 #include "desktop/regfile/FileReplacement.h"
 
-#include <gtest/gtest.h>
-
 #include <cerrno>
 #include <csignal>
 #include <filesystem>
@@ -10,6 +8,7 @@
 #include <string>
 
 #include <fcntl.h>
+#include <gtest/gtest.h>
 #include <sys/resource.h>
 #include <sys/stat.h>
 #include <sys/wait.h>
@@ -17,7 +16,7 @@
 
 namespace {
 
-using namespace platform;
+using namespace desktop::regfile;
 namespace fs = std::filesystem;
 
 /// What the file system cannot do, as errno; 0 for what it can.

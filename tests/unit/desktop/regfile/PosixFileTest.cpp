@@ -1,7 +1,4 @@
 #include "desktop/regfile/PosixFile.h"
-#include "desktop/regfile/FileReplacement.h"
-
-#include <gtest/gtest.h>
 
 #include <cerrno>
 #include <filesystem>
@@ -9,9 +6,13 @@
 #include <iterator>
 #include <string>
 
+#include <gtest/gtest.h>
+
+#include "desktop/regfile/FileReplacement.h"
+
 namespace {
 
-using namespace platform;
+using namespace desktop::regfile;
 namespace fs = std::filesystem;
 
 class PosixFileTest : public testing::Test {

@@ -1,13 +1,13 @@
 // One branch of a large registry, read without the rest of it.
-#include "desktop/regfile/RegFile.h"
+#include <string>
 
 #include <gtest/gtest.h>
 
-#include <string>
+#include "desktop/regfile/RegFile.h"
 
 namespace {
 
-using namespace platform;
+using namespace desktop::regfile;
 
 const std::string Branch = "HKEY_CURRENT_USER\\Software\\Ondor\\Tarvik";
 const std::string Key = Branch + "\\CurrentVersion";
@@ -16,7 +16,7 @@ class RegFileBranchTest : public testing::TestWithParam<bool> {
   protected:
     static RegFile Read(const std::string& lines) {
         const std::string text = "Windows Registry Editor Version 5.00\r\n\r\n" + lines;
-        return RegFile(GetParam() ? "\xFF\xFE" + regfile::ToUtf16(text) : text, Branch);
+        return RegFile(GetParam() ? "\xFF\xFE" + desktop::regfile::ToUtf16(text) : text, Branch);
     }
     static std::string Text(const RegFile& file, const std::string& name = "a") {
         const std::optional<RegValue> value = file.Find(Key, name);

@@ -1,9 +1,9 @@
-#include "unit/desktop/regfile/RegFileTexts.h"
+#include <random>
+#include <string>
 
 #include <gtest/gtest.h>
 
-#include <random>
-#include <string>
+#include "unit/desktop/regfile/RegFileTexts.h"
 
 namespace {
 
@@ -76,7 +76,7 @@ TEST(RegFileSizeTest, LargeHexadecimalList) {
 TEST(RegFileSizeTest, LargeFileInUtf16) {
     std::string bytes = Utf16(Five("\"a\"=\"1\"\r\n;"));
     bytes.resize(Large / 5, 'x');
-    EXPECT_EQ(Text(RegFile(bytes + platform::regfile::ToUtf16("\r\n\"b\"=\"2\"\r\n")), "b"), "2");
+    EXPECT_EQ(Text(RegFile(bytes + desktop::regfile::ToUtf16("\r\n\"b\"=\"2\"\r\n")), "b"), "2");
 }
 
 TEST(RegFileSizeTest, RandomBytesAreReadWithoutHarm) {

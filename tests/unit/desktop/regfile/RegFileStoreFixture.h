@@ -1,18 +1,17 @@
 #pragma once
 
-#include "desktop/regfile/RegFileStore.h"
-#include "machine/modRegistry.h"
-
-#include <gtest/gtest.h>
-
 #include <cstdlib>
 #include <filesystem>
 #include <fstream>
 #include <string>
 
+#include <gtest/gtest.h>
 #include <sys/stat.h>
 
-namespace platform {
+#include "desktop/regfile/RegFileStore.h"
+#include "machine/modRegistry.h"
+
+namespace desktop::regfile {
 
 inline const std::string SettingsPath = "Software\\Ondor\\Tarvik\\CurrentVersion";
 
@@ -51,19 +50,19 @@ class RegFileStoreTest : public testing::Test {
 
 inline std::string Read(RegFileStore& store, const std::string& name,
                         const std::string& path = SettingsPath) {
-    return modRegistry(store).GetRegistryValue(HkeyCurrentUser, path, name);
+    return machine::modRegistry(store).GetRegistryValue(machine::HkeyCurrentUser, path, name);
 }
 
 inline bool Write(RegFileStore& store, const std::string& name, const std::string& text) {
-    return modRegistry(store).SetRegistryValue(HkeyCurrentUser, SettingsPath, name, text);
+    return machine::modRegistry(store).SetRegistryValue(machine::HkeyCurrentUser, SettingsPath, name, text);
 }
 
 inline std::int32_t WriteCall(RegFileStore& store, const std::string& name, std::string_view bytes) {
-    RegistryKey handle = 0;
-    EXPECT_EQ(store.RegOpenKeyA(HkeyCurrentUser, SettingsPath, handle), RegSuccess);
-    const std::int32_t result = store.RegSetValueExA(handle, name, RegSz, bytes);
-    EXPECT_EQ(store.RegCloseKey(handle), RegSuccess);
+    machine::RegistryKey handle = 0;
+    EXPECT_EQ(store.RegOpenKeyA(machine::HkeyCurrentUser, SettingsPath, handle), machine::RegSuccess);
+    const std::int32_t result = store.RegSetValueExA(handle, name, machine::RegSz, bytes);
+    EXPECT_EQ(store.RegCloseKey(handle), machine::RegSuccess);
     return result;
 }
 
-} // namespace platform
+} // namespace desktop::regfile

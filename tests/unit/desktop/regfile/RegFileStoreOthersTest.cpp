@@ -1,8 +1,4 @@
 // A settings file that other programs write as well, and one that cannot be read.
-#include "unit/desktop/regfile/RegFileStoreFixture.h"
-
-#include <gmock/gmock.h>
-
 #include <chrono>
 #include <filesystem>
 #include <string>
@@ -10,14 +6,17 @@
 #include <vector>
 
 #include <fcntl.h>
+#include <gmock/gmock.h>
 #include <sys/file.h>
 #include <sys/stat.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
+#include "unit/desktop/regfile/RegFileStoreFixture.h"
+
 namespace {
 
-using namespace platform;
+using namespace desktop::regfile;
 using namespace std::chrono_literals;
 namespace fs = std::filesystem;
 using testing::ElementsAre;
@@ -282,11 +281,12 @@ TEST_F(RegFileStoreOthersTest, NothingIsLockedWhileAFailureIsTold) {
         isTold = true;
         EXPECT_FALSE(fs::exists(folder / ".settings-lock"));
     });
-    RegistryKey key = 0;
-    ASSERT_EQ(store.RegOpenKeyA(HkeyCurrentUser, SettingsPath, key), RegSuccess);
+    machine::RegistryKey key = 0;
+    ASSERT_EQ(store.RegOpenKeyA(machine::HkeyCurrentUser, SettingsPath, key), machine::RegSuccess);
     fs::remove(file);
     fs::create_directory(file);
-    EXPECT_NE(store.RegSetValueExA(key, "a", RegSz, std::string_view("2\0", 2)), RegSuccess);
+    EXPECT_NE(store.RegSetValueExA(key, "a", machine::RegSz, std::string_view("2\0", 2)),
+              machine::RegSuccess);
     EXPECT_TRUE(isTold);
 }
 

@@ -1,5 +1,3 @@
-#include "unit/desktop/regfile/RegFileStoreFixture.h"
-
 #include <csignal>
 #include <cstdlib>
 #include <filesystem>
@@ -12,9 +10,11 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
+#include "unit/desktop/regfile/RegFileStoreFixture.h"
+
 namespace {
 
-using namespace platform;
+using namespace desktop::regfile;
 using namespace std::string_literals;
 namespace fs = std::filesystem;
 
@@ -46,8 +46,8 @@ TEST_F(RegFileStoreTest, MissingFileHasNoKeys) {
     RegFileStore store(file);
     EXPECT_EQ(Read(store, "GMUVerkeer"), "");
     EXPECT_FALSE(Write(store, "GMUVerkeer", "1"));
-    RegistryKey handle = 0;
-    EXPECT_EQ(store.RegOpenKeyA(HkeyCurrentUser, SettingsPath, handle), RegFileNotFound);
+    machine::RegistryKey handle = 0;
+    EXPECT_EQ(store.RegOpenKeyA(machine::HkeyCurrentUser, SettingsPath, handle), machine::RegFileNotFound);
     EXPECT_EQ(FilesInFolder(), 0U);
 }
 
@@ -75,13 +75,13 @@ TEST_F(RegFileStoreTest, OtherTypesAreNoText) {
     Put(File("\"a\"=dword:00000001\r\n"));
     RegFileStore store(file);
     EXPECT_EQ(Read(store, "a"), "");
-    std::uint32_t type = RegNone;
+    std::uint32_t type = machine::RegNone;
     std::uint32_t size = 4;
     char data[4] = {};
-    RegistryKey handle = 0;
-    ASSERT_EQ(store.RegOpenKeyA(HkeyCurrentUser, SettingsPath, handle), RegSuccess);
-    EXPECT_EQ(store.RegQueryValueExA(handle, "a", type, data, size), RegSuccess);
-    EXPECT_EQ(type, RegDword);
+    machine::RegistryKey handle = 0;
+    ASSERT_EQ(store.RegOpenKeyA(machine::HkeyCurrentUser, SettingsPath, handle), machine::RegSuccess);
+    EXPECT_EQ(store.RegQueryValueExA(handle, "a", type, data, size), machine::RegSuccess);
+    EXPECT_EQ(type, machine::RegDword);
     EXPECT_EQ(std::string(data, 4), "\x01\0\0\0"s);
 }
 
@@ -90,11 +90,11 @@ TEST_F(RegFileStoreTest, EmptyTextIsOneNul) {
     RegFileStore store(file);
     EXPECT_TRUE(Write(store, "a", ""));
     EXPECT_EQ(Read(store, "a"), "");
-    std::uint32_t type = RegNone;
+    std::uint32_t type = machine::RegNone;
     std::uint32_t size = 0;
-    RegistryKey handle = 0;
-    ASSERT_EQ(store.RegOpenKeyA(HkeyCurrentUser, SettingsPath, handle), RegSuccess);
-    EXPECT_EQ(store.RegQueryValueExA(handle, "a", type, nullptr, size), RegSuccess);
+    machine::RegistryKey handle = 0;
+    ASSERT_EQ(store.RegOpenKeyA(machine::HkeyCurrentUser, SettingsPath, handle), machine::RegSuccess);
+    EXPECT_EQ(store.RegQueryValueExA(handle, "a", type, nullptr, size), machine::RegSuccess);
     EXPECT_EQ(size, 1U);
     EXPECT_EQ(Bytes(file), File("\"a\"=\"\"\r\n"));
 }
@@ -118,36 +118,36 @@ TEST_F(RegFileStoreTest, TextBeyondTheCodePageReadsAsQuestionMarks) {
 TEST_F(RegFileStoreTest, HandlesOfKeysAndRoots) {
     Put(File("\"a\"=\"1\"\r\n[HKEY_CURRENT_USER\\" + SettingsPath + "\\PrinterSetting]\r\n\"b\"=\"2\"\r\n"));
     RegFileStore store(file);
-    RegistryKey current = 0;
-    RegistryKey below = 0;
-    std::uint32_t type = RegNone;
+    machine::RegistryKey current = 0;
+    machine::RegistryKey below = 0;
+    std::uint32_t type = machine::RegNone;
     std::uint32_t size = 0;
-    ASSERT_EQ(store.RegOpenKeyA(HkeyCurrentUser, SettingsPath, current), RegSuccess);
-    ASSERT_EQ(store.RegOpenKeyA(current, "PrinterSetting", below), RegSuccess);
+    ASSERT_EQ(store.RegOpenKeyA(machine::HkeyCurrentUser, SettingsPath, current), machine::RegSuccess);
+    ASSERT_EQ(store.RegOpenKeyA(current, "PrinterSetting", below), machine::RegSuccess);
     EXPECT_NE(current, below);
-    EXPECT_EQ(store.RegQueryValueExA(below, "b", type, nullptr, size), RegSuccess);
-    EXPECT_EQ(store.RegQueryValueExA(current, "b", type, nullptr, size), RegFileNotFound);
-    EXPECT_EQ(store.RegOpenKeyA(HkeyLocalMachine, SettingsPath, below), RegFileNotFound);
-    EXPECT_EQ(store.RegCloseKey(current), RegSuccess);
-    EXPECT_EQ(store.RegCloseKey(current), RegInvalidHandle);
-    EXPECT_EQ(store.RegQueryValueExA(current, "a", type, nullptr, size), RegInvalidHandle);
-    EXPECT_EQ(store.RegSetValueExA(current, "a", RegSz, "2\0"s), RegInvalidHandle);
-    EXPECT_EQ(store.RegOpenKeyA(current, "PrinterSetting", below), RegInvalidHandle);
-    EXPECT_EQ(store.RegOpenKeyA(HkeyCurrentUser, "", current), RegSuccess);
-    EXPECT_EQ(store.RegOpenKeyA(current, "Software", below), RegSuccess);
-    EXPECT_EQ(store.RegCloseKey(HkeyCurrentUser), RegSuccess);
-    EXPECT_EQ(store.RegCloseKey(0), RegInvalidHandle);
+    EXPECT_EQ(store.RegQueryValueExA(below, "b", type, nullptr, size), machine::RegSuccess);
+    EXPECT_EQ(store.RegQueryValueExA(current, "b", type, nullptr, size), machine::RegFileNotFound);
+    EXPECT_EQ(store.RegOpenKeyA(machine::HkeyLocalMachine, SettingsPath, below), machine::RegFileNotFound);
+    EXPECT_EQ(store.RegCloseKey(current), machine::RegSuccess);
+    EXPECT_EQ(store.RegCloseKey(current), machine::RegInvalidHandle);
+    EXPECT_EQ(store.RegQueryValueExA(current, "a", type, nullptr, size), machine::RegInvalidHandle);
+    EXPECT_EQ(store.RegSetValueExA(current, "a", machine::RegSz, "2\0"s), machine::RegInvalidHandle);
+    EXPECT_EQ(store.RegOpenKeyA(current, "PrinterSetting", below), machine::RegInvalidHandle);
+    EXPECT_EQ(store.RegOpenKeyA(machine::HkeyCurrentUser, "", current), machine::RegSuccess);
+    EXPECT_EQ(store.RegOpenKeyA(current, "Software", below), machine::RegSuccess);
+    EXPECT_EQ(store.RegCloseKey(machine::HkeyCurrentUser), machine::RegSuccess);
+    EXPECT_EQ(store.RegCloseKey(0), machine::RegInvalidHandle);
 }
 
 TEST_F(RegFileStoreTest, TooSmallABufferTellsTheSize) {
     Put(File("\"a\"=\"abc\"\r\n"));
     RegFileStore store(file);
-    RegistryKey handle = 0;
-    ASSERT_EQ(store.RegOpenKeyA(HkeyCurrentUser, SettingsPath, handle), RegSuccess);
-    std::uint32_t type = RegNone;
+    machine::RegistryKey handle = 0;
+    ASSERT_EQ(store.RegOpenKeyA(machine::HkeyCurrentUser, SettingsPath, handle), machine::RegSuccess);
+    std::uint32_t type = machine::RegNone;
     std::uint32_t size = 3;
     char data[3] = {};
-    EXPECT_EQ(store.RegQueryValueExA(handle, "a", type, data, size), RegMoreData);
+    EXPECT_EQ(store.RegQueryValueExA(handle, "a", type, data, size), machine::RegMoreData);
     EXPECT_EQ(size, 4U);
 }
 
@@ -180,15 +180,15 @@ TEST_F(RegFileStoreTest, ChangeOfAnOldFileIsSeenByItsStamp) {
 TEST_F(RegFileStoreTest, OpenHandleSeesTheChangeToo) {
     Put(File("\"a\"=\"1\"\r\n"));
     RegFileStore store(file);
-    RegistryKey handle = 0;
-    ASSERT_EQ(store.RegOpenKeyA(HkeyCurrentUser, SettingsPath, handle), RegSuccess);
+    machine::RegistryKey handle = 0;
+    ASSERT_EQ(store.RegOpenKeyA(machine::HkeyCurrentUser, SettingsPath, handle), machine::RegSuccess);
     Put(File("\"a\"=\"1\"\r\n\"b\"=\"2\"\r\n"));
-    std::uint32_t type = RegNone;
+    std::uint32_t type = machine::RegNone;
     std::uint32_t size = 0;
-    EXPECT_EQ(store.RegQueryValueExA(handle, "b", type, nullptr, size), RegSuccess);
+    EXPECT_EQ(store.RegQueryValueExA(handle, "b", type, nullptr, size), machine::RegSuccess);
     fs::remove(file);
-    EXPECT_EQ(store.RegQueryValueExA(handle, "b", type, nullptr, size), RegFileNotFound);
-    EXPECT_EQ(store.RegSetValueExA(handle, "b", RegSz, "3\0"s), RegFileNotFound);
+    EXPECT_EQ(store.RegQueryValueExA(handle, "b", type, nullptr, size), machine::RegFileNotFound);
+    EXPECT_EQ(store.RegSetValueExA(handle, "b", machine::RegSz, "3\0"s), machine::RegFileNotFound);
     EXPECT_EQ(FilesInFolder(), 0U);
 }
 
@@ -253,7 +253,7 @@ TEST_F(RegFileStoreTest, FailingWriteLeavesTheOldFileWhole) {
     const std::string before = File("\"a\"=\"1\"\r\n; " + std::string(10'000, 'x') + "\r\n");
     Put(before);
     RegFileStore store(file);
-    std::int32_t result = RegSuccess;
+    std::int32_t result = machine::RegSuccess;
     {
         const FileSizeLimit limit(5000);
         result = WriteCall(store, "a", "2\0"s);
@@ -262,7 +262,7 @@ TEST_F(RegFileStoreTest, FailingWriteLeavesTheOldFileWhole) {
     EXPECT_EQ(Bytes(file), before);
     EXPECT_EQ(FilesInFolder(), 1U);
     EXPECT_EQ(Read(store, "a"), "1");
-    EXPECT_EQ(WriteCall(store, "a", "2\0"s), RegSuccess);
+    EXPECT_EQ(WriteCall(store, "a", "2\0"s), machine::RegSuccess);
     EXPECT_EQ(Read(store, "a"), "2");
 }
 
@@ -273,7 +273,7 @@ TEST_F(RegFileStoreTest, FolderThatTakesNoFilesRefusesTheWrite) {
     Put(File("\"a\"=\"1\"\r\n"));
     fs::permissions(folder, fs::perms::owner_read | fs::perms::owner_exec);
     RegFileStore store(file);
-    EXPECT_EQ(WriteCall(store, "a", "2\0"s), RegAccessDenied);
+    EXPECT_EQ(WriteCall(store, "a", "2\0"s), machine::RegAccessDenied);
     fs::permissions(folder, fs::perms::owner_all);
     EXPECT_EQ(Bytes(file), File("\"a\"=\"1\"\r\n"));
 }
@@ -285,7 +285,7 @@ TEST_F(RegFileStoreTest, FileMadeReadOnlyStaysAsItIs) {
     Put(File("\"a\"=\"1\"\r\n"));
     fs::permissions(file, fs::perms::owner_read);
     RegFileStore store(file);
-    EXPECT_EQ(WriteCall(store, "a", "2\0"s), RegAccessDenied);
+    EXPECT_EQ(WriteCall(store, "a", "2\0"s), machine::RegAccessDenied);
     EXPECT_EQ(Read(store, "a"), "1");
 }
 

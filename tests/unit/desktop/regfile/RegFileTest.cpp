@@ -1,8 +1,8 @@
-#include "unit/desktop/regfile/RegFileTexts.h"
+#include <string>
 
 #include <gtest/gtest.h>
 
-#include <string>
+#include "unit/desktop/regfile/RegFileTexts.h"
 
 namespace {
 

@@ -1,23 +1,23 @@
 #pragma once
 
-#include "desktop/regfile/RegFile.h"
-
 #include <cstdint>
 #include <optional>
 #include <string>
 
+#include "desktop/regfile/RegFile.h"
+
 /// Registry files with one key, and what stands in them.
 namespace regfiletest {
 
-using platform::RegFile;
-using platform::RegValue;
+using desktop::regfile::RegFile;
+using desktop::regfile::RegValue;
 using namespace std::string_literals;
 
 inline constexpr std::uint32_t ValueText = 1;
 inline const std::string OndorPath = "HKEY_CURRENT_USER\\Software\\Ondor";
 
 inline std::string Utf16(const std::string& utf8) {
-    return "\xFF\xFE" + platform::regfile::ToUtf16(utf8);
+    return "\xFF\xFE" + desktop::regfile::ToUtf16(utf8);
 }
 
 inline std::string Five(const std::string& lines) {

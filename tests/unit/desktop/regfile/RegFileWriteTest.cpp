@@ -1,9 +1,9 @@
-#include "unit/desktop/regfile/RegFileTexts.h"
+#include <random>
+#include <string>
 
 #include <gtest/gtest.h>
 
-#include <random>
-#include <string>
+#include "unit/desktop/regfile/RegFileTexts.h"
 
 namespace {
 

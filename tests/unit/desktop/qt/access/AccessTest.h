@@ -1,10 +1,10 @@
 #pragma once
 
-#include <gmock/gmock.h>
-#include <gtest/gtest.h>
-
 #include <functional>
 #include <string>
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
 
 #include "unit/desktop/qt/Program.h"
 #include "unit/desktop/qt/Window.h"

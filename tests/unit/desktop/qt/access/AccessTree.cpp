@@ -1,13 +1,12 @@
 #include "unit/desktop/qt/access/AccessTree.h"
 
-#include <gtest/gtest.h>
-
 #include <QWidget>
+#include <algorithm>
+
+#include <gtest/gtest.h>
 #include <private/qguiapplication_p.h>
 #include <qpa/qplatformaccessibility.h>
 #include <qpa/qplatformintegration.h>
-
-#include <algorithm>
 
 namespace spoken {
 

@@ -2,7 +2,6 @@
 
 #include <QAccessible>
 #include <QString>
-
 #include <ostream>
 #include <string>
 #include <vector>

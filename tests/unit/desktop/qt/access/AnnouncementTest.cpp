@@ -1,6 +1,5 @@
 // What happens without the focus moving is told to whoever cannot see it.
 #include <QApplication>
-
 #include <algorithm>
 
 #include "unit/desktop/qt/access/AccessTest.h"

@@ -2,14 +2,13 @@
 #include <QApplication>
 #include <QFileDialog>
 #include <QTimer>
-
 #include <algorithm>
-
-#include "desktop/qt/PdfPrinter.h"
-#include "unit/desktop/qt/access/AccessTree.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
+
+#include "desktop/qt/PdfPrinter.h"
+#include "unit/desktop/qt/access/AccessTree.h"
 
 namespace {
 
@@ -26,7 +25,7 @@ void Ask(const std::function<void(QFileDialog&)>& look) {
         look(*dialog);
         dialog->reject();
     });
-    EXPECT_EQ(platform::qt::AskForPdfFile("Namenlijst.pdf"), std::nullopt);
+    EXPECT_EQ(desktop::qt::AskForPdfFile("Namenlijst.pdf"), std::nullopt);
     EXPECT_TRUE(seen);
 }
 

@@ -1,7 +1,6 @@
 // The objects that a screen reader finds: each has a role, a name, and the state of the control behind it.
 #include <QApplication>
 #include <QWidget>
-
 #include <algorithm>
 #include <map>
 

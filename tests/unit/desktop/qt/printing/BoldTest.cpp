@@ -1,28 +1,27 @@
+#include <QPainterPath>
+#include <QRawFont>
+#include <string>
+#include <vector>
+
+#include <gtest/gtest.h>
+
 #include "desktop/qt/BoldFace.h"
 #include "desktop/qt/Fonts.h"
 #include "desktop/qt/GlyphTable.h"
 #include "unit/desktop/qt/printing/Devices.h"
 #include "unit/desktop/qt/printing/PdfReader.h"
 
-#include <QPainterPath>
-#include <QRawFont>
-
-#include <gtest/gtest.h>
-
-#include <string>
-#include <vector>
-
-namespace platform::qt {
+namespace desktop::qt {
 namespace {
 
 constexpr double CreditorSize = 7;
 constexpr int Dots = 1200;
 constexpr double MillimetresPerDot = 25.4 / Dots;
 
-const FontSpec Plain = {"Tahoma", CreditorSize, false};
-const FontSpec Bold = {"Tahoma", CreditorSize, true};
+const machine::FontSpec Plain = {"Tahoma", CreditorSize, false};
+const machine::FontSpec Bold = {"Tahoma", CreditorSize, true};
 
-QRawFont Raw(const FontSpec& font) {
+QRawFont Raw(const machine::FontSpec& font) {
     return QRawFont::fromFont(DesignFont(font));
 }
 
@@ -91,7 +90,7 @@ struct Letter {
     }
 };
 
-std::vector<Letter> Print(const std::vector<std::string>& texts, const FontSpec& font) {
+std::vector<Letter> Print(const std::vector<std::string>& texts, const machine::FontSpec& font) {
     constexpr int columns = 10;
     constexpr double cell = 4; // millimetres
     const auto across = [](std::size_t i) { return static_cast<int>(i) % columns; };
@@ -112,7 +111,7 @@ std::vector<Letter> Print(const std::vector<std::string>& texts, const FontSpec&
     return letters;
 }
 
-double MillimetresWide(const std::string& text, const FontSpec& font) {
+double MillimetresWide(const std::string& text, const machine::FontSpec& font) {
     return GlyphTable(font).Width(text) / 7200 * 25.4;
 }
 
@@ -217,8 +216,8 @@ TEST(BoldFace, HasTheAdvancesNamesAndMetricsOfTheFamilysOwn) {
 
 TEST(BoldFace, LeavesABoldFaceAsItIs) {
     EXPECT_TRUE(MakeBold(Raw(Plain), Raw(Bold)).isEmpty()); // made already
-    const FontSpec plain = {"DejaVu Sans", 9, false};
-    const FontSpec bold = {"DejaVu Sans", 9, true};
+    const machine::FontSpec plain = {"DejaVu Sans", 9, false};
+    const machine::FontSpec bold = {"DejaVu Sans", 9, true};
     EXPECT_TRUE(MakeBold(Raw(plain), Raw(bold)).isEmpty());
 }
 
@@ -229,7 +228,7 @@ TEST(BoldFace, LeavesAFamilyWithoutABoldFaceToTheToolkit) {
 }
 
 TEST(BoldFace, IsSeenInAPreviewToo) {
-    const auto ink = [](const FontSpec& font) {
+    const auto ink = [](const machine::FontSpec& font) {
         PictureFile picture;
         picture.Canvas.DrawText(567, 567, "Stichting Voorbeeld", font);
         picture.Canvas.EndDocument();
@@ -245,4 +244,4 @@ TEST(BoldFace, IsSeenInAPreviewToo) {
 }
 
 } // namespace
-} // namespace platform::qt
+} // namespace desktop::qt

@@ -1,20 +1,19 @@
 // Documents that a printer refuses on their way: part of a batch is worse than none.
+#include <QFile>
+#include <QTemporaryDir>
+#include <functional>
+
+#include <gtest/gtest.h>
+
 #include "base/RuntimeError.h"
 #include "desktop/qt/PdfPrinter.h"
 #include "desktop/qt/QtPrinter.h"
 #include "desktop/qt/QtPrinters.h"
 
-#include <QFile>
-#include <QTemporaryDir>
-
-#include <gtest/gtest.h>
-
-#include <functional>
-
-namespace platform::qt {
+namespace desktop::qt {
 namespace {
 
-const FontSpec Tahoma9 = {"Tahoma", 9, false};
+const machine::FontSpec Tahoma9 = {"Tahoma", 9, false};
 
 /// A queue whose documents go to a file, and what became of them.
 struct Spool {
@@ -25,7 +24,7 @@ struct Spool {
     QString File;
 };
 
-class SpoolJob final : public PrintJob {
+class SpoolJob final : public cups::PrintJob {
   public:
     explicit SpoolJob(Spool& spool) : spool_(spool), file_(spool.File) {
         EXPECT_TRUE(file_.open(QIODevice::WriteOnly | QIODevice::Unbuffered));
@@ -33,7 +32,7 @@ class SpoolJob final : public PrintJob {
     QIODevice* Output() override { return &file_; }
     void Finish() override {
         if (spool_.RefusesEnd) {
-            throw RuntimeError(ErrorPrinter, "Geen antwoord.");
+            throw base::RuntimeError(base::ErrorPrinter, "Geen antwoord.");
         }
         ++spool_.Finished;
     }
@@ -43,7 +42,7 @@ class SpoolJob final : public PrintJob {
     QFile file_;
 };
 
-class SpoolQueue final : public PrintQueue {
+class SpoolQueue final : public cups::PrintQueue {
   public:
     explicit SpoolQueue(Spool& spool) : spool_(spool) {}
     std::string Name() override { return "Laser"; }
@@ -52,22 +51,23 @@ class SpoolQueue final : public PrintQueue {
     std::string Driver() override { return ""; }
     bool Reachable() override { return true; }
     std::uint32_t Status() override { return 0; }
-    const std::vector<Paper>& Papers() override { return papers_; }
-    const std::vector<Bin>& Bins() override { return bins_; }
-    QueueSettings ReadSettings() override { return {}; }
-    void WriteSettings(const QueueSettings&) override {}
-    std::unique_ptr<PrintJob> BeginJob(const std::string&, const Paper&, const Bin*) override {
+    const std::vector<cups::Paper>& Papers() override { return papers_; }
+    const std::vector<cups::Bin>& Bins() override { return bins_; }
+    cups::QueueSettings ReadSettings() override { return {}; }
+    void WriteSettings(const cups::QueueSettings&) override {}
+    std::unique_ptr<cups::PrintJob> BeginJob(const std::string&, const cups::Paper&,
+                                             const cups::Bin*) override {
         ++spool_.Begun;
         if (spool_.RefusesStart) {
-            throw RuntimeError(ErrorPrinter, "Geen antwoord.");
+            throw base::RuntimeError(base::ErrorPrinter, "Geen antwoord.");
         }
         return std::make_unique<SpoolJob>(spool_);
     }
 
   private:
     Spool& spool_;
-    std::vector<Paper> papers_;
-    std::vector<Bin> bins_;
+    std::vector<cups::Paper> papers_;
+    std::vector<cups::Bin> bins_;
 };
 
 class BrokenDocumentTest : public testing::Test {
@@ -78,21 +78,21 @@ class BrokenDocumentTest : public testing::Test {
     int Print(
         int pages, const std::function<void(int page)>& before = [](int) {}) {
         int failed = 0;
-        const auto step = [&](const std::function<void(Canvas&)>& draw) {
+        const auto step = [&](const std::function<void(machine::Canvas&)>& draw) {
             try {
                 draw(printer.Page());
-            } catch (const RuntimeError&) {
+            } catch (const base::RuntimeError&) {
                 ++failed;
             }
         };
         printer.SetDocumentTitle("Proef");
         for (int page = 1; page <= pages; ++page) {
             before(page);
-            step([](Canvas& canvas) { canvas.DrawText(567, 567, "Regel", Tahoma9); });
-            step([](Canvas& canvas) { canvas.DrawLine(0, 0, 567, 567, 0); });
-            step([](Canvas& canvas) { canvas.NewPage(); });
+            step([](machine::Canvas& canvas) { canvas.DrawText(567, 567, "Regel", Tahoma9); });
+            step([](machine::Canvas& canvas) { canvas.DrawLine(0, 0, 567, 567, 0); });
+            step([](machine::Canvas& canvas) { canvas.NewPage(); });
         }
-        step([](Canvas& canvas) { canvas.EndDocument(); });
+        step([](machine::Canvas& canvas) { canvas.EndDocument(); });
         return failed;
     }
     void ExpectGivenUpWholeAndToldOnce(const std::string& text) {
@@ -106,7 +106,7 @@ class BrokenDocumentTest : public testing::Test {
     Spool queue;
     std::vector<std::string> told;
     QtPrinters printers{std::make_unique<PdfPrinter>(AskForPdfFile, folder.filePath("pdf.conf")), [this] {
-                            FoundQueues found;
+                            cups::FoundQueues found;
                             found.Queues.push_back(std::make_unique<SpoolQueue>(queue));
                             found.Default = 0;
                             found.Answered = true;
@@ -150,4 +150,4 @@ TEST_F(BrokenDocumentTest, TheNextOneIsANewOne) {
 }
 
 } // namespace
-} // namespace platform::qt
+} // namespace desktop::qt

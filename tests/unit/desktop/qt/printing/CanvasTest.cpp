@@ -1,21 +1,20 @@
-#include "desktop/qt/Fonts.h"
-#include "unit/desktop/qt/printing/Devices.h"
-#include "unit/desktop/qt/printing/PdfReader.h"
-
 #include <QImage>
-
-#include <gmock/gmock.h>
-#include <gtest/gtest.h>
-
 #include <limits>
 #include <new>
 #include <utility>
 
-namespace platform::qt {
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include "desktop/qt/Fonts.h"
+#include "unit/desktop/qt/printing/Devices.h"
+#include "unit/desktop/qt/printing/PdfReader.h"
+
+namespace desktop::qt {
 namespace {
 
-const FontSpec Tahoma9 = {"Tahoma", 9, false};
-const FontSpec Ocr10 = {"OCR-B", 10, false};
+const machine::FontSpec Tahoma9 = {"Tahoma", 9, false};
+const machine::FontSpec Ocr10 = {"OCR-B", 10, false};
 
 TEST(QtCanvas, PutsATextWhereTheCursorIs) {
     PdfFile pdf;
@@ -61,8 +60,8 @@ TEST(QtCanvas, MeasuresWhatItPrints) {
     const std::vector<std::string> texts = {"AVAVATATo.Yo",        "fiflffi",
                                             "NL13ABNA0500000018+", "Wilhelmina-straat",
                                             "7100000012010326+",   "\xC3\x89\xC3\xA9n\xC3\xAB\xE2\x82\xAC"};
-    for (const FontSpec& font :
-         {Tahoma9, Ocr10, FontSpec{"Tahoma", 6, true}, FontSpec{"Tahoma", 8.25, false}}) {
+    for (const machine::FontSpec& font :
+         {Tahoma9, Ocr10, machine::FontSpec{"Tahoma", 6, true}, machine::FontSpec{"Tahoma", 8.25, false}}) {
         PdfFile pdf;
         std::vector<double> widths;
         double y = 0;
@@ -98,7 +97,7 @@ TEST(QtCanvas, GivesOcrBItsPitchOfATenthOfAnInch) {
 TEST(QtCanvas, StandsATextWithTheTopOfItsLineAtTheCursor) {
     constexpr int dots = 1200;
     PdfFile pdf;
-    const FontSpec font = {"Tahoma", 12, false};
+    const machine::FontSpec font = {"Tahoma", 12, false};
     pdf.Canvas.DrawText(20 * TwipsPerMillimetre, 30 * TwipsPerMillimetre, "H", font);
     const pdf::Box ink = pdf::Ink(pdf::Corner(pdf.Finish(), 1, dots, 45), dots);
     const GlyphTable table(font);
@@ -125,8 +124,8 @@ TEST(QtCanvas, EmbedsEveryFontAndKeepsTheTextReadable) {
     }
     PdfFile pdf;
     pdf.Canvas.DrawText(100, 100, latin, Tahoma9);
-    pdf.Canvas.DrawText(100, 600, latin, FontSpec{"Tahoma", 6, true});
-    pdf.Canvas.DrawText(100, 1200, latin, FontSpec{"OCR-B", 8, false});
+    pdf.Canvas.DrawText(100, 600, latin, machine::FontSpec{"Tahoma", 6, true});
+    pdf.Canvas.DrawText(100, 1200, latin, machine::FontSpec{"OCR-B", 8, false});
     const QString file = pdf.Finish();
     EXPECT_EQ(pdf::Text(file), latin + "\n" + latin + "\n" + latin + "\n\f");
     const std::vector<pdf::Font> fonts = pdf::Fonts(file);
@@ -140,8 +139,8 @@ TEST(QtCanvas, PrintsABlankAsABlank) {
     PdfFile pdf;
     std::string expected;
     double y = 0;
-    for (const FontSpec& font :
-         {Tahoma9, Ocr10, FontSpec{"Tahoma", 7, true}, FontSpec{"DejaVu Sans", 8, false}}) {
+    for (const machine::FontSpec& font :
+         {Tahoma9, Ocr10, machine::FontSpec{"Tahoma", 7, true}, machine::FontSpec{"DejaVu Sans", 8, false}}) {
         pdf.Canvas.DrawText(567, y += 600, "een  twee d", font);
         expected += "een  twee d\n";
     }
@@ -176,7 +175,7 @@ TEST(QtCanvas, KeepsTheOrderOfTextsOfSeveralFontsAndOfLines) {
     PdfFile pdf;
     std::string expected;
     for (int i = 0; i < 12; ++i) {
-        const FontSpec& font = i % 4 < 2 ? Tahoma9 : Ocr10;
+        const machine::FontSpec& font = i % 4 < 2 ? Tahoma9 : Ocr10;
         pdf.Canvas.DrawText(567, 600 + i * 300, "tekst" + std::to_string(i), font);
         expected += "tekst" + std::to_string(i) + "\n";
         if (i % 5 == 0) {
@@ -242,7 +241,7 @@ TEST(QtCanvas, DrawsNothingForAnEmptyText) {
 }
 
 TEST(QtCanvas, PrintsAMissingFontAsItMeasuresIt) {
-    const FontSpec missing = {"Nergens te vinden", 10, false};
+    const machine::FontSpec missing = {"Nergens te vinden", 10, false};
     PdfFile pdf;
     const double width = pdf.Canvas.MeasureText("Voorbeeldtekst", missing).Width / TwipsPerMillimetre;
     EXPECT_GT(width, 0);
@@ -295,7 +294,7 @@ TEST(QtCanvas, SurvivesHostileTextsSizesAndPlaces) {
     for (const double size : {9.0, 0.0, -1.0, 1e-6, 1e6, infinite, noNumber}) {
         for (const std::string& text : texts) {
             PdfFile pdf;
-            const FontSpec font = {"Tahoma", size, size > 100};
+            const machine::FontSpec font = {"Tahoma", size, size > 100};
             pdf.Canvas.MeasureText(text, font);
             pdf.Canvas.DrawText(567, 567, text, font);
             for (const double place : {1e7, -1e7, 1e300, infinite, noNumber}) {
@@ -312,10 +311,11 @@ TEST(QtCanvas, SurvivesHostileTextsSizesAndPlaces) {
 TEST(QtCanvas, HoldsMoreFontsThanItKeeps) {
     PdfFile pdf;
     for (int i = 0; i < 150; ++i) {
-        pdf.Canvas.MeasureText("x", FontSpec{"Font " + std::to_string(i % 100), 1 + i * 0.01, i % 2 == 0});
+        pdf.Canvas.MeasureText(
+            "x", machine::FontSpec{"Font " + std::to_string(i % 100), 1 + i * 0.01, i % 2 == 0});
     }
     EXPECT_GT(pdf.Canvas.MeasureText("x", Tahoma9).Width, 0);
 }
 
 } // namespace
-} // namespace platform::qt
+} // namespace desktop::qt

@@ -1,17 +1,16 @@
 #pragma once
 
-#include "desktop/qt/PageDevice.h"
-#include "desktop/qt/PdfDocument.h"
-#include "desktop/qt/QtCanvas.h"
-
 #include <QFile>
 #include <QImage>
 #include <QPainter>
 #include <QTemporaryDir>
-
 #include <memory>
 
-namespace platform::qt {
+#include "desktop/qt/PageDevice.h"
+#include "desktop/qt/PdfDocument.h"
+#include "desktop/qt/QtCanvas.h"
+
+namespace desktop::qt {
 
 inline constexpr double TwipsPerMillimetre = 1440 / 25.4;
 inline constexpr Sheet A4{210 * TwipsPerMillimetre, 297 * TwipsPerMillimetre, 0, 0};
@@ -74,4 +73,4 @@ class PictureFile : public PageDevice {
     QPainter painter_;
 };
 
-} // namespace platform::qt
+} // namespace desktop::qt

@@ -1,15 +1,15 @@
 #include "desktop/qt/Fonts.h"
-#include "desktop/qt/GlyphTable.h"
 
 #include <QFontInfo>
 #include <QRawFont>
 #include <QtEndian>
+#include <limits>
 
 #include <gtest/gtest.h>
 
-#include <limits>
+#include "desktop/qt/GlyphTable.h"
 
-namespace platform::qt {
+namespace desktop::qt {
 namespace {
 
 TEST(ResolveFamily, FindsAFamilyThatDiffersInBlanksHyphensAndCaseAlone) {
@@ -98,4 +98,4 @@ TEST(GlyphTable, StaysInBoundsWithEveryCodePoint) {
 }
 
 } // namespace
-} // namespace platform::qt
+} // namespace desktop::qt

@@ -1,9 +1,4 @@
 #include "desktop/qt/PdfPrinter.h"
-#include "base/RuntimeError.h"
-#include "desktop/cups/PaperTable.h"
-#include "desktop/qt/QtPrinter.h"
-#include "desktop/qt/QtPrinters.h"
-#include "unit/desktop/qt/printing/PdfReader.h"
 
 #include <QApplication>
 #include <QDir>
@@ -14,18 +9,23 @@
 #include <QPushButton>
 #include <QTemporaryDir>
 #include <QTimer>
-
-#include <gtest/gtest.h>
-
 #include <csignal>
 #include <functional>
+
+#include <gtest/gtest.h>
 #include <sys/resource.h>
 
-namespace platform::qt {
+#include "base/RuntimeError.h"
+#include "desktop/cups/PaperTable.h"
+#include "desktop/qt/QtPrinter.h"
+#include "desktop/qt/QtPrinters.h"
+#include "unit/desktop/qt/printing/PdfReader.h"
+
+namespace desktop::qt {
 namespace {
 
-const FontSpec Tahoma9 = {"Tahoma", 9, false};
-constexpr std::int16_t PaperForm = FirstPrivateId;
+const machine::FontSpec Tahoma9 = {"Tahoma", 9, false};
+constexpr std::int16_t PaperForm = cups::FirstPrivateId;
 
 /// The PDF printer alone, in a folder of its own, with a user who gives the answers of `Answers` in turn.
 class PdfPrinterTest : public testing::Test {
@@ -52,7 +52,7 @@ class PdfPrinterTest : public testing::Test {
     QString Path = Folder.filePath("uit.pdf");
     std::vector<QString> Proposed;
     std::vector<std::string> Told;
-    QtPrinters Printers{NewPdfPrinter(), [] { return FoundQueues{}; }};
+    QtPrinters Printers{NewPdfPrinter(), [] { return cups::FoundQueues{}; }};
     QtPrinter Printer{Printers, [this](const std::string& text) { Told.push_back(text); }};
 };
 
@@ -62,12 +62,12 @@ TEST_F(PdfPrinterTest, IsTheOnlyPrinterWhereThereIsNoServer) {
     EXPECT_EQ(Printers.Item(0).Port, "PDF");
     EXPECT_EQ(Printer.DeviceName(), "PDF-bestand");
     EXPECT_EQ(Printer.Port(), "PDF");
-    EXPECT_THROW(Printers.Item(1), RuntimeError);
-    EXPECT_THROW(Printers.Item(-1), RuntimeError);
+    EXPECT_THROW(Printers.Item(1), base::RuntimeError);
+    EXPECT_THROW(Printers.Item(-1), base::RuntimeError);
 }
 
 TEST_F(PdfPrinterTest, HasTheWholeSheetAsItsPrintableArea) {
-    Printer.SetPaperSize(PaperA4);
+    Printer.SetPaperSize(cups::PaperA4);
     EXPECT_EQ(Printer.Orientation(), 1);
     EXPECT_NEAR(Printer.Width(), 11906, 0.5);
     EXPECT_NEAR(Printer.Height(), 16838, 0.5);
@@ -75,10 +75,10 @@ TEST_F(PdfPrinterTest, HasTheWholeSheetAsItsPrintableArea) {
     EXPECT_EQ(Printer.ScaleTop(), 0);
     EXPECT_EQ(Printer.ScaleWidth(), Printer.Width());
     EXPECT_EQ(Printer.ScaleHeight(), Printer.Height());
-    EXPECT_EQ(Printer.GetDeviceCaps(CapsPhysicalOffsetX), 0);
-    EXPECT_EQ(Printer.GetDeviceCaps(CapsPhysicalOffsetY), 0);
-    EXPECT_EQ(Printer.GetDeviceCaps(CapsLogPixelsX), 600);
-    EXPECT_EQ(Printer.GetDeviceCaps(CapsLogPixelsY), 600);
+    EXPECT_EQ(Printer.GetDeviceCaps(machine::CapsPhysicalOffsetX), 0);
+    EXPECT_EQ(Printer.GetDeviceCaps(machine::CapsPhysicalOffsetY), 0);
+    EXPECT_EQ(Printer.GetDeviceCaps(machine::CapsLogPixelsX), 600);
+    EXPECT_EQ(Printer.GetDeviceCaps(machine::CapsLogPixelsY), 600);
 }
 
 TEST_F(PdfPrinterTest, StartsOnTheSheetOfThreeForms) {
@@ -91,7 +91,7 @@ TEST_F(PdfPrinterTest, StartsOnTheSheetOfThreeForms) {
 }
 
 TEST_F(PdfPrinterTest, TurnsItsMeasuresWithTheSheet) {
-    Printer.SetPaperSize(PaperA4);
+    Printer.SetPaperSize(cups::PaperA4);
     Printer.SetOrientation(2);
     EXPECT_NEAR(Printer.ScaleWidth(), 16838, 0.5);
     EXPECT_NEAR(Printer.ScaleHeight(), 11906, 0.5);
@@ -101,16 +101,16 @@ TEST_F(PdfPrinterTest, RefusesWhatItDoesNotHave) {
     const auto numberOf = [](auto step) {
         try {
             step();
-        } catch (const RuntimeError& error) {
+        } catch (const base::RuntimeError& error) {
             return error.Number();
         }
         return 0;
     };
-    EXPECT_EQ(numberOf([this] { Printer.SetPaperSize(8); }), ErrorInvalidPropertyValue);
-    EXPECT_EQ(numberOf([this] { Printer.SetPaperBin(1); }), ErrorInvalidPropertyValue);
-    EXPECT_EQ(numberOf([this] { Printer.SetOrientation(0); }), ErrorInvalidPropertyValue);
-    EXPECT_EQ(numberOf([this] { Printer.SetOrientation(3); }), ErrorInvalidPropertyValue);
-    EXPECT_EQ(numberOf([this] { Printer.Assign(1); }), ErrorSubscriptOutOfRange);
+    EXPECT_EQ(numberOf([this] { Printer.SetPaperSize(8); }), base::ErrorInvalidPropertyValue);
+    EXPECT_EQ(numberOf([this] { Printer.SetPaperBin(1); }), base::ErrorInvalidPropertyValue);
+    EXPECT_EQ(numberOf([this] { Printer.SetOrientation(0); }), base::ErrorInvalidPropertyValue);
+    EXPECT_EQ(numberOf([this] { Printer.SetOrientation(3); }), base::ErrorInvalidPropertyValue);
+    EXPECT_EQ(numberOf([this] { Printer.Assign(1); }), base::ErrorSubscriptOutOfRange);
     EXPECT_EQ(Printer.PaperSize(), PaperForm);
 }
 
@@ -121,9 +121,9 @@ TEST_F(PdfPrinterTest, WritesTheDocumentWithItsTitleOnTheChosenPaper) {
         const char* PageSize;
     };
     for (const Case& each :
-         {Case{PaperA4, 1, "595 x 842 pts (A4)"}, Case{PaperA4, 2, "842 x 595 pts (A4)"},
-          Case{PaperA5, 1, "420 x 595 pts"}, Case{PaperLetter, 1, "612 x 792 pts (letter)"},
-          Case{PaperLegal, 2, "1008 x 612 pts"}}) {
+         {Case{cups::PaperA4, 1, "595 x 842 pts (A4)"}, Case{cups::PaperA4, 2, "842 x 595 pts (A4)"},
+          Case{cups::PaperA5, 1, "420 x 595 pts"}, Case{cups::PaperLetter, 1, "612 x 792 pts (letter)"},
+          Case{cups::PaperLegal, 2, "1008 x 612 pts"}}) {
         Printer.Assign(0);
         Printer.SetPaperSize(each.Paper);
         Printer.SetOrientation(each.Orientation);
@@ -175,7 +175,7 @@ TEST_F(PdfPrinterTest, LeavesACancelledDocumentAloneToItsEndAndAsksForTheNext) {
 
 TEST_F(PdfPrinterTest, TellsOnceThatAFileCannotBeWritten) {
     Path = Folder.filePath("no/such/folder/uit.pdf");
-    EXPECT_THROW(Printer.Page().DrawText(0, 0, "x", Tahoma9), RuntimeError);
+    EXPECT_THROW(Printer.Page().DrawText(0, 0, "x", Tahoma9), base::RuntimeError);
     Printer.Page().DrawText(0, 0, "x", Tahoma9);
     Printer.Page().NewPage();
     Printer.Page().EndDocument();
@@ -212,7 +212,7 @@ TEST_F(PdfPrinterTest, LeavesTheOldFileWhereTheDiskIsFull) {
             Printer.Page().DrawText(0, 0, "Een pagina vol", Tahoma9);
             Printer.Page().NewPage();
         }
-        EXPECT_THROW(Printer.Page().EndDocument(), RuntimeError);
+        EXPECT_THROW(Printer.Page().EndDocument(), base::RuntimeError);
     }
     ASSERT_EQ(Told.size(), 1U);
     ASSERT_TRUE(old.open(QIODevice::ReadOnly));
@@ -232,7 +232,7 @@ TEST_F(PdfPrinterTest, HandsOverNoDocumentThatIsCutOff) {
         Told.clear();
         {
             const FileLimit limit(static_cast<rlim_t>(room));
-            EXPECT_THROW(PrintOneLine(), RuntimeError) << room;
+            EXPECT_THROW(PrintOneLine(), base::RuntimeError) << room;
         }
         EXPECT_EQ(Told.size(), 1U) << room;
         ASSERT_TRUE(old.open(QIODevice::ReadOnly));
@@ -247,7 +247,7 @@ TEST_F(PdfPrinterTest, LeavesAFileThatAppearsMeanwhile) {
     ASSERT_TRUE(other.open(QIODevice::WriteOnly));
     other.write("van een ander");
     other.close();
-    EXPECT_THROW(Printer.Page().EndDocument(), RuntimeError);
+    EXPECT_THROW(Printer.Page().EndDocument(), base::RuntimeError);
     EXPECT_EQ(Told.size(), 1U);
     ASSERT_TRUE(other.open(QIODevice::ReadOnly));
     EXPECT_TRUE(other.readAll() == "van een ander");
@@ -292,7 +292,7 @@ TEST_F(PdfPrinterTest, ANewTitleBeginsANewDocumentThoughTheOldOneWasNeverEnded) 
 
 TEST_F(PdfPrinterTest, AssigningTakesStoredDefaultsAndTheOwnFontAfresh) {
     Printer.SetOrientation(2);
-    Printer.SetPaperSize(PaperA5);
+    Printer.SetPaperSize(cups::PaperA5);
     Printer.Drawing.Font = Tahoma9;
     Printer.Drawing.CurrentX = 7;
     Printer.Assign(0);
@@ -300,10 +300,10 @@ TEST_F(PdfPrinterTest, AssigningTakesStoredDefaultsAndTheOwnFontAfresh) {
     EXPECT_EQ(Printer.PaperSize(), PaperForm);
     EXPECT_EQ(Printer.Drawing.CurrentX, 0);
     EXPECT_EQ(Printer.Drawing.Font.Size, 8);
-    Printers.Queue(0).WriteSettings({Landscape, PaperLegal, BinAutomatic, 1});
+    Printers.Queue(0).WriteSettings({cups::Landscape, cups::PaperLegal, cups::BinAutomatic, 1});
     Printer.Assign(0);
     EXPECT_EQ(Printer.Orientation(), 2);
-    EXPECT_EQ(Printer.PaperSize(), PaperLegal);
+    EXPECT_EQ(Printer.PaperSize(), cups::PaperLegal);
     EXPECT_EQ(Printer.Copies(), 1);
 }
 
@@ -317,14 +317,15 @@ TEST_F(PdfPrinterTest, ReadsDamagedSettingsAsFarAsTheyGo) {
     file.write(QByteArray(100'000, 'x'));
     file.close();
     EXPECT_EQ(PdfPrinter(AskForPdfFile, SettingsFile()).ReadSettings(),
-              (QueueSettings{Portrait, PaperLegal, BinAutomatic, 1}));
+              (cups::QueueSettings{cups::Portrait, cups::PaperLegal, cups::BinAutomatic, 1}));
 }
 
 TEST_F(PdfPrinterTest, KeepsWhatIsSetAsLongAsItLivesAndWritesNoFile) {
     PdfPrinter printer(AskForPdfFile, SettingsFile());
-    const QueueSettings before = printer.ReadSettings();
-    printer.WriteSettings({Landscape, PaperA5, BinAutomatic, 1});
-    EXPECT_EQ(printer.ReadSettings(), (QueueSettings{Landscape, PaperA5, BinAutomatic, 1}));
+    const cups::QueueSettings before = printer.ReadSettings();
+    printer.WriteSettings({cups::Landscape, cups::PaperA5, cups::BinAutomatic, 1});
+    EXPECT_EQ(printer.ReadSettings(),
+              (cups::QueueSettings{cups::Landscape, cups::PaperA5, cups::BinAutomatic, 1}));
     EXPECT_EQ(PdfPrinter(AskForPdfFile, SettingsFile()).ReadSettings(), before);
     printer.WriteSettings(before);
     EXPECT_EQ(printer.ReadSettings(), before);
@@ -339,9 +340,9 @@ TEST_F(PdfPrinterTest, LeavesTheUsersOwnSettingsByteForByte) {
     file.write(Odd);
     file.close();
     PdfPrinter printer(AskForPdfFile, SettingsFile());
-    EXPECT_EQ(printer.ReadSettings().PaperId, PaperLegal);
-    printer.WriteSettings({Portrait, PaperA4, BinAutomatic, 1});
-    EXPECT_EQ(printer.ReadSettings().PaperId, PaperA4);
+    EXPECT_EQ(printer.ReadSettings().PaperId, cups::PaperLegal);
+    printer.WriteSettings({cups::Portrait, cups::PaperA4, cups::BinAutomatic, 1});
+    EXPECT_EQ(printer.ReadSettings().PaperId, cups::PaperA4);
     ASSERT_TRUE(file.open(QIODevice::ReadOnly));
     EXPECT_EQ(file.readAll().toStdString(), Odd);
 }
@@ -349,12 +350,13 @@ TEST_F(PdfPrinterTest, LeavesTheUsersOwnSettingsByteForByte) {
 TEST_F(PdfPrinterTest, FollowsTheFileWhereNothingWasSet) {
     QDir().mkpath(QFileInfo(SettingsFile()).absolutePath());
     PdfPrinter printer(AskForPdfFile, SettingsFile());
-    printer.WriteSettings({Landscape, PaperForm, BinAutomatic, 1});
+    printer.WriteSettings({cups::Landscape, PaperForm, cups::BinAutomatic, 1});
     QFile file(SettingsFile());
     ASSERT_TRUE(file.open(QIODevice::WriteOnly));
     file.write("Dest PDF-bestand paper=5\n");
     file.close();
-    EXPECT_EQ(printer.ReadSettings(), (QueueSettings{Landscape, PaperLegal, BinAutomatic, 1}));
+    EXPECT_EQ(printer.ReadSettings(),
+              (cups::QueueSettings{cups::Landscape, cups::PaperLegal, cups::BinAutomatic, 1}));
 }
 
 TEST_F(PdfPrinterTest, TellsThatItsSettingsCannotBeRead) {
@@ -362,8 +364,8 @@ TEST_F(PdfPrinterTest, TellsThatItsSettingsCannotBeRead) {
     EXPECT_EQ(printer.Trouble(), "");
     QDir().mkpath(SettingsFile());
     EXPECT_EQ(printer.Trouble(), "pdf.conf is niet te lezen");
-    printer.WriteSettings({Landscape, PaperA5, BinAutomatic, 1});
-    EXPECT_EQ(printer.ReadSettings().PaperId, PaperA5);
+    printer.WriteSettings({cups::Landscape, cups::PaperA5, cups::BinAutomatic, 1});
+    EXPECT_EQ(printer.ReadSettings().PaperId, cups::PaperA5);
 }
 
 TEST(FileNameForTitle, IsAPlainFileName) {
@@ -442,4 +444,4 @@ TEST(AskForPdfFile, HasTheUserConfirmToReplaceAFile) {
 }
 
 } // namespace
-} // namespace platform::qt
+} // namespace desktop::qt

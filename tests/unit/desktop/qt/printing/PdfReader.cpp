@@ -4,10 +4,9 @@
 #include <QProcess>
 #include <QRegularExpression>
 #include <QTemporaryDir>
+#include <algorithm>
 
 #include <gtest/gtest.h>
-
-#include <algorithm>
 
 namespace pdf {
 

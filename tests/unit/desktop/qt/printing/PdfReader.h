@@ -3,7 +3,6 @@
 #include <QImage>
 #include <QString>
 #include <QStringList>
-
 #include <optional>
 #include <string>
 #include <vector>

@@ -1,8 +1,8 @@
-#include "unit/desktop/cups/PrintServer.h"
-
 #include <QApplication>
 
 #include <gtest/gtest.h>
+
+#include "unit/desktop/cups/PrintServer.h"
 
 int main(int argc, char** argv) {
     PrintServer::PrepareEnvironment();
