@@ -10,6 +10,7 @@ import pathlib
 import pwd
 import shutil
 import signal
+import socket
 import subprocess
 import tempfile
 import time
@@ -154,7 +155,7 @@ class PrintServer:
             env={**os.environ, "PATH": self._path()}, stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL,
             preexec_fn=end_with_parent)
         try:
-            self._wait_for(self.folder / "cups.sock")
+            self._wait_until_it_listens()
             for queue in queues:
                 self.lpadmin("-p", queue, "-E", "-v", "save:/dev/null", "-P", self.folder / "queue.ppd",
                              "-D", f"Printer {queue}")
@@ -188,9 +189,15 @@ class PrintServer:
         return {"CUPS_SERVER": str(self.folder / "cups.sock")}
 
     def lpadmin(self, *arguments):
-        """An administrator's command."""
-        subprocess.run(["lpadmin", *map(str, arguments)], env={**os.environ, "PATH": self._path(), **self.settings},
-                       check=True, capture_output=True)
+        """An administrator's command. A server on a busy machine may drop a connection: it is asked again."""
+        for wait in (0.1, 0.5, None):
+            done = subprocess.run(["lpadmin", *map(str, arguments)], stdout=subprocess.DEVNULL, stderr=subprocess.PIPE,
+                                  text=True, env={**os.environ, "PATH": self._path(), **self.settings})
+            if not done.returncode:
+                return
+            if wait is None:
+                raise RuntimeError(f"lpadmin {' '.join(map(str, arguments))}: {done.stderr.strip()}")
+            time.sleep(wait)
 
     def next_job(self):
         """The oldest job that has not been asked for yet, once it has come out of its queue whole."""
@@ -213,13 +220,25 @@ class PrintServer:
     def _write(self, name, text):
         (self.folder / name).write_text(text.replace("@", str(self.folder)), encoding="utf-8")
 
-    @staticmethod
-    def _wait_for(path):
+    def _wait_until_it_listens(self):
+        """The socket's name is there before the server listens on it, and before it answers."""
         end = time.monotonic() + PATIENCE
-        while not path.exists():
+        while not self._answers():
+            if self._server.poll() is not None:
+                raise RuntimeError(f"the print server ended with {self._server.returncode}")
             if time.monotonic() > end:
-                raise TimeoutError(f"{path.name} has not come")
+                raise TimeoutError("the print server does not listen")
             time.sleep(0.005)
+
+    def _answers(self):
+        with socket.socket(socket.AF_UNIX) as client:
+            client.settimeout(PATIENCE)
+            try:
+                client.connect(str(self.folder / "cups.sock"))
+                client.sendall(b"OPTIONS / HTTP/1.1\r\nHost: localhost\r\nConnection: close\r\n\r\n")
+                return client.recv(16).startswith(b"HTTP/")
+            except OSError:
+                return False
 
     @staticmethod
     def _path():
