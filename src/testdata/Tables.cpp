@@ -18,8 +18,8 @@ constexpr std::string_view TextOf(const char (&literal)[size]) {
     return {literal, size - 1};
 }
 
-constexpr TextTable accounts(TextOf(AccountRows), 38, 25000);
-constexpr TextTable persons(TextOf(PersonRows), 148, 250);
+constexpr TextTable Accounts(TextOf(AccountRows), 38, 25000);
+constexpr TextTable Persons(TextOf(PersonRows), 148, 250);
 static_assert(sizeof AccountRows == 22654 * 38 + 1);
 static_assert(sizeof PersonRows == 250 * 148 + 1);
 
@@ -37,11 +37,11 @@ std::string_view TextTable::operator[](std::int32_t index) const {
 }
 
 const TextTable& AccountTable() {
-    return accounts;
+    return Accounts;
 }
 
 const TextTable& PersonTable() {
-    return persons;
+    return Persons;
 }
 
 } // namespace testdata

@@ -9,7 +9,6 @@ namespace {
 constexpr double CharWidthPerPoint = 10;
 constexpr double BoldCharWidthPerPoint = 11;
 constexpr double LineHeightPerPoint = 24;
-constexpr const char* PrinterError = "Printer error";
 } // namespace
 
 machine::TextSize MemoryCanvas::MeasureText(std::string_view text, const machine::FontSpec& font) {

@@ -9,7 +9,6 @@ constexpr double OwnFontSize = 12;
 constexpr double TwipsPerInch = 1440;
 constexpr std::int16_t Portrait = 1;
 constexpr std::int16_t Landscape = 2;
-constexpr const char* PrinterError = "Printer error";
 } // namespace
 
 PrintQueue& MemoryPrinter::Current() {

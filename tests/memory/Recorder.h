@@ -10,6 +10,9 @@
 
 namespace memory {
 
+/// What a printer that fails says.
+inline constexpr const char* PrinterError = "Printer error";
+
 /// What all parts of the memory platform share: where events go, and which calls are to fail.
 class Recorder {
   public:

@@ -16,7 +16,7 @@
 namespace generate {
 namespace {
 
-constexpr std::uint64_t Start = 20260301;
+constexpr std::uint64_t AccountSeed = 20260301;
 
 // Bank numbers have 9 figures; a band is their first two.
 struct Band {
@@ -210,7 +210,7 @@ std::string Row(const Account& account) {
 } // namespace
 
 std::vector<std::string> AccountRows() {
-    Chance chance(Start);
+    Chance chance(AccountSeed);
     std::set<int> used = {TestNumber};
     const int first = DrawBankNumber(FirstRowBand, chance);
     used.insert(first);

@@ -12,7 +12,7 @@
 namespace generate {
 namespace {
 
-constexpr std::uint64_t Start = 20260302;
+constexpr std::uint64_t PersonSeed = 20260302;
 
 constexpr std::size_t RowCount = 250;
 constexpr std::size_t NameColumn = 80;
@@ -172,7 +172,7 @@ std::string Filled(std::string text, std::size_t width) {
 } // namespace
 
 std::vector<std::string> PersonRows() {
-    Chance chance(Start);
+    Chance chance(PersonSeed);
     const std::vector<std::string> names = DrawNames(chance);
     const std::vector<Street> addresses = DrawAddresses(chance);
 

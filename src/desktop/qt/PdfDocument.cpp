@@ -17,7 +17,6 @@ namespace desktop::qt {
 namespace {
 
 constexpr int UnitsPerInch = 7200;
-constexpr double UnitsPerTwip = 5;
 constexpr double TwipsPerPoint = 20;
 
 /// Glyphs that are kept back before they go into the file.

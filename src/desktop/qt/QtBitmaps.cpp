@@ -15,7 +15,6 @@ namespace desktop::qt {
 
 namespace {
 
-constexpr double UnitsPerTwip = 5; // 7200 and 1440 to the inch
 
 double DotsOf(double twips, double density) {
     return std::ceil(twips * DotsPerTwip() * density);

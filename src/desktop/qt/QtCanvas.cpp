@@ -14,7 +14,6 @@ namespace desktop::qt {
 
 namespace {
 
-constexpr double UnitsPerTwip = 5; // 7200 and 1440 to the inch
 
 /// Fonts that are kept ready. A document uses about ten.
 constexpr std::size_t MostTables = 64;

@@ -5,12 +5,12 @@
 #include <vector>
 
 #include "base/Text.h"
+#include "machine/Registry.h"
 #include "machine/RegistryKeys.h"
 
 namespace desktop::regfile {
 namespace {
 
-constexpr std::uint32_t TypeText = 1;
 constexpr std::uint32_t TypeExpandable = 2;
 constexpr std::uint32_t TypeSeveralTexts = 7;
 
@@ -31,7 +31,7 @@ std::string Quoted(std::string_view text) {
 } // namespace
 
 bool IsTextType(std::uint32_t type) {
-    return type == TypeText || type == TypeExpandable || type == TypeSeveralTexts;
+    return type == machine::RegSz || type == TypeExpandable || type == TypeSeveralTexts;
 }
 
 RegFile::RegFile(std::string bytes, std::string_view branch) : bytes_(std::move(bytes)), encoding_(bytes_) {
@@ -203,7 +203,7 @@ std::optional<RegValue> RegFile::Find(std::string_view path, std::string_view na
 /// A plain text goes between quotes; what a line of text cannot hold goes out byte by byte.
 std::string RegFile::Notation(const RegValue& value) const {
     const std::string_view data = value.data;
-    if (value.type == TypeText && data.ends_with('\0') && !HasControls(data.substr(0, data.size() - 1))) {
+    if (value.type == machine::RegSz && data.ends_with('\0') && !HasControls(data.substr(0, data.size() - 1))) {
         return Quoted(data.substr(0, data.size() - 1));
     }
     const std::string bytes = IsTextType(value.type) ? encoding_.EncodeHex(data) : value.data;

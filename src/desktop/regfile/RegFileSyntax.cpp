@@ -4,6 +4,8 @@
 #include <array>
 #include <charconv>
 
+#include "machine/Registry.h"
+
 namespace desktop::regfile {
 namespace {
 
@@ -11,7 +13,6 @@ constexpr std::size_t MaximumPath = 32767;                 // characters, as Win
 constexpr std::size_t MaximumNameInFile = 2 * MaximumName; // each character may be escaped
 
 constexpr std::size_t HexBytesOnALine = 20;
-constexpr std::uint32_t TypeText = 1;
 constexpr std::uint32_t TypeBinary = 3;
 constexpr std::uint32_t TypeNumber = 4;
 
@@ -148,7 +149,7 @@ bool ReadData(std::string_view text, std::size_t at, Entry& entry) {
             return false;
         }
         entry.notation = Notation::Quoted;
-        entry.type = TypeText;
+        entry.type = machine::RegSz;
         entry.data.end = quote + 1;
     } else if (StartsWith(text, at, "-")) {
         entry.notation = Notation::Deleted;

@@ -4,14 +4,14 @@
 #include <cmath>
 
 #include "desktop/windows/DpiFunctions.h"
+#include "desktop/windows/GdiFont.h"
 #include "desktop/windows/WideText.h"
 
 namespace desktop::windows {
 
 namespace {
 
-constexpr double PointsPerInch = 72;
-constexpr double LargestSize = 600; // points
+constexpr double LargestControlSize = 600; // points
 
 } // namespace
 
@@ -29,7 +29,7 @@ HFONT Fonts::Get(const forms::ControlFont& font, const Scale& scale) {
         wanted.lfCharSet = DEFAULT_CHARSET;
     }
     if (font.Size > 0) {
-        const double points = std::min(font.Size, LargestSize) * scale.Growth();
+        const double points = std::min(font.Size, LargestControlSize) * scale.Growth();
         wanted.lfHeight = -static_cast<LONG>(std::lround(points * scale.Dpi() / PointsPerInch));
     }
     if (font.Bold) {

@@ -15,7 +15,6 @@ namespace {
 constexpr double LargestSize = 600;
 constexpr double SmallestSize = 0.01;
 constexpr double TwipsPerPoint = 20;
-constexpr double PointsPerInch = 72;
 
 /// Units of the em in most TrueType fonts, and for one that does not tell.
 constexpr int UsualUnits = 2048;

@@ -18,7 +18,7 @@ constexpr machine::RegistryKey FirstRoot = 0x80000000U;
 constexpr machine::RegistryKey LastRoot = 0x800000FFU;
 
 /// The predefined roots are 32-bit numbers that Windows widens with their sign.
-HKEY HandleOf(machine::RegistryKey key) {
+HKEY KeyOf(machine::RegistryKey key) {
     const bool isRoot = key >= FirstRoot && key <= LastRoot;
     const auto wide = isRoot ? static_cast<LONG_PTR>(static_cast<LONG>(key)) : static_cast<LONG_PTR>(key);
     return reinterpret_cast<HKEY>(wide); // NOLINT(performance-no-int-to-ptr): handles travel as numbers
@@ -86,8 +86,8 @@ std::int32_t WinRegistry::RegOpenKeyA(machine::RegistryKey root, const std::stri
                                       machine::RegistryKey& key) {
     HKEY opened = nullptr;
     const LSTATUS status = MachineSpeaks1252()
-                               ? ::RegOpenKeyA(HandleOf(root), path.c_str(), &opened)
-                               : ::RegOpenKeyW(HandleOf(root), WideOf1252(path).c_str(), &opened);
+                               ? ::RegOpenKeyA(KeyOf(root), path.c_str(), &opened)
+                               : ::RegOpenKeyW(KeyOf(root), WideOf1252(path).c_str(), &opened);
     if (status == ERROR_SUCCESS) {
         key = reinterpret_cast<machine::RegistryKey>(opened);
     }
@@ -95,7 +95,7 @@ std::int32_t WinRegistry::RegOpenKeyA(machine::RegistryKey root, const std::stri
 }
 
 std::int32_t WinRegistry::RegCloseKey(machine::RegistryKey key) {
-    return ::RegCloseKey(HandleOf(key));
+    return ::RegCloseKey(KeyOf(key));
 }
 
 std::int32_t WinRegistry::RegQueryValueExA(machine::RegistryKey key, const std::string& name,
@@ -108,14 +108,14 @@ std::int32_t WinRegistry::Query(machine::RegistryKey key, const std::string& nam
     DWORD found = REG_NONE;
     if (MachineSpeaks1252()) {
         DWORD bytes = size;
-        const LSTATUS status = ::RegQueryValueExA(HandleOf(key), name.c_str(), nullptr, &found,
+        const LSTATUS status = ::RegQueryValueExA(KeyOf(key), name.c_str(), nullptr, &found,
                                                   reinterpret_cast<BYTE*>(data), &bytes);
         type = found;
         size = bytes;
         return status;
     }
     std::vector<BYTE> bytes;
-    if (const std::int32_t status = QueryWide(HandleOf(key), WideOf1252(name), found, bytes);
+    if (const std::int32_t status = QueryWide(KeyOf(key), WideOf1252(name), found, bytes);
         status != machine::RegSuccess) {
         return status;
     }
@@ -127,14 +127,14 @@ std::int32_t WinRegistry::Query(machine::RegistryKey key, const std::string& nam
 std::int32_t WinRegistry::RegSetValueExA(machine::RegistryKey key, const std::string& name,
                                          std::uint32_t type, std::string_view bytes) {
     if (MachineSpeaks1252()) {
-        return ::RegSetValueExA(HandleOf(key), name.c_str(), 0, type,
+        return ::RegSetValueExA(KeyOf(key), name.c_str(), 0, type,
                                 reinterpret_cast<const BYTE*>(bytes.data()),
                                 static_cast<DWORD>(bytes.size()));
     }
     const std::wstring wide = IsText(type) ? WideOf1252(bytes) : std::wstring();
     const void* data = IsText(type) ? static_cast<const void*>(wide.data()) : bytes.data();
     const std::size_t size = IsText(type) ? wide.size() * sizeof(wchar_t) : bytes.size();
-    return ::RegSetValueExW(HandleOf(key), WideOf1252(name).c_str(), 0, type, static_cast<const BYTE*>(data),
+    return ::RegSetValueExW(KeyOf(key), WideOf1252(name).c_str(), 0, type, static_cast<const BYTE*>(data),
                             static_cast<DWORD>(size));
 }
 

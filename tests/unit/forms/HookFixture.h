@@ -15,6 +15,8 @@
 
 namespace hook = forms::modMsgHookProc;
 
+inline constexpr std::int32_t Wheel = machine::WM_MOUSEWHEEL;
+
 /// What a window of the tests did with a message: its number and its arguments.
 struct Message {
     std::int32_t uMsg = 0;

@@ -8,7 +8,6 @@ namespace {
 using testing::ElementsAre;
 using testing::IsEmpty;
 
-constexpr std::int32_t Wheel = machine::WM_MOUSEWHEEL;
 
 class MsgHookTableTest : public HookTest {
   protected:

@@ -9,7 +9,6 @@ using testing::IsEmpty;
 
 constexpr std::int32_t Bounds = machine::WM_GETMINMAXINFO;
 constexpr std::int32_t SameBucket = Bounds + 257;
-constexpr std::int32_t Wheel = machine::WM_MOUSEWHEEL;
 
 std::intptr_t WINDOW_CALL OtherProcedure(machine::WindowHandle /*hWnd*/, std::int32_t /*uMsg*/,
                                          std::intptr_t /*wParam*/, std::intptr_t /*lParam*/) {

@@ -15,6 +15,11 @@ namespace desktop::regfile {
 
 inline const std::string SettingsPath = "Software\\Ondor\\Tarvik\\CurrentVersion";
 
+/// A settings file of these lines.
+inline std::string File(const std::string& lines) {
+    return "REGEDIT4\r\n\r\n[HKEY_CURRENT_USER\\" + SettingsPath + "]\r\n" + lines;
+}
+
 /// A settings file in a folder of its own.
 class RegFileStoreTest : public testing::Test {
   protected:

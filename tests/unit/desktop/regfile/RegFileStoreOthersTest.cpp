@@ -25,10 +25,6 @@ using testing::IsEmpty;
 /// A name that the program gives to bytes on their way into the file's place.
 constexpr const char* Leftover = ".settings-abcdefghij0123450123";
 
-std::string File(const std::string& lines) {
-    return "REGEDIT4\r\n\r\n[HKEY_CURRENT_USER\\" + SettingsPath + "]\r\n" + lines;
-}
-
 class RegFileStoreOthersTest : public RegFileStoreTest {
   protected:
     /// The file as another program leaves it that rewrites it in its place.

@@ -18,10 +18,6 @@ using namespace desktop::regfile;
 using namespace std::string_literals;
 namespace fs = std::filesystem;
 
-std::string File(const std::string& lines) {
-    return "REGEDIT4\r\n\r\n[HKEY_CURRENT_USER\\" + SettingsPath + "]\r\n" + lines;
-}
-
 /// No file may grow beyond `bytes` while this lives, so a write fails halfway, as on a full disk.
 class FileSizeLimit {
   public:
