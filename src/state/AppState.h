@@ -5,12 +5,10 @@
 #include <string>
 
 #include "base/Boolean.h"
+#include "base/TextTable.h"
 
 namespace composition {
-class PrintSurface;
-}
-namespace testdata {
-class TextTable;
+class PrintSurface; // the record carries it, and nothing here looks into it
 }
 
 namespace state {
@@ -112,8 +110,8 @@ struct AppState {
     std::int32_t SurfaceTop = 0;
 
     /// Test persons and test accounts: constants of the program.
-    const testdata::TextTable* PersonTable = nullptr;
-    const testdata::TextTable* AccountTable = nullptr;
+    const base::TextTable* PersonTable = nullptr;
+    const base::TextTable* AccountTable = nullptr;
 };
 
 } // namespace state

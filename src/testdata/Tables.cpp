@@ -1,6 +1,6 @@
 #include "testdata/Tables.h"
 
-#include "base/RuntimeError.h"
+#include <string_view>
 
 namespace testdata {
 namespace {
@@ -18,29 +18,18 @@ constexpr std::string_view TextOf(const char (&literal)[size]) {
     return {literal, size - 1};
 }
 
-constexpr TextTable Accounts(TextOf(AccountRows), 38, 25000);
-constexpr TextTable Persons(TextOf(PersonRows), 148, 250);
+constexpr base::TextTable Accounts(TextOf(AccountRows), 38, 25000);
+constexpr base::TextTable Persons(TextOf(PersonRows), 148, 250);
 static_assert(sizeof AccountRows == 22654 * 38 + 1);
 static_assert(sizeof PersonRows == 250 * 148 + 1);
 
 } // namespace
 
-std::string_view TextTable::operator[](std::int32_t index) const {
-    if (index < 0 || index > lastIndex_) {
-        throw base::SubscriptOutOfRange();
-    }
-    if (index >= FilledRows()) {
-        return {};
-    }
-    const auto width = static_cast<std::size_t>(rowWidth_);
-    return rows_.substr(static_cast<std::size_t>(index) * width, width);
-}
-
-const TextTable& AccountTable() {
+const base::TextTable& AccountTable() {
     return Accounts;
 }
 
-const TextTable& PersonTable() {
+const base::TextTable& PersonTable() {
     return Persons;
 }
 

@@ -23,7 +23,7 @@ int DrawNumber(int count, machine::RandomSource& random, const machine::Clock& c
     return static_cast<int>(random.Rnd() * count) + 1;
 }
 
-void TakePerson(DrawState& state, const TextTable& persons, TestDocument& document) {
+void TakePerson(DrawState& state, const base::TextTable& persons, TestDocument& document) {
     if (state.Volgnummer <= persons.LastIndex()) {
         state.personRow = persons[state.Volgnummer];
     }

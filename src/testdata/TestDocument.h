@@ -36,8 +36,8 @@ struct DrawState {
 struct DrawSources {
     machine::RandomSource& random;
     const machine::Clock& clock;
-    const TextTable& persons = PersonTable();
-    const TextTable& accounts = AccountTable();
+    const base::TextTable& persons = PersonTable();
+    const base::TextTable& accounts = AccountTable();
 };
 
 /// Draws the next test document: the persons in table order, account and amount by chance. Every 26th form

@@ -41,8 +41,7 @@ void Dump(World& world, CommandLine& line) {
     if (what != "accounts" && what != "persons") {
         throw ScriptError("no such table: " + what);
     }
-    const testdata::TextTable& table =
-        what == "accounts" ? testdata::AccountTable() : testdata::PersonTable();
+    const base::TextTable& table = what == "accounts" ? testdata::AccountTable() : testdata::PersonTable();
     for (std::int32_t row = 0; row < table.FilledRows(); ++row) {
         world.record.Write(Json{{"row", row}, {"text", table[row]}});
     }

@@ -67,7 +67,7 @@ constexpr Field<AppState> StateFields[] = {
     {"SurfaceTop", &AppState::SurfaceTop},
 };
 
-Json TableValue(const testdata::TextTable* table, const PathPart& part) {
+Json TableValue(const base::TextTable* table, const PathPart& part) {
     if (table == nullptr || !part.HasIndex() || part.Index < 0 || part.Index > table->LastIndex()) {
         throw ScriptError(part.Name + " has no such row");
     }

@@ -72,7 +72,7 @@ TEST_F(NameListTest, CouplesStandBehindOneAnother) {
     };
     const std::string rows =
         row("Dhr. A. Voorbeeld e/o Mevr. B. Proef", "Proefweg 1") + row("Mevr. C. Proef", "Hof e/o Weg 2");
-    const testdata::TextTable persons(rows, 148, 250);
+    const base::TextTable persons(rows, 148, 250);
     state.PersonTable = &persons;
     PrintNameList(state);
     EXPECT_EQ(Texts()[4].text, "001 : Dhr. A. Voorbeeld e/o Mevr. B. Proef");

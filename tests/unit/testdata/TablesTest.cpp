@@ -22,7 +22,7 @@ TEST(Tables, HaveEmptyRowsBehindTheFilledOnes) {
 }
 
 TEST(Tables, RefuseAnIndexOutsideTheirBounds) {
-    const auto errorOf = [](const TextTable& table, std::int32_t index) {
+    const auto errorOf = [](const base::TextTable& table, std::int32_t index) {
         try {
             table[index];
             return 0;
@@ -37,17 +37,6 @@ TEST(Tables, RefuseAnIndexOutsideTheirBounds) {
     for (const std::int32_t index : {-1, 251}) {
         EXPECT_EQ(errorOf(PersonTable(), index), base::ErrorSubscriptOutOfRange) << index;
     }
-}
-
-TEST(TextTable, CutsRowsOfOneWidth) {
-    constexpr TextTable table("abcdef", 3, 4);
-    EXPECT_EQ(table.FilledRows(), 2);
-    EXPECT_EQ(table.LastIndex(), 4);
-    EXPECT_EQ(table[0], "abc");
-    EXPECT_EQ(table[1], "def");
-    EXPECT_EQ(table[2], "");
-    EXPECT_EQ(table[4], "");
-    EXPECT_THROW(table[5], base::RuntimeError);
 }
 
 } // namespace

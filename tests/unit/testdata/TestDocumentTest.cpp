@@ -81,7 +81,7 @@ TEST(DrawTestDocument, KeepsTheRowWhereTheTableEnds) {
     ListedRandom random({0.5});
     const std::string rows =
         std::string(80, 'a') + std::string(68, 'x') + std::string(80, 'b') + std::string(68, 'y');
-    const TextTable persons(rows, 148, 1); // without an empty row behind
+    const base::TextTable persons(rows, 148, 1); // without an empty row behind
     DrawState state;
     TestDocument document;
     for (const char expected : {'a', 'b', 'b', 'b'}) {
@@ -186,7 +186,8 @@ TEST(SplitAccount, ReadsOddRowsOfATableAsFarAsTheyGo) {
     const auto draw = [&](std::string row) {
         const int width = static_cast<int>(row.size());
         const std::string rows = row + row;
-        DrawTestDocument(state, {random, clock, PersonTable(), TextTable(rows, width, 25000)}, document);
+        DrawTestDocument(state, {random, clock, PersonTable(), base::TextTable(rows, width, 25000)},
+                         document);
         return std::string(document.rekening) + '|' + std::string(document.bic);
     };
     // The record's views would outlive these rows, so each is looked at before the next is drawn.
@@ -204,7 +205,7 @@ TEST(SplitAccountDeathTest, StopsTheProgramOnAWrongTable) {
     ListedRandom random({0});
     DrawState state;
     TestDocument document;
-    const TextTable accounts("1,NL13ABNA050000001,ABNANL2A1,NL13ABNA050000001,ABNANL2A", 28, 25000);
+    const base::TextTable accounts("1,NL13ABNA050000001,ABNANL2A1,NL13ABNA050000001,ABNANL2A", 28, 25000);
     EXPECT_DEATH(DrawTestDocument(state, {random, clock, PersonTable(), accounts}, document), "");
 }
 
