@@ -19,7 +19,7 @@ std::string UnhandledErrorText(const base::RuntimeError& error) {
 }
 
 void TellCaught(Desktop& desktop) {
-    desktop.SetMousePointer(PointerDefault); // whatever was under way has broken off
+    desktop.HourglassOff(); // whatever was under way has broken off
     try {
         throw;
     } catch (const base::RuntimeError& error) {

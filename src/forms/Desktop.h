@@ -65,6 +65,9 @@ class Desktop {
     virtual std::int16_t GetKeyState(int virtualKey) = 0;
 
     virtual void SetMousePointer(int pointer) = 0;
+    /// Show the hourglass, and the usual pointer again. They do not nest.
+    void HourglassOn() { SetMousePointer(PointerHourglass); }
+    void HourglassOff() { SetMousePointer(PointerDefault); }
 
     /// Stops the drawing of a window, named by the handle of its control; 0 draws again. Against flicker
     /// only.

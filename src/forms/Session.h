@@ -9,7 +9,7 @@ namespace forms {
 
 class Form;
 
-/// The forms of one running program: which are loaded, which is modal, what the mouse pointer shows.
+/// The forms of one running program: which are loaded, which is modal.
 class Session {
   public:
     explicit Session(forms::Desktop& desktop) : desktop_(desktop) {}
@@ -32,10 +32,6 @@ class Session {
 
     /// Runs a handler. A failure that it does not trap ends it and goes to the desktop.
     void Dispatch(const std::function<void()>& handler);
-
-    /// Show the hourglass, and the usual pointer again. They do not nest.
-    void HourglassOn() { desktop_.SetMousePointer(PointerHourglass); }
-    void HourglassOff() { desktop_.SetMousePointer(PointerDefault); }
 
   private:
     friend class Form;

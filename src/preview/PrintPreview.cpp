@@ -63,7 +63,7 @@ void PrintPreview::Open() {
     surface.SetFont(state_.ListFontName);
     surface.SetFontSize(composition::ListFontPoints);
     state_.LineHeight = base::ToInt32(surface.TextHeight("X"));
-    session_.HourglassOn();
+    platform_.Desktop.HourglassOn();
 }
 
 void PrintPreview::Close() {

@@ -71,7 +71,7 @@ frmPrintPreview::frmPrintPreview(forms::Session& session, machine::Platform& pla
 }
 
 void frmPrintPreview::OnLoad() {
-    GetSession().HourglassOn();
+    Desktop().HourglassOn();
     Msg = std::make_unique<forms::MsgHook>(platform_.WindowProcedures);
     Msg->Before = [this](auto& uMsg, auto& wParam, auto& lParam, auto& retVal) {
         Msg_Before(uMsg, wParam, lParam, retVal);
@@ -105,21 +105,21 @@ void frmPrintPreview::OnLoad() {
     VScroll.SetValue(ScrollStart);
     pictCurrentPage.BringToFront();
     state_.PrintAfterPreview = false;
-    GetSession().HourglassOff();
+    Desktop().HourglassOff();
 }
 
 void frmPrintPreview::OnActivate() {
     for (const auto& [number, line] : ToolbarLine) {
         line->SetForeColor(GripColour);
     }
-    GetSession().HourglassOff();
+    Desktop().HourglassOff();
 }
 
 void frmPrintPreview::OnUnload() {
-    GetSession().HourglassOn();
+    Desktop().HourglassOn();
     ghost_.ClearPages();
     Desktop().Yield();
-    GetSession().HourglassOff();
+    Desktop().HourglassOff();
 }
 
 void frmPrintPreview::SetiTotalPages(std::int16_t Aantal) {
@@ -209,7 +209,7 @@ void frmPrintPreview::ScrollToStart() {
 // Turning pages and leaving
 
 void frmPrintPreview::ToolbarClick(int number) {
-    GetSession().HourglassOn();
+    Desktop().HourglassOn();
     switch (number) {
     case buttonPrint:
         Leave(true);
@@ -232,17 +232,17 @@ void frmPrintPreview::ToolbarClick(int number) {
     default:
         break;
     }
-    GetSession().HourglassOff();
+    Desktop().HourglassOff();
 }
 
 void frmPrintPreview::MenuClick(const std::string& id) {
-    GetSession().HourglassOn();
+    Desktop().HourglassOn();
     if (id == "ID_Afdrukken") {
         Leave(true);
     } else if (id == "ID_Sluiten") {
         Leave(false);
     }
-    GetSession().HourglassOff();
+    Desktop().HourglassOff();
 }
 
 void frmPrintPreview::Leave(bool print) {

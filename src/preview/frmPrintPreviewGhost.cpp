@@ -165,9 +165,9 @@ void frmPrintPreviewGhost::DisplayVorige() {
 }
 
 void frmPrintPreviewGhost::DisplayOnScreen(std::int16_t WhichPage) {
-    GetSession().HourglassOn();
+    Desktop().HourglassOn();
     preview_.pictCurrentPage.SetPage(Holder(WhichPage).Picture);
-    GetSession().HourglassOff();
+    Desktop().HourglassOff();
 }
 
 void frmPrintPreviewGhost::Msg_Before(std::int32_t& uMsg, std::intptr_t& /*wParam*/, std::intptr_t& lParam,

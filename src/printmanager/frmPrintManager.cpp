@@ -75,7 +75,7 @@ void frmPrintManager::ConnectHandlers() {
     lstAfdrukken.OnClick = [this] { lstAfdrukken_Click(); };
     cmdPrint.OnClick = [this] { cmdPrint_Click(); };
     cmdPrintVoorbeeld.OnClick = [this] { cmdPrintVoorbeeld_Click(); };
-    cmdSetup.OnClick = [this] { GetSession().HourglassOff(); };
+    cmdSetup.OnClick = [this] { Desktop().HourglassOff(); };
     cmdAnnuleren.OnClick = [this] { cmdAnnuleren_Click(); };
     cmdDetails.OnClick = [this] { cmdDetails_Click(); };
     UserText(0).OnGotFocus = [this] { UserText_GotFocus(); };
@@ -105,7 +105,7 @@ void frmPrintManager::lstAfdrukken_Click() {
         cmdPrintVoorbeeld.SetEnabled(true);
     }
     cmdSetup.SetEnabled(false);
-    GetSession().HourglassOff();
+    Desktop().HourglassOff();
 }
 
 void frmPrintManager::UserText_GotFocus() {
@@ -186,13 +186,13 @@ void frmPrintManager::cmdPrint_Click() {
     if (!MayStart()) {
         return;
     }
-    GetSession().HourglassOn();
+    Desktop().HourglassOn();
     std::int16_t orientation = state_.PrinterOrientation;
     const ClearAtEnd notBusy(blnBusy);
     const auto giveBack = [&] {
         state_.PrinterOrientation = orientation;
         blnBusy = false;
-        GetSession().HourglassOff();
+        Desktop().HourglassOff();
     };
     try {
         Job job = ChosenJob();
@@ -216,7 +216,7 @@ void frmPrintManager::cmdPrintVoorbeeld_Click() {
     if (!MayStart()) {
         return;
     }
-    GetSession().HourglassOn();
+    Desktop().HourglassOn();
     std::int16_t orientation = 0;
     const ClearAtEnd notBusy(blnBusy);
     Job job = ChosenJob();
@@ -233,7 +233,7 @@ void frmPrintManager::cmdPrintVoorbeeld_Click() {
         }
     });
     state_.PrinterOrientation = orientation;
-    GetSession().HourglassOff();
+    Desktop().HourglassOff();
 }
 
 void frmPrintManager::cmdAnnuleren_Click() {

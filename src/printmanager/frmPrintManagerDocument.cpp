@@ -52,7 +52,7 @@ bool SelectText(forms::ComboBox& combo, const std::string& text) {
 } // namespace
 
 void frmPrintManager::ApplyDocumentSettings(const std::string& title) {
-    GetSession().HourglassOn();
+    Desktop().HourglassOn();
     pictDetails.SetEnabled(false);
 
     const std::string path = state_.SettingsKey + SettingsOfDocuments + KeyOf(title);
@@ -66,7 +66,7 @@ void frmPrintManager::ApplyDocumentSettings(const std::string& title) {
     const std::string matrix = read("Matrix");
     if (printer.empty()) {
         pictDetails.SetEnabled(true);
-        GetSession().HourglassOff();
+        Desktop().HourglassOff();
         return;
     }
     if (orientation.empty() || paper.empty() || bin.empty() || matrix.empty()) {
@@ -86,7 +86,7 @@ void frmPrintManager::ApplyDocumentSettings(const std::string& title) {
     SelectText(cboPrinterSelect(2), bin);
     chkMatrixPrinter.SetValue(matrix == "1");
     pictDetails.SetEnabled(true);
-    GetSession().HourglassOff();
+    Desktop().HourglassOff();
 }
 
 } // namespace printmanager

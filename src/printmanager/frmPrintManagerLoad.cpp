@@ -16,7 +16,7 @@ void frmPrintManager::OnLoad() {
     blnClosing = false;
     blnUserChanged = false;
     blnLoading = true;
-    GetSession().HourglassOn();
+    Desktop().HourglassOn();
     try {
         FillForm();
     } catch (const base::RuntimeError& error) {
@@ -26,7 +26,7 @@ void frmPrintManager::OnLoad() {
         Desktop().UnhandledError(error);
     }
     blnLoading = false;
-    GetSession().HourglassOff();
+    Desktop().HourglassOff();
 }
 
 void frmPrintManager::FillForm() {

@@ -78,7 +78,7 @@ void frmPrintManager::ShowNoConnection() {
 }
 
 void frmPrintManager::RefreshPrinterDetails() {
-    GetSession().HourglassOn();
+    Desktop().HourglassOn();
     if (!blnPrinterFound) {
         pictError.SetVisible(true);
         for (const int index : {5, 6, 7, 8}) {
@@ -91,7 +91,7 @@ void frmPrintManager::RefreshPrinterDetails() {
         RememberPrinterState(true);
     }
     blnNoConnection = cboPrinterSelect(1).ListCount() == 0;
-    GetSession().HourglassOff();
+    Desktop().HourglassOff();
 }
 
 void frmPrintManager::cmdDetails_Click() {

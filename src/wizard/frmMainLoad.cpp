@@ -94,7 +94,7 @@ void frmMain::OnLoad() {
     state_.AccountTable = &testdata::AccountTable();
     state_.MatrixPrinter = IsOn(read("MatrixPrinter"));
     state_.ListFontName = "Tahoma";
-    GetSession().HourglassOff();
+    Desktop().HourglassOff();
 }
 
 void frmMain::LaadInstellingen(bool metIncassant) {

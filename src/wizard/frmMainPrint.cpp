@@ -69,8 +69,8 @@ class frmMain::Host : public composition::RunHost {
     }
     void OpenPreview(std::int16_t fase) override { preview_.OpenPreview(fase); }
     void ShowPreview() override { preview_.Show(); }
-    void HourglassOn() override { form_.GetSession().HourglassOn(); }
-    void HourglassOff() override { form_.GetSession().HourglassOff(); }
+    void HourglassOn() override { form_.Desktop().HourglassOn(); }
+    void HourglassOff() override { form_.Desktop().HourglassOff(); }
 
   private:
     frmMain& form_;

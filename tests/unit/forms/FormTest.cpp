@@ -174,10 +174,10 @@ TEST_F(FormTest, ResizingTellsTheForm) {
 }
 
 TEST_F(FormTest, TheHourglassDoesNotNest) {
-    session.HourglassOn();
-    session.HourglassOn();
+    session.Desktop().HourglassOn();
+    session.Desktop().HourglassOn();
     EXPECT_EQ(memory.desktop.MousePointer(), forms::PointerHourglass);
-    session.HourglassOff();
+    session.Desktop().HourglassOff();
     EXPECT_EQ(memory.desktop.MousePointer(), forms::PointerDefault);
 }
 

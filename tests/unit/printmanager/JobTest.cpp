@@ -11,7 +11,7 @@ TEST_F(JobTest, CommandsWaitForAChoice) {
     Open();
     EXPECT_FALSE(manager->cmdPrint.Enabled());
     EXPECT_FALSE(manager->cmdPrintVoorbeeld.Enabled());
-    session.HourglassOn();
+    session.Desktop().HourglassOn();
     manager->lstAfdrukken.UserPick(1);
     EXPECT_TRUE(manager->cmdPrint.Enabled());
     EXPECT_TRUE(manager->cmdPrintVoorbeeld.Enabled());

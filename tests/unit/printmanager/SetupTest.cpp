@@ -145,7 +145,7 @@ TEST_F(SetupTest, WithoutASettingsKeyTheFieldIsSetAllTheSame) {
 TEST_F(SetupTest, ButtonOfTheManagerOnlyTurnsTheHourglassOff) {
     InstallTwo();
     OpenAndPick();
-    session.HourglassOn();
+    session.Desktop().HourglassOn();
     manager->cmdSetup.Press();
     EXPECT_EQ(memory.desktop.MousePointer(), forms::PointerHourglass); // it is never enabled
     manager->cmdSetup.SetEnabled(true);

@@ -114,11 +114,11 @@ TEST_F(ModalTest, AYieldHandlesWhatWaits) {
 }
 
 TEST_F(ModalTest, TheHourglassDoesNotNest) {
-    session.HourglassOn();
-    session.HourglassOn();
+    session.Desktop().HourglassOn();
+    session.Desktop().HourglassOn();
     ASSERT_NE(QApplication::overrideCursor(), nullptr);
     EXPECT_EQ(QApplication::overrideCursor()->shape(), Qt::WaitCursor);
-    session.HourglassOff();
+    session.Desktop().HourglassOff();
     EXPECT_EQ(QApplication::overrideCursor(), nullptr);
 }
 
