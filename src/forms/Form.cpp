@@ -159,10 +159,6 @@ void Form::SessionEnds() {
     }
 }
 
-void Form::Afdrukken(std::int16_t /*iMethod*/, std::int16_t /*num_copies*/, bool /*blnPrintPreview*/) {
-    throw base::RuntimeError(base::ErrorNoSuchMember, "Object doesn't support this property or method");
-}
-
 bool Form::MoveFocus(Control& control) {
     if (active_ == &control) {
         return true;

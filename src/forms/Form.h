@@ -63,11 +63,6 @@ class Form {
     bool Visible() const { return visible_; }
     std::uintptr_t hWnd() const { return peer_ ? peer_->Handle() : 0; }
 
-    /// Composes one document: what a print manager calls on the form that asked for it. `iMethod` is the
-    /// number of the document; the copies and whether it is a preview as chosen by the user. A form that
-    /// prints nothing raises an error.
-    virtual void Afdrukken(std::int16_t iMethod, std::int16_t num_copies, bool blnPrintPreview);
-
     // The focus.
     Control* ActiveControl() const { return active_; }
     /// Moves the focus: the control that had it is told first. False if the focus does not end there, because

@@ -12,6 +12,7 @@
 #include "machine/Registry.h"
 #include "printmanager/ClearAtEnd.h"
 #include "printmanager/DrawingUnlock.h"
+#include "printmanager/PrintCaller.h"
 #include "printmanager/frmPrintManagerLayout.h"
 
 namespace printmanager {
@@ -28,6 +29,13 @@ constexpr const char* LandscapeTitle = "Landscape";
 
 void ShowProgress(forms::ProgressBar& bar, std::int16_t percent) {
     bar.SetValue(std::min<int>(percent, bar.Max()));
+}
+
+PrintCaller& CallerOf(forms::Form& form) {
+    if (auto* const caller = dynamic_cast<PrintCaller*>(&form)) {
+        return *caller;
+    }
+    throw base::RuntimeError(base::ErrorNoSuchMember, "Object doesn't support this property or method");
 }
 
 std::string UnknownErrorText(const base::RuntimeError& error) {
@@ -175,11 +183,11 @@ frmPrintManager::Job frmPrintManager::ChosenJob() const {
     return {base::ToInt16(document), lstAfdrukken.Text(), iCopies};
 }
 
-void frmPrintManager::CallBack(forms::Form& caller, const Job& job, bool preview) {
+void frmPrintManager::CallBack(forms::Form& form, const Job& job, bool preview) {
     if (!preview) {
         platform_.Printer.SetDocumentTitle(job.Title);
     }
-    caller.Afdrukken(job.Document, job.Copies, preview);
+    CallerOf(form).Afdrukken(job.Document, job.Copies, preview);
 }
 
 void frmPrintManager::cmdPrint_Click() {

@@ -30,8 +30,8 @@ namespace printmanager {
 
 /// The print dialog and job engine. It knows nothing of the documents: any form fills
 /// AppState::DocumentTitle, puts its own name in AppState::CallerFormName and shows a fresh instance modally.
-/// The manager prepares the printer and calls Form::Afdrukken on every open form of that name with the number
-/// of the picked title.
+/// The manager prepares the printer and calls PrintCaller::Afdrukken on every open form of that name with the
+/// number of the picked title.
 ///
 /// Re-entry comes only from yields to the message loop; `blnBusy` and `blnClosing` are the defence.
 class frmPrintManager : public forms::Form {
@@ -188,7 +188,7 @@ class frmPrintManager : public forms::Form {
     };
     Job ChosenJob() const;
     bool PrepareRun(bool preview, Job& job, std::int16_t& orientation);
-    void CallBack(forms::Form& caller, const Job& job, bool preview);
+    void CallBack(forms::Form& form, const Job& job, bool preview);
     void ForEachCaller(const std::function<void(forms::Form&)>& call);
 
     // The printer list: frmPrintManagerPrinters.cpp.

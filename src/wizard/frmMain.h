@@ -17,6 +17,7 @@
 #include "forms/TextBox.h"
 #include "forms/UpDown.h"
 #include "machine/Platform.h"
+#include "printmanager/PrintCaller.h"
 #include "state/AppState.h"
 
 namespace printmanager {
@@ -28,7 +29,7 @@ namespace wizard {
 /// The wizard: four pages that lead the user to the number of test forms which the scheme asks of this
 /// organisation, and then hand the three documents to the print manager. It is the program's first form, its
 /// loading is the program's start, and it composes the documents when the print manager calls it back.
-class frmMain : public forms::Form {
+class frmMain : public forms::Form, public printmanager::PrintCaller {
   public:
     frmMain(forms::Session& session, machine::Platform& platform, state::AppState& state);
     ~frmMain() override;

@@ -19,6 +19,7 @@
 #include "memory/MemoryPlatform.h"
 #include "printmanager/DevModeField.h"
 #include "printmanager/PaperAndBins.h"
+#include "printmanager/PrintCaller.h"
 #include "printmanager/PrinterInfo.h"
 #include "printmanager/frmPrintManager.h"
 
@@ -255,7 +256,7 @@ void CheckFields(machine::Platform& platform) {
 }
 
 /// The form that the manager calls back, with nothing to draw.
-class Caller : public forms::Form {
+class Caller : public forms::Form, public printmanager::PrintCaller {
   public:
     using Form::Form;
 

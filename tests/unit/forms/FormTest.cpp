@@ -150,10 +150,6 @@ TEST_F(FormTest, ADefectIsNoRuntimeErrorAndPasses) {
     EXPECT_THROW(form.Dispatch([] { throw std::logic_error("defect"); }), std::logic_error);
 }
 
-TEST_F(FormTest, AFormThatPrintsNothingSaysSo) {
-    EXPECT_THROW(form.Afdrukken(1, 1, false), base::RuntimeError);
-}
-
 TEST_F(FormTest, ResizingTellsTheForm) {
     form.onResize = Log("resize");
     form.Resize(100, 200);

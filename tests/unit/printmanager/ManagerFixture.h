@@ -13,6 +13,7 @@
 #include "Trace.h"
 #include "forms/Session.h"
 #include "memory/MemoryPlatform.h"
+#include "printmanager/PrintCaller.h"
 #include "printmanager/frmPrintManager.h"
 
 namespace printmanager {
@@ -34,7 +35,7 @@ struct Call {
 };
 
 /// A form that has documents to print.
-class Caller : public forms::Form {
+class Caller : public forms::Form, public PrintCaller {
   public:
     using Form::Form;
 
