@@ -7,8 +7,10 @@
 #include "composition/OpenPrinter.h"
 #include "composition/PrintSurface.h"
 #include "composition/TestFormRun.h"
+#include "forms/Desktop.h"
 #include "machine/Platform.h"
 #include "state/AppState.h"
+#include "state/Settings.h"
 
 namespace composition {
 
@@ -28,15 +30,15 @@ std::int32_t PaperCorner(std::int32_t physicalOffset) {
 
 } // namespace
 
-void Afdrukken(state::AppState& state, machine::Platform& platform, RunHost& host, std::int16_t iMethod,
-               std::int16_t num_copies, bool blnPrintPreview) {
-    host.HourglassOn();
-    host.LaadInstellingen();
+void ComposeDocument(state::AppState& state, machine::Platform& platform, PrinterSurface& printer,
+                     RunHost& host, const DocumentJob& job) {
+    platform.Desktop.HourglassOn();
+    state::LaadInstellingen(state, platform.Registry, false);
 
-    if (blnPrintPreview) {
+    if (job.blnPrintPreview) {
         Resume([&] { host.OpenPreview(PreviewOpen); });
     } else {
-        Resume([&] { host.OpenPrinter(); });
+        Resume([&] { OpenPrinter(state, platform, printer); });
         if (!state.MatrixPrinter && state.OverrulePaperSize) {
             Resume([&] { SurfaceOf(state).SetPaperSize(PaperLegal); });
         }
@@ -53,9 +55,9 @@ void Afdrukken(state::AppState& state, machine::Platform& platform, RunHost& hos
     });
     Resume([&] { aantal = base::Int32OfText(host.CountText()); });
 
-    switch (iMethod) {
+    switch (job.iMethod) {
     case DocumentTestForms:
-        TestFormRun(state, platform, host, corner).Print(aantal, num_copies);
+        TestFormRun(state, platform, host, corner).Print(aantal, job.num_copies);
         break;
     case DocumentNameList:
         PrintNameList(state);
@@ -70,11 +72,11 @@ void Afdrukken(state::AppState& state, machine::Platform& platform, RunHost& hos
     Resume([&] { host.UpdatePercentage(AllDone); });
     Resume([&] { SurfaceOf(state).SetFontSize(ListFontPoints); });
     Resume([&] { SurfaceOf(state).EndDoc(); });
-    if (blnPrintPreview) {
+    if (job.blnPrintPreview) {
         Resume([&] { host.ShowPreview(); });
         Resume([&] { host.OpenPreview(PreviewClose); });
     }
-    Resume([&] { host.HourglassOff(); });
+    Resume([&] { platform.Desktop.HourglassOff(); });
 }
 
 } // namespace composition

@@ -13,16 +13,25 @@ struct AppState;
 
 namespace composition {
 
+class PrinterSurface;
+
 // Numbers of the documents, in the order in which the wizard offers them.
 inline constexpr std::int16_t DocumentTestForms = 1;
 inline constexpr std::int16_t DocumentNameList = 2;
 inline constexpr std::int16_t DocumentCalibration = 3;
 
-/// Composes one document as one print job, on paper or in the preview, which the user then sees until he
-/// leaves it. `num_copies` counts for the test forms alone. From the opening of the surface on, a step that
-/// fails is given up without a message and the next one runs, so a job once begun goes to its end. A number
-/// that is no document gives an empty one.
-void Afdrukken(state::AppState& state, machine::Platform& platform, RunHost& host, std::int16_t iMethod,
-               std::int16_t num_copies, bool blnPrintPreview);
+/// What the print manager asks of its caller.
+struct DocumentJob {
+    std::int16_t iMethod = 0;    ///< number of the document; one that is none gives an empty document
+    std::int16_t num_copies = 1; ///< of each test form; the other documents come once
+    bool blnPrintPreview = false;
+};
+
+/// Composes one document as one print job, on `printer` or in the preview, which the user then sees until he
+/// leaves it. Calibration, form type and contract form are read anew before; the creditor stays as edited.
+/// From the opening of the surface on, a step that fails is given up without a message and the next one runs,
+/// so a job once begun goes to its end.
+void ComposeDocument(state::AppState& state, machine::Platform& platform, PrinterSurface& printer,
+                     RunHost& host, const DocumentJob& job);
 
 } // namespace composition

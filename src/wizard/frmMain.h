@@ -68,8 +68,8 @@ class frmMain : public forms::Form, public printmanager::PrintCaller {
 
     void Afdrukken(std::int16_t iMethod, std::int16_t num_copies, bool blnPrintPreview) override;
 
-    /// Reads the settings; the creditor's, if asked for, go into the boxes as well.
-    void LaadInstellingen(bool metIncassant);
+    /// Puts the creditor as the settings have it into the boxes.
+    void ToonIncassant();
 
   protected:
     void OnLoad() override;

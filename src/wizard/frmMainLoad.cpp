@@ -60,7 +60,8 @@ void frmMain::OnLoad() {
     state_.PrinterInit = 100;
     UserText(0).SetText("100");
     FirstFocus = true;
-    LaadInstellingen(true);
+    state::LaadInstellingen(state_, registry, true);
+    ToonIncassant();
 
     Resume([&] { LeesLocale(); });
 
@@ -97,15 +98,12 @@ void frmMain::OnLoad() {
     Desktop().HourglassOff();
 }
 
-void frmMain::LaadInstellingen(bool metIncassant) {
-    state::LaadInstellingen(state_, platform_.Registry, metIncassant);
-    if (metIncassant) {
-        UserText(70).SetText(state_.IncassantBegunstigde);
-        UserText(71).SetText(state_.IncassantAdres);
-        UserText(72).SetText(state_.IncassantPostCode);
-        UserText(73).SetText(state_.IncassantWoonplaats);
-        UserText(74).SetText(payment::Text2Rekening(state_.IncassantBankGiro));
-    }
+void frmMain::ToonIncassant() {
+    UserText(70).SetText(state_.IncassantBegunstigde);
+    UserText(71).SetText(state_.IncassantAdres);
+    UserText(72).SetText(state_.IncassantPostCode);
+    UserText(73).SetText(state_.IncassantWoonplaats);
+    UserText(74).SetText(payment::Text2Rekening(state_.IncassantBankGiro));
 }
 
 void frmMain::LeesLocale() {

@@ -4,7 +4,7 @@
 
 #include "base/Numbers.h"
 #include "composition/DocumentRun.h"
-#include "composition/OpenPrinter.h"
+#include "composition/RunHost.h"
 #include "forms/Desktop.h"
 #include "machine/Printer.h"
 #include "preview/PrintPreview.h"
@@ -50,7 +50,7 @@ class WholeDocument {
 
 } // namespace
 
-/// What a run needs of the wizard and of the forms around it.
+/// What a run asks of the wizard and of the forms around it.
 class frmMain::Host : public composition::RunHost {
   public:
     explicit Host(frmMain& form)
@@ -58,19 +58,13 @@ class frmMain::Host : public composition::RunHost {
 
     std::string CountText() override { return form_.UserText(0).Text(); }
     void SetCountText(const std::string& text) override { form_.UserText(0).SetText(text); }
-    void LaadInstellingen() override { form_.LaadInstellingen(false); }
     void UpdatePercentage(std::int16_t iNewPerc) override {
         if (form_.PrintManager() != nullptr) {
             form_.PrintManager()->UpdatePercentage(iNewPerc);
         }
     }
-    void OpenPrinter() override {
-        composition::OpenPrinter(form_.state_, form_.platform_, form_.printerSurface_);
-    }
     void OpenPreview(std::int16_t fase) override { preview_.OpenPreview(fase); }
     void ShowPreview() override { preview_.Show(); }
-    void HourglassOn() override { form_.Desktop().HourglassOn(); }
-    void HourglassOff() override { form_.Desktop().HourglassOff(); }
 
   private:
     frmMain& form_;
@@ -105,7 +99,9 @@ void frmMain::cmdPrintenClick() {
 void frmMain::Afdrukken(std::int16_t iMethod, std::int16_t num_copies, bool blnPrintPreview) {
     const WholeDocument whole(platform_.Printer);
     Host host(*this);
-    composition::Afdrukken(state_, platform_, host, iMethod, num_copies, blnPrintPreview);
+    composition::ComposeDocument(
+        state_, platform_, printerSurface_, host,
+        {.iMethod = iMethod, .num_copies = num_copies, .blnPrintPreview = blnPrintPreview});
 }
 
 } // namespace wizard

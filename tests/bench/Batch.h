@@ -9,6 +9,7 @@
 #include "memory/MemoryPlatform.h"
 #include "state/AppState.h"
 #include "support/FakeRunHost.h"
+#include "support/StoredSettings.h"
 #include "testdata/Tables.h"
 
 namespace bench {
@@ -37,14 +38,16 @@ class Batch {
         state_.IncassantPostCode = "1234AB";
         state_.IncassantWoonplaats = "Proefdorp";
         state_.IncassantBankGiro = "NL13ABNA0500000018";
+        support::StoreRunSettings(memory_.registry, state_);
         composition::LeesPrinterMaten(state_, services_);
     }
 
-    /// The host keeps a note of each call, so a new one serves each run.
+    /// The host keeps a note of the progress, so a new one serves each run.
     void Print(int forms) {
         support::FakeRunHost host(state_, services_);
         host.count = std::to_string(forms);
-        composition::Afdrukken(state_, services_, host, composition::DocumentTestForms, 1, false);
+        composition::ComposeDocument(state_, services_, host.printer, host,
+                                     {.iMethod = composition::DocumentTestForms});
     }
 
   private:

@@ -27,30 +27,25 @@ class FakePreviewSurface final : public composition::PrintSurface {
     machine::Canvas& Page() override { return canvas; }
 };
 
-/// The forms around a run, as a list of what was asked of them.
+/// The forms around a run, which tell what is asked of them.
 class FakeRunHost final : public composition::RunHost {
   public:
     FakeRunHost(state::AppState& state, machine::Platform& platform)
         : printer(platform.Printer), state_(state), platform_(platform) {}
 
     std::string count = "1";
-    std::vector<std::string> asked;
     std::vector<int> percentages;
+    /// The printer as the run draws on it.
     composition::PrinterSurface printer;
     FakePreviewSurface preview;
-    /// Called for each entry of `asked`.
+    /// Called for each call but those for the count.
     std::function<void(const std::string& call)> OnCall;
 
     std::string CountText() override { return count; }
     void SetCountText(const std::string& text) override { count = text; }
-    void LaadInstellingen() override { Note("LaadInstellingen"); }
     void UpdatePercentage(std::int16_t iNewPerc) override {
         percentages.push_back(iNewPerc);
         Note("UpdatePercentage " + std::to_string(iNewPerc));
-    }
-    void OpenPrinter() override {
-        Note("OpenPrinter");
-        composition::OpenPrinter(state_, platform_, printer);
     }
     void OpenPreview(std::int16_t fase) override {
         Note("OpenPreview " + std::to_string(fase));
@@ -65,12 +60,9 @@ class FakeRunHost final : public composition::RunHost {
         state_.LineHeight = base::ToInt32(preview.TextHeight("X"));
     }
     void ShowPreview() override { Note("ShowPreview"); }
-    void HourglassOn() override { Note("HourglassOn"); }
-    void HourglassOff() override { Note("HourglassOff"); }
 
   private:
-    void Note(const std::string& call) {
-        asked.push_back(call);
+    void Note(const std::string& call) const {
         if (OnCall) {
             OnCall(call);
         }

@@ -22,6 +22,7 @@
 #include "memory/MemoryPlatform.h"
 #include "state/AppState.h"
 #include "support/FakeRunHost.h"
+#include "support/StoredSettings.h"
 #include "testdata/TestDocument.h"
 
 namespace {
@@ -176,8 +177,10 @@ int main(int argc, char** argv) {
 
     support::FakeRunHost host(state, services);
     host.count = std::to_string(count);
+    support::StoreRunSettings(memory.registry, state);
     composition::LeesPrinterMaten(state, services);
-    composition::Afdrukken(state, services, host, composition::DocumentTestForms, 1, false);
+    composition::ComposeDocument(state, services, host.printer, host,
+                                 {.iMethod = composition::DocumentTestForms});
 
     QFile file(folder + "/forms.json");
     if (!file.open(QIODevice::WriteOnly) || file.write(QJsonDocument(record).toJson()) < 0) {

@@ -7,6 +7,7 @@
 #include "preview/frmPrintPreviewGhost.h"
 #include "printmanager/DevModeField.h"
 #include "printmanager/frmPrintManager.h"
+#include "state/Settings.h"
 #include "testdata/TestDocument.h"
 #include "wizard/frmMain.h"
 
@@ -28,8 +29,12 @@ struct Operation {
 
 constexpr Operation<frmMain> MainOperations[] = {
     {"LaadInstellingen", 1,
-     [](World&, frmMain& form, Arguments& a) {
-         form.LaadInstellingen(a.Flag(0));
+     [](World& w, frmMain& form, Arguments& a) {
+         const bool metIncassant = a.Flag(0);
+         state::LaadInstellingen(w.state, w.memory.registry, metIncassant);
+         if (metIncassant) {
+             form.ToonIncassant();
+         }
          return Json();
      }},
     {"Afdrukken", 3,

@@ -1,6 +1,6 @@
 #include "composition/DocumentRun.h"
 
-#include "CompositionTest.h"
+#include "DocumentTest.h"
 
 namespace composition {
 
@@ -9,23 +9,20 @@ using testing::ElementsAre;
 using testing::IsEmpty;
 using testing::Not;
 
-class DocumentRunTest : public CompositionTest {
+class DocumentRunTest : public DocumentTest {
   protected:
     DocumentRunTest() {
         state.Surface = nullptr;
         printer.Drawing.Font.Size = 12;
     }
-    void Print(std::int16_t iMethod, std::int16_t copies = 1) {
-        Afdrukken(state, services, host, iMethod, copies, false);
-    }
-    void Preview(std::int16_t iMethod) { Afdrukken(state, services, host, iMethod, 1, true); }
     std::vector<support::DrawnText>& Shown() { return host.preview.canvas.texts; }
 };
 
 TEST_F(DocumentRunTest, FrameOfAPrint) {
     Print(1);
-    EXPECT_THAT(host.asked, ElementsAre("HourglassOn", "LaadInstellingen", "OpenPrinter",
-                                        "UpdatePercentage 100", "UpdatePercentage 100", "HourglassOff"));
+    // The sizes of the payer's block are read for each form.
+    EXPECT_THAT(happened, ElementsAre("mouse 11", "settings", "yield", "settings", "UpdatePercentage 100",
+                                      "UpdatePercentage 100", "mouse 0"));
     EXPECT_EQ(printer.canvas.documents, 1);
     EXPECT_EQ(state.Surface, &host.printer);
     EXPECT_EQ(printer.Drawing.Font.Size, 8);
@@ -33,16 +30,16 @@ TEST_F(DocumentRunTest, FrameOfAPrint) {
 
 TEST_F(DocumentRunTest, FrameOfAPreview) {
     std::size_t pagesAtShow = 0;
-    host.OnCall = [&](const std::string& call) {
-        if (call == "ShowPreview") {
+    OnHappening = [&](const std::string& what) {
+        if (what == "ShowPreview") {
             pagesAtShow = static_cast<std::size_t>(host.preview.canvas.documents);
             EXPECT_EQ(state.Surface, &host.preview);
         }
     };
     Preview(1);
-    EXPECT_THAT(host.asked,
-                ElementsAre("HourglassOn", "LaadInstellingen", "OpenPreview 0", "UpdatePercentage 100",
-                            "UpdatePercentage 100", "ShowPreview", "OpenPreview 1", "HourglassOff"));
+    EXPECT_THAT(happened, ElementsAre("mouse 11", "settings", "OpenPreview 0", "yield", "settings",
+                                      "UpdatePercentage 100", "UpdatePercentage 100", "ShowPreview",
+                                      "OpenPreview 1", "mouse 0"));
     EXPECT_EQ(pagesAtShow, 1U); // the document has ended before it is shown
     EXPECT_EQ(printer.canvas.documents, 0);
     EXPECT_THAT(Texts(), IsEmpty());
@@ -78,13 +75,15 @@ TEST_F(DocumentRunTest, ReportIsOneDocument) {
 }
 
 TEST_F(DocumentRunTest, SettingsAreReadBeforeTheDocument) {
-    host.OnCall = [&](const std::string& call) {
-        if (call == "LaadInstellingen") {
-            state.AcceptgiroType = 3;
-            state.GMUContractVorm = 34;
-        }
-    };
-    Print(3);
+    for (const auto& [name, text] : {std::pair{"OCRLinks0", "4711,5"},
+                                     {"AcceptgiroType", "3"},
+                                     {"GMUContractVorm", "34"},
+                                     {"IncassantAdres", "Anders 1"}}) {
+        memory.registry.SetText(SettingsPath, name, text);
+    }
+    ComposeDocument(state, services, host.printer, host, {.iMethod = DocumentCalibration});
+    EXPECT_TRUE(IsDrawn("4711,5"));
+    EXPECT_EQ(state.IncassantAdres, "Voorbeeldstraat 1") << "as the user has edited it";
     EXPECT_TRUE(IsDrawn("Acceptgiro onder brief, smalle souche"));
     EXPECT_TRUE(IsDrawn("C-contract - Voorbedrukte acceptgiro, rekeningnr. incassant afdrukken."));
 }
@@ -167,7 +166,7 @@ TEST_F(DocumentRunTest, MachineWithoutAPrinterComesToItsEnd) {
     }
     EXPECT_EQ(printer.canvas.calls, 0);
     EXPECT_EQ(state.Surface, nullptr);
-    EXPECT_EQ(host.asked.back(), "HourglassOff");
+    EXPECT_EQ(happened.back(), "mouse 0");
 }
 
 } // namespace composition

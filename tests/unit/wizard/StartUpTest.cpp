@@ -256,7 +256,7 @@ TEST_F(StartUp, RenewsTheCalibrationAndLeavesTheCreditor) {
     memory.registry.SetText(SettingsPath, "AcceptgiroType", "3");
     memory.registry.SetText(SettingsPath, "OCRLinks0", "2,00");
     memory.registry.SetText(SettingsPath, "IncassantBegunstigde", "Anders");
-    form->LaadInstellingen(false);
+    state::LaadInstellingen(state, memory.registry, false);
     EXPECT_EQ(state.AcceptgiroType, 3);
     EXPECT_EQ(state.OCRLinks[0], "2,00");
     EXPECT_EQ(state.IncassantBegunstigde, "Bewerkt");

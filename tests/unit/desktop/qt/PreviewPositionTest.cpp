@@ -18,12 +18,12 @@
 #include <gtest/gtest.h>
 
 #include "composition/DocumentRun.h"
-#include "composition/OpenPrinter.h"
 #include "composition/PrinterMeasures.h"
 #include "composition/RunHost.h"
 #include "desktop/qt/PdfDocument.h"
 #include "desktop/qt/QtCanvas.h"
 #include "machine/SeededRandom.h"
+#include "support/StoredSettings.h"
 #include "testdata/Tables.h"
 #include "unit/desktop/qt/Ink.h"
 #include "unit/desktop/qt/NotedBitmaps.h"
@@ -65,13 +65,9 @@ class Host final : public composition::RunHost {
 
     std::string CountText() override { return "3"; }
     void SetCountText(const std::string&) override {}
-    void LaadInstellingen() override {}
     void UpdatePercentage(std::int16_t) override {}
-    void OpenPrinter() override {}
     void OpenPreview(std::int16_t fase) override { preview_.OpenPreview(fase); }
     void ShowPreview() override { show_(); }
-    void HourglassOn() override {}
-    void HourglassOff() override {}
 
   private:
     preview::PrintPreview& preview_;
@@ -133,7 +129,9 @@ class PreviewPositionTest : public PreviewTest, public testing::WithParamInterfa
             shown.Show();
         });
         composition::LeesPrinterMaten(state, all);
-        composition::Afdrukken(state, all, host, GetParam().number, 1, true);
+        support::StoreRunSettings(memory.registry, state);
+        composition::ComposeDocument(state, all, printer, host,
+                                     {.iMethod = GetParam().number, .blnPrintPreview = true});
         perTwip_ = desktop::qt::DotsPerTwip() * window_.devicePixelRatio();
         window_.setDevicePixelRatio(1);
         DrawPaper();
