@@ -115,7 +115,7 @@ TEST_P(HostileName, HasNoOptionsOfAnotherQueue) {
     ASSERT_TRUE(file.open(QIODevice::WriteOnly));
     file.write(before);
     file.close();
-    const cups::UserDefaults defaults(path, {});
+    const cups::UserDefaults defaults(path.toStdString(), {});
     EXPECT_TRUE(defaults.Options(GetParam()).empty());
     ASSERT_TRUE(file.open(QIODevice::ReadOnly));
     EXPECT_EQ(file.readAll(), before);

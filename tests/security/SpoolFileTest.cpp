@@ -62,9 +62,9 @@ class SpoolFileTest : public testing::TestWithParam<bool> {
 
 TEST_P(SpoolFileTest, IsTheUsersAloneAndHasNoName) {
     const mode_t before = umask(0); // of a user who shares everything
-    cups::SpoolFile file(Path);
+    cups::SpoolFile file(Path.toStdString());
     umask(before);
-    file.write("document");
+    EXPECT_EQ(file.Write("document"), 0);
     file.Rewind();
     struct stat status {};
     ASSERT_EQ(fstat(file.Number(), &status), 0);
@@ -77,9 +77,9 @@ TEST_P(SpoolFileTest, IsTheUsersAloneAndHasNoName) {
 }
 
 TEST_P(SpoolFileTest, IsReadFromItsBeginning) {
-    cups::SpoolFile file(Path);
-    file.write("eerste ");
-    file.write("tweede");
+    cups::SpoolFile file(Path.toStdString());
+    EXPECT_EQ(file.Write("eerste "), 0);
+    EXPECT_EQ(file.Write("tweede"), 0);
     file.Rewind();
     EXPECT_EQ(ReadAll(file.Number()), "eerste tweede");
     file.Rewind();
@@ -90,8 +90,8 @@ TEST_P(SpoolFileTest, LeavesNothingWhenTheProgramIsKilled) {
     const pid_t child = fork();
     ASSERT_GE(child, 0);
     if (child == 0) {
-        cups::SpoolFile file(Path);
-        file.write("document");
+        cups::SpoolFile file(Path.toStdString());
+        EXPECT_EQ(file.Write("document"), 0);
         file.Rewind();
         raise(SIGKILL);
     }
@@ -105,7 +105,7 @@ TEST_P(SpoolFileTest, LeavesNothingWhenTheProgramIsKilled) {
 TEST_P(SpoolFileTest, LeavesAnotherFolderAsItIs) {
     ASSERT_TRUE(QDir().mkpath(Path));
     ASSERT_EQ(chmod(QFile::encodeName(Path).constData(), 0755), 0);
-    const cups::SpoolFile file(Path);
+    const cups::SpoolFile file(Path.toStdString());
     struct stat status {};
     ASSERT_EQ(stat(QFile::encodeName(Path).constData(), &status), 0);
     EXPECT_EQ(status.st_mode & PermissionBits, 0755U);
@@ -117,7 +117,7 @@ TEST_P(SpoolFileTest, FailsWhereThereIsNoFolder) {
     QFile inTheWay(Folder.filePath("cache"));
     ASSERT_TRUE(inTheWay.open(QIODevice::WriteOnly));
     try {
-        const cups::SpoolFile file(Path);
+        const cups::SpoolFile file(Path.toStdString());
         ADD_FAILURE() << "there is no folder";
     } catch (const base::RuntimeError& error) {
         EXPECT_EQ(error.Description(), "Het document kon niet worden klaargezet.\n" + Path.toStdString() +
@@ -129,7 +129,7 @@ TEST_P(SpoolFileTest, FailsWhereThereIsNoFolder) {
 TEST_P(SpoolFileTest, TellsThatTheFolderCannotBeMade) {
     Path = "/proc/drukkeuring/spool";
     try {
-        const cups::SpoolFile file(Path);
+        const cups::SpoolFile file(Path.toStdString());
         ADD_FAILURE() << "there is no folder";
     } catch (const base::RuntimeError& error) {
         EXPECT_EQ(error.Description(), "Het document kon niet worden klaargezet.\n/proc/drukkeuring/spool\n" +
@@ -138,13 +138,13 @@ TEST_P(SpoolFileTest, TellsThatTheFolderCannotBeMade) {
 }
 
 TEST_P(SpoolFileTest, TellsThatTheLastBytesFoundNoPlace) {
-    cups::SpoolFile file(Path);
+    cups::SpoolFile file(Path.toStdString());
     const auto handler = std::signal(SIGXFSZ, SIG_IGN);
     rlimit before{};
     ASSERT_EQ(getrlimit(RLIMIT_FSIZE, &before), 0);
     const rlimit small = {1000, before.rlim_max};
     ASSERT_EQ(setrlimit(RLIMIT_FSIZE, &small), 0);
-    file.write(QByteArray(1500, 'x'));
+    EXPECT_EQ(file.Write(std::string(1500, 'x')), 0); // waits in memory
     std::string told;
     try {
         file.Rewind();
@@ -158,18 +158,20 @@ TEST_P(SpoolFileTest, TellsThatTheLastBytesFoundNoPlace) {
 }
 
 TEST_P(SpoolFileTest, TellsAFullDiskEvenWhenThereIsRoomAgain) {
-    cups::SpoolFile file(Path);
+    cups::SpoolFile file(Path.toStdString());
     const auto ignore = std::signal(SIGXFSZ, SIG_IGN);
     rlimit before{};
     ASSERT_EQ(getrlimit(RLIMIT_FSIZE, &before), 0);
     const rlimit small = {64 * 1024, before.rlim_max};
     ASSERT_EQ(setrlimit(RLIMIT_FSIZE, &small), 0);
+    int error = 0;
     for (int i = 0; i < 10; ++i) {
-        file.write(QByteArray(20'000, 'x'));
+        error = file.Write(std::string(20'000, 'x'));
     }
+    EXPECT_EQ(error, EFBIG);
     ASSERT_EQ(setrlimit(RLIMIT_FSIZE, &before), 0);
     std::signal(SIGXFSZ, ignore);
-    file.write("nog iets");
+    EXPECT_EQ(file.Write("nog iets"), EFBIG);
     try {
         file.Rewind();
         FAIL() << "half a document would be printed";

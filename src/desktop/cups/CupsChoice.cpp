@@ -6,6 +6,7 @@
 #include <string_view>
 #include <utility>
 
+#include "desktop/cups/AsciiCase.h"
 #include "desktop/cups/CupsServer.h"
 #include "desktop/cups/PageOptions.h"
 
@@ -55,12 +56,6 @@ constexpr std::array<std::string_view, 6> OtherPapers = {"pagesize", "page-size"
                                                          "media",    "media-col", "media-size-name"};
 constexpr std::array<std::string_view, 7> OtherBins = {
     "inputslot", "hppapersource", "papersources", "manualfeed", "media-source", "media", "media-col"};
-
-std::string Lower(std::string text) {
-    std::transform(text.begin(), text.end(), text.begin(),
-                   [](char c) { return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c; });
-    return text;
-}
 
 template <std::size_t N>
 bool Contains(const std::array<std::string_view, N>& names, const std::string& name) {

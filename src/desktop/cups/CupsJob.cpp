@@ -1,13 +1,14 @@
 #include "desktop/cups/CupsJob.h"
 
-#include <QStandardPaths>
-#include <QUuid>
 #include <array>
+#include <charconv>
 #include <chrono>
+#include <random>
 #include <thread>
 #include <utility>
 
 #include "base/RuntimeError.h"
+#include "desktop/regfile/UserFolders.h"
 
 namespace desktop::cups {
 
@@ -28,6 +29,26 @@ bool IsRefusal(ipp_status_t status) {
            status == IPP_STATUS_ERROR_CUPS_AUTHENTICATION_CANCELED;
 }
 
+/// 128 bits of chance: no two documents of any program have the same.
+std::string NewMark() {
+    constexpr std::string_view digits = "0123456789abcdef";
+    constexpr int length = 32;
+    std::random_device chance;
+    std::uniform_int_distribution<std::size_t> digit(0, digits.size() - 1);
+    std::string mark;
+    for (int i = 0; i < length; ++i) {
+        mark += digits[digit(chance)];
+    }
+    return mark;
+}
+
+/// 0 if the text is no number.
+int NumberIn(const std::string& text) {
+    int number = 0;
+    const char* const end = text.data() + text.size();
+    return std::from_chars(text.data(), end, number).ptr == end ? number : 0;
+}
+
 base::RuntimeError LostAnswer(const std::string& printer, int number) {
     const std::string which =
         number == 0 ? "" : ", als opdracht " + std::to_string(number) + " van printer " + printer;
@@ -37,16 +58,19 @@ base::RuntimeError LostAnswer(const std::string& printer, int number) {
 
 } // namespace
 
-QString SpoolFolder() {
-    return QStandardPaths::writableLocation(QStandardPaths::GenericCacheLocation) +
-           QStringLiteral("/drukkeuring/spool");
+std::string SpoolFolder() {
+    return regfile::UserFolder("XDG_CACHE_HOME", "/.cache") + "/drukkeuring/spool";
 }
 
 CupsJob::CupsJob(std::shared_ptr<CupsServer> server, const std::string& queue, const std::string& queueUri,
                  const std::string& title, const CupsOptions& options)
-    : server_(std::move(server)), queue_(queue), queueUri_(queueUri), title_(title),
-      mark_(QUuid::createUuid().toString(QUuid::Id128).toStdString()), options_(options),
-      file_(SpoolFolder()) {}
+    : server_(std::move(server)), queue_(queue), queueUri_(queueUri), title_(title), mark_(NewMark()),
+      options_(options), file_(SpoolFolder(), server_->Reason()) {}
+
+int CupsJob::Write(std::string_view bytes) {
+    file_.Write(bytes);
+    return 0;
+}
 
 IppMessage CupsJob::NewPrintRequest() const {
     IppMessage request = NewRequest(IPP_OP_PRINT_JOB, queueUri_);
@@ -106,7 +130,7 @@ int CupsJob::NumberAtServer() const {
     while (at != nullptr) {
         const CupsAttributes job = ReadAttributes(answer.get(), at);
         if (ValueOf(job, MarkAttribute) == mark_) {
-            return QByteArray::fromStdString(ValueOf(job, "job-id")).toInt();
+            return NumberIn(ValueOf(job, "job-id"));
         }
         at = ippNextAttribute(answer.get());
     }

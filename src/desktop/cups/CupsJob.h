@@ -2,6 +2,7 @@
 
 #include <memory>
 #include <string>
+#include <string_view>
 
 #include "desktop/cups/CupsServer.h"
 #include "desktop/cups/PrintQueue.h"
@@ -25,7 +26,8 @@ class CupsJob : public PrintJob {
     CupsJob(std::shared_ptr<CupsServer> server, const std::string& queue, const std::string& queueUri,
             const std::string& title, const CupsOptions& options);
 
-    QIODevice* Output() override { return &file_; }
+    /// What finds no place is told by Finish, which knows the folder and the reason.
+    int Write(std::string_view bytes) override;
     void Finish() override;
 
   private:
@@ -43,6 +45,6 @@ class CupsJob : public PrintJob {
 };
 
 /// Where documents wait until the server has them: a folder of the user's own.
-QString SpoolFolder();
+std::string SpoolFolder();
 
 } // namespace desktop::cups

@@ -8,6 +8,7 @@
 #include <utility>
 
 #include "base/RuntimeError.h"
+#include "desktop/cups/AsciiCase.h"
 #include "desktop/cups/CupsChoice.h"
 #include "desktop/cups/CupsJob.h"
 #include "desktop/cups/CupsStatus.h"
@@ -143,7 +144,7 @@ FoundQueues FindCupsQueues(const std::shared_ptr<CupsServer>& server) {
             serversDefault = index;
         }
         found.Queues.push_back(std::make_unique<CupsQueue>(server, std::move(attributes)));
-        if (qstricmp(found.Queues.back()->Name().c_str(), preferred.c_str()) == 0) {
+        if (Lower(found.Queues.back()->Name()) == Lower(preferred)) {
             found.Default = index;
         }
     }

@@ -43,7 +43,7 @@ void CloseHttp::operator()(http_t* http) const {
     httpClose(http);
 }
 
-CupsServer::CupsServer() {
+CupsServer::CupsServer(SystemReason reason) : reason_(std::move(reason)) {
     cupsSetPasswordCB2(NoPassword, nullptr);
 }
 

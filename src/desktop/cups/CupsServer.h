@@ -9,6 +9,7 @@
 #include <cups/cups.h>
 
 #include "desktop/cups/CupsMedia.h"
+#include "desktop/cups/SpoolFile.h"
 #include "desktop/cups/StoredChoice.h"
 #include "desktop/cups/UserDefaults.h"
 
@@ -47,7 +48,8 @@ class CupsServer {
     /// without, and the user's next try finds the server if it is back.
     static constexpr std::chrono::milliseconds Rest{2000};
 
-    CupsServer();
+    /// `reason` words what the system refuses a waiting document.
+    explicit CupsServer(SystemReason reason = LibrarysReason);
 
     CupsConnection Connect();
     /// One to fetch a file, for which no leave to send is needed.
@@ -58,6 +60,7 @@ class CupsServer {
     /// Has the server been found not to answer after this moment?
     bool HasFailedSince(std::chrono::steady_clock::time_point moment) const { return lastFailure_ > moment; }
 
+    const SystemReason& Reason() const { return reason_; }
     const UserDefaults& Defaults() const { return defaults_; }
     /// What the program has written as a queue's stored settings, for as long as it runs.
     StoredChoice& Chosen(const std::string& queue) { return chosen_[queue]; }
@@ -76,6 +79,7 @@ class CupsServer {
     std::chrono::milliseconds PatienceLeft();
     void Waited(Clock::time_point since);
 
+    SystemReason reason_;
     std::chrono::milliseconds spent_{0}; ///< on slow answers, lately
     Clock::time_point lastSpent_;
     Clock::time_point lastFailure_;

@@ -1,8 +1,11 @@
 #include "desktop/cups/OptionLine.h"
 
-#include <QList>
+#include <cstddef>
+#include <vector>
 
 #include <cups/cups.h>
+
+#include "desktop/cups/AsciiCase.h"
 
 namespace desktop::cups {
 
@@ -12,15 +15,28 @@ bool IsBlank(char c) {
     return c == ' ' || c == '\t' || c == '\r' || c == '\n';
 }
 
+std::vector<std::string> LinesOf(const std::string& text) {
+    std::vector<std::string> lines;
+    std::size_t begin = 0;
+    while (true) {
+        const std::size_t end = text.find('\n', begin);
+        lines.push_back(text.substr(begin, end - begin));
+        if (end == std::string::npos) {
+            return lines;
+        }
+        begin = end + 1;
+    }
+}
+
 /// A word of a line; it ends at a blank that no quotes hold.
 struct Word {
-    qsizetype Begin = 0;
-    qsizetype End = 0;
+    std::size_t Begin = 0;
+    std::size_t End = 0;
 };
 
-QList<Word> WordsOf(const QByteArray& line) {
-    QList<Word> words;
-    qsizetype at = 0;
+std::vector<Word> WordsOf(const std::string& line) {
+    std::vector<Word> words;
+    std::size_t at = 0;
     while (true) {
         while (at < line.size() && IsBlank(line[at])) {
             ++at;
@@ -28,7 +44,7 @@ QList<Word> WordsOf(const QByteArray& line) {
         if (at == line.size()) {
             return words;
         }
-        const qsizetype begin = at;
+        const std::size_t begin = at;
         char quote = 0;
         for (; at < line.size() && (quote != 0 || !IsBlank(line[at])); ++at) {
             if (line[at] == '\\' && at + 1 < line.size()) {
@@ -43,48 +59,42 @@ QList<Word> WordsOf(const QByteArray& line) {
     }
 }
 
-QByteArray TextOf(const QByteArray& line, const Word& word) {
-    return line.mid(word.Begin, word.End - word.Begin);
-}
-
-/// The server knows a queue by any case of its letters.
-bool IsSameQueue(const QByteArray& a, const QByteArray& b) {
-    return a.compare(b, Qt::CaseInsensitive) == 0;
+std::string TextOf(const std::string& line, const Word& word) {
+    return line.substr(word.Begin, word.End - word.Begin);
 }
 
 /// A line has a keyword and a name before its options.
-constexpr qsizetype FirstOption = 2;
+constexpr std::size_t FirstOption = 2;
 
-bool IsLineOf(const QByteArray& line, const QByteArray& queue) {
-    const QList<Word> words = WordsOf(line);
+bool IsLineOf(const std::string& line, const std::string& queue) {
+    const std::vector<Word> words = WordsOf(line);
     if (words.size() < FirstOption) {
         return false;
     }
-    const QByteArray keyword = TextOf(line, words[0]).toLower();
-    return (keyword == "dest" || keyword == "default") && IsSameQueue(TextOf(line, words[1]), queue);
+    const std::string keyword = Lower(TextOf(line, words[0]));
+    return (keyword == "dest" || keyword == "default") && Lower(TextOf(line, words[1])) == Lower(queue);
 }
 
 } // namespace
 
-QByteArray LineOf(const QByteArray& text, const std::string& queue) {
-    const QByteArray name = QByteArray::fromStdString(queue);
-    QByteArray found;
-    for (const QByteArray& line : text.split('\n')) {
-        if (IsLineOf(line, name)) {
+std::string LineOf(const std::string& text, const std::string& queue) {
+    std::string found;
+    for (const std::string& line : LinesOf(text)) {
+        if (IsLineOf(line, queue)) {
             found = line;
         }
     }
     return found;
 }
 
-std::map<std::string, std::string> OptionsOf(const QByteArray& line) {
+std::map<std::string, std::string> OptionsOf(const std::string& line) {
     std::map<std::string, std::string> options;
-    const QList<Word> words = WordsOf(line);
+    const std::vector<Word> words = WordsOf(line);
     if (words.size() <= FirstOption) {
         return options;
     }
     cups_option_t* list = nullptr;
-    const int count = cupsParseOptions(line.mid(words[FirstOption].Begin).constData(), 0, &list);
+    const int count = cupsParseOptions(line.c_str() + words[FirstOption].Begin, 0, &list);
     for (int i = 0; i < count; ++i) {
         options[list[i].name] = list[i].value;
     }
@@ -92,11 +102,12 @@ std::map<std::string, std::string> OptionsOf(const QByteArray& line) {
     return options;
 }
 
-std::string PreferredIn(const QByteArray& text) {
-    for (const QByteArray& line : text.split('\n')) {
-        const QList<Word> words = WordsOf(line);
-        if (words.size() >= FirstOption && TextOf(line, words[0]).toLower() == "default") {
-            return TextOf(line, words[1]).split('/').front().toStdString();
+std::string PreferredIn(const std::string& text) {
+    for (const std::string& line : LinesOf(text)) {
+        const std::vector<Word> words = WordsOf(line);
+        if (words.size() >= FirstOption && Lower(TextOf(line, words[0])) == "default") {
+            const std::string name = TextOf(line, words[1]);
+            return name.substr(0, name.find('/'));
         }
     }
     return {};

@@ -1,6 +1,5 @@
 #pragma once
 
-#include <QByteArray>
 #include <map>
 #include <string>
 
@@ -8,13 +7,13 @@ namespace desktop::cups {
 
 /// A queue's line ("Dest name options" or "Default name options") in the text of an lpoptions file; the last
 /// one where there are several, empty if there is none. An instance ("name/instance") is not the queue.
-QByteArray LineOf(const QByteArray& text, const std::string& queue);
+std::string LineOf(const std::string& text, const std::string& queue);
 
 /// The options of a line.
-std::map<std::string, std::string> OptionsOf(const QByteArray& line);
+std::map<std::string, std::string> OptionsOf(const std::string& line);
 
 /// The queue whose line in the text of an lpoptions file says that it is the default, without an instance; an
 /// empty text if none does.
-std::string PreferredIn(const QByteArray& text);
+std::string PreferredIn(const std::string& text);
 
 } // namespace desktop::cups

@@ -3,9 +3,8 @@
 #include <cstdint>
 #include <memory>
 #include <string>
+#include <string_view>
 #include <vector>
-
-class QIODevice;
 
 namespace desktop::cups {
 
@@ -53,9 +52,12 @@ class PrintJob {
   public:
     virtual ~PrintJob() = default;
 
-    /// Where the PDF is written, open; nothing if the user has called the document off.
-    virtual QIODevice* Output() = 0;
-    /// Hands the complete document over. RuntimeError(ErrorPrinter) if that fails.
+    /// False if the user has called the document off: then nothing is to be written.
+    virtual bool IsWanted() const { return true; }
+    /// Takes the next bytes of the PDF. 0, or errno if the document is to be broken off at its next page. A
+    /// job that tells the loss of bytes itself, in Finish, with the place and the reason, answers 0.
+    virtual int Write(std::string_view bytes) = 0;
+    /// Hands the complete document over. RuntimeError(ErrorPrinter) if that fails, or if bytes were lost.
     virtual void Finish() = 0;
 };
 

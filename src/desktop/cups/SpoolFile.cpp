@@ -1,12 +1,9 @@
 #include "desktop/cups/SpoolFile.h"
 
-#include <QDir>
-#include <QFile>
-#include <QFileInfo>
 #include <cerrno>
 #include <cstdlib>
-#include <string>
-#include <string_view>
+#include <cstring>
+#include <utility>
 
 #include <fcntl.h>
 #include <sys/stat.h>
@@ -22,57 +19,55 @@ constexpr mode_t PrivateFile = 0600;
 constexpr mode_t PrivateFolder = 0700;
 
 /// False with errno set where it cannot be made.
-bool MakeFolder(const QByteArray& folder, mode_t mode) {
-    const QByteArray above = folder.left(folder.lastIndexOf('/'));
-    return mkdir(folder.constData(), mode) == 0 || errno == EEXIST ||
-           (errno == ENOENT && !above.isEmpty() && MakeFolder(above, 0777) &&
-            (mkdir(folder.constData(), mode) == 0 || errno == EEXIST));
+bool MakeFolder(const std::string& folder, mode_t mode) {
+    const std::size_t slash = folder.rfind('/');
+    const std::string above = slash == std::string::npos ? std::string() : folder.substr(0, slash);
+    return mkdir(folder.c_str(), mode) == 0 || errno == EEXIST ||
+           (errno == ENOENT && !above.empty() && MakeFolder(above, 0777) &&
+            (mkdir(folder.c_str(), mode) == 0 || errno == EEXIST));
 }
 
 /// A descriptor, or -1.
-int OpenWithoutName(const QByteArray& folder) {
+int OpenWithoutName(const std::string& folder) {
     const int nameless = regfile::Uninterrupted(
-        [&] { return open(folder.constData(), O_TMPFILE | O_RDWR | O_CLOEXEC, PrivateFile); });
+        [&] { return open(folder.c_str(), O_TMPFILE | O_RDWR | O_CLOEXEC, PrivateFile); });
     if (nameless >= 0 || (errno != EOPNOTSUPP && errno != EISDIR)) {
         return nameless;
     }
     // A file system that has only files with names, as those of a network: this one loses its own while it is
     // still empty.
-    QByteArray name = folder + "/XXXXXX";
+    std::string name = folder + "/XXXXXX";
     const int named = mkostemp(name.data(), O_CLOEXEC);
     if (named >= 0) {
-        unlink(name.constData());
+        unlink(name.c_str());
     }
     return named;
 }
 
-base::RuntimeError Failure(const QString& folder, int error) {
-    const QString text = QStringLiteral("Het document kon niet worden klaargezet.\n%1\n%2")
-                             .arg(folder, qt_error_string(error));
-    return base::RuntimeError(base::ErrorPrinter, text.toStdString());
-}
-
 } // namespace
 
-SpoolFile::SpoolFile(const QString& folder) : folder_(folder) {
-    const QByteArray name = QFile::encodeName(folder);
-    if (!MakeFolder(name, PrivateFolder)) {
-        throw Failure(folder_, errno);
+std::string LibrarysReason(int error) {
+    return std::strerror(error);
+}
+
+SpoolFile::SpoolFile(std::string folder, SystemReason reason)
+    : folder_(std::move(folder)), reason_(std::move(reason)) {
+    if (!MakeFolder(folder_, PrivateFolder)) {
+        Fail(errno);
     }
-    regfile::Descriptor file(OpenWithoutName(name));
+    regfile::Descriptor file(OpenWithoutName(folder_));
     if (!file.IsOpen()) {
-        throw Failure(folder_, errno);
+        Fail(errno);
     }
     writer_ = regfile::FileWriter(std::move(file));
-    open(WriteOnly);
 }
 
 void SpoolFile::Rewind() {
     if (const int error = writer_.Flush(); error != 0) {
-        throw Failure(folder_, error);
+        Fail(error);
     }
     if (lseek(Number(), 0, SEEK_SET) != 0) {
-        throw Failure(folder_, errno);
+        Fail(errno);
     }
 }
 
@@ -81,8 +76,9 @@ bool SpoolFile::IsRead() const {
     return fstat(Number(), &status) != 0 || lseek(Number(), 0, SEEK_CUR) >= status.st_size;
 }
 
-qint64 SpoolFile::writeData(const char* data, qint64 length) {
-    return writer_.Write({data, static_cast<std::size_t>(length)}) == 0 ? length : -1;
+void SpoolFile::Fail(int error) const {
+    throw base::RuntimeError(base::ErrorPrinter,
+                             "Het document kon niet worden klaargezet.\n" + folder_ + "\n" + reason_(error));
 }
 
 } // namespace desktop::cups

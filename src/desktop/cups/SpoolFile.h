@@ -1,21 +1,29 @@
 #pragma once
 
-#include <QIODevice>
-#include <QString>
+#include <functional>
+#include <string>
+#include <string_view>
 
 #include "desktop/regfile/FileWriter.h"
 
 namespace desktop::cups {
 
+/// Words a failure of the system for the user, by its errno.
+using SystemReason = std::function<std::string(int error)>;
+
+/// In the words of the C library.
+std::string LibrarysReason(int error);
+
 /// A file for a document that waits for the print server: with a place on the disk but without a name, so no
 /// other user can open it and the system takes it back when the program ends, however it ends.
-class SpoolFile : public QIODevice {
+class SpoolFile {
   public:
     /// In `folder`, which is made for the user alone if it is not there. RuntimeError(ErrorPrinter) if there
     /// is no room for it.
-    explicit SpoolFile(const QString& folder);
+    explicit SpoolFile(std::string folder, SystemReason reason = LibrarysReason);
 
-    bool isSequential() const override { return true; }
+    /// 0 or errno. The first failure is kept, and told by Rewind.
+    int Write(std::string_view bytes) { return writer_.Write(bytes); }
 
     /// To be read from its beginning, through Number(). RuntimeError(ErrorPrinter) if the disk has not taken
     /// all that was written since the file was opened.
@@ -26,12 +34,11 @@ class SpoolFile : public QIODevice {
     /// Has it been read to its end?
     bool IsRead() const;
 
-  protected:
-    qint64 readData(char*, qint64) override { return -1; }
-    qint64 writeData(const char* data, qint64 length) override;
-
   private:
-    QString folder_;
+    [[noreturn]] void Fail(int error) const;
+
+    std::string folder_;
+    SystemReason reason_;
     regfile::FileWriter writer_;
 };
 

@@ -1,15 +1,13 @@
 #include "desktop/cups/UserDefaults.h"
 
-#include <QDir>
-#include <QFile>
-#include <QFileInfo>
 #include <cerrno>
 #include <cstddef>
+#include <cstdlib>
 #include <optional>
-#include <string>
 
 #include "desktop/cups/OptionLine.h"
 #include "desktop/regfile/PosixFile.h"
+#include "desktop/regfile/UserFolders.h"
 
 namespace desktop::cups {
 
@@ -23,32 +21,34 @@ constexpr int Tries = 3;
 
 /// An empty text if there is no such file; nothing if there is one and it cannot be read, whatever else than
 /// a file it may be. Never waits for another process.
-std::optional<QByteArray> ReadFile(const QString& name) {
-    const std::string path = QFile::encodeName(name).toStdString();
+std::optional<std::string> ReadFile(const std::string& path) {
     regfile::FileContent content;
     int error = EAGAIN;
     for (int tries = 0; error == EAGAIN && tries < Tries; ++tries) {
         error = regfile::ReadWholeFile(path, Longest, content);
     }
     if (error == ENOENT) {
-        return QByteArray();
+        return std::string();
     }
-    return error == 0 ? std::optional(QByteArray::fromStdString(content.bytes)) : std::nullopt;
+    return error == 0 ? std::optional(content.bytes) : std::nullopt;
 }
 
-CupsOptions OptionsIn(const QString& file, const std::string& queue) {
-    return OptionsOf(LineOf(ReadFile(file).value_or(QByteArray()), queue));
+CupsOptions OptionsIn(const std::string& file, const std::string& queue) {
+    return OptionsOf(LineOf(ReadFile(file).value_or(std::string()), queue));
 }
 
-QString MachineFile() {
-    const QString folder = qEnvironmentVariable("CUPS_SERVERROOT", QStringLiteral("/etc/cups"));
-    return folder + QStringLiteral("/lpoptions");
+std::string PreferredInFile(const std::string& file) {
+    return PreferredIn(ReadFile(file).value_or(std::string()));
+}
+
+std::string MachineFile() {
+    const char* const folder = std::getenv("CUPS_SERVERROOT");
+    return std::string(folder == nullptr ? "/etc/cups" : folder) + "/lpoptions";
 }
 
 } // namespace
 
-UserDefaults::UserDefaults()
-    : UserDefaults(QDir::homePath() + QStringLiteral("/.cups/lpoptions"), MachineFile()) {}
+UserDefaults::UserDefaults() : UserDefaults(regfile::HomeFolder() + "/.cups/lpoptions", MachineFile()) {}
 
 CupsOptions UserDefaults::Options(const std::string& queue) const {
     CupsOptions options = OptionsIn(userFile_, queue);
@@ -57,14 +57,14 @@ CupsOptions UserDefaults::Options(const std::string& queue) const {
 }
 
 std::string UserDefaults::PreferredQueue() const {
-    const std::string own = PreferredIn(ReadFile(userFile_).value_or(QByteArray()));
-    return own.empty() ? PreferredIn(ReadFile(machineFile_).value_or(QByteArray())) : own;
+    const std::string own = PreferredInFile(userFile_);
+    return own.empty() ? PreferredInFile(machineFile_) : own;
 }
 
 std::string UserDefaults::Trouble() const {
-    for (const QString& file : {userFile_, machineFile_}) {
+    for (const std::string& file : {userFile_, machineFile_}) {
         if (!ReadFile(file)) {
-            return QFileInfo(file).fileName().toStdString() + UnreadableText;
+            return file.substr(file.rfind('/') + 1) + UnreadableText;
         }
     }
     return {};

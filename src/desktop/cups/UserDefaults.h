@@ -1,9 +1,8 @@
 #pragma once
 
-#include <QByteArray>
-#include <QString>
 #include <map>
 #include <string>
+#include <utility>
 
 namespace desktop::cups {
 
@@ -21,8 +20,8 @@ class UserDefaults {
     /// The files of this user and of this machine.
     UserDefaults();
     /// An empty name stands for a file that is not there.
-    UserDefaults(const QString& userFile, const QString& machineFile)
-        : userFile_(userFile), machineFile_(machineFile) {}
+    UserDefaults(std::string userFile, std::string machineFile)
+        : userFile_(std::move(userFile)), machineFile_(std::move(machineFile)) {}
 
     /// The queue's options, the user's over the machine's. A file that cannot be read counts as empty.
     CupsOptions Options(const std::string& queue) const;
@@ -34,8 +33,8 @@ class UserDefaults {
     std::string Trouble() const;
 
   private:
-    QString userFile_;
-    QString machineFile_;
+    std::string userFile_;
+    std::string machineFile_;
 };
 
 } // namespace desktop::cups

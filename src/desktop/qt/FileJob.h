@@ -1,6 +1,5 @@
 #pragma once
 
-#include <QIODevice>
 #include <QString>
 #include <optional>
 
@@ -16,28 +15,16 @@ class FileJob : public cups::PrintJob {
     /// Without a path the document goes nowhere. RuntimeError(ErrorPrinter) if the file cannot be made.
     explicit FileJob(const std::optional<QString>& path);
 
-    QIODevice* Output() override { return device_.isOpen() ? &device_ : nullptr; }
+    bool IsWanted() const override { return path_.has_value(); }
+    /// What finds no place is told by Finish, which knows the file and the reason.
+    int Write(std::string_view bytes) override;
     void Finish() override;
 
   private:
-    class Device : public QIODevice {
-      public:
-        explicit Device(regfile::FileReplacement& file) : file_(file) {}
-        bool isSequential() const override { return true; }
-
-      protected:
-        qint64 readData(char*, qint64) override { return -1; }
-        qint64 writeData(const char* data, qint64 length) override;
-
-      private:
-        regfile::FileReplacement& file_;
-    };
-
     base::RuntimeError Failure(int error) const;
 
-    QString path_;
+    std::optional<QString> path_;
     regfile::FileReplacement file_;
-    Device device_{file_};
 };
 
 } // namespace desktop::qt

@@ -1,7 +1,6 @@
 #include "desktop/qt/PdfOutput.h"
 
 #include <QByteArrayView>
-#include <QFile>
 
 namespace desktop::qt {
 
@@ -41,20 +40,16 @@ PdfOutput::PdfOutput(QIODevice& output) : output_(output) {
     open(WriteOnly | Unbuffered);
 }
 
-bool PdfOutput::HasFailed() const {
-    const auto* file = qobject_cast<const QFile*>(&output_);
-    return file != nullptr && file->error() != QFileDevice::NoError;
-}
-
 qint64 PdfOutput::readData(char* /*data*/, qint64 /*length*/) {
     return -1;
 }
 
 qint64 PdfOutput::writeData(const char* data, qint64 length) {
-    if (QByteArrayView(data, length).startsWith(TableStart)) {
-        return output_.write(WithBlanks(QByteArray(data, length)));
-    }
-    return output_.write(data, length);
+    const bool isTable = QByteArrayView(data, length).startsWith(TableStart);
+    const qint64 taken =
+        isTable ? output_.write(WithBlanks(QByteArray(data, length))) : output_.write(data, length);
+    hasFailed_ = hasFailed_ || taken != length;
+    return taken;
 }
 
 } // namespace desktop::qt

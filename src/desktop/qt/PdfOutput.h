@@ -11,9 +11,9 @@ class PdfOutput : public QIODevice {
     /// `output` must live as long as the object, and is told of every byte at once.
     explicit PdfOutput(QIODevice& output);
 
-    /// True once a file has not taken what it was given. The toolkit asks that of a file alone, which this is
-    /// not.
-    bool HasFailed() const;
+    /// True once `output` has not taken what it was given. The toolkit asks that of a file alone, which this
+    /// is not.
+    bool HasFailed() const { return hasFailed_; }
 
     bool isSequential() const override { return true; }
 
@@ -23,6 +23,7 @@ class PdfOutput : public QIODevice {
 
   private:
     QIODevice& output_;
+    bool hasFailed_ = false;
 };
 
 } // namespace desktop::qt

@@ -45,6 +45,10 @@ QString OwnSettingsFile() {
            QStringLiteral("/drukkeuring/pdf-bestand.conf");
 }
 
+std::string FileName(const QString& path) {
+    return QFile::encodeName(path).toStdString();
+}
+
 cups::Paper PaperOf(std::int16_t id, const char* name, double width, double height) {
     cups::Paper paper;
     paper.Id = id;
@@ -135,7 +139,8 @@ QString FileNameForTitle(const std::string& title) {
 }
 
 PdfPrinter::PdfPrinter(FileAsker asker, const QString& settingsFile)
-    : asker_(std::move(asker)), defaults_(settingsFile.isEmpty() ? OwnSettingsFile() : settingsFile, {}),
+    : asker_(std::move(asker)),
+      defaults_(FileName(settingsFile.isEmpty() ? OwnSettingsFile() : settingsFile), {}),
       papers_{PaperOf(PaperForm, cups::FormSheetName, cups::FormSheet.Width, cups::FormSheet.Height),
               PaperOf(cups::PaperA4, "A4", TwipsOfMillimetres(210), TwipsOfMillimetres(297)),
               PaperOf(cups::PaperA5, "A5", TwipsOfMillimetres(148), TwipsOfMillimetres(210)),

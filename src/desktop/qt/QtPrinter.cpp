@@ -213,8 +213,9 @@ void QtPrinter::BeginDocument() {
     begun_ = true; // whatever comes of it, the user is asked and told once
     try {
         job_ = Queue().BeginJob(title_, CurrentPaper(), CurrentBin());
-        if (QIODevice* output = job_->Output()) {
-            document_ = std::make_unique<PdfDocument>(*output, title_, SheetNow());
+        if (job_->IsWanted()) {
+            output_ = std::make_unique<JobDevice>(*job_);
+            document_ = std::make_unique<PdfDocument>(*output_, title_, SheetNow());
         }
     } catch (const base::RuntimeError& error) {
         Fail(error);
@@ -250,6 +251,7 @@ void QtPrinter::EndDocument() {
 
 void QtPrinter::DropOutput() {
     document_.reset(); // before the job, where it writes to its end
+    output_.reset();
     job_.reset();
 }
 

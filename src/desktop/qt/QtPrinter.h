@@ -5,6 +5,7 @@
 #include <string>
 
 #include "base/RuntimeError.h"
+#include "desktop/qt/JobDevice.h"
 #include "desktop/qt/PageDevice.h"
 #include "desktop/qt/PdfDocument.h"
 #include "desktop/qt/QtCanvas.h"
@@ -84,7 +85,8 @@ class QtPrinter : public machine::Printer, private PageDevice {
 
     bool begun_ = false; ///< from the document's first output to its end, also if it goes nowhere
     std::unique_ptr<cups::PrintJob> job_;
-    std::unique_ptr<PdfDocument> document_; // behind job_, as it writes there to its end
+    std::unique_ptr<JobDevice> output_;
+    std::unique_ptr<PdfDocument> document_; // behind both, as it writes there to its end
 };
 
 } // namespace desktop::qt

@@ -11,12 +11,12 @@
 #include <vector>
 
 #include <dirent.h>
-#include <pwd.h>
 #include <unistd.h>
 
 #include "base/Text.h"
 #include "desktop/regfile/FileLock.h"
 #include "desktop/regfile/FileReplacement.h"
+#include "desktop/regfile/UserFolders.h"
 
 namespace desktop::regfile {
 namespace {
@@ -102,32 +102,11 @@ std::chrono::nanoseconds Age(const FileStamp& stamp, std::chrono::system_clock::
     return now.time_since_epoch() - std::chrono::nanoseconds(stamp.modified);
 }
 
-std::string FolderFrom(const char* variable) {
-    const char* const value = std::getenv(variable);
-    return value != nullptr && value[0] == '/' ? value : std::string{};
-}
-
-std::string HomeFolder() {
-    std::string home = FolderFrom("HOME");
-    if (home.empty()) {
-        const passwd* const user = getpwuid(getuid());
-        home = user != nullptr && user->pw_dir != nullptr ? user->pw_dir : "";
-    }
-    return home;
-}
-
 } // namespace
 
 std::string DefaultSettingsPath() {
-    std::string folder = FolderFrom("XDG_CONFIG_HOME");
-    if (folder.empty()) {
-        folder = HomeFolder();
-        if (folder.empty()) {
-            return {};
-        }
-        folder += "/.config";
-    }
-    return folder + "/tarvik/settings.reg";
+    const std::string folder = UserFolder("XDG_CONFIG_HOME", "/.config");
+    return folder.empty() ? folder : folder + "/tarvik/settings.reg";
 }
 
 RegFileStore::RegFileStore(std::string path, std::string branch, SettingsTeller teller)

@@ -133,7 +133,7 @@ QJsonObject Describe(const std::vector<desktop::cups::Paper>& papers,
 QJsonObject ByPpd(const QString& file, const QString& own, const Wanted& wanted) {
     const std::unique_ptr<ipp_t, desktop::cups::FreeIpp> noAttributes(ippNew());
     desktop::cups::CupsMedia media = desktop::cups::MediaOfQueue(noAttributes.get(), file.toStdString());
-    const desktop::cups::CupsOptions options = desktop::cups::OptionsOf("Dest queue " + own.toUtf8());
+    const desktop::cups::CupsOptions options = desktop::cups::OptionsOf("Dest queue " + own.toStdString());
     desktop::cups::OfferOwnSheet(media, desktop::cups::OwnSizeIn(options));
     desktop::cups::QueueSettings settings{desktop::cups::Portrait, media.DefaultPaper, media.DefaultBin, 1};
     if (const desktop::cups::Paper* paper = desktop::cups::PaperIn(media, options)) {
@@ -167,7 +167,7 @@ void Send(desktop::cups::PrintQueue& queue, const desktop::cups::Paper& paper, c
         throw std::runtime_error("cannot read " + file.toStdString());
     }
     const std::unique_ptr<desktop::cups::PrintJob> job = queue.BeginJob(title.toStdString(), paper, &bin);
-    job->Output()->write(document.readAll());
+    job->Write(document.readAll().toStdString());
     job->Finish();
 }
 

@@ -1,10 +1,10 @@
 #include "desktop/cups/CupsMedia.h"
 
-#include <QFile>
-#include <QTemporaryDir>
 #include <array>
 #include <map>
 #include <memory>
+#include <regex>
+#include <sstream>
 #include <string>
 #include <vector>
 
@@ -12,6 +12,7 @@
 
 #include "desktop/cups/CupsPpd.h"
 #include "desktop/cups/IppMedia.h"
+#include "support/TemporaryFolder.h"
 
 namespace desktop::cups {
 namespace {
@@ -186,18 +187,15 @@ TEST(MediaOfAttributes, ListsNothingWhereNothingIsToldOrItIsOfAnotherKind) {
 }
 
 TEST(MediaOfPpd, ListsNothingForADamagedFile) {
-    const QTemporaryDir folder;
-    const QString path = folder.filePath("damaged.ppd");
-    for (const QByteArray& text :
-         {QByteArray(), QByteArray(100'000, '*'), QByteArray("*PPD-Adobe: \"4.3\"\n*OpenUI *PageSize"),
-          QByteArray("%PDF-1.4\n\0\0\xFF", 12)}) {
-        QFile file(path);
-        ASSERT_TRUE(file.open(QIODevice::WriteOnly));
-        file.write(text);
-        file.close();
-        EXPECT_TRUE(MediaOfPpd(path.toStdString()).Papers.empty());
+    const TemporaryFolder folder;
+    const std::string path = folder.PathOf("damaged.ppd");
+    for (const std::string& text :
+         {std::string(), std::string(100'000, '*'), std::string("*PPD-Adobe: \"4.3\"\n*OpenUI *PageSize"),
+          std::string("%PDF-1.4\n\0\0\xFF", 12)}) {
+        WriteFile(path, text);
+        EXPECT_TRUE(MediaOfPpd(path).Papers.empty());
     }
-    EXPECT_TRUE(MediaOfPpd(folder.filePath("missing.ppd").toStdString()).Papers.empty());
+    EXPECT_TRUE(MediaOfPpd(folder.PathOf("missing.ppd")).Papers.empty());
 }
 
 constexpr const char* PpdHead = "*PPD-Adobe: \"4.3\"\n*FormatVersion: \"4.3\"\n*LanguageVersion: English\n"
@@ -211,30 +209,29 @@ struct PpdPaper {
 /// A queue by a PPD with these papers, all printed on to 18 points from each edge, and with more of it.
 class PpdMedia : public testing::Test {
   protected:
-    CupsMedia Read(const std::vector<PpdPaper>& papers, const QByteArray& more = {},
-                   const QByteArray& preset = "A4") {
-        QByteArray text =
-            PpdHead + QByteArray("*OpenUI *PageSize: PickOne\n*DefaultPageSize: ") + preset + "\n";
+    CupsMedia Read(const std::vector<PpdPaper>& papers, const std::string& more = {},
+                   const std::string& preset = "A4") {
+        std::ostringstream text;
+        text << PpdHead << "*OpenUI *PageSize: PickOne\n*DefaultPageSize: " << preset << "\n";
         for (const PpdPaper& paper : papers) {
-            text += QByteArray("*PageSize ") + paper.Choice + ": \"\"\n";
+            text << "*PageSize " << paper.Choice << ": \"\"\n";
         }
-        text += "*CloseUI: *PageSize\n";
+        text << "*CloseUI: *PageSize\n";
         for (const PpdPaper& paper : papers) {
-            const QList<QByteArray> sides = QByteArray(paper.Sides).split(' ');
-            text += QByteArray("*PaperDimension ") + paper.Choice + ": \"" + paper.Sides + "\"\n";
-            text += QByteArray("*ImageableArea ") + paper.Choice + ": \"18 18 " +
-                    QByteArray::number(sides[0].toDouble() - 18) + ' ' +
-                    QByteArray::number(sides[1].toDouble() - 18) + "\"\n";
+            double width = 0;
+            double height = 0;
+            std::istringstream(paper.Sides) >> width >> height;
+            text << "*PaperDimension " << paper.Choice << ": \"" << paper.Sides << "\"\n";
+            text << "*ImageableArea " << paper.Choice << ": \"18 18 " << width - 18 << ' ' << height - 18
+                 << "\"\n";
         }
-        QFile file(Folder.filePath("queue.ppd"));
-        EXPECT_TRUE(file.open(QIODevice::WriteOnly));
-        file.write(text + more);
-        file.close();
+        const std::string path = Folder.PathOf("queue.ppd");
+        WriteFile(path, text.str() + more);
         const Answer nothing(ippNew());
-        return MediaOfQueue(nothing.get(), file.fileName().toStdString());
+        return MediaOfQueue(nothing.get(), path);
     }
 
-    QTemporaryDir Folder;
+    TemporaryFolder Folder;
 };
 
 constexpr const char* AnySize = "*CustomPageSize True: \"\"\n*ParamCustomPageSize Width: 1 points 100 612\n"
@@ -288,7 +285,8 @@ TEST_F(PpdMedia, OffersTheFormsSheetWhereThePpdTakesAnySize) {
 
 TEST_F(PpdMedia, DoesNotOfferTheFormsSheetWhereItIsTooLongOrHasAName) {
     EXPECT_EQ(Read({{"A4", "595 842"}}).Papers.size(), 1U);
-    EXPECT_EQ(Read({{"A4", "595 842"}}, QByteArray(AnySize).replace("1008", "863")).Papers.size(), 1U);
+    const std::string lessThanTheSheet = std::regex_replace(AnySize, std::regex("1008"), "863");
+    EXPECT_EQ(Read({{"A4", "595 842"}}, lessThanTheSheet).Papers.size(), 1U);
     EXPECT_EQ(Read({{"A4", "595 842"}, {"Giro", "595 864"}}, AnySize).Papers.size(), 2U);
     EXPECT_EQ(Read({{"A4", "595 842"}, {"Fanfold", "612 864"}}, AnySize).Papers.size(), 3U);
 }
@@ -327,7 +325,7 @@ TEST_F(PpdMedia, SaysNothingWhereThePpdKnowsNoDefault) {
 }
 
 TEST_F(PpdMedia, FindsTheBinsUnderAMakersOwnName) {
-    for (const QByteArray name : {"HPPaperSource", "PaperSources"}) {
+    for (const std::string name : {"HPPaperSource", "PaperSources"}) {
         const CupsMedia media =
             Read({{"A4", "595 842"}}, "*OpenUI *" + name + ": PickOne\n*Default" + name + ": Unknown\n*" +
                                           name + " Unknown: \"\"\n*" + name + " Tray2: \"\"\n*" + name +
@@ -337,25 +335,24 @@ TEST_F(PpdMedia, FindsTheBinsUnderAMakersOwnName) {
         EXPECT_TRUE(media.Bins[0].StandIn);
         EXPECT_EQ(media.DefaultBin, media.Bins[0].Id);
         EXPECT_EQ(media.Bins[1].Name, "Lade 2");
-        EXPECT_EQ(media.Bins[1].PpdOption, name.toStdString());
+        EXPECT_EQ(media.Bins[1].PpdOption, name);
     }
 }
 
 TEST_F(PpdMedia, KnowsTheOptionsThatWouldChangeThePagesButNotWhatIsInstalled) {
-    const auto option = [](const QByteArray& name, const QByteArray& choices) {
-        QByteArray text =
-            "*OpenUI *" + name + ": PickOne\n*Default" + name + ": " + choices.split(' ')[0] + "\n";
-        for (const QByteArray& choice : choices.split(' ')) {
+    const auto option = [](const std::string& name, const std::vector<std::string>& choices) {
+        std::string text = "*OpenUI *" + name + ": PickOne\n*Default" + name + ": " + choices.front() + "\n";
+        for (const std::string& choice : choices) {
             text += "*" + name + " " + choice + ": \"\"\n";
         }
         return text + "*CloseUI: *" + name + "\n";
     };
     const CupsMedia media =
         Read({{"A4", "595 842"}},
-             "*OpenGroup: InstallableOptions\n" + option("OptionDuplex", "True False") +
-                 "*CloseGroup: InstallableOptions\n" + option("EFDuplex", "TopTop TopBottom False") +
-                 option("Binding", "LongEdge ShortEdge") + option("MirrorPrint", "True False") +
-                 option("ColorModel", "Gray RGB") + option("BladZijden", "DuplexTumble Simplex"));
+             "*OpenGroup: InstallableOptions\n" + option("OptionDuplex", {"True", "False"}) +
+                 "*CloseGroup: InstallableOptions\n" + option("EFDuplex", {"TopTop", "TopBottom", "False"}) +
+                 option("Binding", {"LongEdge", "ShortEdge"}) + option("MirrorPrint", {"True", "False"}) +
+                 option("ColorModel", {"Gray", "RGB"}) + option("BladZijden", {"DuplexTumble", "Simplex"}));
     EXPECT_EQ(media.PlainChoices,
               (std::map<std::string, std::string>{
                   {"BladZijden", "Simplex"}, {"EFDuplex", "False"}, {"MirrorPrint", "False"}}));

@@ -127,7 +127,7 @@ TEST_F(CupsTest, SendsTheDocumentWithPaperAndTray) {
     const std::vector<pdf::Word> words = pdf::Words(copy);
     ASSERT_EQ(words.size(), 1U);
     EXPECT_NEAR(words[0].Left, 18 / 72.0 * 25.4, 0.01); // where the printable area begins
-    EXPECT_TRUE(QDir(SpoolFolder()).isEmpty());
+    EXPECT_TRUE(QDir(QString::fromStdString(SpoolFolder())).isEmpty());
 }
 
 TEST_F(CupsTest, SendsTheUsersOptionsButNoneThatChangesThePages) {
@@ -413,7 +413,7 @@ TEST_F(CupsTest, TellsThatAQueueTakesNoDocuments) {
     EXPECT_THROW(Printer.Page().EndDocument(), base::RuntimeError);
     ASSERT_EQ(Told.size(), 1U);
     EXPECT_NE(Told[0].find("Kantoor"), std::string::npos);
-    EXPECT_TRUE(QDir(SpoolFolder()).isEmpty());
+    EXPECT_TRUE(QDir(QString::fromStdString(SpoolFolder())).isEmpty());
 }
 
 TEST_F(CupsTest, GoesOnWithThePdfPrinterWhereTheServerIsDown) {
@@ -435,12 +435,12 @@ TEST_F(CupsTest, SurvivesTheServersEnd) {
     Printer.Page().DrawText(0, 0, "x", Tahoma9);
     EXPECT_THROW(Printer.Page().EndDocument(), base::RuntimeError);
     EXPECT_EQ(Told, std::vector<std::string>{NoAnswerText});
-    EXPECT_TRUE(QDir(SpoolFolder()).isEmpty());
+    EXPECT_TRUE(QDir(QString::fromStdString(SpoolFolder())).isEmpty());
 }
 
 TEST_F(CupsTest, KeepsAWaitingDocumentWhereNobodyElseFindsIt) {
     Printer.Page().DrawText(0, 0, "x", Tahoma9);
-    const QDir folder(SpoolFolder());
+    const QDir folder(QString::fromStdString(SpoolFolder()));
     EXPECT_TRUE(folder.exists());
     EXPECT_TRUE(folder.isEmpty());
     const auto others = QFile::ReadGroup | QFile::ReadOther | QFile::WriteGroup | QFile::WriteOther |

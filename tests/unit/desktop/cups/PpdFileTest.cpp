@@ -1,8 +1,5 @@
 #include "desktop/cups/PpdFile.h"
 
-#include <QByteArray>
-#include <QFile>
-#include <QTemporaryDir>
 #include <array>
 #include <functional>
 #include <memory>
@@ -17,6 +14,7 @@
 #include <unistd.h>
 
 #include "desktop/cups/CupsServer.h"
+#include "support/TemporaryFolder.h"
 
 namespace desktop::cups {
 namespace {
@@ -81,8 +79,8 @@ class AnsweringServer {
         }
     }
 
-    QTemporaryDir folder_;
-    std::string path_ = folder_.filePath("sock").toStdString();
+    TemporaryFolder folder_;
+    std::string path_ = folder_.PathOf("sock");
     std::vector<Answer> answers_;
     int listener_ = socket(AF_UNIX, SOCK_STREAM | SOCK_CLOEXEC, 0);
     std::thread thread_;
@@ -112,8 +110,7 @@ void Endless(int client) {
 }
 
 std::string ContentOf(const PpdFile& file) {
-    QFile content(QString::fromStdString(file.Name()));
-    return content.open(QIODevice::ReadOnly) ? content.readAll().toStdString() : "(no file)";
+    return ReadFile(file.Name());
 }
 
 TEST(PpdFile, HasWhatTheServerSends) {

@@ -1,21 +1,23 @@
 #include "desktop/cups/UserDefaults.h"
 
-#include <QDir>
-#include <QFile>
-#include <QTemporaryDir>
+#include <filesystem>
 
+#include <gmock/gmock.h>
 #include <gtest/gtest.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
 #include "desktop/cups/OptionLine.h"
 #include "desktop/cups/StoredChoice.h"
+#include "support/TemporaryFolder.h"
 
 namespace desktop::cups {
 namespace {
 
+namespace fs = std::filesystem;
+
 TEST(OptionLine, FindsTheQueueItself) {
-    const QByteArray text =
+    const std::string text =
         "# Dest Kantoor a=1\nDest Kantoor/concept a=2\nDest Kantoor2 a=3\ndest\tKantoor a=4\n";
     EXPECT_EQ(LineOf(text, "Kantoor"), "dest\tKantoor a=4");
     EXPECT_EQ(LineOf(text, "KANTOOR"), "dest\tKantoor a=4"); // as the server finds it
@@ -34,6 +36,12 @@ TEST(OptionLine, ReadsOptionsAsTheServersToolsDo) {
     EXPECT_TRUE(OptionsOf("").empty());
 }
 
+TEST(OptionLine, ALineEndsWhereTheNextOneBegins) {
+    EXPECT_EQ(LineOf("Dest A\n\nDest B x=1\r\nDest C", "B"), "Dest B x=1\r");
+    EXPECT_EQ(LineOf("Dest A\n\nDest B x=1\r\nDest C", "C"), "Dest C");
+    EXPECT_EQ(LineOf("\n\n", ""), "");
+}
+
 TEST(OptionLine, FindsThePreferredQueue) {
     EXPECT_EQ(PreferredIn("Dest A x=1\ndefault B/concept x=1\nDefault C\n"), "B");
     EXPECT_EQ(PreferredIn("Dest Default x\nDefault\n"), "");
@@ -42,60 +50,53 @@ TEST(OptionLine, FindsThePreferredQueue) {
 
 class UserDefaultsTest : public testing::Test {
   protected:
-    void Write(const QString& name, const QByteArray& text) {
-        QFile file(name);
-        ASSERT_TRUE(file.open(QIODevice::WriteOnly));
-        file.write(text);
-    }
-
-    QTemporaryDir Folder;
-    QString User = Folder.filePath("lpoptions");
-    QString Machine = Folder.filePath("machine");
+    TemporaryFolder Folder;
+    std::string User = Folder.PathOf("lpoptions");
+    std::string Machine = Folder.PathOf("machine");
     UserDefaults Defaults{User, Machine};
 };
 
 TEST_F(UserDefaultsTest, TheUsersGoBeforeTheMachines) {
-    Write(Machine, "Default Kantoor a=1 b=1\n");
+    WriteFile(Machine, "Default Kantoor a=1 b=1\n");
     EXPECT_EQ(Defaults.PreferredQueue(), "Kantoor");
-    Write(User, "Default Archief\nDest Kantoor b=2 c=2\n");
+    WriteFile(User, "Default Archief\nDest Kantoor b=2 c=2\n");
     EXPECT_EQ(Defaults.Options("Kantoor"), (CupsOptions{{"a", "1"}, {"b", "2"}, {"c", "2"}}));
     EXPECT_EQ(Defaults.PreferredQueue(), "Archief");
 }
 
 TEST_F(UserDefaultsTest, AreReadAnewAtEachQuestion) {
     EXPECT_TRUE(Defaults.Options("Kantoor").empty());
-    Write(User, "Dest Kantoor a=1\n");
+    WriteFile(User, "Dest Kantoor a=1\n");
     EXPECT_EQ(Defaults.Options("Kantoor"), (CupsOptions{{"a", "1"}}));
 }
 
 TEST_F(UserDefaultsTest, NoFileIsNoTrouble) {
     EXPECT_EQ(Defaults.Trouble(), "");
-    Write(User, "");
+    WriteFile(User, "");
     EXPECT_EQ(Defaults.Trouble(), "");
     EXPECT_EQ(UserDefaults(User, {}).Trouble(), "");
-    EXPECT_EQ(QDir(Folder.path()).entryList(QDir::AllEntries | QDir::NoDotAndDotDot),
-              QStringList{"lpoptions"});
+    EXPECT_THAT(Folder.Names(), testing::ElementsAre("lpoptions"));
 }
 
 TEST_F(UserDefaultsTest, WhateverElseCannotBeReadIsToldByItsName) {
-    ASSERT_TRUE(QDir().mkdir(Machine));
+    ASSERT_TRUE(fs::create_directory(Machine));
     EXPECT_EQ(Defaults.Trouble(), "machine is niet te lezen");
-    ASSERT_TRUE(QDir().mkdir(User));
+    ASSERT_TRUE(fs::create_directory(User));
     EXPECT_EQ(Defaults.Trouble(), "lpoptions is niet te lezen");
     EXPECT_TRUE(Defaults.Options("Kantoor").empty());
-    ASSERT_TRUE(QDir().rmdir(User));
-    ASSERT_EQ(symlink("lpoptions", User.toLocal8Bit().constData()), 0); // a loop
+    ASSERT_TRUE(fs::remove(User));
+    ASSERT_EQ(symlink("lpoptions", User.c_str()), 0); // a loop
     EXPECT_EQ(Defaults.Trouble(), "lpoptions is niet te lezen");
-    ASSERT_TRUE(QFile::remove(User));
-    ASSERT_EQ(mkfifo(User.toLocal8Bit().constData(), 0600), 0); // nobody is waited for
+    ASSERT_TRUE(fs::remove(User));
+    ASSERT_EQ(mkfifo(User.c_str(), 0600), 0); // nobody is waited for
     EXPECT_EQ(Defaults.Trouble(), "lpoptions is niet te lezen");
     EXPECT_EQ(Defaults.PreferredQueue(), "");
 }
 
 TEST_F(UserDefaultsTest, AFileThatTheUserMayNotReadIsTold) {
     constexpr uid_t nobody = 65534;
-    Write(User, "Dest Kantoor a=1\n");
-    ASSERT_TRUE(QFile::setPermissions(User, {}));
+    WriteFile(User, "Dest Kantoor a=1\n");
+    fs::permissions(User, fs::perms::none);
     const uid_t before = geteuid();
     if (before == 0) { // nothing is closed to root
         ASSERT_EQ(seteuid(nobody), 0);

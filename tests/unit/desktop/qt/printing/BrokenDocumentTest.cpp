@@ -1,6 +1,7 @@
 // Documents that a printer refuses on their way: part of a batch is worse than none.
 #include <QFile>
 #include <QTemporaryDir>
+#include <cerrno>
 #include <functional>
 
 #include <gtest/gtest.h>
@@ -29,7 +30,10 @@ class SpoolJob final : public cups::PrintJob {
     explicit SpoolJob(Spool& spool) : spool_(spool), file_(spool.File) {
         EXPECT_TRUE(file_.open(QIODevice::WriteOnly | QIODevice::Unbuffered));
     }
-    QIODevice* Output() override { return &file_; }
+    int Write(std::string_view bytes) override {
+        const auto size = static_cast<qint64>(bytes.size());
+        return file_.write(bytes.data(), size) == size ? 0 : ENOSPC;
+    }
     void Finish() override {
         if (spool_.RefusesEnd) {
             throw base::RuntimeError(base::ErrorPrinter, "Geen antwoord.");
