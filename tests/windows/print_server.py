@@ -1,56 +1,18 @@
-"""A print server of the test's own, in a temporary folder: it knows nothing of the machine's and leaves it alone.
+"""A print server of the test's own, for programs of Windows.
 
 Its queues have a PPD and a backend that keeps what would go to the printer: a document in PostScript and the options
 of its job.
 """
 import collections
-import ctypes
-import os
 import pathlib
-import pwd
 import shutil
-import signal
-import socket
-import subprocess
-import tempfile
+import sys
 import time
 
 from wine_prefix import skip
 
-EXEC = pathlib.Path("/usr/lib/cups/daemon/cups-exec")
-PATIENCE = 60  # seconds
-
-CONFIGURATION = """LogLevel warn
-Listen @/cups.sock
-Browsing Off
-DefaultAuthType None
-WebInterface No
-<Location />
-  Order allow,deny
-  Allow all
-</Location>
-<Policy default>
-  <Limit All>
-    Order allow,deny
-    Allow all
-  </Limit>
-</Policy>
-"""
-
-FILES = """SystemGroup root
-{user}FileDevice Yes
-FatalErrors config
-ServerRoot @
-ServerBin @/bin
-DataDir @/share
-CacheDir @/cache
-StateDir @/state
-RequestRoot @/spool
-TempDir @/spool/tmp
-AccessLog @/access.log
-ErrorLog @/error.log
-PageLog @/page.log
-"""
+sys.path.insert(0, str(pathlib.Path(__file__).resolve().parents[1]))
+from support.print_server import PATIENCE, PROGRAMS, PrivateServer, is_installed  # noqa: E402
 
 # The backend gets the job's number, user, title, copies and options, and the document as a file or on its standard
 # input. The document appears under its own name when it is whole.
@@ -125,37 +87,21 @@ PPD = """*PPD-Adobe: "4.3"
 Job = collections.namedtuple("Job", "title copies options document")
 
 
-def end_with_parent():
-    """For a process that has just begun: it ends with the one that began it, also where that is killed."""
-    parent_death_signal = 1
-    ctypes.CDLL(None).prctl(parent_death_signal, signal.SIGTERM)
-
-
-class PrintServer:
+class PrintServer(PrivateServer):
     """`queues` are names; the first is the default. Start it before Windows programs ask for printers."""
 
-    def __init__(self, queues=("Kantoor",)):
-        if not EXEC.exists() or not shutil.which("lpadmin", path=self._path()):
+    def __init__(self, queues=("Kantoor",), types=TYPES, ppd=PPD):
+        if not is_installed():
             skip("CUPS is not installed")
-        self.folder = pathlib.Path(tempfile.mkdtemp(prefix="print-"))  # short: a socket's path is limited
+        super().__init__(more="LogLevel warn\n",
+                         folders=("bin/daemon", "bin/notifier", "share/mime", "share/banners"))
         self._taken = 0
-        for name in ("bin/backend", "bin/daemon", "bin/filter", "bin/notifier", "share/mime", "share/banners", "cache",
-                     "state", "spool/tmp", "out", "ppd", "ssl"):
-            (self.folder / name).mkdir(parents=True)
-        shutil.copy(EXEC, self.folder / "bin/daemon/cups-exec")
-        user = "" if os.getuid() == 0 else f"User {pwd.getpwuid(os.getuid()).pw_name}\n"
-        self._write("cupsd.conf", CONFIGURATION)
-        self._write("cups-files.conf", FILES.replace("{user}", user))
-        self._write("share/mime/local.types", TYPES)
-        self._write("bin/backend/save", BACKEND)
-        (self.folder / "bin/backend/save").chmod(0o700)  # the server then runs it as the user that it runs as itself
-        self._write("queue.ppd", PPD)
-        self._server = subprocess.Popen(
-            ["cupsd", "-f", "-c", str(self.folder / "cupsd.conf"), "-s", str(self.folder / "cups-files.conf")],
-            env={**os.environ, "PATH": self._path()}, stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL,
-            preexec_fn=end_with_parent)
+        shutil.copy(PROGRAMS / "daemon/cups-exec", self.folder / "bin/daemon/cups-exec")
+        self.write("share/mime/local.types", types)
+        self.write("bin/backend/save", BACKEND, 0o700)  # the server then runs it as the user that it runs as itself
+        self.write("queue.ppd", ppd)
         try:
-            self._wait_until_it_listens()
+            self.start()
             for queue in queues:
                 self.lpadmin("-p", queue, "-E", "-v", "save:/dev/null", "-P", self.folder / "queue.ppd",
                              "-D", f"Printer {queue}")
@@ -163,41 +109,6 @@ class PrintServer:
         except BaseException:
             self.close()
             raise
-
-    def __enter__(self):
-        return self
-
-    def __exit__(self, *_):
-        self.close()
-
-    def stop(self):
-        """Ends the server, as a machine does that is switched off."""
-        self._server.terminate()
-        try:
-            self._server.wait(PATIENCE)
-        except subprocess.TimeoutExpired:
-            self._server.kill()
-            self._server.wait()
-
-    def close(self):
-        self.stop()
-        shutil.rmtree(self.folder, ignore_errors=True)
-
-    @property
-    def settings(self):
-        """Variables that point a program at this server."""
-        return {"CUPS_SERVER": str(self.folder / "cups.sock")}
-
-    def lpadmin(self, *arguments):
-        """An administrator's command. A server on a busy machine may drop a connection: it is asked again."""
-        for wait in (0.1, 0.5, None):
-            done = subprocess.run(["lpadmin", *map(str, arguments)], stdout=subprocess.DEVNULL, stderr=subprocess.PIPE,
-                                  text=True, env={**os.environ, "PATH": self._path(), **self.settings})
-            if not done.returncode:
-                return
-            if wait is None:
-                raise RuntimeError(f"lpadmin {' '.join(map(str, arguments))}: {done.stderr.strip()}")
-            time.sleep(wait)
 
     def next_job(self):
         """The oldest job that has not been asked for yet, once it has come out of its queue whole."""
@@ -216,30 +127,3 @@ class PrintServer:
 
     def _documents(self):
         return sorted((self.folder / "out").glob("*.ps"))
-
-    def _write(self, name, text):
-        (self.folder / name).write_text(text.replace("@", str(self.folder)), encoding="utf-8")
-
-    def _wait_until_it_listens(self):
-        """The socket's name is there before the server listens on it, and before it answers."""
-        end = time.monotonic() + PATIENCE
-        while not self._answers():
-            if self._server.poll() is not None:
-                raise RuntimeError(f"the print server ended with {self._server.returncode}")
-            if time.monotonic() > end:
-                raise TimeoutError("the print server does not listen")
-            time.sleep(0.005)
-
-    def _answers(self):
-        with socket.socket(socket.AF_UNIX) as client:
-            client.settimeout(PATIENCE)
-            try:
-                client.connect(str(self.folder / "cups.sock"))
-                client.sendall(b"OPTIONS / HTTP/1.1\r\nHost: localhost\r\nConnection: close\r\n\r\n")
-                return client.recv(16).startswith(b"HTTP/")
-            except OSError:
-                return False
-
-    @staticmethod
-    def _path():
-        return os.environ.get("PATH", "") + ":/usr/sbin:/sbin"

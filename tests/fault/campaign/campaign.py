@@ -19,8 +19,8 @@ import time
 
 import faults
 from judge import KINDS, Judge
-from machine import Machine, plain
-from print_server import PrintServer, end_with_parent
+from machine import Machine, pdf_server, plain
+from support.print_server import end_with_parent
 
 NOT_FOUND = 77  # exit status of a test that cannot be made here
 WORKERS = os.cpu_count() or 1
@@ -57,7 +57,7 @@ class Campaign:
         if not hasattr(self.local, "machine"):
             with self.lock:
                 number = len(self.servers)
-                self.servers.append(PrintServer(("Kantoor", "Elders")))
+                self.servers.append(pdf_server())
             self.local.machine = Machine(self.place / str(number), self.options, self.servers[number])
         return self.local.machine.prepare()
 

@@ -10,12 +10,11 @@ import sys
 import time
 
 sys.path.insert(0, str(pathlib.Path(__file__).resolve().parents[2] / "windows"))
-import print_server  # noqa: E402
+from print_server import PPD, PrintServer  # noqa: E402
 
 # The queues of that server take PDF here.
-print_server.TYPES = "application/pdf pdf string(0,%PDF)\napplication/octet-stream\napplication/vnd.cups-raw\n"
-print_server.PPD = print_server.PPD.replace('*cupsFilter: "application/postscript 0 -"',
-                                            '*cupsFilter2: "application/pdf application/pdf 0 -"')
+PDF_TYPES = "application/pdf pdf string(0,%PDF)\napplication/octet-stream\napplication/vnd.cups-raw\n"
+PDF_PPD = PPD.replace('*cupsFilter: "application/postscript 0 -"', '*cupsFilter2: "application/pdf application/pdf 0 -"')
 
 TRAY, SLOT = "Lade 3 met formulieren", "Tray3"
 DEFAULTS = b"Dest Kantoor InputSlot=Manual x-afdeling=4\nDest Elders InputSlot=Upper\n"
@@ -37,6 +36,10 @@ def plain(pdf):
     if not start or not pdf[int(start[1]):].startswith(b"xref"):
         return b""
     return subprocess.run(["pdftotext", "-layout", "-", "-"], input=pdf, check=False, capture_output=True).stdout
+
+
+def pdf_server():
+    return PrintServer(("Kantoor", "Elders"), PDF_TYPES, PDF_PPD)
 
 
 class Machine:

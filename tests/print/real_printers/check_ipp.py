@@ -211,11 +211,9 @@ def check_queue(check, server, probe, printer, queue, custom):
 
 
 def make_queue(server, queue, printer):
-    made = server.run("lpadmin", "-p", queue, "-E", "-v", printer.uri(), "-m", "everywhere")
-    if made.returncode != 0:
-        raise RuntimeError(f"lpadmin: {made.stderr}")
+    server.lpadmin("-p", queue, "-E", "-v", printer.uri(), "-m", "everywhere")
     for option, value in hostile.SERVER:
-        server.run("lpadmin", "-p", queue, "-o", f"{option}-default={value}")
+        server.lpadmin("-p", queue, "-o", f"{option}-default={value}")
 
 
 def check_printer(check, probe, custom):

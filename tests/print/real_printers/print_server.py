@@ -1,56 +1,27 @@
-"""A print server (cupsd) of the test's own, on a socket in a temporary folder: it runs the machine's real filters and
-drivers and leaves the machine's own server alone. What would go to a printer is saved instead."""
+"""A print server of the test's own that runs the machine's real filters and drivers. What would go to a printer is saved
+instead."""
 
 import dataclasses
-import os
 import pathlib
-import pwd
 import shutil
-import socket
 import subprocess
-import tempfile
+import sys
 import time
 
-REAL_PROGRAMS = pathlib.Path("/usr/lib/cups")
+sys.path.insert(0, str(pathlib.Path(__file__).resolve().parents[2]))
+from support.print_server import PROGRAMS, PrivateServer  # noqa: E402
+
 PATIENCE = 120  # seconds for one job
 
 CONFIGURATION = """LogLevel info
-Listen @/cups.sock
-Browsing Off
-DefaultAuthType None
-WebInterface No
 PreserveJobFiles Yes
 PreserveJobHistory Yes
 JobKillDelay 5
 DirtyCleanInterval 0
-<Location />
-  Order allow,deny
-  Allow all
-</Location>
 <Location /admin>
   Order allow,deny
   Allow all
 </Location>
-<Policy default>
-  <Limit All>
-    Order allow,deny
-    Allow all
-  </Limit>
-</Policy>
-"""
-FILES = """SystemGroup root
-FileDevice Yes
-FatalErrors config
-ServerRoot @
-ServerBin @/bin
-DataDir /usr/share/cups
-CacheDir @/cache
-StateDir @/state
-RequestRoot @/spool
-TempDir @/spool/tmp
-AccessLog @/access.log
-ErrorLog @/error.log
-PageLog @/page.log
 """
 # The document's name appears when all of it is there.
 SAVE = """#!/bin/sh
@@ -73,49 +44,33 @@ class Job:
     raster: pathlib.Path
 
 
-class PrintServer:
+class PrintServer(PrivateServer):
     def __init__(self):
-        self._owner = tempfile.TemporaryDirectory(prefix="printers")
-        self.folder = pathlib.Path(self._owner.name)
-        self.folder.chmod(0o755)
-        self._process = None
-        self._queues = ""
-        for name in ("bin/backend", "bin/filter", "cache", "state", "spool/tmp", "out", "rasters", "ppd", "ssl",
-                     "home/.cups"):
-            (self.folder / name).mkdir(parents=True)
+        super().__init__(CONFIGURATION, data="/usr/share/cups", folders=("rasters", "home/.cups"))
+        self.folder.chmod(0o755)  # filters need not run as the user that the server runs as
         (self.folder / "rasters").chmod(0o1777)
+        self._queues = ""
         for name in ("daemon", "driver", "notifier", "cgi-bin", "monitor"):
-            if (REAL_PROGRAMS / name).exists():
-                (self.folder / "bin" / name).symlink_to(REAL_PROGRAMS / name)
-        for program in (REAL_PROGRAMS / "filter").iterdir():
+            if (PROGRAMS / name).exists():
+                (self.folder / "bin" / name).symlink_to(PROGRAMS / name)
+        for program in (PROGRAMS / "filter").iterdir():
             (self.folder / "bin/filter" / program.name).symlink_to(program)
-        (self.folder / "bin/backend/ipp").symlink_to(REAL_PROGRAMS / "backend/ipp")
-        self._write("cupsd.conf", CONFIGURATION)
-        self._write("cups-files.conf", FILES + ("" if os.getuid() == 0 else f"User {self._user()}\n"))
-        self._write("bin/backend/save", SAVE, 0o700)
-        self._write("client.conf", "")
-
-    @staticmethod
-    def _user():
-        return pwd.getpwuid(os.getuid()).pw_name
-
-    def _write(self, name, text, mode=0o644):
-        file = self.folder / name
-        file.write_text(text.replace("@", str(self.folder)), encoding="utf-8")
-        file.chmod(mode)
+        (self.folder / "bin/backend/ipp").symlink_to(PROGRAMS / "backend/ipp")
+        self.write("bin/backend/save", SAVE, 0o700)
+        self.write("client.conf", "")
 
     def environment(self):
         """For programs that are to print here, with a home of their own."""
         home = self.folder / "home"
-        return {**os.environ, "CUPS_SERVER": str(self.folder / "cups.sock"), "CUPS_SERVERROOT": str(self.folder),
-                "HOME": str(home), "XDG_CACHE_HOME": str(home / "cache"), "XDG_CONFIG_HOME": str(home / "config"),
+        return {**super().environment(), "CUPS_SERVERROOT": str(self.folder), "HOME": str(home),
+                "XDG_CACHE_HOME": str(home / "cache"), "XDG_CONFIG_HOME": str(home / "config"),
                 "QT_QPA_PLATFORM": "offscreen"}
 
     def save_raster_of(self, driver):
         """Saves what comes to this filter as well."""
         file = self.folder / "bin/filter" / driver
         file.unlink()
-        self._write(f"bin/filter/{driver}", TEE.replace("{real}", str(REAL_PROGRAMS / "filter" / driver)), 0o755)
+        self.write(f"bin/filter/{driver}", TEE.replace("{real}", str(PROGRAMS / "filter" / driver)), 0o755)
 
     def add_queue(self, name, ppd, defaults=(), banners="none none"):
         """A queue of that description (bytes), with defaults of the server's as pairs of name and value. Before
@@ -131,39 +86,8 @@ class PrintServer:
 
     def start(self):
         if self._queues:
-            self._write("printers.conf", self._queues)
-        self._process = subprocess.Popen(
-            ["cupsd", "-f", "-c", self.folder / "cupsd.conf", "-s", self.folder / "cups-files.conf"])
-        end = time.monotonic() + 10
-        while time.monotonic() < end:
-            with socket.socket(socket.AF_UNIX) as client:
-                try:
-                    client.connect(str(self.folder / "cups.sock"))
-                    return
-                except OSError:
-                    time.sleep(0.01)
-        raise RuntimeError("the print server does not start:\n" + self.log())
-
-    def stop(self):
-        if self._process:
-            self._process.terminate()
-            try:
-                self._process.wait(10)
-            except subprocess.TimeoutExpired:
-                self._process.kill()
-                self._process.wait()
-            self._process = None
-
-    def __enter__(self):
-        return self
-
-    def __exit__(self, *_):
-        self.stop()
-        self._owner.cleanup()
-
-    def log(self):
-        file = self.folder / "error.log"
-        return file.read_text("utf-8", "replace") if file.exists() else ""
+            self.write("printers.conf", self._queues)
+        super().start()
 
     def run(self, *arguments, **more):
         return subprocess.run([str(each) for each in arguments], env=self.environment(), capture_output=True,
