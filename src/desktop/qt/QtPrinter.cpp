@@ -5,6 +5,7 @@
 #include <utility>
 
 #include "desktop/cups/PaperTable.h"
+#include "machine/PrinterErrors.h"
 
 namespace desktop::qt {
 
@@ -75,7 +76,7 @@ std::int16_t QtPrinter::Orientation() {
 void QtPrinter::SetOrientation(std::int16_t orientation) {
     Queue();
     if (orientation != cups::Portrait && orientation != cups::Landscape) {
-        throw base::RuntimeError(base::ErrorInvalidPropertyValue, "De afdrukrichting is ongeldig.");
+        throw machine::InvalidOrientation();
     }
     settings_.Orientation = orientation;
 }
@@ -88,7 +89,7 @@ void QtPrinter::SetPaperSize(std::int16_t paper) {
     const auto& papers = Queue().Papers();
     if (std::none_of(papers.begin(), papers.end(),
                      [paper](const cups::Paper& each) { return each.Id == paper; })) {
-        throw base::RuntimeError(base::ErrorInvalidPropertyValue, "De printer kent dit papierformaat niet.");
+        throw machine::UnknownPaper();
     }
     settings_.PaperId = paper;
     StoreWhereUnwritten(&cups::QueueSettings::PaperId);
@@ -102,7 +103,7 @@ std::int16_t QtPrinter::PaperBin() {
 void QtPrinter::SetPaperBin(std::int16_t bin) {
     const auto& bins = Queue().Bins();
     if (std::none_of(bins.begin(), bins.end(), [bin](const cups::Bin& each) { return each.Id == bin; })) {
-        throw base::RuntimeError(base::ErrorInvalidPropertyValue, "De printer kent deze papierlade niet.");
+        throw machine::UnknownBin();
     }
     settings_.BinId = bin;
     StoreWhereUnwritten(&cups::QueueSettings::BinId);
@@ -158,7 +159,7 @@ double QtPrinter::Height() {
 
 double QtPrinter::ScaleLeft() {
     if (!Queue().ReachableNow()) {
-        throw base::RuntimeError(base::ErrorPrinter, "De printer is niet bereikbaar.");
+        throw machine::PrinterNotReachable();
     }
     return 0;
 }

@@ -6,6 +6,7 @@
 #include "base/RuntimeError.h"
 #include "desktop/windows/GdiObjects.h"
 #include "desktop/windows/PrintFailure.h"
+#include "machine/PrinterErrors.h"
 
 namespace desktop::windows {
 
@@ -26,7 +27,7 @@ using OpenedPrinter = Owned<HANDLE, ::ClosePrinter>;
 OpenedPrinter Open(std::wstring printer) {
     HANDLE handle = nullptr;
     if (::OpenPrinterW(printer.data(), &handle, nullptr) == FALSE) {
-        throw PrinterError("De printer is niet bereikbaar.");
+        throw PrinterError(machine::PrinterNotReachableText);
     }
     return OpenedPrinter(handle);
 }

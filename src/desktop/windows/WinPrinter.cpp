@@ -5,6 +5,7 @@
 
 #include "base/Resume.h"
 #include "desktop/windows/WideText.h"
+#include "machine/PrinterErrors.h"
 
 namespace desktop::windows {
 
@@ -78,7 +79,7 @@ HDC WinPrinter::Device() {
                                   reinterpret_cast<const DEVMODEW*>(mode.data())));
         changed_ = false;
         if (!device_) {
-            throw PrinterError("De printer is niet bereikbaar.");
+            throw PrinterError(machine::PrinterNotReachableText);
         }
     }
     return device_.Get();
@@ -109,7 +110,7 @@ void WinPrinter::SetOrientation(std::int16_t orientation) {
         Change(DM_ORIENTATION, &DEVMODEW::dmOrientation, orientation);
     }
     if (Orientation() != orientation) {
-        throw base::RuntimeError(base::ErrorInvalidPropertyValue, "De afdrukrichting is ongeldig.");
+        throw machine::InvalidOrientation();
     }
 }
 
@@ -122,7 +123,7 @@ void WinPrinter::SetPaperSize(std::int16_t paper) {
         return;
     }
     if (!Offers(Settings(), DC_PAPERS, paper)) {
-        throw base::RuntimeError(base::ErrorInvalidPropertyValue, "De printer kent dit papierformaat niet.");
+        throw machine::UnknownPaper();
     }
     Change(DM_PAPERSIZE, &DEVMODEW::dmPaperSize, paper);
 }
@@ -136,7 +137,7 @@ void WinPrinter::SetPaperBin(std::int16_t bin) {
         return;
     }
     if (!Offers(Settings(), DC_BINS, bin)) {
-        throw base::RuntimeError(base::ErrorInvalidPropertyValue, "De printer kent deze papierlade niet.");
+        throw machine::UnknownBin();
     }
     Change(DM_DEFAULTSOURCE, &DEVMODEW::dmDefaultSource, bin);
 }

@@ -4,8 +4,8 @@
 
 #include "desktop/windows/Win32.h"
 
-#include "base/RuntimeError.h"
 #include "desktop/windows/WideText.h"
+#include "machine/PrinterErrors.h"
 
 namespace desktop::windows {
 
@@ -83,7 +83,7 @@ int WinPrinters::Count() {
 
 machine::PrinterEntry WinPrinters::Item(int index) {
     if (index < 0 || index >= Count()) {
-        throw base::RuntimeError(base::ErrorSubscriptOutOfRange, "Deze printer bestaat niet.");
+        throw machine::NoSuchPrinter();
     }
     return entries_[static_cast<std::size_t>(index)];
 }
