@@ -65,6 +65,10 @@ inline constexpr std::uint16_t DC_BINS = 6;
 inline constexpr std::uint16_t DC_BINNAMES = 12;
 inline constexpr std::uint16_t DC_PAPERNAMES = 16;
 
+// What a name takes in the lists of names.
+inline constexpr std::size_t PaperNameBytes = 64;
+inline constexpr std::size_t BinNameBytes = 24;
+
 /// What the spooler knows of a printer. The texts are pointers into the buffer that was filled, in the
 /// machine's code page. An actual buffer is larger than this record.
 struct PRINTER_INFO_2 {
@@ -140,8 +144,8 @@ class Spooler {
                              std::uint32_t command) = 0;
 
     /// Number of papers or bins; with `output` also their data: DC_PAPERS and DC_BINS one 16-bit number each,
-    /// DC_PAPERSIZE two 32-bit numbers each (tenths of a millimetre), DC_PAPERNAMES 64 and DC_BINNAMES 24
-    /// bytes each, not NUL-closed when the name fills them. -1 is failure.
+    /// DC_PAPERSIZE two 32-bit numbers each (tenths of a millimetre), DC_PAPERNAMES and DC_BINNAMES as many
+    /// bytes each as a name takes, not NUL-closed when the name fills them. -1 is failure.
     virtual std::int32_t DeviceCapabilitiesA(const std::string& printer, const std::string& port,
                                              std::uint16_t capability, void* output) = 0;
 };

@@ -2,51 +2,28 @@
 
 #include <algorithm>
 #include <cstring>
-#include <iterator>
-#include <utility>
+#include <optional>
+#include <string>
 #include <vector>
 
 #include "base/Text.h"
+#include "machine/SpoolerRecords.h"
 
 namespace memory {
 
 namespace {
 
-constexpr std::uint32_t LevelOfPrinterInfo = 2;
-constexpr std::size_t PaperNameBytes = 64;
-constexpr std::size_t BinNameBytes = 24;
-constexpr std::int32_t Succeeded = 1;
-constexpr std::int32_t Failed = -1;
 constexpr char DriverByte = 'd';
 
-using FullDevMode = std::vector<char>;
-
-/// Copies a text into a field of fixed size; a text that fills it has no closing NUL.
-void PutName(char* field, std::size_t size, const std::string& name) {
-    const std::string bytes = base::text::ToCodePage(name);
-    std::fill_n(field, size, '\0');
-    std::copy_n(bytes.begin(), std::min(size, bytes.size()), field);
-}
-
-FullDevMode StoredDevMode(const PrintQueue& queue) {
+std::vector<char> StoredDevMode(const PrintQueue& queue) {
     machine::DEVMODE mode{};
-    PutName(mode.dmDeviceName, sizeof mode.dmDeviceName - 1, queue.Name);
-    mode.dmSize = sizeof(machine::DEVMODE);
-    mode.dmDriverExtra = MemorySpooler::DriverExtra;
+    machine::PutName(mode.dmDeviceName, sizeof mode.dmDeviceName - 1, base::text::ToCodePage(queue.Name));
     mode.dmFields = queue.Fields;
     mode.dmOrientation = queue.Defaults.Orientation;
     mode.dmPaperSize = queue.Defaults.PaperSize;
     mode.dmDefaultSource = queue.Defaults.DefaultSource;
     mode.dmCopies = queue.Defaults.Copies;
-    FullDevMode bytes(sizeof mode + MemorySpooler::DriverExtra, DriverByte);
-    std::memcpy(bytes.data(), &mode, sizeof mode);
-    return bytes;
-}
-
-machine::DEVMODE ReadDevMode(const void* bytes) {
-    machine::DEVMODE mode;
-    std::memcpy(&mode, bytes, sizeof mode);
-    return mode;
+    return machine::DevModeRecord(mode, std::string(MemorySpooler::DriverExtra, DriverByte));
 }
 
 template <class Rows>
@@ -56,8 +33,9 @@ bool Offers(const Rows& rows, std::int16_t id) {
 
 /// The settings of `mode` that the driver offers and takes, over the stored ones.
 QueueDefaults Merged(const PrintQueue& queue, const machine::DEVMODE& mode) {
-    const std::uint32_t fields = mode.dmFields & queue.Fields;
-    const auto has = [fields](std::int32_t bit) { return (fields & static_cast<std::uint32_t>(bit)) != 0; };
+    machine::DEVMODE offered = mode;
+    offered.dmFields &= queue.Fields;
+    const auto has = [&offered](std::int32_t field) { return machine::Sets(offered, field); };
     QueueDefaults merged = queue.Defaults;
     if (has(machine::DM_ORIENTATION) && (mode.dmOrientation == 1 || mode.dmOrientation == 2)) {
         merged.Orientation = mode.dmOrientation;
@@ -87,50 +65,60 @@ std::int64_t Number(machine::PrinterHandle handle) {
     return static_cast<std::int64_t>(handle);
 }
 
-/// A PRINTER_INFO_2 with its texts and its DEVMODE behind it, in the caller's buffer.
-class InfoWriter {
-  public:
-    explicit InfoWriter(const PrintQueue& queue)
-        : devMode_(StoredDevMode(queue)),
-          texts_({{&machine::PRINTER_INFO_2::pPrinterName, base::text::ToCodePage(queue.Name)},
-                  {&machine::PRINTER_INFO_2::pShareName, ""},
-                  {&machine::PRINTER_INFO_2::pPortName, base::text::ToCodePage(queue.Port)},
-                  {&machine::PRINTER_INFO_2::pDriverName, base::text::ToCodePage(queue.Name)},
-                  {&machine::PRINTER_INFO_2::pComment, base::text::ToCodePage(queue.Comment)},
-                  {&machine::PRINTER_INFO_2::pLocation, ""},
-                  {&machine::PRINTER_INFO_2::pSepFile, ""},
-                  {&machine::PRINTER_INFO_2::pPrintProcessor, "winprint"},
-                  {&machine::PRINTER_INFO_2::pDatatype, "RAW"},
-                  {&machine::PRINTER_INFO_2::pParameters, ""}}) {
-        info_.Status = queue.Status;
-    }
+machine::PrinterInfoRecord InfoOf(const PrintQueue& queue) {
+    return {queue.Status,
+            StoredDevMode(queue),
+            {{&machine::PRINTER_INFO_2::pPrinterName, base::text::ToCodePage(queue.Name)},
+             {&machine::PRINTER_INFO_2::pShareName, ""},
+             {&machine::PRINTER_INFO_2::pPortName, base::text::ToCodePage(queue.Port)},
+             {&machine::PRINTER_INFO_2::pDriverName, base::text::ToCodePage(queue.Name)},
+             {&machine::PRINTER_INFO_2::pComment, base::text::ToCodePage(queue.Comment)},
+             {&machine::PRINTER_INFO_2::pLocation, ""},
+             {&machine::PRINTER_INFO_2::pSepFile, ""},
+             {&machine::PRINTER_INFO_2::pPrintProcessor, "winprint"},
+             {&machine::PRINTER_INFO_2::pDatatype, "RAW"},
+             {&machine::PRINTER_INFO_2::pParameters, ""}}};
+}
 
-    std::uint32_t Needed() const {
-        std::size_t size = sizeof info_ + devMode_.size();
-        for (const auto& [member, bytes] : texts_) {
-            size += bytes.size() + 1;
+template <class Rows>
+std::vector<std::int16_t> NumbersOf(const Rows& rows) {
+    std::vector<std::int16_t> numbers;
+    for (const auto& row : rows) {
+        numbers.push_back(row.Id);
+    }
+    return numbers;
+}
+
+template <class Rows>
+std::vector<std::string> NamesOf(const Rows& rows) {
+    std::vector<std::string> names;
+    for (const auto& row : rows) {
+        names.push_back(base::text::ToCodePage(row.Name));
+    }
+    return names;
+}
+
+std::int32_t Answer(const PrintQueue& queue, std::uint16_t capability, void* output) {
+    switch (capability) {
+    case machine::DC_PAPERS:
+        return machine::ListNumbers(NumbersOf(queue.Papers), output);
+    case machine::DC_PAPERSIZE: {
+        std::vector<machine::PaperSides> sides;
+        for (const QueuePaper& paper : queue.Papers) {
+            sides.push_back({paper.Width, paper.Height});
         }
-        return static_cast<std::uint32_t>(size);
+        return machine::ListSides(sides, output);
     }
-
-    void WriteTo(char* buffer) {
-        char* at = buffer + sizeof info_;
-        std::memcpy(at, devMode_.data(), devMode_.size());
-        info_.pDevMode = reinterpret_cast<machine::DEVMODE*>(at);
-        at += devMode_.size();
-        for (const auto& [member, bytes] : texts_) {
-            std::memcpy(at, bytes.c_str(), bytes.size() + 1);
-            info_.*member = at;
-            at += bytes.size() + 1;
-        }
-        std::memcpy(buffer, &info_, sizeof info_);
+    case machine::DC_PAPERNAMES:
+        return machine::ListNames(NamesOf(queue.Papers), machine::PaperNameBytes, output);
+    case machine::DC_BINS:
+        return machine::ListNumbers(NumbersOf(queue.Bins), output);
+    case machine::DC_BINNAMES:
+        return machine::ListNames(NamesOf(queue.Bins), machine::BinNameBytes, output);
+    default:
+        return machine::SpoolerFailed;
     }
-
-  private:
-    FullDevMode devMode_;
-    std::vector<std::pair<char * machine::PRINTER_INFO_2::*, std::string>> texts_;
-    machine::PRINTER_INFO_2 info_{};
-};
+}
 
 } // namespace
 
@@ -180,24 +168,24 @@ std::int32_t MemorySpooler::DocumentPropertiesA(machine::PrinterHandle handle, c
                  {"printer", base::text::FromCodePage(printer)},
                  {"handle", Number(handle)},
                  {"mode", mode}}};
-    std::int32_t result = Failed;
+    std::int32_t result = machine::SpoolerFailed;
     std::vector<machine::DEVMODE> told;
+    const auto give = [&](const PrintQueue& settings) {
+        const std::vector<char> record = StoredDevMode(settings);
+        std::memcpy(output, record.data(), record.size());
+        told.push_back(machine::ReadDevMode(output));
+        return machine::SpoolerSucceeded;
+    };
     if (!recorder_.TakeFailure("DocumentPropertiesA") && queue != nullptr) {
         if (mode == 0) {
             result = static_cast<std::int32_t>(sizeof(machine::DEVMODE)) + DriverExtra;
         } else if (mode == machine::DM_OUT_BUFFER && output != nullptr) {
-            const FullDevMode stored = StoredDevMode(*queue);
-            std::memcpy(output, stored.data(), stored.size());
-            result = Succeeded;
-            told.push_back(ReadDevMode(output));
+            result = give(*queue);
         } else if (mode == (machine::DM_IN_BUFFER | machine::DM_OUT_BUFFER) && output != nullptr &&
                    input != nullptr) {
             PrintQueue asked = *queue;
-            asked.Defaults = Merged(*queue, ReadDevMode(input));
-            const FullDevMode merged = StoredDevMode(asked);
-            std::memcpy(output, merged.data(), merged.size());
-            result = Succeeded;
-            told.push_back(ReadDevMode(output));
+            asked.Defaults = Merged(*queue, machine::ReadDevMode(input));
+            result = give(asked);
         }
     }
     event.Fields.push_back({"result", result});
@@ -213,13 +201,10 @@ bool MemorySpooler::GetPrinterA(machine::PrinterHandle handle, std::uint32_t lev
     PrintQueue* queue = Reach(handle);
     bool filled = false;
     needed = 0;
-    if (!recorder_.TakeFailure("GetPrinterA") && queue != nullptr && level == LevelOfPrinterInfo) {
-        InfoWriter writer(*queue);
-        needed = writer.Needed();
-        if (buffer != nullptr && size >= needed) {
-            writer.WriteTo(static_cast<char*>(buffer));
-            filled = true;
-        }
+    if (!recorder_.TakeFailure("GetPrinterA") && queue != nullptr && level == machine::PrinterInfoLevel) {
+        const machine::PrinterInfoRecord record = InfoOf(*queue);
+        needed = record.Size();
+        filled = record.WriteTo(buffer, size);
     }
     recorder_.Record({"spooler",
                       {{"call", "GetPrinterA"},
@@ -241,19 +226,16 @@ bool MemorySpooler::SetPrinterA(machine::PrinterHandle handle, std::uint32_t lev
                  {"handle", Number(handle)},
                  {"level", level},
                  {"command", command}}};
-    machine::PRINTER_INFO_2 info{};
-    if (level == LevelOfPrinterInfo && buffer != nullptr) {
-        std::memcpy(&info, buffer, sizeof info);
-    }
+    const std::optional<machine::DEVMODE> mode =
+        level == machine::PrinterInfoLevel ? machine::SettingsIn(buffer) : std::nullopt;
     const bool refused = recorder_.TakeFailure("SetPrinterA");
-    const bool written = !refused && queue != nullptr && command == 0 && info.pDevMode != nullptr;
+    const bool written = !refused && queue != nullptr && command == 0 && mode;
     event.Fields.push_back({"result", written});
-    if (info.pDevMode != nullptr) {
-        const machine::DEVMODE mode = ReadDevMode(info.pDevMode);
-        AddSettings(event, mode);
-        if (written) {
-            queue->Defaults = Merged(*queue, mode);
-        }
+    if (mode) {
+        AddSettings(event, *mode);
+    }
+    if (written) {
+        queue->Defaults = Merged(*queue, *mode);
     }
     recorder_.Record(event);
     return written;
@@ -263,53 +245,9 @@ std::int32_t MemorySpooler::DeviceCapabilitiesA(const std::string& printer, cons
                                                 std::uint16_t capability, void* output) {
     const std::string name = base::text::FromCodePage(printer);
     const PrintQueue* queue = printers_.Find(name);
-    std::int32_t result = Failed;
+    std::int32_t result = machine::SpoolerFailed;
     if (!recorder_.TakeFailure("DeviceCapabilitiesA") && queue != nullptr && queue->Reachable) {
-        char* at = static_cast<char*>(output);
-        const auto put = [&at](const auto& value) {
-            std::memcpy(at, &value, sizeof value);
-            at += sizeof value;
-        };
-        const auto putName = [&at](const std::string& text, std::size_t size) {
-            PutName(at, size, text);
-            at += size;
-        };
-        switch (capability) {
-        case machine::DC_PAPERS:
-        case machine::DC_PAPERSIZE:
-        case machine::DC_PAPERNAMES:
-            result = static_cast<std::int32_t>(queue->Papers.size());
-            for (const QueuePaper& paper : queue->Papers) {
-                if (output == nullptr) {
-                    break;
-                }
-                if (capability == machine::DC_PAPERS) {
-                    put(paper.Id);
-                } else if (capability == machine::DC_PAPERSIZE) {
-                    put(paper.Width);
-                    put(paper.Height);
-                } else {
-                    putName(paper.Name, PaperNameBytes);
-                }
-            }
-            break;
-        case machine::DC_BINS:
-        case machine::DC_BINNAMES:
-            result = static_cast<std::int32_t>(queue->Bins.size());
-            for (const QueueBin& bin : queue->Bins) {
-                if (output == nullptr) {
-                    break;
-                }
-                if (capability == machine::DC_BINS) {
-                    put(bin.Id);
-                } else {
-                    putName(bin.Name, BinNameBytes);
-                }
-            }
-            break;
-        default:
-            break;
-        }
+        result = Answer(*queue, capability, output);
     }
     recorder_.Record({"spooler",
                       {{"call", "DeviceCapabilitiesA"},

@@ -1,0 +1,121 @@
+#include "machine/SpoolerRecords.h"
+
+#include <cstring>
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+namespace machine {
+namespace {
+
+using testing::Each;
+using testing::ElementsAre;
+
+DEVMODE SomeMode() {
+    DEVMODE mode{};
+    mode.dmFields = DM_PAPERSIZE | DM_COPIES;
+    mode.dmPaperSize = 9;
+    mode.dmCopies = 2;
+    return mode;
+}
+
+TEST(SpoolerRecordsTest, ANameFillsItsFieldWithNulsOrIsCut) {
+    char field[4] = {'x', 'x', 'x', 'x'};
+    PutName(field, sizeof field, "A4");
+    EXPECT_THAT(field, ElementsAre('A', '4', '\0', '\0'));
+    PutName(field, sizeof field, "Legal");
+    EXPECT_THAT(field, ElementsAre('L', 'e', 'g', 'a'));
+    PutName(field, 2, "");
+    EXPECT_THAT(field, ElementsAre('\0', '\0', 'g', 'a'));
+}
+
+TEST(SpoolerRecordsTest, ADevModeTellsItsSizeAndTheDriversBytesBehindIt) {
+    const std::vector<char> record = DevModeRecord(SomeMode(), "eigen");
+    ASSERT_EQ(record.size(), sizeof(DEVMODE) + 5);
+    EXPECT_EQ(std::string(record.data() + sizeof(DEVMODE), 5), "eigen");
+    const DEVMODE mode = ReadDevMode(record.data());
+    EXPECT_EQ(mode.dmSize, sizeof(DEVMODE));
+    EXPECT_EQ(mode.dmDriverExtra, 5);
+    EXPECT_EQ(mode.dmPaperSize, 9);
+    EXPECT_EQ(mode.dmCopies, 2);
+    EXPECT_EQ(DevModeRecord(SomeMode()).size(), sizeof(DEVMODE));
+}
+
+TEST(SpoolerRecordsTest, ADevModeIsReadFromAnyPlace) {
+    std::vector<char> bytes = DevModeRecord(SomeMode());
+    bytes.insert(bytes.begin(), 'x');
+    EXPECT_EQ(ReadDevMode(bytes.data() + 1).dmPaperSize, 9);
+}
+
+TEST(SpoolerRecordsTest, AFieldIsSetByItsBit) {
+    DEVMODE mode = SomeMode();
+    EXPECT_TRUE(Sets(mode, DM_PAPERSIZE));
+    EXPECT_FALSE(Sets(mode, DM_ORIENTATION));
+    EXPECT_FALSE(Sets(mode, DM_COLLATE));
+    mode.dmFields = 1U << 15U;
+    EXPECT_TRUE(Sets(mode, DM_COLLATE));
+}
+
+class PrinterInfoRecordTest : public testing::Test {
+  protected:
+    const PrinterInfoRecord Record{
+        5,
+        DevModeRecord(SomeMode(), "d"),
+        {{&PRINTER_INFO_2::pPrinterName, "Laser"}, {&PRINTER_INFO_2::pComment, ""}}};
+    std::vector<char> Buffer = std::vector<char>(Record.Size(), 'x');
+};
+
+TEST_F(PrinterInfoRecordTest, IsAsLargeAsAllOfIt) {
+    EXPECT_EQ(Record.Size(), sizeof(PRINTER_INFO_2) + sizeof(DEVMODE) + 1 + sizeof "Laser" + sizeof "");
+}
+
+TEST_F(PrinterInfoRecordTest, PointsToWhatStandsBehindItInTheBuffer) {
+    ASSERT_TRUE(Record.WriteTo(Buffer.data(), Record.Size()));
+    PRINTER_INFO_2 info;
+    std::memcpy(&info, Buffer.data(), sizeof info);
+    EXPECT_EQ(info.Status, 5U);
+    EXPECT_STREQ(info.pPrinterName, "Laser");
+    EXPECT_STREQ(info.pComment, "");
+    EXPECT_EQ(info.pPortName, nullptr);
+    EXPECT_EQ(reinterpret_cast<char*>(info.pDevMode), Buffer.data() + sizeof info);
+    EXPECT_EQ(info.pComment + 1, Buffer.data() + Buffer.size());
+    EXPECT_EQ(ReadDevMode(info.pDevMode).dmPaperSize, 9);
+}
+
+TEST_F(PrinterInfoRecordTest, LeavesABufferAloneThatIsTooSmall) {
+    EXPECT_FALSE(Record.WriteTo(Buffer.data(), Record.Size() - 1));
+    EXPECT_THAT(Buffer, Each('x'));
+    EXPECT_FALSE(Record.WriteTo(nullptr, Record.Size()));
+}
+
+TEST_F(PrinterInfoRecordTest, BringsItsSettings) {
+    EXPECT_FALSE(SettingsIn(nullptr));
+    std::vector<char> without(sizeof(PRINTER_INFO_2), '\0');
+    EXPECT_FALSE(SettingsIn(without.data()));
+    ASSERT_TRUE(Record.WriteTo(Buffer.data(), Record.Size()));
+    ASSERT_TRUE(SettingsIn(Buffer.data()));
+    EXPECT_EQ(SettingsIn(Buffer.data())->dmCopies, 2);
+}
+
+TEST(SpoolerRecordsTest, AListIsCountedAndWritten) {
+    EXPECT_EQ(ListNumbers({9, 300}, nullptr), 2);
+    std::int16_t numbers[2] = {};
+    EXPECT_EQ(ListNumbers({9, 300}, numbers), 2);
+    EXPECT_THAT(numbers, ElementsAre(9, 300));
+
+    std::int32_t sides[4] = {};
+    EXPECT_EQ(ListSides({{2100, 2970}, {100, 200}}, nullptr), 2);
+    EXPECT_EQ(ListSides({{2100, 2970}, {100, 200}}, sides), 2);
+    EXPECT_THAT(sides, ElementsAre(2100, 2970, 100, 200));
+
+    char names[2][BinNameBytes];
+    const std::string longest(BinNameBytes, 'b');
+    EXPECT_EQ(ListNames({"Lade 1", longest + "x"}, BinNameBytes, nullptr), 2);
+    EXPECT_EQ(ListNames({"Lade 1", longest + "x"}, BinNameBytes, names), 2);
+    EXPECT_STREQ(names[0], "Lade 1");
+    EXPECT_EQ(std::string(names[1], BinNameBytes), longest);
+    EXPECT_EQ(ListNames({}, BinNameBytes, nullptr), 0);
+}
+
+} // namespace
+} // namespace machine
