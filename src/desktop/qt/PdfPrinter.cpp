@@ -10,17 +10,66 @@
 #include <QStandardPaths>
 #include <algorithm>
 #include <array>
+#include <optional>
 #include <utility>
 
 #include "base/RuntimeError.h"
 #include "desktop/cups/PaperTable.h"
+#include "desktop/cups/PrintQueue.h"
 #include "desktop/cups/SheetSize.h"
 #include "desktop/qt/ArrowPointer.h"
-#include "desktop/qt/FileJob.h"
+#include "desktop/regfile/FileReplacement.h"
 
 namespace desktop::qt {
 
 namespace {
+
+/// A document on its way into a file, which is there when it is complete, or stays as it was.
+class FileJob : public cups::PrintJob {
+  public:
+    /// Without a path the document goes nowhere. RuntimeError(ErrorPrinter) if the file cannot be made.
+    explicit FileJob(const std::optional<QString>& path);
+
+    bool IsWanted() const override { return path_.has_value(); }
+    /// What finds no place is told by Finish, which knows the file and the reason.
+    int Write(std::string_view bytes) override;
+    void Finish() override;
+
+  private:
+    base::RuntimeError Failure(int error) const;
+
+    std::optional<QString> path_;
+    regfile::FileReplacement file_;
+};
+
+FileJob::FileJob(const std::optional<QString>& path) : path_(path) {
+    if (!path_) {
+        return;
+    }
+    if (const int error = file_.Begin(QFile::encodeName(*path_).toStdString()); error != 0) {
+        throw Failure(error);
+    }
+}
+
+int FileJob::Write(std::string_view bytes) {
+    file_.Write(bytes);
+    return 0;
+}
+
+void FileJob::Finish() {
+    if (!path_) {
+        return;
+    }
+    if (const int error = file_.Commit(); error != 0) {
+        throw Failure(error);
+    }
+}
+
+base::RuntimeError FileJob::Failure(int error) const {
+    const QString text = QStringLiteral("Het bestand kon niet worden geschreven.\n%1\n%2")
+                             .arg(QDir::toNativeSeparators(*path_), qt_error_string(error));
+    return base::RuntimeError(base::ErrorPrinter, text.toStdString());
+}
 
 /// Bytes of a name without its ending. File systems take 255, and while the file is written it has a mark of
 /// a few letters behind it.

@@ -2,14 +2,19 @@
 
 #include <QApplication>
 #include <QKeyEvent>
+#include <QLabel>
 #include <QMessageBox>
+#include <QPainter>
+#include <QPixmap>
 #include <QScreen>
+#include <QStyle>
+#include <QSvgRenderer>
 #include <algorithm>
 #include <limits>
 
 #include "desktop/qt/ArrowPointer.h"
 #include "desktop/qt/Guarded.h"
-#include "desktop/qt/MessageIcons.h"
+#include "desktop/qt/PictureWidget.h"
 #include "desktop/qt/QtForm.h"
 #include "desktop/qt/QtText.h"
 #include "desktop/qt/Scale.h"
@@ -34,6 +39,45 @@ QMessageBox::Icon IconOf(forms::MessageIcon icon) {
         break;
     }
     return QMessageBox::Information;
+}
+
+struct MessagePicture {
+    QMessageBox::Icon Icon;
+    const char* ThemeName;
+    const char* Picture;
+    const char* Name;
+};
+
+constexpr MessagePicture Pictures[] = {
+    {QMessageBox::Information, "dialog-information", "message-information", "Informatie"},
+    {QMessageBox::Warning, "dialog-warning", "message-exclamation", "Waarschuwing"},
+    {QMessageBox::Critical, "dialog-error", "message-critical", "Fout"},
+};
+
+/// Gives the icon of a message box its name, and the program's own picture where the desktop has no icon
+/// theme: the toolkit then has only bitmaps, which are coarse on a dense screen.
+void SharpenIcon(QMessageBox& box) {
+    // Not setIconPixmap: the box would no longer know its kind, which assistive technology reads.
+    auto* label = box.findChild<QLabel*>(QStringLiteral("qt_msgboxex_icon_label"));
+    for (const MessagePicture& row : Pictures) {
+        if (label == nullptr || row.Icon != box.icon()) {
+            continue;
+        }
+        label->setAccessibleName(QString::fromLatin1(row.Name));
+        if (QIcon::hasThemeIcon(QString::fromLatin1(row.ThemeName))) {
+            continue;
+        }
+        const int size = box.style()->pixelMetric(QStyle::PM_MessageBoxIconSize, nullptr, &box);
+        const double density = box.devicePixelRatioF();
+        QPixmap picture(QSize(size, size) * density);
+        picture.setDevicePixelRatio(density);
+        picture.fill(Qt::transparent);
+        QPainter painter(&picture);
+        QSvgRenderer(PictureFile(QString::fromLatin1(row.Picture)))
+            .render(&painter, QRectF(0, 0, size, size));
+        painter.end();
+        label->setPixmap(picture);
+    }
 }
 
 /// The widget of a form's or a control's handle; nullptr if it is gone.
