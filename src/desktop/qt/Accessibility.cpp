@@ -1,7 +1,6 @@
 #include "desktop/qt/Accessibility.h"
 
 #include <QAbstractButton>
-#include <QAccessible>
 #include <QAccessibleWidget>
 #include <QApplication>
 #include <QLabel>
@@ -17,6 +16,8 @@ namespace desktop::qt {
 
 namespace {
 
+// Properties of a widget: a number of QAccessible::Role, and whether it does nothing now.
+constexpr const char* RoleProperty = "accessibleRole";
 constexpr const char* OffProperty = "accessibleOff";
 
 bool IsPlain(const QWidget& widget) {
@@ -170,6 +171,10 @@ QAccessibleInterface* Make(const QString& className, QObject* object) {
 }
 
 } // namespace
+
+void SpeakAs(QWidget& widget, QAccessible::Role role) {
+    widget.setProperty(RoleProperty, static_cast<int>(role));
+}
 
 void SpeakEnabled(QWidget& widget, bool enabled) {
     if (widget.property(OffProperty).toBool() == !enabled) {

@@ -1,12 +1,14 @@
 #pragma once
 
+#include <QAccessible>
+
 class QWidget;
 
 namespace desktop::qt {
 
-/// Name of the property of a widget that tells its role to assistive technology: a number of
-/// QAccessible::Role. For widgets of the program's own making, whose role the toolkit cannot know.
-inline constexpr const char* RoleProperty = "accessibleRole";
+/// Tells assistive technology the role of a widget of the program's own making, which the toolkit cannot
+/// know.
+void SpeakAs(QWidget& widget, QAccessible::Role role);
 
 /// Tells assistive technology that a widget of the program's own making does nothing now, or works again,
 /// while it stays enabled for the toolkit.

@@ -1,11 +1,28 @@
-#include "desktop/qt/QtCheckBox.h"
-
 #include <QCheckBox>
 #include <QKeyEvent>
 
+#include "desktop/qt/QtControls.h"
 #include "desktop/qt/QtText.h"
+#include "forms/CheckBox.h"
 
 namespace desktop::qt {
+
+namespace {
+
+class QtCheckBox final : public QtControl {
+  public:
+    QtCheckBox(forms::CheckBox& control, QtForm& form, QWidget* parent);
+
+    bool KeyPressed(const QKeyEvent& event, int virtualKey) override;
+
+  protected:
+    void MirrorContent(forms::Aspect aspect) override;
+    bool DrawsItself() const override { return true; }
+
+  private:
+    forms::CheckBox& model_;
+    QCheckBox* box_;
+};
 
 QtCheckBox::QtCheckBox(forms::CheckBox& control, QtForm& form, QWidget* parent)
     : QtControl(control, form, new QCheckBox(parent)), model_(control),
@@ -24,6 +41,12 @@ void QtCheckBox::MirrorContent(forms::Aspect aspect) {
 bool QtCheckBox::KeyPressed(const QKeyEvent& event, int virtualKey) {
     QtControl::KeyPressed(event, virtualKey);
     return event.key() != Qt::Key_Space;
+}
+
+} // namespace
+
+std::unique_ptr<QtControl> MakeCheckBox(forms::CheckBox& control, QtForm& form, QWidget* parent) {
+    return std::make_unique<QtCheckBox>(control, form, parent);
 }
 
 } // namespace desktop::qt

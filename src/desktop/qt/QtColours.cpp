@@ -1,5 +1,7 @@
 #include "desktop/qt/QtColours.h"
 
+#include <QApplication>
+#include <QStyle>
 #include <array>
 
 #include "forms/Contrast.h"
@@ -25,6 +27,15 @@ constexpr std::array<SystemColour, 9> SystemColours{{
     {forms::colour::ButtonText, QPalette::Active, QPalette::ButtonText},
     {forms::colour::DarkShadow, QPalette::Active, QPalette::Shadow},
 }};
+
+// The style makes its outlines from the window's colour, darker by this much (in percent).
+constexpr int OutlineDarker = 140;
+constexpr double ContrastOfOutline = 1.4;
+
+// A theme of high contrast wants its outlines strong; in another one the focus has to stand out of them.
+constexpr double ContrastOfStrongThemes = 15;
+constexpr double StrongOutline = 3;
+constexpr double CalmOutline = 1.4;
 
 // Rules are drawn in it. On black the theme's own shade is black as well.
 QColor Shade(const QPalette& palette) {
@@ -57,6 +68,19 @@ forms::Colour FromQColor(const QColor& colour) {
     return forms::colour::Rgb(static_cast<std::uint32_t>(colour.red()),
                               static_cast<std::uint32_t>(colour.green()),
                               static_cast<std::uint32_t>(colour.blue()));
+}
+
+void Outline(QPalette& palette, const QPalette& theme) {
+    const QColor window = theme.color(QPalette::Window);
+    const forms::Colour background = FromQColor(window);
+    const double contrast = forms::Contrast(FromQColor(window.darker(OutlineDarker)), background);
+    if (contrast >= ContrastOfOutline || QApplication::style()->name() != QLatin1String("fusion")) {
+        return;
+    }
+    const double ofTexts = forms::Contrast(FromQColor(theme.color(QPalette::WindowText)), background);
+    const forms::Colour seen = forms::Readable(
+        background, background, ofTexts >= ContrastOfStrongThemes ? StrongOutline : CalmOutline);
+    palette.setColor(QPalette::Window, ToQColor(seen, theme).lighter(OutlineDarker));
 }
 
 } // namespace desktop::qt

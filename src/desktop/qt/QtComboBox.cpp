@@ -1,13 +1,31 @@
-#include "desktop/qt/QtComboBox.h"
-
 #include <QAbstractItemView>
 #include <QComboBox>
 #include <QEvent>
 
 #include "desktop/qt/Guarded.h"
+#include "desktop/qt/QtControls.h"
 #include "desktop/qt/QtText.h"
+#include "forms/ChoiceControl.h"
 
 namespace desktop::qt {
+
+namespace {
+
+class QtComboBox final : public QtControl {
+  public:
+    QtComboBox(forms::ComboBox& control, QtForm& form, QWidget* parent);
+
+  protected:
+    bool Filter(QObject* watched, QEvent* event) override;
+    void MirrorContent(forms::Aspect aspect) override;
+    bool DrawsItself() const override { return true; }
+
+  private:
+    void WidenList();
+
+    forms::ComboBox& model_;
+    QComboBox* combo_;
+};
 
 QtComboBox::QtComboBox(forms::ComboBox& control, QtForm& form, QWidget* parent)
     : QtControl(control, form, new QComboBox(parent)), model_(control),
@@ -54,6 +72,12 @@ bool QtComboBox::Filter(QObject* watched, QEvent* event) {
         break;
     }
     return QtControl::Filter(watched, event);
+}
+
+} // namespace
+
+std::unique_ptr<QtControl> MakeComboBox(forms::ComboBox& control, QtForm& form, QWidget* parent) {
+    return std::make_unique<QtComboBox>(control, form, parent);
 }
 
 } // namespace desktop::qt

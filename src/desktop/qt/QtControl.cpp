@@ -1,6 +1,5 @@
 #include "desktop/qt/QtControl.h"
 
-#include <QAccessible>
 #include <QApplication>
 #include <QFontInfo>
 #include <QMouseEvent>
@@ -9,31 +8,11 @@
 #include <algorithm>
 #include <array>
 
-#include "base/RuntimeError.h"
-#include "desktop/qt/Accessibility.h"
 #include "desktop/qt/Fonts.h"
 #include "desktop/qt/Guarded.h"
-#include "desktop/qt/Outlines.h"
-#include "desktop/qt/QtCheckBox.h"
 #include "desktop/qt/QtColours.h"
-#include "desktop/qt/QtComboBox.h"
-#include "desktop/qt/QtCommandButton.h"
-#include "desktop/qt/QtFlatButton.h"
 #include "desktop/qt/QtForm.h"
-#include "desktop/qt/QtLabel.h"
-#include "desktop/qt/QtLine.h"
-#include "desktop/qt/QtListBox.h"
-#include "desktop/qt/QtMenuBar.h"
-#include "desktop/qt/QtOptionButton.h"
-#include "desktop/qt/QtPictureBox.h"
-#include "desktop/qt/QtProgressBar.h"
-#include "desktop/qt/QtScrollBar.h"
-#include "desktop/qt/QtStatusBar.h"
 #include "desktop/qt/QtText.h"
-#include "desktop/qt/QtTextBox.h"
-#include "desktop/qt/QtTimer.h"
-#include "desktop/qt/QtToolbar.h"
-#include "desktop/qt/QtUpDown.h"
 #include "desktop/qt/Scale.h"
 #include "forms/AccessibleNames.h"
 #include "forms/Contrast.h"
@@ -42,57 +21,13 @@
 namespace desktop::qt {
 
 using forms::Aspect;
-using forms::ControlKind;
 
 namespace {
-
-template <class ControlType, class QtControlType>
-std::unique_ptr<QtControl> Make(forms::Control& control, QtForm& form, QWidget* parent) {
-    return std::make_unique<QtControlType>(static_cast<ControlType&>(control), form, parent);
-}
-
-struct Maker {
-    ControlKind Kind;
-    std::unique_ptr<QtControl> (*Make)(forms::Control&, QtForm&, QWidget*);
-};
-
-constexpr std::array<Maker, 17> Makers{{
-    {ControlKind::CheckBox, Make<forms::CheckBox, QtCheckBox>},
-    {ControlKind::ComboBox, Make<forms::ComboBox, QtComboBox>},
-    {ControlKind::CommandButton, Make<forms::CommandButton, QtCommandButton>},
-    {ControlKind::FlatButton, Make<forms::cmdButtonXP, QtFlatButton>},
-    {ControlKind::Label, Make<forms::Label, QtLabel>},
-    {ControlKind::Line, Make<forms::LineControl, QtLine>},
-    {ControlKind::ListBox, Make<forms::ListBox, QtListBox>},
-    {ControlKind::MenuBar, Make<forms::MenuBar, QtMenuBar>},
-    {ControlKind::OptionButton, Make<forms::OptionButton, QtOptionButton>},
-    {ControlKind::PictureBox, Make<forms::PictureBox, QtPictureBox>},
-    {ControlKind::ProgressBar, Make<forms::ProgressBar, QtProgressBar>},
-    {ControlKind::ScrollBar, Make<forms::ScrollBar, QtScrollBar>},
-    {ControlKind::StatusBar, Make<forms::StatusBar, QtStatusBar>},
-    {ControlKind::TextBox, Make<forms::TextBox, QtTextBox>},
-    {ControlKind::Timer, Make<forms::Timer, QtTimer>},
-    {ControlKind::Toolbar, Make<forms::Toolbar, QtToolbar>},
-    {ControlKind::UpDown, Make<forms::UpDown, QtUpDown>},
-}};
 
 // All that a new widget has to show. The selection belongs to the text and the order of depth to the making.
 constexpr std::array AllAspects{Aspect::Font,    Aspect::Colours, Aspect::Geometry, Aspect::Caption,
                                 Aspect::Picture, Aspect::Items,   Aspect::Text,     Aspect::Value,
                                 Aspect::ToolTip, Aspect::Enabled, Aspect::Visible};
-
-/// What assistive technology calls a kind that is no widget of the toolkit's own.
-struct Role {
-    ControlKind Kind;
-    QAccessible::Role Spoken;
-};
-
-constexpr std::array<Role, 4> Roles{{
-    {ControlKind::FlatButton, QAccessible::Button},
-    {ControlKind::PictureBox, QAccessible::Graphic},
-    {ControlKind::Toolbar, QAccessible::ToolBar},
-    {ControlKind::UpDown, QAccessible::Grouping},
-}};
 
 QString ObjectName(const forms::Control& control) {
     const QString name = ToQString(control.Name());
@@ -115,26 +50,12 @@ void UseText(QPalette& palette, QPalette::ColorRole drawn, QPalette::ColorRole w
 
 } // namespace
 
-std::unique_ptr<QtControl> MakeQtControl(forms::Control& control, QtForm& form, QWidget* parent) {
-    const auto maker = std::find_if(Makers.begin(), Makers.end(),
-                                    [&](const Maker& candidate) { return candidate.Kind == control.Kind(); });
-    if (maker == Makers.end()) {
-        throw base::RuntimeError(base::ErrorInvalidPropertyValue, "No such kind of control");
-    }
-    return maker->Make(control, form, parent);
-}
-
 QtControl::QtControl(forms::Control& control, QtForm& form, QWidget* widget)
     : model_(control), form_(form), widget_(widget) {
     if (widget_ == nullptr) {
         return;
     }
     widget_->setObjectName(ObjectName(control));
-    const auto role = std::find_if(Roles.begin(), Roles.end(),
-                                   [&](const Role& candidate) { return candidate.Kind == control.Kind(); });
-    if (role != Roles.end()) {
-        widget_->setProperty(RoleProperty, static_cast<int>(role->Spoken));
-    }
     widget_->setFocusPolicy(control.TakesFocus() ? Qt::TabFocus : Qt::NoFocus);
     Watch(widget_);
 }
@@ -215,15 +136,14 @@ void QtControl::Colour() {
     palette.setResolveMask(0); // what is not set below comes from what holds the control
     const forms::Colour background = model_.ShownBackColor();
     const bool filled = model_.BackColor() != forms::colour::Transparent;
-    const bool drawsItself = DrawsItself(model_.Kind());
     if (filled) {
         const QColor colour = ToQColor(background, theme);
         for (const QPalette::ColorRole role : {QPalette::Window, QPalette::Base}) {
             palette.setColor(role, colour);
         }
-        widget_->setAutoFillBackground(!drawsItself);
+        widget_->setAutoFillBackground(!DrawsItself());
     }
-    if (drawsItself) {
+    if (DrawsItself()) {
         Outline(palette, theme);
     }
     if (background == forms::colour::WindowBackground) {

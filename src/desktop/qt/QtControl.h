@@ -2,7 +2,6 @@
 
 #include <QObject>
 #include <QWidget>
-#include <memory>
 
 #include "forms/Control.h"
 
@@ -26,6 +25,10 @@ class QtControl : public QObject {
     QWidget* Widget() const { return widget_; }
     /// Where the controls go that this one holds.
     virtual QWidget* Area() const { return widget_; }
+    /// Dots that a menu bar takes at the top of the window; the form's own area begins below.
+    virtual int StripHeight() const { return 0; }
+    /// A label tells what another widget is for.
+    virtual void NameWidget(QWidget* /*named*/) {}
 
     virtual void Mirror(forms::Aspect aspect);
     void MirrorAll();
@@ -47,6 +50,8 @@ class QtControl : public QObject {
     virtual void MirrorContent(forms::Aspect /*aspect*/) {}
     virtual void Place();
     virtual void Colour();
+    /// True for a kind that the toolkit draws with an outline and a filling of its own: boxes, buttons, bars.
+    virtual bool DrawsItself() const { return false; }
 
     /// A click of the user; the widget shows afterwards what the form made of it.
     void Click();
@@ -64,8 +69,5 @@ class QtControl : public QObject {
     QtForm& form_;
     QWidget* widget_;
 };
-
-/// Makes the real control of the right kind within `parent`.
-std::unique_ptr<QtControl> MakeQtControl(forms::Control& control, QtForm& form, QWidget* parent);
 
 } // namespace desktop::qt

@@ -1,11 +1,11 @@
-#include "desktop/qt/QtFlatButton.h"
-
 #include <QMouseEvent>
 #include <utility>
 
 #include "desktop/qt/Accessibility.h"
 #include "desktop/qt/PictureWidget.h"
+#include "desktop/qt/QtControls.h"
 #include "desktop/qt/QtText.h"
+#include "forms/cmdButtonXP.h"
 
 namespace desktop::qt {
 
@@ -15,11 +15,28 @@ bool IsLeft(const QEvent* event) {
     return static_cast<const QMouseEvent*>(event)->button() == Qt::LeftButton;
 }
 
-} // namespace
+class QtFlatButton final : public QtControl {
+  public:
+    QtFlatButton(forms::cmdButtonXP& control, QtForm& form, QWidget* parent);
+
+    void Mirror(forms::Aspect aspect) override;
+
+  protected:
+    void MirrorContent(forms::Aspect aspect) override;
+    bool Filter(QObject* watched, QEvent* event) override;
+
+  private:
+    void Released(const QMouseEvent& event);
+
+    forms::cmdButtonXP& model_;
+    PictureWidget* picture_;
+    bool leftDown_ = false; // the left button of the mouse went down here
+};
 
 QtFlatButton::QtFlatButton(forms::cmdButtonXP& control, QtForm& form, QWidget* parent)
     : QtControl(control, form, new PictureWidget(parent)), model_(control),
       picture_(static_cast<PictureWidget*>(Widget())) {
+    SpeakAs(*Widget(), QAccessible::Button);
     picture_->setMouseTracking(true);
 }
 
@@ -68,6 +85,12 @@ bool QtFlatButton::Filter(QObject* watched, QEvent* event) {
     default:
         return QtControl::Filter(watched, event);
     }
+}
+
+} // namespace
+
+std::unique_ptr<QtControl> MakeFlatButton(forms::cmdButtonXP& control, QtForm& form, QWidget* parent) {
+    return std::make_unique<QtFlatButton>(control, form, parent);
 }
 
 } // namespace desktop::qt

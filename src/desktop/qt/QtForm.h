@@ -15,7 +15,6 @@ namespace desktop::qt {
 
 class QtDesktop;
 class FocusRing;
-class QtMenuBar;
 
 /// The real window of a form.
 class QtForm final : public forms::FormPeer {
@@ -58,26 +57,30 @@ class QtForm final : public forms::FormPeer {
   private:
     QtControl& Find(forms::Control& control);
     QtControl& Add(forms::Control& control);
+    void NameControls();
+    void TieLabel(const forms::Control& control, QWidget* widget);
+
+    // QtFormInput.cpp: the keyboard and the focus.
+    void ShowFocus();
     void SettleFocus();
+
+    // QtFormPlace.cpp: where the window stands, how large it is, and its colours.
     /// Twips of the form's width that its window's frame takes.
     double FrameWidth() const;
     QSize WantedSize() const;
-    void Colour();
-    void ShowFocus();
     void ShowSize();
     void ShowPlace();
     void MoveToMiddle();
     void ShowBounds();
     void PlaceBars();
-    void NameControls();
-    void TieLabel(const forms::Control& control, QWidget* widget);
+    void Colour();
 
     forms::Form& form_;
     QtDesktop& desktop_;
     std::unique_ptr<QWidget> window_;
     FocusRing* ring_ = nullptr; // the window's
     QWidget* area_;             // where the controls are: the window, or what a menu bar leaves of it
-    QtMenuBar* menuBar_ = nullptr;
+    QtControl* menuBar_ = nullptr;
     forms::WindowProcedureTable::Window procedure_;
     std::vector<std::unique_ptr<QtControl>> controls_;
     std::unordered_map<const forms::Control*, QtControl*> byModel_;

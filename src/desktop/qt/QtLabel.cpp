@@ -1,14 +1,14 @@
-#include "desktop/qt/QtLabel.h"
-
 #include <QEvent>
 #include <QLabel>
 #include <algorithm>
 
+#include "desktop/qt/QtControls.h"
 #include "desktop/qt/QtForm.h"
 #include "desktop/qt/QtText.h"
 #include "desktop/qt/Scale.h"
 #include "desktop/qt/TextRoom.h"
 #include "forms/AccessibleNames.h"
+#include "forms/Label.h"
 
 namespace desktop::qt {
 
@@ -19,7 +19,25 @@ QString WithoutMarks(QString text) {
     return text.replace(QStringLiteral("&"), QStringLiteral("&&"));
 }
 
-} // namespace
+class QtLabel final : public QtControl {
+  public:
+    QtLabel(forms::Label& control, QtForm& form, QWidget* parent);
+
+    void NameWidget(QWidget* named) override;
+
+  protected:
+    bool Filter(QObject* watched, QEvent* event) override;
+    void Place() override;
+    void MirrorContent(forms::Aspect aspect) override;
+
+  private:
+    void ShowText();
+    QString Fitting(const QString& text) const;
+
+    forms::Label& model_;
+    QLabel* label_;
+    QWidget* named_ = nullptr;
+};
 
 QtLabel::QtLabel(forms::Label& control, QtForm& form, QWidget* parent)
     : QtControl(control, form, new QLabel(parent)), model_(control), label_(static_cast<QLabel*>(Widget())) {
@@ -99,6 +117,12 @@ bool QtLabel::Filter(QObject* watched, QEvent* event) {
         ShowText();
     }
     return QtControl::Filter(watched, event);
+}
+
+} // namespace
+
+std::unique_ptr<QtControl> MakeLabel(forms::Label& control, QtForm& form, QWidget* parent) {
+    return std::make_unique<QtLabel>(control, form, parent);
 }
 
 } // namespace desktop::qt

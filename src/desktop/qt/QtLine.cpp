@@ -1,13 +1,28 @@
-#include "desktop/qt/QtLine.h"
-
 #include <QApplication>
 #include <algorithm>
 #include <cmath>
 
 #include "desktop/qt/QtColours.h"
+#include "desktop/qt/QtControls.h"
 #include "desktop/qt/Scale.h"
+#include "forms/LineControl.h"
 
 namespace desktop::qt {
+
+namespace {
+
+/// A rule one dot wide.
+class QtLine final : public QtControl {
+  public:
+    QtLine(forms::LineControl& control, QtForm& form, QWidget* parent);
+
+  protected:
+    void Place() override;
+    void Colour() override;
+
+  private:
+    forms::LineControl& model_;
+};
 
 QtLine::QtLine(forms::LineControl& control, QtForm& form, QWidget* parent)
     : QtControl(control, form, new QWidget(parent)), model_(control) {
@@ -26,6 +41,12 @@ void QtLine::Colour() {
     QPalette palette = QApplication::palette(Widget());
     palette.setColor(QPalette::Window, ToQColor(model_.ForeColor(), palette));
     Widget()->setPalette(palette);
+}
+
+} // namespace
+
+std::unique_ptr<QtControl> MakeLine(forms::LineControl& control, QtForm& form, QWidget* parent) {
+    return std::make_unique<QtLine>(control, form, parent);
 }
 
 } // namespace desktop::qt

@@ -1,12 +1,31 @@
-#include "desktop/qt/QtListBox.h"
-
 #include <QListWidget>
 #include <QMouseEvent>
 
 #include "desktop/qt/Guarded.h"
+#include "desktop/qt/QtControls.h"
 #include "desktop/qt/QtText.h"
+#include "forms/ChoiceControl.h"
 
 namespace desktop::qt {
+
+namespace {
+
+class QtListBox final : public QtControl {
+  public:
+    QtListBox(forms::ListBox& control, QtForm& form, QWidget* parent);
+
+  protected:
+    bool Filter(QObject* watched, QEvent* event) override;
+    void MirrorContent(forms::Aspect aspect) override;
+    bool DrawsItself() const override { return true; }
+
+  private:
+    void Pick(int row);
+
+    forms::ListBox& model_;
+    QListWidget* list_;
+    bool picked_ = false; // the press in progress has picked an entry already
+};
 
 QtListBox::QtListBox(forms::ListBox& control, QtForm& form, QWidget* parent)
     : QtControl(control, form, new QListWidget(parent)), model_(control),
@@ -56,6 +75,12 @@ void QtListBox::MirrorContent(forms::Aspect aspect) {
     if (model_.ListIndex() == -1) {
         list_->clearSelection();
     }
+}
+
+} // namespace
+
+std::unique_ptr<QtControl> MakeListBox(forms::ListBox& control, QtForm& form, QWidget* parent) {
+    return std::make_unique<QtListBox>(control, form, parent);
 }
 
 } // namespace desktop::qt

@@ -1,5 +1,3 @@
-#include "desktop/qt/QtMenuBar.h"
-
 #include <QApplication>
 #include <QEvent>
 #include <QMenu>
@@ -7,11 +5,34 @@
 #include <algorithm>
 
 #include "desktop/qt/Guarded.h"
+#include "desktop/qt/QtControls.h"
 #include "desktop/qt/QtForm.h"
 #include "desktop/qt/QtText.h"
 #include "desktop/qt/Scale.h"
+#include "forms/MenuBar.h"
 
 namespace desktop::qt {
+
+namespace {
+
+/// The form's window puts it above the form's own area, in a strip as high as a design with menus leaves for
+/// it.
+class QtMenuBar final : public QtControl {
+  public:
+    QtMenuBar(forms::MenuBar& control, QtForm& form, QWidget* parent);
+
+    int StripHeight() const override;
+
+  protected:
+    bool Filter(QObject* watched, QEvent* event) override;
+    void MirrorContent(forms::Aspect aspect) override;
+    void Colour() override;
+    void Place() override;
+
+  private:
+    forms::MenuBar& model_;
+    QMenuBar* bar_;
+};
 
 QtMenuBar::QtMenuBar(forms::MenuBar& control, QtForm& form, QWidget* /*parent*/)
     : QtControl(control, form, new QMenuBar(form.Window())), model_(control),
@@ -66,6 +87,12 @@ int QtMenuBar::StripHeight() const {
 void QtMenuBar::Place() {
     const int height = bar_->sizeHint().height();
     bar_->setGeometry(0, (StripHeight() - height) / 2, Form().Window()->width(), height);
+}
+
+} // namespace
+
+std::unique_ptr<QtControl> MakeMenuBar(forms::MenuBar& control, QtForm& form, QWidget* parent) {
+    return std::make_unique<QtMenuBar>(control, form, parent);
 }
 
 } // namespace desktop::qt

@@ -1,12 +1,29 @@
-#include "desktop/qt/QtOptionButton.h"
-
 #include <QKeyEvent>
 #include <QRadioButton>
 
+#include "desktop/qt/QtControls.h"
 #include "desktop/qt/QtText.h"
 #include "forms/Form.h"
+#include "forms/OptionButton.h"
 
 namespace desktop::qt {
+
+namespace {
+
+class QtOptionButton final : public QtControl {
+  public:
+    QtOptionButton(forms::OptionButton& control, QtForm& form, QWidget* parent);
+
+    bool KeyPressed(const QKeyEvent& event, int virtualKey) override;
+
+  protected:
+    void MirrorContent(forms::Aspect aspect) override;
+    bool DrawsItself() const override { return true; }
+
+  private:
+    forms::OptionButton& model_;
+    QRadioButton* button_;
+};
 
 QtOptionButton::QtOptionButton(forms::OptionButton& control, QtForm& form, QWidget* parent)
     : QtControl(control, form, new QRadioButton(parent)), model_(control),
@@ -34,6 +51,12 @@ bool QtOptionButton::KeyPressed(const QKeyEvent& event, int virtualKey) {
         }
     }
     return event.key() != Qt::Key_Space;
+}
+
+} // namespace
+
+std::unique_ptr<QtControl> MakeOptionButton(forms::OptionButton& control, QtForm& form, QWidget* parent) {
+    return std::make_unique<QtOptionButton>(control, form, parent);
 }
 
 } // namespace desktop::qt

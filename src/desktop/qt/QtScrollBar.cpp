@@ -1,11 +1,26 @@
-#include "desktop/qt/QtScrollBar.h"
-
 #include <QEvent>
 #include <QScrollBar>
 
 #include "desktop/qt/Guarded.h"
+#include "desktop/qt/QtControls.h"
+#include "forms/ScrollBar.h"
 
 namespace desktop::qt {
+
+namespace {
+
+class QtScrollBar final : public QtControl {
+  public:
+    QtScrollBar(forms::ScrollBar& control, QtForm& form, QWidget* parent);
+
+  protected:
+    bool Filter(QObject* watched, QEvent* event) override;
+    void MirrorContent(forms::Aspect aspect) override;
+
+  private:
+    forms::ScrollBar& model_;
+    QScrollBar* bar_;
+};
 
 QtScrollBar::QtScrollBar(forms::ScrollBar& control, QtForm& form, QWidget* parent)
     : QtControl(control, form, new QScrollBar(parent)), model_(control),
@@ -34,6 +49,12 @@ bool QtScrollBar::Filter(QObject* watched, QEvent* event) {
         return true;
     }
     return QtControl::Filter(watched, event);
+}
+
+} // namespace
+
+std::unique_ptr<QtControl> MakeScrollBar(forms::ScrollBar& control, QtForm& form, QWidget* parent) {
+    return std::make_unique<QtScrollBar>(control, form, parent);
 }
 
 } // namespace desktop::qt

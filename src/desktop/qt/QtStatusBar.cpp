@@ -1,10 +1,11 @@
-#include "desktop/qt/QtStatusBar.h"
-
 #include <QLabel>
 #include <QStatusBar>
+#include <vector>
 
+#include "desktop/qt/QtControls.h"
 #include "desktop/qt/QtText.h"
 #include "desktop/qt/Scale.h"
+#include "forms/StatusBar.h"
 
 namespace desktop::qt {
 
@@ -12,7 +13,20 @@ namespace {
 
 constexpr double SideMargin = 75; // twips
 
-} // namespace
+class QtStatusBar final : public QtControl {
+  public:
+    QtStatusBar(forms::StatusBar& control, QtForm& form, QWidget* parent);
+
+  protected:
+    void MirrorContent(forms::Aspect aspect) override;
+    /// At the bottom, over the whole width.
+    void Place() override;
+
+  private:
+    forms::StatusBar& model_;
+    QStatusBar* bar_;
+    std::vector<QLabel*> panels_;
+};
 
 QtStatusBar::QtStatusBar(forms::StatusBar& control, QtForm& form, QWidget* parent)
     : QtControl(control, form, new QStatusBar(parent)), model_(control),
@@ -45,6 +59,12 @@ void QtStatusBar::Place() {
     const QSize area = bar_->parentWidget()->size();
     const int height = ToDots(model_.Height());
     bar_->setGeometry(0, area.height() - height, area.width(), height);
+}
+
+} // namespace
+
+std::unique_ptr<QtControl> MakeStatusBar(forms::StatusBar& control, QtForm& form, QWidget* parent) {
+    return std::make_unique<QtStatusBar>(control, form, parent);
 }
 
 } // namespace desktop::qt

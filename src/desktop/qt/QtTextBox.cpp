@@ -1,5 +1,3 @@
-#include "desktop/qt/QtTextBox.h"
-
 #include <QApplication>
 #include <QInputMethodEvent>
 #include <QKeyEvent>
@@ -8,13 +6,47 @@
 #include <algorithm>
 
 #include "desktop/qt/Guarded.h"
+#include "desktop/qt/QtControls.h"
 #include "desktop/qt/QtForm.h"
 #include "desktop/qt/QtText.h"
 #include "forms/Desktop.h"
 #include "forms/Form.h"
+#include "forms/TextBox.h"
 #include "forms/UpDown.h"
 
 namespace desktop::qt {
+
+namespace {
+
+/// A typed character goes to the form's box, which filters and limits it; pasting, cutting and the like are
+/// the widget's own, and the form's box is told what came of it.
+class QtTextBox final : public QtControl {
+  public:
+    QtTextBox(forms::TextBox& control, QtForm& form, QWidget* parent);
+
+    void Mirror(forms::Aspect aspect) override;
+    void TakeFocus() override;
+    bool KeyPressed(const QKeyEvent& event, int virtualKey) override;
+
+  protected:
+    bool Filter(QObject* watched, QEvent* event) override;
+    void MirrorContent(forms::Aspect aspect) override;
+    bool DrawsItself() const override { return true; }
+    bool MousePressed(const QMouseEvent& event) override;
+
+  private:
+    void ShowText();
+    void ShowSelection();
+    void TellEdit();
+    void TellSelection();
+    void Type(const QString& text);
+    bool Commit(const QInputMethodEvent& event);
+    int SelectionStart() const;
+
+    forms::TextBox& model_;
+    QLineEdit* edit_;
+    bool typing_ = false;
+};
 
 QtTextBox::QtTextBox(forms::TextBox& control, QtForm& form, QWidget* parent)
     : QtControl(control, form, new QLineEdit(parent)), model_(control),
@@ -163,6 +195,12 @@ bool QtTextBox::Filter(QObject* watched, QEvent* event) {
         return Commit(*static_cast<QInputMethodEvent*>(event));
     }
     return QtControl::Filter(watched, event);
+}
+
+} // namespace
+
+std::unique_ptr<QtControl> MakeTextBox(forms::TextBox& control, QtForm& form, QWidget* parent) {
+    return std::make_unique<QtTextBox>(control, form, parent);
 }
 
 } // namespace desktop::qt

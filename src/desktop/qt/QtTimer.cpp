@@ -1,8 +1,24 @@
-#include "desktop/qt/QtTimer.h"
+#include <QTimer>
 
 #include "desktop/qt/Guarded.h"
+#include "desktop/qt/QtControls.h"
+#include "forms/Timer.h"
 
 namespace desktop::qt {
+
+namespace {
+
+class QtTimer final : public QtControl {
+  public:
+    QtTimer(forms::Timer& control, QtForm& form, QWidget* parent);
+
+  protected:
+    void MirrorContent(forms::Aspect aspect) override;
+
+  private:
+    forms::Timer& model_;
+    QTimer timer_;
+};
 
 QtTimer::QtTimer(forms::Timer& control, QtForm& form, QWidget* /*parent*/)
     : QtControl(control, form, nullptr), model_(control) {
@@ -19,6 +35,12 @@ void QtTimer::MirrorContent(forms::Aspect aspect) {
     } else {
         timer_.stop();
     }
+}
+
+} // namespace
+
+std::unique_ptr<QtControl> MakeTimer(forms::Timer& control, QtForm& form, QWidget* parent) {
+    return std::make_unique<QtTimer>(control, form, parent);
 }
 
 } // namespace desktop::qt

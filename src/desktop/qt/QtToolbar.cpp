@@ -1,13 +1,15 @@
-#include "desktop/qt/QtToolbar.h"
-
 #include <QFrame>
 #include <QIcon>
 #include <QToolButton>
+#include <vector>
 
+#include "desktop/qt/Accessibility.h"
 #include "desktop/qt/Guarded.h"
+#include "desktop/qt/QtControls.h"
 #include "desktop/qt/QtText.h"
 #include "desktop/qt/Scale.h"
 #include "desktop/qt/ThemedPicture.h"
+#include "forms/Toolbar.h"
 
 namespace desktop::qt {
 
@@ -18,10 +20,29 @@ constexpr double RuleWidth = 150;
 constexpr double PictureMargin = 120;
 constexpr double RuleMargin = 90;
 
-} // namespace
+/// A row of buttons that light up under the mouse.
+class QtToolbar final : public QtControl {
+  public:
+    QtToolbar(forms::Toolbar& control, QtForm& form, QWidget* parent);
+
+  protected:
+    void MirrorContent(forms::Aspect aspect) override;
+    void Colour() override;
+    void Place() override;
+
+  private:
+    void MakeButtons();
+    QWidget* MakeButton(int number);
+    void ShowPictures();
+
+    forms::Toolbar& model_;
+    std::vector<QWidget*> buttons_; // the button or the rule at each place
+};
 
 QtToolbar::QtToolbar(forms::Toolbar& control, QtForm& form, QWidget* parent)
-    : QtControl(control, form, new QWidget(parent)), model_(control) {}
+    : QtControl(control, form, new QWidget(parent)), model_(control) {
+    SpeakAs(*Widget(), QAccessible::ToolBar);
+}
 
 QWidget* QtToolbar::MakeButton(int number) {
     const forms::ToolbarButton& model = model_.Button(number);
@@ -95,6 +116,12 @@ void QtToolbar::Place() {
         }
         left += width;
     }
+}
+
+} // namespace
+
+std::unique_ptr<QtControl> MakeToolbar(forms::Toolbar& control, QtForm& form, QWidget* parent) {
+    return std::make_unique<QtToolbar>(control, form, parent);
 }
 
 } // namespace desktop::qt
