@@ -1,11 +1,12 @@
-#include "desktop/windows/WinComboBox.h"
-
 #include <algorithm>
 
 #include "desktop/windows/DpiFunctions.h"
 #include "desktop/windows/Fonts.h"
 #include "desktop/windows/WideText.h"
+#include "desktop/windows/WinControl.h"
+#include "desktop/windows/WinControls.h"
 #include "desktop/windows/WinForm.h"
+#include "forms/ChoiceControl.h"
 
 namespace desktop::windows {
 
@@ -14,7 +15,31 @@ namespace {
 constexpr UINT MessageListClosed = WM_APP;
 constexpr int MostLines = 12; // that the list shows at once
 
-} // namespace
+/// While the list is down, the choice is on trial; it counts when the list closes, unless the user leaves it
+/// with Escape.
+class WinComboBox final : public WinControl {
+  public:
+    WinComboBox(forms::ComboBox& control, WinForm& form, const WindowPlace& place);
+
+    void Notified(UINT code) override;
+    bool KeepsEnterAndEscape() const override;
+
+  protected:
+    void MirrorContent(forms::Aspect aspect) override;
+    void Place() override;
+    LRESULT Received(UINT message, WPARAM wParam, LPARAM lParam) override;
+
+  private:
+    int Chosen() const { return static_cast<int>(Send(CB_GETCURSEL)); }
+    void Pick();
+    void ListClosed();
+    void WidenList();
+
+    forms::ComboBox& model_;
+    bool listIsDown_ = false;
+    bool listCloses_ = false; // the list is gone, and what it means has not been looked at yet
+    bool accepted_ = false;
+};
 
 WinComboBox::WinComboBox(forms::ComboBox& control, WinForm& form, const WindowPlace& place)
     : WinControl(control, form, place, WC_COMBOBOXW, CBS_DROPDOWNLIST | WS_VSCROLL | WS_TABSTOP),
@@ -112,6 +137,12 @@ LRESULT WinComboBox::Received(UINT message, WPARAM wParam, LPARAM lParam) {
         return 0;
     }
     return WinControl::Received(message, wParam, lParam);
+}
+
+} // namespace
+
+std::unique_ptr<WinControl> MakeComboBox(forms::ComboBox& control, WinForm& form, const WindowPlace& place) {
+    return std::make_unique<WinComboBox>(control, form, place);
 }
 
 } // namespace desktop::windows

@@ -1,8 +1,27 @@
-#include "desktop/windows/WinCommandButton.h"
-
+#include "desktop/windows/WinControl.h"
+#include "desktop/windows/WinControls.h"
+#include "forms/CommandButton.h"
 #include "forms/Form.h"
 
 namespace desktop::windows {
+
+namespace {
+
+class WinCommandButton final : public WinControl {
+  public:
+    WinCommandButton(forms::CommandButton& control, WinForm& form, const WindowPlace& place);
+
+    void Notified(UINT code) override;
+
+  protected:
+    void MirrorContent(forms::Aspect aspect) override;
+
+  private:
+    /// True if Enter presses this button now.
+    bool IsPressedByEnter() const;
+
+    forms::CommandButton& model_;
+};
 
 WinCommandButton::WinCommandButton(forms::CommandButton& control, WinForm& form, const WindowPlace& place)
     : WinControl(control, form, place, WC_BUTTONW, BS_PUSHBUTTON | WS_TABSTOP), model_(control) {}
@@ -28,6 +47,13 @@ void WinCommandButton::Notified(UINT code) {
     if (code == BN_CLICKED) {
         Click();
     }
+}
+
+} // namespace
+
+std::unique_ptr<WinControl> MakeCommandButton(forms::CommandButton& control, WinForm& form,
+                                              const WindowPlace& place) {
+    return std::make_unique<WinCommandButton>(control, form, place);
 }
 
 } // namespace desktop::windows

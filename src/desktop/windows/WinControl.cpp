@@ -7,62 +7,14 @@
 #include "desktop/windows/Colours.h"
 #include "desktop/windows/Fonts.h"
 #include "desktop/windows/WideText.h"
-#include "desktop/windows/WinCheckBox.h"
-#include "desktop/windows/WinComboBox.h"
-#include "desktop/windows/WinCommandButton.h"
-#include "desktop/windows/WinFlatButton.h"
 #include "desktop/windows/WinForm.h"
-#include "desktop/windows/WinLabel.h"
-#include "desktop/windows/WinLine.h"
-#include "desktop/windows/WinListBox.h"
-#include "desktop/windows/WinMenuBar.h"
-#include "desktop/windows/WinOptionButton.h"
-#include "desktop/windows/WinPictureBox.h"
-#include "desktop/windows/WinProgressBar.h"
-#include "desktop/windows/WinScrollBar.h"
-#include "desktop/windows/WinStatusBar.h"
-#include "desktop/windows/WinTextBox.h"
-#include "desktop/windows/WinTimer.h"
-#include "desktop/windows/WinToolbar.h"
-#include "desktop/windows/WinUpDown.h"
 #include "forms/Form.h"
 
 namespace desktop::windows {
 
 using forms::Aspect;
-using forms::ControlKind;
 
 namespace {
-
-template <class ControlType, class WinControlType>
-std::unique_ptr<WinControl> Make(forms::Control& control, WinForm& form, const WindowPlace& place) {
-    return std::make_unique<WinControlType>(static_cast<ControlType&>(control), form, place);
-}
-
-struct Maker {
-    ControlKind Kind;
-    std::unique_ptr<WinControl> (*Make)(forms::Control&, WinForm&, const WindowPlace&);
-};
-
-constexpr std::array<Maker, 17> Makers{{
-    {ControlKind::CheckBox, Make<forms::CheckBox, WinCheckBox>},
-    {ControlKind::ComboBox, Make<forms::ComboBox, WinComboBox>},
-    {ControlKind::CommandButton, Make<forms::CommandButton, WinCommandButton>},
-    {ControlKind::FlatButton, Make<forms::cmdButtonXP, WinFlatButton>},
-    {ControlKind::Label, Make<forms::Label, WinLabel>},
-    {ControlKind::Line, Make<forms::LineControl, WinLine>},
-    {ControlKind::ListBox, Make<forms::ListBox, WinListBox>},
-    {ControlKind::MenuBar, Make<forms::MenuBar, WinMenuBar>},
-    {ControlKind::OptionButton, Make<forms::OptionButton, WinOptionButton>},
-    {ControlKind::PictureBox, Make<forms::PictureBox, WinPictureBox>},
-    {ControlKind::ProgressBar, Make<forms::ProgressBar, WinProgressBar>},
-    {ControlKind::ScrollBar, Make<forms::ScrollBar, WinScrollBar>},
-    {ControlKind::StatusBar, Make<forms::StatusBar, WinStatusBar>},
-    {ControlKind::TextBox, Make<forms::TextBox, WinTextBox>},
-    {ControlKind::Timer, Make<forms::Timer, WinTimer>},
-    {ControlKind::Toolbar, Make<forms::Toolbar, WinToolbar>},
-    {ControlKind::UpDown, Make<forms::UpDown, WinUpDown>},
-}};
 
 // All that a new window has to show. The font brings the place with it, the selection belongs to the text and
 // the order of depth to the making, and the colours are asked for when it is drawn.
@@ -84,15 +36,6 @@ WinControl* Known(HWND window) {
 }
 
 } // namespace
-
-std::unique_ptr<WinControl> MakeWinControl(forms::Control& control, WinForm& form, const WindowPlace& place) {
-    const auto maker = std::find_if(Makers.begin(), Makers.end(),
-                                    [&](const Maker& candidate) { return candidate.Kind == control.Kind(); });
-    if (maker == Makers.end()) {
-        throw base::RuntimeError(base::ErrorInvalidPropertyValue, "No such kind of control");
-    }
-    return maker->Make(control, form, place);
-}
 
 WinControl::WinControl(forms::Control& control, WinForm& form, const WindowPlace& place,
                        const wchar_t* className, DWORD style, DWORD extendedStyle)

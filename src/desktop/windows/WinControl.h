@@ -1,6 +1,6 @@
 #pragma once
 
-#include <memory>
+#include <string>
 
 #include "desktop/windows/Win32.h"
 
@@ -112,8 +112,5 @@ class WinControl {
     bool left_ = false;
     int silent_ = 0;
 };
-
-/// Makes the real control of the right kind.
-std::unique_ptr<WinControl> MakeWinControl(forms::Control& control, WinForm& form, const WindowPlace& place);
 
 } // namespace desktop::windows

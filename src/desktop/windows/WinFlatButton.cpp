@@ -1,9 +1,10 @@
-#include "desktop/windows/WinFlatButton.h"
-
 #include <utility>
 
 #include "desktop/windows/Colours.h"
 #include "desktop/windows/PictureWindow.h"
+#include "desktop/windows/WinControl.h"
+#include "desktop/windows/WinControls.h"
+#include "forms/cmdButtonXP.h"
 
 namespace desktop::windows {
 
@@ -12,7 +13,23 @@ namespace {
 /// The buttons of the mouse, as its messages tell which are held.
 constexpr WPARAM AnyButton = MK_LBUTTON | MK_RBUTTON | MK_MBUTTON | MK_XBUTTON1 | MK_XBUTTON2;
 
-} // namespace
+class WinFlatButton final : public WinControl {
+  public:
+    WinFlatButton(forms::cmdButtonXP& control, WinForm& form, const WindowPlace& place);
+
+  protected:
+    void MirrorContent(forms::Aspect aspect) override;
+    // A button that is off takes the mouse all the same, without an effect, and tells what it is for.
+    bool ShowsEnabled() const override { return model_.WindowEnabled(); }
+    LRESULT Received(UINT message, WPARAM wParam, LPARAM lParam) override;
+
+  private:
+    void Pressed();
+    void Released(UINT message, WPARAM held, POINT place);
+
+    forms::cmdButtonXP& model_;
+    bool clicking_ = false; // the left button has gone down here
+};
 
 WinFlatButton::WinFlatButton(forms::cmdButtonXP& control, WinForm& form, const WindowPlace& place)
     : WinControl(control, form, place, PlainWindowClass()), model_(control) {}
@@ -82,6 +99,13 @@ LRESULT WinFlatButton::Received(UINT message, WPARAM wParam, LPARAM lParam) {
     default:
         return WinControl::Received(message, wParam, lParam);
     }
+}
+
+} // namespace
+
+std::unique_ptr<WinControl> MakeFlatButton(forms::cmdButtonXP& control, WinForm& form,
+                                           const WindowPlace& place) {
+    return std::make_unique<WinFlatButton>(control, form, place);
 }
 
 } // namespace desktop::windows

@@ -7,8 +7,8 @@
 #include "desktop/windows/DpiFunctions.h"
 #include "desktop/windows/FormWindow.h"
 #include "desktop/windows/WideText.h"
+#include "desktop/windows/WinControls.h"
 #include "desktop/windows/WinDesktop.h"
-#include "desktop/windows/WinMenuBar.h"
 #include "forms/AccessibleNames.h"
 #include "forms/Form.h"
 #include "forms/Label.h"
@@ -91,7 +91,7 @@ void WinForm::MakeControls() {
         }
         WinControl& made = Find(*control);
         if (control->Kind() == forms::ControlKind::MenuBar) {
-            menuBar_ = static_cast<WinMenuBar*>(&made);
+            menuBar_ = &made;
         }
     }
     // A label finds the control that its access key goes to only when all are there.
@@ -330,7 +330,7 @@ LRESULT WinForm::Received(UINT message, WPARAM wParam, LPARAM lParam) {
         return 0;
     case WM_COMMAND:
         if (menuBar_ != nullptr && lParam == 0) {
-            menuBar_->Choose(static_cast<int>(LOWORD(wParam)));
+            menuBar_->Commanded(LOWORD(wParam), HIWORD(wParam));
         }
         return 0;
     case WM_TIMER:

@@ -14,7 +14,6 @@
 namespace desktop::windows {
 
 class WinDesktop;
-class WinMenuBar;
 
 /// The real window of a form.
 class WinForm final : public forms::FormPeer {
@@ -116,7 +115,7 @@ class WinForm final : public forms::FormPeer {
     Scale scale_{ScreenScale()};
     Fonts fonts_;
     ToolTips tips_;
-    WinMenuBar* menuBar_ = nullptr;
+    WinControl* menuBar_ = nullptr;
     std::vector<std::unique_ptr<WinControl>> controls_;
     std::unordered_map<const forms::Control*, WinControl*> byModel_;
     std::vector<HWND> disabledOwners_; // by this window while it is modal

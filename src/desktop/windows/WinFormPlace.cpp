@@ -8,7 +8,6 @@
 #include "desktop/windows/Raised.h"
 #include "desktop/windows/WinDesktop.h"
 #include "desktop/windows/WinForm.h"
-#include "desktop/windows/WinMenuBar.h"
 #include "forms/Form.h"
 
 namespace desktop::windows {

@@ -1,12 +1,29 @@
-#include "desktop/windows/WinLabel.h"
-
 #include <algorithm>
 
 #include "desktop/windows/Fonts.h"
+#include "desktop/windows/WinControl.h"
+#include "desktop/windows/WinControls.h"
 #include "desktop/windows/WinForm.h"
 #include "forms/AccessibleNames.h"
+#include "forms/Label.h"
 
 namespace desktop::windows {
+
+namespace {
+
+class WinLabel final : public WinControl {
+  public:
+    WinLabel(forms::Label& control, WinForm& form, const WindowPlace& place);
+
+  protected:
+    void Place() override;
+    void MirrorContent(forms::Aspect aspect) override;
+
+  private:
+    void SetStyle(DWORD style, bool wanted) const;
+
+    forms::Label& model_;
+};
 
 WinLabel::WinLabel(forms::Label& control, WinForm& form, const WindowPlace& place)
     : WinControl(control, form, place, WC_STATICW, SS_LEFT), model_(control) {}
@@ -41,6 +58,12 @@ void WinLabel::MirrorContent(forms::Aspect aspect) {
     SetStyle(SS_NOPREFIX, !goes);
     SetCaption(model_.UseMnemonic() && !goes ? forms::WithoutAccessKey(model_.Caption()) : model_.Caption());
     ::InvalidateRect(Window(), nullptr, TRUE);
+}
+
+} // namespace
+
+std::unique_ptr<WinControl> MakeLabel(forms::Label& control, WinForm& form, const WindowPlace& place) {
+    return std::make_unique<WinLabel>(control, form, place);
 }
 
 } // namespace desktop::windows

@@ -1,13 +1,29 @@
-#include "desktop/windows/WinLine.h"
-
 #include <algorithm>
 #include <cmath>
 
 #include "desktop/windows/Colours.h"
 #include "desktop/windows/PictureWindow.h"
+#include "desktop/windows/WinControl.h"
+#include "desktop/windows/WinControls.h"
 #include "desktop/windows/WinForm.h"
+#include "forms/LineControl.h"
 
 namespace desktop::windows {
+
+namespace {
+
+/// A rule one dot of the design wide.
+class WinLine final : public WinControl {
+  public:
+    WinLine(forms::LineControl& control, WinForm& form, const WindowPlace& place);
+
+  protected:
+    void Place() override;
+    LRESULT Received(UINT message, WPARAM wParam, LPARAM lParam) override;
+
+  private:
+    forms::LineControl& model_;
+};
 
 WinLine::WinLine(forms::LineControl& control, WinForm& form, const WindowPlace& place)
     : WinControl(control, form, place, PlainWindowClass()), model_(control) {}
@@ -33,6 +49,12 @@ LRESULT WinLine::Received(UINT message, WPARAM wParam, LPARAM lParam) {
     default:
         return WinControl::Received(message, wParam, lParam);
     }
+}
+
+} // namespace
+
+std::unique_ptr<WinControl> MakeLine(forms::LineControl& control, WinForm& form, const WindowPlace& place) {
+    return std::make_unique<WinLine>(control, form, place);
 }
 
 } // namespace desktop::windows

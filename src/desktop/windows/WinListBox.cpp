@@ -1,10 +1,31 @@
-#include "desktop/windows/WinListBox.h"
-
 #include "desktop/windows/Fonts.h"
 #include "desktop/windows/WideText.h"
+#include "desktop/windows/WinControl.h"
+#include "desktop/windows/WinControls.h"
 #include "desktop/windows/WinForm.h"
+#include "forms/ChoiceControl.h"
 
 namespace desktop::windows {
+
+namespace {
+
+class WinListBox final : public WinControl {
+  public:
+    WinListBox(forms::ListBox& control, WinForm& form, const WindowPlace& place);
+
+    void Notified(UINT code) override;
+
+  protected:
+    void MirrorContent(forms::Aspect aspect) override;
+    LRESULT Received(UINT message, WPARAM wParam, LPARAM lParam) override;
+
+  private:
+    void Pick(int index);
+    void MouseReleased(LPARAM place);
+
+    forms::ListBox& model_;
+    bool picked_ = false; // the press in progress has picked an entry already
+};
 
 WinListBox::WinListBox(forms::ListBox& control, WinForm& form, const WindowPlace& place)
     : WinControl(control, form, place, WC_LISTBOXW,
@@ -60,6 +81,12 @@ LRESULT WinListBox::Received(UINT message, WPARAM wParam, LPARAM lParam) {
         MouseReleased(lParam);
     }
     return result;
+}
+
+} // namespace
+
+std::unique_ptr<WinControl> MakeListBox(forms::ListBox& control, WinForm& form, const WindowPlace& place) {
+    return std::make_unique<WinListBox>(control, form, place);
 }
 
 } // namespace desktop::windows

@@ -1,10 +1,28 @@
-#include "desktop/windows/WinMenuBar.h"
-
 #include "desktop/windows/ControlIds.h"
 #include "desktop/windows/WideText.h"
+#include "desktop/windows/WinControl.h"
+#include "desktop/windows/WinControls.h"
 #include "desktop/windows/WinForm.h"
+#include "forms/MenuBar.h"
 
 namespace desktop::windows {
+
+namespace {
+
+/// The menu in the frame of the form's window.
+class WinMenuBar final : public WinControl {
+  public:
+    WinMenuBar(forms::MenuBar& control, WinForm& form, const WindowPlace& place);
+
+    /// The user has chosen the line with this command; see ControlIds.h.
+    void Commanded(int id, UINT code) override;
+
+  protected:
+    void MirrorContent(forms::Aspect aspect) override;
+
+  private:
+    forms::MenuBar& model_;
+};
 
 WinMenuBar::WinMenuBar(forms::MenuBar& control, WinForm& form, const WindowPlace& place)
     : WinControl(control, form, place, nullptr), model_(control) {}
@@ -29,17 +47,23 @@ void WinMenuBar::MirrorContent(forms::Aspect aspect) {
     ::DestroyMenu(before);
 }
 
-void WinMenuBar::Choose(int command) {
+void WinMenuBar::Commanded(int id, UINT /*code*/) {
     int line = FirstMenuLine;
     for (const forms::Menu& menu : model_.Menus()) {
         for (const forms::MenuTool& tool : menu.Tools) {
-            if (line == command) {
+            if (line == id) {
                 model_.UserChoose(tool.Id);
                 return;
             }
             ++line;
         }
     }
+}
+
+} // namespace
+
+std::unique_ptr<WinControl> MakeMenuBar(forms::MenuBar& control, WinForm& form, const WindowPlace& place) {
+    return std::make_unique<WinMenuBar>(control, form, place);
 }
 
 } // namespace desktop::windows

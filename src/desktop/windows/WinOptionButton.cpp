@@ -1,9 +1,10 @@
-#include "desktop/windows/WinOptionButton.h"
-
 #include <algorithm>
 
+#include "desktop/windows/WinControl.h"
+#include "desktop/windows/WinControls.h"
 #include "forms/Desktop.h"
 #include "forms/Form.h"
+#include "forms/OptionButton.h"
 
 namespace desktop::windows {
 
@@ -18,7 +19,19 @@ DWORD GroupStyle(const forms::OptionButton& option) {
     return *first == &option ? WS_GROUP : 0U;
 }
 
-} // namespace
+class WinOptionButton final : public WinControl {
+  public:
+    WinOptionButton(forms::OptionButton& control, WinForm& form, const WindowPlace& place);
+
+    void Notified(UINT code) override;
+    bool KeyPressed(int virtualKey, bool shift) override;
+
+  protected:
+    void MirrorContent(forms::Aspect aspect) override;
+
+  private:
+    forms::OptionButton& model_;
+};
 
 // Which options exclude each other is the form's business.
 WinOptionButton::WinOptionButton(forms::OptionButton& control, WinForm& form, const WindowPlace& place)
@@ -49,6 +62,13 @@ bool WinOptionButton::KeyPressed(int virtualKey, bool shift) {
         }
     }
     return backward || forward;
+}
+
+} // namespace
+
+std::unique_ptr<WinControl> MakeOptionButton(forms::OptionButton& control, WinForm& form,
+                                             const WindowPlace& place) {
+    return std::make_unique<WinOptionButton>(control, form, place);
 }
 
 } // namespace desktop::windows

@@ -1,10 +1,29 @@
-#include "desktop/windows/WinPictureBox.h"
-
 #include "desktop/windows/Colours.h"
 #include "desktop/windows/PictureWindow.h"
+#include "desktop/windows/WinControl.h"
+#include "desktop/windows/WinControls.h"
 #include "desktop/windows/WinForm.h"
+#include "forms/PictureBox.h"
 
 namespace desktop::windows {
+
+namespace {
+
+/// A picture, an area of colour, or what holds other controls, whose messages it hands on to the form.
+class WinPictureBox final : public WinControl {
+  public:
+    WinPictureBox(forms::PictureBox& control, WinForm& form, const WindowPlace& place);
+
+  protected:
+    void MirrorContent(forms::Aspect aspect) override;
+    LRESULT Received(UINT message, WPARAM wParam, LPARAM lParam) override;
+
+  private:
+    void Paint() const;
+    void Fill(HDC device) const;
+
+    forms::PictureBox& model_;
+};
 
 WinPictureBox::WinPictureBox(forms::PictureBox& control, WinForm& form, const WindowPlace& place)
     : WinControl(control, form, place, PlainWindowClass(), WS_CLIPCHILDREN, WS_EX_CONTROLPARENT),
@@ -48,6 +67,13 @@ LRESULT WinPictureBox::Received(UINT message, WPARAM wParam, LPARAM lParam) {
     default:
         return WinControl::Received(message, wParam, lParam);
     }
+}
+
+} // namespace
+
+std::unique_ptr<WinControl> MakePictureBox(forms::PictureBox& control, WinForm& form,
+                                           const WindowPlace& place) {
+    return std::make_unique<WinPictureBox>(control, form, place);
 }
 
 } // namespace desktop::windows

@@ -1,6 +1,21 @@
-#include "desktop/windows/WinProgressBar.h"
+#include "desktop/windows/WinControl.h"
+#include "desktop/windows/WinControls.h"
+#include "forms/ProgressBar.h"
 
 namespace desktop::windows {
+
+namespace {
+
+class WinProgressBar final : public WinControl {
+  public:
+    WinProgressBar(forms::ProgressBar& control, WinForm& form, const WindowPlace& place);
+
+  protected:
+    void MirrorContent(forms::Aspect aspect) override;
+
+  private:
+    forms::ProgressBar& model_;
+};
 
 WinProgressBar::WinProgressBar(forms::ProgressBar& control, WinForm& form, const WindowPlace& place)
     : WinControl(control, form, place, PROGRESS_CLASSW), model_(control) {
@@ -11,6 +26,13 @@ void WinProgressBar::MirrorContent(forms::Aspect aspect) {
     if (aspect == forms::Aspect::Value) {
         Send(PBM_SETPOS, static_cast<WPARAM>(model_.Value()));
     }
+}
+
+} // namespace
+
+std::unique_ptr<WinControl> MakeProgressBar(forms::ProgressBar& control, WinForm& form,
+                                            const WindowPlace& place) {
+    return std::make_unique<WinProgressBar>(control, form, place);
 }
 
 } // namespace desktop::windows

@@ -1,6 +1,23 @@
-#include "desktop/windows/WinScrollBar.h"
+#include "desktop/windows/WinControl.h"
+#include "desktop/windows/WinControls.h"
+#include "forms/ScrollBar.h"
 
 namespace desktop::windows {
+
+namespace {
+
+class WinScrollBar final : public WinControl {
+  public:
+    WinScrollBar(forms::ScrollBar& control, WinForm& form, const WindowPlace& place);
+
+    void Scrolled(int request, int position) override;
+
+  protected:
+    void MirrorContent(forms::Aspect aspect) override;
+
+  private:
+    forms::ScrollBar& model_;
+};
 
 WinScrollBar::WinScrollBar(forms::ScrollBar& control, WinForm& form, const WindowPlace& place)
     : WinControl(control, form, place, WC_SCROLLBARW,
@@ -51,6 +68,13 @@ void WinScrollBar::Scrolled(int request, int position) {
     }
     model_.UserScroll(value);
     Mirror(forms::Aspect::Value);
+}
+
+} // namespace
+
+std::unique_ptr<WinControl> MakeScrollBar(forms::ScrollBar& control, WinForm& form,
+                                          const WindowPlace& place) {
+    return std::make_unique<WinScrollBar>(control, form, place);
 }
 
 } // namespace desktop::windows

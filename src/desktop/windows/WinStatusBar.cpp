@@ -1,11 +1,27 @@
-#include "desktop/windows/WinStatusBar.h"
-
 #include <vector>
 
 #include "desktop/windows/WideText.h"
+#include "desktop/windows/WinControl.h"
+#include "desktop/windows/WinControls.h"
 #include "desktop/windows/WinForm.h"
+#include "forms/StatusBar.h"
 
 namespace desktop::windows {
+
+namespace {
+
+class WinStatusBar final : public WinControl {
+  public:
+    WinStatusBar(forms::StatusBar& control, WinForm& form, const WindowPlace& place);
+
+  protected:
+    void MirrorContent(forms::Aspect aspect) override;
+    /// At the bottom, over the whole width.
+    void Place() override;
+
+  private:
+    forms::StatusBar& model_;
+};
 
 WinStatusBar::WinStatusBar(forms::StatusBar& control, WinForm& form, const WindowPlace& place)
     : WinControl(control, form, place, STATUSCLASSNAMEW, CCS_NOPARENTALIGN | CCS_NORESIZE), model_(control) {}
@@ -31,6 +47,13 @@ void WinStatusBar::MirrorContent(forms::Aspect aspect) {
 void WinStatusBar::Place() {
     const SIZE area = Form().AreaSize();
     MoveTo({0, area.cy - Form().Scaling().ToDots(model_.Height()), area.cx, area.cy});
+}
+
+} // namespace
+
+std::unique_ptr<WinControl> MakeStatusBar(forms::StatusBar& control, WinForm& form,
+                                          const WindowPlace& place) {
+    return std::make_unique<WinStatusBar>(control, form, place);
 }
 
 } // namespace desktop::windows

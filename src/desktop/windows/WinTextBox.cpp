@@ -1,6 +1,6 @@
-#include "desktop/windows/WinTextBox.h"
-
 #include <algorithm>
+
+#include "desktop/windows/Win32.h"
 
 #include <imm.h>
 
@@ -8,8 +8,11 @@
 #include "desktop/windows/Raised.h"
 #include "desktop/windows/TextUnits.h"
 #include "desktop/windows/WideText.h"
+#include "desktop/windows/WinControl.h"
+#include "desktop/windows/WinControls.h"
 #include "forms/Desktop.h"
 #include "forms/Form.h"
+#include "forms/TextBox.h"
 #include "forms/UpDown.h"
 
 namespace desktop::windows {
@@ -27,7 +30,46 @@ bool MovesCaret(UINT message) {
     return std::find(std::begin(messages), std::end(messages), message) != std::end(messages);
 }
 
-} // namespace
+/// A typed character goes to the form's box, which filters and limits it; pasting, cutting and the like are
+/// the window's own, and the form's box is told what came of it.
+class WinTextBox final : public WinControl {
+  public:
+    WinTextBox(forms::TextBox& control, WinForm& form, const WindowPlace& place);
+
+    void TakeFocus() override;
+    bool KeyPressed(int virtualKey, bool shift) override;
+    void Notified(UINT code) override;
+
+  protected:
+    void MirrorContent(forms::Aspect aspect) override;
+    LRESULT Received(UINT message, WPARAM wParam, LPARAM lParam) override;
+
+  private:
+    struct Selection {
+        int Start;
+        int End;
+    };
+
+    std::wstring Text() const;
+    Selection Selected() const;
+    void ShowText();
+    void ShowSelection();
+    void TellEdit();
+    void TellSelection();
+    /// A unit of a typed character. False if the box has no use for it and the window may.
+    bool Type(wchar_t unit);
+    bool TypeRepeatedly(wchar_t unit, int times);
+    void TypeCharacter(char32_t character);
+    LRESULT TextSet(LPARAM text);
+
+    // The window would write at the top of a box that is higher than its line.
+    void CentreLine(RECT& inside) const;
+    void PaintAroundLine();
+
+    forms::TextBox& model_;
+    wchar_t highHalf_ = 0; // of a character whose other half is still to come
+    bool typing_ = false;
+};
 
 WinTextBox::WinTextBox(forms::TextBox& control, WinForm& form, const WindowPlace& place)
     : WinControl(control, form, place, WC_EDITW, ES_AUTOHSCROLL | WS_TABSTOP, WS_EX_CLIENTEDGE),
@@ -265,6 +307,12 @@ LRESULT WinTextBox::Received(UINT message, WPARAM wParam, LPARAM lParam) {
         TellSelection();
     }
     return result;
+}
+
+} // namespace
+
+std::unique_ptr<WinControl> MakeTextBox(forms::TextBox& control, WinForm& form, const WindowPlace& place) {
+    return std::make_unique<WinTextBox>(control, form, place);
 }
 
 } // namespace desktop::windows

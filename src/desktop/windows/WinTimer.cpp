@@ -1,8 +1,27 @@
-#include "desktop/windows/WinTimer.h"
-
+#include "desktop/windows/WinControl.h"
+#include "desktop/windows/WinControls.h"
 #include "desktop/windows/WinForm.h"
+#include "forms/Timer.h"
 
 namespace desktop::windows {
+
+namespace {
+
+class WinTimer final : public WinControl {
+  public:
+    WinTimer(forms::Timer& control, WinForm& form, const WindowPlace& place);
+    ~WinTimer() override;
+
+    void TimePassed() override { model_.Tick(); }
+
+  protected:
+    void MirrorContent(forms::Aspect aspect) override;
+
+  private:
+    forms::Timer& model_;
+    UINT_PTR number_;
+    bool runs_ = false;
+};
 
 WinTimer::WinTimer(forms::Timer& control, WinForm& form, const WindowPlace& place)
     : WinControl(control, form, place, nullptr), model_(control), number_(static_cast<UINT_PTR>(place.Id)) {}
@@ -22,6 +41,12 @@ void WinTimer::MirrorContent(forms::Aspect aspect) {
     } else {
         ::KillTimer(Form().Window(), number_);
     }
+}
+
+} // namespace
+
+std::unique_ptr<WinControl> MakeTimer(forms::Timer& control, WinForm& form, const WindowPlace& place) {
+    return std::make_unique<WinTimer>(control, form, place);
 }
 
 } // namespace desktop::windows

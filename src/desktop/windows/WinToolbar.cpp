@@ -1,11 +1,13 @@
-#include "desktop/windows/WinToolbar.h"
-
 #include "base/Text.h"
 #include "desktop/windows/Colours.h"
 #include "desktop/windows/ControlIds.h"
+#include "desktop/windows/GdiObjects.h"
 #include "desktop/windows/VectorPicture.h"
 #include "desktop/windows/WideText.h"
+#include "desktop/windows/WinControl.h"
+#include "desktop/windows/WinControls.h"
 #include "desktop/windows/WinForm.h"
+#include "forms/Toolbar.h"
 
 namespace desktop::windows {
 
@@ -20,7 +22,40 @@ void AddPicture(HIMAGELIST list, const std::string& name, int side, PictureLook 
     ::ImageList_ReplaceIcon(list, -1, icon.Get());
 }
 
-} // namespace
+/// A row of buttons that light up under the mouse; a button is as wide as the toolbar is high. The commands
+/// of the buttons: see ControlIds.h.
+class WinToolbar final : public WinControl {
+  public:
+    WinToolbar(forms::Toolbar& control, WinForm& form, const WindowPlace& place);
+
+    void Commanded(int id, UINT code) override;
+    LRESULT Notified(NMHDR& header) override;
+
+  protected:
+    void MirrorContent(forms::Aspect aspect) override;
+    void Place() override;
+    LRESULT Received(UINT message, WPARAM wParam, LPARAM lParam) override;
+
+  private:
+    using Pictures = Owned<HIMAGELIST, ::ImageList_Destroy>;
+
+    void AddButton(int number);
+    void ShowButton(int number);
+    void MakePictures();
+    std::wstring NameOf(const forms::ToolbarButton& button) const;
+    /// The text that shows when the mouse rests on a button; empty for none.
+    std::wstring TipOf(UINT_PTR command) const;
+    void Erase(HDC device) const;
+
+    forms::Toolbar& model_;
+    int shownButtons_ = 0;
+    COLORREF background_ = 0; // that the pictures are drawn for
+    int pictureSide_ = 0;     // dots
+    int pictures_ = 0;
+    Pictures normal_;
+    Pictures hot_;
+    Pictures disabled_;
+};
 
 // The texts of the buttons are for assistive technology: mixed buttons show none by themselves.
 WinToolbar::WinToolbar(forms::Toolbar& control, WinForm& form, const WindowPlace& place)
@@ -176,6 +211,12 @@ LRESULT WinToolbar::Received(UINT message, WPARAM wParam, LPARAM lParam) {
         }
     }
     return WinControl::Received(message, wParam, lParam);
+}
+
+} // namespace
+
+std::unique_ptr<WinControl> MakeToolbar(forms::Toolbar& control, WinForm& form, const WindowPlace& place) {
+    return std::make_unique<WinToolbar>(control, form, place);
 }
 
 } // namespace desktop::windows

@@ -1,8 +1,25 @@
-#include "desktop/windows/WinUpDown.h"
-
+#include "desktop/windows/WinControl.h"
+#include "desktop/windows/WinControls.h"
 #include "forms/Form.h"
+#include "forms/UpDown.h"
 
 namespace desktop::windows {
+
+namespace {
+
+/// The two arrows; a press held down repeats. They take no focus themselves, the box beside them does.
+class WinUpDown final : public WinControl {
+  public:
+    WinUpDown(forms::UpDown& control, WinForm& form, const WindowPlace& place);
+
+    LRESULT Notified(NMHDR& header) override;
+
+  protected:
+    bool MousePressed() override;
+
+  private:
+    forms::UpDown& model_;
+};
 
 // The window's own number stays in the middle of three: the form's box has the real one.
 WinUpDown::WinUpDown(forms::UpDown& control, WinForm& form, const WindowPlace& place)
@@ -24,6 +41,12 @@ LRESULT WinUpDown::Notified(NMHDR& header) {
 bool WinUpDown::MousePressed() {
     forms::TextBox& box = model_.Buddy();
     return box.CanFocus() && !box.Owner().MoveFocus(box);
+}
+
+} // namespace
+
+std::unique_ptr<WinControl> MakeUpDown(forms::UpDown& control, WinForm& form, const WindowPlace& place) {
+    return std::make_unique<WinUpDown>(control, form, place);
 }
 
 } // namespace desktop::windows
