@@ -3,7 +3,6 @@
 #include <QKeyEvent>
 #include <QLineEdit>
 #include <QScopedValueRollback>
-#include <algorithm>
 
 #include "desktop/qt/Guarded.h"
 #include "desktop/qt/QtControls.h"
@@ -12,6 +11,7 @@
 #include "forms/Desktop.h"
 #include "forms/Form.h"
 #include "forms/TextBox.h"
+#include "forms/TextUnits.h"
 #include "forms/UpDown.h"
 
 namespace desktop::qt {
@@ -35,13 +35,19 @@ class QtTextBox final : public QtControl {
     bool MousePressed(const QMouseEvent& event) override;
 
   private:
+    /// In characters.
+    struct Selection {
+        int Start;
+        int Length;
+    };
+
     void ShowText();
     void ShowSelection();
     void TellEdit();
     void TellSelection();
     void Type(const QString& text);
     bool Commit(const QInputMethodEvent& event);
-    int SelectionStart() const;
+    Selection Selected() const;
 
     forms::TextBox& model_;
     QLineEdit* edit_;
@@ -56,28 +62,25 @@ QtTextBox::QtTextBox(forms::TextBox& control, QtForm& form, QWidget* parent)
     connect(edit_, &QLineEdit::cursorPositionChanged, this, [this] { Guarded([this] { TellSelection(); }); });
 }
 
-int QtTextBox::SelectionStart() const {
-    return edit_->hasSelectedText() ? edit_->selectionStart() : edit_->cursorPosition();
+QtTextBox::Selection QtTextBox::Selected() const {
+    const QString text = edit_->text();
+    const int start = edit_->hasSelectedText() ? edit_->selectionStart() : edit_->cursorPosition();
+    const int end = start + static_cast<int>(edit_->selectedText().size());
+    const int first = forms::CharactersIn(UnitsIn(text), start);
+    return {first, forms::CharactersIn(UnitsIn(text), end) - first};
 }
 
 void QtTextBox::TellEdit() {
-    const QString text = edit_->text();
-    const int start = SelectionStart();
-    const int length = static_cast<int>(edit_->selectedText().size());
-    const int first = CharactersIn(text, start);
-    model_.UserEdit(FromQString(text), first, CharactersIn(text, start + length) - first);
+    const Selection selection = Selected();
+    model_.UserEdit(FromQString(edit_->text()), selection.Start, selection.Length);
 }
 
 // The widget drops its selection when it loses the focus; the form's box keeps it.
 void QtTextBox::TellSelection() {
-    if (model_.Owner().ActiveControl() != &model_) {
-        return;
+    if (model_.Owner().ActiveControl() == &model_) {
+        const Selection selection = Selected();
+        model_.UserSelect(selection.Start, selection.Length);
     }
-    const QString text = edit_->text();
-    const int start = SelectionStart();
-    const int length = static_cast<int>(edit_->selectedText().size());
-    const int first = CharactersIn(text, start);
-    model_.UserSelect(first, CharactersIn(text, start + length) - first);
 }
 
 // What is typed goes in as an edit of the part that changed, so that the user can undo it; a text that the
@@ -92,17 +95,9 @@ void QtTextBox::ShowText() {
         edit_->setText(wanted);
         return;
     }
-    const auto shorter = std::min(present.size(), wanted.size());
-    qsizetype head = 0;
-    while (head < shorter && present[head] == wanted[head]) {
-        ++head;
-    }
-    qsizetype tail = 0;
-    while (tail < shorter - head && present[present.size() - 1 - tail] == wanted[wanted.size() - 1 - tail]) {
-        ++tail;
-    }
-    edit_->setSelection(static_cast<int>(head), static_cast<int>(present.size() - tail - head));
-    edit_->insert(wanted.mid(head, wanted.size() - tail - head));
+    const forms::TextDifference change = forms::DifferenceOf(UnitsIn(present), UnitsIn(wanted));
+    edit_->setSelection(change.Start, change.Removed);
+    edit_->insert(wanted.mid(change.Start, change.Inserted));
     if (edit_->text() != wanted) { // a character that a box of one line cannot hold
         edit_->setText(wanted);
     }
@@ -110,8 +105,8 @@ void QtTextBox::ShowText() {
 
 void QtTextBox::ShowSelection() {
     const QString text = edit_->text();
-    const int start = UnitsOf(text, model_.SelStart());
-    const int end = UnitsOf(text, model_.SelStart() + model_.SelLength());
+    const int start = forms::UnitsOf(UnitsIn(text), model_.SelStart());
+    const int end = forms::UnitsOf(UnitsIn(text), model_.SelStart() + model_.SelLength());
     if (end > start) {
         edit_->setSelection(start, end - start);
     } else {

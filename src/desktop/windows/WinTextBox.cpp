@@ -6,13 +6,13 @@
 
 #include "desktop/windows/Fonts.h"
 #include "desktop/windows/Raised.h"
-#include "desktop/windows/TextUnits.h"
 #include "desktop/windows/WideText.h"
 #include "desktop/windows/WinControl.h"
 #include "desktop/windows/WinControls.h"
 #include "forms/Desktop.h"
 #include "forms/Form.h"
 #include "forms/TextBox.h"
+#include "forms/TextUnits.h"
 #include "forms/UpDown.h"
 
 namespace desktop::windows {
@@ -45,6 +45,7 @@ class WinTextBox final : public WinControl {
     LRESULT Received(UINT message, WPARAM wParam, LPARAM lParam) override;
 
   private:
+    /// In units.
     struct Selection {
         int Start;
         int End;
@@ -94,8 +95,8 @@ WinTextBox::Selection WinTextBox::Selected() const {
 void WinTextBox::TellEdit() {
     const std::wstring text = Text();
     const Selection selection = Selected();
-    const int first = CharactersIn(text, selection.Start);
-    model_.UserEdit(FromWide(text), first, CharactersIn(text, selection.End) - first);
+    const int first = forms::CharactersIn<wchar_t>(text, selection.Start);
+    model_.UserEdit(FromWide(text), first, forms::CharactersIn<wchar_t>(text, selection.End) - first);
     Mirror(forms::Aspect::Text);
 }
 
@@ -105,8 +106,8 @@ void WinTextBox::TellSelection() {
     }
     const std::wstring text = Text();
     const Selection selection = Selected();
-    const int first = CharactersIn(text, selection.Start);
-    model_.UserSelect(first, CharactersIn(text, selection.End) - first);
+    const int first = forms::CharactersIn<wchar_t>(text, selection.Start);
+    model_.UserSelect(first, forms::CharactersIn<wchar_t>(text, selection.End) - first);
 }
 
 // What is typed goes in as an edit of the part that changed, so that the user can undo it; a text that the
@@ -121,17 +122,10 @@ void WinTextBox::ShowText() {
         ::SetWindowTextW(Window(), wanted.c_str());
         return;
     }
-    const std::size_t shorter = std::min(present.size(), wanted.size());
-    std::size_t head = 0;
-    while (head < shorter && present[head] == wanted[head]) {
-        ++head;
-    }
-    std::size_t tail = 0;
-    while (tail < shorter - head && present[present.size() - 1 - tail] == wanted[wanted.size() - 1 - tail]) {
-        ++tail;
-    }
-    Send(EM_SETSEL, head, static_cast<LPARAM>(present.size() - tail));
-    const std::wstring inserted = wanted.substr(head, wanted.size() - tail - head);
+    const forms::TextDifference change = forms::DifferenceOf<wchar_t>(present, wanted);
+    Send(EM_SETSEL, static_cast<WPARAM>(change.Start), change.Start + change.Removed);
+    const std::wstring inserted =
+        wanted.substr(static_cast<std::size_t>(change.Start), static_cast<std::size_t>(change.Inserted));
     Send(EM_REPLACESEL, TRUE, reinterpret_cast<LPARAM>(inserted.c_str()));
     if (Text() != wanted) { // a character that a box of one line cannot hold
         ::SetWindowTextW(Window(), wanted.c_str());
@@ -140,8 +134,8 @@ void WinTextBox::ShowText() {
 
 void WinTextBox::ShowSelection() {
     const std::wstring text = Text();
-    const int start = UnitsOf(text, model_.SelStart());
-    const int end = UnitsOf(text, model_.SelStart() + model_.SelLength());
+    const int start = forms::UnitsOf<wchar_t>(text, model_.SelStart());
+    const int end = forms::UnitsOf<wchar_t>(text, model_.SelStart() + model_.SelLength());
     const Selection present = Selected();
     if (present.Start != start || present.End != end) {
         Send(EM_SETSEL, static_cast<WPARAM>(start), end);
@@ -198,12 +192,12 @@ bool WinTextBox::Type(wchar_t unit) {
     if (unit < FirstPrintable || unit == CtrlBackspace) {
         return unit == CtrlBackspace;
     }
-    if (IsHighHalf(unit)) {
+    if (forms::IsHighHalf(unit)) {
         highHalf_ = unit;
         return true;
     }
     char32_t character = unit;
-    if (IsLowHalf(unit)) {
+    if (forms::IsLowHalf(unit)) {
         if (highHalf_ == 0) {
             return true;
         }
