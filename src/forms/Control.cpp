@@ -93,6 +93,13 @@ void Control::SetFocus() {
     form_.MoveFocus(*this);
 }
 
+bool Control::UserKey(int virtualKey, bool shift) {
+    if (virtualKey != 0) {
+        form_.UserKey(virtualKey, shift);
+    }
+    return false;
+}
+
 std::uintptr_t Control::hWnd() const {
     return form_.HandleOf(*this);
 }

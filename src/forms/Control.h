@@ -144,6 +144,11 @@ class Control {
     /// it.
     virtual bool TypeKey(char32_t /*character*/) { return false; }
 
+    /// A key of the user that has reached this control, none of Tab, Enter and Escape; 0 for one that forms
+    /// do not tell apart. The form sees it. True: the control has used it, and the toolkit's own has no more
+    /// use for it.
+    virtual bool UserKey(int virtualKey, bool shift);
+
     /// A click of the user with the mouse or the control's access key: moves the focus here first, and is
     /// lost if the focus does not stay here. False if a user could not click (hidden, disabled, no such
     /// kind).

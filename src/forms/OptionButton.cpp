@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <vector>
 
+#include "forms/Desktop.h"
 #include "forms/Form.h"
 
 namespace forms {
@@ -63,6 +64,16 @@ bool OptionButton::TypeKey(char32_t character) {
     }
     SetValue(true);
     return true;
+}
+
+bool OptionButton::UserKey(int virtualKey, bool shift) {
+    Control::UserKey(virtualKey, shift);
+    const bool backward = virtualKey == key::Up || virtualKey == key::Left;
+    const bool forward = virtualKey == key::Down || virtualKey == key::Right;
+    if (OptionButton* neighbour = backward || forward ? Neighbour(backward) : nullptr) {
+        neighbour->UserClick();
+    }
+    return backward || forward;
 }
 
 bool OptionButton::UserClick() {

@@ -27,6 +27,8 @@ class OptionButton : public Control {
 
     bool TakesFocus() const override { return true; }
     bool TypeKey(char32_t character) override;
+    /// The arrows go to the neighbours, and choose them.
+    bool UserKey(int virtualKey, bool shift) override;
     bool UserClick() override;
 
   private:

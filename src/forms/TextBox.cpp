@@ -5,6 +5,7 @@
 #include "base/Text.h"
 #include "forms/Desktop.h"
 #include "forms/Form.h"
+#include "forms/UpDown.h"
 
 namespace forms {
 
@@ -112,6 +113,16 @@ void TextBox::SetLocked(bool locked) {
         locked_ = locked;
         Changed(Aspect::Enabled);
     }
+}
+
+bool TextBox::UserKey(int virtualKey, bool shift) {
+    if (virtualKey == key::Up || virtualKey == key::Down) {
+        if (UpDown* arrows = UpDown::Of(*this)) {
+            arrows->UserStep(virtualKey == key::Up ? 1 : -1);
+            return true;
+        }
+    }
+    return Control::UserKey(virtualKey, shift);
 }
 
 bool TextBox::UserClick() {

@@ -46,6 +46,8 @@ class TextBox : public Control {
 
     /// Puts a typed character (8 is Backspace) at the caret in place of the selection, through OnKeyPress.
     bool TypeKey(char32_t character) override;
+    /// The arrows up and down step the number of a box that has an UpDown; the form does not see these.
+    bool UserKey(int virtualKey, bool shift) override;
     bool UserClick() override;
 
     /// The toolkit's own editing (paste, cut, delete, input method) has left this text and selection. No more

@@ -182,10 +182,7 @@ void QtControl::Click() {
 }
 
 bool QtControl::KeyPressed(const QKeyEvent& event, int virtualKey) {
-    if (virtualKey != 0) {
-        model_.Owner().UserKey(virtualKey, (event.modifiers() & Qt::ShiftModifier) != 0);
-    }
-    return false;
+    return model_.UserKey(virtualKey, (event.modifiers() & Qt::ShiftModifier) != 0);
 }
 
 // The focus is settled before the widget sees the press. If the control that had it takes it back (perhaps

@@ -8,6 +8,7 @@
 
 #include "desktop/qt/QtControl.h"
 #include "forms/FormPeer.h"
+#include "forms/KeyRouting.h"
 #include "forms/WheelTurn.h"
 #include "forms/WindowProcedureTable.h"
 
@@ -17,7 +18,7 @@ class QtDesktop;
 class FocusRing;
 
 /// The real window of a form.
-class QtForm final : public forms::FormPeer {
+class QtForm final : public forms::FormPeer, private forms::KeyWindow {
   public:
     QtForm(forms::Form& form, QtDesktop& desktop);
     ~QtForm() override;
@@ -61,8 +62,8 @@ class QtForm final : public forms::FormPeer {
     void TieLabel(const forms::Control& control, QWidget* widget);
 
     // QtFormInput.cpp: the keyboard and the focus.
-    void ShowFocus();
-    void SettleFocus();
+    void ShowFocus() override;
+    void SettleFocus() override;
 
     // QtFormPlace.cpp: where the window stands, how large it is, and its colours.
     /// Twips of the form's width that its window's frame takes.

@@ -16,6 +16,7 @@
 #include "forms/Contrast.h"
 #include "forms/Desktop.h"
 #include "forms/Form.h"
+#include "forms/KeyRouting.h"
 
 namespace desktop::qt {
 
@@ -41,7 +42,7 @@ constexpr std::array<KeyCode, 15> KeyCodes{{
     {Qt::Key_Up, forms::key::Up},
     {Qt::Key_Right, forms::key::Right},
     {Qt::Key_Down, forms::key::Down},
-    {Qt::Key_Delete, 46},
+    {Qt::Key_Delete, forms::key::Delete},
 }};
 
 int VirtualKeyOf(const QKeyEvent& event) {
@@ -55,6 +56,12 @@ int VirtualKeyOf(const QKeyEvent& event) {
 
 constexpr int Thickness = 2;
 constexpr double Rounding = 3;
+
+forms::KeyPress::With HeldWith(const QKeyEvent& event) {
+    using With = forms::KeyPress::With;
+    const auto held = event.modifiers() & (Qt::ControlModifier | Qt::AltModifier | Qt::MetaModifier);
+    return held == 0 ? With::Nothing : held == Qt::ControlModifier ? With::Ctrl : With::Other;
+}
 
 /// What of a control is seen: an option is often wider than its text.
 QRect SeenOf(const QWidget* control) {
@@ -148,50 +155,21 @@ void FocusRing::Paint() {
 }
 
 bool QtForm::KeyPressed(const QKeyEvent& event, QtControl* control) {
-    const int virtualKey = VirtualKeyOf(event);
-    const bool shift = (event.modifiers() & Qt::ShiftModifier) != 0;
-    const auto others = event.modifiers() & (Qt::ControlModifier | Qt::AltModifier | Qt::MetaModifier);
-    if (others != 0) {
-        // A form that scrolls has no focus, and its keys are the same with Ctrl.
-        if (others == Qt::ControlModifier && virtualKey > forms::key::Escape && control == nullptr &&
-            form_.ActiveControl() == nullptr) {
-            form_.UserKey(virtualKey, shift);
-        }
-        return false;
-    }
-    SettleFocus();
-    switch (virtualKey) {
-    case forms::key::Tab:
-        window_->setAttribute(Qt::WA_KeyboardFocusChange);
-        form_.UserKey(virtualKey, shift);
-        ShowFocus();
-        return true;
-    case forms::key::Enter:
-    case forms::key::Escape:
-        // A key held down must not run through the window that comes next.
-        if (!event.isAutoRepeat()) {
-            form_.UserKey(virtualKey, shift);
-        }
-        return true;
-    default:
-        break;
-    }
-    if (control != nullptr) {
-        return control->KeyPressed(event, virtualKey);
-    }
-    if (virtualKey != 0 && form_.ActiveControl() == nullptr) {
-        form_.UserKey(virtualKey, shift);
-    }
-    return false;
+    const forms::KeyPress press{VirtualKeyOf(event), (event.modifiers() & Qt::ShiftModifier) != 0,
+                                HeldWith(event), event.isAutoRepeat()};
+    const auto toControl = [&] { return control->KeyPressed(event, press.VirtualKey); };
+    return forms::RouteKey(form_, press, *this,
+                           control == nullptr ? nullptr : std::function<bool()>(toControl));
 }
 
-// Made when the user first takes to the Tab key.
+// The ring is made when the user first takes to the Tab key.
 void QtForm::ShowFocus() {
+    window_->setAttribute(Qt::WA_KeyboardFocusChange);
     if (ring_ == nullptr) {
         ring_ = new FocusRing(window_.get());
+        const forms::Control* active = form_.ActiveControl();
+        ring_->Surround(active == nullptr ? nullptr : WidgetOf(*active));
     }
-    const forms::Control* active = form_.ActiveControl();
-    ring_->Surround(active == nullptr ? nullptr : WidgetOf(*active));
 }
 
 void QtForm::FocusMoved(forms::Control* control) {

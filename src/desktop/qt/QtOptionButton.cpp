@@ -3,7 +3,6 @@
 
 #include "desktop/qt/QtControls.h"
 #include "desktop/qt/QtText.h"
-#include "forms/Form.h"
 #include "forms/OptionButton.h"
 
 namespace desktop::qt {
@@ -43,13 +42,6 @@ void QtOptionButton::MirrorContent(forms::Aspect aspect) {
 
 bool QtOptionButton::KeyPressed(const QKeyEvent& event, int virtualKey) {
     QtControl::KeyPressed(event, virtualKey);
-    const bool backward = event.key() == Qt::Key_Up || event.key() == Qt::Key_Left;
-    const bool forward = event.key() == Qt::Key_Down || event.key() == Qt::Key_Right;
-    if (backward || forward) {
-        if (forms::OptionButton* neighbour = model_.Neighbour(backward)) {
-            neighbour->UserClick();
-        }
-    }
     return event.key() != Qt::Key_Space;
 }
 

@@ -12,7 +12,6 @@
 #include "forms/Form.h"
 #include "forms/TextBox.h"
 #include "forms/TextUnits.h"
-#include "forms/UpDown.h"
 
 namespace desktop::qt {
 
@@ -161,12 +160,6 @@ bool QtTextBox::KeyPressed(const QKeyEvent& event, int virtualKey) {
     if (!text.isEmpty() && (text[0].isPrint() || text[0].isSurrogate())) {
         Type(text);
         return true;
-    }
-    if (virtualKey == forms::key::Up || virtualKey == forms::key::Down) {
-        if (forms::UpDown* arrows = forms::UpDown::Of(model_)) {
-            arrows->UserStep(virtualKey == forms::key::Up ? 1 : -1);
-            return true;
-        }
     }
     return QtControl::KeyPressed(event, virtualKey);
 }

@@ -157,10 +157,7 @@ void WinControl::Click() {
 }
 
 bool WinControl::KeyPressed(int virtualKey, bool shift) {
-    if (virtualKey != 0) {
-        model_.Owner().UserKey(virtualKey, shift);
-    }
-    return false;
+    return model_.UserKey(virtualKey, shift);
 }
 
 // The focus is settled before the window sees the press. If the control that had it takes it back (perhaps

@@ -10,13 +10,14 @@
 #include "desktop/windows/ToolTips.h"
 #include "desktop/windows/WinControl.h"
 #include "forms/FormPeer.h"
+#include "forms/KeyRouting.h"
 
 namespace desktop::windows {
 
 class WinDesktop;
 
 /// The real window of a form.
-class WinForm final : public forms::FormPeer {
+class WinForm final : public forms::FormPeer, private forms::KeyWindow {
   public:
     WinForm(forms::Form& form, WinDesktop& desktop);
     ~WinForm() override;
@@ -89,7 +90,8 @@ class WinForm final : public forms::FormPeer {
 
     // WinFormInput.cpp: the keyboard and the focus.
     bool KeyReceived(UINT message, WPARAM wParam, LPARAM lParam);
-    void SettleFocus();
+    void ShowFocus() override;
+    void SettleFocus() override;
     void RestoreFocus() const;
 
     void TimePassed(WPARAM timer) const;

@@ -6,15 +6,16 @@
 #include "desktop/windows/WinForm.h"
 #include "forms/AccessKeys.h"
 #include "forms/Form.h"
+#include "forms/KeyRouting.h"
 
 namespace desktop::windows {
 
 namespace {
 
-constexpr int DeleteKey = 46;
 constexpr std::array FormKeys{
     forms::key::Backspace, forms::key::PageUp, forms::key::PageDown, forms::key::End,  forms::key::Home,
-    forms::key::Left,      forms::key::Up,     forms::key::Right,    forms::key::Down, DeleteKey};
+    forms::key::Left,      forms::key::Up,     forms::key::Right,    forms::key::Down, forms::key::Delete,
+    forms::key::Tab,       forms::key::Enter,  forms::key::Escape};
 
 /// The key if forms tell it apart, else 0.
 int FormKey(WPARAM virtualKey) {
@@ -33,41 +34,17 @@ bool IsRepeat(LPARAM info) {
 } // namespace
 
 bool WinForm::KeyPressed(WPARAM virtualKey, LPARAM info, WinControl* control) {
-    const bool shift = HeldDown(VK_SHIFT);
-    const int formKey = FormKey(virtualKey);
-    if (HeldDown(VK_CONTROL)) {
-        // A form that scrolls has no focus, and its keys are the same with Ctrl.
-        if (formKey != 0 && control == nullptr && form_.ActiveControl() == nullptr) {
-            form_.UserKey(formKey, shift);
-        }
-        return false;
-    }
-    SettleFocus();
-    switch (virtualKey) {
-    case forms::key::Tab:
-        ::SendMessageW(window_, WM_CHANGEUISTATE, MAKEWPARAM(UIS_CLEAR, UISF_HIDEFOCUS), 0);
-        form_.UserKey(forms::key::Tab, shift);
-        return true;
-    case forms::key::Enter:
-    case forms::key::Escape:
-        if (control != nullptr && control->KeepsEnterAndEscape()) {
-            return false;
-        }
-        // A key held down must not run through the window that comes next.
-        if (!IsRepeat(info)) {
-            form_.UserKey(static_cast<int>(virtualKey), shift);
-        }
-        return true;
-    default:
-        break;
-    }
-    if (control != nullptr) {
-        return control->KeyPressed(formKey, shift);
-    }
-    if (formKey != 0 && form_.ActiveControl() == nullptr) {
-        form_.UserKey(formKey, shift);
-    }
-    return false;
+    using With = forms::KeyPress::With;
+    const forms::KeyPress press{FormKey(virtualKey), HeldDown(VK_SHIFT),
+                                HeldDown(VK_CONTROL) ? With::Ctrl : With::Nothing, IsRepeat(info),
+                                control != nullptr && control->KeepsEnterAndEscape()};
+    const auto toControl = [&] { return control->KeyPressed(press.VirtualKey, press.Shift); };
+    return forms::RouteKey(form_, press, *this,
+                           control == nullptr ? nullptr : std::function<bool()>(toControl));
+}
+
+void WinForm::ShowFocus() {
+    ::SendMessageW(window_, WM_CHANGEUISTATE, MAKEWPARAM(UIS_CLEAR, UISF_HIDEFOCUS), 0);
 }
 
 /// A key that no control has; false for what Windows has to see as well.

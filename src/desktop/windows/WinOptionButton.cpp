@@ -2,7 +2,6 @@
 
 #include "desktop/windows/WinControl.h"
 #include "desktop/windows/WinControls.h"
-#include "forms/Desktop.h"
 #include "forms/Form.h"
 #include "forms/OptionButton.h"
 
@@ -24,7 +23,6 @@ class WinOptionButton final : public WinControl {
     WinOptionButton(forms::OptionButton& control, WinForm& form, const WindowPlace& place);
 
     void Notified(UINT code) override;
-    bool KeyPressed(int virtualKey, bool shift) override;
 
   protected:
     void MirrorContent(forms::Aspect aspect) override;
@@ -50,18 +48,6 @@ void WinOptionButton::Notified(UINT code) {
     if (code == BN_CLICKED) {
         Click();
     }
-}
-
-bool WinOptionButton::KeyPressed(int virtualKey, bool shift) {
-    WinControl::KeyPressed(virtualKey, shift);
-    const bool backward = virtualKey == forms::key::Up || virtualKey == forms::key::Left;
-    const bool forward = virtualKey == forms::key::Down || virtualKey == forms::key::Right;
-    if (backward || forward) {
-        if (forms::OptionButton* neighbour = model_.Neighbour(backward)) {
-            neighbour->UserClick();
-        }
-    }
-    return backward || forward;
 }
 
 } // namespace

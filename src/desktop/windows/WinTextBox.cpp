@@ -13,7 +13,6 @@
 #include "forms/Form.h"
 #include "forms/TextBox.h"
 #include "forms/TextUnits.h"
-#include "forms/UpDown.h"
 
 namespace desktop::windows {
 
@@ -165,12 +164,6 @@ void WinTextBox::TakeFocus() {
 bool WinTextBox::KeyPressed(int virtualKey, bool shift) {
     if (virtualKey == forms::key::Backspace) { // comes as a character
         return true;
-    }
-    if (virtualKey == forms::key::Up || virtualKey == forms::key::Down) {
-        if (forms::UpDown* arrows = forms::UpDown::Of(model_)) {
-            arrows->UserStep(virtualKey == forms::key::Up ? 1 : -1);
-            return true;
-        }
     }
     return WinControl::KeyPressed(virtualKey, shift);
 }
