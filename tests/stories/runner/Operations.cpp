@@ -128,7 +128,7 @@ constexpr Operation<frmPrintManager> ManagerOperations[] = {
      }},
     {"SetDevModeField", 3,
      [](World& w, frmPrintManager&, Arguments& a) {
-         return Json(printmanager::SetDevModeField(w.memory.Services(), a.Text(0), a.Int32(1), a.Int16(2)));
+         return Json(printmanager::SetDevModeField(w.stage->Services(), a.Text(0), a.Int32(1), a.Int16(2)));
      }},
 };
 

@@ -1,21 +1,22 @@
 #include "Player.h"
 
+#include <cstdlib>
+
 #include "CommandLine.h"
 #include "Commands.h"
 #include "ScriptError.h"
 
 namespace scenario {
 
-Player::Player(std::istream& script, std::ostream& out, std::ostream& complaints)
-    : script_(script), complaints_(complaints), record_(out), world_(record_) {
-    world_.memory.desktop.OnModal = [this](forms::Form&) { return Step(); };
+Player::Player(std::istream& script, std::ostream& out, std::ostream& complaints, const StageMaker& makeStage)
+    : script_(script), complaints_(complaints), record_(out), world_(record_, makeStage) {
+    world_.stage->WhileModal([this] { return StepInModal(); });
 }
 
-int Player::Run() {
+int Player::StatusOf(const std::function<void()>& play) {
     int status = StatusDone;
     try {
-        while (Step()) {
-        }
+        play();
     } catch (const ScriptError& error) {
         complaints_ << "line " << failedLine_ << ": " << error.what() << '\n';
         status = StatusScriptError;
@@ -24,7 +25,28 @@ int Player::Run() {
         status = StatusExpectationFailed;
     }
     record_.Flush();
+    complaints_.flush();
     return status;
+}
+
+int Player::Run() {
+    return StatusOf([this] {
+        while (Step()) {
+        }
+    });
+}
+
+// A run that ends where no exception can pass ends the process.
+bool Player::StepInModal() {
+    if (world_.stage->ErrorsPass()) {
+        return Step();
+    }
+    bool more = false;
+    const int status = StatusOf([&] { more = Step(); });
+    if (status != StatusDone) {
+        std::_Exit(status);
+    }
+    return more;
 }
 
 bool Player::Step() {

@@ -1,9 +1,11 @@
 #pragma once
 
+#include <functional>
 #include <istream>
 #include <ostream>
 #include <string>
 
+#include "MemoryStage.h"
 #include "RecordWriter.h"
 #include "World.h"
 
@@ -19,7 +21,9 @@ inline constexpr int StatusExpectationFailed = 3;
 class Player {
   public:
     /// Reads the script from `script`; the record goes to `out`, and why a run ended early to `complaints`.
-    Player(std::istream& script, std::ostream& out, std::ostream& complaints);
+    /// Plays on memory, or on the stage that `makeStage` makes.
+    Player(std::istream& script, std::ostream& out, std::ostream& complaints,
+           const StageMaker& makeStage = MakeMemoryStage);
 
     /// Plays all of it. The result is an exit status.
     int Run();
@@ -27,6 +31,9 @@ class Player {
   private:
     /// Plays the next command. False if there is none.
     bool Step();
+    bool StepInModal();
+    /// Runs `play`; an exit status.
+    int StatusOf(const std::function<void()>& play);
     void Play(const std::string& line);
 
     std::istream& script_;

@@ -12,7 +12,6 @@
 #include "forms/ScrollBar.h"
 #include "forms/TextBox.h"
 #include "forms/Timer.h"
-#include "forms/Toolbar.h"
 #include "forms/cmdButtonXP.h"
 
 namespace scenario {
@@ -44,7 +43,7 @@ template <class Act>
 void OnControl(World& world, CommandLine& line, const char* command, const Act& act) {
     const std::string path = line.Word("control");
     const Target target = TargetOf(world, path);
-    if (!act(target, world.session.TakesInput(*target.Form))) {
+    if (!act(target, world.stage->Reaches(*target.Form))) {
         Ignored(world, command, path);
     }
 }
@@ -54,20 +53,19 @@ template <class Act>
 void OnForm(World& world, CommandLine& line, const char* command, const Act& act) {
     const std::string name = line.Word("form");
     forms::Form& form = world.FormNamed(name);
-    if (!act(form, world.session.TakesInput(form))) {
+    if (!act(form, world.stage->Reaches(form))) {
         Ignored(world, command, name);
     }
 }
 
 void Click(World& world, CommandLine& line) {
-    OnControl(world, line, "click", [](const Target& target, bool reachable) {
+    OnControl(world, line, "click", [&](const Target& target, bool reachable) {
         if (!reachable) {
             return false;
         }
-        if (target.Control->Kind() == ControlKind::Toolbar) {
-            return static_cast<forms::Toolbar&>(*target.Control).UserClickButton(target.Element);
-        }
-        return target.Control->UserClick();
+        return target.Control->Kind() == ControlKind::Toolbar
+                   ? world.stage->ClickTool(*target.Control, target.Element)
+                   : world.stage->Click(*target.Control);
     });
 }
 
@@ -76,30 +74,24 @@ void Pick(World& world, CommandLine& line) {
         auto& list =
             As<forms::ChoiceControl>(target, {ControlKind::ListBox, ControlKind::ComboBox}, "list or combo");
         const int entry = line.WholeNumber("entry");
-        return reachable && list.UserPick(entry);
+        return reachable && world.stage->Pick(list, entry);
     });
 }
 
 void Focus(World& world, CommandLine& line) {
-    OnControl(world, line, "focus", [](const Target& target, bool reachable) {
-        if (!reachable || !target.Control->CanFocus()) {
-            return false;
-        }
-        target.Form->MoveFocus(*target.Control);
-        return true;
+    OnControl(world, line, "focus", [&](const Target& target, bool reachable) {
+        return reachable && world.stage->Focus(*target.Control);
     });
 }
 
 void Tab(World& world, CommandLine& line) {
     const auto name = line.NextWord();
     forms::Form& form = name ? world.FormNamed(*name) : world.FrontForm();
-    if (!world.session.TakesInput(form)) {
+    if (!world.stage->Reaches(form)) {
         Ignored(world, "tab", form.Name());
         return;
     }
-    world.memory.desktop.PressKey(forms::key::Tab);
-    form.UserKey(forms::key::Tab);
-    world.memory.desktop.ReleaseKey(forms::key::Tab);
+    world.stage->Key(form, forms::key::Tab);
 }
 
 /// The characters of a text to type, in which \b is Backspace.
@@ -123,16 +115,7 @@ void Type(World& world, CommandLine& line) {
     OnControl(world, line, "type", [&](const Target& target, bool reachable) {
         forms::TextBox& box = BoxAt(target);
         const std::u32string keys = Keys(line.Word("text"));
-        if (!reachable || !box.UserClick()) {
-            return false;
-        }
-        if (target.Form->ActiveControl() == &box) {
-            box.UserSelect(static_cast<int>(base::text::Length(box.Text())), 0);
-            for (const char32_t key : keys) {
-                box.TypeKey(key);
-            }
-        }
-        return true;
+        return reachable && world.stage->Type(box, keys);
     });
 }
 
@@ -153,9 +136,7 @@ void Key(World& world, CommandLine& line) {
     OnForm(world, line, "key", [&](forms::Form& form, bool reachable) {
         const int code = line.WholeNumber("key code");
         if (reachable) {
-            world.memory.desktop.PressKey(code);
-            form.UserKey(code);
-            world.memory.desktop.ReleaseKey(code);
+            world.stage->Key(form, code);
         }
         return reachable;
     });
@@ -165,7 +146,7 @@ void Wheel(World& world, CommandLine& line) {
     OnForm(world, line, "wheel", [&](forms::Form& form, bool reachable) {
         const int delta = line.WholeNumber("delta");
         if (reachable) {
-            world.memory.desktop.Windows().SendWheel(form.hWnd(), static_cast<std::int16_t>(delta));
+            world.stage->Wheel(form, delta);
         }
         return reachable;
     });
@@ -175,7 +156,7 @@ void Scroll(World& world, CommandLine& line) {
     OnControl(world, line, "scroll", [&](const Target& target, bool reachable) {
         auto& bar = As<forms::ScrollBar>(target, {ControlKind::ScrollBar}, "scroll bar");
         const int value = line.WholeNumber("value");
-        return reachable && bar.UserScroll(value);
+        return reachable && world.stage->Scroll(bar, value);
     });
 }
 
@@ -200,46 +181,34 @@ void Menu(World& world, CommandLine& line) {
     OnForm(world, line, "menu", [&](forms::Form& form, bool reachable) {
         const std::string id = line.Word("menu tool");
         forms::MenuBar& bar = MenuWith(form, id);
-        return reachable && bar.UserChoose(id);
+        return reachable && world.stage->Choose(bar, id);
     });
 }
 
-/// What a command of the mouse does with the pointer.
-enum class Pointer { ToControl, Away, Stays };
-
 /// The mouse, for the buttons that follow it.
-template <class Act>
-void Mouse(World& world, CommandLine& line, const char* command, Pointer pointer, const Act& act) {
+void Mouse(World& world, CommandLine& line, const char* command, void (Stage::*act)(forms::Control&)) {
     OnControl(world, line, command, [&](const Target& target, bool reachable) {
-        if (!reachable) {
-            return false;
+        if (reachable) {
+            (*world.stage.*act)(*target.Control);
         }
-        if (pointer != Pointer::Stays) {
-            world.memory.desktop.PointAt(pointer == Pointer::ToControl ? target.Control : nullptr);
-        }
-        if (target.Control->Kind() == ControlKind::FlatButton) {
-            act(static_cast<forms::cmdButtonXP&>(*target.Control));
-        }
-        return true;
+        return reachable;
     });
 }
 
 void Over(World& world, CommandLine& line) {
-    Mouse(world, line, "over", Pointer::ToControl,
-          [](forms::cmdButtonXP& button) { button.UserMouseMove(); });
+    Mouse(world, line, "over", &Stage::Over);
 }
 
 void Away(World& world, CommandLine& line) {
-    Mouse(world, line, "away", Pointer::Away, [](forms::cmdButtonXP&) {});
+    Mouse(world, line, "away", &Stage::Away);
 }
 
 void Down(World& world, CommandLine& line) {
-    Mouse(world, line, "down", Pointer::ToControl,
-          [](forms::cmdButtonXP& button) { button.UserMouseDown(); });
+    Mouse(world, line, "down", &Stage::Down);
 }
 
 void Up(World& world, CommandLine& line) {
-    Mouse(world, line, "up", Pointer::Stays, [](forms::cmdButtonXP& button) { button.UserMouseUp(); });
+    Mouse(world, line, "up", &Stage::Up);
 }
 
 void Tick(World& world, CommandLine& line) {
@@ -255,7 +224,7 @@ void Tick(World& world, CommandLine& line) {
 
 void Close(World& world, CommandLine& line) {
     OnForm(world, line, "close", [&](forms::Form& form, bool reachable) {
-        if (reachable && !form.UserClose()) {
+        if (reachable && !world.stage->Close(form)) {
             world.record.Write(Json{{"event", "refused"}, {"form", form.Name()}});
         }
         return reachable;
@@ -272,7 +241,7 @@ void Resize(World& world, CommandLine& line) {
         const double height = line.Number("height");
         const bool possible = reachable && form.Resizable();
         if (possible) {
-            form.UserResize(width, height);
+            world.stage->Resize(form, width, height);
         }
         return possible;
     });

@@ -6,7 +6,8 @@
 
 namespace scenario {
 
-World::World(RecordWriter& recordWriter) : record(recordWriter) {
+World::World(RecordWriter& recordWriter, const StageMaker& makeStage)
+    : record(recordWriter), stage(makeStage(memory)) {
     memory.recorder.Sink = [this](const memory::Event& event) { record.Write(event); };
     memory.registry.CreateKey(SettingsPath);
 }
@@ -19,7 +20,7 @@ void World::Start() {
     }
     state = state::AppState();
     memory.printer.TakeDefault();
-    main_ = std::make_unique<wizard::frmMain>(session, memory.Services(), state);
+    main_ = std::make_unique<wizard::frmMain>(session, stage->Services(), state);
     session.Dispatch([this] { main_->Show(); });
 }
 
@@ -39,7 +40,7 @@ void World::Open(const std::string& name) {
     if (setup_ != nullptr && setup_->Loaded()) {
         throw ScriptError("the form is open: " + name);
     }
-    setup_ = std::make_unique<printmanager::frmPrintManagerSetup>(session, memory.Services(), state);
+    setup_ = std::make_unique<printmanager::frmPrintManagerSetup>(session, stage->Services(), state);
     session.Dispatch([this] { setup_->ShowModal(); });
 }
 

@@ -4,6 +4,7 @@
 #include <string>
 
 #include "RecordWriter.h"
+#include "Stage.h"
 #include "forms/Session.h"
 #include "memory/MemoryPlatform.h"
 #include "state/AppState.h"
@@ -20,12 +21,13 @@ namespace scenario {
 /// The machine and the program that a script plays with.
 class World {
   public:
-    explicit World(RecordWriter& record);
+    World(RecordWriter& record, const StageMaker& makeStage);
     ~World();
 
     RecordWriter& record;
     memory::MemoryPlatform memory;
-    forms::Session session{memory.desktop};
+    std::unique_ptr<Stage> stage;
+    forms::Session session{stage->Services().Desktop};
     state::AppState state;
 
     /// The program's start-up. The machine keeps what an earlier run left in it.

@@ -1,0 +1,41 @@
+#pragma once
+
+#include "Stage.h"
+
+namespace scenario {
+
+/// A desktop without a screen, on which the user's hands are the public User... calls of forms and controls.
+class MemoryStage final : public Stage {
+  public:
+    explicit MemoryStage(memory::MemoryPlatform& memory) : memory_(memory) {}
+
+    machine::Platform& Services() override { return memory_.Services(); }
+    void WhileModal(std::function<bool()> next) override;
+    bool ErrorsPass() const override { return true; }
+
+    bool Reaches(const forms::Form& form) const override;
+    bool Click(forms::Control& control) override { return control.UserClick(); }
+    bool ClickTool(forms::Control& toolbar, int number) override;
+    bool Pick(forms::ChoiceControl& list, int entry) override { return list.UserPick(entry); }
+    bool Focus(forms::Control& control) override;
+    bool Scroll(forms::ScrollBar& bar, int value) override { return bar.UserScroll(value); }
+    bool Choose(forms::MenuBar& menu, const std::string& id) override { return menu.UserChoose(id); }
+    void Wheel(forms::Form& form, int delta) override;
+    void Over(forms::Control& control) override;
+    void Away(forms::Control& control) override;
+    void Down(forms::Control& control) override;
+    void Up(forms::Control& control) override;
+    bool Type(forms::TextBox& box, const std::u32string& keys) override;
+    void Key(forms::Form& form, int code) override;
+    bool Close(forms::Form& form) override { return form.UserClose(); }
+    void Resize(forms::Form& form, double width, double height) override { form.UserResize(width, height); }
+
+  private:
+    memory::MemoryPlatform& memory_;
+};
+
+inline std::unique_ptr<Stage> MakeMemoryStage(memory::MemoryPlatform& memory) {
+    return std::make_unique<MemoryStage>(memory);
+}
+
+} // namespace scenario
