@@ -1,0 +1,56 @@
+#pragma once
+
+#include <functional>
+#include <unordered_map>
+
+#include "desktop/qt/QtDesktop.h"
+#include "forms/Desktop.h"
+#include "memory/MemoryPlatform.h"
+
+class QMessageBox;
+
+namespace scenario {
+
+class TwinPeer;
+
+/// The real desktop, with that of the memory platform beside it: the one shows the windows, the other writes
+/// down what comes, goes and is told. How large the screen is and when a timer ticks is the script's to say.
+class TwinDesktop final : public forms::Desktop {
+  public:
+    explicit TwinDesktop(memory::MemoryPlatform& memory);
+    ~TwinDesktop() override;
+    TwinDesktop(const TwinDesktop&) = delete;
+    TwinDesktop& operator=(const TwinDesktop&) = delete;
+
+    /// What the user does next while a form alone takes input; false: he does nothing more.
+    std::function<bool()> Next;
+
+    std::unique_ptr<forms::FormPeer> CreatePeer(forms::Form& form) override;
+    void RunModal(forms::Form& form) override;
+    void Yield() override;
+    void MsgBox(const std::string& text, forms::MessageIcon icon, const std::string& title) override;
+    std::int16_t GetKeyState(int virtualKey) override { return qt_.GetKeyState(virtualKey); }
+    void SetMousePointer(int pointer) override;
+    void LockWindowUpdate(std::uintptr_t window) override { qt_.LockWindowUpdate(window); }
+    forms::ScreenArea Screen() override { return memory_.desktop.Screen(); }
+    forms::ScreenArea WorkArea() override { return memory_.desktop.WorkArea(); }
+    void UnhandledError(const base::RuntimeError& error) override;
+
+    /// The procedures of the forms' windows.
+    forms::WindowProcedureTable& Windows() { return qt_.Windows(); }
+
+    // What the forms' windows tell.
+    void Opened(forms::Form& form, TwinPeer& peer) { peers_[&form] = &peer; }
+    void Gone(forms::Form& form) { peers_.erase(&form); }
+
+  private:
+    void PlayNext(forms::Form& form);
+
+    memory::MemoryPlatform& memory_;
+    desktop::qt::QtDesktop qt_;
+    forms::Desktop* toldBefore_;
+    std::unordered_map<const forms::Form*, TwinPeer*> peers_;
+    bool waiting_ = false; // the program lets events in where the user can do nothing
+};
+
+} // namespace scenario
