@@ -17,6 +17,7 @@
 #include <cstdlib>
 
 #include "ScriptError.h"
+#include "ShownValues.h"
 #include "Windows.h"
 #include "base/Text.h"
 #include "desktop/qt/Scale.h"
@@ -101,6 +102,18 @@ bool QtStage::Reaches(const forms::Form& form) const {
     const QWidget* window = windows::Of(form);
     const QWidget* modal = QApplication::activeModalWidget();
     return window != nullptr && window->isVisible() && (modal == nullptr || modal == window);
+}
+
+// A label may cut its text and marks no access key; a picture button that is off keeps its window.
+std::optional<Json> QtStage::Shown(const Target& target, const PathPart& property) const {
+    const bool element = target.Element != forms::Control::NoIndex;
+    const QWidget* widget =
+        element ? windows::PartOf(*target.Control, target.Element) : windows::Of(*target.Control);
+    const bool flat = target.Control->Kind() == forms::ControlKind::FlatButton;
+    if (widget == nullptr || (flat && property.Name == "Enabled")) {
+        return std::nullopt;
+    }
+    return ShownValue(*widget, property);
 }
 
 // On what is disabled as well: nothing is to come of it.

@@ -16,6 +16,7 @@ class QtStage final : public Stage {
     bool ErrorsPass() const override { return false; }
 
     bool Reaches(const forms::Form& form) const override;
+    std::optional<Json> Shown(const Target& target, const PathPart& property) const override;
     bool Click(forms::Control& control) override;
     bool ClickTool(forms::Control& toolbar, int number) override;
     bool Pick(forms::ChoiceControl& list, int entry) override;

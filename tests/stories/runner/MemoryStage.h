@@ -14,6 +14,9 @@ class MemoryStage final : public Stage {
     bool ErrorsPass() const override { return true; }
 
     bool Reaches(const forms::Form& form) const override;
+    std::optional<Json> Shown(const Target& /*target*/, const PathPart& /*property*/) const override {
+        return std::nullopt;
+    }
     bool Click(forms::Control& control) override { return control.UserClick(); }
     bool ClickTool(forms::Control& toolbar, int number) override;
     bool Pick(forms::ChoiceControl& list, int entry) override { return list.UserPick(entry); }

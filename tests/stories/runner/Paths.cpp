@@ -62,7 +62,10 @@ Json ValueAt(World& world, const std::string& path) {
     if (parts[0].Name == "Printer" && parts.size() == 2) {
         return PrinterValue(world, parts[1].Name);
     }
-    return FormValue(world.FormNamed(parts[0].Name), {parts.begin() + 1, parts.end()});
+    forms::Form& form = world.FormNamed(parts[0].Name);
+    const Json value = FormValue(form, {parts.begin() + 1, parts.end()});
+    const bool ofControl = parts.size() == 3;
+    return ofControl ? world.stage->Shown(ControlOf(form, parts[1]), parts[2]).value_or(value) : value;
 }
 
 void Poke(World& world, const std::string& path, const Json& value) {

@@ -2,8 +2,10 @@
 
 #include <functional>
 #include <memory>
+#include <optional>
 #include <string>
 
+#include "Json.h"
 #include "Target.h"
 #include "forms/ChoiceControl.h"
 #include "forms/MenuBar.h"
@@ -35,6 +37,9 @@ class Stage {
 
     /// The form is on show, and no other keeps the user from it.
     virtual bool Reaches(const forms::Form& form) const = 0;
+
+    /// What the desktop shows of a property of a control; nothing where the form alone knows it.
+    virtual std::optional<Json> Shown(const Target& target, const PathPart& property) const = 0;
 
     // The mouse. A tool is a button of a toolbar, from 1.
     virtual bool Click(forms::Control& control) = 0;
