@@ -75,13 +75,13 @@ class WinePrefix:
         self.close()
 
     def close(self):
-        """Ends whatever still runs in the prefix and takes it away."""
-        self.stop()
+        """Ends whatever still runs in the prefix and takes it away. Nothing of it is to be kept, so nothing is written first."""
+        self.stop("-k9")
         shutil.rmtree(self.folder.parent, ignore_errors=True)
 
-    def stop(self):
+    def stop(self, how="-k"):
         environment = self.environment()
-        subprocess.run([str(SERVER), "-k"], env=environment, check=False, capture_output=True)
+        subprocess.run([str(SERVER), how], env=environment, check=False, capture_output=True)
         with contextlib.suppress(subprocess.TimeoutExpired):
             subprocess.run([str(SERVER), "-w"], env=environment, check=False, capture_output=True, timeout=20)
 
