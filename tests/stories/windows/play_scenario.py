@@ -13,13 +13,14 @@ import json
 import pathlib
 import sys
 
-from agent import Agent, Registry
-from control_ids import Ids
-from player import Player
-from print_server import PrintServer
-from script import words_of
-from watcher import SETTINGS
-from wine_prefix import WinePrefix
+sys.path.insert(0, str(pathlib.Path(__file__).resolve().parents[2] / "windows"))
+from agent import Agent, Registry  # noqa: E402
+from control_ids import Ids  # noqa: E402
+from player import Player  # noqa: E402
+from print_server import PrintServer  # noqa: E402
+from script import words_of  # noqa: E402
+from watcher import SETTINGS  # noqa: E402
+from wine_prefix import WinePrefix  # noqa: E402
 
 KINDS = ["message", "show", "unload", "ignored", "refused", "store", "get", "error"]
 
