@@ -1,7 +1,7 @@
 """Windows' own names and numbers: classes of windows, messages and keys."""
 
 BOX = "#32770"
-BUTTON, COMBO, EDIT, LIST, STATIC = "Button", "ComboBox", "Edit", "ListBox", "Static"
+BUTTON, COMBO, EDIT, LIST, SCROLL_BAR, STATIC = "Button", "ComboBox", "Edit", "ListBox", "ScrollBar", "Static"
 WM_CHAR = 0x0102
 WM_LBUTTONDOWN, WM_LBUTTONUP, MK_LBUTTON = 0x0201, 0x0202, 1
 WM_MOUSEWHEEL = 0x020A

@@ -1,7 +1,7 @@
-"""Plays a scenario against the real program: a user who follows the script, through window messages and control numbers.
+"""A user of the real program who follows a script, through window messages and control numbers.
 
-It knows the commands of the scenario runner that a user could give from outside; the rest raise Unplayable. What it writes
-down are the records that do not depend on measures, so that they can be held beside those of the runner.
+It knows the commands of a scenario that a user gives, and raises Unplayable at any other. What it writes down are the
+records that do not depend on measures.
 """
 import time
 
@@ -22,35 +22,8 @@ def signed(low, high=0):
     return (low & 0xFFFF) | (high & 0xFFFF) << 16
 
 
-# Options of a printer on which nothing depends that is compared.
-MEASURES = {"comment", "port", "status", "font", "dpi", "sheet", "printable", "offset"}
-
-
 class Player(Reader):
     """Gives the script's commands."""
-
-    def do_set(self, name, text):
-        self.registry.set_text(SETTINGS, name, text)
-
-    def do_set_in(self, path, name, text):
-        self.registry.set_text(path, name, text)
-
-    def do_set_number(self, name, number):
-        self.registry.set_number(SETTINGS, name, int(number))
-
-    def do_no_key(self):
-        self.registry.delete(SETTINGS)
-
-    def do_printer(self, _name, *options):
-        """The print server has a queue of this name."""
-        if any(option.split("=")[0] not in MEASURES for option in options):
-            raise Unplayable("printer " + " ".join(options))
-
-    def do_clock(self, _moment):
-        """Texts with the time are not compared."""
-
-    def do_random(self, _seed):
-        """Nor are those drawn by chance."""
 
     def do_start(self):
         self.stored = self.registry.values(SETTINGS) or {}

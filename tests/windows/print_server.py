@@ -32,7 +32,7 @@ application/vnd.cups-raw
 """
 
 # No block of resolutions: the driver then takes the 600 dots to the inch of DefaultResolution.
-PPD = """*PPD-Adobe: "4.3"
+PPD_BEGIN = """*PPD-Adobe: "4.3"
 *FormatVersion: "4.3"
 *FileVersion: "1.0"
 *LanguageVersion: English
@@ -51,44 +51,47 @@ PPD = """*PPD-Adobe: "4.3"
 *DefaultResolution: 600dpi
 *LandscapeOrientation: Plus90
 *cupsFilter: "application/postscript 0 -"
-*OpenUI *PageSize/Media Size: PickOne
-*OrderDependency: 10 AnySetup *PageSize
-*DefaultPageSize: A4
-*PageSize A4/A4 blanco: "<</PageSize[595 842]>>setpagedevice"
-*PageSize Legal/US Legal: "<</PageSize[612 1008]>>setpagedevice"
-*PageSize A5/A5: "<</PageSize[420 595]>>setpagedevice"
-*CloseUI: *PageSize
-*OpenUI *PageRegion: PickOne
-*OrderDependency: 10 AnySetup *PageRegion
-*DefaultPageRegion: A4
-*PageRegion A4/A4 blanco: "<</PageSize[595 842]>>setpagedevice"
-*PageRegion Legal/US Legal: "<</PageSize[612 1008]>>setpagedevice"
-*PageRegion A5/A5: "<</PageSize[420 595]>>setpagedevice"
-*CloseUI: *PageRegion
-*DefaultImageableArea: A4
-*ImageableArea A4: "18 36 577 824"
-*ImageableArea Legal: "18 36 594 990"
-*ImageableArea A5: "18 36 402 577"
-*DefaultPaperDimension: A4
-*PaperDimension A4: "595 842"
-*PaperDimension Legal: "612 1008"
-*PaperDimension A5: "420 595"
-*OpenUI *InputSlot/Bron: PickOne
-*OrderDependency: 20 AnySetup *InputSlot
-*DefaultInputSlot: Upper
-*InputSlot Upper/Lade boven: "<</MediaPosition 0>>setpagedevice"
-*InputSlot Tray3/Lade 3 met formulieren: "<</MediaPosition 2>>setpagedevice"
-*InputSlot Manual/Handinvoer: "<</MediaPosition 3>>setpagedevice"
-*CloseUI: *InputSlot
-*DefaultFont: Courier
+"""
+PPD_END = """*DefaultFont: Courier
 *Font Courier: Standard "(1.05)" Standard ROM
 """
+EDGES = (18, 36, 18, 18)  # points around the sheet where no printer comes: left, bottom, right, top
+
+# A paper's width and height are in points.
+Paper = collections.namedtuple("Paper", "keyword name width height")
+Slot = collections.namedtuple("Slot", "keyword name position")
+
+
+def choices(option, title, place, rows, default):
+    """One of the driver's lists."""
+    entries = [f'*{option} {keyword}/{name}: "<<{setting}>>setpagedevice"' for keyword, name, setting in rows]
+    return [f"*OpenUI *{option}{title}: PickOne", f"*OrderDependency: {place} AnySetup *{option}",
+            f"*Default{option}: {default}", *entries, f"*CloseUI: *{option}"]
+
+
+def driver(papers, slots, paper=None, slot=None):
+    """The text of a PPD. It starts with this paper and slot, by keyword, or the first ones."""
+    paper, slot = paper or papers[0].keyword, slot or slots[0].keyword
+    left, bottom, right, top = EDGES
+    sizes = [(size.keyword, size.name, f"/PageSize[{size.width} {size.height}]") for size in papers]
+    positions = [(each.keyword, each.name, f"/MediaPosition {each.position}") for each in slots]
+    areas = [f'*ImageableArea {size.keyword}: "{left} {bottom} {size.width - right} {size.height - top}"' for size in papers]
+    sheets = [f'*PaperDimension {size.keyword}: "{size.width} {size.height}"' for size in papers]
+    lines = [*choices("PageSize", "/Media Size", 10, sizes, paper), *choices("PageRegion", "", 10, sizes, paper),
+             f"*DefaultImageableArea: {paper}", *areas, f"*DefaultPaperDimension: {paper}", *sheets,
+             *choices("InputSlot", "/Bron", 20, positions, slot)]
+    return PPD_BEGIN + "\n".join(lines) + "\n" + PPD_END
+
+
+PPD = driver([Paper("A4", "A4 blanco", 595, 842), Paper("Legal", "US Legal", 612, 1008), Paper("A5", "A5", 420, 595)],
+             [Slot("Upper", "Lade boven", 0), Slot("Tray3", "Lade 3 met formulieren", 2), Slot("Manual", "Handinvoer", 3)])
 
 Job = collections.namedtuple("Job", "title copies options document")
 
 
 class PrintServer(PrivateServer):
-    """`queues` are names; the first is the default. Start it before Windows programs ask for printers."""
+    """`queues` are names, or names with the PPD of each; the first is the default. Start it before Windows programs ask for
+    printers."""
 
     def __init__(self, queues=("Kantoor",), types=TYPES, ppd=PPD):
         if not is_installed():
@@ -99,13 +102,15 @@ class PrintServer(PrivateServer):
         shutil.copy(PROGRAMS / "daemon/cups-exec", self.folder / "bin/daemon/cups-exec")
         self.write("share/mime/local.types", types)
         self.write("bin/backend/save", BACKEND, 0o700)  # the server then runs it as the user that it runs as itself
-        self.write("queue.ppd", ppd)
+        drivers = queues if isinstance(queues, dict) else dict.fromkeys(queues, ppd)
+        for queue, text in drivers.items():
+            self.write(f"{queue}.ppd", text)
         try:
             self.start()
-            for queue in queues:
-                self.lpadmin("-p", queue, "-E", "-v", "save:/dev/null", "-P", self.folder / "queue.ppd",
+            for queue in drivers:
+                self.lpadmin("-p", queue, "-E", "-v", "save:/dev/null", "-P", self.folder / f"{queue}.ppd",
                              "-D", f"Printer {queue}")
-            self.lpadmin("-d", queues[0])
+            self.lpadmin("-d", next(iter(drivers)))
         except BaseException:
             self.close()
             raise

@@ -3,7 +3,7 @@ import re
 
 from agent import text_of
 from messages import (BM_GETCHECK, BUTTON, CB_GETCOUNT, CB_GETCURSEL, COMBO, EDIT, EM_GETSEL, LB_GETCOUNT,
-                      LB_GETCURSEL, LIST, SB_GETTEXTW, STATIC, TB_ISBUTTONENABLED)
+                      LB_GETCURSEL, LIST, SBM_GETPOS, SB_GETTEXTW, SCROLL_BAR, STATIC, TB_ISBUTTONENABLED)
 from script import Unplayable
 from watcher import SETTINGS, Watcher, value_of
 
@@ -12,13 +12,13 @@ class Unknown:
     """A value that cannot be seen from outside."""
 
 
-# What the machine's own printers give instead of the script's.
-FROM_THE_MACHINE = {("frmPrintManager", f"lblPrinterSelect({number})") for number in (5, 6, 7, 8)} | {
-    ("frmPrintManager", f"cboPrinterSelect({number})") for number in (1, 2)}
-
-
 # A button that is off keeps its window: that it is shows in its picture alone.
 PICTURE_BUTTONS = {("frmPrintPreview", "cmdUp"), ("frmPrintPreview", "cmdDown")}
+
+
+# Where the preview tells them to the user.
+COUNTS = {"frmPrintPreview.iCurrentPage": "frmPrintPreview.StatusBar(1).Text",
+          "frmPrintPreview.iTotalPages": "frmPrintPreview.StatusBar(2).Text"}
 
 
 class Reader(Watcher):
@@ -31,9 +31,6 @@ class Reader(Watcher):
         else:
             self.note(get=path, value=value)
 
-    def do_expect(self, path, _value):
-        self.do_get(path)
-
     def value(self, path):
         if path == "Forms":
             return list(self.shown)
@@ -43,11 +40,13 @@ class Reader(Watcher):
         parts = path.split(".")
         if path == "frmMain.Page":
             return next(page for page in range(4) if self.window("frmMain", f"WizardPanel({page})").visible)
+        if path in COUNTS:
+            return int(self.value(COUNTS[path]).rpartition(": ")[2])
         if len(parts) == 2 and parts[1] == "ActiveControl":
             return self.ids.name(parts[0], self.agent.number("id", self.agent.number("focus")))
         if len(parts) == 2 and parts[1] == "Visible":
             return self.form(parts[0]).visible
-        if len(parts) != 3 or parts[0] not in self.ids.forms or (parts[0], parts[1]) in FROM_THE_MACHINE:
+        if len(parts) != 3 or parts[0] not in self.ids.forms:
             return Unknown
         return self.property(*parts)
 
@@ -74,6 +73,8 @@ class Reader(Watcher):
             return self.box_property(window, name)
         if window.kind in {COMBO, LIST}:
             return self.list_property(window, name)
+        if window.kind == SCROLL_BAR and name == "Value":
+            return window.send(SBM_GETPOS)
         if window.kind == BUTTON and name == "Value" and control.startswith("opt"):
             return window.send(BM_GETCHECK) == 1
         if window.kind in {BUTTON, STATIC} and name == "Caption":

@@ -5,7 +5,8 @@
 
 FOLDER is the build folder of the Windows program. Compared are the records that do not depend on measures or on the
 machine's printers: messages, forms that come and go, what was ignored or refused, writes to the settings, and all
-values that can be seen from outside. Exit status 77 where Wine is missing.
+values that can be seen from outside; of the documents that are printed the number of their pages, and their words where
+nothing is drawn by chance. Exit status 77 where Wine or the print server is missing.
 """
 import argparse
 import contextlib
@@ -14,15 +15,17 @@ import pathlib
 import sys
 
 sys.path.insert(0, str(pathlib.Path(__file__).resolve().parents[2] / "windows"))
-from agent import Agent, Registry  # noqa: E402
+from agent import Agent  # noqa: E402
 from control_ids import Ids  # noqa: E402
-from player import Player  # noqa: E402
+from documents import pages_of, told_in, words_of_pages  # noqa: E402
 from print_server import PrintServer  # noqa: E402
+from printers import driver_of, printers_in  # noqa: E402
 from script import words_of  # noqa: E402
-from watcher import SETTINGS  # noqa: E402
+from story_player import NEVER_SHOWN, StoryPlayer, on_screen, settings_in  # noqa: E402
 from wine_prefix import WinePrefix  # noqa: E402
 
-KINDS = ["message", "show", "unload", "ignored", "refused", "store", "get", "error"]
+KINDS = {"message", "show", "unload", "ignored", "refused", "store", "get", "error"}
+DIRECTIVES = {"only", "pages", "status", "complaint"}
 
 
 def kind_of(record):
@@ -38,13 +41,13 @@ def comparable(records, stored, unknown):
         if kind == "get":
             questions += 1
             if questions - 1 not in unknown:
-                yield record
+                yield {**record, "value": on_screen(record["value"])}
         elif kind == "store":
             if record["ok"] and stored.get(record["name"]) != record["value"]:
                 stored[record["name"]] = record["value"]
                 yield {key: record[key] for key in ("event", "path", "name", "value")}
         elif kind in {"show", "unload"}:
-            if record["form"] != "frmPrintPreviewGhost":
+            if record["form"] != NEVER_SHOWN:
                 yield {"event": kind, "form": record["form"]}
         elif kind == "message":
             yield {key: record[key] for key in ("event", "title", "text")}
@@ -65,23 +68,71 @@ def in_one_order(records):
             yield record
 
 
-def settings_in(script):
-    words = [words_of(line) for line in script]
-    return {line[1]: int(line[2]) if line[0] == "set-number" else line[2]
-            for line in words if line and line[0] in {"set", "set-number"}}
+class Story:
+    """A script and the record that the runner gives of it."""
 
+    def __init__(self, file):
+        """The print server takes no queue with a blank in its name."""
+        text = file.read_text(encoding="utf-8")
+        record = file.with_suffix(".jsonl").read_text(encoding="utf-8")
+        for queue in printers_in(text.splitlines()):
+            text, record = (one.replace(queue, queue.replace(" ", "_")) for one in (text, record))
+        self.script = text.splitlines()
+        self.records = [json.loads(line) for line in record.splitlines()]
+        comments = [line.lstrip("# ").partition(":") for line in self.script if line.startswith("#")]
+        self.wanted = {name: value.strip() for name, colon, value in comments if colon and name in DIRECTIVES}
+        self.only = set(self.wanted["only"].split()) if "only" in self.wanted else None
 
-def queues_in(script):
-    """Names of the printers. What they are like is the machine's here."""
-    return [line[1] for line in map(words_of, script) if line and line[0] == "printer"]
+    def counts(self, kind):
+        """True if records of this kind are compared."""
+        return self.only is None or kind in self.only
 
+    @property
+    def end(self):
+        return int(self.wanted.get("status", 0)), self.wanted.get("complaint", "")
 
-def lines_of(file, queues=()):
-    """The print server takes no queue with a blank in its name."""
-    text = file.read_text(encoding="utf-8")
-    for queue in queues:
-        text = text.replace(queue, queue.replace(" ", "_"))
-    return text.splitlines()
+    @property
+    def drivers(self):
+        return {name: driver_of(options) for name, options in printers_in(self.script).items()}
+
+    @property
+    def has_chance(self):
+        return any(words[:1] == ["random"] for words in map(words_of, self.script))
+
+    @property
+    def has_own_font(self):
+        """The machine's printers have another font, so that pages that are full end elsewhere."""
+        return any("font" in options for options in printers_in(self.script).values())
+
+    def compare(self, told):
+        """How many records agree with `told`."""
+        unknown = {number for number, record in enumerate(one for one in told if kind_of(one) == "get")
+                   if record.get("unknown")}
+        told = [record for record in told if not record.get("unknown") and self.counts(kind_of(record))]
+        told = list(in_one_order(told))
+        wanted = list(in_one_order(comparable(self.records, settings_in(self.script), unknown)))
+        for number, (is_, should) in enumerate(zip(told, wanted), start=1):
+            if is_ != should:
+                sys.exit(f"record {number}:\n  expected {should}\n  but was  {is_}")
+        if len(told) != len(wanted):
+            more, side = (told, "more than expected") if len(told) > len(wanted) else (wanted, "missing")
+            sys.exit(f"records {side}: {more[min(len(told), len(wanted)):][:3]}")
+        return len(told)
+
+    def compare_documents(self, server):
+        """How many documents agree with those that come out of the server's queues."""
+        number = 0
+        for number, wanted in enumerate(told_in(self.records), start=1):
+            document = server.next_job().document
+            if self.counts("page") and not self.has_own_font and pages_of(document) != len(wanted):
+                sys.exit(f"document {number} has {pages_of(document)} pages, not {len(wanted)}")
+            if self.counts("text") and "pages" not in self.wanted and not self.has_chance:
+                told = words_of_pages(document)
+                if told != wanted:
+                    sys.exit(f"document {number}:\n  expected {wanted}\n  but was  {told}")
+        if self.counts("end") and server.has_job():
+            sys.exit("more has been printed")
+        return number
 
 
 def main():
@@ -89,35 +140,22 @@ def main():
     parser.add_argument("--build", type=pathlib.Path, required=True)
     parser.add_argument("scenario", type=pathlib.Path)
     arguments = parser.parse_args()
-    queues = queues_in(lines_of(arguments.scenario))
-    script = lines_of(arguments.scenario, queues)
-    only = next((set(line.split(":", 1)[1].split()) for line in script if line.startswith("# only:")), set(KINDS))
-
+    story = Story(arguments.scenario)
     with WinePrefix.for_test(arguments.build) as prefix, contextlib.ExitStack() as ends:
-        if queues:
-            prefix.settings.update(ends.enter_context(PrintServer(queues_in(script))).settings)
+        server = ends.enter_context(PrintServer(story.drivers)) if story.drivers else None
+        prefix.settings.update(server.settings if server else {})
         agent = Agent(prefix.command(), arguments.build / "bin" / "win_agent.exe")
-        registry = Registry(agent)
-        registry.delete(SETTINGS)
-        registry.make(SETTINGS)
-        player = Player(agent, registry, prefix.windows_path(arguments.build / "bin" / "drukkeuring.exe"),
-                        Ids.of(prefix, arguments.build))
-        player.play(script)
-        agent.close()
-
-    unknown = {number for number, record in enumerate(one for one in player.records if kind_of(one) == "get")
-               if record.get("unknown")}
-    told = [record for record in player.records if not record.get("unknown") and kind_of(record) in only]
-    records = [json.loads(line) for line in lines_of(arguments.scenario.with_suffix(".jsonl"), queues)]
-    wanted = list(in_one_order(comparable(records, settings_in(script), unknown)))
-    told = list(in_one_order(told))
-    for number, (is_, should) in enumerate(zip(told, wanted), start=1):
-        if is_ != should:
-            sys.exit(f"record {number}:\n  expected {should}\n  but was  {is_}")
-    if len(told) != len(wanted):
-        more, side = (told, "more than expected") if len(told) > len(wanted) else (wanted, "missing")
-        sys.exit(f"records {side}: {more[min(len(told), len(wanted)):][:3]}")
-    print(f"{len(told)} records agree.")
+        ends.callback(agent.close)
+        program = prefix.windows_path(arguments.build / "bin" / "drukkeuring.exe")
+        player = StoryPlayer(agent, program, Ids.of(prefix, arguments.build), story.script)
+        status, complaint = player.run()
+        if (status, complaint) != story.end:
+            sys.exit(f"it ended with {status}, {complaint!r}, not {story.end}")
+        agree = story.compare(player.records)
+        documents = story.compare_documents(server) if server else 0
+    if agree + documents == 0:
+        sys.exit("there is nothing to compare")
+    print(f"{agree} records and {documents} documents agree.")
 
 
 if __name__ == "__main__":

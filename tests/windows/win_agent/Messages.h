@@ -3,7 +3,7 @@
 #include <istream>
 #include <string>
 
-// Messages to the program's windows, and the keys of the keyboard.
+// Messages to the program's windows, the keys of the keyboard and the mouse.
 
 std::string Send(std::istream& in);
 std::string SendText(std::istream& in);
@@ -16,3 +16,5 @@ std::string Nap(std::istream& in);
 std::string Focus(std::istream& in);
 std::string Activate(std::istream& in);
 std::string Key(std::istream& in);
+std::string Pointer(std::istream& in);
+std::string Button(std::istream& in);

@@ -42,6 +42,8 @@ constexpr Command Commands[] = {
     {"focus", Focus},
     {"activate", Activate},
     {"key", Key},
+    {"pointer", Pointer},
+    {"button", Button},
     {"fetch", Fetch},
     {"entry", Entry},
     {"handles", Handles},
