@@ -2,8 +2,7 @@
 
 #include <cstdlib>
 
-#include "CommandLine.h"
-#include "Commands.h"
+#include "PlayLine.h"
 #include "ScriptError.h"
 
 namespace scenario {
@@ -62,7 +61,7 @@ bool Player::Step() {
         }
         const int number = lineNumber_;
         try {
-            Play(line);
+            PlayLine(world_, line);
         } catch (const std::runtime_error&) {
             // Lines that were played inside this one have told theirs before.
             if (failedLine_ == 0) {
@@ -74,21 +73,6 @@ bool Player::Step() {
         return true;
     }
     return false;
-}
-
-void Player::Play(const std::string& line) {
-    CommandLine words(line);
-    const std::string name = words.Word("command");
-    for (const auto commands : {MachineCommands(), UserCommands(), QuestionCommands()}) {
-        for (const Command& command : commands) {
-            if (command.Name == name) {
-                world_.session.Dispatch([&] { command.Run(world_, words); });
-                words.End();
-                return;
-            }
-        }
-    }
-    throw ScriptError("no such command: " + name);
 }
 
 } // namespace scenario

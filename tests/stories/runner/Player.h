@@ -34,7 +34,6 @@ class Player {
     bool StepInModal();
     /// Runs `play`; an exit status.
     int StatusOf(const std::function<void()>& play);
-    void Play(const std::string& line);
 
     std::istream& script_;
     std::ostream& complaints_;
