@@ -26,32 +26,34 @@ using testing::IsEmpty;
 constexpr const char* EveryCallVariable = "DRUKKEURING_EVERY_CALL";
 /// Runs of a story and a kind, at most, when not every call is tried.
 constexpr int FewRuns = 6;
+/// The printer that a first opening loads, in all stories.
+constexpr const char* FirstPrinter = "Laser";
 
-/// Steps that have no handler for failures: the error ends them and goes to the desktop, which tells the
-/// user.
+/// Steps that have no handler for failures, by how they begin: the error ends them and goes to the desktop,
+/// which tells the user.
 struct WithoutHandler {
-    const char* Step;
+    std::string_view Step;
     std::initializer_list<std::string_view> Calls;
 };
 
 const WithoutHandler withoutHandler[] = {
     // The manager comes up as far as its load got, so that it can be closed.
-    {"open the manager", {"Printers", "Item", "DeviceName", "Copies", CallCreateWindow}},
+    {"click frmMain.cmdPrinten", {"Printers", "Item", "DeviceName", "Copies", CallCreateWindow}},
     // It is not there.
-    {"open the setup", {CallCreateWindow}},
+    {"open frmPrintManagerSetup", {CallCreateWindow}},
     // The commands stay off until a document is picked again.
-    {"document", {"Printers"}},
+    {"pick frmPrintManager.lstAfdrukken", {"Printers"}},
     // The panel stays as it is.
-    {"details", {"DeviceName"}},
+    {"click frmPrintManager.cmdDetails", {"DeviceName"}},
     // A capture that failed was counted all the same: the last page is one that is not there.
-    {"last page", {"Image", "NewPage"}},
-    {"next page", {"Image", "NewPage"}},
-    {"arrow down", {"Image", "NewPage"}},
+    {"click frmPrintPreview.Toolbar(6)", {"Image", "NewPage"}},
+    {"click frmPrintPreview.Toolbar(5)", {"Image", "NewPage"}},
+    {"click frmPrintPreview.cmdDown", {"Image", "NewPage"}},
 };
 
 bool MayPass(const UntrappedError& error) {
     return std::any_of(std::begin(withoutHandler), std::end(withoutHandler), [&](const WithoutHandler& row) {
-        return error.Step == row.Step &&
+        return error.Step.starts_with(row.Step) &&
                std::find(row.Calls.begin(), row.Calls.end(), error.Call) != row.Calls.end();
     });
 }
@@ -67,7 +69,8 @@ Outcome Played(const Story& story, Fault& fault) {
 class EveryCall : public testing::TestWithParam<std::tuple<std::size_t, Kind>> {
   protected:
     static void TearDownTestSuite() {
-        std::cout << "runs with a failing call: " << runs << '\n';
+        std::cout << "stories: " << Stories().size() << ", calls that can fail in them: " << calls
+                  << ", runs with a failing call: " << runs << '\n';
         for (const auto& [reason, count] : changed) {
             std::cout << "  paper or bin stays changed, " << reason << ": " << count << '\n';
         }
@@ -79,6 +82,7 @@ class EveryCall : public testing::TestWithParam<std::tuple<std::size_t, Kind>> {
     printmanager::InOwnFolder folder;
 
   public:
+    static inline int calls = 0;
     static inline int runs = 0;
     static inline std::map<std::string, int> changed;
 };
@@ -87,7 +91,7 @@ class EveryCall : public testing::TestWithParam<std::tuple<std::size_t, Kind>> {
 /// printer.
 void ExpectDefaultsBack(const Outcome& whole, const Outcome& outcome) {
     for (const auto& [printer, defaults] : outcome.Defaults) {
-        const memory::QueueDefaults before = Machine::InstalledDefaults(printer);
+        const memory::QueueDefaults& before = outcome.DefaultsBefore.at(printer);
         if (SamePaperAndBin(defaults, before) || SamePaperAndBin(defaults, whole.Defaults.at(printer))) {
             continue;
         }
@@ -102,7 +106,7 @@ void ExpectDefaultsBack(const Outcome& whole, const Outcome& outcome) {
         const bool seenWrong =
             anyEnd([](const ManagerEnd& end) { return end.Restore.Paper != "1" || end.Restore.Bin != "1"; });
         // Only the first printer's are put back: one that was chosen later keeps what a run has set.
-        const bool laterPrinter = printer != Machine::FirstPrinter;
+        const bool laterPrinter = printer != FirstPrinter;
         // A spooler that refuses a write is not asked again.
         EXPECT_TRUE(pending || seenWrong || laterPrinter || outcome.FaultInRestore) << printer;
         const char* reason = pending        ? "still to be put back"
@@ -125,6 +129,7 @@ TEST_P(EveryCall, IsSurvived) {
     const Outcome whole = Played(TheStory(), none);
     ASSERT_THAT(whole.Complaints, IsEmpty());
     ASSERT_THAT(whole.Untrapped, IsEmpty());
+    calls += none.Count();
     const int stride = std::getenv(EveryCallVariable) != nullptr ? 1 : std::max(1, none.Count() / FewRuns);
     for (int number = 1;; number += stride) {
         Fault fault(TheKind(), number);
@@ -153,7 +158,7 @@ TEST_P(EveryCall, IsSurvived) {
 }
 
 std::string NameOfParam(const testing::TestParamInfo<std::tuple<std::size_t, Kind>>& param) {
-    return std::string(Stories()[std::get<0>(param.param)].Name) + NameOf(std::get<1>(param.param));
+    return Stories()[std::get<0>(param.param)].Name + "_" + NameOf(std::get<1>(param.param));
 }
 
 INSTANTIATE_TEST_SUITE_P(Stories, EveryCall,

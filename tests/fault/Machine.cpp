@@ -5,18 +5,18 @@
 #include <stdexcept>
 #include <string_view>
 
+#include "CommandLine.h"
+#include "PlayLine.h"
 #include "forms/Form.h"
 #include "forms/Timer.h"
-#include "preview/frmPrintPreview.h"
 #include "printmanager/frmPrintManager.h"
-#include "printmanager/frmPrintManagerSetup.h"
 #include "wizard/frmMain.h"
 
 namespace fault {
 
 namespace {
 
-constexpr const char* Settings = "Software\\Ondor\\Tarvik\\CurrentVersion";
+constexpr const char* WizardForm = "frmMain";
 
 /// More than any run needs: a run that goes beyond hangs.
 constexpr int MostYields = 200000;
@@ -26,31 +26,6 @@ constexpr int YieldsPerTick = 100;
 struct Setting {
     const char* Name;
     const char* Value;
-};
-
-/// A user with all that a form can carry.
-constexpr Setting UserSettings[] = {
-    {"AcceptgiroType", "1"},
-    {"GMUContractVorm", "32"},
-    {"GMUVerkeer", "1"},
-    {"GMUFontName", "OCR-B"},
-    {"GMUFontSize", "10"},
-    {"GMUServiceNr", "123"},
-    {"GMUCode", "4"},
-    {"PrinterOrientation", "2"},
-    {"UseSpecificPrinterSettings", "0"},
-    {"PrinterOverrulePaperSize", "1"},
-    {"IncassantBegunstigde", "Stichting Voorbeeld"},
-    {"IncassantAdres", "Dorpsstraat 1"},
-    {"IncassantPostCode", "1234 AB"},
-    {"IncassantWoonplaats", "Ons Dorp"},
-    {"IncassantBankGiro", "NL91ABNA0417164300"},
-    {"IncassantAfdrukken", "1"},
-    {"OCRLinks0", "1,00"},
-    {"OCRTop0", "-0,50"},
-    {"AcceptGiroLinks1", "2,00"},
-    {"AcceptGiroNAWTop2", "0,25"},
-    {"AcceptFontSizeNAW1", "9"},
 };
 
 /// What the program may write into the store.
@@ -64,17 +39,6 @@ bool MayWrite(const std::string& name, const std::string& value) {
                        [&](const Setting& row) { return name == row.Name && value == row.Value; });
 }
 
-struct Installed {
-    const char* Name;
-    memory::QueueDefaults Defaults;
-};
-
-/// The first one's defaults are not the first entries of its lists, which a failing driver falls back on.
-constexpr Installed InstalledPrinters[] = {
-    {Machine::FirstPrinter, {.Orientation = 1, .PaperSize = 5, .DefaultSource = 1, .Copies = 1}},
-    {"Inkt", {.Orientation = 2, .PaperSize = 9, .DefaultSource = 15, .Copies = 1}},
-};
-
 std::string TextOf(const memory::Event& event, std::string_view field) {
     for (const memory::EventField& candidate : event.Fields) {
         if (candidate.Name == field) {
@@ -87,19 +51,14 @@ std::string TextOf(const memory::Event& event, std::string_view field) {
 } // namespace
 
 Machine::Machine(const Story& story, Fault& fault) : story_(story), fault_(fault), log_(fault) {
-    FillStore();
-    if (story.HasPrinters) {
-        for (const Installed& printer : InstalledPrinters) {
-            memory_.InstallPrinter({.Name = printer.Name, .Defaults = printer.Defaults});
-        }
-    }
-    memory_.clock.Set(
-        {.Year = 2026, .Month = 3, .Day = 14, .Hour = 12, .Minute = 0, .Second = 0, .Millisecond = 0});
-    memory_.random.Seed(1);
+    Prepare(Settings());
+    Prepare(story.Before);
+    printers_ = memory_.printers.Count();
+    outcome_.DefaultsBefore = Defaults();
     memory_.recorder.Sink = [this](const memory::Event& event) { Observe(event); };
     memory_.recorder.ShouldFail = [this](std::string_view call) {
         // Without the wizard's own window there is no program that could survive.
-        const bool isFirstWindow = call == CallCreateWindow && !main_->Visible();
+        const bool isFirstWindow = call == CallCreateWindow && OpenForm(WizardForm) == nullptr;
         return !isFirstWindow && fault_.Strikes(call);
     };
     memory_.desktop.OnModal = [this](forms::Form& form) { return PlayNext(form); };
@@ -111,22 +70,24 @@ Machine::~Machine() {
     fault_.OnStrike = nullptr;
 }
 
-void Machine::FillStore() {
-    for (const Setting& setting : UserSettings) {
-        stored_[setting.Name] = setting.Value;
-    }
-    if (!story_.KnownPrinter.empty()) {
-        stored_["CurrentPrinter"] = story_.KnownPrinter;
-    }
-    for (const auto& [name, value] : stored_) {
-        memory_.registry.SetText(Settings, name, value);
+void Machine::Prepare(const std::vector<std::string>& lines) {
+    for (const std::string& line : lines) {
+        scenario::PlayLine(world_, line);
+        scenario::CommandLine words(line);
+        if (words.Word("command") == "set") {
+            const std::string name = words.Word("name");
+            stored_[name] = words.Word("text");
+        }
     }
 }
 
-memory::QueueDefaults Machine::InstalledDefaults(const std::string& printer) {
-    const auto* const found = std::find_if(std::begin(InstalledPrinters), std::end(InstalledPrinters),
-                                           [&](const Installed& row) { return printer == row.Name; });
-    return found == std::end(InstalledPrinters) ? memory::QueueDefaults{} : found->Defaults;
+std::map<std::string, memory::QueueDefaults> Machine::Defaults() {
+    std::map<std::string, memory::QueueDefaults> defaults;
+    for (int i = 0; i < printers_; ++i) {
+        const memory::PrintQueue& queue = memory_.printers.Queue(i);
+        defaults[queue.Name] = queue.Defaults;
+    }
+    return defaults;
 }
 
 // What the program does.
@@ -183,14 +144,14 @@ void Machine::ObserveYield() {
 
 void Machine::ObserveUnload(const std::string& form) {
     if (form == "frmPrintManager") {
-        managers_.push_back({Manager().blnRestorePending, Manager().RestoreState});
+        managers_.push_back({Manager()->blnRestorePending, Manager()->RestoreState});
     }
 }
 
 // What the user does.
 
 void Machine::PassTime() {
-    const std::vector<forms::Form*> open = session_.OpenForms();
+    const std::vector<forms::Form*> open = world_.session.OpenForms();
     for (const forms::Form* form : open) {
         for (forms::Control* control : form->Controls()) {
             if (control->Kind() == forms::ControlKind::Timer && control->Enabled() &&
@@ -202,41 +163,26 @@ void Machine::PassTime() {
 }
 
 forms::Form* Machine::OpenForm(const std::string& name) const {
-    const std::vector<forms::Form*>& open = session_.OpenForms();
+    const std::vector<forms::Form*>& open = world_.session.OpenForms();
     const auto found = std::find_if(open.begin(), open.end(), [&](const forms::Form* form) {
         return form->Name() == name && form->Visible();
     });
     return found == open.end() ? nullptr : *found;
 }
 
-printmanager::frmPrintManager& Machine::Manager() {
-    return *main_->PrintManager();
+wizard::frmMain* Machine::Main() const {
+    return static_cast<wizard::frmMain*>(OpenForm(WizardForm));
 }
 
-preview::frmPrintPreview& Machine::Preview() {
-    return static_cast<preview::frmPrintPreview&>(*OpenForm("frmPrintPreview"));
-}
-
-void Machine::OpenSetup() {
-    setup_ = std::make_unique<printmanager::frmPrintManagerSetup>(session_, memory_.Services(), state_);
-    session_.Dispatch([this] { setup_->ShowModal(); });
-    setup_.reset();
-}
-
-void Machine::Close(forms::Form& form) {
-    if (!form.UserClose()) {
-        Complain("the form refuses to close");
-    }
-}
-
-void Machine::TurnWheel(forms::Form& form, std::int16_t delta) {
-    memory_.desktop.Windows().SendWheel(form.hWnd(), delta);
+const printmanager::frmPrintManager* Machine::Manager() const {
+    const wizard::frmMain* main = Main();
+    return main == nullptr ? nullptr : main->PrintManager();
 }
 
 void Machine::PlaySteps(const std::vector<Step>& steps) {
     steps_ = steps;
     next_ = 0;
-    while (PlayNext(*main_)) {
+    while (Main() != nullptr && PlayNext(*Main())) {
     }
 }
 
@@ -260,10 +206,14 @@ bool Machine::PlayNext(forms::Form& front) {
 }
 
 void Machine::PlayStep(const Step& step) {
-    path_.push_back(step.Name);
+    path_.push_back(step.Line);
     paperAsked_ = step.Prints;
     PassTime();
-    step.Act(*this);
+    scenario::PlayLine(world_, step.Line);
+    if (record_.str().find(R"("event":"refused")") != std::string::npos) {
+        Complain("the form refuses to close");
+    }
+    record_.str("");
     path_.pop_back();
 }
 
@@ -277,12 +227,12 @@ void Machine::ExpectAtRest(forms::Form& front) {
     if (memory_.desktop.LockedWindow() != 0) {
         Complain("a window stays locked");
     }
-    const printmanager::frmPrintManager* manager = main_->PrintManager();
+    const printmanager::frmPrintManager* manager = Manager();
     if (manager == &front && manager->Loaded() &&
         (manager->blnBusy || manager->blnClosing || manager->blnLoading || manager->blnFillingPrinters)) {
         Complain("the manager stays busy");
     }
-    if (&front == main_.get() && (manager != nullptr || state_.PrintManagerOpen)) {
+    if (front.Name() == WizardForm && (manager != nullptr || world_.state.PrintManagerOpen)) {
         Complain("the wizard stays locked");
     }
 }
@@ -290,16 +240,15 @@ void Machine::ExpectAtRest(forms::Form& front) {
 // The end.
 
 Outcome Machine::Play() {
-    main_ = std::make_unique<wizard::frmMain>(session_, memory_.Services(), state_);
     try {
-        session_.Dispatch([this] { main_->Show(); });
+        scenario::PlayLine(world_, "start");
         PlaySteps(story_.Steps);
         TakeOutcome();
         fault_.Disarm();
 
         documents_ = 0;
         PlaySteps(PrintReport());
-        if (documents_ != (story_.HasPrinters ? 1U : 0U)) {
+        if (documents_ != (printers_ > 0 ? 1U : 0U)) {
             Complain("prints no more");
         }
     } catch (const std::logic_error& error) {
@@ -311,11 +260,7 @@ Outcome Machine::Play() {
 }
 
 void Machine::TakeOutcome() {
-    for (const Installed& printer : InstalledPrinters) {
-        if (const memory::PrintQueue* queue = memory_.printers.Find(printer.Name)) {
-            outcome_.Defaults[queue->Name] = queue->Defaults;
-        }
-    }
+    outcome_.Defaults = Defaults();
     outcome_.Managers = managers_;
     outcome_.Messages = memory_.desktop.Messages();
     outcome_.Log = LogFile::Lines();
@@ -325,7 +270,7 @@ void Machine::TakeOutcome() {
 
 void Machine::ExpectStoreWhole() {
     for (const auto& [name, value] : stored_) {
-        const std::string now = memory_.registry.Text(Settings, name).value_or("(missing)");
+        const std::string now = memory_.registry.Text(scenario::SettingsPath, name).value_or("(missing)");
         if (now != value && !MayWrite(name, now)) {
             Complain("the store holds " + name + " = " + now);
         }
@@ -333,7 +278,8 @@ void Machine::ExpectStoreWhole() {
 }
 
 void Machine::ExpectGone() {
-    if (!main_->UserClose() || !session_.OpenForms().empty()) {
+    forms::Form* main = Main();
+    if (main == nullptr || !main->UserClose() || !world_.session.OpenForms().empty()) {
         Complain("the wizard refuses to close");
     }
     if (memory_.bitmaps.Alive() != 0) {

@@ -1,27 +1,23 @@
 #pragma once
 
 #include <cstddef>
-#include <cstdint>
 #include <map>
-#include <memory>
+#include <sstream>
 #include <string>
 #include <vector>
 
+#include "MemoryStage.h"
+#include "RecordWriter.h"
+#include "World.h"
 #include "fault/Fault.h"
 #include "fault/LogFile.h"
 #include "fault/Story.h"
-#include "forms/Session.h"
 #include "memory/MemoryPlatform.h"
 #include "printmanager/PrinterState.h"
-#include "state/AppState.h"
 
-namespace preview {
-class frmPrintPreview;
-}
 namespace printmanager {
 class frmPrintManager;
-class frmPrintManagerSetup;
-} // namespace printmanager
+}
 namespace wizard {
 class frmMain;
 }
@@ -46,7 +42,8 @@ struct Outcome {
     std::vector<std::string> Complaints;
     std::vector<memory::ShownMessage> Messages;
     std::vector<UntrappedError> Untrapped;
-    /// The printers' stored defaults at the end.
+    /// The printers' stored defaults before the start, and at the end.
+    std::map<std::string, memory::QueueDefaults> DefaultsBefore;
     std::map<std::string, memory::QueueDefaults> Defaults;
     std::vector<ManagerEnd> Managers;
     /// The user's step in which the call failed.
@@ -69,30 +66,15 @@ class Machine {
     /// The start, the story, a print without a fault and the end of the program.
     Outcome Play();
 
-    /// The printer that a first opening loads.
-    static constexpr const char* FirstPrinter = "Laser";
-    /// The stored defaults of this printer before the start.
-    static memory::QueueDefaults InstalledDefaults(const std::string& printer);
-
-    // For the steps.
-    wizard::frmMain& Main() { return *main_; }
-    printmanager::frmPrintManager& Manager();
-    preview::frmPrintPreview& Preview();
-    printmanager::frmPrintManagerSetup& Setup() { return *setup_; }
-    void OpenSetup();
-    void Close(forms::Form& form);
-    void TurnWheel(forms::Form& form, std::int16_t delta);
-    /// Time enough for each timer that runs.
-    void PassTime();
-
   private:
-    void FillStore();
+    void Prepare(const std::vector<std::string>& lines);
     void Observe(const memory::Event& event);
     void ObserveStore(const std::string& name, const std::string& value);
     void ObservePaper(const memory::Event& event);
     void ObserveYield();
     void ObserveUnload(const std::string& form);
     void NoteFault();
+    void PassTime();
     void PlaySteps(const std::vector<Step>& steps);
     bool PlayNext(forms::Form& front);
     void PlayStep(const Step& step);
@@ -101,6 +83,9 @@ class Machine {
     void ExpectStoreWhole();
     void ExpectGone();
     forms::Form* OpenForm(const std::string& name) const;
+    wizard::frmMain* Main() const;
+    const printmanager::frmPrintManager* Manager() const;
+    std::map<std::string, memory::QueueDefaults> Defaults();
     void Complain(const std::string& complaint);
 
     const Story& story_;
@@ -117,11 +102,11 @@ class Machine {
     int yields_ = 0;
 
     LogFile log_;
-    memory::MemoryPlatform memory_;
-    forms::Session session_{memory_.desktop};
-    state::AppState state_;
-    std::unique_ptr<wizard::frmMain> main_;
-    std::unique_ptr<printmanager::frmPrintManagerSetup> setup_;
+    std::ostringstream record_;
+    scenario::RecordWriter writer_{record_};
+    scenario::World world_{writer_, scenario::MakeMemoryStage};
+    memory::MemoryPlatform& memory_ = world_.memory;
+    int printers_ = 0;
 };
 
 } // namespace fault

@@ -1,34 +1,35 @@
 #pragma once
 
-#include <functional>
 #include <string>
 #include <vector>
 
 namespace fault {
 
-class Machine;
-
-/// One act of the user on a form. It is left out if the form has not come up.
+/// One act of the user, as a line of a story. It is left out if its form has not come up.
 struct Step {
-    const char* Form;
-    std::string Name;
-    std::function<void(Machine&)> Act;
+    explicit Step(std::string line);
+
+    std::string Line;
+    /// The form on which it is done.
+    std::string Form;
     /// The user asks for paper here.
     bool Prints = false;
 };
 
-/// What a user does from the program's first page on, and how the machine stands before the start.
+/// What a user does, and how the machine stands before the start.
 struct Story {
-    const char* Name;
+    std::string Name;
+    std::vector<std::string> Before;
     std::vector<Step> Steps;
-    bool HasPrinters = true;
-    /// The printer of an earlier use, or empty.
-    std::string KnownPrinter{};
 };
 
+/// All stories of the folder `stories`, by name.
 const std::vector<Story>& Stories();
 
+/// What stands ready before each of them.
+const std::vector<std::string>& Settings();
+
 /// From any page of the wizard to the report on paper: what must work after any fault.
-std::vector<Step> PrintReport();
+const std::vector<Step>& PrintReport();
 
 } // namespace fault
