@@ -35,9 +35,9 @@ void PutName(char* field, std::size_t size, std::string_view name) {
 std::vector<char> DevModeRecord(DEVMODE mode, std::string_view driversBytes) {
     mode.dmSize = sizeof mode;
     mode.dmDriverExtra = static_cast<std::uint16_t>(driversBytes.size());
-    std::vector<char> record(sizeof mode);
+    std::vector<char> record(sizeof mode + driversBytes.size());
     std::memcpy(record.data(), &mode, sizeof mode);
-    record.insert(record.end(), driversBytes.begin(), driversBytes.end());
+    std::copy(driversBytes.begin(), driversBytes.end(), record.begin() + sizeof mode);
     return record;
 }
 

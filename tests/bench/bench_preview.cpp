@@ -1,14 +1,14 @@
 // What turning the page of a preview costs, beside the same preview with its pages as bitmaps, and beside the
 // least that the toolkit needs to show another picture of that size.
 
-#include <QApplication>
-#include <QPainter>
-#include <QWidget>
 #include <cmath>
 #include <memory>
 #include <string>
 #include <vector>
 
+#include <QApplication>
+#include <QPainter>
+#include <QWidget>
 #include <benchmark/benchmark.h>
 #include <malloc.h>
 

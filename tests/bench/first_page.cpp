@@ -2,6 +2,8 @@
 // program|empty
 //
 // "program" is the wizard with its first page; "empty" a window with as many plain widgets of the same kinds.
+#include <cstring>
+
 #include <QApplication>
 #include <QCheckBox>
 #include <QLabel>
@@ -9,7 +11,6 @@
 #include <QPushButton>
 #include <QRadioButton>
 #include <QTimer>
-#include <cstring>
 
 #include "desktop/qt/QtPlatform.h"
 #include "forms/Form.h"

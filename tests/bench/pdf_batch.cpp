@@ -6,14 +6,15 @@
 // makes the same texts at the same places with the toolkit's plainest calls, and nothing else. "empty" is a
 // PDF of one page with nothing on it.
 
-#include <QApplication>
-#include <QPainter>
-#include <QPdfWriter>
-#include <QTemporaryDir>
 #include <cstdio>
 #include <cstdlib>
 #include <string>
 #include <vector>
+
+#include <QApplication>
+#include <QPainter>
+#include <QPdfWriter>
+#include <QTemporaryDir>
 
 #include "bench/Batch.h"
 #include "bench/Measured.h"

@@ -1,13 +1,13 @@
 // Texts that would do harm if anything took them for more than texts: as the title of a document, and as the
 // name and the wording of a printer.
 
-#include <QDir>
-#include <QTemporaryDir>
-#include <QTextDocument>
 #include <optional>
 #include <string>
 #include <vector>
 
+#include <QDir>
+#include <QTemporaryDir>
+#include <QTextDocument>
 #include <gtest/gtest.h>
 
 #include "desktop/cups/UserDefaults.h"

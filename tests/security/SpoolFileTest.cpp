@@ -1,13 +1,13 @@
 #include "desktop/cups/SpoolFile.h"
 
-#include <QDir>
-#include <QTemporaryDir>
 #include <cerrno>
 #include <csignal>
 #include <cstdarg>
 #include <cstring>
 #include <string>
 
+#include <QDir>
+#include <QTemporaryDir>
 #include <fcntl.h>
 #include <gtest/gtest.h>
 #include <sys/resource.h>

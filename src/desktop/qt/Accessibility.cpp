@@ -1,13 +1,14 @@
 #include "desktop/qt/Accessibility.h"
 
+#include <algorithm>
+#include <string_view>
+#include <vector>
+
 #include <QAbstractButton>
 #include <QAccessibleWidget>
 #include <QApplication>
 #include <QLabel>
 #include <QMouseEvent>
-#include <algorithm>
-#include <string_view>
-#include <vector>
 
 #include "desktop/qt/Guarded.h"
 #include "forms/ReadingOrder.h"

@@ -1,8 +1,5 @@
 #include "desktop/qt/BoldFace.h"
 
-#include <QPainterPath>
-#include <QRawFont>
-#include <QtEndian>
 #include <algorithm>
 #include <array>
 #include <cmath>
@@ -10,6 +7,9 @@
 #include <unordered_map>
 #include <vector>
 
+#include <QPainterPath>
+#include <QRawFont>
+#include <QtEndian>
 #include <ft2build.h>
 #include FT_FREETYPE_H
 #include FT_ADVANCES_H

@@ -1,12 +1,12 @@
 #include "desktop/qt/EndSignals.h"
 
-#include <QGuiApplication>
-#include <QSessionManager>
 #include <array>
 #include <cerrno>
 #include <csignal>
 #include <utility>
 
+#include <QGuiApplication>
+#include <QSessionManager>
 #include <sys/socket.h>
 #include <unistd.h>
 

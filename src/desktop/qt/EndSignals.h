@@ -1,9 +1,10 @@
 #pragma once
 
-#include <QObject>
-#include <QSocketNotifier>
 #include <array>
 #include <functional>
+
+#include <QObject>
+#include <QSocketNotifier>
 
 namespace desktop::qt {
 

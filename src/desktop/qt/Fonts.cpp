@@ -1,14 +1,15 @@
 #include "desktop/qt/Fonts.h"
 
+#include <algorithm>
+#include <array>
+#include <cmath>
+#include <mutex>
+
 #include <QFile>
 #include <QFontDatabase>
 #include <QHash>
 #include <QRawFont>
 #include <QSet>
-#include <algorithm>
-#include <array>
-#include <cmath>
-#include <mutex>
 
 #include "base/Text.h"
 #include "desktop/qt/BoldFace.h"

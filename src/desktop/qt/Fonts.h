@@ -1,7 +1,8 @@
 #pragma once
 
-#include <QFont>
 #include <string>
+
+#include <QFont>
 
 #include "machine/Canvas.h"
 

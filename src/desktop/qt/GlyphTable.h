@@ -1,12 +1,13 @@
 #pragma once
 
-#include <QFont>
-#include <QRawFont>
 #include <array>
 #include <cstdint>
 #include <string_view>
 #include <unordered_map>
 #include <vector>
+
+#include <QFont>
+#include <QRawFont>
 
 #include "machine/Canvas.h"
 

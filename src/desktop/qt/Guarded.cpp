@@ -1,8 +1,9 @@
 #include "desktop/qt/Guarded.h"
 
+#include <exception>
+
 #include <QScopedValueRollback>
 #include <QtDebug>
-#include <exception>
 
 #include "forms/CaughtError.h"
 

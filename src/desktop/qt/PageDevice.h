@@ -1,8 +1,9 @@
 #pragma once
 
+#include <span>
+
 #include <QPointF>
 #include <QRawFont>
-#include <span>
 
 class QPainter;
 

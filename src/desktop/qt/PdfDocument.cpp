@@ -1,9 +1,10 @@
 #include "desktop/qt/PdfDocument.h"
 
+#include <cmath>
+
 #include <QByteArrayView>
 #include <QPageLayout>
 #include <QPageSize>
-#include <cmath>
 
 #include "base/RuntimeError.h"
 #include "desktop/qt/PageDevice.h"

@@ -1,12 +1,13 @@
 #pragma once
 
+#include <span>
+#include <vector>
+
 #include <QIODevice>
 #include <QPainter>
 #include <QPdfWriter>
 #include <QRawFont>
 #include <QString>
-#include <span>
-#include <vector>
 
 namespace desktop::qt {
 

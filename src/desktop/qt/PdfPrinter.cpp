@@ -1,5 +1,10 @@
 #include "desktop/qt/PdfPrinter.h"
 
+#include <algorithm>
+#include <array>
+#include <optional>
+#include <utility>
+
 #include <QApplication>
 #include <QDir>
 #include <QFile>
@@ -8,10 +13,6 @@
 #include <QLabel>
 #include <QMessageBox>
 #include <QStandardPaths>
-#include <algorithm>
-#include <array>
-#include <optional>
-#include <utility>
 
 #include "base/RuntimeError.h"
 #include "desktop/cups/PaperTable.h"

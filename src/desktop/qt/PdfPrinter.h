@@ -1,8 +1,9 @@
 #pragma once
 
-#include <QString>
 #include <functional>
 #include <optional>
+
+#include <QString>
 
 #include "desktop/cups/PrintQueue.h"
 #include "desktop/cups/StoredChoice.h"

@@ -1,9 +1,10 @@
 #include "desktop/qt/PictureWidget.h"
 
+#include <cmath>
+
 #include <QPaintEvent>
 #include <QPainter>
 #include <QSvgRenderer>
-#include <cmath>
 
 #include "desktop/qt/Guarded.h"
 #include "desktop/qt/QtBitmaps.h"

@@ -1,8 +1,9 @@
 #pragma once
 
+#include <memory>
+
 #include <QColor>
 #include <QWidget>
-#include <memory>
 
 #include "machine/Bitmaps.h"
 

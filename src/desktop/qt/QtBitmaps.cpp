@@ -1,11 +1,13 @@
 #include "desktop/qt/QtBitmaps.h"
 
-#include <QGuiApplication>
-#include <QPainter>
 #include <cmath>
 #include <utility>
 
+#include <QGuiApplication>
+#include <QPainter>
+
 #include "base/RuntimeError.h"
+#include "desktop/qt/Fonts.h"
 #include "desktop/qt/PageDevice.h"
 #include "desktop/qt/QtCanvas.h"
 #include "desktop/qt/Scale.h"
@@ -14,7 +16,6 @@
 namespace desktop::qt {
 
 namespace {
-
 
 double DotsOf(double twips, double density) {
     return std::ceil(twips * DotsPerTwip() * density);

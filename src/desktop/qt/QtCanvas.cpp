@@ -1,19 +1,20 @@
 #include "desktop/qt/QtCanvas.h"
 
-#include <QColor>
-#include <QLineF>
-#include <QPainter>
-#include <QPen>
 #include <algorithm>
 #include <cmath>
 #include <utility>
 
+#include <QColor>
+#include <QLineF>
+#include <QPainter>
+#include <QPen>
+
 #include "base/Text.h"
+#include "desktop/qt/Fonts.h"
 
 namespace desktop::qt {
 
 namespace {
-
 
 /// Fonts that are kept ready. A document uses about ten.
 constexpr std::size_t MostTables = 64;

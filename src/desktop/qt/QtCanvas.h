@@ -1,8 +1,9 @@
 #pragma once
 
-#include <QPointF>
 #include <memory>
 #include <vector>
+
+#include <QPointF>
 
 #include "desktop/qt/GlyphTable.h"
 #include "desktop/qt/PageDevice.h"

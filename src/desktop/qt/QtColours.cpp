@@ -1,8 +1,9 @@
 #include "desktop/qt/QtColours.h"
 
+#include <array>
+
 #include <QApplication>
 #include <QStyle>
-#include <array>
 
 #include "forms/Contrast.h"
 

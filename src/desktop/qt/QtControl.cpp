@@ -1,12 +1,13 @@
 #include "desktop/qt/QtControl.h"
 
+#include <algorithm>
+#include <array>
+
 #include <QApplication>
 #include <QFontInfo>
 #include <QMouseEvent>
 #include <QShortcutEvent>
 #include <QSignalBlocker>
-#include <algorithm>
-#include <array>
 
 #include "desktop/qt/Fonts.h"
 #include "desktop/qt/Guarded.h"

@@ -1,5 +1,8 @@
 #include "desktop/qt/QtDesktop.h"
 
+#include <algorithm>
+#include <limits>
+
 #include <QApplication>
 #include <QKeyEvent>
 #include <QLabel>
@@ -9,8 +12,6 @@
 #include <QScreen>
 #include <QStyle>
 #include <QSvgRenderer>
-#include <algorithm>
-#include <limits>
 
 #include "desktop/qt/ArrowPointer.h"
 #include "desktop/qt/Guarded.h"

@@ -1,10 +1,11 @@
 #pragma once
 
+#include <unordered_map>
+#include <vector>
+
 #include <QObject>
 #include <QPointer>
 #include <QWidget>
-#include <unordered_map>
-#include <vector>
 
 #include "forms/Desktop.h"
 #include "forms/WindowProcedureTable.h"

@@ -1,5 +1,6 @@
-#include <QMouseEvent>
 #include <utility>
+
+#include <QMouseEvent>
 
 #include "desktop/qt/Accessibility.h"
 #include "desktop/qt/PictureWidget.h"

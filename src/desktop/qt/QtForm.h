@@ -1,10 +1,11 @@
 #pragma once
 
-#include <QEventLoop>
-#include <QWidget>
 #include <memory>
 #include <unordered_map>
 #include <vector>
+
+#include <QEventLoop>
+#include <QWidget>
 
 #include "desktop/qt/QtControl.h"
 #include "forms/FormPeer.h"

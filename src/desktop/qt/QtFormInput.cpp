@@ -1,4 +1,7 @@
 // The keyboard and the focus of a form's window.
+#include <algorithm>
+#include <array>
+
 #include <QApplication>
 #include <QCheckBox>
 #include <QKeyEvent>
@@ -7,8 +10,6 @@
 #include <QRadioButton>
 #include <QStyle>
 #include <QTimer>
-#include <algorithm>
-#include <array>
 
 #include "desktop/qt/Guarded.h"
 #include "desktop/qt/QtColours.h"

@@ -1,8 +1,9 @@
 // Where a form's window stands, how large it is, and its colours.
+#include <algorithm>
+
 #include <QApplication>
 #include <QScopedValueRollback>
 #include <QScreen>
-#include <algorithm>
 
 #include "desktop/qt/QtColours.h"
 #include "desktop/qt/QtDesktop.h"

@@ -1,6 +1,7 @@
+#include <algorithm>
+
 #include <QEvent>
 #include <QLabel>
-#include <algorithm>
 
 #include "desktop/qt/QtControls.h"
 #include "desktop/qt/QtForm.h"

@@ -1,6 +1,7 @@
-#include <QApplication>
 #include <algorithm>
 #include <cmath>
+
+#include <QApplication>
 
 #include "desktop/qt/QtColours.h"
 #include "desktop/qt/QtControls.h"

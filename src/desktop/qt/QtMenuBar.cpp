@@ -1,8 +1,9 @@
+#include <algorithm>
+
 #include <QApplication>
 #include <QEvent>
 #include <QMenu>
 #include <QMenuBar>
-#include <algorithm>
 
 #include "desktop/qt/Guarded.h"
 #include "desktop/qt/QtControls.h"

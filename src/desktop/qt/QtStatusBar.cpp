@@ -1,6 +1,7 @@
+#include <vector>
+
 #include <QLabel>
 #include <QStatusBar>
-#include <vector>
 
 #include "desktop/qt/QtControls.h"
 #include "desktop/qt/QtText.h"

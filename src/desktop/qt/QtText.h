@@ -1,8 +1,9 @@
 #pragma once
 
-#include <QString>
 #include <string>
 #include <string_view>
+
+#include <QString>
 
 /// The program's texts are UTF-8, the toolkit's UTF-16.
 namespace desktop::qt {

@@ -1,7 +1,8 @@
+#include <vector>
+
 #include <QFrame>
 #include <QIcon>
 #include <QToolButton>
-#include <vector>
 
 #include "desktop/qt/Accessibility.h"
 #include "desktop/qt/Guarded.h"

@@ -1,9 +1,10 @@
 #include "desktop/qt/Scale.h"
 
-#include <QApplication>
-#include <QFontMetricsF>
 #include <algorithm>
 #include <cmath>
+
+#include <QApplication>
+#include <QFontMetricsF>
 
 namespace desktop::qt {
 

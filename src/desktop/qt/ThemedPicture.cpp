@@ -1,5 +1,7 @@
 #include "desktop/qt/ThemedPicture.h"
 
+#include <memory>
+
 #include <QApplication>
 #include <QFile>
 #include <QIconEngine>
@@ -8,7 +10,6 @@
 #include <QStyle>
 #include <QStyleOption>
 #include <QSvgRenderer>
-#include <memory>
 
 #include "desktop/qt/Guarded.h"
 #include "desktop/qt/PictureWidget.h"

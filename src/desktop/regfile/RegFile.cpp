@@ -203,7 +203,8 @@ std::optional<RegValue> RegFile::Find(std::string_view path, std::string_view na
 /// A plain text goes between quotes; what a line of text cannot hold goes out byte by byte.
 std::string RegFile::Notation(const RegValue& value) const {
     const std::string_view data = value.data;
-    if (value.type == machine::RegSz && data.ends_with('\0') && !HasControls(data.substr(0, data.size() - 1))) {
+    if (value.type == machine::RegSz && data.ends_with('\0') &&
+        !HasControls(data.substr(0, data.size() - 1))) {
         return Quoted(data.substr(0, data.size() - 1));
     }
     const std::string bytes = IsTextType(value.type) ? encoding_.EncodeHex(data) : value.data;

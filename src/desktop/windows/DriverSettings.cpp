@@ -46,10 +46,10 @@ std::vector<std::byte> Exchange(std::wstring printer, const std::vector<std::byt
     // Never smaller than the record as we read it, also where an old driver's is shorter.
     std::vector<std::byte> output(std::max(static_cast<std::size_t>(size), sizeof(DEVMODEW)) + BytesBehind);
     std::vector<std::byte> given = input ? *input : std::vector<std::byte>();
-    const LONG done = ::DocumentPropertiesW(
-        nullptr, opened.Get(), printer.data(), reinterpret_cast<DEVMODEW*>(output.data()),
-        input ? reinterpret_cast<DEVMODEW*>(given.data()) : nullptr,
-        input ? DM_IN_BUFFER | DM_OUT_BUFFER : DM_OUT_BUFFER);
+    const LONG done = ::DocumentPropertiesW(nullptr, opened.Get(), printer.data(),
+                                            reinterpret_cast<DEVMODEW*>(output.data()),
+                                            input ? reinterpret_cast<DEVMODEW*>(given.data()) : nullptr,
+                                            input ? DM_IN_BUFFER | DM_OUT_BUFFER : DM_OUT_BUFFER);
     const auto* mode = reinterpret_cast<const DEVMODEW*>(output.data());
     if (done < 0) {
         throw PrinterError(NoSettings);

@@ -3,6 +3,12 @@
 // could not be taken.
 //
 // CAMPAIGN_PDF is the file for the PDF; CAMPAIGN_TRAY the tray of the queue.
+#include <chrono>
+#include <cstdio>
+#include <deque>
+#include <functional>
+#include <string>
+
 #include <QAbstractButton>
 #include <QApplication>
 #include <QComboBox>
@@ -11,11 +17,6 @@
 #include <QListWidget>
 #include <QMessageBox>
 #include <QTimer>
-#include <chrono>
-#include <cstdio>
-#include <deque>
-#include <functional>
-#include <string>
 
 namespace {
 

@@ -3,15 +3,16 @@
 //
 // print_forms FOLDER TYPE CONTRACT TRAFFIC COUNT
 
+#include <array>
+#include <cstdio>
+#include <cstdlib>
+#include <string>
+
 #include <QApplication>
 #include <QFile>
 #include <QJsonArray>
 #include <QJsonDocument>
 #include <QJsonObject>
-#include <array>
-#include <cstdio>
-#include <cstdlib>
-#include <string>
 
 #include "composition/DocumentRun.h"
 #include "composition/PrinterMeasures.h"

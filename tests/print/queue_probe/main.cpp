@@ -15,12 +15,6 @@
 // ppd, pwg, width, height, left, top, right and bottom margin in millimetres), "bins" (id, name, option, ppd,
 // pwg), "default" (paper, bin, orientation) and "job": the paper, the bin and all options of the job.
 // The end is 0, or 1 with a word on the standard error where the queue or the choice is not there.
-#include <QCommandLineParser>
-#include <QCoreApplication>
-#include <QFile>
-#include <QJsonArray>
-#include <QJsonDocument>
-#include <QJsonObject>
 #include <algorithm>
 #include <clocale>
 #include <cstdio>
@@ -29,6 +23,13 @@
 #include <iostream>
 #include <stdexcept>
 #include <string>
+
+#include <QCommandLineParser>
+#include <QCoreApplication>
+#include <QFile>
+#include <QJsonArray>
+#include <QJsonDocument>
+#include <QJsonObject>
 
 #include "base/RuntimeError.h"
 #include "desktop/cups/CupsChoice.h"

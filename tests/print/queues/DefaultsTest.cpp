@@ -1,9 +1,9 @@
 // The user's own defaults of the queues, which a run reads and never writes.
-#include <QFileInfo>
-#include <QProcess>
 #include <csignal>
 #include <cstring>
 
+#include <QFileInfo>
+#include <QProcess>
 #include <gmock/gmock.h>
 
 #include "print/queues/QueuesFixture.h"

@@ -1,6 +1,5 @@
 #pragma once
 
-#include <QFile>
 #include <algorithm>
 #include <functional>
 #include <iterator>
@@ -8,6 +7,7 @@
 #include <string>
 #include <vector>
 
+#include <QFile>
 #include <gtest/gtest.h>
 
 #include "print/queues/RealProgram.h"

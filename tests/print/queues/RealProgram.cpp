@@ -2,7 +2,6 @@
 
 #include <QListWidget>
 #include <QTest>
-
 #include <gtest/gtest.h>
 
 #include "unit/desktop/qt/Window.h"

@@ -1,11 +1,12 @@
 #pragma once
 
-#include <QString>
 #include <atomic>
 #include <chrono>
 #include <string>
 #include <thread>
 #include <vector>
+
+#include <QString>
 
 /// What gets lost of a document that passes.
 enum class Loss { Nothing, Document, Answer, Standstill };

@@ -1,7 +1,7 @@
-#include <QEventLoop>
 #include <cstdlib>
 #include <cstring>
 
+#include <QEventLoop>
 #include <gtest/gtest.h>
 
 #include "desktop/qt/EndSignals.h"

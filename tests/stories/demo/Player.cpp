@@ -1,5 +1,8 @@
 #include "Player.h"
 
+#include <cstdio>
+#include <utility>
+
 #include <QApplication>
 #include <QCursor>
 #include <QDir>
@@ -12,8 +15,6 @@
 #include <QTest>
 #include <QTimer>
 #include <QUrl>
-#include <cstdio>
-#include <utility>
 
 namespace {
 

@@ -1,11 +1,12 @@
 #pragma once
 
-#include <QObject>
-#include <QString>
-#include <QWidget>
 #include <deque>
 #include <functional>
 #include <string>
+
+#include <QObject>
+#include <QString>
+#include <QWidget>
 
 /// Plays a user: steps in order, each as soon as what it waits for has come. A step may open a modal window
 /// and so last until that closes; the steps after it then run inside.

@@ -1,14 +1,15 @@
 // Plays a user of the desktop program: goes through the wizard, prints the three documents as PDF files and
 // saves a picture of every window.
 // drukkeuring-demo FOLDER [--125 | --150 | --200 | --300] [--dark | --mixed | --contrast] [--points N]
+#include <cmath>
+#include <cstdio>
+#include <cstdlib>
+
 #include <QApplication>
 #include <QDir>
 #include <QFile>
 #include <QStringList>
 #include <QTemporaryDir>
-#include <cmath>
-#include <cstdio>
-#include <cstdlib>
 
 #include "Palettes.h"
 #include "Player.h"

@@ -1,5 +1,9 @@
 #include "QtStage.h"
 
+#include <algorithm>
+#include <array>
+#include <cstdlib>
+
 #include <QAbstractItemView>
 #include <QApplication>
 #include <QComboBox>
@@ -12,9 +16,6 @@
 #include <QTest>
 #include <QWheelEvent>
 #include <QWindow>
-#include <algorithm>
-#include <array>
-#include <cstdlib>
 
 #include "ScriptError.h"
 #include "ShownValues.h"

@@ -10,13 +10,14 @@
 #include <QScrollBar>
 
 #include "desktop/qt/QtText.h"
+#include "forms/TextUnits.h"
 
 namespace scenario {
 
 namespace {
 
-using desktop::qt::CharactersIn;
 using desktop::qt::FromQString;
+using desktop::qt::UnitsIn;
 
 /// A property that widgets of one class show.
 template <class WidgetType>
@@ -39,10 +40,15 @@ constexpr Show<QLineEdit> OfBoxes[] = {
 constexpr Show<QLineEdit> OfBoxesWithFocus[] = {
     {"SelStart",
      [](const QLineEdit& w) {
-         return Json(CharactersIn(w.text(), w.hasSelectedText() ? w.selectionStart() : w.cursorPosition()));
+         const QString text = w.text();
+         return Json(forms::CharactersIn(UnitsIn(text),
+                                         w.hasSelectedText() ? w.selectionStart() : w.cursorPosition()));
      }},
     {"SelLength",
-     [](const QLineEdit& w) { return Json(CharactersIn(w.selectedText(), w.selectionLength())); }},
+     [](const QLineEdit& w) {
+         const QString text = w.selectedText();
+         return Json(forms::CharactersIn(UnitsIn(text), w.selectionLength()));
+     }},
 };
 
 constexpr Show<QAbstractButton> OfButtons[] = {

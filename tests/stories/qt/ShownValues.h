@@ -1,7 +1,8 @@
 #pragma once
 
-#include <QWidget>
 #include <optional>
+
+#include <QWidget>
 
 #include "Json.h"
 #include "Target.h"

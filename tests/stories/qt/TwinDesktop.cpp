@@ -1,11 +1,12 @@
 #include "TwinDesktop.h"
 
+#include <utility>
+
 #include <QApplication>
 #include <QMessageBox>
 #include <QScopedValueRollback>
 #include <QTest>
 #include <QTimer>
-#include <utility>
 
 #include "Windows.h"
 #include "desktop/qt/Guarded.h"

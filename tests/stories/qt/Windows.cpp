@@ -1,11 +1,12 @@
 #include "Windows.h"
 
+#include <algorithm>
+
 #include <QApplication>
 #include <QCursor>
 #include <QElapsedTimer>
 #include <QTest>
 #include <QWindow>
-#include <algorithm>
 
 #include "Target.h"
 

@@ -1,8 +1,9 @@
 #pragma once
 
+#include <functional>
+
 #include <QPoint>
 #include <QWidget>
-#include <functional>
 
 #include "forms/Form.h"
 

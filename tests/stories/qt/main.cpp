@@ -1,10 +1,11 @@
 // Plays a script on the real windows of the Linux desktop, which need no screen, and writes down everything
 // that happens: the record is that of drukkeuring-scenario.
-#include <QFont>
-#include <QtGlobal>
 #include <cstdio>
 #include <fstream>
 #include <iostream>
+
+#include <QFont>
+#include <QtGlobal>
 
 #include "Player.h"
 #include "QtStage.h"

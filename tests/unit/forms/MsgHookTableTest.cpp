@@ -8,7 +8,6 @@ namespace {
 using testing::ElementsAre;
 using testing::IsEmpty;
 
-
 class MsgHookTableTest : public HookTest {
   protected:
     /// Hooks on `count` new windows, all for the wheel.

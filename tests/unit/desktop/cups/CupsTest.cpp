@@ -1,9 +1,9 @@
-#include <QDir>
-#include <QFile>
 #include <algorithm>
 #include <cstring>
 #include <map>
 
+#include <QDir>
+#include <QFile>
 #include <gtest/gtest.h>
 
 #include "base/RuntimeError.h"

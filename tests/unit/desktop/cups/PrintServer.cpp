@@ -1,12 +1,12 @@
 #include "unit/desktop/cups/PrintServer.h"
 
+#include <csignal>
+
 #include <QElapsedTimer>
 #include <QFile>
 #include <QProcessEnvironment>
 #include <QTemporaryDir>
 #include <QThread>
-#include <csignal>
-
 #include <pwd.h>
 #include <sys/prctl.h>
 #include <sys/socket.h>

@@ -1,5 +1,7 @@
 #pragma once
 
+#include <optional>
+
 #include <QByteArray>
 #include <QDir>
 #include <QFile>
@@ -7,7 +9,6 @@
 #include <QMap>
 #include <QProcess>
 #include <QString>
-#include <optional>
 
 /// A queue beside "Kantoor". All have four papers and three bins unless they say otherwise.
 struct PrintQueueKind {

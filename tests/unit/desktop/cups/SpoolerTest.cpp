@@ -1,7 +1,7 @@
-#include <QFile>
-#include <QTemporaryDir>
 #include <cstring>
 
+#include <QFile>
+#include <QTemporaryDir>
 #include <gtest/gtest.h>
 
 #include "desktop/cups/CupsStatus.h"

@@ -1,13 +1,13 @@
 // Failures that no handler of the program knows, on their way through the toolkit.
-#include <QCoreApplication>
-#include <QEvent>
-#include <QTimer>
 #include <csignal>
 #include <cstdint>
 #include <functional>
 #include <new>
 #include <vector>
 
+#include <QCoreApplication>
+#include <QEvent>
+#include <QTimer>
 #include <gtest/gtest.h>
 
 #include "base/RuntimeError.h"

@@ -1,8 +1,9 @@
 #pragma once
 
-#include <QString>
 #include <string>
 #include <vector>
+
+#include <QString>
 
 namespace window {
 

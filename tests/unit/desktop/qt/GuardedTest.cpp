@@ -1,11 +1,12 @@
 // Failures that no handler of the program knows. They end where the toolkit has called the program: the
 // toolkit itself knows no exceptions.
+#include <new>
+
 #include <QCheckBox>
 #include <QComboBox>
 #include <QListWidget>
 #include <QTest>
 #include <QToolButton>
-#include <new>
 
 #include "unit/desktop/qt/PreviewFixture.h"
 #include "unit/desktop/qt/SampleTest.h"

@@ -1,10 +1,11 @@
 #pragma once
 
-#include <QImage>
-#include <QRect>
 #include <algorithm>
 #include <climits>
 #include <optional>
+
+#include <QImage>
+#include <QRect>
 
 /// The dark dots of an area: how far they reach, and their centre of gravity; in dots.
 struct Ink {

@@ -1,5 +1,8 @@
 #include "unit/desktop/qt/Look.h"
 
+#include <algorithm>
+#include <map>
+
 #include <QAbstractButton>
 #include <QCheckBox>
 #include <QComboBox>
@@ -12,8 +15,6 @@
 #include <QStyle>
 #include <QStyleOptionButton>
 #include <QStyleOptionComboBox>
-#include <algorithm>
-#include <map>
 
 #include "desktop/qt/QtColours.h"
 #include "forms/Contrast.h"

@@ -1,10 +1,11 @@
 #pragma once
 
+#include <string>
+#include <vector>
+
 #include <QColor>
 #include <QImage>
 #include <QWidget>
-#include <string>
-#include <vector>
 
 /// How what a window shows looks, by the dots of its picture.
 namespace window {

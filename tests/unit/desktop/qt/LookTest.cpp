@@ -2,16 +2,16 @@
 // and what is disabled looks it.
 #include "unit/desktop/qt/Look.h"
 
+#include <cmath>
+#include <memory>
+#include <set>
+
 #include <QAbstractButton>
 #include <QApplication>
 #include <QLineEdit>
 #include <QPainter>
 #include <QStyle>
 #include <QSvgRenderer>
-#include <cmath>
-#include <memory>
-#include <set>
-
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 

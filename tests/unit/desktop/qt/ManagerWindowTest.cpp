@@ -8,7 +8,6 @@
 #include <QProgressBar>
 #include <QTest>
 #include <QTimer>
-
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 

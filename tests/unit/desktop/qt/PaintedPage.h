@@ -1,9 +1,10 @@
 #pragma once
 
+#include <cmath>
+
 #include <QGuiApplication>
 #include <QImage>
 #include <QPainter>
-#include <cmath>
 
 #include "desktop/qt/QtBitmaps.h"
 #include "desktop/qt/Scale.h"

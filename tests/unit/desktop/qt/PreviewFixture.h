@@ -1,12 +1,12 @@
 #pragma once
 
+#include <functional>
+#include <string>
+
 #include <QApplication>
 #include <QImage>
 #include <QLabel>
 #include <QScrollBar>
-#include <functional>
-#include <string>
-
 #include <gtest/gtest.h>
 
 #include "composition/PrintSurface.h"

@@ -1,12 +1,12 @@
 // What a preview costs in memory, and that nothing of it stays.
+#include <memory>
+#include <vector>
+
 #include <QGuiApplication>
 #include <QPixmapCache>
 #include <QTest>
 #include <QTimer>
 #include <QWindow>
-#include <memory>
-#include <vector>
-
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 

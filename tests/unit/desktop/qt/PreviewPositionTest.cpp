@@ -3,9 +3,6 @@
 // What a preview draws is drawn once more into a PDF, which poppler turns into a picture of the screen's
 // resolution. The ink of each text and each line is then looked for in that picture and in the one of the
 // window.
-#include <QFile>
-#include <QProcess>
-#include <QTemporaryDir>
 #include <algorithm>
 #include <cmath>
 #include <functional>
@@ -14,6 +11,9 @@
 #include <string>
 #include <vector>
 
+#include <QFile>
+#include <QProcess>
+#include <QTemporaryDir>
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 

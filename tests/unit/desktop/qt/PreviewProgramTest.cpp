@@ -9,7 +9,6 @@
 #include <QStyle>
 #include <QStyleOptionSlider>
 #include <QTest>
-
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 

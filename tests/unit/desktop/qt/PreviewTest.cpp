@@ -1,3 +1,6 @@
+#include <cmath>
+#include <new>
+
 #include <QAccessible>
 #include <QHelpEvent>
 #include <QMenuBar>
@@ -7,9 +10,6 @@
 #include <QTest>
 #include <QToolTip>
 #include <QWindow>
-#include <cmath>
-#include <new>
-
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 

@@ -1,13 +1,14 @@
 // The program itself, on a machine that refuses what it needs at its start. It ends with a word to the user,
 // and not by a signal. The linker leads two constructors here (--wrap); the program's own main is
 // ProgramMain.
-#include <QApplication>
-#include <QMessageBox>
-#include <QTimer>
 #include <cstdio>
 #include <cstdlib>
 #include <new>
 #include <string_view>
+
+#include <QApplication>
+#include <QMessageBox>
+#include <QTimer>
 
 int ProgramMain(int argc, char** argv);
 

@@ -8,7 +8,6 @@
 #include <QTest>
 #include <QWheelEvent>
 #include <QWindow>
-
 #include <gtest/gtest.h>
 
 namespace window {

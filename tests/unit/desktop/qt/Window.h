@@ -1,10 +1,11 @@
 #pragma once
 
+#include <functional>
+#include <vector>
+
 #include <QString>
 #include <QTimer>
 #include <QWidget>
-#include <functional>
-#include <vector>
 
 /// How a test sees and drives real windows.
 namespace window {

@@ -1,6 +1,5 @@
 #include <QApplication>
 #include <QFont>
-
 #include <gtest/gtest.h>
 
 #include "desktop/qt/QtPlatform.h"

@@ -1,8 +1,8 @@
 #include "unit/desktop/qt/access/AccessTree.h"
 
-#include <QWidget>
 #include <algorithm>
 
+#include <QWidget>
 #include <gtest/gtest.h>
 #include <private/qguiapplication_p.h>
 #include <qpa/qplatformaccessibility.h>

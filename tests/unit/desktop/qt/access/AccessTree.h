@@ -1,10 +1,11 @@
 #pragma once
 
-#include <QAccessible>
-#include <QString>
 #include <ostream>
 #include <string>
 #include <vector>
+
+#include <QAccessible>
+#include <QString>
 
 class QWidget;
 

@@ -1,6 +1,7 @@
 // What happens without the focus moving is told to whoever cannot see it.
-#include <QApplication>
 #include <algorithm>
+
+#include <QApplication>
 
 #include "unit/desktop/qt/access/AccessTest.h"
 

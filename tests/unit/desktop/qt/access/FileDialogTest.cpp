@@ -1,9 +1,9 @@
 // The dialog that asks where a PDF file goes, which is the toolkit's own where the desktop has none.
+#include <algorithm>
+
 #include <QApplication>
 #include <QFileDialog>
 #include <QTimer>
-#include <algorithm>
-
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 

@@ -1,5 +1,8 @@
 // Every control can be reached with the keyboard, in the order in which the window is read, and shows that it
 // is there.
+#include <algorithm>
+#include <map>
+
 #include <QAbstractButton>
 #include <QApplication>
 #include <QComboBox>
@@ -7,8 +10,6 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QMenuBar>
-#include <algorithm>
-#include <map>
 
 #include "forms/Form.h"
 #include "unit/desktop/qt/access/AccessTest.h"

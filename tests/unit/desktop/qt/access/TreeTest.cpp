@@ -1,8 +1,9 @@
 // The objects that a screen reader finds: each has a role, a name, and the state of the control behind it.
-#include <QApplication>
-#include <QWidget>
 #include <algorithm>
 #include <map>
+
+#include <QApplication>
+#include <QWidget>
 
 #include "forms/Form.h"
 #include "printmanager/frmPrintManager.h"

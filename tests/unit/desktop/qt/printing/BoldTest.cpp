@@ -1,8 +1,8 @@
-#include <QPainterPath>
-#include <QRawFont>
 #include <string>
 #include <vector>
 
+#include <QPainterPath>
+#include <QRawFont>
 #include <gtest/gtest.h>
 
 #include "desktop/qt/BoldFace.h"

@@ -1,9 +1,9 @@
 // Documents that a printer refuses on their way: part of a batch is worse than none.
-#include <QFile>
-#include <QTemporaryDir>
 #include <cerrno>
 #include <functional>
 
+#include <QFile>
+#include <QTemporaryDir>
 #include <gtest/gtest.h>
 
 #include "base/RuntimeError.h"

@@ -1,8 +1,8 @@
-#include <QImage>
 #include <limits>
 #include <new>
 #include <utility>
 
+#include <QImage>
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 

@@ -1,10 +1,11 @@
 #pragma once
 
+#include <memory>
+
 #include <QFile>
 #include <QImage>
 #include <QPainter>
 #include <QTemporaryDir>
-#include <memory>
 
 #include "desktop/qt/PageDevice.h"
 #include "desktop/qt/PdfDocument.h"

@@ -1,10 +1,10 @@
 #include "desktop/qt/Fonts.h"
 
+#include <limits>
+
 #include <QFontInfo>
 #include <QRawFont>
 #include <QtEndian>
-#include <limits>
-
 #include <gtest/gtest.h>
 
 #include "desktop/qt/GlyphTable.h"

@@ -1,5 +1,8 @@
 #include "desktop/qt/PdfPrinter.h"
 
+#include <csignal>
+#include <functional>
+
 #include <QApplication>
 #include <QDir>
 #include <QFile>
@@ -9,9 +12,6 @@
 #include <QPushButton>
 #include <QTemporaryDir>
 #include <QTimer>
-#include <csignal>
-#include <functional>
-
 #include <gtest/gtest.h>
 #include <sys/resource.h>
 

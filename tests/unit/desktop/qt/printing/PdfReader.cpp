@@ -1,11 +1,11 @@
 #include "unit/desktop/qt/printing/PdfReader.h"
 
+#include <algorithm>
+
 #include <QFile>
 #include <QProcess>
 #include <QRegularExpression>
 #include <QTemporaryDir>
-#include <algorithm>
-
 #include <gtest/gtest.h>
 
 namespace pdf {

@@ -1,11 +1,12 @@
 #pragma once
 
-#include <QImage>
-#include <QString>
-#include <QStringList>
 #include <optional>
 #include <string>
 #include <vector>
+
+#include <QImage>
+#include <QString>
+#include <QStringList>
 
 /// Reads a PDF with poppler's tools, so what a test sees is what another program makes of the file.
 namespace pdf {

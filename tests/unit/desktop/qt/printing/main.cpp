@@ -1,5 +1,4 @@
 #include <QApplication>
-
 #include <gtest/gtest.h>
 
 #include "unit/desktop/cups/PrintServer.h"
