@@ -6,8 +6,8 @@
 #include "base/Numbers.h"
 #include "composition/FormRows.h"
 #include "machine/Platform.h"
-#include "machine/modRegistry.h"
 #include "state/AppState.h"
+#include "state/Settings.h"
 
 namespace composition {
 
@@ -86,8 +86,7 @@ constexpr SizeSetting SizeAboveName = {"AcceptFontSizeNAW1", 9};
 constexpr SizeSetting SizeNameAndAddress = {"AcceptFontSizeNAW2", 10};
 
 double ReadSize(const state::AppState& state, machine::Platform& platform, const SizeSetting& setting) {
-    std::string text = machine::modRegistry(platform.Registry)
-                           .GetRegistryValue(machine::HkeyCurrentUser, state.SettingsKey, setting.name);
+    std::string text = state::LeesInstelling(state, platform.Registry, setting.name);
     std::erase(text, '\0');
     const double points = base::NumericValue(text);
     return points == 0 ? setting.standardPoints : points;

@@ -9,11 +9,11 @@
 #include "base/RuntimeError.h"
 #include "composition/PrinterMeasures.h"
 #include "forms/Desktop.h"
-#include "machine/Registry.h"
 #include "printmanager/ClearAtEnd.h"
 #include "printmanager/DrawingUnlock.h"
 #include "printmanager/PrintCaller.h"
 #include "printmanager/frmPrintManagerLayout.h"
+#include "state/Settings.h"
 
 namespace printmanager {
 
@@ -71,7 +71,7 @@ frmPrintManager::frmPrintManager(forms::Session& session, machine::Platform& pla
       lFormX3(*this, "lFormX3", NoIndex, &pictFakeForm), lFormX4(*this, "lFormX4", NoIndex, &pictFakeForm),
       lFormY1(*this, "lFormY1", NoIndex, &pictFakeForm), lFormY2(*this, "lFormY2", NoIndex, &pictFakeForm),
       lFormY3(*this, "lFormY3", NoIndex, &pictFakeForm), lFormY4(*this, "lFormY4", NoIndex, &pictFakeForm),
-      platform_(platform), state_(state), registry_(platform.Registry) {
+      platform_(platform), state_(state) {
     for (const int index : {1, 2, 3}) {
         cboPrinterSelect.Add(*this, "cboPrinterSelect", index, &pictDetails);
     }
@@ -275,8 +275,7 @@ void frmPrintManager::CloseCheck() {
     }
     strCurrentPrinter = RestoreState.Printer.empty() ? cboPrinterSelect(0).Text() : RestoreState.Printer;
     if (!strCurrentPrinter.empty()) {
-        registry_.SetRegistryValue(machine::HkeyCurrentUser, state_.SettingsKey, "CurrentPrinter",
-                                   strCurrentPrinter);
+        state::SchrijfInstelling(state_, platform_.Registry, "CurrentPrinter", strCurrentPrinter);
     }
     state_.CallerFormName.clear();
     state_.PrintManagerOpen = false;

@@ -20,7 +20,6 @@
 #include "forms/UpDown.h"
 #include "machine/Platform.h"
 #include "machine/Printer.h"
-#include "machine/modRegistry.h"
 #include "printmanager/PaperAndBins.h"
 #include "printmanager/PrinterInfo.h"
 #include "printmanager/PrinterState.h"
@@ -209,11 +208,8 @@ class frmPrintManager : public forms::Form {
     void LogPreparation(const std::string& name);
     void LogPaperAndBin(const std::string& heading);
 
-    std::string ReadSetting(const std::string& name) const;
-
     machine::Platform& platform_;
     state::AppState& state_;
-    machine::modRegistry registry_;
 };
 
 } // namespace printmanager

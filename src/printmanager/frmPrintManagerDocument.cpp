@@ -4,8 +4,9 @@
 #include <string_view>
 
 #include "base/Text.h"
-#include "machine/Registry.h"
+#include "machine/modRegistry.h"
 #include "printmanager/frmPrintManager.h"
+#include "state/Settings.h"
 
 namespace printmanager {
 
@@ -56,8 +57,9 @@ void frmPrintManager::ApplyDocumentSettings(const std::string& title) {
     pictDetails.SetEnabled(false);
 
     const std::string path = state_.SettingsKey + SettingsOfDocuments + KeyOf(title);
+    const machine::modRegistry registry(platform_.Registry);
     const auto read = [&](const char* name) {
-        return registry_.GetRegistryValue(machine::HkeyCurrentUser, path, name);
+        return registry.GetRegistryValue(machine::HkeyCurrentUser, path, name);
     };
     const std::string printer = read("Printer");
     const std::string orientation = read("Orientatie");
@@ -84,7 +86,7 @@ void frmPrintManager::ApplyDocumentSettings(const std::string& title) {
     }
     SelectText(cboPrinterSelect(1), paper);
     SelectText(cboPrinterSelect(2), bin);
-    chkMatrixPrinter.SetValue(matrix == "1");
+    chkMatrixPrinter.SetValue(state::IsAan(matrix));
     pictDetails.SetEnabled(true);
     Desktop().HourglassOff();
 }

@@ -4,9 +4,9 @@
 #include "base/Numbers.h"
 #include "base/RuntimeError.h"
 #include "forms/Desktop.h"
-#include "machine/Registry.h"
 #include "printmanager/frmPrintManager.h"
 #include "printmanager/frmPrintManagerLayout.h"
+#include "state/Settings.h"
 
 namespace printmanager {
 
@@ -32,9 +32,10 @@ void frmPrintManager::OnLoad() {
 void frmPrintManager::FillForm() {
     ShowNoConnection();
     FillDocuments();
-    strCurrentPrinter = ReadSetting("CurrentPrinter");
+    strCurrentPrinter = state::LeesInstelling(state_, platform_.Registry, "CurrentPrinter");
     RestoreState.Printer = strCurrentPrinter;
-    blnUseSpecific = ReadSetting("UseSpecificPrinterSettings") == "1";
+    blnUseSpecific =
+        state::IsAan(state::LeesInstelling(state_, platform_.Registry, "UseSpecificPrinterSettings"));
     pictError.SetVisible(false);
     platform_.Printers.Refresh();
     if (platform_.Printers.Count() == 0) {
@@ -110,10 +111,6 @@ void frmPrintManager::FillPrinterCombo() {
     if (printers.ListIndex() == -1) {
         printers.SetListIndex(systemDefault);
     }
-}
-
-std::string frmPrintManager::ReadSetting(const std::string& name) const {
-    return registry_.GetRegistryValue(machine::HkeyCurrentUser, state_.SettingsKey, name);
 }
 
 } // namespace printmanager

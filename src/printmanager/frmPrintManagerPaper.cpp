@@ -7,12 +7,13 @@
 #include "base/RuntimeError.h"
 #include "base/Text.h"
 #include "forms/Desktop.h"
-#include "machine/Registry.h"
+#include "machine/Printer.h"
 #include "machine/Spooler.h"
 #include "printmanager/ClearAtEnd.h"
 #include "printmanager/DevModeField.h"
 #include "printmanager/PrintLog.h"
 #include "printmanager/frmPrintManager.h"
+#include "state/Settings.h"
 
 namespace printmanager {
 
@@ -146,8 +147,7 @@ bool frmPrintManager::PreparePass(const std::string& name, bool logging) {
             WriteLogLine(platform_, "Printer gevonden -> " + platform_.Printer.DeviceName());
         }
         const bool matrix = chkMatrixPrinter.Value();
-        registry_.SetRegistryValue(machine::HkeyCurrentUser, state_.SettingsKey, "MatrixPrinter",
-                                   matrix ? "1" : "0");
+        state::SchrijfInstelling(state_, platform_.Registry, "MatrixPrinter", matrix ? "1" : "0");
         state_.MatrixPrinter = matrix;
     }
     if (logging) {

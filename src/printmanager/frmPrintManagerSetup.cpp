@@ -4,7 +4,7 @@
 
 #include "base/Numbers.h"
 #include "forms/Desktop.h"
-#include "machine/modRegistry.h"
+#include "state/Settings.h"
 
 namespace printmanager {
 
@@ -41,8 +41,7 @@ void frmPrintManagerSetup::cmdOK_Click() {
         return;
     }
     const std::string text = base::NumberText(value);
-    machine::modRegistry(platform_.Registry)
-        .SetRegistryValue(machine::HkeyCurrentUser, state_.SettingsKey, "PrinterInit", text);
+    state::SchrijfInstelling(state_, platform_.Registry, "PrinterInit", text);
     state_.PrinterInit = base::Int32OfText(text);
     tell("De initialisatiewaarde is ingesteld.");
     Unload();

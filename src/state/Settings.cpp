@@ -61,6 +61,16 @@ std::string LeesInstelling(const AppState& state, machine::Registry& registry, s
                                                            std::string(name));
 }
 
+void SchrijfInstelling(const AppState& state, machine::Registry& registry, std::string_view name,
+                       const std::string& tekst) {
+    machine::modRegistry(registry).SetRegistryValue(machine::HkeyCurrentUser, state.SettingsKey,
+                                                    std::string(name), tekst);
+}
+
+bool IsAan(std::string_view tekst) {
+    return tekst == "1";
+}
+
 std::int16_t GetalInstelling(const std::string& tekst) {
     std::int16_t getal = 0;
     base::Resume([&] { getal = base::Int16OfText(tekst); });
@@ -74,7 +84,7 @@ void LaadInstellingen(AppState& state, machine::Registry& registry, bool metInca
         for (const CreditorKey& creditor : CreditorKeys) {
             state.*creditor.Field = text::Trim(read(creditor.Name));
         }
-        state.IncassantAfdrukken = read("IncassantAfdrukken") == "1";
+        state.IncassantAfdrukken = IsAan(read("IncassantAfdrukken"));
     }
     for (std::size_t place = 0; place < Places; ++place) {
         state.OCRLinks[place] = read(Key("OCR", "Links", place));

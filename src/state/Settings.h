@@ -21,6 +21,13 @@ void LaadInstellingen(AppState& state, machine::Registry& registry, bool metInca
 /// Text of a value under the key of all settings; empty if it is missing.
 std::string LeesInstelling(const AppState& state, machine::Registry& registry, std::string_view name);
 
+/// Writes a value under the key of all settings; nobody is told where that fails.
+void SchrijfInstelling(const AppState& state, machine::Registry& registry, std::string_view name,
+                       const std::string& tekst);
+
+/// True for a setting that is on: "1" is, any other text is not.
+bool IsAan(std::string_view tekst);
+
 /// The whole number that a setting holds. What does not fit 16 bits counts as 0.
 std::int16_t GetalInstelling(const std::string& tekst);
 

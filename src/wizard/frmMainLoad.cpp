@@ -6,7 +6,6 @@
 #include "composition/PrinterMeasures.h"
 #include "machine/Locale.h"
 #include "machine/Printer.h"
-#include "machine/modRegistry.h"
 #include "payment/Accounts.h"
 #include "state/ContractTexts.h"
 #include "state/Settings.h"
@@ -24,20 +23,12 @@ constexpr double SampleSize = 12;
 constexpr const char* DefaultFontSize = "12";
 constexpr double LargestFontSize = 48;
 
-bool IsOn(const std::string& setting) {
-    return setting == "1";
-}
-
 } // namespace
 
 void frmMain::OnLoad() {
     machine::Registry& registry = platform_.Registry;
     const auto read = [&](const char* name) { return state::LeesInstelling(state_, registry, name); };
     const auto readTrimmed = [&](const char* name) { return std::string(base::text::Trim(read(name))); };
-    const auto write = [&](const char* name, const char* value) {
-        machine::modRegistry(registry).SetRegistryValue(machine::HkeyCurrentUser, state_.SettingsKey, name,
-                                                        value);
-    };
 
     // Some drivers only report true measures once they have been asked for their settings.
     Resume([&] { platform_.Printers.Count(); });
@@ -51,7 +42,7 @@ void frmMain::OnLoad() {
 
     // The stored orientation has no effect on a run: the print manager alone chooses it.
     if (state::GetalInstelling(read("PrinterOrientation")) == 0) {
-        write("PrinterOrientation", "1");
+        state::SchrijfInstelling(state_, registry, "PrinterOrientation", "1");
     }
     state_.PrinterOrientation = 1;
 
@@ -69,12 +60,12 @@ void frmMain::OnLoad() {
     state_.GMUCode = readTrimmed("GMUCode");
     state_.GMUServiceNr = read("GMUServiceNr");
     if (read("GMUFontSize").empty()) {
-        write("GMUFontSize", DefaultFontSize);
+        state::SchrijfInstelling(state_, registry, "GMUFontSize", DefaultFontSize);
     }
     LeesGMUFontSize();
-    state_.GMUVerkeer = IsOn(read("GMUVerkeer"));
+    state_.GMUVerkeer = state::IsAan(read("GMUVerkeer"));
     state_.OverrulePaperSize =
-        read("UseSpecificPrinterSettings") == "0" && IsOn(read("PrinterOverrulePaperSize"));
+        read("UseSpecificPrinterSettings") == "0" && state::IsAan(read("PrinterOverrulePaperSize"));
     if (state_.GMUFontName.empty()) {
         state_.GMUFontName = "Tahoma";
     }
@@ -93,7 +84,7 @@ void frmMain::OnLoad() {
 
     state_.PersonTable = &testdata::PersonTable();
     state_.AccountTable = &testdata::AccountTable();
-    state_.MatrixPrinter = IsOn(read("MatrixPrinter"));
+    state_.MatrixPrinter = state::IsAan(read("MatrixPrinter"));
     state_.ListFontName = "Tahoma";
     Desktop().HourglassOff();
 }
