@@ -9,6 +9,7 @@
 #include "composition/TestFormRun.h"
 #include "forms/Desktop.h"
 #include "machine/Platform.h"
+#include "machine/Printer.h"
 #include "state/AppState.h"
 #include "state/Settings.h"
 
@@ -18,9 +19,6 @@ using base::Resume;
 
 namespace {
 
-constexpr std::int16_t PaperLegal = 5;
-constexpr std::int16_t PreviewOpen = 0;
-constexpr std::int16_t PreviewClose = 1;
 constexpr std::int16_t AllDone = 100; ///< percent
 
 /// The printable area begins at the offset, so the corner of the paper lies before it.
@@ -36,11 +34,11 @@ void ComposeDocument(state::AppState& state, machine::Platform& platform, Printe
     state::LaadInstellingen(state, platform.Registry, false);
 
     if (job.blnPrintPreview) {
-        Resume([&] { host.OpenPreview(PreviewOpen); });
+        Resume([&] { host.OpenPreview(FaseOpen); });
     } else {
         Resume([&] { OpenPrinter(state, platform, printer); });
         if (!state.MatrixPrinter && state.OverrulePaperSize) {
-            Resume([&] { SurfaceOf(state).SetPaperSize(PaperLegal); });
+            Resume([&] { SurfaceOf(state).SetPaperSize(machine::PaperLegal); });
         }
     }
 
@@ -74,7 +72,7 @@ void ComposeDocument(state::AppState& state, machine::Platform& platform, Printe
     Resume([&] { SurfaceOf(state).EndDoc(); });
     if (job.blnPrintPreview) {
         Resume([&] { host.ShowPreview(); });
-        Resume([&] { host.OpenPreview(PreviewClose); });
+        Resume([&] { host.OpenPreview(FaseClose); });
     }
     Resume([&] { platform.Desktop.HourglassOff(); });
 }

@@ -15,7 +15,6 @@ namespace composition {
 
 namespace {
 
-constexpr std::int32_t LastRow = 248;
 constexpr std::int16_t NumberWidth = 3;
 constexpr std::int16_t LinesKeptFree = 3;
 
@@ -50,7 +49,7 @@ void PrintNameList(const state::AppState& state) {
 
     testdata::Person person;
     std::string name;
-    for (std::int32_t row = 0; row <= LastRow; ++row) {
+    for (std::int32_t row = 0; row <= testdata::LastRij; ++row) {
         base::Resume([&] { testdata::SplitPerson((*state.PersonTable)[row], person); });
         name = payment::NulVulling(row + 1, NumberWidth);
         name.append(" : ").append(person.naam).append(" ").append(person.partner);

@@ -23,7 +23,6 @@ using base::Resume;
 
 namespace {
 
-constexpr std::int32_t LastRij = 248;
 constexpr std::string_view Soort = "1";
 
 /// Tops of the forms on the stationery. The three of a sheet do not stand at one pitch.
@@ -49,7 +48,7 @@ void TestFormRun::Print(std::int32_t aantal, std::int16_t copies) {
         Resume([&] {
             host_.UpdatePercentage(base::ToInt16(static_cast<double>(draw_.Volgnummer) / aantal * 100));
         });
-        draw_.Rij = draw_.Rij < LastRij ? draw_.Rij + 1 : 0;
+        draw_.Rij = draw_.Rij < testdata::LastRij ? draw_.Rij + 1 : 0;
     }
 }
 

@@ -43,6 +43,13 @@ class Printers {
     virtual void Refresh() {}
 };
 
+// How a document lies on its sheet: values of dmOrientation.
+inline constexpr std::int16_t Portrait = 1;
+inline constexpr std::int16_t Landscape = 2;
+
+/// Code of the paper that a run may force.
+inline constexpr std::int16_t PaperLegal = 5;
+
 /// Items of GetDeviceCaps, by their Windows numbers.
 inline constexpr int CapsLogPixelsX = 88;
 inline constexpr int CapsLogPixelsY = 90;
@@ -62,7 +69,7 @@ class Printer {
     virtual std::string DeviceName() = 0;
     virtual std::string Port() = 0;
 
-    /// 1 portrait, 2 landscape.
+    /// Portrait or Landscape.
     virtual std::int16_t Orientation() = 0;
     virtual void SetOrientation(std::int16_t orientation) = 0;
     /// The platform's paper code (DMPAPER_...; 9 is A4).

@@ -3,6 +3,7 @@
 #include "base/Numbers.h"
 #include "base/Text.h"
 #include "payment/CheckDigits.h"
+#include "state/ContractTexts.h"
 
 namespace payment {
 
@@ -66,8 +67,7 @@ void MakeOcrLine(const OcrValues& values, OcrLine& line) {
     MakeReference(values.kenmerk, line.reference);
     MakeAmount(values.euro, values.cent, line.amount);
     MakeClosed(values.bic, line.bic);
-    MakeClosed(values.contractVorm == ContractWithoutAccount ? std::string_view() : values.rekening,
-               line.account);
+    MakeClosed(values.contractVorm == state::ContractB ? std::string_view() : values.rekening, line.account);
     MakeGroups(line.reference, line.groupedReference);
 }
 

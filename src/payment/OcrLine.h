@@ -14,6 +14,7 @@ struct OcrValues {
     std::string_view cent;     ///< one or two digits; "5" counts as "50"
     std::string_view rekening; ///< the creditor's account as stored, or empty
     std::string_view bic;      ///< the creditor's BIC, or empty
+    /// Under state::ContractB the bank's reader is given no account.
     std::int16_t contractVorm = 0;
 };
 
@@ -48,8 +49,5 @@ inline constexpr std::array<OcrField, 6> OcrFields = {{
     {14.37, &OcrLine::account},
     {19.48, &OcrLine::trailer},
 }};
-
-/// The contract form under which the bank's reader is given no account.
-inline constexpr std::int16_t ContractWithoutAccount = 2;
 
 } // namespace payment

@@ -5,18 +5,12 @@
 #include "base/Numbers.h"
 #include "composition/OpenPrinter.h"
 #include "composition/PrintSurface.h"
+#include "composition/RunHost.h"
 #include "forms/Session.h"
 #include "preview/frmPrintPreview.h"
 #include "preview/frmPrintPreviewGhost.h"
 
 namespace preview {
-
-namespace {
-
-constexpr std::int16_t FaseOpen = 0;
-constexpr std::int16_t FaseClose = 1;
-
-} // namespace
 
 /// Each form knows the other.
 struct PrintPreview::Forms {
@@ -43,9 +37,9 @@ PrintPreview::~PrintPreview() {
 }
 
 void PrintPreview::OpenPreview(std::int16_t fase) {
-    if (fase == FaseOpen) {
+    if (fase == composition::FaseOpen) {
         Open();
-    } else if (fase == FaseClose) {
+    } else if (fase == composition::FaseClose) {
         Close();
     }
 }

@@ -28,9 +28,9 @@ class PrintPreview {
     PrintPreview(const PrintPreview&) = delete;
     PrintPreview& operator=(const PrintPreview&) = delete;
 
-    /// 0 opens: the page of the preview becomes AppState.Surface, in the list font at size 8. 1 closes: both
-    /// forms go and there is no surface. Any other value does nothing. RuntimeError if the page cannot be
-    /// made.
+    /// FaseOpen: the page of the preview becomes AppState.Surface, in the list font at size 8. FaseClose:
+    /// both forms go and there is no surface. Any other value does nothing. RuntimeError if the page cannot
+    /// be made.
     void OpenPreview(std::int16_t fase);
 
     /// Shows the window until the user leaves it. Nothing happens if there is no preview.

@@ -20,8 +20,6 @@ namespace printmanager {
 namespace {
 
 constexpr int NoIndex = forms::Control::NoIndex;
-constexpr std::int16_t Portrait = 1;
-constexpr std::int16_t Landscape = 2;
 constexpr std::int32_t LeftMarginPortrait = 450;
 constexpr std::int32_t LeftMarginLandscape = 175;
 /// A document whose title holds this word is landscape whatever the user has chosen.
@@ -143,11 +141,11 @@ bool frmPrintManager::PrepareRun(bool preview, Job& job, std::int16_t& orientati
     orientation = static_cast<std::int16_t>(cboPrinterSelect(3).ListIndex() + 1);
     state_.PrinterOrientation = orientation;
     if (job.Title.find(LandscapeTitle) != std::string::npos) {
-        state_.PrinterOrientation = Landscape;
+        state_.PrinterOrientation = machine::Landscape;
     }
-    if (state_.PrinterOrientation == Portrait) {
+    if (state_.PrinterOrientation == machine::Portrait) {
         state_.LeftMargin = LeftMarginPortrait;
-    } else if (state_.PrinterOrientation == Landscape) {
+    } else if (state_.PrinterOrientation == machine::Landscape) {
         state_.LeftMargin = LeftMarginLandscape;
     }
     composition::LeesPrinterMaten(state_, platform_);

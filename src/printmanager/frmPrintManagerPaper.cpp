@@ -24,7 +24,6 @@ constexpr std::int32_t RepeatAbove = 1000;
 constexpr std::int32_t LogAbove = 1001;
 constexpr std::int32_t RepeatAgainAbove = 2000;
 
-constexpr std::int16_t LandscapeInDefaults = 2;
 constexpr int StandingPosition = 0;
 constexpr int LyingPosition = 1;
 
@@ -81,7 +80,7 @@ void frmPrintManager::LoadPrinterLists(const std::string& name, bool& failed) {
     iBinIds = lists.BinIds;
     FillCombo(cboPrinterSelect(2), lists.BinNames, iBinIds, lists.CurrentBin);
     const std::int16_t orientation = GetDevModeField(platform_.Spooler, printer, machine::DM_ORIENTATION);
-    cboPrinterSelect(3).SetListIndex(orientation == LandscapeInDefaults ? LyingPosition : StandingPosition);
+    cboPrinterSelect(3).SetListIndex(orientation == machine::Landscape ? LyingPosition : StandingPosition);
 }
 
 bool frmPrintManager::AssignPrinter(const std::string& name) {

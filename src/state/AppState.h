@@ -91,7 +91,7 @@ struct AppState {
     /// Unprintable margin of the printer, in 1400ths of an inch.
     std::int32_t PhysicalOffsetX = 0;
     std::int32_t PhysicalOffsetY = 0;
-    /// 1 portrait, 2 landscape, 0 leaves the printer as it is.
+    /// machine::Portrait or Landscape; 0 leaves the printer as it is.
     std::int16_t PrinterOrientation = 0;
     base::Boolean MatrixPrinter;
     /// Left margin of the list documents.

@@ -1,5 +1,7 @@
 #pragma once
 
+#include <cstdint>
+
 #include "base/TextTable.h"
 
 // The tables of the test documents. Their rows are part of the executable: they cost no time at start-up and
@@ -14,5 +16,8 @@ const base::TextTable& AccountTable();
 /// The made-up persons, rows 0 to 249 of the indexes 0 to 250. A row has 148 characters: name (80), postcode
 /// (7), a blank, street and house number (50), place (10).
 const base::TextTable& PersonTable();
+
+/// The last row of the persons that a run and the name list go to.
+inline constexpr std::int32_t LastRij = 248;
 
 } // namespace testdata

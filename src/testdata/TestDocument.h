@@ -27,7 +27,7 @@ struct TestDocument : Person {
 /// How far a run has come. It starts as it stands here, and its caller moves `Rij` on.
 struct DrawState {
     std::int32_t Volgnummer = 0; ///< forms drawn so far
-    std::int32_t Rij = 0;        ///< index of the run's loop, 0 to 248 over and over
+    std::int32_t Rij = 0;        ///< index of the run's loop, 0 to LastRij over and over
     std::int16_t LeegTeller = 0; ///< forms since the last one without an account
     std::string_view personRow;  ///< the row last taken, which stays where the table has no further one
 };

@@ -44,7 +44,7 @@ void frmMain::OnLoad() {
     if (state::GetalInstelling(read("PrinterOrientation")) == 0) {
         state::SchrijfInstelling(state_, registry, "PrinterOrientation", "1");
     }
-    state_.PrinterOrientation = 1;
+    state_.PrinterOrientation = machine::Portrait;
 
     state_.LeftMargin = 100;
     state_.TwipsPerCm = 567;

@@ -3,10 +3,13 @@
 #include <cstdint>
 #include <string_view>
 
+#include "machine/Printer.h"
+
 namespace desktop::cups {
 
+using machine::PaperLegal;
+
 inline constexpr std::int16_t PaperLetter = 1;
-inline constexpr std::int16_t PaperLegal = 5;
 inline constexpr std::int16_t PaperA4 = 9;
 inline constexpr std::int16_t PaperA5 = 11;
 

@@ -6,6 +6,8 @@
 #include <string_view>
 #include <vector>
 
+#include "machine/Printer.h"
+
 namespace desktop::cups {
 
 /// A paper that a queue offers. Lengths are twips; the margins are the strips of an upright sheet that the
@@ -34,8 +36,8 @@ struct Bin {
     bool StandIn = false;  ///< what the printer takes by itself: no option names it
 };
 
-inline constexpr std::int16_t Portrait = 1;
-inline constexpr std::int16_t Landscape = 2;
+using machine::Landscape;
+using machine::Portrait;
 
 /// What is set for a queue once and for all documents.
 struct QueueSettings {

@@ -125,7 +125,7 @@ QJsonArray DrawDocuments(const machine::Clock& clock, int count) {
     QJsonArray documents;
     for (int i = 0; i < count; ++i) {
         testdata::DrawTestDocument(draw, {chance, clock}, document);
-        draw.Rij = draw.Rij < 248 ? draw.Rij + 1 : 0;
+        draw.Rij = draw.Rij < testdata::LastRij ? draw.Rij + 1 : 0;
         documents.append(QJsonObject{{"naam", TextOf(document.naam)},
                                      {"partner", TextOf(document.partner)},
                                      {"adres", TextOf(document.adres)},
