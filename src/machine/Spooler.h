@@ -65,9 +65,20 @@ inline constexpr std::uint16_t DC_BINS = 6;
 inline constexpr std::uint16_t DC_BINNAMES = 12;
 inline constexpr std::uint16_t DC_PAPERNAMES = 16;
 
-// What a name takes in the lists of names.
+// Width of a name in the lists of DC_PAPERNAMES and DC_BINNAMES, in bytes.
 inline constexpr std::size_t PaperNameBytes = 64;
 inline constexpr std::size_t BinNameBytes = 24;
+
+// What is believed of a driver. Some write more than they have told, or tell more at the next call, so each
+// buffer of theirs has room to spare behind it.
+
+/// Bytes of data. A driver's settings take 128 KB at most; a larger number is an error of the driver and not
+/// worth the memory.
+inline constexpr std::size_t MostDriverBytes = 16U << 20U;
+inline constexpr std::size_t SpareDriverBytes = 128;
+/// Entries of a list, whose positions are 16-bit numbers.
+inline constexpr std::size_t MostDriverEntries = 32767;
+inline constexpr std::size_t SpareDriverEntries = 1024;
 
 /// What the spooler knows of a printer. The texts are pointers into the buffer that was filled, in the
 /// machine's code page. An actual buffer is larger than this record.
@@ -144,8 +155,8 @@ class Spooler {
                              std::uint32_t command) = 0;
 
     /// Number of papers or bins; with `output` also their data: DC_PAPERS and DC_BINS one 16-bit number each,
-    /// DC_PAPERSIZE two 32-bit numbers each (tenths of a millimetre), DC_PAPERNAMES and DC_BINNAMES as many
-    /// bytes each as a name takes, not NUL-closed when the name fills them. -1 is failure.
+    /// DC_PAPERSIZE two 32-bit numbers each (tenths of a millimetre), DC_PAPERNAMES and
+    /// DC_BINNAMES a name each, not NUL-closed when it fills its room. -1 is failure.
     virtual std::int32_t DeviceCapabilitiesA(const std::string& printer, const std::string& port,
                                              std::uint16_t capability, void* output) = 0;
 };

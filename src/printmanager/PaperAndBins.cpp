@@ -12,14 +12,8 @@ namespace printmanager {
 
 namespace {
 
-/// A list's positions are 16-bit numbers.
-constexpr std::size_t MostEntries = 32767;
-constexpr std::size_t EntriesBehind = 1024;
-constexpr std::size_t PaperNameBytes = 64;
-constexpr std::size_t BinNameBytes = 24;
-
 /// The driver's answers for one printer. The driver knows no size of a buffer and may tell more at one call
-/// than at the one before, so each buffer has room for 1024 entries more than it told.
+/// than at the one before.
 class Capabilities {
   public:
     Capabilities(machine::Spooler& spooler, const machine::PrinterEntry& printer)
@@ -28,7 +22,7 @@ class Capabilities {
     /// Number of entries, at least one.
     std::size_t Count(std::uint16_t capability) const {
         const std::int32_t count = Ask(capability, nullptr);
-        if (count < 1 || static_cast<std::size_t>(count) > MostEntries) {
+        if (count < 1 || static_cast<std::size_t>(count) > machine::MostDriverEntries) {
             throw base::SubscriptOutOfRange();
         }
         return static_cast<std::size_t>(count);
@@ -37,7 +31,7 @@ class Capabilities {
     /// `count` values; `returned` is the number that the driver told with them.
     template <class Value>
     std::vector<Value> Read(std::uint16_t capability, std::size_t count, std::int32_t& returned) const {
-        std::vector<Value> values(count + EntriesBehind);
+        std::vector<Value> values(count + machine::SpareDriverEntries);
         returned = Ask(capability, values.data());
         values.resize(count);
         return values;
@@ -50,7 +44,7 @@ class Capabilities {
         if (told < 0 || static_cast<std::size_t>(told) > count) {
             throw base::SubscriptOutOfRange();
         }
-        std::string text((count + EntriesBehind) * width, '\0');
+        std::string text((count + machine::SpareDriverEntries) * width, '\0');
         Ask(capability, text.data());
         std::vector<std::string> names(count);
         for (std::size_t i = 0; i < static_cast<std::size_t>(told); ++i) {
@@ -81,12 +75,12 @@ void ReadLists(machine::Platform& platform, const std::string& printer, PaperAnd
 
     const std::size_t papers = driver.Count(machine::DC_PAPERNAMES);
     lists.PaperIds = driver.Read<std::int16_t>(machine::DC_PAPERS, papers, told);
-    lists.PaperNames = driver.ReadNames(machine::DC_PAPERNAMES, PaperNameBytes, papers, told);
+    lists.PaperNames = driver.ReadNames(machine::DC_PAPERNAMES, machine::PaperNameBytes, papers, told);
     lists.PaperSizes = driver.Read<PaperDimensions>(machine::DC_PAPERSIZE, papers, told);
 
     const std::size_t bins = driver.Count(machine::DC_BINS);
     lists.BinIds = driver.Read<std::int16_t>(machine::DC_BINS, bins, told);
-    lists.BinNames = driver.ReadNames(machine::DC_BINNAMES, BinNameBytes, bins, told);
+    lists.BinNames = driver.ReadNames(machine::DC_BINNAMES, machine::BinNameBytes, bins, told);
 
     lists.CurrentPaper = GetDevModeField(platform.Spooler, printer, machine::DM_PAPERSIZE);
     lists.CurrentBin = GetDevModeField(platform.Spooler, printer, machine::DM_DEFAULTSOURCE);

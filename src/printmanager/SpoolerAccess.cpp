@@ -6,15 +6,6 @@
 
 namespace printmanager {
 
-namespace {
-
-constexpr std::uint64_t BytesBehind = 128;
-/// Settings of a driver take 128 KB at most; a larger number is an error of the driver and not worth the
-/// memory.
-constexpr std::uint64_t MostBytes = 16U << 20U;
-
-} // namespace
-
 machine::PrinterHandle OpenForDefaults(machine::Spooler& spooler, const std::string& printer) {
     const machine::PRINTER_DEFAULTS defaults{nullptr, nullptr, machine::PrinterAccessUse};
     machine::PrinterHandle handle = 0;
@@ -22,11 +13,11 @@ machine::PrinterHandle OpenForDefaults(machine::Spooler& spooler, const std::str
 }
 
 std::vector<std::byte> SpoolerBuffer(std::uint64_t reported) {
-    if (reported > MostBytes) {
+    if (reported > machine::MostDriverBytes) {
         throw base::OutOfMemory();
     }
     const std::uint64_t size =
-        std::max<std::uint64_t>(reported + BytesBehind, sizeof(machine::PRINTER_INFO_2));
+        std::max<std::uint64_t>(reported + machine::SpareDriverBytes, sizeof(machine::PRINTER_INFO_2));
     return std::vector<std::byte>(static_cast<std::size_t>(size));
 }
 

@@ -33,8 +33,7 @@ class OpenedPrinter {
     machine::PrinterHandle handle_;
 };
 
-/// Room for data of a reported size, in bytes. Some drivers write more than they report: 128 bytes stand
-/// behind it. RuntimeError for a size that no driver can mean.
+/// Room for data of a reported size, in bytes, and to spare. RuntimeError for a size that no driver can mean.
 std::vector<std::byte> SpoolerBuffer(std::uint64_t reported);
 
 } // namespace printmanager

@@ -16,8 +16,6 @@ namespace {
 constexpr std::uint32_t InfoLevel = 2;
 constexpr std::int32_t Succeeded = 1;
 constexpr std::int32_t Failed = -1;
-constexpr std::size_t PaperNameBytes = 64;
-constexpr std::size_t BinNameBytes = 24;
 constexpr double TwipsPerTenthMillimetre = 1440.0 / 254.0;
 constexpr std::uint16_t DevModeVersion = 0x0401;
 
@@ -264,11 +262,11 @@ std::int32_t CupsSpooler::DeviceCapabilitiesA(const std::string& printer, const 
     case machine::DC_PAPERSIZE:
         return List(output, queue->Papers(), PutPaperSize{});
     case machine::DC_PAPERNAMES:
-        return ListNames(output, queue->Papers(), PaperNameBytes);
+        return ListNames(output, queue->Papers(), machine::PaperNameBytes);
     case machine::DC_BINS:
         return List(output, queue->Bins(), PutId{});
     case machine::DC_BINNAMES:
-        return ListNames(output, queue->Bins(), BinNameBytes);
+        return ListNames(output, queue->Bins(), machine::BinNameBytes);
     default:
         return Failed;
     }

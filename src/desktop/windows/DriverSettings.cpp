@@ -12,13 +12,8 @@ namespace desktop::windows {
 
 namespace {
 
-/// Settings with a driver's own data take 128 KB at most, in bytes. Some drivers write more than they report.
-constexpr LONG LargestSettings = 16 << 20;
-constexpr std::size_t BytesBehind = 128;
-
-/// A list's positions are 16-bit numbers.
-constexpr int MostOffered = 32767;
-constexpr std::size_t EntriesBehind = 1024;
+constexpr LONG LargestSettings = machine::MostDriverBytes;
+constexpr int MostOffered = machine::MostDriverEntries;
 
 constexpr const char* NoSettings = "De printer geeft zijn instellingen niet.";
 
@@ -44,7 +39,8 @@ std::vector<std::byte> Exchange(std::wstring printer, const std::vector<std::byt
         throw base::RuntimeError(base::ErrorPrinter, NoSettings);
     }
     // Never smaller than the record as we read it, also where an old driver's is shorter.
-    std::vector<std::byte> output(std::max(static_cast<std::size_t>(size), sizeof(DEVMODEW)) + BytesBehind);
+    std::vector<std::byte> output(std::max(static_cast<std::size_t>(size), sizeof(DEVMODEW)) +
+                                  machine::SpareDriverBytes);
     std::vector<std::byte> given = input ? *input : std::vector<std::byte>();
     const LONG done = ::DocumentPropertiesW(nullptr, opened.Get(), printer.data(),
                                             reinterpret_cast<DEVMODEW*>(output.data()),
@@ -91,7 +87,7 @@ std::vector<short> DriverSettings::Offered(WORD capability) const {
         return {};
     }
     // The driver knows no size of the list and may tell more now than at the call before.
-    std::vector<WORD> told(static_cast<std::size_t>(count) + EntriesBehind);
+    std::vector<WORD> told(static_cast<std::size_t>(count) + machine::SpareDriverEntries);
     const int filled = ask(told.data());
     told.resize(static_cast<std::size_t>(std::clamp(filled, 0, count)));
     return {told.begin(), told.end()};

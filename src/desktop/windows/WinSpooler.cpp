@@ -18,7 +18,7 @@ constexpr std::uint32_t LevelOfInfo = 2;
 constexpr std::int32_t Failed = -1;
 
 /// No description of a printer is larger, in bytes.
-constexpr DWORD LargestInfo = 16U << 20U;
+constexpr DWORD LargestInfo = machine::MostDriverBytes;
 
 ::HANDLE HandleOf(machine::PrinterHandle handle) {
     return reinterpret_cast<::HANDLE>(handle); // NOLINT(performance-no-int-to-ptr): handles travel as numbers
@@ -59,9 +59,9 @@ std::vector<std::byte> PresentInfo(::HANDLE printer) {
 
 /// Bytes of a name in the lists that a driver answers; 0 if the capability is no list of names.
 std::size_t NameBytes(std::uint16_t capability) {
-    constexpr std::size_t ofBin = 24;
-    constexpr std::size_t ofPaper = 64;
-    return capability == DC_BINNAMES ? ofBin : capability == DC_PAPERNAMES ? ofPaper : 0;
+    return capability == DC_BINNAMES     ? machine::BinNameBytes
+           : capability == DC_PAPERNAMES ? machine::PaperNameBytes
+                                         : 0;
 }
 
 /// Each name in its field; a name that fills it has no closing NUL.
