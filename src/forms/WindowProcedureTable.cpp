@@ -3,12 +3,13 @@
 #include <algorithm>
 #include <limits>
 
+#include "forms/DesignScreen.h"
+
 namespace forms {
 
 namespace {
 
 constexpr int HighWordBits = 16;
-constexpr double TwipsPerDot = 15;
 
 /// The toolkit does itself what a window procedure would do.
 std::intptr_t WINDOW_CALL DefaultProcedure(machine::WindowHandle /*hWnd*/, std::int32_t /*uMsg*/,
@@ -71,7 +72,7 @@ WindowSize WindowProcedureTable::BoundedSize(machine::WindowHandle hWnd, const W
     bounds.ptMaxTrackSize = {any, any};
     bounds = AskBounds(hWnd, bounds);
     const auto within = [](double twips, std::int32_t least, std::int32_t most) {
-        return std::max(least * TwipsPerDot, std::min(twips, most * TwipsPerDot));
+        return std::max(least * TwipsPerDesignDot, std::min(twips, most * TwipsPerDesignDot));
     };
     return {within(wanted.Width, bounds.ptMinTrackSize.x, bounds.ptMaxTrackSize.x),
             within(wanted.Height, bounds.ptMinTrackSize.y, bounds.ptMaxTrackSize.y)};

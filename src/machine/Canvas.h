@@ -21,6 +21,9 @@ struct TextSize {
     double Height = 0;
 };
 
+/// Largest size in points that a font is drawn and measured at; font files cannot be scaled much further.
+inline constexpr double LargestDrawnPoints = 600;
+
 /// What a page is drawn on: paper, a preview bitmap, or a record of the calls. All lengths are twips (1440 to
 /// the inch) from the top left of the printable area, y downward; a text stands with its top left corner at
 /// (x, y). A font that the machine lacks is replaced, and measured as it is drawn. The document begins with

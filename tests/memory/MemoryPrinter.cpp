@@ -1,14 +1,16 @@
 #include "memory/MemoryPrinter.h"
 
 #include "base/RuntimeError.h"
+#include "base/Units.h"
 
 namespace memory {
 
 namespace {
+using base::TwipsPerInch;
+using machine::Landscape;
+using machine::Portrait;
+
 constexpr double OwnFontSize = 12;
-constexpr double TwipsPerInch = 1440;
-constexpr std::int16_t Portrait = 1;
-constexpr std::int16_t Landscape = 2;
 } // namespace
 
 PrintQueue& MemoryPrinter::Current() {

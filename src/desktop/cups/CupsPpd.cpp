@@ -8,6 +8,7 @@
 #include <cups/ppd.h>
 #include <cups/pwg.h>
 
+#include "base/Units.h"
 #include "desktop/cups/MediaWording.h"
 #include "desktop/cups/PageOptions.h"
 #include "desktop/cups/PaperTable.h"
@@ -20,7 +21,7 @@ namespace desktop::cups {
 
 namespace {
 
-constexpr double TwipsPerPoint = 20;
+using base::TwipsPerPoint;
 
 struct ClosePpd {
     void operator()(ppd_file_t* ppd) const { ppdClose(ppd); }

@@ -4,11 +4,9 @@
 #include <vector>
 
 #include "desktop/cups/PrintQueue.h"
+#include "desktop/cups/SheetSize.h"
 
 namespace desktop::cups {
-
-/// The longest side of a sheet in twips: 200 inches, as of a PDF's page.
-inline constexpr double LongestSide = 200 * 1440;
 
 inline bool IsPossibleSide(double length) {
     return length > 0 && length <= LongestSide;

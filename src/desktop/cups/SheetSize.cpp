@@ -10,10 +10,8 @@ namespace desktop::cups {
 
 namespace {
 
-constexpr double TwipsPerMillimetre = 1440 / 25.4;
+constexpr double TwipsPerMillimetre = base::TwipsPerInch / base::MillimetresPerInch;
 constexpr double SameWithin = 0.5 * TwipsPerMillimetre;
-/// A longer side is none: 200 inches, as of a PDF's page.
-constexpr double LongestSide = 200 * 1440;
 
 struct Unit {
     std::string_view Name;
@@ -23,10 +21,10 @@ constexpr std::array<Unit, 7> Units = {{
     {"mm", TwipsPerMillimetre},
     {"cm", 10 * TwipsPerMillimetre},
     {"m", 1000 * TwipsPerMillimetre},
-    {"in", 1440},
-    {"ft", 12 * 1440},
-    {"pt", 20},
-    {"", 20},
+    {"in", base::TwipsPerInch},
+    {"ft", 12 * base::TwipsPerInch},
+    {"pt", base::TwipsPerPoint},
+    {"", base::TwipsPerPoint},
 }};
 
 /// Takes a number from the beginning; nothing if there is none.

@@ -3,6 +3,8 @@
 #include <optional>
 #include <string>
 
+#include "base/Units.h"
+
 namespace desktop::cups {
 
 /// A sheet by its sides, upright or not; twips.
@@ -13,7 +15,11 @@ struct SheetSize {
 
 /// The sheet that three forms make, and what it is called.
 inline constexpr const char* FormSheetName = "Acceptgiro 210 x 304,8 mm";
-inline constexpr SheetSize FormSheet = {210 / 25.4 * 1440, 12.0 * 1440};
+inline constexpr SheetSize FormSheet = {210 / base::MillimetresPerInch * base::TwipsPerInch,
+                                        12 * base::TwipsPerInch};
+
+/// The longest side of a sheet in twips: 200 inches, as of a PDF's page.
+inline constexpr double LongestSide = 200 * base::TwipsPerInch;
 
 /// True if no side differs by more than half a millimetre: one is cut from the same paper as the other.
 bool IsSameSheet(const SheetSize& a, const SheetSize& b);

@@ -7,6 +7,7 @@
 #include <string_view>
 #include <vector>
 
+#include "base/Units.h"
 #include "desktop/cups/ShortNames.h"
 
 namespace desktop::qt {
@@ -16,7 +17,7 @@ namespace {
 constexpr std::uint32_t InfoLevel = 2;
 constexpr std::int32_t Succeeded = 1;
 constexpr std::int32_t Failed = -1;
-constexpr double TwipsPerTenthMillimetre = 1440.0 / 254.0;
+constexpr double TwipsPerTenthMillimetre = base::TwipsPerInch / (10 * base::MillimetresPerInch);
 constexpr std::uint16_t DevModeVersion = 0x0401;
 
 /// A text into a field of `size` bytes, closed by a NUL.

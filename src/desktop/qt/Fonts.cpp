@@ -13,6 +13,7 @@
 
 #include "base/Text.h"
 #include "desktop/qt/BoldFace.h"
+#include "desktop/qt/PageUnits.h"
 
 namespace desktop::qt {
 
@@ -129,7 +130,7 @@ QFont DesignFont(const machine::FontSpec& font) {
     QFont design;
     design.setFamilies({QString::fromStdString(ResolveFamily(font.Name))});
     // Negated so that a size that is no number counts as the smallest.
-    const double size = !(font.Size > 0) ? 0 : std::min(font.Size, LargestFontSize);
+    const double size = !(font.Size > 0) ? 0 : std::min(font.Size, machine::LargestDrawnPoints);
     design.setPixelSize(std::max(1, static_cast<int>(std::lround(size * UnitsPerPoint))));
     design.setBold(font.Bold);
     design.setKerning(false);

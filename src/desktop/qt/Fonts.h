@@ -8,13 +8,6 @@
 
 namespace desktop::qt {
 
-/// Pixels of a font's em for each point of size: drawing is in units of 1/7200 inch.
-inline constexpr double UnitsPerPoint = 100;
-inline constexpr double UnitsPerTwip = 5;
-
-/// Largest size in points that a font is drawn and measured at; font files cannot be scaled much further.
-inline constexpr double LargestFontSize = 600;
-
 /// Makes fonts known that a package keeps outside the folders that the desktop searches. Costs nothing after
 /// the first call; ResolveFamily and DesignFont make it themselves. Bold faces follow with ProvideBold.
 void LoadPackagedFonts();

@@ -8,6 +8,7 @@
 
 #include "base/RuntimeError.h"
 #include "desktop/qt/PageDevice.h"
+#include "desktop/qt/PageUnits.h"
 
 #ifdef __GLIBC__
 #include <malloc.h>
@@ -45,8 +46,7 @@ QByteArray WithBlanks(QByteArray table) {
     return table;
 }
 
-constexpr int UnitsPerInch = 7200;
-constexpr double TwipsPerPoint = 20;
+using base::TwipsPerPoint;
 
 /// Glyphs that are kept back before they go into the file.
 constexpr std::size_t MostGathered = 4096;

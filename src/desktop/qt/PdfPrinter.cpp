@@ -15,6 +15,7 @@
 #include <QStandardPaths>
 
 #include "base/RuntimeError.h"
+#include "base/Units.h"
 #include "desktop/cups/PaperTable.h"
 #include "desktop/cups/PrintQueue.h"
 #include "desktop/cups/SheetSize.h"
@@ -109,11 +110,11 @@ cups::Paper PaperOf(std::int16_t id, const char* name, double width, double heig
 }
 
 double TwipsOfMillimetres(double millimetres) {
-    return millimetres / 25.4 * 1440;
+    return millimetres / base::MillimetresPerInch * base::TwipsPerInch;
 }
 
 double TwipsOfInches(double inches) {
-    return inches * 1440;
+    return inches * base::TwipsPerInch;
 }
 
 QString WithEnding(const QString& path) {

@@ -9,6 +9,7 @@
 #include "base/RuntimeError.h"
 #include "desktop/qt/Fonts.h"
 #include "desktop/qt/PageDevice.h"
+#include "desktop/qt/PageUnits.h"
 #include "desktop/qt/QtCanvas.h"
 #include "desktop/qt/Scale.h"
 #include "machine/RecordedPage.h"

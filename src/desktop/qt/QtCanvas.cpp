@@ -10,7 +10,7 @@
 #include <QPen>
 
 #include "base/Text.h"
-#include "desktop/qt/Fonts.h"
+#include "desktop/qt/PageUnits.h"
 
 namespace desktop::qt {
 

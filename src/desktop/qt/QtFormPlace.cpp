@@ -9,13 +9,14 @@
 #include "desktop/qt/QtDesktop.h"
 #include "desktop/qt/QtForm.h"
 #include "desktop/qt/Scale.h"
+#include "forms/DesignScreen.h"
 #include "forms/Form.h"
 
 namespace desktop::qt {
 
 namespace {
 
-constexpr double TwipsPerDesignDot = 15;
+using forms::TwipsPerDesignDot;
 
 // Bounds are exchanged in dots of the design, and count the title bar.
 std::int32_t DesignDots(int dots) {

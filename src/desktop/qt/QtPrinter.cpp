@@ -5,6 +5,7 @@
 #include <utility>
 
 #include "desktop/cups/PaperTable.h"
+#include "desktop/qt/PageUnits.h"
 #include "machine/PrinterErrors.h"
 
 namespace desktop::qt {
@@ -12,16 +13,16 @@ namespace desktop::qt {
 namespace {
 
 constexpr int DotsPerInch = 600;
-constexpr double TwipsPerDot = 1440.0 / DotsPerInch;
-constexpr double UnitsPerDot = 7200.0 / DotsPerInch;
+constexpr double TwipsPerDot = base::TwipsPerInch / DotsPerInch;
+constexpr double UnitsPerDot = static_cast<double>(UnitsPerInch) / DotsPerInch;
 
 /// The sheet of a queue that tells no papers: it prints on what it has.
 const cups::Paper Unlisted = [] {
     cups::Paper paper;
     paper.Id = cups::PaperA4;
     paper.Name = "A4";
-    paper.Width = 210 / 25.4 * 1440;
-    paper.Height = 297 / 25.4 * 1440;
+    paper.Width = 210 / base::MillimetresPerInch * base::TwipsPerInch;
+    paper.Height = 297 / base::MillimetresPerInch * base::TwipsPerInch;
     paper.StandIn = true;
     return paper;
 }();

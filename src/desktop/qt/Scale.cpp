@@ -6,13 +6,14 @@
 #include <QApplication>
 #include <QFontMetricsF>
 
+#include "forms/DesignScreen.h"
+
 namespace desktop::qt {
 
 namespace {
 
-constexpr double TwipsPerDot = 15;
-constexpr double DesignCharacterWidth = 6;
-constexpr double DesignLineHeight = 15;
+using forms::DesignCharacterWidth;
+using forms::DesignLineHeight;
 
 double MeasuredFactor() {
     const QFontMetricsF metrics(QApplication::font());
@@ -29,7 +30,7 @@ double ScaleFactor() {
 }
 
 double DotsPerTwip() {
-    return ScaleFactor() / TwipsPerDot;
+    return ScaleFactor() / forms::TwipsPerDesignDot;
 }
 
 int ToDots(double twips) {

@@ -1,10 +1,12 @@
 #include "desktop/windows/DpiFunctions.h"
 
+#include "forms/DesignScreen.h"
+
 namespace desktop::windows {
 
 namespace {
 
-constexpr UINT DesignDpi = 96;
+constexpr UINT DesignDpi = forms::DesignDotsPerInch;
 
 /// A function that not every supported Windows has; nullptr where it is missing.
 template <class Function>

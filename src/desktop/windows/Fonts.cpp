@@ -3,17 +3,13 @@
 #include <algorithm>
 #include <cmath>
 
+#include "base/Units.h"
 #include "desktop/windows/DpiFunctions.h"
-#include "desktop/windows/GdiFont.h"
 #include "desktop/windows/WideText.h"
 
 namespace desktop::windows {
 
-namespace {
-
-constexpr double LargestControlSize = 600; // points
-
-} // namespace
+using base::PointsPerInch;
 
 HFONT Fonts::Get(const forms::ControlFont& font, const Scale& scale) {
     Font& kept = fonts_[{font.Name, font.Size, font.Bold}];
@@ -29,7 +25,7 @@ HFONT Fonts::Get(const forms::ControlFont& font, const Scale& scale) {
         wanted.lfCharSet = DEFAULT_CHARSET;
     }
     if (font.Size > 0) {
-        const double points = std::min(font.Size, LargestControlSize) * scale.Growth();
+        const double points = std::min(font.Size, machine::LargestDrawnPoints) * scale.Growth();
         wanted.lfHeight = -static_cast<LONG>(std::lround(points * scale.Dpi() / PointsPerInch));
     }
     if (font.Bold) {

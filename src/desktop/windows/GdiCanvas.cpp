@@ -5,12 +5,13 @@
 
 #include "base/RuntimeError.h"
 #include "base/Text.h"
+#include "base/Units.h"
 
 namespace desktop::windows {
 
 namespace {
 
-constexpr double TwipsPerInch = 1440;
+using base::TwipsPerInch;
 
 /// Fonts that are kept ready. A document uses about ten.
 constexpr std::size_t MostFonts = 64;

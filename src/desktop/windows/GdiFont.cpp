@@ -5,16 +5,17 @@
 
 #include "base/RuntimeError.h"
 #include "base/Text.h"
+#include "base/Units.h"
 #include "desktop/windows/WideText.h"
 
 namespace desktop::windows {
 
 namespace {
 
-/// Points. Font files cannot be scaled much further.
-constexpr double LargestSize = 600;
-constexpr double SmallestSize = 0.01;
-constexpr double TwipsPerPoint = 20;
+using base::PointsPerInch;
+using base::TwipsPerPoint;
+
+constexpr double SmallestSize = 0.01; // points
 
 /// Units of the em in most TrueType fonts, and for one that does not tell.
 constexpr int UsualUnits = 2048;
@@ -24,7 +25,7 @@ constexpr std::size_t MostOtherGlyphs = 4096;
 
 double PointsOf(const machine::FontSpec& font) {
     // Negated so that a size that is no number counts as the smallest.
-    return !(font.Size > SmallestSize) ? SmallestSize : std::min(font.Size, LargestSize);
+    return !(font.Size > SmallestSize) ? SmallestSize : std::min(font.Size, machine::LargestDrawnPoints);
 }
 
 /// An outline font, also where a bitmap of the same name exists: only outlines print.

@@ -8,8 +8,6 @@
 
 namespace desktop::windows {
 
-inline constexpr double PointsPerInch = 72;
-
 /// A font as a table from characters to their design widths, so that a text is as wide on every printer and
 /// screen as its designer made it: a font at the size of a device rounds each letter to whole dots. All
 /// lengths are twips.

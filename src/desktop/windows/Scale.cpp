@@ -5,14 +5,16 @@
 
 #include "desktop/windows/DpiFunctions.h"
 #include "desktop/windows/GdiObjects.h"
+#include "forms/DesignScreen.h"
 
 namespace desktop::windows {
 
 namespace {
 
-constexpr UINT DesignDpi = 96;
-constexpr double DesignCharacterWidth = 6;
-constexpr double DesignLineHeight = 15;
+using forms::DesignCharacterWidth;
+using forms::DesignLineHeight;
+
+constexpr UINT DesignDpi = forms::DesignDotsPerInch;
 // Coordinates of windows end here; a form may hold any number of twips.
 constexpr double FarthestDot = 32767;
 
@@ -42,7 +44,7 @@ Scale::Scale(UINT dpi)
 
 int Scale::ToDots(double twips) const {
     return static_cast<int>(
-        std::lround(std::clamp(twips * dotsPerInch_ / TwipsPerInch, -FarthestDot, FarthestDot)));
+        std::lround(std::clamp(twips * dotsPerInch_ / base::TwipsPerInch, -FarthestDot, FarthestDot)));
 }
 
 RECT Scale::ToDots(double left, double top, double width, double height) const {

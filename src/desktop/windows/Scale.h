@@ -2,6 +2,8 @@
 
 #include "desktop/windows/Win32.h"
 
+#include "base/Units.h"
+
 namespace desktop::windows {
 
 /// From twips of the design to the dots of a screen. The forms are designed for a font of 9 points whose
@@ -19,15 +21,13 @@ class Scale {
     double Growth() const { return growth_; }
 
     int ToDots(double twips) const;
-    double ToTwips(int dots) const { return dots * TwipsPerInch / dotsPerInch_; }
+    double ToTwips(int dots) const { return dots * base::TwipsPerInch / dotsPerInch_; }
     /// Both edges are rounded, not the size, so that neighbours still touch.
     RECT ToDots(double left, double top, double width, double height) const;
     /// The thickness of a rule, which is 1 dot at 96 to the inch.
     int RuleWidth() const;
 
   private:
-    static constexpr double TwipsPerInch = 1440;
-
     UINT dpi_;
     double growth_;
     int dotsPerInch_;

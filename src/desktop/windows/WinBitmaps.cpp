@@ -5,6 +5,7 @@
 
 #include "base/Resume.h"
 #include "base/RuntimeError.h"
+#include "base/Units.h"
 #include "desktop/windows/GdiCanvas.h"
 #include "desktop/windows/PageDevice.h"
 #include "desktop/windows/Scale.h"
@@ -14,7 +15,7 @@ namespace desktop::windows {
 
 namespace {
 
-constexpr double TwipsPerInch = 1440;
+using base::TwipsPerInch;
 
 double DotsOf(double twips, int dotsPerInch) {
     return std::ceil(twips * dotsPerInch / TwipsPerInch);

@@ -4,6 +4,7 @@
 #include <utility>
 
 #include "base/Resume.h"
+#include "base/Units.h"
 #include "desktop/windows/WideText.h"
 #include "machine/PrinterErrors.h"
 
@@ -11,7 +12,7 @@ namespace desktop::windows {
 
 namespace {
 
-constexpr double TwipsPerInch = 1440;
+using base::TwipsPerInch;
 
 /// A driver that does not tell what it offers is asked by trying.
 bool Offers(const DriverSettings& settings, WORD capability, std::int16_t value) {
