@@ -137,6 +137,18 @@ TEST_P(SpoolFileTest, TellsThatTheFolderCannotBeMade) {
     }
 }
 
+TEST_P(SpoolFileTest, GivesTheReasonInTheWordsOfWhoMakesIt) {
+    std::string told;
+    try {
+        const cups::SpoolFile file("/proc/drukkeuring/spool",
+                                   [](int error) { return "reden " + std::to_string(error); });
+    } catch (const base::RuntimeError& error) {
+        told = error.Description();
+    }
+    EXPECT_EQ(told, "Het document kon niet worden klaargezet.\n/proc/drukkeuring/spool\nreden " +
+                        std::to_string(ENOENT));
+}
+
 TEST_P(SpoolFileTest, TellsThatTheLastBytesFoundNoPlace) {
     cups::SpoolFile file(Path.toStdString());
     const auto handler = std::signal(SIGXFSZ, SIG_IGN);
@@ -164,11 +176,11 @@ TEST_P(SpoolFileTest, TellsAFullDiskEvenWhenThereIsRoomAgain) {
     ASSERT_EQ(getrlimit(RLIMIT_FSIZE, &before), 0);
     const rlimit small = {64 * 1024, before.rlim_max};
     ASSERT_EQ(setrlimit(RLIMIT_FSIZE, &small), 0);
-    int error = 0;
+    int written = 0;
     for (int i = 0; i < 10; ++i) {
-        error = file.Write(std::string(20'000, 'x'));
+        written = file.Write(std::string(20'000, 'x'));
     }
-    EXPECT_EQ(error, EFBIG);
+    EXPECT_EQ(written, EFBIG);
     ASSERT_EQ(setrlimit(RLIMIT_FSIZE, &before), 0);
     std::signal(SIGXFSZ, ignore);
     EXPECT_EQ(file.Write("nog iets"), EFBIG);
