@@ -9,8 +9,8 @@
 
 #include "desktop/qt/QtPlatform.h"
 #include "print/queues/RealProgram.h"
-#include "unit/desktop/cups/PrintServer.h"
 #include "unit/desktop/qt/Window.h"
+#include "unit/desktop/qt/printing/PrintServer.h"
 
 namespace {
 

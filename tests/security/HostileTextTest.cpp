@@ -14,8 +14,8 @@
 #include "desktop/qt/PdfPrinter.h"
 #include "desktop/qt/QtPrinter.h"
 #include "desktop/qt/QtText.h"
-#include "unit/desktop/cups/PrintServer.h"
 #include "unit/desktop/qt/printing/PdfReader.h"
+#include "unit/desktop/qt/printing/PrintServer.h"
 
 namespace desktop::qt {
 namespace {

@@ -2,7 +2,7 @@
 
 #include <QApplication>
 
-#include "desktop/qt/CupsSpooler.h"
+#include "desktop/cups/CupsSpooler.h"
 #include "desktop/qt/EndSignals.h"
 #include "desktop/qt/QtBitmaps.h"
 #include "desktop/qt/QtClock.h"
@@ -53,7 +53,7 @@ class QtPlatform {
     QtPrinter printer_{printers_, [this](const std::string& text) {
                            desktop_.MsgBox(text, forms::MessageIcon::Critical, "Afdrukken");
                        }};
-    CupsSpooler spooler_{printers_};
+    cups::CupsSpooler spooler_{printers_};
     QtBitmaps bitmaps_;
     machine::Platform services_{desktop_, registry_, locale_,  clock_,   random_,
                                 spooler_, printers_, printer_, bitmaps_, desktop_.Windows()};

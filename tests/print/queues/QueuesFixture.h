@@ -11,8 +11,8 @@
 #include <gtest/gtest.h>
 
 #include "print/queues/RealProgram.h"
-#include "unit/desktop/cups/PrintServer.h"
 #include "unit/desktop/qt/Window.h"
+#include "unit/desktop/qt/printing/PrintServer.h"
 
 /// A user's machine: a print server with three queues, the main application's settings, and the program.
 class QueuesTest : public testing::Test {

@@ -3,7 +3,7 @@
 #include <functional>
 #include <string>
 
-#include "desktop/qt/CupsSpooler.h"
+#include "desktop/cups/CupsSpooler.h"
 #include "desktop/qt/QtBitmaps.h"
 #include "desktop/qt/QtClock.h"
 #include "desktop/qt/QtDesktop.h"
@@ -52,7 +52,7 @@ class RealProgram {
     TeePrinter Printer{Printers, [this](const std::string& text) {
                            Desktop.MsgBox(text, forms::MessageIcon::Critical, "Afdrukken");
                        }};
-    desktop::qt::CupsSpooler Spooler{Printers};
+    desktop::cups::CupsSpooler Spooler{Printers};
     desktop::qt::QtBitmaps Bitmaps;
     machine::Platform Services{Desktop, Registry, Locale,  Clock,   Random,
                                Spooler, Printers, Printer, Bitmaps, Desktop.Windows()};

@@ -7,8 +7,8 @@
 #include "desktop/qt/EndSignals.h"
 #include "desktop/qt/QtPlatform.h"
 #include "print/queues/RealProgram.h"
-#include "unit/desktop/cups/PrintServer.h"
 #include "unit/desktop/qt/Window.h"
+#include "unit/desktop/qt/printing/PrintServer.h"
 
 namespace {
 

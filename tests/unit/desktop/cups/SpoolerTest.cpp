@@ -4,62 +4,19 @@
 #include <QTemporaryDir>
 #include <gtest/gtest.h>
 
+#include "desktop/cups/CupsSpooler.h"
 #include "desktop/cups/CupsStatus.h"
 #include "desktop/cups/PaperTable.h"
-#include "desktop/qt/CupsSpooler.h"
-#include "desktop/qt/QtPrinter.h"
-#include "desktop/qt/QtPrinters.h"
+#include "unit/desktop/cups/FakeQueue.h"
 
 namespace desktop::cups {
 namespace {
 
-/// A queue that is all memory.
-class FakeQueue : public PrintQueue {
-  public:
-    std::string Name() override { return QueueName; }
-    std::string Port() override { return "ipp://printer.example/ipp/print"; }
-    std::string Comment() override { return "Kamer 1, \xE2\x82\xAC 5 \xE6\xBC\xA2"; }
-    std::string Driver() override { return "Driver"; }
-    bool Reachable() override { return IsReachable; }
-    std::uint32_t Status() override { return 16; }
-    const std::vector<Paper>& Papers() override { return PaperList; }
-    const std::vector<Bin>& Bins() override { return BinList; }
-    QueueSettings ReadSettings() override { return Settings; }
-    void WriteSettings(const QueueSettings& settings) override { Settings = settings; }
-    std::string Trouble() override { return TroubleText; }
-    std::unique_ptr<PrintJob> BeginJob(const std::string&, const Paper&, const Bin*) override {
-        return nullptr;
-    }
-
-    std::string QueueName = "Kantoor";
-    bool IsReachable = true;
-    std::string TroubleText;
-    std::vector<Paper> PaperList;
-    std::vector<Bin> BinList;
-    QueueSettings Settings{Portrait, PaperA4, 1, 3};
-};
-
-Paper NewPaper(std::int16_t id, const std::string& name, double width, double height) {
-    Paper paper;
-    paper.Id = id;
-    paper.Name = name;
-    paper.Width = width;
-    paper.Height = height;
-    return paper;
-}
-
-Bin NewBin(std::int16_t id, const std::string& name) {
-    Bin bin;
-    bin.Id = id;
-    bin.Name = name;
-    return bin;
-}
-
 class SpoolerTest : public testing::Test {
   protected:
     SpoolerTest() {
-        Queue->PaperList = {NewPaper(9, "A4", 11906, 16838), NewPaper(300, std::string(70, 'n'), 567, 1134)};
-        Queue->BinList = {NewBin(1, "Bovenste lade"), NewBin(256, std::string(30, 'b'))};
+        OfferTwoOfEach(*Queue);
+        Own->QueueName = "PDF-bestand";
     }
 
     machine::PrinterHandle Open(const std::string& name = "Kantoor") {
@@ -75,16 +32,16 @@ class SpoolerTest : public testing::Test {
         return mode;
     }
 
-    QTemporaryDir Folder;
     FakeQueue* Queue = new FakeQueue; // owned by the list
-    qt::QtPrinters Printers{std::make_unique<qt::PdfPrinter>(qt::AskForPdfFile, Folder.filePath("pdf.conf")),
-                            [this] {
-                                FoundQueues found;
-                                found.Queues.emplace_back(Queue);
-                                found.Default = 0;
-                                return found;
-                            }};
-    qt::CupsSpooler Spooler{Printers};
+    std::shared_ptr<FakeQueue> Own = std::make_shared<FakeQueue>();
+    PrintQueues Printers{[this] {
+                             FoundQueues found;
+                             found.Queues.emplace_back(Queue);
+                             found.Default = 0;
+                             return found;
+                         },
+                         Own};
+    CupsSpooler Spooler{Printers};
 
     void SetUp() override { ASSERT_EQ(Printers.Count(), 2); }
 };
@@ -138,25 +95,6 @@ TEST_F(SpoolerTest, OpensAgainAfterAFailedCountOrOpen) {
     EXPECT_EQ(Open(), 0U);
     Queue->IsReachable = true;
     EXPECT_NE(Open(), 0U);
-}
-
-TEST_F(SpoolerTest, AChoiceHoldsWhereThePrinterCouldNotBeOpenedForIt) {
-    qt::QtPrinter printer(Printers, [](const std::string&) {});
-    printer.Assign(0);
-    Queue->IsReachable = false;
-    EXPECT_EQ(Open(), 0U); // to write it
-    printer.SetOrientation(Landscape);
-    printer.SetPaperSize(300);
-    printer.SetPaperBin(256);
-    printer.Assign(0);
-    EXPECT_EQ(printer.Orientation(), Portrait); // goes to no stored defaults
-    EXPECT_EQ(printer.PaperSize(), 300);
-    EXPECT_EQ(printer.PaperBin(), 256);
-    Queue->IsReachable = true;
-    EXPECT_NE(Open(), 0U);
-    printer.SetPaperSize(9);
-    printer.Assign(0);
-    EXPECT_EQ(printer.PaperSize(), 300); // what is not written is not kept
 }
 
 TEST_F(SpoolerTest, TellsTheSettingsAndWhatIsOffered) {
@@ -228,19 +166,6 @@ TEST_F(SpoolerTest, StoresDefaultsAndReadsThemBack) {
     EXPECT_FALSE(Spooler.SetPrinterA(handle, 2, nullptr, 0));
     EXPECT_FALSE(Spooler.SetPrinterA(handle, 1, &info, 0));
     EXPECT_FALSE(Spooler.SetPrinterA(handle, 2, &info, 1));
-}
-
-TEST_F(SpoolerTest, StoresThePdfPrintersDefaultsInTheProgramAlone) {
-    const machine::PrinterHandle handle = Open("PDF-bestand");
-    machine::DEVMODE mode{};
-    ASSERT_EQ(Spooler.DocumentPropertiesA(handle, "PDF-bestand", &mode, nullptr, machine::DM_OUT_BUFFER), 1);
-    mode.dmPaperSize = PaperLegal;
-    machine::PRINTER_INFO_2 info{};
-    info.pDevMode = &mode;
-    EXPECT_TRUE(Spooler.SetPrinterA(handle, 2, &info, 0));
-    ASSERT_EQ(Spooler.DocumentPropertiesA(handle, "PDF-bestand", &mode, nullptr, machine::DM_OUT_BUFFER), 1);
-    EXPECT_EQ(mode.dmPaperSize, PaperLegal);
-    EXPECT_FALSE(QFile::exists(Folder.filePath("pdf.conf")));
 }
 
 TEST_F(SpoolerTest, TellsNamePortCommentAndStatus) {

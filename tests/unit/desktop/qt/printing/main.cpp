@@ -1,7 +1,7 @@
 #include <QApplication>
 #include <gtest/gtest.h>
 
-#include "unit/desktop/cups/PrintServer.h"
+#include "unit/desktop/qt/printing/PrintServer.h"
 
 int main(int argc, char** argv) {
     PrintServer::PrepareEnvironment();

@@ -4,17 +4,17 @@
 #include <string>
 #include <string_view>
 
-#include "desktop/qt/QtPrinters.h"
+#include "desktop/cups/PrintQueues.h"
 #include "machine/Spooler.h"
 
-namespace desktop::qt {
+namespace desktop::cups {
 
-/// The spooler's calls, answered from the queues of this machine and the PDF printer. All texts are UTF-8, as
-/// the queues have them. The stored defaults of a printer are the user's own for that queue, and what is
-/// written over them holds in this program alone.
+/// The spooler's calls, answered from the printers of this machine. All texts are UTF-8, as the queues have
+/// them. The stored defaults of a printer are the user's own for that queue, and what is written over them
+/// holds in this program alone.
 class CupsSpooler : public machine::Spooler {
   public:
-    explicit CupsSpooler(QtPrinters& printers) : printers_(printers) {}
+    explicit CupsSpooler(PrintQueues& printers) : printers_(printers) {}
 
     std::string Encode(std::string_view utf8) const override { return std::string(utf8); }
     std::string Decode(std::string_view bytes) const override;
@@ -35,11 +35,11 @@ class CupsSpooler : public machine::Spooler {
                                      std::uint16_t capability, void* output) override;
 
   private:
-    cups::PrintQueue* OfHandle(machine::PrinterHandle handle) const;
+    PrintQueue* OfHandle(machine::PrinterHandle handle) const;
 
-    QtPrinters& printers_;
+    PrintQueues& printers_;
     std::map<machine::PrinterHandle, std::string> open_; ///< by name, as a printer may go while it is open
     machine::PrinterHandle last_ = 0;
 };
 
-} // namespace desktop::qt
+} // namespace desktop::cups

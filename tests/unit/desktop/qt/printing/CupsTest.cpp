@@ -9,14 +9,16 @@
 #include "base/RuntimeError.h"
 #include "desktop/cups/CupsJob.h"
 #include "desktop/cups/CupsQueue.h"
-#include "desktop/qt/CupsSpooler.h"
+#include "desktop/cups/CupsSpooler.h"
 #include "desktop/qt/QtPrinter.h"
 #include "desktop/qt/QtPrinters.h"
-#include "unit/desktop/cups/PrintServer.h"
 #include "unit/desktop/qt/printing/PdfReader.h"
+#include "unit/desktop/qt/printing/PrintServer.h"
 
-namespace desktop::cups {
+namespace desktop::qt {
 namespace {
+
+using namespace cups;
 
 const machine::FontSpec Tahoma9 = {"Tahoma", 9, false};
 
@@ -60,9 +62,9 @@ class CupsTest : public testing::Test {
 
     PrintServer Server;
     std::vector<std::string> Told;
-    qt::QtPrinters Printers;
-    qt::QtPrinter Printer{Printers, [this](const std::string& text) { Told.push_back(text); }};
-    qt::CupsSpooler Spooler{Printers};
+    QtPrinters Printers;
+    QtPrinter Printer{Printers, [this](const std::string& text) { Told.push_back(text); }};
+    CupsSpooler Spooler{Printers};
 };
 
 TEST_F(CupsTest, ListsTheQueuesBeforeThePdfPrinterAndTakesTheDefault) {
@@ -348,10 +350,10 @@ TEST_F(CupsTest, APrinterThatDidNotAnswerTakesDocumentsAgainWhenItDoes) {
 
 TEST_F(CupsTest, TheUsersPreferredQueueGoesBeforeTheServers) {
     ASSERT_TRUE(Server.Run("lpadmin", {"-p", "Archief", "-E", "-v", "save:/dev/null"}));
-    qt::QtPrinters plain;
+    QtPrinters plain;
     EXPECT_EQ(plain.Item(plain.DefaultIndex()).DeviceName, "Kantoor");
     ASSERT_TRUE(Server.Run("lpoptions", {"-d", "Archief"}));
-    qt::QtPrinters preferring;
+    QtPrinters preferring;
     EXPECT_EQ(preferring.Item(preferring.DefaultIndex()).DeviceName, "Archief");
 }
 
@@ -381,7 +383,7 @@ TEST_F(CupsTest, StoresDefaultsInTheProgramAndKeepsThoseOfOthers) {
     EXPECT_EQ(Printers.Find("Kantoor")->ReadSettings().PaperId, 5);
     EXPECT_EQ(Printers.Find("Archief")->ReadSettings().BinId, 4);
     EXPECT_EQ(Printers.Find("Archief")->ReadSettings().PaperId, 9);
-    qt::QtPrinters another; // another run of the program
+    QtPrinters another; // another run of the program
     EXPECT_EQ(another.Find("Kantoor")->ReadSettings().PaperId, 9);
     EXPECT_EQ(Server.Read(".cups/lpoptions").toStdString(), found.toStdString());
 
@@ -452,4 +454,4 @@ TEST_F(CupsTest, KeepsAWaitingDocumentWhereNobodyElseFindsIt) {
 }
 
 } // namespace
-} // namespace desktop::cups
+} // namespace desktop::qt

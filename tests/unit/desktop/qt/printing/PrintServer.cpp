@@ -1,4 +1,4 @@
-#include "unit/desktop/cups/PrintServer.h"
+#include "unit/desktop/qt/printing/PrintServer.h"
 
 #include <csignal>
 
@@ -13,7 +13,7 @@
 #include <sys/un.h>
 #include <unistd.h>
 
-#include "unit/desktop/cups/PrintServerFiles.h"
+#include "unit/desktop/qt/printing/PrintServerFiles.h"
 
 namespace {
 

@@ -1,0 +1,48 @@
+#include "desktop/cups/CupsJob.h"
+
+#include <cstdlib>
+#include <optional>
+
+#include <gtest/gtest.h>
+
+namespace desktop::cups {
+namespace {
+
+/// A variable of the environment, as it was before when this goes.
+class Variable {
+  public:
+    Variable(const char* name, const char* value) : name_(name) {
+        if (const char* const old = std::getenv(name)) {
+            old_ = old;
+        }
+        setenv(name, value, 1);
+    }
+    ~Variable() {
+        if (old_) {
+            setenv(name_, old_->c_str(), 1);
+        } else {
+            unsetenv(name_);
+        }
+    }
+    Variable(const Variable&) = delete;
+    Variable& operator=(const Variable&) = delete;
+
+  private:
+    const char* name_;
+    std::optional<std::string> old_;
+};
+
+TEST(SpoolFolder, LiesInTheUsersCache) {
+    const Variable home("HOME", "/home/piet");
+    {
+        const Variable cache("XDG_CACHE_HOME", "/cache");
+        EXPECT_EQ(SpoolFolder(), "/cache/drukkeuring/spool");
+    }
+    for (const char* none : {"", "relatief"}) { // the convention allows whole paths alone
+        const Variable cache("XDG_CACHE_HOME", none);
+        EXPECT_EQ(SpoolFolder(), "/home/piet/.cache/drukkeuring/spool");
+    }
+}
+
+} // namespace
+} // namespace desktop::cups

@@ -1,0 +1,78 @@
+#include "desktop/cups/PrintQueues.h"
+
+#include <gtest/gtest.h>
+
+#include "base/RuntimeError.h"
+#include "unit/desktop/cups/FakeQueue.h"
+
+namespace desktop::cups {
+namespace {
+
+class PrintQueuesTest : public testing::Test {
+  protected:
+    PrintQueuesTest() { Own->QueueName = "Eigen"; }
+
+    FoundQueues Find() const {
+        FoundQueues found;
+        for (const char* name : Names) {
+            auto queue = std::make_unique<FakeQueue>();
+            queue->QueueName = name;
+            found.Queues.push_back(std::move(queue));
+        }
+        found.Default = Default;
+        found.Answered = Answers;
+        return found;
+    }
+
+    std::vector<const char*> Names = {"Kantoor", "Archief"};
+    int Default = -1;
+    bool Answers = true;
+    std::shared_ptr<FakeQueue> Own = std::make_shared<FakeQueue>();
+    PrintQueues Printers{[this] { return Find(); }, Own};
+};
+
+TEST_F(PrintQueuesTest, HasTheDesktopsOwnPrinterLast) {
+    ASSERT_EQ(Printers.Count(), 3);
+    EXPECT_EQ(Printers.Item(0).DeviceName, "Kantoor");
+    EXPECT_EQ(Printers.Item(1).Port, "ipp://printer.example/ipp/print");
+    EXPECT_EQ(Printers.Item(2).DeviceName, "Eigen");
+    EXPECT_EQ(Printers.Share(2), Own);
+    EXPECT_EQ(Printers.Find("Eigen"), Own.get());
+    EXPECT_EQ(Printers.Find("kantoor"), nullptr);
+}
+
+TEST_F(PrintQueuesTest, TakesItsOwnForTheDefaultWhereTheUserHasNone) {
+    EXPECT_EQ(Printers.DefaultIndex(), 2);
+    Default = 1;
+    Printers.Refresh();
+    EXPECT_EQ(Printers.DefaultIndex(), 1);
+    Default = 2; // no queue's place
+    Printers.Refresh();
+    EXPECT_EQ(Printers.DefaultIndex(), 2);
+}
+
+TEST_F(PrintQueuesTest, StaysAsItWasWhereTheServerDoesNotAnswer) {
+    ASSERT_EQ(Printers.Count(), 3);
+    Names = {};
+    Answers = false;
+    Printers.Refresh();
+    EXPECT_EQ(Printers.Count(), 3);
+    Answers = true;
+    Printers.Refresh();
+    EXPECT_EQ(Printers.Count(), 1);
+}
+
+TEST_F(PrintQueuesTest, FailsBeyondItsEnd) {
+    for (const int index : {-1, 3}) {
+        try {
+            Printers.Queue(index);
+            ADD_FAILURE() << index;
+        } catch (const base::RuntimeError& error) {
+            EXPECT_EQ(error.Number(), base::ErrorSubscriptOutOfRange);
+            EXPECT_EQ(error.Description(), "Deze printer bestaat niet.");
+        }
+    }
+}
+
+} // namespace
+} // namespace desktop::cups
