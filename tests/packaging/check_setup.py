@@ -151,7 +151,7 @@ class Trial:
         self.check(self.run(program, argument) == 0, "the removal runs")
         end = time.monotonic() + PATIENCE
         while (folder.exists() or self.entry()) and time.monotonic() < end:
-            self.office.agent.ask("nap")
+            self.office.agent.nap()
 
     def run_all(self):
         disk, keys = files_in(self.disk), self.keys()

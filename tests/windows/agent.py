@@ -32,6 +32,10 @@ class Agent:
     def number(self, *words):
         return int(self.ask(*words))
 
+    def nap(self, milliseconds=10):
+        """Waits before the next look; an errand that ends cuts it short."""
+        self.ask("nap", milliseconds)
+
     def close(self):
         self.process.stdin.close()
         try:
@@ -112,14 +116,23 @@ class Program:
         answer = agent.ask("open" if command_line.endswith(".lnk") else "start", hex_of(command_line))
         if answer != "ok":
             raise RuntimeError(f"the program does not start: {answer}")
+        self.seen = []
+        """The top windows at the last look."""
+        self.ended = None
+        """The exit code if it had ended by then."""
+
+    def look(self):
+        state, *words = self.agent.ask("windows").split()
+        self.ended = None if state == "running" else int(state)
+        self.seen = [Top(*words[i:i + 4]) for i in range(0, len(words), 4)]
 
     def exit_code(self):
-        state = self.agent.ask("state")
-        return None if state == "running" else int(state)
+        self.look()
+        return self.ended
 
     def tops(self):
-        words = self.agent.ask("windows").split()
-        return [Top(*words[i:i + 4]) for i in range(0, len(words), 4)]
+        self.look()
+        return self.seen
 
     def begin(self, messages):
         """Starts to send (window, message, wParam, lParam) one after another; answers the errand's number."""

@@ -85,7 +85,7 @@ class LogOff:
         self.office.play(f"paste {COPIES} 0")
         errand = self.user.program.begin(self.user.mouse(self.user.handle("frmPrintManager", "cmdPrint")))
         while not any(top.kind == BOX and top.visible for top in self.user.program.tops()):
-            self.office.agent.ask("nap")
+            self.office.agent.nap()
         self.check(not self.may_end(), "a print is under way: the program asks for patience")
         self.user.settle(errand)
 

@@ -165,7 +165,7 @@ class Faults:
             self.office.pick_document(NAME_LIST)
             self.office.user.program.begin(self.office.user.mouse(self.office.user.handle("frmPrintManager", "cmdPrint")))
             for _ in range(naps):
-                self.office.agent.ask("nap")
+                self.office.agent.nap()
             self.office.agent.ask("terminate")
             self.start()
         # A kill may also come when the document is already with the server: it is whole then.

@@ -33,7 +33,7 @@ class Player(Reader):
             self.answer_boxes()
             if self.program.exit_code() is not None or time.monotonic() > end:
                 raise TimeoutError("the program shows no form")
-            self.agent.ask("nap")
+            self.agent.nap()
         self.answers(self.form("frmMain").handle)
         self.watch()
 

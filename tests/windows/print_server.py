@@ -98,7 +98,6 @@ class PrintServer(PrivateServer):
             skip("CUPS is not installed")
         super().__init__(more="LogLevel warn\n",
                          folders=("bin/daemon", "bin/notifier", "share/mime", "share/banners"))
-        self._taken = 0
         shutil.copy(PROGRAMS / "daemon/cups-exec", self.folder / "bin/daemon/cups-exec")
         self.write("share/mime/local.types", types)
         self.write("bin/backend/save", BACKEND, 0o700)  # the server then runs it as the user that it runs as itself
@@ -118,17 +117,18 @@ class PrintServer(PrivateServer):
     def next_job(self):
         """The oldest job that has not been asked for yet, once it has come out of its queue whole."""
         end = time.monotonic() + PATIENCE
-        while len(self._documents()) <= self._taken:
+        while not self.has_job():
             if time.monotonic() > end:
                 raise TimeoutError("no job has come out of the queue")
             time.sleep(0.01)
-        document = self._documents()[self._taken]
-        self._taken += 1
+        document = min(self._documents())
         text = {kind: document.with_suffix(f".{kind}").read_text("utf-8") for kind in ("title", "copies", "options")}
-        return Job(**text, document=document.read_bytes())
+        job = Job(**text, document=document.read_bytes())
+        document.unlink()  # the folder has what has not been asked for
+        return job
 
     def has_job(self):
-        return len(self._documents()) > self._taken
+        return bool(self._documents())
 
     def _documents(self):
         return sorted((self.folder / "out").glob("*.ps"))

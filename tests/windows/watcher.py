@@ -1,4 +1,5 @@
 """The program as somebody sees it who sits before it: which forms there are, and what happens while the user waits."""
+import itertools
 import re
 import time
 
@@ -8,6 +9,9 @@ from script import Unplayable
 
 SETTINGS = r"Software\Ondor\Tarvik\CurrentVersion"
 PATIENCE = 60  # seconds for one thing that the user does
+# What the key closes looks for messages once more while it goes, the key's release among them.
+CLOSED_BY_KEY = {("frmPrintPreview", 27)}
+NAPS = 5, 10, 20, 40  # milliseconds between two looks at a program that is busy; the last for as long as it takes
 
 
 class Watcher:
@@ -92,7 +96,7 @@ class Watcher:
             self.note_box(Window(self.agent, top.handle).text, texts[0])
             self.agent.ask("post", top.handle, WM_COMMAND, buttons[0], 0)
             while any(other.handle == top.handle for other in self.program.tops()):
-                self.agent.ask("nap")
+                self.agent.nap()
 
     def note_box(self, title, text):
         """What nobody trapped is told in a box of the desktop's own."""
@@ -115,7 +119,8 @@ class Watcher:
         def settled():
             if self.program.is_done(errand):
                 return True
-            fresh = [top for top in self.forms() if top.visible and top.enabled and top.handle not in before]
+            fresh = [top for top in self.program.seen
+                     if top.kind in self.ids.forms and top.visible and top.enabled and top.handle not in before]
             return bool(fresh) and self.answers(fresh[0].handle)
 
         self.wait_until(settled)
@@ -126,13 +131,13 @@ class Watcher:
     def wait_until(self, holds):
         """Answers message boxes meanwhile."""
         end = time.monotonic() + PATIENCE
-        while True:
+        for nap in itertools.chain(NAPS, itertools.repeat(NAPS[-1])):
             self.answer_boxes()
-            if self.program.exit_code() is not None or holds():
+            if self.program.ended is not None or holds():
                 return
             if time.monotonic() > end:
-                raise TimeoutError(f"the program does not come back: {[top.kind for top in self.program.tops()]}")
-            self.agent.ask("nap")
+                raise TimeoutError(f"the program does not come back: {[top.kind for top in self.program.seen]}")
+            self.agent.nap(nap)
 
     def answers(self, handle):
         """True once the window's message loop has come round."""
@@ -141,7 +146,7 @@ class Watcher:
         while not self.program.is_done(errand) and time.monotonic() < end:
             if any(top.kind == BOX and top.visible for top in self.program.tops()):
                 return False
-            self.agent.ask("nap")
+            self.agent.nap()
         return True
 
     def act(self, *messages):
@@ -155,6 +160,8 @@ class Watcher:
         for down in (1, 0):
             if self.agent.ask("key", key, down) != "ok":
                 raise TimeoutError(f"the program does not take key {key}")
+        if (form, key) in CLOSED_BY_KEY:
+            self.wait_until(lambda: not any(top.handle == handle and top.visible for top in self.program.seen))
         self.wait_until(self.is_idle)
         self.watch()
         if not self.shown:

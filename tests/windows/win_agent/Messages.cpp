@@ -10,8 +10,6 @@
 
 namespace {
 
-constexpr DWORD LongestNapMilliseconds = 10;
-
 struct Message {
     HWND Window;
     UINT Id;
@@ -126,9 +124,11 @@ std::string Entry(std::istream& in) {
     return Hex(std::wstring(text.data()));
 }
 
-// A pause between two looks, which ends with the next errand: looking all the time would keep the program
-// from its work.
-std::string Nap(std::istream&) {
-    WaitForSingleObject(errandDone, LongestNapMilliseconds);
+// A pause of so many milliseconds between two looks, which ends with the next errand: looking all the time
+// would keep the program from its work.
+std::string Nap(std::istream& in) {
+    DWORD milliseconds = 0;
+    in >> milliseconds;
+    WaitForSingleObject(errandDone, milliseconds);
     return "ok";
 }

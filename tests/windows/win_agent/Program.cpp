@@ -82,7 +82,7 @@ std::string OpenShortcut(std::istream& in) {
 }
 
 // "running", or the exit code.
-std::string State(std::istream&) {
+std::string State() {
     DWORD code = 0;
     GetExitCodeProcess(program.Process, &code);
     return code == STILL_ACTIVE ? "running" : std::to_string(code);

@@ -17,5 +17,5 @@ extern Program program;
 
 std::string StartProgram(std::istream& in);
 std::string OpenShortcut(std::istream& in);
-std::string State(std::istream& in);
+std::string State();
 std::string Terminate(std::istream& in);

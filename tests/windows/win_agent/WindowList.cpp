@@ -1,6 +1,8 @@
 #include "WindowList.h"
 
+#include <map>
 #include <sstream>
+#include <utility>
 #include <vector>
 
 #include "Program.h"
@@ -22,29 +24,25 @@ std::wstring TextOf(HWND window) {
     return {text.data(), static_cast<std::size_t>(length)};
 }
 
+// Each question about a window of another process is one to the system's own: the style answers two.
 BOOL CALLBACK AddWindow(HWND window, LPARAM list) {
-    DWORD owner = 0;
-    GetWindowThreadProcessId(window, &owner);
-    if (owner == program.Id) {
-        std::ostringstream& out = *reinterpret_cast<std::ostringstream*>(list);
-        out << Number(window) << ' ' << IsWindowVisible(window) << ' ' << IsWindowEnabled(window) << ' '
-            << Hex(ClassOf(window)) << ' ';
-    }
+    std::ostringstream& out = *reinterpret_cast<std::ostringstream*>(list);
+    const LONG style = GetWindowLongW(window, GWL_STYLE);
+    out << Number(window) << ' ' << ((style & WS_VISIBLE) != 0) << ' ' << ((style & WS_DISABLED) == 0) << ' '
+        << Hex(ClassOf(window)) << ' ';
     return TRUE;
 }
 
-struct Wanted {
-    int Id;
-    HWND Found;
-};
+// Where a form's control was found last; a window may be gone since, and its handle another's.
+std::map<std::pair<HWND, int>, HWND> foundControls;
 
-BOOL CALLBACK FindById(HWND window, LPARAM wanted) {
-    Wanted& search = *reinterpret_cast<Wanted*>(wanted);
-    if (GetDlgCtrlID(window) == search.Id) {
-        search.Found = window;
-        return FALSE;
-    }
+BOOL CALLBACK RememberControl(HWND window, LPARAM form) {
+    foundControls.emplace(std::pair(reinterpret_cast<HWND>(form), GetDlgCtrlID(window)), window);
     return TRUE;
+}
+
+bool IsControl(HWND window, HWND form, int id) {
+    return GetDlgCtrlID(window) == id && IsChild(form, window) != FALSE;
 }
 
 // The text of a dialog's icon and words: all texts of its children that are not empty.
@@ -57,20 +55,26 @@ BOOL CALLBACK AddText(HWND window, LPARAM list) {
 
 } // namespace
 
-// Handle, visible, enabled and class of each top window, the front one first.
+// "running" or the program's exit code, then handle, visible, enabled and class of each of its top windows,
+// the front one first.
 std::string Windows(std::istream&) {
     std::ostringstream out;
-    EnumWindows(AddWindow, reinterpret_cast<LPARAM>(&out));
+    out << State() << ' ';
+    EnumThreadWindows(program.Thread, AddWindow, reinterpret_cast<LPARAM>(&out));
     return out.str();
 }
 
 // The control with this number, however deep it stands; 0 if there is none.
 std::string Child(std::istream& in) {
-    const HWND window = Window(in);
-    Wanted search{0, nullptr};
-    in >> search.Id;
-    EnumChildWindows(window, FindById, reinterpret_cast<LPARAM>(&search));
-    return std::to_string(Number(search.Found));
+    const HWND form = Window(in);
+    int id = 0;
+    in >> id;
+    HWND& found = foundControls[{form, id}];
+    if (!IsControl(found, form, id)) {
+        std::erase_if(foundControls, [form](const auto& known) { return known.first.first == form; });
+        EnumChildWindows(form, RememberControl, reinterpret_cast<LPARAM>(form));
+    }
+    return std::to_string(Number(foundControls[{form, id}]));
 }
 
 // Visible by itself, visible with all that hold it, enabled by itself, enabled with all that hold it, width

@@ -22,7 +22,6 @@ struct Command {
 constexpr Command Commands[] = {
     {"start", StartProgram},
     {"open", OpenShortcut},
-    {"state", State},
     {"terminate", Terminate},
     {"windows", Windows},
     {"child", Child},
