@@ -23,9 +23,10 @@ for folder in ("print/pdf", "security", "windows"):
     sys.path.insert(0, str(HERE.parent / folder))
 from agent import Registry  # noqa: E402
 from check_windows_writes import files_in  # noqa: E402
+from failures import Failures  # noqa: E402
 from form_checker import FontMissing, FormChecker  # noqa: E402
 from office import EXAMPLE, FORMS, PAPER, Office  # noqa: E402
-from print_batch import DOTS, LEGAL, MARGIN, OFFSET, TOLERANCE_MM, Failures, this_month  # noqa: E402
+from print_batch import DOTS, LEGAL, MARGIN, OFFSET, TOLERANCE_MM, this_month  # noqa: E402
 from printed import Batch, as_pdf, settings_of  # noqa: E402
 from watcher import PATIENCE, SETTINGS  # noqa: E402
 from wine_prefix import skip  # noqa: E402
@@ -196,9 +197,8 @@ def main():
             Trial(office, newest, build / "bin" / PROGRAM, version, failures).run_all()
         except FontMissing as missing:
             skip(f"{missing} is not installed")
-    print(f"{failures.count} failed")
-    return 1 if failures.count else 0
+    failures.exit()
 
 
 if __name__ == "__main__":
-    sys.exit(main())
+    main()

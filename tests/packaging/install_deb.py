@@ -21,9 +21,10 @@ for place in ("print/pdf", "windows"):
 from clean_root import USER, CleanRoot, in_a_namespace_of_its_own  # noqa: E402
 from debian_package import field, make, need  # noqa: E402
 from desk import Desk  # noqa: E402
+from failures import Failures  # noqa: E402
 from form_checker import FormChecker  # noqa: E402
 from office import EXAMPLE  # noqa: E402
-from print_batch import Failures, this_month  # noqa: E402
+from print_batch import this_month  # noqa: E402
 from printed import Batch, settings_of  # noqa: E402
 
 COUNT = 250
@@ -157,8 +158,7 @@ def main():
     root = CleanRoot(arguments.inside)
     with Desk("drukkeuring", arguments.pictures) as desk:
         Trial(root, desk, package, failures).run()
-    print(f"{failures.count} failed")
-    return 1 if failures.count else 0
+    failures.exit()
 
 
 if __name__ == "__main__":

@@ -6,13 +6,10 @@ field that it names, what shows no text has one, and the Tab key comes to everyt
 
 FOLDER is the build folder of the Windows program. Exit status 77 where Wine, CUPS or Ghostscript is missing.
 """
-import argparse
-import pathlib
-import sys
-
 from agent import Window, text_of
+from failures import test_in_office
 from messages import COMBO, EDIT, LIST, STATIC, VK_TAB
-from office import FORMS, Office
+from office import FORMS
 
 PLAIN, PROGRESS, SCROLL_BAR, TOOLBAR, UP_DOWN = (
     "DrukkeuringPlain", "msctls_progress32", "ScrollBar", "ToolbarWindow32", "msctls_updown32")
@@ -85,14 +82,10 @@ class Control:
 class Walker:
     """Goes through the windows and holds each against what it should be."""
 
-    def __init__(self, office):
+    def __init__(self, office, failures):
         self.office = office
         self.user = office.user
-        self.failures = 0
-
-    def equal(self, is_, should, what):
-        print("ok" if is_ == should else "FAILED", f"{what}: {is_}" + f", expected {should}" * (is_ != should))
-        self.failures += is_ != should
+        self.equal = failures.equal
 
     def controls(self, form):
         """Those on show, in the order in which the system lists them."""
@@ -175,15 +168,5 @@ class Walker:
         self.equal(office.events("error", "ignored", "refused"), [], "nothing was refused")
 
 
-def main():
-    parser = argparse.ArgumentParser()
-    parser.add_argument("--build", type=pathlib.Path, required=True)
-    with Office(parser.parse_args().build) as office:
-        walker = Walker(office)
-        walker.walk()
-    print(f"{walker.failures} failed")
-    return 1 if walker.failures else 0
-
-
 if __name__ == "__main__":
-    sys.exit(main())
+    test_in_office(lambda office, failures: Walker(office, failures).walk())

@@ -15,6 +15,7 @@ import subprocess
 import sys
 import tempfile
 
+from failures import Failures
 from print_server import PrintServer
 from wine_prefix import FONTS, OCR_FONT, WinePrefix, skip
 
@@ -28,15 +29,6 @@ TWIPS_PER_POINT = 20
 TWIPS_PER_INCH = 1440
 DUTCH_GROUPS = ("texts", "locale", "registry", "spooler", "printer", "bitmaps", "guard")
 POLISH_GROUPS = ("texts", "polish", "registry", "spooler", "printer")
-
-
-class Failures:
-    def __init__(self):
-        self.count = 0
-
-    def check(self, holds, what):
-        print("ok" if holds else "FAILED", what)
-        self.count += not holds
 
 
 def run_groups(prefix, program, groups, failures):
@@ -168,9 +160,8 @@ def main():
                 run_groups(prefix, program, groups, failures)
                 if locale == "nl_NL":
                     check_samples(prefix, server, program, failures)
-    print(f"{failures.count} failed")
-    return 1 if failures.count else 0
+    failures.exit()
 
 
 if __name__ == "__main__":
-    sys.exit(main())
+    main()

@@ -6,28 +6,21 @@ otherwise with the printer's defaults as they were.
 
 FOLDER is the build folder of the Windows program. Exit status 77 where Wine, CUPS or Ghostscript is missing.
 """
-import argparse
-import pathlib
-import sys
-
+from failures import test_in_office
 from messages import BOX, WM_ENDSESSION, WM_QUERYENDSESSION
-from office import BIN, ORIENTATION, PAPER, REPORT, Office
+from office import BIN, ORIENTATION, PAPER, REPORT
 
 FORM_TRAY = "Lade 3 met formulieren"
 COPIES = "frmPrintManager.UserText(0)"
 
 
 class LogOff:
-    def __init__(self, office):
+    def __init__(self, office, failures):
         self.office = office
         self.user = office.user
-        self.failures = 0
+        self.check = failures.check
         self.start()
         self.first = self.settings()
-
-    def check(self, holds, what):
-        print("ok" if holds else "FAILED", what)
-        self.failures += not holds
 
     def start(self):
         self.user.shown.clear()
@@ -90,15 +83,5 @@ class LogOff:
         self.user.settle(errand)
 
 
-def main():
-    parser = argparse.ArgumentParser()
-    parser.add_argument("--build", type=pathlib.Path, required=True)
-    with Office(parser.parse_args().build) as office:
-        log_off = LogOff(office)
-        log_off.run()
-    print(f"{log_off.failures} failed")
-    return 1 if log_off.failures else 0
-
-
 if __name__ == "__main__":
-    sys.exit(main())
+    test_in_office(lambda office, failures: LogOff(office, failures).run())

@@ -6,13 +6,11 @@ from its menu.
 
 FOLDER is the build folder of the Windows program. Exit status 77 where Wine, CUPS or Ghostscript is missing.
 """
-import argparse
-import pathlib
 import re
-import sys
 
+from failures import test_in_office
 from messages import SBM_GETPOS
-from office import FORMS, TITLES, Office
+from office import FORMS, TITLES
 
 VK_NEXT, VK_PRIOR, VK_HOME, VK_END = 0x22, 0x21, 0x24, 0x23
 SHEETS = 84  # for 250 forms, three to a sheet
@@ -39,15 +37,6 @@ WAYS = [
     (key(VK_END), 1, 100), (WHEEL_DOWN, 1, 100), (key(VK_HOME), 1, 0),
     (LAST, 40, 0), (key(VK_END), 40, 100), (key(VK_NEXT), 40, 100),
 ]
-
-
-class Failures:
-    def __init__(self):
-        self.count = 0
-
-    def equal(self, is_, should, what):
-        print("ok" if is_ == should else "FAILED", f"{what}: {is_}" + f", expected {should}" * (is_ != should))
-        self.count += is_ != should
 
 
 def look(user):
@@ -104,15 +93,5 @@ def check(office, failures):
     failures.equal(office.events("error", "ignored", "refused"), [], "nothing was refused")
 
 
-def main():
-    parser = argparse.ArgumentParser()
-    parser.add_argument("--build", type=pathlib.Path, required=True)
-    failures = Failures()
-    with Office(parser.parse_args().build) as office:
-        check(office, failures)
-    print(f"{failures.count} failed")
-    return 1 if failures.count else 0
-
-
 if __name__ == "__main__":
-    sys.exit(main())
+    test_in_office(check)

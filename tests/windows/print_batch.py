@@ -14,6 +14,7 @@ import pathlib
 import sys
 import tempfile
 
+from failures import Failures
 from office import (BIN, EXAMPLE, FORMS, NAME_LIST, ORIENTATION, PAPER, REPORT, TITLES, Office)
 from printed import Batch, as_pdf, features, name_list_errors, report_errors, settings_of
 from wine_prefix import skip
@@ -32,19 +33,6 @@ LIST_LEFT = MARGIN + 450
 A4, LEGAL = "A4 blanco", "US Legal"
 UPPER, FORM_TRAY, MANUAL = "Lade boven", "Lade 3 met formulieren", "Handinvoer"
 UPRIGHT, SIDEWAYS = "Staand", "Liggend"
-
-
-class Failures:
-    def __init__(self):
-        self.count = 0
-
-    def check(self, holds, what):
-        print("ok" if holds else "FAILED", what)
-        self.count += not holds
-
-    def none_of(self, errors, what):
-        errors = list(errors)
-        self.check(not errors, f"{what}{': ' if errors else ''}{'; '.join(errors[:10])}")
 
 
 def this_month():
@@ -153,9 +141,8 @@ def main():
             Walk(office, folder, failures).run()
         except FontMissing as missing:
             skip(f"{missing} is not installed")
-    print(f"{failures.count} failed")
-    return 1 if failures.count else 0
+    failures.exit()
 
 
 if __name__ == "__main__":
-    sys.exit(main())
+    main()

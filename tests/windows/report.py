@@ -6,15 +6,13 @@ that the printer lacks.
 
 FOLDER is the build folder of the Windows program. Exit status 77 where Wine, CUPS or Ghostscript is missing.
 """
-import argparse
-import pathlib
 import re
 import subprocess
-import sys
 import tempfile
 
-from office import EXAMPLE, REPORT, Office
-from print_batch import LIST_LEFT, Failures
+from failures import test_in_office
+from office import EXAMPLE, REPORT
+from print_batch import LIST_LEFT
 from printed import FONT_SAMPLE, as_pdf, lines, report_errors, settings_of, text_of, words
 from watcher import SETTINGS
 
@@ -58,17 +56,12 @@ def print_report(office, form_type, font, folder, failures):
     return steps_to_sample(pdf)
 
 
-def main():
-    parser = argparse.ArgumentParser()
-    parser.add_argument("--build", type=pathlib.Path, required=True)
-    failures = Failures()
-    with tempfile.TemporaryDirectory() as folder, Office(parser.parse_args().build) as office:
+def check(office, failures):
+    with tempfile.TemporaryDirectory() as folder:
         steps = [print_report(office, form_type, font, folder, failures) for form_type, font in SETUPS]
     # A type with a text ends its line; the other leaves it open, and the next text stands as far below it.
     failures.check(all(abs(step - steps[0] - LINE) < NEAR for step in steps[1:]), f"the sample's distance: {steps}")
-    print(f"{failures.count} failed")
-    return 1 if failures.count else 0
 
 
 if __name__ == "__main__":
-    sys.exit(main())
+    test_in_office(check)

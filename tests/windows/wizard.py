@@ -6,13 +6,10 @@ on the last page, an account that is refused, and a list that is clicked while a
 
 FOLDER is the build folder of the Windows program. Exit status 77 where Wine, CUPS or Ghostscript is missing.
 """
-import argparse
-import pathlib
-import sys
-
 from agent import WM_COMMAND
+from failures import test_in_office
 from messages import LBN_SELCHANGE, LB_SETCURSEL, SBM_GETPOS, WM_CHAR, WM_MOUSEWHEEL
-from office import FORMS, NAME_LIST, TITLES, Office
+from office import FORMS, NAME_LIST, TITLES
 from player import signed
 from watcher import SETTINGS
 
@@ -28,14 +25,10 @@ LONG = [("IncassantBegunstigde", "UserText(70)", "N" * 80, 60), ("IncassantAdres
 
 
 class Wizard:
-    def __init__(self, office):
+    def __init__(self, office, failures):
         self.office = office
         self.user = office.user
-        self.failures = 0
-
-    def equal(self, is_, should, what):
-        print("ok" if is_ == should else "FAILED", f"{what}: {is_}" + f", expected {should}" * (is_ != should))
-        self.failures += is_ != should
+        self.equal = failures.equal
 
     def start(self, *commands):
         self.user.shown.clear()
@@ -81,13 +74,16 @@ class Wizard:
         """Parts of a turn, as the system posts them: one of nothing takes nothing back and turns nothing."""
         preview = self.user.form("frmPrintPreview").handle
         self.office.play(f"key frmPrintPreview {VK_END}")
+        bar = self.user.window("frmPrintPreview", "VScroll")
+        wanted = bar.send(SBM_GETPOS)
         for parts, moved in (([60, 0, 60], 1), ([0, 0], 0), ([-60, 0, -60], -1), ([60, 60, 60], 1), ([60], 1)):
-            start = self.user.window("frmPrintPreview", "VScroll").send(SBM_GETPOS)
             for part in parts:
                 self.office.agent.ask("post", preview, WM_MOUSEWHEEL, signed(0, part), 0)
+            wanted -= moved * SMALL_CHANGE
+            # What is sent overtakes what is posted: an answer does not tell that the wheel has been seen.
+            self.user.wait_until(lambda place=wanted: bar.send(SBM_GETPOS) == place)
             self.user.wait_until(self.user.is_idle)
-            moves = start - self.user.window("frmPrintPreview", "VScroll").send(SBM_GETPOS)
-            self.equal(moves, moved * SMALL_CHANGE, f"{parts} scrolls up by {moved} notches")
+            self.equal(bar.send(SBM_GETPOS), wanted, f"{parts} scrolls up by {moved} notches")
 
     def check_list(self):
         """What the command was given is what the preview prints, whatever the list says meanwhile."""
@@ -115,15 +111,5 @@ class Wizard:
         self.equal(self.office.events("error", "ignored", "refused"), [], "nothing was refused")
 
 
-def main():
-    parser = argparse.ArgumentParser()
-    parser.add_argument("--build", type=pathlib.Path, required=True)
-    with Office(parser.parse_args().build) as office:
-        wizard = Wizard(office)
-        wizard.run()
-    print(f"{wizard.failures} failed")
-    return 1 if wizard.failures else 0
-
-
 if __name__ == "__main__":
-    sys.exit(main())
+    test_in_office(lambda office, failures: Wizard(office, failures).run())
