@@ -7,13 +7,8 @@ what is true, and the next document is printed as ever.
 
 FOLDER is the build folder of the Windows program. Exit status 77 where Wine, CUPS or Ghostscript is missing.
 """
-import argparse
-import pathlib
-import sys
-
-from agent import Agent, Registry
-from office import FORMS, NAME_LIST, REPORT, TITLES, Office
-from player import Player
+from failures import test_in_office
+from office import FORMS, NAME_LIST, REPORT, TITLES
 from watcher import SETTINGS
 
 OUT_OF_MEMORY = 7  # as the program numbers it
@@ -47,14 +42,9 @@ CALLS = [
 
 
 class Faults:
-    def __init__(self, office, build):
+    def __init__(self, office, failures):
         self.office = office
-        self.build = build
-        self.failures = 0
-
-    def equal(self, is_, should, what):
-        print("ok" if is_ == should else "FAILED", f"{what}: {is_}" + f", expected {should}" * (is_ != should))
-        self.failures += is_ != should
+        self.equal = failures.equal
 
     def start(self):
         self.office.user.shown.clear()
@@ -138,14 +128,8 @@ class Faults:
         self.equal(self.office.user.registry.values(SETTINGS) == before, True, "and changes nothing")
 
     def limit_files(self, bytes_):
-        """Nobody can make a longer file in what runs from now on, as on a disk that is full."""
         self.office.play("click frmMain.Cancel")
-        self.office.agent.close()
-        command = self.office.prefix.command()
-        if bytes_ is not None:
-            command = ["sh", "-c", 'trap "" XFSZ; exec "$@"', "sh", "prlimit", f"--fsize={bytes_}", *command]
-        self.office.agent = Agent(command, self.build / "bin" / "win_agent.exe")
-        self.office.user = Player(self.office.agent, Registry(self.office.agent), self.office.program, self.office.ids)
+        self.office.limit_files(bytes_)
         self.start()
 
     def check_disk(self):
@@ -189,16 +173,5 @@ class Faults:
         self.equal(self.office.events("ignored", "refused"), [], "nothing else happened")
 
 
-def main():
-    parser = argparse.ArgumentParser()
-    parser.add_argument("--build", type=pathlib.Path, required=True)
-    build = parser.parse_args().build
-    with Office(build) as office:
-        faults = Faults(office, build)
-        faults.run()
-    print(f"{faults.failures} failed")
-    return 1 if faults.failures else 0
-
-
 if __name__ == "__main__":
-    sys.exit(main())
+    test_in_office(lambda office, failures: Faults(office, failures).run())

@@ -67,15 +67,15 @@ def grow(office, what, once, times, keys):
            f"after {times} {what}, {times - WARM_UP} of them since {[gdi, windows, kernel]}")
 
 
-def count_handles(build):
-    with Office(build) as office:
-        office.start_at_the_last_page()
-        office.play("paste frmMain.UserText(0) 1")
-        grow(office, "prints", print_once, PRINTS, KEYS_OF_A_PRINT)
-        office.open_manager()
-        office.pick_document(FORMS)
-        grow(office, "previews", preview_once, PREVIEWS, KEYS_OF_A_PREVIEW)
-        grow(office, "previews that are printed", print_preview_once, PRINTED_PREVIEWS, KEYS_OF_A_PREVIEW)
+def count_handles(office):
+    office.start_at_the_last_page()
+    office.play("paste frmMain.UserText(0) 1")
+    grow(office, "prints", print_once, PRINTS, KEYS_OF_A_PRINT)
+    office.open_manager()
+    office.pick_document(FORMS)
+    grow(office, "previews", preview_once, PREVIEWS, KEYS_OF_A_PREVIEW)
+    grow(office, "previews that are printed", print_preview_once, PRINTED_PREVIEWS, KEYS_OF_A_PREVIEW)
+    office.play("click frmPrintManager.cmdAnnuleren", "click frmMain.Cancel")
 
 
 class Trace:
@@ -97,31 +97,31 @@ class Trace:
         return self.open
 
 
-def count_printers(build):
-    with tempfile.TemporaryFile() as log, Office(build, log, "-all,trace+winspool") as office:
-        with open(f"/dev/fd/{log.fileno()}", "rb") as file:
-            trace = Trace(file)
-            office.start_at_the_last_page()
-            office.play("paste frmMain.UserText(0) 1")
-            for details in (False, True):
+def count_printers(office):
+    with tempfile.TemporaryFile() as log, open(f"/dev/fd/{log.fileno()}", "rb") as file:
+        office.trace("-all,trace+winspool", log)
+        trace = Trace(file)
+        office.start_at_the_last_page()
+        office.play("paste frmMain.UserText(0) 1")
+        for details in (False, True):
+            print_once(office, details)
+            print_once(office, details)
+            before = trace.open_printers()
+            for _ in range(TRACED_TIMES):
                 print_once(office, details)
-                print_once(office, details)
-                before = trace.open_printers()
-                for _ in range(TRACED_TIMES):
-                    print_once(office, details)
-                grown = trace.open_printers() - before
-                what = f"{TRACED_TIMES} prints {'with' if details else 'without'} the printer's details: {grown} left open"
-                if trace.open == 0 or grown != TRACED_TIMES * details:
-                    sys.exit(what)
-                print(what)
+            grown = trace.open_printers() - before
+            what = f"{TRACED_TIMES} prints {'with' if details else 'without'} the printer's details: {grown} left open"
+            if trace.open == 0 or grown != TRACED_TIMES * details:
+                sys.exit(what)
+            print(what)
 
 
 def main():
     parser = argparse.ArgumentParser()
     parser.add_argument("--build", type=pathlib.Path, required=True)
-    build = parser.parse_args().build
-    count_handles(build)
-    count_printers(build)
+    with Office(parser.parse_args().build) as office:
+        count_handles(office)
+        count_printers(office)
 
 
 if __name__ == "__main__":

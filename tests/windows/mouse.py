@@ -11,11 +11,11 @@ import os
 import pathlib
 import shutil
 import subprocess
-import sys
 import time
 
 from agent import Window
-from look import Failures, Picture
+from failures import Failures
+from look import Picture
 from office import FORMS, Office
 from show import Screen
 from wine_prefix import skip
@@ -63,7 +63,7 @@ class Mouse:
 
     def look(self, control):
         area = self.user.area(self.user.handle("frmPrintPreview", control))
-        return tuple(sorted(Picture(self.screen.display).colours(*area).items()))
+        return tuple(sorted(Picture(self.screen).colours(*area).items()))
 
     def settled(self, control):
         """The look once it does not change any more."""
@@ -102,78 +102,78 @@ def check_looks(mouse, failures):
     looks["hot"] = mouse.settled("cmdDown")
     mouse.press("L")
     looks["down"] = mouse.settled("cmdDown")
-    failures.expect(len(set(looks.values())) == 4, f"the looks differ: {[len(look) for look in looks.values()]}")
+    failures.check(len(set(looks.values())) == 4, f"the looks differ: {[len(look) for look in looks.values()]}")
 
     mouse.away()
-    failures.expect(mouse.becomes("cmdDown", looks["hot"]), "held and left, it lights up")
+    failures.check(mouse.becomes("cmdDown", looks["hot"]), "held and left, it lights up")
     mouse.over("cmdDown")
-    failures.expect(mouse.becomes("cmdDown", looks["down"]), "entered again, it is down")
+    failures.check(mouse.becomes("cmdDown", looks["down"]), "entered again, it is down")
     mouse.away()
-    failures.expect(mouse.becomes("cmdDown", looks["hot"]), "the timer follows the pointer as long as it is held")
-    failures.expect(mouse.settled("cmdDown") == looks["hot"], "and it stays lit")
+    failures.check(mouse.becomes("cmdDown", looks["hot"]), "the timer follows the pointer as long as it is held")
+    failures.check(mouse.settled("cmdDown") == looks["hot"], "and it stays lit")
     mouse.press("l")
-    failures.expect(mouse.becomes("cmdDown", looks["normal"]), "let go outside, it is as it was")
-    failures.expect(mouse.page() == "Pagina: 1", "and has not been clicked")
+    failures.check(mouse.becomes("cmdDown", looks["normal"]), "let go outside, it is as it was")
+    failures.check(mouse.page() == "Pagina: 1", "and has not been clicked")
     return looks
 
 
 def check_other_buttons(mouse, looks, failures):
     for down, up, name in (("R", "r", "right"), ("M", "m", "middle")):
         mouse.over("cmdDown")
-        failures.expect(mouse.becomes("cmdDown", looks["hot"]), f"the {name} button: lit before")
+        failures.check(mouse.becomes("cmdDown", looks["hot"]), f"the {name} button: lit before")
         mouse.press(down)
-        failures.expect(mouse.becomes("cmdDown", looks["down"]), f"the {name} button holds it down")
+        failures.check(mouse.becomes("cmdDown", looks["down"]), f"the {name} button holds it down")
         mouse.away()
-        failures.expect(mouse.becomes("cmdDown", looks["hot"]), f"the {name} button: lit while it is held")
+        failures.check(mouse.becomes("cmdDown", looks["hot"]), f"the {name} button: lit while it is held")
         mouse.press(up)
-        failures.expect(mouse.becomes("cmdDown", looks["normal"]), f"the {name} button: let go outside")
-        failures.expect(mouse.page() == "Pagina: 1", f"the {name} button turns no page")
+        failures.check(mouse.becomes("cmdDown", looks["normal"]), f"the {name} button: let go outside")
+        failures.check(mouse.page() == "Pagina: 1", f"the {name} button turns no page")
 
 
 def check_clicks(mouse, looks, failures):
     mouse.over("cmdDown")
     mouse.press("L", "l")
-    failures.expect(mouse.turns_to(2), "a click turns the page")
+    failures.check(mouse.turns_to(2), "a click turns the page")
     mouse.away()
-    failures.expect(mouse.becomes("cmdDown", looks["normal"]), "left after a click, it is as it was")
+    failures.check(mouse.becomes("cmdDown", looks["normal"]), "left after a click, it is as it was")
     # The second press of a double click is an event of its own, which the preview does not know.
     mouse.over("cmdUp")
     mouse.press("L", "l", "L", "l")
-    failures.expect(mouse.turns_to(1), "a double click is one click")
+    failures.check(mouse.turns_to(1), "a double click is one click")
     mouse.over("cmdDown")
     mouse.press("L", "R", "r", "l")
-    failures.expect(mouse.turns_to(2), "another button in the midst of it does not take a click away")
+    failures.check(mouse.turns_to(2), "another button in the midst of it does not take a click away")
     mouse.over("cmdUp")
     mouse.press("L", "l")
-    failures.expect(mouse.turns_to(1), "a click turns back")
+    failures.check(mouse.turns_to(1), "a click turns back")
     mouse.away()
 
 
 def check_off(mouse, office, looks, failures):
     """A button that is off keeps its window: it still tells what it is for, and takes the mouse without an effect."""
-    failures.expect(mouse.becomes("cmdUp", looks["off"]), "on the first page the way back is off")
+    failures.check(mouse.becomes("cmdUp", looks["off"]), "on the first page the way back is off")
     window = Window(office.agent, office.user.handle("frmPrintPreview", "cmdUp"))
-    failures.expect(window.usable, "its window is not")
+    failures.check(window.usable, "its window is not")
     mouse.over("cmdUp")
     mouse.press("L", "l")
-    failures.expect(mouse.settled("cmdUp") == looks["off"], "it does not light up")
-    failures.expect(mouse.page() == "Pagina: 1", "nor turn a page")
+    failures.check(mouse.settled("cmdUp") == looks["off"], "it does not light up")
+    failures.check(mouse.page() == "Pagina: 1", "nor turn a page")
     mouse.away()
     mouse.over("cmdUp")
-    failures.expect(shows_tip(office, " Vorige pagina... "), "and shows its tip")
+    failures.check(shows_tip(office, " Vorige pagina... "), "and shows its tip")
     mouse.away()
 
 
 def check_tips(mouse, office, failures):
     """A toolbar's own tip is the button's text, which is for screen readers alone; the close button has none."""
     mouse.over_tool(1)
-    failures.expect(shows_tip(office, "Afdrukken (Kantoor)"), "the first button tells the printer")
+    failures.check(shows_tip(office, "Afdrukken (Kantoor)"), "the first button tells the printer")
     mouse.over_tool(8)
-    failures.expect(not any(tips(office) - {"Afdrukken (Kantoor)"} or time.sleep(PAUSE) for _ in range(TIP_DOES_NOT_COME)),
+    failures.check(not any(tips(office) - {"Afdrukken (Kantoor)"} or time.sleep(PAUSE) for _ in range(TIP_DOES_NOT_COME)),
                     "the close button has no tip")
-    failures.expect(not tips(office), "and that of another does not stay")
+    failures.check(not tips(office), "and that of another does not stay")
     mouse.over_tool(5)
-    failures.expect(shows_tip(office, " Volgende pagina "), "the next button has one")
+    failures.check(shows_tip(office, " Volgende pagina "), "the next button has one")
 
 
 def tips(office):
@@ -194,9 +194,9 @@ def main():
     parser = argparse.ArgumentParser()
     parser.add_argument("--build", type=pathlib.Path, required=True)
     build = parser.parse_args().build
-    for tool, package in (("Xvfb", "Xvfb"), ("import", "ImageMagick"), ("xdotool", "xdotool")):
+    for tool in ("Xvfb", "xdotool"):
         if not shutil.which(tool):
-            skip(f"{package} is not installed")
+            skip(f"{tool} is not installed")
     failures = Failures()
     with Screen(1280, 1024) as screen, Office(build) as office:
         office.use_screen(screen.display)
@@ -211,9 +211,8 @@ def main():
         check_clicks(mouse, looks, failures)
         check_off(mouse, office, looks, failures)
         check_tips(mouse, office, failures)
-    print(f"{failures.count} failed")
-    return 1 if failures.count else 0
+    failures.exit()
 
 
 if __name__ == "__main__":
-    sys.exit(main())
+    main()

@@ -20,8 +20,7 @@ TITLES = ("Acceptgiroformulieren voor de drukkeuring", "Namenlijst", "Instelling
 class Office:
     """Close it, or use it with `with`."""
 
-    def __init__(self, build, log=None, debug=None):
-        """`log` is a file for what Wine tells of its `debug` channels."""
+    def __init__(self, build):
         for tool, package in (("ps2pdf", "Ghostscript"), ("pdftotext", "Poppler")):
             if not shutil.which(tool):
                 skip(f"{package} is not installed")
@@ -29,16 +28,17 @@ class Office:
             self.prefix = ends.enter_context(WinePrefix.for_test(build))
             self.server = ends.enter_context(PrintServer())
             self.prefix.settings.update(self.server.settings)
-            if debug:
-                self.prefix.settings["WINEDEBUG"] = debug
             self.prefix.import_settings(EXAMPLE)
             self.ids = Ids.of(self.prefix, build)
-            self.agent = Agent(self.prefix.command(), build / "bin" / "win_agent.exe", log)
-            ends.callback(self.agent.close)
-            self._build, self._log = build, log
             self.program = self.prefix.windows_path(build / "bin" / "drukkeuring.exe")
-            self.user = Player(self.agent, Registry(self.agent), self.program, self.ids)
+            self._build = build
+            self._seat_user(self.prefix.command())
+            ends.callback(lambda: self.agent.close())
             self._ends = ends.pop_all()
+
+    def _seat_user(self, command, log=None):
+        self.agent = Agent(command, self._build / "bin" / "win_agent.exe", log)
+        self.user = Player(self.agent, Registry(self.agent), self.program, self.ids)
 
     def __enter__(self):
         return self
@@ -47,12 +47,31 @@ class Office:
         self._ends.close()
 
     def use_screen(self, display):
-        """Windows appear on this X display from now on. Before the program starts."""
+        """Windows appear on this X display from now on. Only while the program does not run."""
         self.agent.close()
         self.prefix.use_screen(display)
-        self.agent = Agent(self.prefix.command(), self._build / "bin" / "win_agent.exe", self._log)
-        self._ends.callback(self.agent.close)
-        self.user = Player(self.agent, Registry(self.agent), self.program, self.ids)
+        self._seat_user(self.prefix.command())
+
+    def use_high_contrast(self):
+        """From now on. Only while the program does not run."""
+        self.agent.close()
+        self.prefix.use_high_contrast()
+        self._seat_user(self.prefix.command())
+
+    def trace(self, channels, log):
+        """Wine tells in this file what goes on in these debug channels. Only while the program does not run."""
+        self.agent.close()
+        self.prefix.settings["WINEDEBUG"] = channels
+        self._seat_user(self.prefix.command(), log)
+
+    def limit_files(self, bytes_):
+        """Nobody can make a longer file in what runs from now on, as on a disk that is full. None: there is no limit. Only
+        while the program does not run."""
+        self.agent.close()
+        command = self.prefix.command()
+        if bytes_ is not None:
+            command = ["sh", "-c", 'trap "" XFSZ; exec "$@"', "sh", "prlimit", f"--fsize={bytes_}", *command]
+        self._seat_user(command)
 
     def play(self, *lines):
         self.user.play(lines, finish=False)

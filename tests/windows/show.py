@@ -11,6 +11,7 @@ import contextlib
 import os
 import pathlib
 import shutil
+import struct
 import subprocess
 import tempfile
 import time
@@ -46,13 +47,14 @@ DOCUMENTS = ["testformulieren", "naamlijst", "kalibratie"]
 
 
 class Screen:
-    """An X display of our own, which nobody sees."""
+    """An X display of our own, which nobody sees. Its pointer leaves no dots."""
 
     def __init__(self, width, height):
+        self.folder = tempfile.TemporaryDirectory(prefix="screen-")
         number, self.ready = os.pipe()
         self.server = subprocess.Popen(["Xvfb", "-displayfd", str(self.ready), "-screen", "0", f"{width}x{height}x24",
-                                        "-nolisten", "tcp"], pass_fds=[self.ready], stdout=subprocess.DEVNULL,
-                                       stderr=subprocess.DEVNULL)
+                                        "-fbdir", self.folder.name, "-nocursor", "-nolisten", "tcp"], pass_fds=[self.ready],
+                                       stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL)
         os.close(self.ready)
         with os.fdopen(number) as answer:
             self.display = ":" + answer.readline().strip()
@@ -63,6 +65,14 @@ class Screen:
     def __exit__(self, *_):
         self.server.terminate()
         self.server.wait()
+        self.folder.cleanup()
+
+    def dots(self):
+        """Width, height, bytes to a line, and the lines as they are on show: blue, green, red and nothing for each dot."""
+        memory = pathlib.Path(self.folder.name, "Xvfb_screen0").read_bytes()  # an X window dump
+        header = struct.unpack(">20I", memory[:80])
+        bytes_of_a_colour = 12
+        return header[4], header[5], header[12], memory[header[0] + header[19] * bytes_of_a_colour:]
 
     def picture(self, area, file):
         """Saves a part of the screen as soon as nothing more is drawn there: left, top, width, height in dots."""

@@ -31,6 +31,17 @@ SETTINGS = r"""Windows Registry Editor Version 5.00
 "ShowCrashDialog"=dword:00000000
 """
 
+SCREEN = r"""Windows Registry Editor Version 5.00
+
+[HKEY_CURRENT_USER\Control Panel\Desktop]
+"LogPixels"=dword:{dpi:08x}
+
+[HKEY_CURRENT_USER\Software\Wine\Drivers]
+"Graphics"="x11"
+
+[HKEY_CURRENT_USER\Software\Wine\X11 Driver]
+"Managed"="N"
+"""
 
 # What Control Panel has for each colour of the system under a theme of high contrast.
 BLACK, WHITE, YELLOW, GREEN, CYAN = "0 0 0", "255 255 255", "255 255 0", "0 192 0", "0 255 255"
@@ -143,9 +154,9 @@ class WinePrefix:
 
     def use_screen(self, display, dpi=96):
         """Windows appear on this X display from now on, with so many dots to the inch; 96 is 100 %."""
-        self.run("reg", "add", r"HKCU\Control Panel\Desktop", "/v", "LogPixels", "/t", "REG_DWORD", "/d", dpi, "/f")
-        self.run("reg", "add", r"HKCU\Software\Wine\Drivers", "/v", "Graphics", "/d", "x11", "/f")
-        self.run("reg", "add", r"HKCU\Software\Wine\X11 Driver", "/v", "Managed", "/d", "N", "/f")
+        file = self.folder / "screen.reg"
+        file.write_text(SCREEN.format(dpi=dpi), encoding="utf-16")
+        self.import_settings(file)
         self.stop()  # the desktop that runs without a screen
         self.settings["DISPLAY"] = display
 
