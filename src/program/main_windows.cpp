@@ -2,6 +2,7 @@
 #include "desktop/windows/RunGuarded.h"
 #include "desktop/windows/WindowsPlatform.h"
 #include "forms/Session.h"
+#include "machine/Platform.h"
 #include "state/AppState.h"
 #include "wizard/frmMain.h"
 

@@ -1,4 +1,4 @@
-// The records of platform/Spooler.h are read out of buffers that Windows and its drivers fill, so they have
+// The records of machine/Spooler.h are read out of buffers that Windows and its drivers fill, so they have
 // to lie in memory as the system's own do. This file holds nothing but the proof.
 
 #include <cstddef>

@@ -1,48 +1,29 @@
 #pragma once
 
-#include "desktop/windows/WinBitmaps.h"
-#include "desktop/windows/WinClock.h"
-#include "desktop/windows/WinDesktop.h"
-#include "desktop/windows/WinLocale.h"
-#include "desktop/windows/WinPrinter.h"
-#include "desktop/windows/WinPrinters.h"
-#include "desktop/windows/WinRegistry.h"
-#include "desktop/windows/WinSpooler.h"
-#include "desktop/windows/WinWindowProcedures.h"
-#include "machine/Platform.h"
-#include "machine/SeededRandom.h"
+#include <memory>
+
+namespace machine {
+struct Platform;
+}
 
 namespace desktop::windows {
 
 /// The Windows desktop: everything outside the program that it works with.
 class WindowsPlatform {
   public:
-    WindowsPlatform() = default;
+    WindowsPlatform();
+    ~WindowsPlatform();
     WindowsPlatform(const WindowsPlatform&) = delete;
     WindowsPlatform& operator=(const WindowsPlatform&) = delete;
 
-    machine::Platform& Services() { return services_; }
+    machine::Platform& Services();
 
     /// Runs the message loop until the last form is gone.
-    void Run() { desktop_.Run(); }
+    void Run();
 
   private:
-    WinDesktop desktop_;
-    WinRegistry registry_{[this](const std::string& text) {
-        desktop_.MsgBox(text, forms::MessageIcon::Exclamation, "Drukkeuring acceptgiro's");
-    }};
-    WinLocale locale_;
-    WinClock clock_;
-    machine::SeededRandom random_;
-    WinPrinters printers_;
-    WinPrinter printer_{printers_, [this](const std::string& text) {
-                            desktop_.MsgBox(text, forms::MessageIcon::Critical, "Afdrukken");
-                        }};
-    WinSpooler spooler_;
-    WinBitmaps bitmaps_;
-    WinWindowProcedures procedures_{desktop_};
-    machine::Platform services_{desktop_, registry_, locale_,  clock_,   random_,
-                                spooler_, printers_, printer_, bitmaps_, procedures_};
+    struct Parts;
+    std::unique_ptr<Parts> parts_;
 };
 
 } // namespace desktop::windows
