@@ -14,6 +14,7 @@ from office import FORMS
 PLAIN, PROGRESS, SCROLL_BAR, TOOLBAR, UP_DOWN = (
     "DrukkeuringPlain", "msctls_progress32", "ScrollBar", "ToolbarWindow32", "msctls_updown32")
 TB_GETBUTTONTEXTW = 0x044B
+ROLE_PUSH_BUTTON, STATE_UNAVAILABLE = 0x2B, 0x1
 NAMED_BY_LABEL = {COMBO, EDIT, LIST, PROGRESS}
 NAMED_BY_THEMSELVES = {"Button", PROGRESS, SCROLL_BAR, TOOLBAR, UP_DOWN}
 
@@ -151,6 +152,15 @@ class Walker:
         self.equal(texts, ["Eerste pagina", "Vorige pagina", "Volgende pagina", "Laatste pagina", "Afdrukvoorbeeld sluiten"],
                    "the toolbar's buttons")
 
+    def check_arrows(self):
+        """One that is off keeps its window as it is; what a screen reader is told of it says so."""
+        told = {}
+        for name in ("cmdUp", "cmdDown"):
+            role, state, text = self.user.agent.ask("accessible", self.user.handle("frmPrintPreview", name)).split()
+            told[name] = int(role), int(state) & STATE_UNAVAILABLE, text_of(text)
+        self.equal(told, {"cmdUp": (ROLE_PUSH_BUTTON, STATE_UNAVAILABLE, "Vorige pagina"),
+                          "cmdDown": (ROLE_PUSH_BUTTON, 0, "Volgende pagina")}, "on the first page a screen reader is told")
+
     def walk(self):
         office = self.office
         office.play("start")
@@ -164,6 +174,7 @@ class Walker:
         office.play("click frmPrintManager.cmdPrintVoorbeeld")
         self.check("frmPrintPreview")
         self.check_toolbar()
+        self.check_arrows()
         office.play("click frmPrintPreview.Toolbar(8)", "click frmPrintManager.cmdAnnuleren", "click frmMain.Cancel")
         self.equal(office.events("error", "ignored", "refused"), [], "nothing was refused")
 

@@ -1,5 +1,6 @@
 #include <utility>
 
+#include "desktop/windows/AccessibleButton.h"
 #include "desktop/windows/Colours.h"
 #include "desktop/windows/PictureWindow.h"
 #include "desktop/windows/WinControl.h"
@@ -37,6 +38,8 @@ WinFlatButton::WinFlatButton(forms::cmdButtonXP& control, WinForm& form, const W
 void WinFlatButton::MirrorContent(forms::Aspect aspect) {
     if (aspect == forms::Aspect::Picture) {
         ::InvalidateRect(Window(), nullptr, FALSE);
+    } else if (aspect == forms::Aspect::Enabled) {
+        ::NotifyWinEvent(EVENT_OBJECT_STATECHANGE, Window(), OBJID_CLIENT, CHILDID_SELF);
     }
 }
 
@@ -91,14 +94,22 @@ LRESULT WinFlatButton::Received(UINT message, WPARAM wParam, LPARAM lParam) {
         clicking_ = false;
         model_.UserMouseUp();
         return 0;
+    case WM_GETOBJECT:
+        if (static_cast<LONG>(lParam) == OBJID_CLIENT) {
+            return AnswerAssistant(Window(), wParam);
+        }
+        break;
+    case MessageIsOff:
+        return model_.Enabled() ? FALSE : TRUE;
     case WM_ERASEBKGND:
         return TRUE;
     case WM_PAINT:
         PaintPicture(Window(), {ToColourRef(model_.ShownBackColor()), model_.pictNormal(), nullptr, {}});
         return 0;
     default:
-        return WinControl::Received(message, wParam, lParam);
+        break;
     }
+    return WinControl::Received(message, wParam, lParam);
 }
 
 } // namespace

@@ -5,6 +5,7 @@
 #include <iostream>
 #include <sstream>
 
+#include "Accessible.h"
 #include "Handles.h"
 #include "Messages.h"
 #include "Program.h"
@@ -45,6 +46,7 @@ constexpr Command Commands[] = {
     {"button", Button},
     {"fetch", Fetch},
     {"entry", Entry},
+    {"accessible", Accessible},
     {"handles", Handles},
     {"refuse", Refuse},
     {"values", Values},

@@ -1,0 +1,6 @@
+#pragma once
+
+#include <istream>
+#include <string>
+
+std::string Accessible(std::istream& in);
