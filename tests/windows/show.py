@@ -23,27 +23,8 @@ from print_server import PrintServer
 from watcher import SETTINGS
 from wine_prefix import LOADER, WinePrefix, user_prefix
 
-# What the user does, and the name of the picture that is taken after it.
-STORY = [
-    ("start", "wizard-1"),
-    ("click frmMain.Verder", "wizard-2"),
-    ("click frmMain.optProcedure(0)", None),
-    ("click frmMain.Verder", "wizard-3"),
-    ("click frmMain.optTestpartij(2)", None),
-    ("click frmMain.Verder", "wizard-4"),
-    ("click frmMain.cmdPrinten", "manager"),
-    ("click frmPrintManager.cmdDetails", "manager-details"),
-    ("click frmPrintManager.cmdDetails", None),
-    ("pick frmPrintManager.lstAfdrukken 0", None),
-    ("paste frmPrintManager.UserText(0) 0", None),
-    ("click frmPrintManager.cmdPrint", None),  # the message box has its picture taken before it is answered
-    ("paste frmPrintManager.UserText(0) 1", None),
-    ("click frmPrintManager.cmdPrintVoorbeeld", "preview"),
-    ("key frmPrintPreview 34", "preview-2"),
-    ("key frmPrintPreview 27", None),
-]
+TOUR = pathlib.Path(__file__).parents[1] / "stories" / "pictures" / "tour.scenario"
 PAUSE, PATIENCE = 0.3, 10  # seconds between two pictures of a window, and how often it is tried
-DOCUMENTS = ["testformulieren", "naamlijst", "kalibratie"]
 
 
 class Screen:
@@ -96,6 +77,26 @@ def as_pdf(document, file):
         subprocess.run(["ps2pdf", source.name, str(file)], check=True)
 
 
+class Photographer(Player):
+    """Leaves pictures and documents in a folder."""
+
+    def __init__(self, agent, command_line, ids, screen, server, out):
+        super().__init__(agent, Registry(agent), command_line, ids)
+        self.screen, self.server, self.out = screen, server, out
+
+    def take(self, handle, name):
+        self.screen.picture(self.area(handle), self.out / f"{name}.png")
+
+    def do_picture(self, name):
+        self.take(self.front().handle, name)
+
+    def do_picture_message(self, name):
+        self.on_box = lambda handle: self.take(handle, name)
+
+    def do_document(self, name):
+        as_pdf(self.server.next_job().document, self.out / f"{name}.pdf")
+
+
 def demonstrate(prefix, build, out, dpi):
     shutil.rmtree(out, ignore_errors=True)
     out.mkdir(parents=True)
@@ -106,18 +107,9 @@ def demonstrate(prefix, build, out, dpi):
         prefix.use_screen(screen.display, dpi)
         agent = Agent(prefix.command(), build / "bin" / "win_agent.exe")
         ends.callback(agent.close)
-        player = Player(agent, Registry(agent), prefix.windows_path(build / "bin" / "drukkeuring.exe"),
-                        Ids.of(prefix, build))
-        player.on_box = lambda box: screen.picture(player.area(box), out / "message.png")
-        for command, picture in STORY:
-            player.play([command], finish=False)
-            if picture:
-                screen.picture(player.area(player.front().handle), out / f"{picture}.png")
-        for number, name in enumerate(DOCUMENTS):
-            if number > 0:
-                player.play(["click frmMain.cmdPrinten"], finish=False)
-            player.play([f"pick frmPrintManager.lstAfdrukken {number}", "click frmPrintManager.cmdPrint"], finish=False)
-            as_pdf(server.next_job().document, out / f"{name}.pdf")
+        program = prefix.windows_path(build / "bin" / "drukkeuring.exe")
+        player = Photographer(agent, program, Ids.of(prefix, build), screen, server, out)
+        player.play(TOUR.read_text(encoding="utf-8").splitlines(), finish=False)
     print("\n".join(sorted(file.name for file in out.iterdir())))
 
 
