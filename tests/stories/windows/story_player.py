@@ -20,6 +20,10 @@ STATUS_DONE, STATUS_SCRIPT_ERROR, STATUS_EXPECTATION_FAILED = 0, 2, 3
 QUESTIONS = {"frmPrintManager.IsPrintPreview", "frmPrintPreviewGhost.Page"}
 
 
+# Calls of Windows that can fail: what they then answer, and the number of the error.
+ACCESS_DENIED, RPC_SERVER_UNAVAILABLE = 5, 1722
+FAILING = {"DeviceCapabilitiesA": (-1, RPC_SERVER_UNAVAILABLE), "SetPrinterA": (0, ACCESS_DENIED),
+           "RegSetValueExA": (ACCESS_DENIED, ACCESS_DENIED)}
 PRINTER_LIST = "frmPrintManager.cboPrinterSelect(0)"
 NEVER_SHOWN = "frmPrintPreviewGhost"
 
@@ -78,6 +82,12 @@ class StoryPlayer(Player):
             self.stored = self.registry.values(SETTINGS)
         elif not (path.startswith("Spooler.") and path.endswith(".status")):
             raise Unplayable(f"poke {path}")
+
+    def do_fail(self, call, count=1):
+        if call not in FAILING:
+            raise Unplayable(f"fail {call}")
+        if self.agent.ask("refuse", call, count, *FAILING[call], "first") != "ok":
+            raise RuntimeError(f"the program does not call {call}")
 
     # What the user does.
 

@@ -25,6 +25,7 @@ constexpr std::array<std::uint8_t, 0x20> Code = {0xFF, 0x0D, 0x32, 0,    0,    0
 constexpr std::size_t JumpAt = 0x06;
 constexpr std::uint8_t JumpIfNegative = 0x78;
 constexpr std::uint8_t JumpIfZero = 0x74;
+constexpr std::uint8_t JumpIfNotNegative = 0x79;
 constexpr std::size_t ErrorAt = 0x16;
 constexpr std::size_t ResultAt = 0x1B;
 constexpr std::size_t OriginalAt = 0x30;
@@ -112,23 +113,29 @@ const StandIn* StandInFor(const std::string& name) {
 } // namespace
 
 // Name of the call as the program imports it, how many calls still pass, and what the others answer: result
-// and error number. With "once" only the first of them fails.
+// and error number. With "once" only the first of them fails; with "first" the number is of those that fail,
+// and all others pass.
 std::string Refuse(std::istream& in) {
     std::string name;
-    std::int32_t passes = 0;
+    std::int32_t count = 0;
     std::int32_t result = 0;
     std::int32_t error = 0;
     std::string times;
-    in >> name >> passes >> result >> error >> times;
-    const bool once = times == "once";
+    in >> name >> count >> result >> error >> times;
     const StandIn* standIn = StandInFor(name);
     if (standIn == nullptr) {
         return "error no such call";
     }
-    passes += once ? 1 : 0;
-    Put(standIn->Place + JumpAt, once ? &JumpIfZero : &JumpIfNegative, 1);
+    std::uint8_t jump = JumpIfNegative;
+    if (times == "once") {
+        jump = JumpIfZero;
+        ++count;
+    } else if (times == "first") {
+        jump = JumpIfNotNegative;
+    }
+    Put(standIn->Place + JumpAt, &jump, 1);
     Put(standIn->Place + ErrorAt, &error, sizeof error);
     Put(standIn->Place + ResultAt, &result, sizeof result);
-    Put(standIn->Place + PassesAt, &passes, sizeof passes);
+    Put(standIn->Place + PassesAt, &count, sizeof count);
     return "ok";
 }
