@@ -15,7 +15,6 @@ class Unknown:
 # A button that is off keeps its window: that it is shows in its picture alone.
 PICTURE_BUTTONS = {("frmPrintPreview", "cmdUp"), ("frmPrintPreview", "cmdDown")}
 
-
 # Where the preview tells them to the user.
 COUNTS = {"frmPrintPreview.iCurrentPage": "frmPrintPreview.StatusBar(1).Text",
           "frmPrintPreview.iTotalPages": "frmPrintPreview.StatusBar(2).Text"}

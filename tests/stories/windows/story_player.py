@@ -19,11 +19,11 @@ STATUS_DONE, STATUS_SCRIPT_ERROR, STATUS_EXPECTATION_FAILED = 0, 2, 3
 # Calls that only ask: nobody outside hears the answer.
 QUESTIONS = {"frmPrintManager.IsPrintPreview", "frmPrintPreviewGhost.Page"}
 
-
 # Calls of Windows that can fail: what they then answer, and the number of the error.
 ACCESS_DENIED, RPC_SERVER_UNAVAILABLE = 5, 1722
 FAILING = {"DeviceCapabilitiesA": (-1, RPC_SERVER_UNAVAILABLE), "SetPrinterA": (0, ACCESS_DENIED),
            "RegSetValueExA": (ACCESS_DENIED, ACCESS_DENIED)}
+
 PRINTER_LIST = "frmPrintManager.cboPrinterSelect(0)"
 NEVER_SHOWN = "frmPrintPreviewGhost"
 
