@@ -112,21 +112,8 @@ std::unique_ptr<forms::FormPeer> QtDesktop::CreatePeer(forms::Form& form) {
     return std::make_unique<QtForm>(form, *this);
 }
 
-QtForm* QtDesktop::PeerOf(const forms::Form& form) const {
-    const auto found = peers_.find(&form);
-    return found == peers_.end() ? nullptr : found->second;
-}
-
-void QtDesktop::Opened(forms::Form& form, QtForm& peer) {
-    peers_[&form] = &peer;
-}
-
-void QtDesktop::Shown(forms::Form& form) {
-    shown_.push_back(&form);
-}
-
-void QtDesktop::Hidden(forms::Form& form) {
-    std::erase(shown_, &form);
+void QtDesktop::Hidden(const forms::Form& form) {
+    forms_.Hidden(form);
     if (QWidget* top = TopWindow()) {
         top->activateWindow();
     } else if (running_) {
@@ -134,17 +121,13 @@ void QtDesktop::Hidden(forms::Form& form) {
     }
 }
 
-void QtDesktop::Gone(forms::Form& form) {
-    peers_.erase(&form);
-    std::erase(shown_, &form);
-}
-
 QWidget* QtDesktop::TopWindow() const {
-    return shown_.empty() ? nullptr : PeerOf(*shown_.back())->Window();
+    const QtForm* top = forms_.TopPeer();
+    return top == nullptr ? nullptr : top->Window();
 }
 
 void QtDesktop::Run() {
-    if (!shown_.empty()) {
+    if (!forms_.Empty()) {
         running_ = true;
         QApplication::exec();
         running_ = false;
@@ -152,7 +135,7 @@ void QtDesktop::Run() {
 }
 
 void QtDesktop::RunModal(forms::Form& form) {
-    if (QtForm* peer = PeerOf(form)) {
+    if (QtForm* peer = forms_.PeerOf(form)) {
         peer->RunModal();
     }
 }
@@ -173,8 +156,7 @@ void QtDesktop::MsgBox(const std::string& text, forms::MessageIcon icon, const s
 }
 
 void QtDesktop::UnhandledError(const base::RuntimeError& error) {
-    MsgBox(forms::UnhandledErrorText(error), forms::MessageIcon::Critical,
-           TopWindow() == nullptr ? "" : FromQString(TopWindow()->windowTitle()));
+    MsgBox(forms::UnhandledErrorText(error), forms::MessageIcon::Critical, forms_.Title());
 }
 
 std::int16_t QtDesktop::GetKeyState(int virtualKey) {

@@ -8,6 +8,7 @@
 #include <QWidget>
 
 #include "forms/Desktop.h"
+#include "forms/ShownForms.h"
 #include "forms/WindowProcedureTable.h"
 
 namespace desktop::qt {
@@ -42,19 +43,16 @@ class QtDesktop final : public QObject, public forms::Desktop {
     forms::WindowProcedureTable& Windows() { return windows_; }
 
     // What the forms' windows tell.
-    void Opened(forms::Form& form, QtForm& peer);
-    void Shown(forms::Form& form);
-    void Hidden(forms::Form& form);
-    void Gone(forms::Form& form);
+    void Opened(const forms::Form& form, QtForm& peer) { forms_.Opened(form, peer); }
+    void Shown(const forms::Form& form) { forms_.Shown(form); }
+    void Hidden(const forms::Form& form);
+    void Gone(const forms::Form& form) { forms_.Gone(form); }
 
     bool eventFilter(QObject* watched, QEvent* event) override;
 
   private:
-    QtForm* PeerOf(const forms::Form& form) const;
-
     forms::WindowProcedureTable windows_;
-    std::unordered_map<const forms::Form*, QtForm*> peers_;
-    std::vector<const forms::Form*> shown_;
+    forms::ShownForms<QtForm> forms_;
     QPointer<QWidget> locked_;
     forms::Desktop* toldBefore_ = nullptr; // of failures that nobody knows, while this one is
     bool tabDown_ = false;

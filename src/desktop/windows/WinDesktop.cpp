@@ -43,7 +43,7 @@ WinDesktop::WinDesktop() {
 
 // A form that scrolls has no focus. It is told of whole notches: a part of one waits here for its rest.
 bool WinDesktop::TurnsWheel(MSG& message) {
-    if (shown_.empty() || shown_.back()->ActiveControl() != nullptr) {
+    if (forms_.Empty() || forms_.Top()->ActiveControl() != nullptr) {
         return true;
     }
     const std::int16_t turn = wheel_.Add(static_cast<std::int16_t>(HIWORD(message.wParam)));
@@ -98,26 +98,13 @@ std::unique_ptr<forms::FormPeer> WinDesktop::CreatePeer(forms::Form& form) {
     return std::make_unique<WinForm>(form, *this);
 }
 
-void WinDesktop::Opened(forms::Form& form, WinForm& peer) {
-    peers_[&form] = &peer;
-}
-
-void WinDesktop::Shown(forms::Form& form) {
-    shown_.push_back(&form);
-}
-
-void WinDesktop::Hidden(forms::Form& form) {
-    const auto peer = peers_.find(&form);
-    const bool active = peer != peers_.end() && peer->second->IsActive();
-    std::erase(shown_, &form);
+void WinDesktop::Hidden(const forms::Form& form) {
+    const WinForm* peer = forms_.PeerOf(form);
+    const bool active = peer != nullptr && peer->IsActive();
+    forms_.Hidden(form);
     if (HWND top = TopWindow(); top != nullptr && active) {
         ::SetActiveWindow(top);
     }
-}
-
-void WinDesktop::Gone(forms::Form& form) {
-    peers_.erase(&form);
-    std::erase(shown_, &form);
 }
 
 // Windows may end the program as soon as this returns. Where it does not, the loops further out close what is
@@ -125,33 +112,30 @@ void WinDesktop::Gone(forms::Form& form) {
 void WinDesktop::SessionEnds(forms::Session& session) {
     ending_ = &session;
     session.End();
-    if (shown_.empty()) {
+    if (forms_.Empty()) {
         ::PostQuitMessage(0);
     }
 }
 
-bool WinDesktop::IsShown(const forms::Form& form) const {
-    return std::find(shown_.begin(), shown_.end(), &form) != shown_.end();
-}
-
 HWND WinDesktop::TopWindow() const {
-    return shown_.empty() ? nullptr : peers_.at(shown_.back())->Window();
+    const WinForm* top = forms_.TopPeer();
+    return top == nullptr ? nullptr : top->Window();
 }
 
 std::vector<HWND> WinDesktop::ShownWindows() const {
     std::vector<HWND> windows;
-    for (const forms::Form* form : shown_) {
-        windows.push_back(peers_.at(form)->Window());
+    for (const WinForm* peer : forms_.Peers()) {
+        windows.push_back(peer->Window());
     }
     return windows;
 }
 
 void WinDesktop::Run() {
-    RunLoop([this] { return !shown_.empty(); });
+    RunLoop([this] { return !forms_.Empty(); });
 }
 
 void WinDesktop::RunModal(forms::Form& form) {
-    RunLoop([&] { return IsShown(form); });
+    RunLoop([&] { return forms_.IsShown(form); });
 }
 
 void WinDesktop::Yield() {
@@ -167,8 +151,7 @@ void WinDesktop::MsgBox(const std::string& text, forms::MessageIcon icon, const 
 }
 
 void WinDesktop::UnhandledError(const base::RuntimeError& error) {
-    MsgBox(forms::UnhandledErrorText(error), forms::MessageIcon::Critical,
-           shown_.empty() ? "" : shown_.back()->Caption());
+    MsgBox(forms::UnhandledErrorText(error), forms::MessageIcon::Critical, forms_.Title());
 }
 
 void WinDesktop::TellCaught() noexcept {

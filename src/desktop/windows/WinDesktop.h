@@ -1,12 +1,12 @@
 #pragma once
 
 #include <functional>
-#include <unordered_map>
 #include <vector>
 
 #include "desktop/windows/Win32.h"
 
 #include "forms/Desktop.h"
+#include "forms/ShownForms.h"
 #include "forms/WheelTurn.h"
 
 namespace forms {
@@ -49,22 +49,20 @@ class WinDesktop final : public forms::Desktop {
     bool ShowsHourglass() const { return hourglass_; }
 
     // What the forms' windows tell.
-    void Opened(forms::Form& form, WinForm& peer);
-    void Shown(forms::Form& form);
-    void Hidden(forms::Form& form);
-    void Gone(forms::Form& form);
+    void Opened(const forms::Form& form, WinForm& peer) { forms_.Opened(form, peer); }
+    void Shown(const forms::Form& form) { forms_.Shown(form); }
+    void Hidden(const forms::Form& form);
+    void Gone(const forms::Form& form) { forms_.Gone(form); }
     /// The user logs off or shuts the machine down.
     void SessionEnds(forms::Session& session);
 
   private:
-    bool IsShown(const forms::Form& form) const;
     bool Handle(MSG& message);
     void RunLoop(const std::function<bool()>& wanted);
     void EndWaiting();
     bool TurnsWheel(MSG& message);
 
-    std::unordered_map<const forms::Form*, WinForm*> peers_;
-    std::vector<const forms::Form*> shown_;
+    forms::ShownForms<WinForm> forms_;
     forms::WheelTurn wheel_;
     forms::Session* ending_ = nullptr;
     bool hourglass_ = false;
