@@ -4,13 +4,6 @@
 
 namespace forms {
 
-void CheckBox::SetCaption(const std::string& caption) {
-    if (caption != caption_) {
-        caption_ = caption;
-        Changed(Aspect::Caption);
-    }
-}
-
 void CheckBox::SetValue(bool value) {
     if (value == value_) {
         return;

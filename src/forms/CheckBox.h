@@ -2,20 +2,19 @@
 
 #include <functional>
 
-#include "forms/Control.h"
+#include "forms/CaptionedControl.h"
+#include "forms/ControlVisitor.h"
 
 namespace forms {
 
 /// A choice that is on or off.
-class CheckBox : public Control {
+class CheckBox : public CaptionedControl {
   public:
-    CheckBox(Form& form, std::string name, int index = NoIndex, Control* container = nullptr)
-        : Control(form, ControlKind::CheckBox, std::move(name), index, container) {}
+    using CaptionedControl::CaptionedControl;
+
+    void Accept(ControlVisitor& visitor) override { visitor.Visit(*this); }
 
     std::function<void()> OnClick;
-
-    const std::string& Caption() const { return caption_; }
-    void SetCaption(const std::string& caption);
 
     bool Value() const { return value_; }
     void SetValue(bool value);
@@ -25,7 +24,6 @@ class CheckBox : public Control {
     bool UserClick() override;
 
   private:
-    std::string caption_;
     bool value_ = false;
 };
 

@@ -6,6 +6,7 @@
 #include <vector>
 
 #include "forms/Control.h"
+#include "forms/ControlVisitor.h"
 
 namespace forms {
 
@@ -34,6 +35,7 @@ class ChoiceControl : public Control {
     /// Text of the selected entry, or the empty text.
     const std::string& Text() const;
 
+    bool IsNamedByLabel() const override { return true; }
     bool TakesFocus() const override { return true; }
     bool UserClick() override;
     /// The user picks an entry: the focus comes here first, and the pick is lost if it does not stay. False
@@ -55,15 +57,17 @@ class ChoiceControl : public Control {
 /// A list of entries, all on show.
 class ListBox : public ChoiceControl {
   public:
-    ListBox(Form& form, std::string name, int index = NoIndex, Control* container = nullptr)
-        : ChoiceControl(form, ControlKind::ListBox, std::move(name), index, container) {}
+    using ChoiceControl::ChoiceControl;
+
+    void Accept(ControlVisitor& visitor) override { visitor.Visit(*this); }
 };
 
 /// A list that drops down; the user picks, and cannot type.
 class ComboBox : public ChoiceControl {
   public:
-    ComboBox(Form& form, std::string name, int index = NoIndex, Control* container = nullptr)
-        : ChoiceControl(form, ControlKind::ComboBox, std::move(name), index, container) {}
+    using ChoiceControl::ChoiceControl;
+
+    void Accept(ControlVisitor& visitor) override { visitor.Visit(*this); }
 };
 
 } // namespace forms

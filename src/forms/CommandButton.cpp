@@ -4,11 +4,9 @@
 
 namespace forms {
 
-void CommandButton::SetCaption(const std::string& caption) {
-    if (caption != caption_) {
-        caption_ = caption;
-        Changed(Aspect::Caption);
-    }
+bool CommandButton::IsPressedByEnter() const {
+    const auto* focused = dynamic_cast<const CommandButton*>(Owner().ActiveControl());
+    return focused == nullptr ? default_ : focused == this;
 }
 
 void CommandButton::Press() {

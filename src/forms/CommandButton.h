@@ -2,20 +2,19 @@
 
 #include <functional>
 
-#include "forms/Control.h"
+#include "forms/CaptionedControl.h"
+#include "forms/ControlVisitor.h"
 
 namespace forms {
 
 /// A push button. "&" in the caption marks its access key.
-class CommandButton : public Control {
+class CommandButton : public CaptionedControl {
   public:
-    CommandButton(Form& form, std::string name, int index = NoIndex, Control* container = nullptr)
-        : Control(form, ControlKind::CommandButton, std::move(name), index, container) {}
+    using CaptionedControl::CaptionedControl;
+
+    void Accept(ControlVisitor& visitor) override { visitor.Visit(*this); }
 
     std::function<void()> OnClick;
-
-    const std::string& Caption() const { return caption_; }
-    void SetCaption(const std::string& caption);
 
     /// The button that Enter presses while no other button has the focus.
     bool Default() const { return default_; }
@@ -23,6 +22,8 @@ class CommandButton : public Control {
         default_ = on;
         Changed(Aspect::Value);
     }
+    /// True for the button that Enter presses now.
+    bool IsPressedByEnter() const;
     /// The button that Escape presses.
     bool Cancel() const { return cancel_; }
     void SetCancel(bool on) { cancel_ = on; }
@@ -36,7 +37,6 @@ class CommandButton : public Control {
     bool UserClick() override;
 
   private:
-    std::string caption_;
     bool default_ = false;
     bool cancel_ = false;
 };

@@ -6,8 +6,8 @@
 
 namespace forms {
 
-Control::Control(Form& form, ControlKind kind, std::string name, int index, Control* container)
-    : form_(form), kind_(kind), name_(std::move(name)), index_(index), container_(container) {
+Control::Control(Form& form, std::string name, int index, Control* container)
+    : form_(form), name_(std::move(name)), index_(index), container_(container) {
     form_.Register(*this);
 }
 

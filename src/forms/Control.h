@@ -7,29 +7,8 @@
 
 namespace forms {
 
+class ControlVisitor;
 class Form;
-
-/// What a peer makes of a control. Each kind is one class of this folder.
-enum class ControlKind {
-    CheckBox,
-    ComboBox,
-    CommandButton,
-    FlatButton,
-    Label,
-    Line,
-    ListBox,
-    MenuBar,
-    MenuItem,
-    OptionButton,
-    PictureBox,
-    ProgressBar,
-    ScrollBar,
-    StatusBar,
-    TextBox,
-    Timer,
-    Toolbar,
-    UpDown,
-};
 
 /// What has changed in a control, for the peer that mirrors it.
 enum class Aspect {
@@ -63,18 +42,20 @@ struct ControlFont {
 /// for those that say so.
 class Control {
   public:
-    Control(Form& form, ControlKind kind, std::string name, int index, Control* container);
+    /// Position of an element that is not one of a control array.
+    static constexpr int NoIndex = -1;
+
+    Control(Form& form, std::string name, int index = NoIndex, Control* container = nullptr);
     virtual ~Control() = default;
     Control(const Control&) = delete;
     Control& operator=(const Control&) = delete;
 
-    /// Position of an element that is not one of a control array.
-    static constexpr int NoIndex = -1;
+    /// Gives itself to the visitor as what it is: each kind is one class of this folder.
+    virtual void Accept(ControlVisitor& visitor) = 0;
 
     Form& Owner() const { return form_; }
-    ControlKind Kind() const { return kind_; }
     /// False for a kind that peers leave out.
-    bool HasWindow() const { return kind_ != ControlKind::MenuItem; }
+    virtual bool HasWindow() const { return true; }
     const std::string& Name() const { return name_; }
     /// Number within a control array, or NoIndex.
     int Index() const { return index_; }
@@ -135,6 +116,19 @@ class Control {
     const std::string& AccessibleName() const { return accessibleName_; }
     void SetAccessibleName(const std::string& name) { accessibleName_ = name; }
 
+    /// The text that the control itself shows and that tells what it is for, as it is read aloud; empty for a
+    /// kind that shows none.
+    virtual std::string SpokenText() const { return {}; }
+    /// True for a kind that a user knows by the label beside it, as it shows no such text.
+    virtual bool IsNamedByLabel() const { return false; }
+    /// True for one to which that label belongs; others share it.
+    virtual bool OwnsLabel() const { return IsNamedByLabel(); }
+
+    /// The character that reaches the control together with Alt, in capitals; empty for none.
+    virtual std::string AccessKey() const { return {}; }
+    /// The user presses that key. False if it reaches nothing here.
+    virtual bool UserAccessKey() { return UserClick(); }
+
     void BringToFront();
 
     // What the form tells a control. Handlers are set by the form that owns it.
@@ -159,7 +153,6 @@ class Control {
 
   private:
     Form& form_;
-    ControlKind kind_;
     std::string name_;
     int index_;
     Control* container_;

@@ -196,16 +196,13 @@ Control* Form::NextInTabOrder(bool backward) const {
     return candidate->CanFocus() ? candidate : nullptr;
 }
 
-CommandButton* Form::ButtonFor(bool (*wanted)(const CommandButton&)) const {
-    for (Control* control : controls_) {
-        if (control->Kind() == ControlKind::CommandButton) {
-            auto* button = static_cast<CommandButton*>(control);
-            if (wanted(*button) && button->IsShown()) {
-                return button;
-            }
+void Form::PressButton(bool (*wanted)(const CommandButton&)) const {
+    for (CommandButton* button : ControlsOf<CommandButton>()) {
+        if (wanted(*button) && button->IsShown()) {
+            button->Press();
+            return;
         }
     }
-    return nullptr;
 }
 
 void Form::UserKey(int virtualKey, bool shift) {
@@ -220,19 +217,11 @@ void Form::UserKey(int virtualKey, bool shift) {
     case 0:
         break;
     case key::Escape:
-        if (CommandButton* button = ButtonFor([](const CommandButton& b) { return b.Cancel(); })) {
-            button->Press();
-        }
+        PressButton([](const CommandButton& button) { return button.Cancel(); });
         break;
-    case key::Enter: {
-        const bool onButton = active_ != nullptr && active_->Kind() == ControlKind::CommandButton;
-        CommandButton* button = onButton ? static_cast<CommandButton*>(active_)
-                                         : ButtonFor([](const CommandButton& b) { return b.Default(); });
-        if (button != nullptr) {
-            button->Press();
-        }
+    case key::Enter:
+        PressButton([](const CommandButton& button) { return button.IsPressedByEnter(); });
         break;
-    }
     case key::Tab:
         if (Control* next = NextInTabOrder(shift)) {
             MoveFocus(*next);

@@ -26,6 +26,17 @@ class Form {
     Session& GetSession() const { return session_; }
     forms::Desktop& Desktop() const { return session_.Desktop(); }
     const std::vector<Control*>& Controls() const { return controls_; }
+    /// Those of one kind, in the order of their making.
+    template <class Kind>
+    std::vector<Kind*> ControlsOf() const {
+        std::vector<Kind*> found;
+        for (Control* control : controls_) {
+            if (auto* one = dynamic_cast<Kind*>(control)) {
+                found.push_back(one);
+            }
+        }
+        return found;
+    }
 
     const std::string& Caption() const { return caption_; }
     void SetCaption(const std::string& caption);
@@ -112,7 +123,7 @@ class Form {
   private:
     void TellPeer();
     void RescueFocus();
-    class CommandButton* ButtonFor(bool (*wanted)(const class CommandButton&)) const;
+    void PressButton(bool (*wanted)(const class CommandButton&)) const;
 
     Session& session_;
     std::string name_;

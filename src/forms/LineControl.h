@@ -1,14 +1,16 @@
 #pragma once
 
 #include "forms/Control.h"
+#include "forms/ControlVisitor.h"
 
 namespace forms {
 
 /// A straight rule, horizontal or vertical, in its fore colour; one dot wide.
 class LineControl : public Control {
   public:
-    LineControl(Form& form, std::string name, int index = NoIndex, Control* container = nullptr)
-        : Control(form, ControlKind::Line, std::move(name), index, container) {}
+    using Control::Control;
+
+    void Accept(ControlVisitor& visitor) override { visitor.Visit(*this); }
 
     double X1() const { return Left(); }
     double Y1() const { return Top(); }

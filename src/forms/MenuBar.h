@@ -5,6 +5,7 @@
 #include <vector>
 
 #include "forms/Control.h"
+#include "forms/ControlVisitor.h"
 
 namespace forms {
 
@@ -25,8 +26,9 @@ struct Menu {
 /// The menus at the top of a form, above its own area. Tools are told apart by their id.
 class MenuBar : public Control {
   public:
-    MenuBar(Form& form, std::string name)
-        : Control(form, ControlKind::MenuBar, std::move(name), NoIndex, nullptr) {}
+    MenuBar(Form& form, std::string name) : Control(form, std::move(name), NoIndex, nullptr) {}
+
+    void Accept(ControlVisitor& visitor) override { visitor.Visit(*this); }
 
     /// The user has chosen the tool with this id.
     std::function<void(const std::string&)> OnToolClick;

@@ -1,25 +1,20 @@
 #pragma once
 
-#include <string>
-#include <utility>
-
-#include "forms/Control.h"
+#include "forms/CaptionedControl.h"
+#include "forms/ControlVisitor.h"
 
 namespace forms {
 
 /// A menu of the design, or a line of one, which other code can ask for by its name. "&" in the caption marks
 /// the access key; "-" is the rule between two groups of lines. The user never sees it: what a form shows is
 /// its MenuBar.
-class MenuItem : public Control {
+class MenuItem : public CaptionedControl {
   public:
-    MenuItem(Form& form, std::string name, int index = NoIndex, Control* container = nullptr)
-        : Control(form, ControlKind::MenuItem, std::move(name), index, container) {}
+    using CaptionedControl::CaptionedControl;
 
-    const std::string& Caption() const { return caption_; }
-    void SetCaption(const std::string& caption) { caption_ = caption; }
+    void Accept(ControlVisitor& visitor) override { visitor.Visit(*this); }
 
-  private:
-    std::string caption_;
+    bool HasWindow() const override { return false; }
 };
 
 } // namespace forms

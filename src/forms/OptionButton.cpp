@@ -8,13 +8,6 @@
 
 namespace forms {
 
-void OptionButton::SetCaption(const std::string& caption) {
-    if (caption != caption_) {
-        caption_ = caption;
-        Changed(Aspect::Caption);
-    }
-}
-
 void OptionButton::Store(bool value) {
     if (value != value_) {
         value_ = value;
@@ -24,10 +17,9 @@ void OptionButton::Store(bool value) {
 
 void OptionButton::SetValue(bool value) {
     if (value) {
-        for (Control* other : Owner().Controls()) {
-            if (other != this && other->Kind() == ControlKind::OptionButton &&
-                other->Container() == Container()) {
-                static_cast<OptionButton*>(other)->Store(false);
+        for (OptionButton* other : Owner().ControlsOf<OptionButton>()) {
+            if (other != this && other->Container() == Container()) {
+                other->Store(false);
             }
         }
     }
@@ -38,24 +30,22 @@ void OptionButton::SetValue(bool value) {
 }
 
 OptionButton* OptionButton::Neighbour(bool backward) const {
-    std::vector<Control*> group;
-    for (Control* control : Owner().Controls()) {
-        if (control->Kind() == ControlKind::OptionButton && control->Container() == Container() &&
-            control->CanFocus()) {
-            group.push_back(control);
-        }
-    }
-    std::stable_sort(group.begin(), group.end(),
-                     [](const Control* a, const Control* b) { return a->TabIndex() < b->TabIndex(); });
+    std::vector<OptionButton*> group = Owner().ControlsOf<OptionButton>();
+    std::erase_if(group, [this](const OptionButton* option) {
+        return option->Container() != Container() || !option->CanFocus();
+    });
+    std::stable_sort(group.begin(), group.end(), [](const OptionButton* a, const OptionButton* b) {
+        return a->TabIndex() < b->TabIndex();
+    });
     if (backward) {
         std::reverse(group.begin(), group.end());
     }
-    const auto self = std::find(group.begin(), group.end(), static_cast<const Control*>(this));
+    const auto self = std::find(group.begin(), group.end(), this);
     if (group.size() < 2 || self == group.end()) {
         return nullptr;
     }
     const auto next = std::next(self);
-    return static_cast<OptionButton*>(next == group.end() ? group.front() : *next);
+    return next == group.end() ? group.front() : *next;
 }
 
 bool OptionButton::TypeKey(char32_t character) {

@@ -2,20 +2,19 @@
 
 #include <functional>
 
-#include "forms/Control.h"
+#include "forms/CaptionedControl.h"
+#include "forms/ControlVisitor.h"
 
 namespace forms {
 
 /// One of several choices that exclude each other: those in the same container.
-class OptionButton : public Control {
+class OptionButton : public CaptionedControl {
   public:
-    OptionButton(Form& form, std::string name, int index = NoIndex, Control* container = nullptr)
-        : Control(form, ControlKind::OptionButton, std::move(name), index, container) {}
+    using CaptionedControl::CaptionedControl;
+
+    void Accept(ControlVisitor& visitor) override { visitor.Visit(*this); }
 
     std::function<void()> OnClick;
-
-    const std::string& Caption() const { return caption_; }
-    void SetCaption(const std::string& caption);
 
     bool Value() const { return value_; }
     /// Turning it on turns its neighbours off and acts as a click.
@@ -34,7 +33,6 @@ class OptionButton : public Control {
   private:
     void Store(bool value);
 
-    std::string caption_;
     bool value_ = false;
 };
 

@@ -5,6 +5,7 @@
 #include <utility>
 
 #include "forms/Control.h"
+#include "forms/ControlVisitor.h"
 #include "machine/Bitmaps.h"
 
 namespace forms {
@@ -12,8 +13,9 @@ namespace forms {
 /// A picture, a plain area of colour, or the container of other controls.
 class PictureBox : public Control {
   public:
-    PictureBox(Form& form, std::string name, int index = NoIndex, Control* container = nullptr)
-        : Control(form, ControlKind::PictureBox, std::move(name), index, container) {}
+    using Control::Control;
+
+    void Accept(ControlVisitor& visitor) override { visitor.Visit(*this); }
 
     /// Name of the picture among the program's own ("printer", "sheet-portrait"); empty for none.
     const std::string& Picture() const { return picture_; }

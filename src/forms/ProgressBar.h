@@ -1,14 +1,18 @@
 #pragma once
 
 #include "forms/Control.h"
+#include "forms/ControlVisitor.h"
 
 namespace forms {
 
 /// How far a task has come, from Min to Max.
 class ProgressBar : public Control {
   public:
-    ProgressBar(Form& form, std::string name, int index = NoIndex, Control* container = nullptr)
-        : Control(form, ControlKind::ProgressBar, std::move(name), index, container) {}
+    using Control::Control;
+
+    void Accept(ControlVisitor& visitor) override { visitor.Visit(*this); }
+
+    bool IsNamedByLabel() const override { return true; }
 
     int Min() const { return 0; }
     int Max() const { return 100; }

@@ -3,6 +3,7 @@
 #include <functional>
 
 #include "forms/Control.h"
+#include "forms/ControlVisitor.h"
 
 namespace forms {
 
@@ -14,8 +15,10 @@ class ScrollBar : public Control {
 
     ScrollBar(Form& form, std::string name, Direction direction, int min, int max,
               Control* container = nullptr)
-        : Control(form, ControlKind::ScrollBar, std::move(name), NoIndex, container), direction_(direction),
-          min_(min), max_(max), value_(min) {}
+        : Control(form, std::move(name), NoIndex, container), direction_(direction), min_(min), max_(max),
+          value_(min) {}
+
+    void Accept(ControlVisitor& visitor) override { visitor.Visit(*this); }
 
     std::function<void()> OnChange;
 

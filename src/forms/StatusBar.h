@@ -4,6 +4,7 @@
 #include <vector>
 
 #include "forms/Control.h"
+#include "forms/ControlVisitor.h"
 
 namespace forms {
 
@@ -17,8 +18,9 @@ struct StatusPanel {
 class StatusBar : public Control {
   public:
     StatusBar(Form& form, std::string name, int panels)
-        : Control(form, ControlKind::StatusBar, std::move(name), NoIndex, nullptr),
-          panels_(static_cast<std::size_t>(panels)) {}
+        : Control(form, std::move(name), NoIndex, nullptr), panels_(static_cast<std::size_t>(panels)) {}
+
+    void Accept(ControlVisitor& visitor) override { visitor.Visit(*this); }
 
     int PanelCount() const { return static_cast<int>(panels_.size()); }
     /// ErrorSubscriptOutOfRange outside 1 to PanelCount().

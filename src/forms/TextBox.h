@@ -4,14 +4,16 @@
 #include <functional>
 
 #include "forms/Control.h"
+#include "forms/ControlVisitor.h"
 
 namespace forms {
 
 /// A box of one line that the user types in. Lengths and positions count characters.
 class TextBox : public Control {
   public:
-    TextBox(Form& form, std::string name, int index = NoIndex, Control* container = nullptr)
-        : Control(form, ControlKind::TextBox, std::move(name), index, container) {}
+    using Control::Control;
+
+    void Accept(ControlVisitor& visitor) override { visitor.Visit(*this); }
 
     std::function<void()> OnGotFocus;
     std::function<void()> OnLostFocus;
@@ -40,6 +42,7 @@ class TextBox : public Control {
     /// A locked box can be read and copied from, not changed by the user.
     void SetLocked(bool locked);
 
+    bool IsNamedByLabel() const override { return true; }
     bool TakesFocus() const override { return true; }
     void GotFocus() override;
     void LostFocus() override;

@@ -3,6 +3,7 @@
 #include <functional>
 
 #include "forms/Control.h"
+#include "forms/ControlVisitor.h"
 
 namespace forms {
 
@@ -11,9 +12,11 @@ class Timer : public Control {
   public:
     /// `interval` in milliseconds.
     Timer(Form& form, std::string name, int interval)
-        : Control(form, ControlKind::Timer, std::move(name), NoIndex, nullptr), interval_(interval) {
+        : Control(form, std::move(name), NoIndex, nullptr), interval_(interval) {
         Control::SetEnabled(false);
     }
+
+    void Accept(ControlVisitor& visitor) override { visitor.Visit(*this); }
 
     std::function<void()> OnTimer;
 

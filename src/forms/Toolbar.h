@@ -5,6 +5,7 @@
 #include <vector>
 
 #include "forms/Control.h"
+#include "forms/ControlVisitor.h"
 
 namespace forms {
 
@@ -24,7 +25,9 @@ struct ToolbarButton {
 class Toolbar : public Control {
   public:
     Toolbar(Form& form, std::string name, Control* container = nullptr)
-        : Control(form, ControlKind::Toolbar, std::move(name), NoIndex, container) {}
+        : Control(form, std::move(name), NoIndex, container) {}
+
+    void Accept(ControlVisitor& visitor) override { visitor.Visit(*this); }
 
     /// The user has pressed the button with this number.
     std::function<void(int)> OnButtonClick;

@@ -10,12 +10,9 @@
 namespace forms {
 
 UpDown* UpDown::Of(const TextBox& box) {
-    for (Control* control : box.Owner().Controls()) {
-        if (control->Kind() == ControlKind::UpDown) {
-            auto* arrows = static_cast<UpDown*>(control);
-            if (&arrows->Buddy() == &box) {
-                return arrows;
-            }
+    for (UpDown* arrows : box.Owner().ControlsOf<UpDown>()) {
+        if (&arrows->Buddy() == &box) {
+            return arrows;
         }
     }
     return nullptr;

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "forms/Control.h"
+#include "forms/ControlVisitor.h"
 #include "forms/TextBox.h"
 
 namespace forms {
@@ -9,12 +10,17 @@ namespace forms {
 class UpDown : public Control {
   public:
     UpDown(Form& form, std::string name, TextBox& buddy, int min, int max, Control* container = nullptr)
-        : Control(form, ControlKind::UpDown, std::move(name), NoIndex, container), buddy_(buddy), min_(min),
-          max_(max) {}
+        : Control(form, std::move(name), NoIndex, container), buddy_(buddy), min_(min), max_(max) {}
+
+    void Accept(ControlVisitor& visitor) override { visitor.Visit(*this); }
 
     TextBox& Buddy() const { return buddy_; }
     int Min() const { return min_; }
     int Max() const { return max_; }
+
+    bool IsNamedByLabel() const override { return true; }
+    /// It belongs to the box.
+    bool OwnsLabel() const override { return false; }
 
     /// The user presses an arrow. A text that is no number counts as 0; one beyond a limit goes to the limit.
     void UserStep(int direction);

@@ -35,8 +35,8 @@ constexpr StylePictures StyleTable[] = {
 } // namespace
 
 cmdButtonXP::cmdButtonXP(Form& form, std::string name, Control* container)
-    : Control(form, ControlKind::FlatButton, name, NoIndex, container),
-      Timer(form, std::move(name) + ".Timer", TimerInterval), pictureSize_(StartSize) {
+    : Control(form, name, NoIndex, container), Timer(form, std::move(name) + ".Timer", TimerInterval),
+      pictureSize_(StartSize) {
     Timer.OnTimer = [this] { TimerTick(); };
     SetWidth(StartSize);
     SetHeight(StartSize);

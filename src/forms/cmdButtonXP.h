@@ -7,6 +7,7 @@
 
 #include "base/Boolean.h"
 #include "forms/Control.h"
+#include "forms/ControlVisitor.h"
 #include "forms/Timer.h"
 
 namespace forms {
@@ -17,6 +18,8 @@ namespace forms {
 class cmdButtonXP : public Control {
   public:
     cmdButtonXP(Form& form, std::string name, Control* container = nullptr);
+
+    void Accept(ControlVisitor& visitor) override { visitor.Visit(*this); }
 
     // The looks, which are also the indices of their pictures.
     static constexpr std::int16_t LookDisabled = 0;

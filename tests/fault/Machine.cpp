@@ -153,10 +153,9 @@ void Machine::ObserveUnload(const std::string& form) {
 void Machine::PassTime() {
     const std::vector<forms::Form*> open = world_.session.OpenForms();
     for (const forms::Form* form : open) {
-        for (forms::Control* control : form->Controls()) {
-            if (control->Kind() == forms::ControlKind::Timer && control->Enabled() &&
-                !fault_.Strikes(CallTick)) {
-                static_cast<forms::Timer*>(control)->Tick();
+        for (forms::Timer* timer : form->ControlsOf<forms::Timer>()) {
+            if (timer->Enabled() && !fault_.Strikes(CallTick)) {
+                timer->Tick();
             }
         }
     }

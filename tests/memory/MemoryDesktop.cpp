@@ -21,8 +21,9 @@ class MemoryPeer final : public forms::FormPeer {
         if (desktop_.OnControlChanged) {
             desktop_.OnControlChanged(control, aspect);
         }
-        if (control.Kind() == forms::ControlKind::ProgressBar && aspect == forms::Aspect::Value) {
-            recorder_.Record({"progress", {{"value", static_cast<forms::ProgressBar&>(control).Value()}}});
+        const auto* bar = dynamic_cast<const forms::ProgressBar*>(&control);
+        if (bar != nullptr && aspect == forms::Aspect::Value) {
+            recorder_.Record({"progress", {{"value", bar->Value()}}});
         }
     }
     void FormChanged() override {}

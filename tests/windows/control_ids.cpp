@@ -30,8 +30,8 @@ void Print(const forms::Form& form) {
             std::cout << '(' << control->Index() << ')';
         }
         std::cout << '\n';
-        if (control->Kind() == forms::ControlKind::MenuBar) {
-            PrintMenus(form, static_cast<const forms::MenuBar&>(*control));
+        if (const auto* bar = dynamic_cast<const forms::MenuBar*>(control)) {
+            PrintMenus(form, *bar);
         }
     }
 }

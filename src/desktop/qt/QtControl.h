@@ -23,8 +23,8 @@ class QtControl : public QObject {
     forms::Control& Model() const { return model_; }
     /// nullptr for a kind without a picture on the screen.
     QWidget* Widget() const { return widget_; }
-    /// Where the controls go that this one holds.
-    virtual QWidget* Area() const { return widget_; }
+    /// True for a kind that keeps to the edges of the window, whatever its size.
+    virtual bool FollowsWindow() const { return false; }
     /// Dots that a menu bar takes at the top of the window; the form's own area begins below.
     virtual int StripHeight() const { return 0; }
     /// A label tells what another widget is for.

@@ -1,71 +1,51 @@
 #include "desktop/qt/QtControls.h"
 
-#include <algorithm>
-#include <array>
+#include <utility>
 
-#include "base/RuntimeError.h"
-#include "forms/CheckBox.h"
-#include "forms/ChoiceControl.h"
-#include "forms/CommandButton.h"
-#include "forms/Label.h"
-#include "forms/LineControl.h"
-#include "forms/MenuBar.h"
-#include "forms/OptionButton.h"
-#include "forms/PictureBox.h"
-#include "forms/ProgressBar.h"
-#include "forms/ScrollBar.h"
-#include "forms/StatusBar.h"
-#include "forms/TextBox.h"
-#include "forms/Timer.h"
-#include "forms/Toolbar.h"
-#include "forms/UpDown.h"
-#include "forms/cmdButtonXP.h"
+#include "forms/ControlVisitor.h"
 
 namespace desktop::qt {
 
-using forms::ControlKind;
-
 namespace {
 
-template <class ControlType, std::unique_ptr<QtControl> (*Make)(ControlType&, QtForm&, QWidget*)>
-std::unique_ptr<QtControl> As(forms::Control& control, QtForm& form, QWidget* parent) {
-    return Make(static_cast<ControlType&>(control), form, parent);
-}
+/// Makes the real control of whatever it visits.
+class Maker final : public forms::ControlVisitor {
+  public:
+    Maker(QtForm& form, QWidget* parent) : form_(form), parent_(parent) {}
 
-struct Maker {
-    ControlKind Kind;
-    std::unique_ptr<QtControl> (*Make)(forms::Control&, QtForm&, QWidget*);
+    std::unique_ptr<QtControl> Take() { return std::move(made_); }
+
+    void Visit(forms::CheckBox& control) override { made_ = MakeCheckBox(control, form_, parent_); }
+    void Visit(forms::ComboBox& control) override { made_ = MakeComboBox(control, form_, parent_); }
+    void Visit(forms::CommandButton& control) override { made_ = MakeCommandButton(control, form_, parent_); }
+    void Visit(forms::Label& control) override { made_ = MakeLabel(control, form_, parent_); }
+    void Visit(forms::LineControl& control) override { made_ = MakeLine(control, form_, parent_); }
+    void Visit(forms::ListBox& control) override { made_ = MakeListBox(control, form_, parent_); }
+    void Visit(forms::MenuBar& control) override { made_ = MakeMenuBar(control, form_, parent_); }
+    void Visit(forms::MenuItem& /*control*/) override {} // the user never sees it
+    void Visit(forms::OptionButton& control) override { made_ = MakeOptionButton(control, form_, parent_); }
+    void Visit(forms::PictureBox& control) override { made_ = MakePictureBox(control, form_, parent_); }
+    void Visit(forms::ProgressBar& control) override { made_ = MakeProgressBar(control, form_, parent_); }
+    void Visit(forms::ScrollBar& control) override { made_ = MakeScrollBar(control, form_, parent_); }
+    void Visit(forms::StatusBar& control) override { made_ = MakeStatusBar(control, form_, parent_); }
+    void Visit(forms::TextBox& control) override { made_ = MakeTextBox(control, form_, parent_); }
+    void Visit(forms::Timer& control) override { made_ = MakeTimer(control, form_, parent_); }
+    void Visit(forms::Toolbar& control) override { made_ = MakeToolbar(control, form_, parent_); }
+    void Visit(forms::UpDown& control) override { made_ = MakeUpDown(control, form_, parent_); }
+    void Visit(forms::cmdButtonXP& control) override { made_ = MakeFlatButton(control, form_, parent_); }
+
+  private:
+    QtForm& form_;
+    QWidget* parent_;
+    std::unique_ptr<QtControl> made_;
 };
-
-constexpr std::array<Maker, 17> Makers{{
-    {ControlKind::CheckBox, As<forms::CheckBox, MakeCheckBox>},
-    {ControlKind::ComboBox, As<forms::ComboBox, MakeComboBox>},
-    {ControlKind::CommandButton, As<forms::CommandButton, MakeCommandButton>},
-    {ControlKind::FlatButton, As<forms::cmdButtonXP, MakeFlatButton>},
-    {ControlKind::Label, As<forms::Label, MakeLabel>},
-    {ControlKind::Line, As<forms::LineControl, MakeLine>},
-    {ControlKind::ListBox, As<forms::ListBox, MakeListBox>},
-    {ControlKind::MenuBar, As<forms::MenuBar, MakeMenuBar>},
-    {ControlKind::OptionButton, As<forms::OptionButton, MakeOptionButton>},
-    {ControlKind::PictureBox, As<forms::PictureBox, MakePictureBox>},
-    {ControlKind::ProgressBar, As<forms::ProgressBar, MakeProgressBar>},
-    {ControlKind::ScrollBar, As<forms::ScrollBar, MakeScrollBar>},
-    {ControlKind::StatusBar, As<forms::StatusBar, MakeStatusBar>},
-    {ControlKind::TextBox, As<forms::TextBox, MakeTextBox>},
-    {ControlKind::Timer, As<forms::Timer, MakeTimer>},
-    {ControlKind::Toolbar, As<forms::Toolbar, MakeToolbar>},
-    {ControlKind::UpDown, As<forms::UpDown, MakeUpDown>},
-}};
 
 } // namespace
 
 std::unique_ptr<QtControl> MakeQtControl(forms::Control& control, QtForm& form, QWidget* parent) {
-    const auto maker = std::find_if(Makers.begin(), Makers.end(),
-                                    [&](const Maker& candidate) { return candidate.Kind == control.Kind(); });
-    if (maker == Makers.end()) {
-        throw base::RuntimeError(base::ErrorInvalidPropertyValue, "No such kind of control");
-    }
-    return maker->Make(control, form, parent);
+    Maker maker(form, parent);
+    control.Accept(maker);
+    return maker.Take();
 }
 
 } // namespace desktop::qt

@@ -14,6 +14,7 @@
 #include "forms/AccessibleNames.h"
 #include "forms/Form.h"
 #include "forms/Label.h"
+#include "forms/MenuBar.h"
 
 namespace desktop::qt {
 
@@ -76,11 +77,9 @@ QtForm::QtForm(forms::Form& form, QtDesktop& desktop)
       window_(std::make_unique<QtWindow>(*this, FlagsFor(form, desktop.TopWindow() == nullptr))),
       area_(window_.get()), procedure_(desktop.Windows(), Handle()) {
     window_->setObjectName(ToQString(form.Name()));
-    for (forms::Control* control : form.Controls()) {
-        if (control->Kind() == forms::ControlKind::MenuBar) {
-            menuBar_ = &Find(*control);
-            area_ = new QWidget(window_.get());
-        }
+    for (forms::MenuBar* bar : form.ControlsOf<forms::MenuBar>()) {
+        menuBar_ = &Find(*bar);
+        area_ = new QWidget(window_.get());
     }
     for (forms::Control* control : form.Controls()) {
         if (control->HasWindow()) {
@@ -144,12 +143,9 @@ void QtForm::NameControls() {
     }
 }
 
-// The arrows beside a box share its label, which belongs to the box.
 void QtForm::TieLabel(const forms::Control& control, QWidget* widget) {
-    if (IsNamedByLabel(control) && control.Kind() != forms::ControlKind::UpDown) {
-        if (const forms::Label* label = NearestLabel(control)) {
-            byModel_.at(label)->NameWidget(widget);
-        }
+    if (const forms::Label* label = OwnLabel(control)) {
+        byModel_.at(label)->NameWidget(widget);
     }
 }
 

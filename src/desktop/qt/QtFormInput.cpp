@@ -55,14 +55,15 @@ int VirtualKeyOf(const QKeyEvent& event) {
     return 0;
 }
 
-constexpr int Thickness = 2;
-constexpr double Rounding = 3;
-
 forms::KeyPress::With HeldWith(const QKeyEvent& event) {
     using With = forms::KeyPress::With;
     const auto held = event.modifiers() & (Qt::ControlModifier | Qt::AltModifier | Qt::MetaModifier);
     return held == 0 ? With::Nothing : held == Qt::ControlModifier ? With::Ctrl : With::Other;
 }
+
+// Of the ring.
+constexpr int Thickness = 2;
+constexpr double Rounding = 3;
 
 /// What of a control is seen: an option is often wider than its text.
 QRect SeenOf(const QWidget* control) {

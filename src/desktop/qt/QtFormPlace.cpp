@@ -99,7 +99,7 @@ void QtForm::PlaceBars() {
         area_->setGeometry(0, top, window_->width(), window_->height() - top);
     }
     for (const auto& control : controls_) {
-        if (control->Model().Kind() == forms::ControlKind::StatusBar) {
+        if (control->FollowsWindow()) {
             control->Mirror(forms::Aspect::Geometry);
         }
     }

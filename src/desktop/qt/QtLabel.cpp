@@ -8,7 +8,7 @@
 #include "desktop/qt/QtText.h"
 #include "desktop/qt/Scale.h"
 #include "desktop/qt/TextRoom.h"
-#include "forms/AccessibleNames.h"
+#include "forms/AccessKeys.h"
 #include "forms/Label.h"
 
 namespace desktop::qt {
@@ -51,9 +51,7 @@ QtLabel::QtLabel(forms::Label& control, QtForm& form, QWidget* parent)
 // also where the real font is lower than the line that the design gave it.
 void QtLabel::Place() {
     QtControl::Place();
-    constexpr double line = 240;
-    const double first = model_.Height() < 2 * line ? model_.Height() : line;
-    const int room = ToDots(first) - label_->fontMetrics().height();
+    const int room = ToDots(model_.FirstLineHeight()) - label_->fontMetrics().height();
     label_->setContentsMargins(0, std::max(0, room / 2), 0, 0);
     ShowText();
 }
@@ -100,8 +98,7 @@ void QtLabel::ShowText() {
     // The toolkit reads a "&" as a mark only where the label has a control to go to.
     const forms::Control* target = AccessKeyTarget(model_);
     label_->setBuddy(target == nullptr ? named_ : Form().WidgetOf(*target));
-    const bool marked = model_.UseMnemonic() && target == nullptr;
-    const QString text = ToQString(marked ? forms::WithoutAccessKey(model_.Caption()) : model_.Caption());
+    const QString text = ToQString(model_.ShownCaption());
     const QString shown = Fitting(text);
     label_->setText(target == nullptr && named_ != nullptr ? WithoutMarks(shown) : shown);
     label_->setToolTip(PlainToolTip(shown == text ? ToQString(model_.ToolTipText()) : text));
@@ -109,9 +106,7 @@ void QtLabel::ShowText() {
 
 bool QtLabel::Filter(QObject* watched, QEvent* event) {
     if (event->type() == QEvent::Shortcut) {
-        if (forms::Control* target = AccessKeyTarget(model_)) {
-            target->SetFocus();
-        }
+        model_.UserAccessKey();
         return true;
     }
     if (event->type() == QEvent::Show) {

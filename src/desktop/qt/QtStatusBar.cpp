@@ -18,6 +18,8 @@ class QtStatusBar final : public QtControl {
   public:
     QtStatusBar(forms::StatusBar& control, QtForm& form, QWidget* parent);
 
+    bool FollowsWindow() const override { return true; }
+
   protected:
     void MirrorContent(forms::Aspect aspect) override;
     /// At the bottom, over the whole width.

@@ -10,6 +10,7 @@ class WinCheckBox final : public WinControl {
   public:
     WinCheckBox(forms::CheckBox& control, WinForm& form, const WindowPlace& place);
 
+    bool IsRead() const override { return true; }
     void Notified(UINT code) override;
 
   protected:

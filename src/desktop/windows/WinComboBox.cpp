@@ -21,6 +21,7 @@ class WinComboBox final : public WinControl {
   public:
     WinComboBox(forms::ComboBox& control, WinForm& form, const WindowPlace& place);
 
+    bool IsRead() const override { return true; }
     void Notified(UINT code) override;
     bool KeepsEnterAndEscape() const override;
 

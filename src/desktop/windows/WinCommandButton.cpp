@@ -11,32 +11,25 @@ class WinCommandButton final : public WinControl {
   public:
     WinCommandButton(forms::CommandButton& control, WinForm& form, const WindowPlace& place);
 
+    bool IsRead() const override { return true; }
+    void FormFocusMoved() override { Mirror(forms::Aspect::Value); } // Enter may press another button now
     void Notified(UINT code) override;
 
   protected:
     void MirrorContent(forms::Aspect aspect) override;
 
   private:
-    /// True if Enter presses this button now.
-    bool IsPressedByEnter() const;
-
     forms::CommandButton& model_;
 };
 
 WinCommandButton::WinCommandButton(forms::CommandButton& control, WinForm& form, const WindowPlace& place)
     : WinControl(control, form, place, WC_BUTTONW, BS_PUSHBUTTON | WS_TABSTOP), model_(control) {}
 
-bool WinCommandButton::IsPressedByEnter() const {
-    const forms::Control* active = model_.Owner().ActiveControl();
-    return active != nullptr && active->Kind() == forms::ControlKind::CommandButton ? active == &model_
-                                                                                    : model_.Default();
-}
-
 void WinCommandButton::MirrorContent(forms::Aspect aspect) {
     if (aspect == forms::Aspect::Caption) {
         SetCaption(model_.Caption());
     } else if (aspect == forms::Aspect::Value) {
-        const DWORD look = IsPressedByEnter() ? BS_DEFPUSHBUTTON : BS_PUSHBUTTON;
+        const DWORD look = model_.IsPressedByEnter() ? BS_DEFPUSHBUTTON : BS_PUSHBUTTON;
         if ((static_cast<DWORD>(::GetWindowLongW(Window(), GWL_STYLE)) & BS_TYPEMASK) != look) {
             Send(BM_SETSTYLE, look, TRUE);
         }

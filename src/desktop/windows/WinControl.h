@@ -60,6 +60,17 @@ class WinControl {
     /// A number of milliseconds has passed that it asked for.
     virtual void TimePassed() {}
 
+    /// The form's focus has moved, here or elsewhere.
+    virtual void FormFocusMoved() {}
+
+    // What the kind is to the form's window.
+    /// True if it keeps to the edges of the window, whatever its size.
+    virtual bool FollowsWindow() const { return false; }
+    /// True for a text or a field, which never covers another: they lie in the order in which they are read.
+    virtual bool IsRead() const { return false; }
+    /// True if its window shows no text of its own: assistive technology finds its name there.
+    virtual bool IsNamed() const { return false; }
+
     bool Silent() const { return silent_ > 0; }
 
     /// For as long as it lives, what the window reports comes from the program and not from the user.

@@ -1,72 +1,52 @@
 #include "desktop/windows/WinControls.h"
 
-#include <algorithm>
-#include <array>
+#include <utility>
 
-#include "forms/CheckBox.h"
-#include "forms/ChoiceControl.h"
-#include "forms/CommandButton.h"
-#include "forms/Label.h"
-#include "forms/LineControl.h"
-#include "forms/MenuBar.h"
-#include "forms/OptionButton.h"
-#include "forms/PictureBox.h"
-#include "forms/ProgressBar.h"
-#include "forms/ScrollBar.h"
-#include "forms/StatusBar.h"
-#include "forms/TextBox.h"
-#include "forms/Timer.h"
-#include "forms/Toolbar.h"
-#include "forms/UpDown.h"
-#include "forms/cmdButtonXP.h"
+#include "desktop/windows/WinControl.h"
+#include "forms/ControlVisitor.h"
 
 namespace desktop::windows {
 
-using forms::ControlKind;
-
 namespace {
 
-using ControlMaker = std::unique_ptr<WinControl>(forms::Control&, WinForm&, const WindowPlace&);
+/// Makes the real control of whatever it visits.
+class Maker final : public forms::ControlVisitor {
+  public:
+    Maker(WinForm& form, const WindowPlace& place) : form_(form), place_(place) {}
 
-template <class ControlType, auto MakeKind>
-std::unique_ptr<WinControl> Make(forms::Control& control, WinForm& form, const WindowPlace& place) {
-    return MakeKind(static_cast<ControlType&>(control), form, place);
-}
+    std::unique_ptr<WinControl> Take() { return std::move(made_); }
 
-struct Maker {
-    ControlKind Kind;
-    ControlMaker* Make;
+    void Visit(forms::CheckBox& control) override { made_ = MakeCheckBox(control, form_, place_); }
+    void Visit(forms::ComboBox& control) override { made_ = MakeComboBox(control, form_, place_); }
+    void Visit(forms::CommandButton& control) override { made_ = MakeCommandButton(control, form_, place_); }
+    void Visit(forms::Label& control) override { made_ = MakeLabel(control, form_, place_); }
+    void Visit(forms::LineControl& control) override { made_ = MakeLine(control, form_, place_); }
+    void Visit(forms::ListBox& control) override { made_ = MakeListBox(control, form_, place_); }
+    void Visit(forms::MenuBar& control) override { made_ = MakeMenuBar(control, form_, place_); }
+    void Visit(forms::MenuItem& /*control*/) override {} // the user never sees it
+    void Visit(forms::OptionButton& control) override { made_ = MakeOptionButton(control, form_, place_); }
+    void Visit(forms::PictureBox& control) override { made_ = MakePictureBox(control, form_, place_); }
+    void Visit(forms::ProgressBar& control) override { made_ = MakeProgressBar(control, form_, place_); }
+    void Visit(forms::ScrollBar& control) override { made_ = MakeScrollBar(control, form_, place_); }
+    void Visit(forms::StatusBar& control) override { made_ = MakeStatusBar(control, form_, place_); }
+    void Visit(forms::TextBox& control) override { made_ = MakeTextBox(control, form_, place_); }
+    void Visit(forms::Timer& control) override { made_ = MakeTimer(control, form_, place_); }
+    void Visit(forms::Toolbar& control) override { made_ = MakeToolbar(control, form_, place_); }
+    void Visit(forms::UpDown& control) override { made_ = MakeUpDown(control, form_, place_); }
+    void Visit(forms::cmdButtonXP& control) override { made_ = MakeFlatButton(control, form_, place_); }
+
+  private:
+    WinForm& form_;
+    const WindowPlace& place_;
+    std::unique_ptr<WinControl> made_;
 };
-
-constexpr std::array<Maker, 17> Makers{{
-    {ControlKind::CheckBox, Make<forms::CheckBox, MakeCheckBox>},
-    {ControlKind::ComboBox, Make<forms::ComboBox, MakeComboBox>},
-    {ControlKind::CommandButton, Make<forms::CommandButton, MakeCommandButton>},
-    {ControlKind::FlatButton, Make<forms::cmdButtonXP, MakeFlatButton>},
-    {ControlKind::Label, Make<forms::Label, MakeLabel>},
-    {ControlKind::Line, Make<forms::LineControl, MakeLine>},
-    {ControlKind::ListBox, Make<forms::ListBox, MakeListBox>},
-    {ControlKind::MenuBar, Make<forms::MenuBar, MakeMenuBar>},
-    {ControlKind::OptionButton, Make<forms::OptionButton, MakeOptionButton>},
-    {ControlKind::PictureBox, Make<forms::PictureBox, MakePictureBox>},
-    {ControlKind::ProgressBar, Make<forms::ProgressBar, MakeProgressBar>},
-    {ControlKind::ScrollBar, Make<forms::ScrollBar, MakeScrollBar>},
-    {ControlKind::StatusBar, Make<forms::StatusBar, MakeStatusBar>},
-    {ControlKind::TextBox, Make<forms::TextBox, MakeTextBox>},
-    {ControlKind::Timer, Make<forms::Timer, MakeTimer>},
-    {ControlKind::Toolbar, Make<forms::Toolbar, MakeToolbar>},
-    {ControlKind::UpDown, Make<forms::UpDown, MakeUpDown>},
-}};
 
 } // namespace
 
 std::unique_ptr<WinControl> MakeWinControl(forms::Control& control, WinForm& form, const WindowPlace& place) {
-    const auto maker = std::find_if(Makers.begin(), Makers.end(),
-                                    [&](const Maker& candidate) { return candidate.Kind == control.Kind(); });
-    if (maker == Makers.end()) {
-        throw base::RuntimeError(base::ErrorInvalidPropertyValue, "No such kind of control");
-    }
-    return maker->Make(control, form, place);
+    Maker maker(form, place);
+    control.Accept(maker);
+    return maker.Take();
 }
 
 } // namespace desktop::windows

@@ -18,6 +18,8 @@ class WinFlatButton final : public WinControl {
   public:
     WinFlatButton(forms::cmdButtonXP& control, WinForm& form, const WindowPlace& place);
 
+    bool IsNamed() const override { return true; }
+
   protected:
     void MirrorContent(forms::Aspect aspect) override;
     // A button that is off takes the mouse all the same, without an effect, and tells what it is for.

@@ -1,7 +1,6 @@
 #include "desktop/windows/WinForm.h"
 
 #include <algorithm>
-#include <array>
 
 #include "desktop/windows/ControlIds.h"
 #include "desktop/windows/DpiFunctions.h"
@@ -12,20 +11,12 @@
 #include "forms/AccessibleNames.h"
 #include "forms/Form.h"
 #include "forms/Label.h"
+#include "forms/MenuBar.h"
 #include "forms/ReadingOrder.h"
 
 namespace desktop::windows {
 
 namespace {
-
-constexpr std::array NamedKinds{forms::ControlKind::FlatButton,  forms::ControlKind::PictureBox,
-                                forms::ControlKind::ProgressBar, forms::ControlKind::ScrollBar,
-                                forms::ControlKind::Toolbar,     forms::ControlKind::UpDown};
-
-constexpr std::array ReadKinds{
-    forms::ControlKind::CheckBox,    forms::ControlKind::ComboBox, forms::ControlKind::CommandButton,
-    forms::ControlKind::Label,       forms::ControlKind::ListBox,  forms::ControlKind::OptionButton,
-    forms::ControlKind::ProgressBar, forms::ControlKind::TextBox,  forms::ControlKind::UpDown};
 
 constexpr UINT OnlyTheOrder = SWP_NOMOVE | SWP_NOSIZE | SWP_NOACTIVATE | SWP_NOREDRAW;
 
@@ -90,15 +81,13 @@ void WinForm::MakeControls() {
             continue;
         }
         WinControl& made = Find(*control);
-        if (control->Kind() == forms::ControlKind::MenuBar) {
+        if (dynamic_cast<const forms::MenuBar*>(control) != nullptr) {
             menuBar_ = &made;
         }
     }
     // A label finds the control that its access key goes to only when all are there.
     for (const auto& control : controls_) {
-        if (control->Model().Kind() == forms::ControlKind::Label) {
-            control->Mirror(forms::Aspect::Caption);
-        }
+        control->Mirror(forms::Aspect::Caption);
     }
     PutInReadingOrder();
     PutLabelsBeforeFields();
@@ -132,7 +121,7 @@ void WinForm::PutInReadingOrder() {
     std::unordered_map<const forms::Control*, Siblings> byContainer;
     for (const auto& control : controls_) {
         const forms::Control& model = control->Model();
-        if (std::find(ReadKinds.begin(), ReadKinds.end(), model.Kind()) != ReadKinds.end()) {
+        if (control->IsRead()) {
             Siblings& siblings = byContainer[model.Container()];
             siblings.Windows.push_back(control->Window());
             siblings.Areas.push_back({model.Left(), model.Top(), model.Width(), model.Height()});
@@ -148,9 +137,7 @@ void WinForm::PutInReadingOrder() {
 // Assistive technology takes the text right before a field for its name.
 void WinForm::PutLabelsBeforeFields() {
     for (const auto& control : controls_) {
-        const forms::Control& model = control->Model();
-        const bool named = forms::IsNamedByLabel(model) && model.Kind() != forms::ControlKind::UpDown;
-        const forms::Label* label = named ? forms::NearestLabel(model) : nullptr;
+        const forms::Label* label = forms::OwnLabel(control->Model());
         HWND before = ::GetWindow(control->Window(), GW_HWNDPREV);
         if (label != nullptr && WindowOf(*label) != before) {
             ::SetWindowPos(WindowOf(*label), before == nullptr ? HWND_TOP : before, 0, 0, 0, 0, OnlyTheOrder);
@@ -161,9 +148,8 @@ void WinForm::PutLabelsBeforeFields() {
 // A control that shows no text of its own has it for assistive technology.
 void WinForm::NameControls() {
     for (const auto& control : controls_) {
-        const forms::Control& model = control->Model();
-        if (std::find(NamedKinds.begin(), NamedKinds.end(), model.Kind()) != NamedKinds.end()) {
-            const std::wstring name = ToWide(forms::AccessibleNameOf(model));
+        if (control->IsNamed()) {
+            const std::wstring name = ToWide(forms::AccessibleNameOf(control->Model()));
             ::SetWindowTextW(control->Window(), name.c_str());
         }
     }

@@ -78,10 +78,8 @@ void WinForm::FocusMoved(forms::Control* control) {
     } else if (IsActive()) {
         ::SetFocus(window_);
     }
-    for (const auto& each : controls_) { // the button that Enter presses is another one now
-        if (each->Model().Kind() == forms::ControlKind::CommandButton) {
-            each->Mirror(forms::Aspect::Value);
-        }
+    for (const auto& each : controls_) {
+        each->FormFocusMoved();
     }
 }
 

@@ -106,7 +106,7 @@ SIZE WinForm::AreaSize() const {
 
 void WinForm::PlaceBars() {
     for (const auto& control : controls_) {
-        if (control->Model().Kind() == forms::ControlKind::StatusBar) {
+        if (control->FollowsWindow()) {
             control->Mirror(forms::Aspect::Geometry);
         }
     }

@@ -4,7 +4,7 @@
 #include "desktop/windows/WinControl.h"
 #include "desktop/windows/WinControls.h"
 #include "desktop/windows/WinForm.h"
-#include "forms/AccessibleNames.h"
+#include "forms/AccessKeys.h"
 #include "forms/Label.h"
 
 namespace desktop::windows {
@@ -14,6 +14,8 @@ namespace {
 class WinLabel final : public WinControl {
   public:
     WinLabel(forms::Label& control, WinForm& form, const WindowPlace& place);
+
+    bool IsRead() const override { return true; }
 
   protected:
     void Place() override;
@@ -31,15 +33,13 @@ WinLabel::WinLabel(forms::Label& control, WinForm& form, const WindowPlace& plac
 // The first line keeps its middle where the design put it, beside the middle of its box and of other labels,
 // also where the real font is lower than the line that the design gave it.
 void WinLabel::Place() {
-    constexpr double line = 240;
     RECT area = Form().Scaling().ToDots(model_.Left(), model_.Top(), model_.Width(), model_.Height());
-    const double first = model_.Height() < 2 * line ? model_.Height() : line;
-    const int room = Form().Scaling().ToDots(first) - LineHeight(FontOf());
+    const int room = Form().Scaling().ToDots(model_.FirstLineHeight()) - LineHeight(FontOf());
     area.top += std::max(0, room / 2);
     MoveTo(area);
     // Where there is room for one line alone, a text that is too long ends in dots; wrapped it would lose its
     // last words without a sign.
-    SetStyle(SS_ENDELLIPSIS, model_.Height() < 2 * line);
+    SetStyle(SS_ENDELLIPSIS, model_.HasOneLine());
 }
 
 void WinLabel::SetStyle(DWORD style, bool wanted) const {
@@ -54,9 +54,8 @@ void WinLabel::MirrorContent(forms::Aspect aspect) {
         return;
     }
     // "&" is a mark only where the label has a control to go to.
-    const bool goes = forms::AccessKeyTarget(model_) != nullptr;
-    SetStyle(SS_NOPREFIX, !goes);
-    SetCaption(model_.UseMnemonic() && !goes ? forms::WithoutAccessKey(model_.Caption()) : model_.Caption());
+    SetStyle(SS_NOPREFIX, forms::AccessKeyTarget(model_) == nullptr);
+    SetCaption(model_.ShownCaption());
     ::InvalidateRect(Window(), nullptr, TRUE);
 }
 

@@ -13,6 +13,7 @@ class WinListBox final : public WinControl {
   public:
     WinListBox(forms::ListBox& control, WinForm& form, const WindowPlace& place);
 
+    bool IsRead() const override { return true; }
     void Notified(UINT code) override;
 
   protected:

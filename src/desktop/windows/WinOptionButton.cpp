@@ -11,9 +11,9 @@ namespace {
 
 /// Assistive technology counts the options of a group from the one that begins it.
 DWORD GroupStyle(const forms::OptionButton& option) {
-    const auto& all = option.Owner().Controls();
-    const auto first = std::find_if(all.begin(), all.end(), [&](const forms::Control* control) {
-        return control->Kind() == option.Kind() && control->Container() == option.Container();
+    const auto all = option.Owner().ControlsOf<forms::OptionButton>();
+    const auto first = std::find_if(all.begin(), all.end(), [&](const forms::OptionButton* other) {
+        return other->Container() == option.Container();
     });
     return *first == &option ? WS_GROUP : 0U;
 }
@@ -22,6 +22,7 @@ class WinOptionButton final : public WinControl {
   public:
     WinOptionButton(forms::OptionButton& control, WinForm& form, const WindowPlace& place);
 
+    bool IsRead() const override { return true; }
     void Notified(UINT code) override;
 
   protected:

@@ -14,6 +14,8 @@ class WinPictureBox final : public WinControl {
   public:
     WinPictureBox(forms::PictureBox& control, WinForm& form, const WindowPlace& place);
 
+    bool IsNamed() const override { return true; }
+
   protected:
     void MirrorContent(forms::Aspect aspect) override;
     LRESULT Received(UINT message, WPARAM wParam, LPARAM lParam) override;

@@ -10,6 +10,9 @@ class WinProgressBar final : public WinControl {
   public:
     WinProgressBar(forms::ProgressBar& control, WinForm& form, const WindowPlace& place);
 
+    bool IsRead() const override { return true; }
+    bool IsNamed() const override { return true; }
+
   protected:
     void MirrorContent(forms::Aspect aspect) override;
 

@@ -10,6 +10,7 @@ class WinScrollBar final : public WinControl {
   public:
     WinScrollBar(forms::ScrollBar& control, WinForm& form, const WindowPlace& place);
 
+    bool IsNamed() const override { return true; }
     void Scrolled(int request, int position) override;
 
   protected:

@@ -14,6 +14,8 @@ class WinStatusBar final : public WinControl {
   public:
     WinStatusBar(forms::StatusBar& control, WinForm& form, const WindowPlace& place);
 
+    bool FollowsWindow() const override { return true; }
+
   protected:
     void MirrorContent(forms::Aspect aspect) override;
     /// At the bottom, over the whole width.

@@ -35,6 +35,7 @@ class WinTextBox final : public WinControl {
   public:
     WinTextBox(forms::TextBox& control, WinForm& form, const WindowPlace& place);
 
+    bool IsRead() const override { return true; }
     void TakeFocus() override;
     bool KeyPressed(int virtualKey, bool shift) override;
     void Notified(UINT code) override;

@@ -28,6 +28,7 @@ class WinToolbar final : public WinControl {
   public:
     WinToolbar(forms::Toolbar& control, WinForm& form, const WindowPlace& place);
 
+    bool IsNamed() const override { return true; }
     void Commanded(int id, UINT code) override;
     LRESULT Notified(NMHDR& header) override;
 

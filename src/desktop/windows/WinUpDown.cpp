@@ -12,6 +12,8 @@ class WinUpDown final : public WinControl {
   public:
     WinUpDown(forms::UpDown& control, WinForm& form, const WindowPlace& place);
 
+    bool IsRead() const override { return true; }
+    bool IsNamed() const override { return true; }
     LRESULT Notified(NMHDR& header) override;
 
   protected:

@@ -5,8 +5,10 @@
 #include "forms/CheckBox.h"
 #include "forms/ChoiceControl.h"
 #include "forms/CommandButton.h"
+#include "forms/ControlVisitor.h"
 #include "forms/Label.h"
 #include "forms/LineControl.h"
+#include "forms/MenuBar.h"
 #include "forms/MenuItem.h"
 #include "forms/OptionButton.h"
 #include "forms/PictureBox.h"
@@ -48,6 +50,10 @@ constexpr Property<Control> CommonProperties[] = {
     {"FontBold", [](const Control& c) { return Json(c.Font().Bold); }},
 };
 
+constexpr Property<CaptionedControl> CaptionProperties[] = {
+    {"Caption", [](const CaptionedControl& c) { return Json(c.Caption()); }},
+};
+
 constexpr Property<CheckBox> CheckBoxProperties[] = {
     {"Caption", [](const CheckBox& c) { return Json(c.Caption()); }},
     {"Value", [](const CheckBox& c) { return Json(c.Value()); }},
@@ -74,20 +80,12 @@ constexpr Property<cmdButtonXP> FlatButtonProperties[] = {
     {"blnMouseDown", [](const cmdButtonXP& c) { return Json(c.blnMouseDown()); }},
 };
 
-constexpr Property<Label> LabelProperties[] = {
-    {"Caption", [](const Label& c) { return Json(c.Caption()); }},
-};
-
 constexpr Property<LineControl> LineProperties[] = {
     {"X1", [](const LineControl& c) { return Number(c.X1()); }},
     {"Y1", [](const LineControl& c) { return Number(c.Y1()); }},
     {"X2", [](const LineControl& c) { return Number(c.X2()); }},
     {"Y2", [](const LineControl& c) { return Number(c.Y2()); }},
     {"BorderColor", [](const LineControl& c) { return Json(c.ForeColor()); }},
-};
-
-constexpr Property<MenuItem> MenuItemProperties[] = {
-    {"Caption", [](const MenuItem& c) { return Json(c.Caption()); }},
 };
 
 constexpr Property<OptionButton> OptionProperties[] = {
@@ -170,55 +168,51 @@ std::optional<Json> ReadChoice(const ChoiceControl& control, const PathPart& pro
     return std::nullopt;
 }
 
-/// The properties that a kind has beyond the common ones.
-std::optional<Json> ReadOwn(const Control& control, const PathPart& property) {
-    const std::string& name = property.Name;
-    switch (control.Kind()) {
-    case ControlKind::CheckBox:
-        return Read(static_cast<const CheckBox&>(control), CheckBoxProperties, name);
-    case ControlKind::ComboBox:
-    case ControlKind::ListBox:
-        return ReadChoice(static_cast<const ChoiceControl&>(control), property);
-    case ControlKind::CommandButton:
-        return Read(static_cast<const CommandButton&>(control), CommandButtonProperties, name);
-    case ControlKind::FlatButton:
-        return Read(static_cast<const cmdButtonXP&>(control), FlatButtonProperties, name);
-    case ControlKind::Label:
-        return Read(static_cast<const Label&>(control), LabelProperties, name);
-    case ControlKind::Line:
-        return Read(static_cast<const LineControl&>(control), LineProperties, name);
-    case ControlKind::MenuItem:
-        return Read(static_cast<const MenuItem&>(control), MenuItemProperties, name);
-    case ControlKind::OptionButton:
-        return Read(static_cast<const OptionButton&>(control), OptionProperties, name);
-    case ControlKind::PictureBox:
-        return Read(static_cast<const PictureBox&>(control), PictureProperties, name);
-    case ControlKind::ProgressBar:
-        return Read(static_cast<const ProgressBar&>(control), ProgressProperties, name);
-    case ControlKind::ScrollBar:
-        return Read(static_cast<const ScrollBar&>(control), ScrollProperties, name);
-    case ControlKind::TextBox:
-        return Read(static_cast<const TextBox&>(control), TextBoxProperties, name);
-    case ControlKind::Timer:
-        return Read(static_cast<const Timer&>(control), TimerProperties, name);
-    case ControlKind::UpDown:
-        return Read(static_cast<const UpDown&>(control), UpDownProperties, name);
-    case ControlKind::MenuBar:
-    case ControlKind::StatusBar:
-    case ControlKind::Toolbar:
-        break;
+/// A property that a kind has beyond the common ones.
+class OwnProperty final : public ControlVisitor {
+  public:
+    explicit OwnProperty(const PathPart& property) : property_(property) {}
+
+    std::optional<Json> Value;
+
+    void Visit(CheckBox& control) override { Value = Read(control, CheckBoxProperties, property_.Name); }
+    void Visit(ComboBox& control) override { Value = ReadChoice(control, property_); }
+    void Visit(CommandButton& control) override {
+        Value = Read(control, CommandButtonProperties, property_.Name);
     }
-    return std::nullopt;
+    void Visit(Label& control) override { Value = Read(control, CaptionProperties, property_.Name); }
+    void Visit(LineControl& control) override { Value = Read(control, LineProperties, property_.Name); }
+    void Visit(ListBox& control) override { Value = ReadChoice(control, property_); }
+    void Visit(MenuBar& /*control*/) override {}
+    void Visit(MenuItem& control) override { Value = Read(control, CaptionProperties, property_.Name); }
+    void Visit(OptionButton& control) override { Value = Read(control, OptionProperties, property_.Name); }
+    void Visit(PictureBox& control) override { Value = Read(control, PictureProperties, property_.Name); }
+    void Visit(ProgressBar& control) override { Value = Read(control, ProgressProperties, property_.Name); }
+    void Visit(ScrollBar& control) override { Value = Read(control, ScrollProperties, property_.Name); }
+    void Visit(StatusBar& /*control*/) override {}
+    void Visit(TextBox& control) override { Value = Read(control, TextBoxProperties, property_.Name); }
+    void Visit(Timer& control) override { Value = Read(control, TimerProperties, property_.Name); }
+    void Visit(Toolbar& /*control*/) override {}
+    void Visit(UpDown& control) override { Value = Read(control, UpDownProperties, property_.Name); }
+    void Visit(cmdButtonXP& control) override { Value = Read(control, FlatButtonProperties, property_.Name); }
+
+  private:
+    const PathPart& property_;
+};
+
+std::optional<Json> ReadOwn(Control& control, const PathPart& property) {
+    OwnProperty own(property);
+    control.Accept(own);
+    return own.Value;
 }
 
 std::optional<Json> ReadElement(const Target& target, const std::string& name) {
-    if (target.Control->Kind() == ControlKind::StatusBar) {
-        const auto& bar = static_cast<const StatusBar&>(*target.Control);
-        return target.Element < 1 || target.Element > bar.PanelCount()
+    if (const auto* bar = dynamic_cast<const StatusBar*>(target.Control)) {
+        return target.Element < 1 || target.Element > bar->PanelCount()
                    ? std::nullopt
-                   : Read(bar.Panel(target.Element), PanelProperties, name);
+                   : Read(bar->Panel(target.Element), PanelProperties, name);
     }
-    const auto& bar = static_cast<const Toolbar&>(*target.Control);
+    const auto& bar = dynamic_cast<const Toolbar&>(*target.Control);
     return target.Element < 1 || target.Element > bar.ButtonCount()
                ? std::nullopt
                : Read(bar.Button(target.Element), ToolbarButtonProperties, name);

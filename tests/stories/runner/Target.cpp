@@ -3,6 +3,8 @@
 #include "CommandLine.h"
 #include "ScriptError.h"
 #include "World.h"
+#include "forms/StatusBar.h"
+#include "forms/Toolbar.h"
 
 namespace scenario {
 
@@ -21,7 +23,8 @@ PathPart PartOf(std::string_view text) {
 }
 
 bool HasElements(const forms::Control& control) {
-    return control.Kind() == forms::ControlKind::Toolbar || control.Kind() == forms::ControlKind::StatusBar;
+    return dynamic_cast<const forms::Toolbar*>(&control) != nullptr ||
+           dynamic_cast<const forms::StatusBar*>(&control) != nullptr;
 }
 
 } // namespace

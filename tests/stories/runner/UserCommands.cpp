@@ -18,23 +18,22 @@ namespace scenario {
 
 namespace {
 
-using forms::ControlKind;
-
 /// What a real user could not do is recorded, and has no other effect.
 void Ignored(const World& world, const char* command, const std::string& target) {
     world.record.Write(Json{{"event", "ignored"}, {"command", command}, {"target", target}});
 }
 
 template <class Kind>
-Kind& As(const Target& target, std::initializer_list<ControlKind> kinds, const char* what) {
-    if (std::find(kinds.begin(), kinds.end(), target.Control->Kind()) == kinds.end()) {
+Kind& As(const Target& target, const char* what) {
+    auto* control = dynamic_cast<Kind*>(target.Control);
+    if (control == nullptr) {
         throw ScriptError(std::string("no ") + what + ": " + FullName(*target.Control));
     }
-    return static_cast<Kind&>(*target.Control);
+    return *control;
 }
 
 forms::TextBox& BoxAt(const Target& target) {
-    return As<forms::TextBox>(target, {ControlKind::TextBox}, "text box");
+    return As<forms::TextBox>(target, "text box");
 }
 
 /// Reads a control's path and lets `act` act on it. What `act` answers false to, or a form that takes no
@@ -63,7 +62,7 @@ void Click(World& world, CommandLine& line) {
         if (!reachable) {
             return false;
         }
-        return target.Control->Kind() == ControlKind::Toolbar
+        return dynamic_cast<forms::Toolbar*>(target.Control) != nullptr
                    ? world.stage->ClickTool(*target.Control, target.Element)
                    : world.stage->Click(*target.Control);
     });
@@ -71,8 +70,7 @@ void Click(World& world, CommandLine& line) {
 
 void Pick(World& world, CommandLine& line) {
     OnControl(world, line, "pick", [&](const Target& target, bool reachable) {
-        auto& list =
-            As<forms::ChoiceControl>(target, {ControlKind::ListBox, ControlKind::ComboBox}, "list or combo");
+        auto& list = As<forms::ChoiceControl>(target, "list or combo");
         const int entry = line.WholeNumber("entry");
         return reachable && world.stage->Pick(list, entry);
     });
@@ -154,7 +152,7 @@ void Wheel(World& world, CommandLine& line) {
 
 void Scroll(World& world, CommandLine& line) {
     OnControl(world, line, "scroll", [&](const Target& target, bool reachable) {
-        auto& bar = As<forms::ScrollBar>(target, {ControlKind::ScrollBar}, "scroll bar");
+        auto& bar = As<forms::ScrollBar>(target, "scroll bar");
         const int value = line.WholeNumber("value");
         return reachable && world.stage->Scroll(bar, value);
     });
@@ -162,15 +160,11 @@ void Scroll(World& world, CommandLine& line) {
 
 /// The menu bar of a form that has a tool of this id; ScriptError if there is none.
 forms::MenuBar& MenuWith(const forms::Form& form, const std::string& id) {
-    for (forms::Control* control : form.Controls()) {
-        if (control->Kind() != ControlKind::MenuBar) {
-            continue;
-        }
-        auto& bar = static_cast<forms::MenuBar&>(*control);
-        for (const forms::Menu& menu : bar.Menus()) {
+    for (forms::MenuBar* bar : form.ControlsOf<forms::MenuBar>()) {
+        for (const forms::Menu& menu : bar->Menus()) {
             if (std::any_of(menu.Tools.begin(), menu.Tools.end(),
                             [&](const forms::MenuTool& tool) { return tool.Id == id; })) {
-                return bar;
+                return *bar;
             }
         }
     }
@@ -213,9 +207,8 @@ void Up(World& world, CommandLine& line) {
 
 void Tick(World& world, CommandLine& line) {
     const Target target = TargetOf(world, line.Word("timer"));
-    forms::Timer& timer = target.Control->Kind() == ControlKind::FlatButton
-                              ? static_cast<forms::cmdButtonXP&>(*target.Control).Timer
-                              : As<forms::Timer>(target, {ControlKind::Timer}, "timer");
+    auto* button = dynamic_cast<forms::cmdButtonXP*>(target.Control);
+    forms::Timer& timer = button == nullptr ? As<forms::Timer>(target, "timer") : button->Timer;
     const auto count = line.NextWord();
     for (int left = count ? WholeNumberOf(*count, "count") : 1; left > 0; --left) {
         timer.Tick();

@@ -56,6 +56,15 @@ TEST_F(ButtonsTest, EnterAndEscapePressWithoutTheFocus) {
     EXPECT_THAT(log, ElementsAre("ok", "cancel"));
 }
 
+TEST_F(ButtonsTest, AButtonKnowsThatEnterPressesItNow) {
+    form.Show();
+    EXPECT_TRUE(ok.IsPressedByEnter());
+    EXPECT_FALSE(cancel.IsPressedByEnter());
+    cancel.SetFocus();
+    EXPECT_FALSE(ok.IsPressedByEnter());
+    EXPECT_TRUE(cancel.IsPressedByEnter());
+}
+
 TEST_F(ButtonsTest, EnterPressesTheButtonThatHasTheFocus) {
     form.Show();
     cancel.SetFocus();

@@ -79,16 +79,8 @@ const std::vector<PageTexts>& AllPages() {
 class PageTextsTest : public WizardTest, public testing::WithParamInterface<PageTexts> {
   protected:
     static std::string CaptionOf(const forms::Control& control) {
-        switch (control.Kind()) {
-        case forms::ControlKind::Label:
-            return static_cast<const forms::Label&>(control).Caption();
-        case forms::ControlKind::OptionButton:
-            return static_cast<const forms::OptionButton&>(control).Caption();
-        case forms::ControlKind::CommandButton:
-            return static_cast<const forms::CommandButton&>(control).Caption();
-        default:
-            return {};
-        }
+        const auto* captioned = dynamic_cast<const forms::CaptionedControl*>(&control);
+        return captioned == nullptr ? std::string() : captioned->Caption();
     }
 
     bool IsFromSettings(const forms::Control& control) const {

@@ -183,7 +183,7 @@ TEST_F(TreeTest, TheStateIsThatOfTheControl) {
                         return each->Name() != "Label" && each->Name() + index == object.Control;
                     });
                 if (control == form->Controls().end() ||
-                    (*control)->Kind() == forms::ControlKind::FlatButton) {
+                    dynamic_cast<forms::cmdButtonXP*>(*control) != nullptr) {
                     continue;
                 }
                 EXPECT_EQ(bool(object.State().disabled), !(*control)->IsUsable())
@@ -274,12 +274,10 @@ TEST_F(TreeTest, AScreenReaderCanPressWhatTheMouseCan) {
 
 TEST_F(TreeTest, AnAmpersandOfALabelThatNamesAFieldIsShown) {
     Start();
-    for (forms::Control* control : program.form.Controls()) {
-        if (control->Kind() == forms::ControlKind::Label &&
-            static_cast<forms::Label*>(control)->Caption() == "Adres:") {
-            auto& label = static_cast<forms::Label&>(*control);
-            label.SetUseMnemonic(false);
-            label.SetCaption("Straat & huisnummer:");
+    for (forms::Label* label : program.form.ControlsOf<forms::Label>()) {
+        if (label->Caption() == "Adres:") {
+            label->SetUseMnemonic(false);
+            label->SetCaption("Straat & huisnummer:");
             EXPECT_THAT(spoken::Labels(spoken::Find(window::Of(Main), "UserText(71)")),
                         ElementsAre("Straat & huisnummer:"));
         }
