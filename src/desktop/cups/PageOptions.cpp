@@ -10,7 +10,7 @@ namespace desktop::cups {
 namespace {
 
 /// Small letters and digits alone: makers write "N-Up", "NUp" and "Nup".
-std::string Plain(std::string_view name) {
+std::string PlainName(std::string_view name) {
     std::string plain;
     for (const char c : name) {
         const auto byte = static_cast<unsigned char>(c);
@@ -161,21 +161,21 @@ bool IsTwoSided(std::string_view choice) {
 } // namespace
 
 bool ChangesPages(std::string_view option) {
-    const std::string name = Plain(option);
+    const std::string name = PlainName(option);
     return std::find(ServerNames.begin(), ServerNames.end(), name) != ServerNames.end() ||
            name.starts_with(OfFirstPage) || !ChoicesOfKind(name).empty();
 }
 
 std::string PlainChoice(std::string_view option, const std::vector<std::string>& choices) {
-    Names plain = ChoicesOfKind(Plain(option));
-    if (plain.empty() && !HoldsAny(Plain(option), UsersOwn) &&
+    Names plain = ChoicesOfKind(PlainName(option));
+    if (plain.empty() && !HoldsAny(PlainName(option), UsersOwn) &&
         std::any_of(choices.begin(), choices.end(),
-                    [](const std::string& choice) { return IsTwoSided(Plain(choice)); })) {
+                    [](const std::string& choice) { return IsTwoSided(PlainName(choice)); })) {
         plain = OneSided;
     }
     for (const std::string_view wanted : plain) {
         const auto found = std::find_if(choices.begin(), choices.end(), [wanted](const std::string& choice) {
-            return Plain(choice) == wanted;
+            return PlainName(choice) == wanted;
         });
         if (found != choices.end()) {
             return *found;

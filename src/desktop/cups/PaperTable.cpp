@@ -14,7 +14,7 @@ struct Code {
     std::int16_t Id;
 };
 
-constexpr std::array<Code, 41> Papers = {{
+constexpr std::array<Code, 41> PaperCodes = {{
     {"na_letter_8.5x11in", 1},
     {"na_ledger_11x17in", 3},
     {"na_invoice_5.5x8.5in", 6},
@@ -58,7 +58,7 @@ constexpr std::array<Code, 41> Papers = {{
     {"jis_b6_128x182mm", 88},
 }};
 
-constexpr std::array<Code, 25> Bins = {{
+constexpr std::array<Code, 25> BinCodes = {{
     {"upper", 1},
     {"top", 1},
     {"lower", 2},
@@ -96,11 +96,11 @@ std::int16_t CodeIn(const std::array<Code, N>& table, std::string_view name) {
 } // namespace
 
 std::int16_t PaperCode(std::string_view pwgName) {
-    return CodeIn(Papers, pwgName);
+    return CodeIn(PaperCodes, pwgName);
 }
 
 std::int16_t BinCode(std::string_view choice) {
-    return CodeIn(Bins, base::text::Lower(choice));
+    return CodeIn(BinCodes, base::text::Lower(choice));
 }
 
 } // namespace desktop::cups

@@ -22,7 +22,9 @@
 #include "Windows.h"
 #include "base/Text.h"
 #include "desktop/qt/Scale.h"
+#include "forms/TextBox.h"
 #include "forms/WheelTurn.h"
+#include "forms/cmdButtonXP.h"
 
 namespace scenario {
 
@@ -69,7 +71,7 @@ QPoint Spot(const QWidget* widget) {
 
 /// What only shows something takes no click.
 bool TakesClicks(const forms::Control& control) {
-    return control.TakesFocus() || control.Kind() == forms::ControlKind::FlatButton;
+    return control.TakesFocus() || dynamic_cast<const forms::cmdButtonXP*>(&control) != nullptr;
 }
 
 void PickInList(QListWidget& list, int entry) {
@@ -110,7 +112,7 @@ std::optional<Json> QtStage::Shown(const Target& target, const PathPart& propert
     const bool element = target.Element != forms::Control::NoIndex;
     const QWidget* widget =
         element ? windows::PartOf(*target.Control, target.Element) : windows::Of(*target.Control);
-    const bool flat = target.Control->Kind() == forms::ControlKind::FlatButton;
+    const bool flat = dynamic_cast<const forms::cmdButtonXP*>(target.Control) != nullptr;
     if (widget == nullptr || (flat && property.Name == "Enabled")) {
         return std::nullopt;
     }
@@ -157,7 +159,7 @@ bool QtStage::Focus(forms::Control& control) {
     if (!windows::Usable(widget) || !control.TakesFocus()) {
         return false;
     }
-    if (control.Kind() == forms::ControlKind::TextBox) {
+    if (dynamic_cast<const forms::TextBox*>(&control) != nullptr) {
         windows::Click(widget, Spot(widget));
     } else {
         windows::Press(widget, Spot(widget));

@@ -12,6 +12,7 @@
 #include "desktop/qt/Guarded.h"
 #include "forms/Form.h"
 #include "forms/FormPeer.h"
+#include "forms/Timer.h"
 
 namespace scenario {
 
@@ -27,8 +28,8 @@ class TwinPeer final : public forms::FormPeer {
 
     void ControlChanged(forms::Control& control, forms::Aspect aspect) override {
         record_->ControlChanged(control, aspect);
-        if (control.Kind() !=
-            forms::ControlKind::Timer) { // real time would tick between the lines of the script
+        // Real time would tick between the lines of the script.
+        if (dynamic_cast<forms::Timer*>(&control) == nullptr) {
             window_->ControlChanged(control, aspect);
         }
     }

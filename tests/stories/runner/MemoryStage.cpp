@@ -12,8 +12,7 @@ namespace {
 
 /// The picture button that follows the mouse; nullptr for any other control.
 forms::cmdButtonXP* FlatButton(forms::Control& control) {
-    return control.Kind() == forms::ControlKind::FlatButton ? static_cast<forms::cmdButtonXP*>(&control)
-                                                            : nullptr;
+    return dynamic_cast<forms::cmdButtonXP*>(&control);
 }
 
 } // namespace

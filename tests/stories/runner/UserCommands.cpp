@@ -12,6 +12,7 @@
 #include "forms/ScrollBar.h"
 #include "forms/TextBox.h"
 #include "forms/Timer.h"
+#include "forms/Toolbar.h"
 #include "forms/cmdButtonXP.h"
 
 namespace scenario {
