@@ -22,6 +22,7 @@
 #include "Windows.h"
 #include "base/Text.h"
 #include "desktop/qt/Scale.h"
+#include "forms/ChoiceControl.h"
 #include "forms/TextBox.h"
 #include "forms/WheelTurn.h"
 #include "forms/cmdButtonXP.h"
@@ -74,10 +75,35 @@ bool TakesClicks(const forms::Control& control) {
     return control.TakesFocus() || dynamic_cast<const forms::cmdButtonXP*>(&control) != nullptr;
 }
 
+bool IsChoice(const forms::Control& control) {
+    return dynamic_cast<const forms::ChoiceControl*>(&control) != nullptr;
+}
+
+/// nullptr if there is none.
+QWidget* WidgetOf(const Target& target) {
+    return target.Element == forms::Control::NoIndex ? windows::Of(*target.Control)
+                                                     : windows::PartOf(*target.Control, target.Element);
+}
+
+/// Where the pointer goes; ScriptError if the control is not to be seen.
+QWidget* PlaceOf(const Target& target) {
+    QWidget* widget = WidgetOf(target);
+    if (widget == nullptr || !widget->isVisible()) {
+        throw ScriptError("not to be seen: " + FullName(*target.Control));
+    }
+    return widget;
+}
+
 void PickInList(QListWidget& list, int entry) {
     QListWidgetItem* item = list.item(entry);
     list.scrollToItem(item);
     windows::Click(list.viewport(), list.visualItemRect(item).center());
+}
+
+/// The focus alone: a click on an entry picks it, and one on a combo drops its list down.
+void FocusChoice(QWidget& widget) {
+    widget.setFocus(Qt::MouseFocusReason);
+    windows::Settle();
 }
 
 /// Drops the list down with the mouse and picks with the keys: just after the one the mouse picks nothing.
@@ -96,10 +122,18 @@ void PickInCombo(QComboBox& combo, int entry) {
 
 } // namespace
 
-QtStage::QtStage(memory::MemoryPlatform& memory)
-    : desktop_(memory), services_{desktop_,       memory.registry,   memory.locale,   memory.clock,
-                                  memory.random,  memory.spooler,    memory.printers, memory.printer,
-                                  memory.bitmaps, desktop_.Windows()} {}
+QtStage::QtStage(memory::MemoryPlatform& memory, desktop::qt::QtDesktop& real, const machine::Platform& rest,
+                 const QString& suffix)
+    : desktop_(memory, real, rest.Desktop), pictures_(suffix),
+      file_([this](QWidget& window) { pictures_.TakeNext(window); }),
+      services_{desktop_,     rest.Registry, rest.Locale,  rest.Clock,   rest.Random,
+                rest.Spooler, rest.Printers, rest.Printer, rest.Bitmaps, real.Windows()} {
+    desktop_.OnMessage = [this](QWidget& box) { pictures_.TakeNext(box); };
+}
+
+void QtStage::Settle() {
+    windows::Settle();
+}
 
 bool QtStage::Reaches(const forms::Form& form) const {
     const QWidget* window = windows::Of(form);
@@ -109,9 +143,7 @@ bool QtStage::Reaches(const forms::Form& form) const {
 
 // A label may cut its text and marks no access key; a picture button that is off keeps its window.
 std::optional<Json> QtStage::Shown(const Target& target, const PathPart& property) const {
-    const bool element = target.Element != forms::Control::NoIndex;
-    const QWidget* widget =
-        element ? windows::PartOf(*target.Control, target.Element) : windows::Of(*target.Control);
+    const QWidget* widget = WidgetOf(target);
     const bool flat = dynamic_cast<const forms::cmdButtonXP*>(target.Control) != nullptr;
     if (widget == nullptr || (flat && property.Name == "Enabled")) {
         return std::nullopt;
@@ -119,13 +151,16 @@ std::optional<Json> QtStage::Shown(const Target& target, const PathPart& propert
     return ShownValue(*widget, property);
 }
 
-// On what is disabled as well: nothing is to come of it.
+// What is disabled is clicked as well: nothing is to come of it.
 bool QtStage::Click(forms::Control& control) {
     QWidget* widget = windows::Of(control);
     if (widget == nullptr || !widget->isVisible() || !TakesClicks(control)) {
         return false;
     }
     const bool usable = windows::Usable(widget) && control.IsUsable();
+    if (IsChoice(control)) {
+        return usable && Focus(control);
+    }
     windows::Click(widget, Spot(widget));
     return usable;
 }
@@ -161,6 +196,8 @@ bool QtStage::Focus(forms::Control& control) {
     }
     if (dynamic_cast<const forms::TextBox*>(&control) != nullptr) {
         windows::Click(widget, Spot(widget));
+    } else if (IsChoice(control)) {
+        FocusChoice(*widget);
     } else {
         windows::Press(widget, Spot(widget));
         windows::Release(widget, widget->mapFrom(widget->window(), QPoint(0, 0)));
@@ -217,23 +254,23 @@ void QtStage::Wheel(forms::Form& form, int delta) {
     windows::Settle();
 }
 
-void QtStage::Over(forms::Control& control) {
-    const QWidget* widget = windows::Of(control);
+void QtStage::Over(const Target& target) {
+    const QWidget* widget = PlaceOf(target);
     windows::PointAt(widget, widget->rect().center());
 }
 
-void QtStage::Away(forms::Control& control) {
-    windows::PointAt(windows::Of(control.Owner()), {1, 1});
+void QtStage::Away(const Target& target) {
+    windows::PointAt(windows::Of(*target.Form), {1, 1});
 }
 
-void QtStage::Down(forms::Control& control) {
-    Over(control);
-    QWidget* widget = windows::Of(control);
+void QtStage::Down(const Target& target) {
+    Over(target);
+    QWidget* widget = PlaceOf(target);
     windows::Press(widget, widget->rect().center());
 }
 
-void QtStage::Up(forms::Control& control) {
-    QWidget* widget = windows::Of(control);
+void QtStage::Up(const Target& target) {
+    QWidget* widget = PlaceOf(target);
     windows::Release(widget, widget->mapFromGlobal(QCursor::pos()));
 }
 
@@ -263,6 +300,21 @@ void QtStage::Key(forms::Form& form, int code) {
 
 bool QtStage::Close(forms::Form& form) {
     return windows::Close(form);
+}
+
+void QtStage::Picture(forms::Form& form, const std::string& name, bool menu) {
+    QWidget* window = windows::Of(form);
+    auto* bar = menu ? window->findChild<QMenuBar*>() : nullptr;
+    if (menu && bar == nullptr) {
+        throw ScriptError("no menu on " + form.Name());
+    }
+    if (bar == nullptr) {
+        pictures_.Take(*window, name);
+        return;
+    }
+    windows::Click(bar, bar->actionGeometry(bar->actions().front()).center());
+    pictures_.Take(*window, name);
+    windows::Key(QApplication::activePopupWidget(), Qt::Key_Escape);
 }
 
 // A window has whole dots: of what is less than one the form is told beside it.

@@ -63,7 +63,7 @@ namespace {
 /// While it lives, the user answers the message box that comes with Enter, once `seen` has looked at it.
 class BoxAnswer {
   public:
-    explicit BoxAnswer(std::function<void(const QMessageBox&)> seen) : seen_(std::move(seen)) {
+    explicit BoxAnswer(std::function<void(QMessageBox&)> seen) : seen_(std::move(seen)) {
         QObject::connect(&timer_, &QTimer::timeout, [this] { Answer(); });
         timer_.start(0);
     }
@@ -79,7 +79,7 @@ class BoxAnswer {
         QTest::keyClick(box->windowHandle(), Qt::Key_Return);
     }
 
-    std::function<void(const QMessageBox&)> seen_;
+    std::function<void(QMessageBox&)> seen_;
     QTimer timer_;
 };
 
@@ -96,8 +96,8 @@ forms::MessageIcon IconOf(const QMessageBox& box) {
 
 } // namespace
 
-TwinDesktop::TwinDesktop(memory::MemoryPlatform& memory)
-    : memory_(memory), toldBefore_(desktop::qt::TellFailuresOn(this)) {}
+TwinDesktop::TwinDesktop(memory::MemoryPlatform& memory, desktop::qt::QtDesktop& real, forms::Desktop& screen)
+    : memory_(memory), qt_(real), screen_(screen), toldBefore_(desktop::qt::TellFailuresOn(this)) {}
 
 TwinDesktop::~TwinDesktop() {
     desktop::qt::TellFailuresOn(toldBefore_);
@@ -118,7 +118,11 @@ void TwinDesktop::RunModal(forms::Form& form) {
 }
 
 void TwinDesktop::PlayNext(forms::Form& form) {
-    if (waiting_ || !form.Visible() || (Next && Next()) || !form.Visible()) {
+    if (waiting_ || !form.Visible()) {
+        return;
+    }
+    windows::Settle(); // the window that has just come takes the keyboard
+    if (!form.Visible() || (Next && Next()) || !form.Visible()) {
         return;
     }
     if (!windows::Close(form)) {
@@ -135,10 +139,17 @@ void TwinDesktop::Yield() {
 
 void TwinDesktop::MsgBox(const std::string& text, forms::MessageIcon icon, const std::string& title) {
     const QScopedValueRollback wait(waiting_, true);
-    const BoxAnswer answer([this](const QMessageBox& box) {
+    const BoxAnswer answer([this](QMessageBox& box) {
         memory_.desktop.MsgBox(box.text().toStdString(), IconOf(box), box.windowTitle().toStdString());
+        Look(box);
     });
     qt_.MsgBox(text, icon, title);
+}
+
+void TwinDesktop::Look(QWidget& box) {
+    if (OnMessage) {
+        OnMessage(box);
+    }
 }
 
 void TwinDesktop::SetMousePointer(int pointer) {
@@ -149,7 +160,7 @@ void TwinDesktop::SetMousePointer(int pointer) {
 void TwinDesktop::UnhandledError(const base::RuntimeError& error) {
     const QScopedValueRollback wait(waiting_, true);
     memory_.desktop.UnhandledError(error);
-    const BoxAnswer answer([](const QMessageBox&) {});
+    const BoxAnswer answer([this](QMessageBox& box) { Look(box); });
     qt_.UnhandledError(error);
 }
 

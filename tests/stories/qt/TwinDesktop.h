@@ -7,23 +7,25 @@
 #include "forms/Desktop.h"
 #include "memory/MemoryPlatform.h"
 
-class QMessageBox;
-
 namespace scenario {
 
 class TwinPeer;
 
 /// The real desktop, with that of the memory platform beside it: the one shows the windows, the other writes
-/// down what comes, goes and is told. How large the screen is and when a timer ticks is the script's to say.
+/// down what comes, goes and is told. When a timer ticks is the script's to say.
 class TwinDesktop final : public forms::Desktop {
   public:
-    explicit TwinDesktop(memory::MemoryPlatform& memory);
+    /// `screen` says how large the screen is. All outlive it.
+    TwinDesktop(memory::MemoryPlatform& memory, desktop::qt::QtDesktop& real, forms::Desktop& screen);
     ~TwinDesktop() override;
     TwinDesktop(const TwinDesktop&) = delete;
     TwinDesktop& operator=(const TwinDesktop&) = delete;
 
     /// What the user does next while a form alone takes input; false: he does nothing more.
     std::function<bool()> Next;
+
+    /// Looks at a message box before the user answers it.
+    std::function<void(QWidget&)> OnMessage;
 
     std::unique_ptr<forms::FormPeer> CreatePeer(forms::Form& form) override;
     void RunModal(forms::Form& form) override;
@@ -32,8 +34,8 @@ class TwinDesktop final : public forms::Desktop {
     std::int16_t GetKeyState(int virtualKey) override { return qt_.GetKeyState(virtualKey); }
     void SetMousePointer(int pointer) override;
     void LockWindowUpdate(std::uintptr_t window) override { qt_.LockWindowUpdate(window); }
-    forms::ScreenArea Screen() override { return memory_.desktop.Screen(); }
-    forms::ScreenArea WorkArea() override { return memory_.desktop.WorkArea(); }
+    forms::ScreenArea Screen() override { return screen_.Screen(); }
+    forms::ScreenArea WorkArea() override { return screen_.WorkArea(); }
     void UnhandledError(const base::RuntimeError& error) override;
 
     /// The procedures of the forms' windows.
@@ -45,9 +47,11 @@ class TwinDesktop final : public forms::Desktop {
 
   private:
     void PlayNext(forms::Form& form);
+    void Look(QWidget& box);
 
     memory::MemoryPlatform& memory_;
-    desktop::qt::QtDesktop qt_;
+    desktop::qt::QtDesktop& qt_;
+    forms::Desktop& screen_;
     forms::Desktop* toldBefore_;
     std::unordered_map<const forms::Form*, TwinPeer*> peers_;
     bool waiting_ = false; // the program lets events in where the user can do nothing

@@ -16,9 +16,13 @@ namespace {
 
 constexpr int PatienceMs = 2000;
 
-bool AnyWindowShown() {
+/// The window that takes input has the keyboard, or there is none.
+bool KeyboardIsSettled() {
     const QWidgetList all = QApplication::topLevelWidgets();
-    return std::any_of(all.begin(), all.end(), [](const QWidget* widget) { return widget->isVisible(); });
+    const QWidget* active = QApplication::activeWindow();
+    const QWidget* modal = QApplication::activeModalWidget();
+    return std::none_of(all.begin(), all.end(), [](const QWidget* widget) { return widget->isVisible(); }) ||
+           (active != nullptr && (modal == nullptr || modal == active));
 }
 
 QPoint InWindow(const QWidget* widget, const QPoint& at) {
@@ -54,7 +58,7 @@ void Settle() {
     }
     QElapsedTimer clock;
     clock.start();
-    while (QApplication::activeWindow() == nullptr && AnyWindowShown() && clock.elapsed() < PatienceMs) {
+    while (!KeyboardIsSettled() && clock.elapsed() < PatienceMs) {
         QCoreApplication::processEvents();
     }
 }

@@ -20,7 +20,7 @@ QWidget* PartOf(const forms::Control& control, int number);
 /// The widget is shown and not disabled.
 bool Usable(const QWidget* widget);
 
-/// Handles what waits now, queued calls included, until one of the windows that are shown has the keyboard.
+/// Handles what waits now, queued calls included, until the window that takes input has the keyboard.
 void Settle();
 
 // The left button of the mouse, at a place of the widget, as the window system reports it.

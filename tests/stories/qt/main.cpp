@@ -43,8 +43,9 @@ int main(int argc, char** argv) {
         std::cerr << "cannot read " << argv[1] << '\n';
         return scenario::StatusScriptError;
     }
-    return scenario::Player(
-               file, std::cout, std::cerr,
-               [](memory::MemoryPlatform& memory) { return std::make_unique<scenario::QtStage>(memory); })
-        .Run();
+    desktop::qt::QtDesktop desktop;
+    const auto makeStage = [&desktop](memory::MemoryPlatform& memory) {
+        return std::make_unique<scenario::QtStage>(memory, desktop, memory.Services());
+    };
+    return scenario::Player(file, std::cout, std::cerr, makeStage).Run();
 }

@@ -41,26 +41,26 @@ void MemoryStage::Wheel(forms::Form& form, int delta) {
     memory_.desktop.Windows().SendWheel(form.hWnd(), static_cast<std::int16_t>(delta));
 }
 
-void MemoryStage::Over(forms::Control& control) {
-    memory_.desktop.PointAt(&control);
-    if (forms::cmdButtonXP* button = FlatButton(control)) {
+void MemoryStage::Over(const Target& target) {
+    memory_.desktop.PointAt(target.Control);
+    if (forms::cmdButtonXP* button = FlatButton(*target.Control)) {
         button->UserMouseMove();
     }
 }
 
-void MemoryStage::Away(forms::Control& /*control*/) {
+void MemoryStage::Away(const Target& /*target*/) {
     memory_.desktop.PointAt(nullptr);
 }
 
-void MemoryStage::Down(forms::Control& control) {
-    memory_.desktop.PointAt(&control);
-    if (forms::cmdButtonXP* button = FlatButton(control)) {
+void MemoryStage::Down(const Target& target) {
+    memory_.desktop.PointAt(target.Control);
+    if (forms::cmdButtonXP* button = FlatButton(*target.Control)) {
         button->UserMouseDown();
     }
 }
 
-void MemoryStage::Up(forms::Control& control) {
-    if (forms::cmdButtonXP* button = FlatButton(control)) {
+void MemoryStage::Up(const Target& target) {
+    if (forms::cmdButtonXP* button = FlatButton(*target.Control)) {
         button->UserMouseUp();
     }
 }

@@ -12,6 +12,7 @@ class MemoryStage final : public Stage {
     machine::Platform& Services() override { return memory_.Services(); }
     void WhileModal(std::function<bool()> next) override;
     bool ErrorsPass() const override { return true; }
+    void Settle() override {}
 
     bool Reaches(const forms::Form& form) const override;
     std::optional<Json> Shown(const Target& /*target*/, const PathPart& /*property*/) const override {
@@ -24,14 +25,17 @@ class MemoryStage final : public Stage {
     bool Scroll(forms::ScrollBar& bar, int value) override { return bar.UserScroll(value); }
     bool Choose(forms::MenuBar& menu, const std::string& id) override { return menu.UserChoose(id); }
     void Wheel(forms::Form& form, int delta) override;
-    void Over(forms::Control& control) override;
-    void Away(forms::Control& control) override;
-    void Down(forms::Control& control) override;
-    void Up(forms::Control& control) override;
+    void Over(const Target& target) override;
+    void Away(const Target& target) override;
+    void Down(const Target& target) override;
+    void Up(const Target& target) override;
     bool Type(forms::TextBox& box, const std::u32string& keys) override;
     void Key(forms::Form& form, int code) override;
     bool Close(forms::Form& form) override { return form.UserClose(); }
     void Resize(forms::Form& form, double width, double height) override { form.UserResize(width, height); }
+    void Picture(forms::Form& /*form*/, const std::string& /*name*/, bool /*menu*/) override {}
+    void PictureNext(const std::string& /*name*/) override {}
+    void FileNext(const std::string& /*file*/) override {}
 
   private:
     memory::MemoryPlatform& memory_;

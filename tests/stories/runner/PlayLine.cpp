@@ -17,6 +17,7 @@ void PlayLine(World& world, std::string_view line) {
             if (command.Name == name) {
                 world.session.Dispatch([&] { command.Run(world, words); });
                 words.End();
+                world.stage->Settle();
                 return;
             }
         }

@@ -60,6 +60,9 @@ bool Player::Step() {
             continue;
         }
         const int number = lineNumber_;
+        if (OnCommand) {
+            OnCommand(line);
+        }
         try {
             PlayLine(world_, line);
         } catch (const std::runtime_error&) {

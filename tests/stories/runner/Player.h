@@ -25,6 +25,9 @@ class Player {
     Player(std::istream& script, std::ostream& out, std::ostream& complaints,
            const StageMaker& makeStage = MakeMemoryStage);
 
+    /// Told of each command before it is played.
+    std::function<void(const std::string& line)> OnCommand;
+
     /// Plays all of it. The result is an exit status.
     int Run();
 

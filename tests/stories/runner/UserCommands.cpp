@@ -181,10 +181,10 @@ void Menu(World& world, CommandLine& line) {
 }
 
 /// The mouse, for the buttons that follow it.
-void Mouse(World& world, CommandLine& line, const char* command, void (Stage::*act)(forms::Control&)) {
+void Mouse(World& world, CommandLine& line, const char* command, void (Stage::*act)(const Target&)) {
     OnControl(world, line, command, [&](const Target& target, bool reachable) {
         if (reachable) {
-            (*world.stage.*act)(*target.Control);
+            (*world.stage.*act)(target);
         }
         return reachable;
     });
@@ -241,11 +241,47 @@ void Resize(World& world, CommandLine& line) {
     });
 }
 
+void Picture(World& world, CommandLine& line) {
+    forms::Form& form = world.FormNamed(line.Word("form"));
+    const std::string name = line.Word("name");
+    const auto menu = line.NextWord();
+    if (menu && *menu != "menu") {
+        throw ScriptError("a picture is of a form, or of its menu: " + *menu);
+    }
+    world.stage->Picture(form, name, menu.has_value());
+}
+
+void PictureNext(World& world, CommandLine& line) {
+    world.stage->PictureNext(line.Word("name"));
+}
+
+void FileNext(World& world, CommandLine& line) {
+    world.stage->FileNext(line.Word("file"));
+}
+
 constexpr Command Commands[] = {
-    {"click", Click}, {"pick", Pick},   {"focus", Focus}, {"tab", Tab},       {"type", Type},
-    {"clear", Clear}, {"paste", Paste}, {"key", Key},     {"wheel", Wheel},   {"scroll", Scroll},
-    {"menu", Menu},   {"over", Over},   {"away", Away},   {"down", Down},     {"up", Up},
-    {"tick", Tick},   {"close", Close}, {"open", Open},   {"resize", Resize},
+    {"click", Click},
+    {"pick", Pick},
+    {"focus", Focus},
+    {"tab", Tab},
+    {"type", Type},
+    {"clear", Clear},
+    {"paste", Paste},
+    {"key", Key},
+    {"wheel", Wheel},
+    {"scroll", Scroll},
+    {"menu", Menu},
+    {"over", Over},
+    {"away", Away},
+    {"down", Down},
+    {"up", Up},
+    {"tick", Tick},
+    {"close", Close},
+    {"open", Open},
+    {"resize", Resize},
+    {"picture", Picture},
+    {"picture-next", PictureNext},
+    {"file-next", FileNext},
 };
 
 } // namespace
