@@ -1,6 +1,6 @@
 #!/usr/bin/env bash
 # Installs the Debian packages that a task needs and that are missing:
-# setup.sh build|run|test|slow|printers|coverage|fuzz|windows|wine|screen|package
+# setup.sh build|run|test|slow|printers|coverage|fuzz|windows|wine|screen|package|format|lint
 set -euo pipefail
 
 # To build the program.
@@ -43,6 +43,10 @@ screen=(libx11-6 libxext6 libxcomposite1 libxcursor1 libxfixes3 libxi6 libxinera
 # To make the packages of both systems, and to look into them.
 package=(dpkg-dev librsvg2-bin nsis lintian desktop-file-utils appstream man-db groff-base binutils)
 
+# To hold the code against its form and its rules.
+format=(clang-format)
+lint=(clang-tidy)
+
 case "${1:-}" in
   build) wanted=("${build[@]}") ;;
   run) wanted=("${build[@]}" "${run[@]}") ;;
@@ -55,7 +59,9 @@ case "${1:-}" in
   wine) wanted=("${windows[@]}" "${wine[@]}") ;;
   screen) wanted=("${screen[@]}") ;;
   package) wanted=("${package[@]}") ;;
-  *) echo "usage: $0 build|run|test|slow|printers|coverage|fuzz|windows|wine|screen|package" >&2; exit 2 ;;
+  format) wanted=("${format[@]}") ;;
+  lint) wanted=("${build[@]}" "${test[@]}" "${windows[@]}" "${format[@]}" "${lint[@]}") ;;
+  *) echo "usage: $0 build|run|test|slow|printers|coverage|fuzz|windows|wine|screen|package|format|lint" >&2; exit 2 ;;
 esac
 
 missing=()
