@@ -1,8 +1,9 @@
 #!/usr/bin/env python3
 """Checks what the documents name between backticks: files and folders of the project, and names of its code.
 
-A path is one from the root or from src/ on ("platform/qt"), or of a file by its name alone ("QtTextBox.cpp"). A name, or a
+A path is one from the root or from src/ on ("desktop/qt"), or of a file by its name alone ("QtTextBox.cpp"). A name, or a
 "Class::Member", has to be found in the sources. Commands, and files of the machine, are not looked at. Links and tables are checked on the way.
+What is odd and meant (docs/deliberate.md) names the file that holds it and the tests that fail without it; both have to be there.
 """
 import functools
 import os
@@ -13,6 +14,7 @@ import sys
 import documents
 from documents import ROOT
 
+DELIBERATE = ROOT / "docs" / "deliberate.md"
 # What the program and its build make, and what belongs to the machine.
 MADE = re.compile(r"^(build|dist|out)(/|$)|^[~/$.]|^\.\.")
 MADE_NAMES = {"printrap.log", "settings.reg", "pdf-bestand.conf", "QtProject.conf"}
@@ -53,7 +55,7 @@ def words():
 
 def is_path(name):
     name = name.rstrip("/")
-    if any((base / name).exists() for base in (ROOT, ROOT / "src", ROOT / "src" / "platform")):
+    if any((base / name).exists() for base in (ROOT, ROOT / "src")):
         return True
     return "*" in name and any(base.glob(name) for base in (ROOT, ROOT / "src") if next(base.glob(name), None))
 
@@ -83,7 +85,43 @@ def complaint(name):
     return None
 
 
+@functools.cache
+def tests():
+    """The names of the tests, as often as they are given: of ctest, and of GoogleTest with and without their suite."""
+    names = []
+    for file, text in code().items():
+        if file.startswith("tests/") and file.endswith(".cpp"):
+            for suite, name in re.findall(r"^TEST(?:_[FP])?\((\w+),\s*(\w+)\)", text, re.MULTILINE):
+                names += [name, f"{suite}.{name}"]
+        elif file.startswith("tests/") and file.endswith("CMakeLists.txt"):
+            names += re.findall(r"add_test\(NAME ([\w.]+)", text)
+    return names
+
+
+def test_complaint(name):
+    """What is wrong with the name of a test, or of the file that is one."""
+    if PATH.match(name):
+        return None if name.startswith("tests/") and (ROOT / name).exists() else "no such test"
+    return {0: "no such test", 1: None}.get(tests().count(name), "more than one test has this name")
+
+
+def deliberate_complaints(path):
+    for line, (what, where, test, why) in documents.table_rows(path.read_text(encoding="utf-8")):
+        held_by = documents.SPAN.findall(test)
+        if not (what and why and held_by and documents.SPAN.findall(where)):
+            yield line, "a row tells what, where, which test, and why"
+        for name in documents.SPAN.findall(where):
+            if not is_path(name):
+                yield line, f"`{name}`: no such file or folder"
+        for name in held_by:
+            wrong = test_complaint(name)
+            if wrong:
+                yield line, f"`{name}`: {wrong}"
+
+
 def complaints():
+    for line, wrong in deliberate_complaints(DELIBERATE):
+        yield f"{DELIBERATE.relative_to(ROOT)}:{line}: {wrong}"
     for path in documents.all_documents():
         for line, name in documents.spans(path.read_text(encoding="utf-8")):
             wrong = complaint(name)

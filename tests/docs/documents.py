@@ -63,6 +63,16 @@ def broken_links(path):
             yield f"{path.relative_to(ROOT)}:{line}: {name or path.name} has no heading #{anchor}"
 
 
+def table_rows(text):
+    """The cells of each row of the tables, with its line; neither their heads nor the rules below these."""
+    above = None
+    for number, line in enumerate(blanked(FENCE, text).splitlines(), 1):
+        row = line.strip()
+        if row.startswith("|") and above and not re.fullmatch(r"[|\s:-]+", row):
+            yield number, [cell.strip() for cell in re.split(r"(?<!\\)\|", row)[1:-1]]
+        above = row if row.startswith("|") else None
+
+
 def broken_tables(path):
     """Rows of a table that have more or fewer cells than its head."""
     head = None
