@@ -47,7 +47,7 @@ std::size_t BytesOf(std::string_view s, std::size_t count) {
             at += ascii;
             count -= ascii;
         } else {
-            at += DecodeFirst(s.substr(at)).bytes;
+            at += DecodeFirst(s.substr(at)).Bytes;
             --count;
         }
     }
@@ -92,15 +92,15 @@ std::string Mapped(std::string_view s, MapCharacter map) {
     result.reserve(s.size());
     while (!s.empty()) {
         const Decoded first = DecodeFirst(s);
-        const char32_t mapped = map(first.code);
-        if (mapped == first.code) {
-            result.append(s.substr(0, first.bytes)); // as it stands, bytes that are no UTF-8 included
+        const char32_t mapped = map(first.Code);
+        if (mapped == first.Code) {
+            result.append(s.substr(0, first.Bytes)); // as it stands, bytes that are no UTF-8 included
         } else if (mapped < 0x80) {
             result.push_back(static_cast<char>(mapped));
         } else {
             result.append(Encode(mapped));
         }
-        s.remove_prefix(first.bytes);
+        s.remove_prefix(first.Bytes);
     }
     return result;
 }
@@ -122,7 +122,7 @@ std::size_t Length(std::string_view s) {
         count += ascii;
         s.remove_prefix(ascii);
         if (!s.empty()) {
-            s.remove_prefix(DecodeFirst(s).bytes);
+            s.remove_prefix(DecodeFirst(s).Bytes);
             ++count;
         }
     }
@@ -223,8 +223,8 @@ std::string ToCodePage(std::string_view utf8) {
     result.reserve(utf8.size());
     while (!utf8.empty()) {
         const Decoded first = DecodeFirst(utf8);
-        result.push_back(CodePageByte(first.code));
-        utf8.remove_prefix(first.bytes);
+        result.push_back(CodePageByte(first.Code));
+        utf8.remove_prefix(first.Bytes);
     }
     return result;
 }

@@ -30,8 +30,8 @@ std::string Lower(std::string_view s);
 /// The code point of the first character and the number of bytes that it takes. A byte that is no valid UTF-8
 /// gives U+FFFD and 1; an empty text gives 0 and 0.
 struct Decoded {
-    char32_t code;
-    std::size_t bytes;
+    char32_t Code;
+    std::size_t Bytes;
 };
 Decoded DecodeFirst(std::string_view s);
 

@@ -29,10 +29,10 @@ constexpr std::array<std::string_view, 4> Places = {"Acceptgiro 1", "Acceptgiro 
 
 /// The calibration of one part of the form.
 struct Section {
-    std::string_view title;
+    std::string_view Title;
     std::span<const std::string> x;
     std::span<const std::string> y;
-    bool withCorrection = false; ///< also tells what each value means in twips
+    bool WithCorrection = false; ///< also tells what each value means in twips
 };
 
 class Report {
@@ -82,7 +82,7 @@ class Report {
 
     void PrintSection(const Section& section, double x) {
         steps_.OnSurface([](PrintSurface& surface) { surface.SetFontBold(true); });
-        steps_.Print(x, section.title);
+        steps_.Print(x, section.Title);
         steps_.OnSurface([](PrintSurface& surface) { surface.SetFontBold(false); });
         steps_.RegelVerder(LinesBelowTitle);
         // The first X value alone tells whether this part was ever calibrated.
@@ -92,8 +92,8 @@ class Report {
         }
         for (std::size_t i = 0; i < Places.size(); ++i) {
             steps_.PrintLine(x, Places[i]);
-            PrintValue("X-waarde :", section.x[i], section.withCorrection, x);
-            PrintValue("Y-waarde :", section.y[i], section.withCorrection, x);
+            PrintValue("X-waarde :", section.x[i], section.WithCorrection, x);
+            PrintValue("Y-waarde :", section.y[i], section.WithCorrection, x);
             steps_.RegelVerder(LinesBelowValues);
         }
     }

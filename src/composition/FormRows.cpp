@@ -16,7 +16,7 @@ namespace {
 constexpr double StubRightEdgeCm = 3.7;
 
 bool IsDrawn(const state::AppState& state, const FormRow& row, std::string_view text) {
-    switch (row.when) {
+    switch (row.When) {
     case RowWhen::Filled:
         return !text.empty();
     case RowWhen::NoPaymentTraffic:
@@ -28,12 +28,12 @@ bool IsDrawn(const state::AppState& state, const FormRow& row, std::string_view 
 }
 
 void MoveTo(PrintSurface& surface, const FormRow& row, double twipsPerCm, const RowValues& values) {
-    const RowShift shift = row.shift == RowHasNone ? RowShift{} : values.shifts[row.shift];
-    if (row.xCm) {
-        surface.SetCurrentX(std::max(row.leastXTwips, *row.xCm * twipsPerCm + values.corner.x + shift.x));
+    const RowShift shift = row.Shift == RowHasNone ? RowShift{} : values.Shifts[row.Shift];
+    if (row.XCm) {
+        surface.SetCurrentX(std::max(row.LeastXTwips, *row.XCm * twipsPerCm + values.Corner.x + shift.x));
     }
-    if (row.yCm) {
-        surface.SetCurrentY(*row.yCm * twipsPerCm + values.corner.y + shift.y);
+    if (row.YCm) {
+        surface.SetCurrentY(*row.YCm * twipsPerCm + values.Corner.y + shift.y);
     }
 }
 
@@ -42,16 +42,16 @@ void MoveTo(PrintSurface& surface, const FormRow& row, double twipsPerCm, const 
 void ChangeFont(state::AppState& state, machine::Platform& platform, const FontChange& change,
                 bool measureOnPrinter) {
     PrintSurface& surface = SurfaceOf(state);
-    if (change.name) {
-        surface.SetFont(*change.name);
+    if (change.Name) {
+        surface.SetFont(*change.Name);
     }
-    if (change.points) {
-        surface.SetFontSize(*change.points);
+    if (change.Points) {
+        surface.SetFontSize(*change.Points);
     }
-    if (change.bold) {
-        surface.SetFontBold(*change.bold);
+    if (change.Bold) {
+        surface.SetFontBold(*change.Bold);
     }
-    if (change.newLineHeight) {
+    if (change.NewLineHeight) {
         state.LineHeight =
             measureOnPrinter ? PrinterLineHeight(platform) : base::ToInt32(surface.TextHeight("X"));
     }
@@ -62,19 +62,19 @@ void DrawRows(state::AppState& state, machine::Platform& platform, std::span<con
     PrintSurface& surface = SurfaceOf(state);
     const double twipsPerCm = state.TwipsPerCm;
     for (const FormRow& row : rows) {
-        std::string_view text = row.text == RowHasNone ? std::string_view() : values.texts[row.text];
+        std::string_view text = row.Text == RowHasNone ? std::string_view() : values.Texts[row.Text];
         if (!IsDrawn(state, row, text)) {
             continue;
         }
-        if (row.font != RowHasNone) {
-            ChangeFont(state, platform, values.fonts[row.font], values.measureOnPrinter);
+        if (row.Font != RowHasNone) {
+            ChangeFont(state, platform, values.Fonts[row.Font], values.MeasureOnPrinter);
         }
         MoveTo(surface, row, twipsPerCm, values);
-        if (row.clip) {
+        if (row.Clip) {
             text = KortTekst(surface, text, base::ToInt32(surface.CurrentX()),
-                             base::ToInt32(StubRightEdgeCm * twipsPerCm + values.corner.x));
+                             base::ToInt32(StubRightEdgeCm * twipsPerCm + values.Corner.x));
         }
-        switch (row.way) {
+        switch (row.Way) {
         case RowWay::RightEdge:
             surface.SetCurrentX(surface.CurrentX() - surface.TextWidth(text));
             surface.Print(text);
@@ -86,7 +86,7 @@ void DrawRows(state::AppState& state, machine::Platform& platform, std::span<con
             surface.PrintLine(text);
             break;
         case RowWay::LineFeed:
-            RegelVerder(state, row.lines);
+            RegelVerder(state, row.Lines);
             break;
         }
     }

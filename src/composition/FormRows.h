@@ -32,38 +32,38 @@ enum class RowWhen {
 inline constexpr std::size_t RowHasNone = static_cast<std::size_t>(-1);
 
 struct FormRow {
-    std::size_t text = RowHasNone;
-    RowWhen when = RowWhen::Always;
+    std::size_t Text = RowHasNone;
+    RowWhen When = RowWhen::Always;
     /// What changes in the font before the row.
-    std::size_t font = RowHasNone;
+    std::size_t Font = RowHasNone;
     /// From the form's calibrated corner; without one the cursor stays where it is.
-    std::optional<double> xCm = std::nullopt;
-    std::optional<double> yCm = std::nullopt;
-    std::size_t shift = RowHasNone;
-    RowWay way = RowWay::Print;
+    std::optional<double> XCm = std::nullopt;
+    std::optional<double> YCm = std::nullopt;
+    std::size_t Shift = RowHasNone;
+    RowWay Way = RowWay::Print;
     /// Cut off at the right edge of the stub.
-    bool clip = false;
-    double leastXTwips = -std::numeric_limits<double>::infinity();
-    double lines = 0;
+    bool Clip = false;
+    double LeastXTwips = -std::numeric_limits<double>::infinity();
+    double Lines = 0;
 };
 
 /// A change of the font. What is left out stays as it is.
 struct FontChange {
-    std::optional<std::string_view> name = std::nullopt;
-    std::optional<double> points = std::nullopt;
-    std::optional<bool> bold = std::nullopt;
-    bool newLineHeight = false;
+    std::optional<std::string_view> Name = std::nullopt;
+    std::optional<double> Points = std::nullopt;
+    std::optional<bool> Bold = std::nullopt;
+    bool NewLineHeight = false;
 };
 
 /// What one form brings along.
 struct RowValues {
-    std::span<const std::string_view> texts;
-    std::span<const FontChange> fonts;
-    std::span<const RowShift> shifts;
-    Twips corner;
+    std::span<const std::string_view> Texts;
+    std::span<const FontChange> Fonts;
+    std::span<const RowShift> Shifts;
+    Twips Corner;
     /// Line heights come from the printer also during a preview, in the font that the printer then has; else
     /// from the surface.
-    bool measureOnPrinter = false;
+    bool MeasureOnPrinter = false;
 };
 
 /// Draws the rows. A failing row ends the drawing; the caller's run goes on behind it.

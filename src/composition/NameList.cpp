@@ -19,8 +19,8 @@ constexpr std::int16_t NumberWidth = 3;
 constexpr std::int16_t LinesKeptFree = 3;
 
 struct Column {
-    double offsetTwips; ///< from the left margin
-    std::string_view header;
+    double OffsetTwips; ///< from the left margin
+    std::string_view Header;
 };
 
 constexpr std::array<Column, 4> Columns = {{
@@ -33,7 +33,7 @@ constexpr std::array<Column, 4> Columns = {{
 void Header(ListSteps& steps, double left) {
     steps.RegelVerder();
     for (const Column& column : Columns) {
-        steps.Print(left + column.offsetTwips, column.header);
+        steps.Print(left + column.OffsetTwips, column.Header);
     }
     steps.RegelVerder();
     steps.TrekLijn();
@@ -56,7 +56,7 @@ void PrintNameList(const state::AppState& state) {
         const std::array<std::string_view, Columns.size()> cells = {name, person.adres, person.postcode,
                                                                     person.woonplaats};
         for (std::size_t i = 0; i < Columns.size(); ++i) {
-            steps.Print(left + Columns[i].offsetTwips, cells[i]);
+            steps.Print(left + Columns[i].OffsetTwips, cells[i]);
         }
         steps.RegelVerder();
 

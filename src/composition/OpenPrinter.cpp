@@ -18,20 +18,20 @@ constexpr const char* LineBreak = "\r\n";
 /// Numbers of the steps, by which a message names the one that failed. 21 let go of the printer, which is no
 /// step any more.
 enum Regel : int {
-    regelCount = 1,
-    regelGet = 2,
-    regelMessages = 22,
-    regelSurface = 3,
-    regelFontSize = 4,
-    regelWidth = 5,
-    regelLeft = 6,
-    regelTop = 7,
-    regelHeight = 8,
+    RegelCount = 1,
+    RegelGet = 2,
+    RegelMessages = 22,
+    RegelSurface = 3,
+    RegelFontSize = 4,
+    RegelWidth = 5,
+    RegelLeft = 6,
+    RegelTop = 7,
+    RegelHeight = 8,
 };
 
 struct FailureMessage {
-    forms::MessageIcon icon;
-    std::string text;
+    forms::MessageIcon Icon;
+    std::string Text;
 };
 
 FailureMessage MessageOf(const base::RuntimeError& error) {
@@ -64,24 +64,24 @@ void OpenPrinter(state::AppState& state, machine::Platform& platform, PrinterSur
             action();
         } catch (const base::RuntimeError& error) {
             const FailureMessage message = MessageOf(error);
-            platform.Desktop.MsgBox(message.text + LineBreak + "Regel: " + std::to_string(regel),
-                                    message.icon, state.MessageTitle);
+            platform.Desktop.MsgBox(message.Text + LineBreak + "Regel: " + std::to_string(regel),
+                                    message.Icon, state.MessageTitle);
         }
     };
 
     bool noPrinter = false;
-    step(regelCount, [&] { noPrinter = platform.Printers.Count() == 0; });
+    step(RegelCount, [&] { noPrinter = platform.Printers.Count() == 0; });
     if (noPrinter) {
         return;
     }
-    step(regelGet, [&] { printer.DeviceName(); });
-    step(regelMessages, [&] { platform.Desktop.Yield(); });
-    step(regelSurface, [&] { state.Surface = &surface; });
-    step(regelFontSize, [&] { SurfaceOf(state).SetFontSize(ListFontPoints); });
-    step(regelWidth, [&] { state.SurfaceWidth = state.PageWidth; });
-    step(regelLeft, [&] { state.SurfaceLeft = base::ToInt32(printer.ScaleLeft()); });
-    step(regelTop, [&] { state.SurfaceTop = base::ToInt32(printer.ScaleTop()); });
-    step(regelHeight, [&] { state.SurfaceHeight = state.PageHeight; });
+    step(RegelGet, [&] { printer.DeviceName(); });
+    step(RegelMessages, [&] { platform.Desktop.Yield(); });
+    step(RegelSurface, [&] { state.Surface = &surface; });
+    step(RegelFontSize, [&] { SurfaceOf(state).SetFontSize(ListFontPoints); });
+    step(RegelWidth, [&] { state.SurfaceWidth = state.PageWidth; });
+    step(RegelLeft, [&] { state.SurfaceLeft = base::ToInt32(printer.ScaleLeft()); });
+    step(RegelTop, [&] { state.SurfaceTop = base::ToInt32(printer.ScaleTop()); });
+    step(RegelHeight, [&] { state.SurfaceHeight = state.PageHeight; });
 }
 
 } // namespace composition

@@ -16,80 +16,80 @@ namespace {
 constexpr std::string_view PlainFont = "Tahoma";
 
 enum Text : std::size_t {
-    omschrijving1,
-    omschrijving2,
-    omschrijvingen, ///< both, with a blank between
-    euro,
-    cent,
-    rekening,
-    regel0,
-    naam,
-    partner,
-    regel3,
-    adres,
-    plaats,
-    textCount
+    Omschrijving1,
+    Omschrijving2,
+    Omschrijvingen, ///< both, with a blank between
+    Euro,
+    Cent,
+    Rekening,
+    Regel0,
+    Naam,
+    Partner,
+    Regel3,
+    Adres,
+    Plaats,
+    TextCount
 };
-enum Font : std::size_t { plain9, plain10, plain11, ocr, aboveName, nameAndAddress, fontCount };
-enum Shift : std::size_t { payer, shiftCount };
+enum Font : std::size_t { Plain9, Plain10, Plain11, Ocr, AboveName, NameAndAddress, FontCount };
+enum Shift : std::size_t { Payer, ShiftCount };
 
 constexpr std::array<FormRow, 15> NarrowRows = {{
-    {.text = omschrijving1,
-     .when = RowWhen::NoPaymentTraffic,
-     .xCm = 0.5,
-     .yCm = 1.3,
-     .clip = true,
-     .leastXTwips = 0},
-    {.text = omschrijving2,
-     .when = RowWhen::NoPaymentTraffic,
-     .xCm = 0.5,
-     .yCm = 1.8,
-     .clip = true,
-     .leastXTwips = 0},
-    {.text = euro, .xCm = 2.1, .yCm = 3, .way = RowWay::RightEdge},
-    {.text = cent, .xCm = 3.2, .way = RowWay::RightEdge},
-    {.text = omschrijvingen, .xCm = 10.3, .yCm = 0.8},
-    {.text = euro, .font = ocr, .xCm = 6.9, .yCm = 1.75, .way = RowWay::RightEdge},
-    {.text = cent, .xCm = 8.1},
-    {.text = rekening, .when = RowWhen::Filled, .xCm = 4.5, .yCm = 3},
-    {.text = regel0, .font = aboveName, .xCm = 6.5, .yCm = 4, .shift = payer},
-    {.text = regel0, .when = RowWhen::Filled, .way = RowWay::LineFeed, .lines = 1},
-    {.text = naam, .font = nameAndAddress, .xCm = 6.5, .shift = payer, .way = RowWay::PrintLine},
-    {.text = partner, .when = RowWhen::Filled, .xCm = 6.5, .shift = payer, .way = RowWay::PrintLine},
-    {.text = regel3, .when = RowWhen::Filled, .xCm = 6.5, .shift = payer, .way = RowWay::PrintLine},
-    {.text = adres, .xCm = 6.5, .shift = payer, .way = RowWay::PrintLine},
-    {.text = plaats, .xCm = 6.5, .shift = payer, .way = RowWay::PrintLine},
+    {.Text = Omschrijving1,
+     .When = RowWhen::NoPaymentTraffic,
+     .XCm = 0.5,
+     .YCm = 1.3,
+     .Clip = true,
+     .LeastXTwips = 0},
+    {.Text = Omschrijving2,
+     .When = RowWhen::NoPaymentTraffic,
+     .XCm = 0.5,
+     .YCm = 1.8,
+     .Clip = true,
+     .LeastXTwips = 0},
+    {.Text = Euro, .XCm = 2.1, .YCm = 3, .Way = RowWay::RightEdge},
+    {.Text = Cent, .XCm = 3.2, .Way = RowWay::RightEdge},
+    {.Text = Omschrijvingen, .XCm = 10.3, .YCm = 0.8},
+    {.Text = Euro, .Font = Ocr, .XCm = 6.9, .YCm = 1.75, .Way = RowWay::RightEdge},
+    {.Text = Cent, .XCm = 8.1},
+    {.Text = Rekening, .When = RowWhen::Filled, .XCm = 4.5, .YCm = 3},
+    {.Text = Regel0, .Font = AboveName, .XCm = 6.5, .YCm = 4, .Shift = Payer},
+    {.Text = Regel0, .When = RowWhen::Filled, .Way = RowWay::LineFeed, .Lines = 1},
+    {.Text = Naam, .Font = NameAndAddress, .XCm = 6.5, .Shift = Payer, .Way = RowWay::PrintLine},
+    {.Text = Partner, .When = RowWhen::Filled, .XCm = 6.5, .Shift = Payer, .Way = RowWay::PrintLine},
+    {.Text = Regel3, .When = RowWhen::Filled, .XCm = 6.5, .Shift = Payer, .Way = RowWay::PrintLine},
+    {.Text = Adres, .XCm = 6.5, .Shift = Payer, .Way = RowWay::PrintLine},
+    {.Text = Plaats, .XCm = 6.5, .Shift = Payer, .Way = RowWay::PrintLine},
 }};
 
 constexpr std::array<FormRow, 13> WideRows = {{
-    {.text = omschrijving1, .when = RowWhen::NoPaymentTraffic, .xCm = 0.5, .yCm = 1.3, .leastXTwips = 0},
-    {.text = omschrijving2, .when = RowWhen::NoPaymentTraffic, .xCm = 0.5, .yCm = 1.8, .leastXTwips = 0},
-    {.text = euro, .xCm = 3, .yCm = 3, .way = RowWay::RightEdge},
-    {.text = cent, .xCm = 4.2, .way = RowWay::RightEdge},
-    {.text = omschrijvingen, .xCm = 11, .yCm = 1},
-    {.text = euro, .font = plain11, .xCm = 8.2, .yCm = 1.75, .way = RowWay::RightEdge},
-    {.text = cent, .xCm = 10, .way = RowWay::RightEdge},
-    {.text = rekening, .when = RowWhen::Filled, .xCm = 8.5, .yCm = 3, .way = RowWay::RightEdge},
-    {.text = regel0, .font = plain9, .xCm = 7.5, .yCm = 4, .shift = payer},
-    {.way = RowWay::LineFeed, .lines = 1},
-    {.text = naam, .font = plain10, .xCm = 7.5, .shift = payer, .way = RowWay::PrintLine},
-    {.text = adres, .xCm = 7.5, .shift = payer, .way = RowWay::PrintLine},
-    {.text = plaats, .xCm = 7.5, .shift = payer, .way = RowWay::PrintLine},
+    {.Text = Omschrijving1, .When = RowWhen::NoPaymentTraffic, .XCm = 0.5, .YCm = 1.3, .LeastXTwips = 0},
+    {.Text = Omschrijving2, .When = RowWhen::NoPaymentTraffic, .XCm = 0.5, .YCm = 1.8, .LeastXTwips = 0},
+    {.Text = Euro, .XCm = 3, .YCm = 3, .Way = RowWay::RightEdge},
+    {.Text = Cent, .XCm = 4.2, .Way = RowWay::RightEdge},
+    {.Text = Omschrijvingen, .XCm = 11, .YCm = 1},
+    {.Text = Euro, .Font = Plain11, .XCm = 8.2, .YCm = 1.75, .Way = RowWay::RightEdge},
+    {.Text = Cent, .XCm = 10, .Way = RowWay::RightEdge},
+    {.Text = Rekening, .When = RowWhen::Filled, .XCm = 8.5, .YCm = 3, .Way = RowWay::RightEdge},
+    {.Text = Regel0, .Font = Plain9, .XCm = 7.5, .YCm = 4, .Shift = Payer},
+    {.Way = RowWay::LineFeed, .Lines = 1},
+    {.Text = Naam, .Font = Plain10, .XCm = 7.5, .Shift = Payer, .Way = RowWay::PrintLine},
+    {.Text = Adres, .XCm = 7.5, .Shift = Payer, .Way = RowWay::PrintLine},
+    {.Text = Plaats, .XCm = 7.5, .Shift = Payer, .Way = RowWay::PrintLine},
 }};
 
 /// Sizes of the payer's block that an organisation can set for itself, in points.
 struct SizeSetting {
-    const char* name;
-    double standardPoints;
+    const char* Name;
+    double StandardPoints;
 };
 constexpr SizeSetting SizeAboveName = {"AcceptFontSizeNAW1", 9};
 constexpr SizeSetting SizeNameAndAddress = {"AcceptFontSizeNAW2", 10};
 
 double ReadSize(const state::AppState& state, machine::Platform& platform, const SizeSetting& setting) {
-    std::string text = state::LeesInstelling(state, platform.Registry, setting.name);
+    std::string text = state::LeesInstelling(state, platform.Registry, setting.Name);
     std::erase(text, '\0');
     const double points = base::NumericValue(text);
-    return points == 0 ? setting.standardPoints : points;
+    return points == 0 ? setting.StandardPoints : points;
 }
 
 } // namespace
@@ -97,45 +97,45 @@ double ReadSize(const state::AppState& state, machine::Platform& platform, const
 void PrintFormulier(state::AppState& state, machine::Platform& platform, bool smalleStub, Twips corner,
                     const FormulierTekst& tekst, std::int16_t positie) {
     positie = PlaceOf(state, positie);
-    std::array<FontChange, fontCount> fonts = {};
-    fonts[plain9] = {.name = PlainFont, .points = 9, .newLineHeight = true};
-    fonts[plain10] = {.name = PlainFont, .points = 10, .newLineHeight = true};
-    fonts[plain11] = {.name = PlainFont, .points = 11, .newLineHeight = true};
-    ChangeFont(state, platform, fonts[plain9], true);
+    std::array<FontChange, FontCount> fonts = {};
+    fonts[Plain9] = {.Name = PlainFont, .Points = 9, .NewLineHeight = true};
+    fonts[Plain10] = {.Name = PlainFont, .Points = 10, .NewLineHeight = true};
+    fonts[Plain11] = {.Name = PlainFont, .Points = 11, .NewLineHeight = true};
+    ChangeFont(state, platform, fonts[Plain9], true);
 
     machine::Locale& locale = platform.Locale;
-    std::array<RowShift, shiftCount> shifts;
-    shifts[payer] = CalibratedShift(state, locale, state.AcceptGiroNAWLinks, state.AcceptGiroNAWTop, positie);
+    std::array<RowShift, ShiftCount> shifts;
+    shifts[Payer] = CalibratedShift(state, locale, state.AcceptGiroNAWLinks, state.AcceptGiroNAWTop, positie);
     std::string both;
     both.append(tekst.omschrijving1).append(" ").append(tekst.omschrijving2);
-    std::array<std::string_view, textCount> texts;
-    texts[omschrijving1] = tekst.omschrijving1;
-    texts[omschrijving2] = tekst.omschrijving2;
-    texts[omschrijvingen] = both;
-    texts[euro] = tekst.euro;
-    texts[cent] = tekst.cent;
-    texts[rekening] = tekst.rekening;
-    texts[regel0] = tekst.regel0;
-    texts[naam] = tekst.naam;
-    texts[partner] = tekst.partner;
-    texts[regel3] = tekst.regel3;
-    texts[adres] = tekst.adres;
-    texts[plaats] = tekst.plaats;
-    const RowValues values = {.texts = texts,
-                              .fonts = fonts,
-                              .shifts = shifts,
-                              .corner = CalibratedForm(state, locale, corner, positie),
-                              .measureOnPrinter = smalleStub};
+    std::array<std::string_view, TextCount> texts;
+    texts[Omschrijving1] = tekst.omschrijving1;
+    texts[Omschrijving2] = tekst.omschrijving2;
+    texts[Omschrijvingen] = both;
+    texts[Euro] = tekst.euro;
+    texts[Cent] = tekst.cent;
+    texts[Rekening] = tekst.rekening;
+    texts[Regel0] = tekst.regel0;
+    texts[Naam] = tekst.naam;
+    texts[Partner] = tekst.partner;
+    texts[Regel3] = tekst.regel3;
+    texts[Adres] = tekst.adres;
+    texts[Plaats] = tekst.plaats;
+    const RowValues values = {.Texts = texts,
+                              .Fonts = fonts,
+                              .Shifts = shifts,
+                              .Corner = CalibratedForm(state, locale, corner, positie),
+                              .MeasureOnPrinter = smalleStub};
     if (!smalleStub) {
         DrawRows(state, platform, WideRows, values);
         return;
     }
-    fonts[ocr] = {
-        .name = state.GMUFontName, .points = base::NumericValue(state.GMUFontSize), .newLineHeight = true};
-    fonts[aboveName] = {
-        .name = PlainFont, .points = ReadSize(state, platform, SizeAboveName), .newLineHeight = true};
-    fonts[nameAndAddress] = {
-        .name = PlainFont, .points = ReadSize(state, platform, SizeNameAndAddress), .newLineHeight = true};
+    fonts[Ocr] = {
+        .Name = state.GMUFontName, .Points = base::NumericValue(state.GMUFontSize), .NewLineHeight = true};
+    fonts[AboveName] = {
+        .Name = PlainFont, .Points = ReadSize(state, platform, SizeAboveName), .NewLineHeight = true};
+    fonts[NameAndAddress] = {
+        .Name = PlainFont, .Points = ReadSize(state, platform, SizeNameAndAddress), .NewLineHeight = true};
     DrawRows(state, platform, NarrowRows, values);
 }
 

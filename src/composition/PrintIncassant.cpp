@@ -13,48 +13,48 @@ namespace composition {
 
 namespace {
 
-enum Text : std::size_t { rekening, naam, plaats, adresregel, textCount };
-enum Font : std::size_t { account8, stub6Bold, regular, accept9, accept7, accept7Bold, fontCount };
-enum Shift : std::size_t { stub, accept, shiftCount };
+enum Text : std::size_t { Rekening, Naam, Plaats, Adresregel, TextCount };
+enum Font : std::size_t { Account8, Stub6Bold, Regular, Accept9, Accept7, Accept7Bold, FontCount };
+enum Shift : std::size_t { Stub, Accept, ShiftCount };
 
 constexpr double StubLeastXTwips = 10;
 constexpr double WideStubCm = 1; ///< by which the accept part begins further to the right
 constexpr double StubPoints = 6;
 
-constexpr std::array<FontChange, fontCount> FontsOfLines = [] {
-    std::array<FontChange, fontCount> fonts = {};
-    fonts[account8] = {.points = 8};
-    fonts[stub6Bold] = {.points = 6, .bold = true};
-    fonts[regular] = {.bold = false};
-    fonts[accept9] = {.points = 9, .newLineHeight = true};
-    fonts[accept7] = {.points = 7, .newLineHeight = true};
-    fonts[accept7Bold] = {.points = 7, .bold = true};
+constexpr std::array<FontChange, FontCount> FontsOfLines = [] {
+    std::array<FontChange, FontCount> fonts = {};
+    fonts[Account8] = {.Points = 8};
+    fonts[Stub6Bold] = {.Points = 6, .Bold = true};
+    fonts[Regular] = {.Bold = false};
+    fonts[Accept9] = {.Points = 9, .NewLineHeight = true};
+    fonts[Accept7] = {.Points = 7, .NewLineHeight = true};
+    fonts[Accept7Bold] = {.Points = 7, .Bold = true};
     return fonts;
 }();
 
 constexpr std::array<FormRow, 12> Rows = {{
-    {.text = rekening,
-     .font = account8,
-     .xCm = 0.25,
-     .yCm = 7,
-     .shift = stub,
-     .leastXTwips = StubLeastXTwips},
-    {.way = RowWay::LineFeed, .lines = 1.2},
-    {.text = naam,
-     .font = stub6Bold,
-     .xCm = 0.25,
-     .shift = stub,
-     .clip = true,
-     .leastXTwips = StubLeastXTwips},
-    {.way = RowWay::LineFeed, .lines = 1},
-    {.text = plaats, .xCm = 0.25, .shift = stub, .clip = true, .leastXTwips = StubLeastXTwips},
-    {.font = regular, .way = RowWay::LineFeed, .lines = 1},
-    {.text = rekening, .font = accept9, .xCm = 6.5, .yCm = 6.5, .shift = accept},
-    {.font = accept7, .way = RowWay::LineFeed, .lines = 1.3},
-    {.text = naam, .font = accept7Bold, .xCm = 6.5, .shift = accept},
-    {.way = RowWay::LineFeed, .lines = 1},
-    {.text = adresregel, .when = RowWhen::Filled, .xCm = 6.5, .shift = accept},
-    {.font = regular},
+    {.Text = Rekening,
+     .Font = Account8,
+     .XCm = 0.25,
+     .YCm = 7,
+     .Shift = Stub,
+     .LeastXTwips = StubLeastXTwips},
+    {.Way = RowWay::LineFeed, .Lines = 1.2},
+    {.Text = Naam,
+     .Font = Stub6Bold,
+     .XCm = 0.25,
+     .Shift = Stub,
+     .Clip = true,
+     .LeastXTwips = StubLeastXTwips},
+    {.Way = RowWay::LineFeed, .Lines = 1},
+    {.Text = Plaats, .XCm = 0.25, .Shift = Stub, .Clip = true, .LeastXTwips = StubLeastXTwips},
+    {.Font = Regular, .Way = RowWay::LineFeed, .Lines = 1},
+    {.Text = Rekening, .Font = Accept9, .XCm = 6.5, .YCm = 6.5, .Shift = Accept},
+    {.Font = Accept7, .Way = RowWay::LineFeed, .Lines = 1.3},
+    {.Text = Naam, .Font = Accept7Bold, .XCm = 6.5, .Shift = Accept},
+    {.Way = RowWay::LineFeed, .Lines = 1},
+    {.Text = Adresregel, .When = RowWhen::Filled, .XCm = 6.5, .Shift = Accept},
+    {.Font = Regular},
 }};
 
 bool IsOnStationery(std::int16_t contractVorm) {
@@ -85,31 +85,31 @@ void PrintIncassant(state::AppState& state, machine::Platform& platform, bool sm
 
     positie = PlaceOf(state, positie);
     machine::Locale& locale = platform.Locale;
-    std::array<RowShift, shiftCount> shifts;
-    shifts[stub] =
+    std::array<RowShift, ShiftCount> shifts;
+    shifts[Stub] =
         CalibratedShift(state, locale, state.AcceptGiroBGSoucheLinks, state.AcceptGiroBGSoucheTop, positie);
     // The calibration to the right also moves the accept part's block down, and its own setting for that has
     // no effect: settings that organisations have depend on it.
-    shifts[accept] =
+    shifts[Accept] =
         CalibratedShift(state, locale, state.AcceptGiroBGAcceptLinks, state.AcceptGiroBGAcceptLinks, positie);
     if (!smalleStub) {
-        shifts[accept].x += WideStubCm * state.TwipsPerCm;
+        shifts[Accept].x += WideStubCm * state.TwipsPerCm;
     }
     const std::string addressLine = AddressLine(incassant);
-    std::array<std::string_view, textCount> texts;
-    texts[rekening] = incassant.rekening;
-    texts[naam] = incassant.naam;
-    texts[plaats] = incassant.plaats;
-    texts[adresregel] = addressLine;
+    std::array<std::string_view, TextCount> texts;
+    texts[Rekening] = incassant.rekening;
+    texts[Naam] = incassant.naam;
+    texts[Plaats] = incassant.plaats;
+    texts[Adresregel] = addressLine;
 
     // The stub's lines stand at the height of its small print, the account among them.
-    ChangeFont(state, platform, {.points = StubPoints, .newLineHeight = true}, true);
+    ChangeFont(state, platform, {.Points = StubPoints, .NewLineHeight = true}, true);
     DrawRows(state, platform, Rows,
-             {.texts = texts,
-              .fonts = FontsOfLines,
-              .shifts = shifts,
-              .corner = CalibratedForm(state, locale, corner, positie),
-              .measureOnPrinter = true});
+             {.Texts = texts,
+              .Fonts = FontsOfLines,
+              .Shifts = shifts,
+              .Corner = CalibratedForm(state, locale, corner, positie),
+              .MeasureOnPrinter = true});
 }
 
 } // namespace composition

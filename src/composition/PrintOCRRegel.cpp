@@ -18,16 +18,16 @@ namespace text = base::text;
 
 namespace {
 
-enum Text : std::size_t { wholeReference, firstHalf, secondHalf, serviceNumber, textCount };
-enum Font : std::size_t { ocr, ocr9, plain, plain5, fontCount };
-enum Shift : std::size_t { accept, stub, shiftCount };
+enum Text : std::size_t { WholeReference, FirstHalf, SecondHalf, ServiceNumber, TextCount };
+enum Font : std::size_t { Ocr, Ocr9, Plain, Plain5, FontCount };
+enum Shift : std::size_t { Accept, Stub, ShiftCount };
 
 constexpr std::array<FormRow, 5> ReferenceRows = {{
-    {.text = wholeReference, .font = ocr, .xCm = 10, .yCm = 1.75, .shift = accept},
-    {.text = firstHalf, .font = ocr9, .xCm = 0.5, .yCm = 1.3, .shift = stub, .leastXTwips = 0},
-    {.text = secondHalf, .xCm = 0.5, .yCm = 1.8, .shift = stub, .leastXTwips = 0},
-    {.font = plain},
-    {.text = serviceNumber, .when = RowWhen::Filled, .font = plain5, .xCm = 15.7, .yCm = 6.44},
+    {.Text = WholeReference, .Font = Ocr, .XCm = 10, .YCm = 1.75, .Shift = Accept},
+    {.Text = FirstHalf, .Font = Ocr9, .XCm = 0.5, .YCm = 1.3, .Shift = Stub, .LeastXTwips = 0},
+    {.Text = SecondHalf, .XCm = 0.5, .YCm = 1.8, .Shift = Stub, .LeastXTwips = 0},
+    {.Font = Plain},
+    {.Text = ServiceNumber, .When = RowWhen::Filled, .Font = Plain5, .XCm = 15.7, .YCm = 6.44},
 }};
 
 constexpr double ReferencePoints = 11;
@@ -52,7 +52,7 @@ void PrintOCRRegel(state::AppState& state, machine::Platform& platform, Twips co
     PrintSurface& surface = SurfaceOf(state);
     const std::string fontBefore = surface.Font();
     const double sizeBefore = surface.FontSize();
-    values.contractVorm = state.GMUContractVorm;
+    values.ContractVorm = state.GMUContractVorm;
     payment::MakeOcrLine(values, line);
     if (state.GMUFontName.empty() || IsNul(state.GMUFontName)) {
         return;
@@ -64,43 +64,43 @@ void PrintOCRRegel(state::AppState& state, machine::Platform& platform, Twips co
     positie = PlaceOf(state, positie);
     machine::Locale& locale = platform.Locale;
     const double ocrPoints = base::NumericValue(state.GMUFontSize);
-    std::array<RowShift, shiftCount> shifts;
-    shifts[accept] =
+    std::array<RowShift, ShiftCount> shifts;
+    shifts[Accept] =
         CalibratedShift(state, locale, state.AcceptGiroBKAcceptLinks, state.AcceptGiroBKAcceptTop, positie);
-    shifts[stub] =
+    shifts[Stub] =
         CalibratedShift(state, locale, state.AcceptGiroBKSoucheLinks, state.AcceptGiroBKSoucheTop, positie);
-    std::array<FontChange, fontCount> fonts = {};
-    fonts[ocr] = {.name = state.GMUFontName, .points = ocrPoints};
-    fonts[ocr9] = {.points = 9, .newLineHeight = true};
-    fonts[plain] = {.name = fontBefore};
-    fonts[plain5] = {.points = 5, .newLineHeight = true};
+    std::array<FontChange, FontCount> fonts = {};
+    fonts[Ocr] = {.Name = state.GMUFontName, .Points = ocrPoints};
+    fonts[Ocr9] = {.Points = 9, .NewLineHeight = true};
+    fonts[Plain] = {.Name = fontBefore};
+    fonts[Plain5] = {.Points = 5, .NewLineHeight = true};
     std::string service;
     if (state.GMUContractVorm == state::ContractSBlank && !text::Trim(state.GMUServiceNr).empty()) {
         service.append(state.GMUServiceNr).append(ServiceMark);
     }
-    std::array<std::string_view, textCount> texts;
-    texts[wholeReference] = line.groupedReference;
-    texts[firstHalf] = text::Trim(text::Left(line.groupedReference, FirstHalfLength));
-    texts[secondHalf] = text::Trim(text::Mid(line.groupedReference, SecondHalfStart));
-    texts[serviceNumber] = service;
-    ChangeFont(state, platform, {.points = ReferencePoints, .newLineHeight = true}, false);
+    std::array<std::string_view, TextCount> texts;
+    texts[WholeReference] = line.GroupedReference;
+    texts[FirstHalf] = text::Trim(text::Left(line.GroupedReference, FirstHalfLength));
+    texts[SecondHalf] = text::Trim(text::Mid(line.GroupedReference, SecondHalfStart));
+    texts[ServiceNumber] = service;
+    ChangeFont(state, platform, {.Points = ReferencePoints, .NewLineHeight = true}, false);
     DrawRows(state, platform, ReferenceRows,
-             {.texts = texts,
-              .fonts = fonts,
-              .shifts = shifts,
-              .corner = CalibratedForm(state, locale, corner, positie)});
+             {.Texts = texts,
+              .Fonts = fonts,
+              .Shifts = shifts,
+              .Corner = CalibratedForm(state, locale, corner, positie)});
 
     // The line has a calibration of its own, from the form's bare corner: the reader takes it at a fixed
     // height of the paper, wherever the rest of the form was moved to.
     corner.y = Kalibreer(state, locale, corner.y, SettingAt(state.OCRTop, positie));
     corner.x = Kalibreer(state, locale, corner.x, SettingAt(state.OCRLinks, positie));
-    ChangeFont(state, platform, fonts[ocr], false);
+    ChangeFont(state, platform, fonts[Ocr], false);
     surface.SetCurrentY(OcrLineYCm * state.TwipsPerCm + corner.y);
     for (const payment::OcrField& field : payment::OcrFields) {
-        surface.SetCurrentX(field.xCm * state.TwipsPerCm + corner.x);
-        surface.Print(line.*field.text);
+        surface.SetCurrentX(field.XCm * state.TwipsPerCm + corner.x);
+        surface.Print(line.*field.Text);
     }
-    ChangeFont(state, platform, {.name = fontBefore, .points = sizeBefore}, false);
+    ChangeFont(state, platform, {.Name = fontBefore, .Points = sizeBefore}, false);
 }
 
 } // namespace composition

@@ -10,7 +10,7 @@ namespace {
 
 struct RootName {
     RegistryKey hKey;
-    const char* name;
+    const char* Name;
 };
 
 constexpr std::array<RootName, 4> RootNames = {{
@@ -93,7 +93,7 @@ std::string machine::modRegistry::StripTrailingNul(const std::string& strValue) 
 std::string machine::modRegistry::RootKeyName(RegistryKey hKey) {
     for (const RootName& root : RootNames) {
         if (root.hKey == hKey) {
-            return root.name;
+            return root.Name;
         }
     }
     return {};

@@ -28,11 +28,11 @@ bool ElevenTest(std::string_view number) {
     int sum = 0;
     while (!number.empty()) {
         const text::Decoded first = text::DecodeFirst(number);
-        if (first.code >= U'0' && first.code <= U'9') {
-            sum += weight * static_cast<int>(first.code - U'0');
+        if (first.Code >= U'0' && first.Code <= U'9') {
+            sum += weight * static_cast<int>(first.Code - U'0');
         }
         --weight;
-        number.remove_prefix(first.bytes);
+        number.remove_prefix(first.Bytes);
     }
     return sum > 0 && sum % 11 == 0;
 }
@@ -70,8 +70,8 @@ int DrawNumber(machine::RandomSource& random, const machine::Clock& clock) {
 
 // Which hundred of three-digit endings goes with a drawn number: the first row that reaches it.
 struct EndingRow {
-    int upTo;
-    int hundred;
+    int UpTo;
+    int Hundred;
 };
 constexpr std::array<EndingRow, 10> Endings = {
     {{10, 1}, {20, 2}, {30, 3}, {40, 4}, {50, 5}, {60, 6}, {70, 7}, {80, 8}, {90, 9}, {99, 1}}};
@@ -79,10 +79,10 @@ constexpr std::array<EndingRow, 10> Endings = {
 // The first of the endings x01 to x99 that makes the number pass; x00 is no ending. Empty if none does.
 std::string WithEnding(const std::string& number, int drawn) {
     const EndingRow* row = Endings.begin();
-    while (row->upTo < drawn) {
+    while (row->UpTo < drawn) {
         ++row;
     }
-    for (int ending = row->hundred * 100 + 1; ending < (row->hundred + 1) * 100; ++ending) {
+    for (int ending = row->Hundred * 100 + 1; ending < (row->Hundred + 1) * 100; ++ending) {
         std::string candidate = number + base::NumberText(ending);
         if (BankGiroCheck(candidate)) {
             return candidate;

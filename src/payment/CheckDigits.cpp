@@ -31,10 +31,10 @@ std::string CheckDigit(std::string& tekst, std::size_t count) {
     int sum = 0;
     for (std::size_t place = text::Length(digits); place > 0; --place) {
         const text::Decoded first = text::DecodeFirst(digits);
-        if (first.code >= U'0' && first.code <= U'9') {
-            sum += static_cast<int>(first.code - U'0') * Weights[place - 1];
+        if (first.Code >= U'0' && first.Code <= U'9') {
+            sum += static_cast<int>(first.Code - U'0') * Weights[place - 1];
         }
-        digits.remove_prefix(first.bytes);
+        digits.remove_prefix(first.Bytes);
     }
     // 11 less the remainder, where 11 becomes 0 and 10 becomes 1.
     const int check = 11 - sum % 11;

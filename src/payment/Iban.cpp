@@ -96,7 +96,7 @@ std::size_t HeadBytes(std::string_view tekst) {
         if (!IsMarkBetween(tekst[at])) {
             ++count;
         }
-        at += text::DecodeFirst(tekst.substr(at)).bytes;
+        at += text::DecodeFirst(tekst.substr(at)).Bytes;
     }
     return at;
 }

@@ -64,11 +64,11 @@ void MakeGroups(std::string_view reference, std::string& grouped) {
 } // namespace
 
 void MakeOcrLine(const OcrValues& values, OcrLine& line) {
-    MakeReference(values.kenmerk, line.reference);
-    MakeAmount(values.euro, values.cent, line.amount);
-    MakeClosed(values.bic, line.bic);
-    MakeClosed(values.contractVorm == state::ContractB ? std::string_view() : values.rekening, line.account);
-    MakeGroups(line.reference, line.groupedReference);
+    MakeReference(values.kenmerk, line.Reference);
+    MakeAmount(values.euro, values.cent, line.Amount);
+    MakeClosed(values.bic, line.Bic);
+    MakeClosed(values.ContractVorm == state::ContractB ? std::string_view() : values.rekening, line.Account);
+    MakeGroups(line.Reference, line.GroupedReference);
 }
 
 } // namespace payment

@@ -15,21 +15,21 @@ struct OcrValues {
     std::string_view rekening; ///< the creditor's account as stored, or empty
     std::string_view bic;      ///< the creditor's BIC, or empty
     /// Under state::ContractB the bank's reader is given no account.
-    std::int16_t contractVorm = 0;
+    std::int16_t ContractVorm = 0;
 };
 
 /// The content of one OCR line, field by field, each with its closing mark. A record that is used from form
 /// to form keeps its memory, so a run allocates for its first form only.
 struct OcrLine {
-    std::string mark = "X";
-    std::string reference; ///< check digit, the digits, "+"
-    std::string amount;    ///< 6 digits of euros, 2 of cents, check digit, "<"; empty for an amount of 0
-    std::string bic;       ///< with "+", or empty
-    std::string account;   ///< with "+", or empty
-    std::string trailer = "17>";
+    std::string Mark = "X";
+    std::string Reference; ///< check digit, the digits, "+"
+    std::string Amount;    ///< 6 digits of euros, 2 of cents, check digit, "<"; empty for an amount of 0
+    std::string Bic;       ///< with "+", or empty
+    std::string Account;   ///< with "+", or empty
+    std::string Trailer = "17>";
 
-    std::string
-        groupedReference; ///< the reference for the reader's eye: four groups of four, without the "+"
+    /// The reference for the reader's eye: four groups of four, without the "+".
+    std::string GroupedReference;
 };
 
 /// Fills `line`. RuntimeError with ErrorOverflow if the euros do not fit 32 bits; `line` then holds no line.
@@ -38,16 +38,16 @@ void MakeOcrLine(const OcrValues& values, OcrLine& line);
 /// Where each field stands on the form, left to right, in centimetres from the form's left edge. The scheme's
 /// form fixes each place by itself: a field that is absent or short moves no other.
 struct OcrField {
-    double xCm;
-    std::string OcrLine::*text;
+    double XCm;
+    std::string OcrLine::*Text;
 };
 inline constexpr std::array<OcrField, 6> OcrFields = {{
-    {3.2, &OcrLine::mark},
-    {4.45, &OcrLine::reference},
-    {9.02, &OcrLine::amount},
-    {11.82, &OcrLine::bic},
-    {14.37, &OcrLine::account},
-    {19.48, &OcrLine::trailer},
+    {3.2, &OcrLine::Mark},
+    {4.45, &OcrLine::Reference},
+    {9.02, &OcrLine::Amount},
+    {11.82, &OcrLine::Bic},
+    {14.37, &OcrLine::Account},
+    {19.48, &OcrLine::Trailer},
 }};
 
 } // namespace payment

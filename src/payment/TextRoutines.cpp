@@ -16,7 +16,7 @@ std::string VerwijderTeken(std::string_view tekst, std::string_view teken) {
     std::string result;
     result.reserve(tekst.size());
     while (!tekst.empty()) {
-        const std::string_view character = tekst.substr(0, text::DecodeFirst(tekst).bytes);
+        const std::string_view character = tekst.substr(0, text::DecodeFirst(tekst).Bytes);
         if (character != teken) {
             result.append(character);
         }

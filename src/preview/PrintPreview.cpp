@@ -15,10 +15,10 @@ namespace preview {
 /// Each form knows the other.
 struct PrintPreview::Forms {
     Forms(forms::Session& session, machine::Platform& platform, state::AppState& state)
-        : ghost(session, platform, state, window), window(session, platform, state, ghost) {}
+        : Ghost(session, platform, state, Window), Window(session, platform, state, Ghost) {}
 
-    frmPrintPreviewGhost ghost;
-    frmPrintPreview window;
+    frmPrintPreviewGhost Ghost;
+    frmPrintPreview Window;
 };
 
 PrintPreview::PrintPreview(forms::Session& session, machine::Platform& platform, state::AppState& state,
@@ -51,9 +51,9 @@ void PrintPreview::Open() {
     if (forms_ == nullptr) {
         forms_ = std::make_unique<Forms>(session_, platform_, state_);
     }
-    composition::PrintSurface& surface = forms_->ghost.Surface();
+    composition::PrintSurface& surface = forms_->Ghost.Surface();
     state_.Surface = &surface;
-    forms_->ghost.Load();
+    forms_->Ghost.Load();
     surface.SetFont(state_.ListFontName);
     surface.SetFontSize(composition::ListFontPoints);
     state_.LineHeight = base::ToInt32(surface.TextHeight("X"));
@@ -62,8 +62,8 @@ void PrintPreview::Open() {
 
 void PrintPreview::Close() {
     if (forms_ != nullptr) {
-        forms_->window.Unload();
-        forms_->ghost.Unload();
+        forms_->Window.Unload();
+        forms_->Ghost.Unload();
         forms_.reset();
     }
     state_.Surface = nullptr;
@@ -71,16 +71,16 @@ void PrintPreview::Close() {
 
 void PrintPreview::Show() {
     if (forms_ != nullptr) {
-        forms_->window.ShowModal();
+        forms_->Window.ShowModal();
     }
 }
 
 frmPrintPreviewGhost* PrintPreview::Ghost() const {
-    return forms_ == nullptr ? nullptr : &forms_->ghost;
+    return forms_ == nullptr ? nullptr : &forms_->Ghost;
 }
 
 frmPrintPreview* PrintPreview::Window() const {
-    return forms_ == nullptr ? nullptr : &forms_->window;
+    return forms_ == nullptr ? nullptr : &forms_->Window;
 }
 
 } // namespace preview

@@ -15,12 +15,12 @@ namespace preview {
 namespace {
 
 enum ToolbarButton : int {
-    buttonPrint = 1,
-    buttonFirst = 3,
-    buttonPrevious = 4,
-    buttonNext = 5,
-    buttonLast = 6,
-    buttonClose = 8,
+    ButtonPrint = 1,
+    ButtonFirst = 3,
+    ButtonPrevious = 4,
+    ButtonNext = 5,
+    ButtonLast = 6,
+    ButtonClose = 8,
 };
 
 constexpr int ScrollStart = 0;
@@ -88,7 +88,7 @@ void frmPrintPreview::OnLoad() {
     cmdDown.SetToolTip(" Volgende pagina... ");
     blnHScroll = false;
     if (platform_.Printers.Count() == 0) {
-        Toolbar.SetButtonEnabled(buttonPrint, false);
+        Toolbar.SetButtonEnabled(ButtonPrint, false);
     }
 
     PlaceSheet();
@@ -142,37 +142,37 @@ void frmPrintPreview::SetButtons(std::int16_t WhichPage) {
     const bool isLast = WhichPage == iTotalPages;
     if (isLast) {
         cmdDown.SetEnabled(false);
-        SetToolbarButtons({buttonFirst, buttonPrevious}, true);
+        SetToolbarButtons({ButtonFirst, ButtonPrevious}, true);
     } else {
         cmdDown.SetEnabled(true);
         if (isFirst) {
-            SetToolbarButtons({buttonFirst, buttonPrevious}, false);
+            SetToolbarButtons({ButtonFirst, ButtonPrevious}, false);
         } else {
-            SetToolbarButtons({buttonFirst, buttonPrevious, buttonNext, buttonLast}, true);
+            SetToolbarButtons({ButtonFirst, ButtonPrevious, ButtonNext, ButtonLast}, true);
         }
     }
 
     if (isFirst) {
         cmdUp.SetEnabled(false);
-        SetToolbarButtons({buttonNext, buttonLast}, true);
+        SetToolbarButtons({ButtonNext, ButtonLast}, true);
     } else {
         cmdUp.SetEnabled(true);
         if (isLast) {
-            SetToolbarButtons({buttonNext, buttonLast}, false);
+            SetToolbarButtons({ButtonNext, ButtonLast}, false);
         }
     }
 
     if (iTotalPages == 0 || iTotalPages == 1) {
         cmdUp.SetEnabled(false);
         cmdDown.SetEnabled(false);
-        SetToolbarButtons({buttonFirst, buttonPrevious, buttonNext, buttonLast}, false);
+        SetToolbarButtons({ButtonFirst, ButtonPrevious, ButtonNext, ButtonLast}, false);
     }
 }
 
 void frmPrintPreview::SetTooltip() {
     if (platform_.Printers.Count() > 0) {
         const std::string name(base::text::Trim(platform_.Printer.DeviceName()));
-        Toolbar.SetButtonToolTipText(buttonPrint, "Afdrukken (" + name + ")");
+        Toolbar.SetButtonToolTipText(ButtonPrint, "Afdrukken (" + name + ")");
     }
 }
 
@@ -211,22 +211,22 @@ void frmPrintPreview::ScrollToStart() {
 void frmPrintPreview::ToolbarClick(int number) {
     Desktop().HourglassOn();
     switch (number) {
-    case buttonPrint:
+    case ButtonPrint:
         Leave(true);
         break;
-    case buttonFirst:
+    case ButtonFirst:
         FirstPage();
         break;
-    case buttonPrevious:
+    case ButtonPrevious:
         PreviousPage();
         break;
-    case buttonNext:
+    case ButtonNext:
         NextPage();
         break;
-    case buttonLast:
+    case ButtonLast:
         LastPage();
         break;
-    case buttonClose:
+    case ButtonClose:
         Leave(false);
         break;
     default:

@@ -98,7 +98,7 @@ class frmPrintPreview : public forms::Form {
     void PageUp();
     void PageDown();
     struct KeyAction;
-    static const KeyAction keyActions[];
+    static const KeyAction KeyActions[];
 
     // What it does: frmPrintPreview.cpp.
     void ToolbarClick(int number);

@@ -31,11 +31,11 @@ void ToEnd(forms::ScrollBar& bar) {
 } // namespace
 
 struct frmPrintPreview::KeyAction {
-    int key;
-    void (*run)(frmPrintPreview& form);
+    int Key;
+    void (*Run)(frmPrintPreview& form);
 };
 
-const frmPrintPreview::KeyAction frmPrintPreview::keyActions[] = {
+const frmPrintPreview::KeyAction frmPrintPreview::KeyActions[] = {
     {forms::key::PageUp, [](frmPrintPreview& form) { form.PageUp(); }},
     {forms::key::PageDown, [](frmPrintPreview& form) { form.PageDown(); }},
     {forms::key::End,
@@ -56,10 +56,10 @@ const frmPrintPreview::KeyAction frmPrintPreview::keyActions[] = {
 };
 
 void frmPrintPreview::OnKeyDown(int& virtualKey) {
-    const auto found = std::find_if(std::begin(keyActions), std::end(keyActions),
-                                    [&](const KeyAction& action) { return action.key == virtualKey; });
-    if (found != std::end(keyActions)) {
-        found->run(*this);
+    const auto found = std::find_if(std::begin(KeyActions), std::end(KeyActions),
+                                    [&](const KeyAction& action) { return action.Key == virtualKey; });
+    if (found != std::end(KeyActions)) {
+        found->Run(*this);
     }
 }
 

@@ -101,9 +101,9 @@ void frmPrintPreview::LayOut() {
 void frmPrintPreview::FillToolbar() {
     // Images 1 to 5 are the navigation and the way out, image 6 prints.
     struct Row {
-        int image; // 0: a separator
-        const char* toolTip;
-        const char* accessibleName;
+        int Image; // 0: a separator
+        const char* ToolTip;
+        const char* AccessibleName;
     };
     constexpr Row rows[] = {
         {6, "Afdrukken...", ""},
@@ -117,13 +117,13 @@ void frmPrintPreview::FillToolbar() {
     };
     for (const Row& row : rows) {
         forms::ToolbarButton button;
-        button.Separator = row.image == 0;
+        button.Separator = row.Image == 0;
         if (!button.Separator) {
-            button.Image = "imgToolbarNormal-" + std::to_string(row.image);
-            button.HotImage = "imgToolbarHot-" + std::to_string(row.image);
+            button.Image = "imgToolbarNormal-" + std::to_string(row.Image);
+            button.HotImage = "imgToolbarHot-" + std::to_string(row.Image);
         }
-        button.ToolTipText = row.toolTip;
-        button.AccessibleName = row.accessibleName;
+        button.ToolTipText = row.ToolTip;
+        button.AccessibleName = row.AccessibleName;
         Toolbar.AddButton(button);
     }
 }

@@ -274,17 +274,17 @@ void LayOutFakeForm(frmPrintManager& form) {
         double Y1;
         double Y2;
     };
-    constexpr double W = FakeFormWidth;
-    constexpr double H = FakeFormHeight;
+    constexpr double w = FakeFormWidth;
+    constexpr double h = FakeFormHeight;
     const BorderLine border[] = {
-        {form.lFormX1, 0, 0, 0, H - 15},
-        {form.lFormX2, 15, 15, 30, H - 30},
-        {form.lFormX3, W - 30, W - 30, 15, H - 15},
-        {form.lFormX4, W - 15, W - 15, 0, H},
-        {form.lFormY1, 15, W - 15, 0, 0},
-        {form.lFormY2, 15, W - 30, 15, 15},
-        {form.lFormY3, 15, W - 15, H - 30, H - 30},
-        {form.lFormY4, 0, W, H - 15, H - 15},
+        {form.lFormX1, 0, 0, 0, h - 15},
+        {form.lFormX2, 15, 15, 30, h - 30},
+        {form.lFormX3, w - 30, w - 30, 15, h - 15},
+        {form.lFormX4, w - 15, w - 15, 0, h},
+        {form.lFormY1, 15, w - 15, 0, 0},
+        {form.lFormY2, 15, w - 30, 15, 15},
+        {form.lFormY3, 15, w - 15, h - 30, h - 30},
+        {form.lFormY4, 0, w, h - 15, h - 15},
     };
     for (const BorderLine& row : border) {
         row.Line.SetEnds(row.X1, row.Y1, row.X2, row.Y2);

@@ -7,9 +7,9 @@ namespace state {
 namespace {
 
 struct ContractRow {
-    std::int16_t contractVorm;
-    std::string_view screen;
-    std::string_view report;
+    std::int16_t ContractVorm;
+    std::string_view Screen;
+    std::string_view Report;
 };
 
 constexpr std::array<ContractRow, 6> Contracts = {{
@@ -26,8 +26,8 @@ constexpr std::array<ContractRow, 6> Contracts = {{
 constexpr std::string_view NoContract = "Er is (nog) geen contractsoort ingesteld.";
 
 struct TypeRow {
-    std::int16_t acceptgiroType;
-    std::string_view report;
+    std::int16_t AcceptgiroType;
+    std::string_view Report;
 };
 
 constexpr std::array<TypeRow, 3> Types = {{
@@ -38,7 +38,7 @@ constexpr std::array<TypeRow, 3> Types = {{
 
 std::string_view ContractText(std::int16_t contractVorm, std::string_view ContractRow::*wording) {
     for (const ContractRow& row : Contracts) {
-        if (row.contractVorm == contractVorm) {
+        if (row.ContractVorm == contractVorm) {
             return row.*wording;
         }
     }
@@ -48,17 +48,17 @@ std::string_view ContractText(std::int16_t contractVorm, std::string_view Contra
 } // namespace
 
 std::string_view ContractScreenText(std::int16_t contractVorm) {
-    return ContractText(contractVorm, &ContractRow::screen);
+    return ContractText(contractVorm, &ContractRow::Screen);
 }
 
 std::string_view ContractReportText(std::int16_t contractVorm) {
-    return ContractText(contractVorm, &ContractRow::report);
+    return ContractText(contractVorm, &ContractRow::Report);
 }
 
 std::string_view AcceptgiroTypeText(std::int16_t acceptgiroType) {
     for (const TypeRow& row : Types) {
-        if (row.acceptgiroType == acceptgiroType) {
-            return row.report;
+        if (row.AcceptgiroType == acceptgiroType) {
+            return row.Report;
         }
     }
     return {};

@@ -13,9 +13,9 @@ constexpr char PersonRows[] =
 #include "testdata/generated/PersonRows.inc"
     ;
 
-template <std::size_t size>
-constexpr std::string_view TextOf(const char (&literal)[size]) {
-    return {literal, size - 1};
+template <std::size_t Size>
+constexpr std::string_view TextOf(const char (&literal)[Size]) {
+    return {literal, Size - 1};
 }
 
 constexpr base::TextTable Accounts(TextOf(AccountRows), 38, 25000);

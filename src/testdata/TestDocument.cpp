@@ -25,10 +25,10 @@ int DrawNumber(int count, machine::RandomSource& random, const machine::Clock& c
 
 void TakePerson(DrawState& state, const base::TextTable& persons, TestDocument& document) {
     if (state.Volgnummer <= persons.LastIndex()) {
-        state.personRow = persons[state.Volgnummer];
+        state.PersonRow = persons[state.Volgnummer];
     }
     ++state.Volgnummer;
-    SplitPerson(state.personRow, document);
+    SplitPerson(state.PersonRow, document);
 }
 
 // "account,IBAN,BIC". A row with one comma keeps the BIC of the form before, and one without stays whole.
@@ -60,12 +60,12 @@ void LeaveAccountOut(DrawState& state, TestDocument& document) {
 } // namespace
 
 void DrawTestDocument(DrawState& state, const DrawSources& sources, TestDocument& document) {
-    TakePerson(state, sources.persons, document);
-    SplitAccount(sources.accounts[DrawNumber(DrawnRows, sources.random, sources.clock)], document);
+    TakePerson(state, sources.Persons, document);
+    SplitAccount(sources.Accounts[DrawNumber(DrawnRows, sources.Random, sources.Clock)], document);
     LeaveAccountOut(state, document);
     document.volgnummertekst = payment::NulVulling(state.Volgnummer, NumberWidth);
-    document.euro = TrekEuro(sources.random, sources.clock);
-    document.cent = TrekCent(sources.random, sources.clock);
+    document.euro = TrekEuro(sources.Random, sources.Clock);
+    document.cent = TrekCent(sources.Random, sources.Clock);
 }
 
 std::string TrekEuro(machine::RandomSource& random, const machine::Clock& clock) {

@@ -29,15 +29,15 @@ struct DrawState {
     std::int32_t Volgnummer = 0; ///< forms drawn so far
     std::int32_t Rij = 0;        ///< index of the run's loop, 0 to LastRij over and over
     std::int16_t LeegTeller = 0; ///< forms since the last one without an account
-    std::string_view personRow;  ///< the row last taken, which stays where the table has no further one
+    std::string_view PersonRow;  ///< the row last taken, which stays where the table has no further one
 };
 
 /// Where the values come from.
 struct DrawSources {
-    machine::RandomSource& random;
-    const machine::Clock& clock;
-    const base::TextTable& persons = PersonTable();
-    const base::TextTable& accounts = AccountTable();
+    machine::RandomSource& Random;
+    const machine::Clock& Clock;
+    const base::TextTable& Persons = PersonTable();
+    const base::TextTable& Accounts = AccountTable();
 };
 
 /// Draws the next test document: the persons in table order, account and amount by chance. Every 26th form

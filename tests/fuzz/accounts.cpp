@@ -207,12 +207,12 @@ void CheckCheckDigits(string_view t) {
 
 /// The check digit in front of the reference is that of the 15 characters behind it.
 void CheckReference(string_view kenmerk, const payment::OcrLine& line) {
-    REQUIRE(line.reference.ends_with('+') && text::Length(line.reference) == 17);
-    REQUIRE(payment::VerwijderTeken(line.groupedReference, " ") + "+" ==
-            payment::VerwijderTeken(line.reference, " "));
+    REQUIRE(line.Reference.ends_with('+') && text::Length(line.Reference) == 17);
+    REQUIRE(payment::VerwijderTeken(line.GroupedReference, " ") + "+" ==
+            payment::VerwijderTeken(line.Reference, " "));
     if (kenmerk.size() == 15 && AllFigures(kenmerk)) {
-        REQUIRE(line.reference.substr(1, 15) == kenmerk);
-        REQUIRE(line.reference[0] == PlainCheckDigit(kenmerk, 15));
+        REQUIRE(line.Reference.substr(1, 15) == kenmerk);
+        REQUIRE(line.Reference[0] == PlainCheckDigit(kenmerk, 15));
     }
 }
 
@@ -241,12 +241,12 @@ void CheckOcrLine(fuzz::Input input) {
         return;
     }
     CheckReference(kenmerk, line);
-    REQUIRE(line.amount.empty() || (line.amount.ends_with('<') && text::Length(line.amount) == 10));
-    if (AllFigures(euro) && AllFigures(cent) && !line.amount.empty()) {
-        REQUIRE(line.amount[8] == PlainCheckDigit(line.amount.substr(0, 8), 8));
+    REQUIRE(line.Amount.empty() || (line.Amount.ends_with('<') && text::Length(line.Amount) == 10));
+    if (AllFigures(euro) && AllFigures(cent) && !line.Amount.empty()) {
+        REQUIRE(line.Amount[8] == PlainCheckDigit(line.Amount.substr(0, 8), 8));
     }
-    REQUIRE(line.account == (account.empty() ? "" : string(account) + "+"));
-    REQUIRE(line.bic.empty() || line.bic.size() == 9);
+    REQUIRE(line.Account == (account.empty() ? "" : string(account) + "+"));
+    REQUIRE(line.Bic.empty() || line.Bic.size() == 9);
 }
 
 void CheckNewNumber(string_view t) {

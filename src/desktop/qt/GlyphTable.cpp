@@ -65,8 +65,8 @@ double GlyphTable::Width(std::string_view text) {
             text.remove_prefix(1);
         } else {
             const base::text::Decoded next = base::text::DecodeFirst(text);
-            width += Of(next.code).Advance;
-            text.remove_prefix(next.bytes);
+            width += Of(next.Code).Advance;
+            text.remove_prefix(next.Bytes);
         }
     }
     return width;

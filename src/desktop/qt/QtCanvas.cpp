@@ -95,8 +95,8 @@ void QtCanvas::DrawText(double x, double y, std::string_view text, const machine
         const auto byte = static_cast<unsigned char>(text[at]);
         const base::text::Decoded next =
             byte < 0x80 ? base::text::Decoded{byte, 1} : base::text::DecodeFirst(text.substr(at));
-        at += next.bytes;
-        const GlyphTable::Glyph& glyph = table.Of(next.code);
+        at += next.Bytes;
+        const GlyphTable::Glyph& glyph = table.Of(next.Code);
         if (!glyph.Visible) {
             continue;
         }

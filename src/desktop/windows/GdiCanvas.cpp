@@ -74,8 +74,8 @@ machine::TextSize GdiCanvas::MeasureText(std::string_view text, const machine::F
         size.Height = measured.LineHeight();
         while (!text.empty()) {
             const base::text::Decoded next = Next(text);
-            size.Width += measured.Of(next.code).Advance;
-            text.remove_prefix(next.bytes);
+            size.Width += measured.Of(next.Code).Advance;
+            text.remove_prefix(next.Bytes);
         }
     });
     return size;
@@ -98,8 +98,8 @@ void GdiCanvas::LayOut(std::string_view text, GdiFont& font, double start, doubl
     int place = Near(at);
     while (!text.empty() && IsNear(at)) {
         const base::text::Decoded next = Next(text);
-        text.remove_prefix(next.bytes);
-        const GdiFont::Glyph& glyph = font.Of(next.code);
+        text.remove_prefix(next.Bytes);
+        const GdiFont::Glyph& glyph = font.Of(next.Code);
         if (glyph.Count == 0) {
             continue;
         }

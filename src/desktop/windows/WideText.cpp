@@ -56,13 +56,13 @@ std::wstring ToWide(std::string_view utf8) {
     wide.reserve(utf8.size());
     while (!utf8.empty()) {
         const base::text::Decoded first = base::text::DecodeFirst(utf8);
-        if (first.code < FirstOfPairs) {
-            wide.push_back(static_cast<wchar_t>(first.code));
+        if (first.Code < FirstOfPairs) {
+            wide.push_back(static_cast<wchar_t>(first.Code));
         } else {
-            wide.push_back(static_cast<wchar_t>(FirstHigh + ((first.code - FirstOfPairs) >> 10)));
-            wide.push_back(static_cast<wchar_t>(FirstLow + ((first.code - FirstOfPairs) & 0x3FF)));
+            wide.push_back(static_cast<wchar_t>(FirstHigh + ((first.Code - FirstOfPairs) >> 10)));
+            wide.push_back(static_cast<wchar_t>(FirstLow + ((first.Code - FirstOfPairs) & 0x3FF)));
         }
-        utf8.remove_prefix(first.bytes);
+        utf8.remove_prefix(first.Bytes);
     }
     return wide;
 }

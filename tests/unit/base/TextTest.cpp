@@ -78,8 +78,8 @@ TEST(TextCase, FollowsTheCodePage) {
 TEST(TextDecode, GivesCodeAndWidth) {
     const auto expect = [](std::string_view text, char32_t code, std::size_t bytes) {
         const Decoded first = DecodeFirst(text);
-        EXPECT_EQ(first.code, code) << text;
-        EXPECT_EQ(first.bytes, bytes) << text;
+        EXPECT_EQ(first.Code, code) << text;
+        EXPECT_EQ(first.Bytes, bytes) << text;
     };
     expect("", 0, 0);
     expect("\0"sv, 0, 1);
@@ -95,8 +95,8 @@ TEST(TextEncode, IsTheInverse) {
     for (const char32_t code : {U'\0', U'A', U'\x7F', U'\x80', U'é', U'\x7FF', U'\x800', U'€', U'\xFFFF',
                                 U'\x10000', U'\x10FFFF'}) {
         const std::string text = Encode(code);
-        EXPECT_EQ(DecodeFirst(text).code, code);
-        EXPECT_EQ(DecodeFirst(text).bytes, text.size());
+        EXPECT_EQ(DecodeFirst(text).Code, code);
+        EXPECT_EQ(DecodeFirst(text).Bytes, text.size());
     }
     EXPECT_EQ(Encode(0xD800), "\uFFFD");
     EXPECT_EQ(Encode(0x110000), "\uFFFD");

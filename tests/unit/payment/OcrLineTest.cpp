@@ -19,7 +19,7 @@ OcrValues UsualValues() {
             .cent = "45",
             .rekening = "NL13ABNA0500000018",
             .bic = "ABNANL2A",
-            .contractVorm = 31};
+            .ContractVorm = 31};
 }
 
 OcrLine Made(const OcrValues& values) {
@@ -32,7 +32,7 @@ std::string AmountOf(std::string_view euro, std::string_view cent) {
     OcrValues values = UsualValues();
     values.euro = euro;
     values.cent = cent;
-    return Made(values).amount;
+    return Made(values).Amount;
 }
 
 TEST(OcrLine, HoldsTheFieldsInTheirOrder) {
@@ -40,8 +40,8 @@ TEST(OcrLine, HoldsTheFieldsInTheirOrder) {
     std::vector<std::string> texts;
     std::vector<double> places;
     for (const OcrField& field : OcrFields) {
-        texts.push_back(line.*field.text);
-        places.push_back(field.xCm);
+        texts.push_back(line.*field.Text);
+        places.push_back(field.XCm);
     }
     EXPECT_EQ(texts, (std::vector<std::string>{"X", "7100000012010326+", "000123457<", "ABNANL2A+",
                                                "NL13ABNA0500000018+", "17>"}));
@@ -49,17 +49,17 @@ TEST(OcrLine, HoldsTheFieldsInTheirOrder) {
 }
 
 TEST(OcrLine, GroupsTheReferenceForTheReader) {
-    EXPECT_EQ(Made(UsualValues()).groupedReference, "7100 0000 1201 0326");
+    EXPECT_EQ(Made(UsualValues()).GroupedReference, "7100 0000 1201 0326");
 }
 
 TEST(OcrLine, FillsAShortReferenceAndCutsALongOne) {
     OcrValues values = UsualValues();
     values.kenmerk = "5";
-    EXPECT_EQ(Made(values).reference, "0000000000000015+");
+    EXPECT_EQ(Made(values).Reference, "0000000000000015+");
     values.kenmerk = " 5 ";
-    EXPECT_EQ(Made(values).reference, "0000000000000015+");
+    EXPECT_EQ(Made(values).Reference, "0000000000000015+");
     values.kenmerk = "99100000012010326";
-    EXPECT_EQ(Made(values).reference, "9100000012010326+");
+    EXPECT_EQ(Made(values).Reference, "9100000012010326+");
 }
 
 TEST(OcrLineAmount, HasTwoDigitsOfCents) {
@@ -81,11 +81,11 @@ TEST(OcrLineAmount, IsAbsentForAnAmountOfZero) {
     values.euro = "";
     values.cent = "";
     const OcrLine line = Made(values);
-    EXPECT_EQ(line.amount, "");
-    EXPECT_EQ(line.reference, "7100000012010326+");
-    EXPECT_EQ(line.bic, "ABNANL2A+");
-    EXPECT_EQ(line.account, "NL13ABNA0500000018+");
-    EXPECT_EQ(line.trailer, "17>");
+    EXPECT_EQ(line.Amount, "");
+    EXPECT_EQ(line.Reference, "7100000012010326+");
+    EXPECT_EQ(line.Bic, "ABNANL2A+");
+    EXPECT_EQ(line.Account, "NL13ABNA0500000018+");
+    EXPECT_EQ(line.Trailer, "17>");
     EXPECT_EQ(AmountOf("0", "00"), "");
     EXPECT_EQ(AmountOf("x", "0"), "");
 }
@@ -95,36 +95,36 @@ TEST(OcrLine, LacksTheBicOfAnUnknownBankOnly) {
     values.rekening = "NL71ZZZZ0500000018";
     values.bic = IBAN2BIC(values.rekening);
     const OcrLine line = Made(values);
-    EXPECT_EQ(line.bic, "");
-    EXPECT_EQ(line.account, "NL71ZZZZ0500000018+");
+    EXPECT_EQ(line.Bic, "");
+    EXPECT_EQ(line.Account, "NL71ZZZZ0500000018+");
 }
 
 TEST(OcrLine, HasNoFieldForAnAccountThatIsMissing) {
     OcrValues values = UsualValues();
     values.rekening = "";
-    EXPECT_EQ(Made(values).account, "");
+    EXPECT_EQ(Made(values).Account, "");
 }
 
 TEST(OcrLine, GivesNoAccountUnderTheContractWithoutOne) {
     OcrValues values = UsualValues();
-    values.contractVorm = 2;
+    values.ContractVorm = 2;
     const OcrLine line = Made(values);
-    EXPECT_EQ(line.account, "");
-    EXPECT_EQ(line.bic, "ABNANL2A+");
-    EXPECT_EQ(line.trailer, "17>");
+    EXPECT_EQ(line.Account, "");
+    EXPECT_EQ(line.Bic, "ABNANL2A+");
+    EXPECT_EQ(line.Trailer, "17>");
 }
 
 TEST(OcrLine, KeepsNothingOfTheFormBefore) {
     OcrLine line;
     MakeOcrLine(UsualValues(), line);
     MakeOcrLine({.kenmerk = "", .euro = "", .cent = "", .rekening = "", .bic = ""}, line);
-    EXPECT_EQ(line.reference, "0000000000000000+");
-    EXPECT_EQ(line.groupedReference, "0000 0000 0000 0000");
-    EXPECT_EQ(line.amount, "");
-    EXPECT_EQ(line.bic, "");
-    EXPECT_EQ(line.account, "");
+    EXPECT_EQ(line.Reference, "0000000000000000+");
+    EXPECT_EQ(line.GroupedReference, "0000 0000 0000 0000");
+    EXPECT_EQ(line.Amount, "");
+    EXPECT_EQ(line.Bic, "");
+    EXPECT_EQ(line.Account, "");
     MakeOcrLine(UsualValues(), line);
-    EXPECT_EQ(line.reference, "7100000012010326+");
+    EXPECT_EQ(line.Reference, "7100000012010326+");
 }
 
 TEST(OcrLine, StandsHostileTexts) {
@@ -132,10 +132,10 @@ TEST(OcrLine, StandsHostileTexts) {
         OcrValues values{.kenmerk = text, .euro = "1", .cent = text, .rekening = text, .bic = text};
         OcrLine line;
         MakeOcrLine(values, line);
-        EXPECT_EQ(base::text::Length(line.reference), 17U);
-        EXPECT_EQ(base::text::Length(line.groupedReference), 19U);
-        EXPECT_LE(base::text::Length(line.amount), 10U);
-        EXPECT_EQ(line.account, text.empty() ? "" : text + "+");
+        EXPECT_EQ(base::text::Length(line.Reference), 17U);
+        EXPECT_EQ(base::text::Length(line.GroupedReference), 19U);
+        EXPECT_LE(base::text::Length(line.Amount), 10U);
+        EXPECT_EQ(line.Account, text.empty() ? "" : text + "+");
 
         values.euro = text;
         try {
