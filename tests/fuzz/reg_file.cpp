@@ -55,7 +55,7 @@ std::vector<Place> PlacesIn(string_view file) {
 }
 
 bool Same(const std::optional<RegValue>& a, const std::optional<RegValue>& b) {
-    return a.has_value() == b.has_value() && (!a || (a->type == b->type && a->data == b->data));
+    return a.has_value() == b.has_value() && (!a || (a->Type == b->Type && a->Data == b->Data));
 }
 
 /// Bytes that two texts have in common at their beginning.

@@ -30,7 +30,7 @@ std::optional<std::string> ReadFile(const std::string& path) {
     if (error == ENOENT) {
         return std::string();
     }
-    return error == 0 ? std::optional(content.bytes) : std::nullopt;
+    return error == 0 ? std::optional(content.Bytes) : std::nullopt;
 }
 
 CupsOptions OptionsIn(const std::string& file, const std::string& queue) {

@@ -37,12 +37,12 @@ int ReadWholeFile(const std::string& path, std::size_t limit, FileContent& conte
     if (static_cast<std::uint64_t>(status.st_size) > limit) {
         return EFBIG;
     }
-    content.stamp = StampOf(status);
-    content.bytes.assign(static_cast<std::size_t>(status.st_size), '\0');
+    content.Stamp = StampOf(status);
+    content.Bytes.assign(static_cast<std::size_t>(status.st_size), '\0');
     std::size_t filled = 0;
-    while (filled < content.bytes.size()) {
+    while (filled < content.Bytes.size()) {
         const ssize_t count = Uninterrupted([&] {
-            return read(descriptor.Number(), content.bytes.data() + filled, content.bytes.size() - filled);
+            return read(descriptor.Number(), content.Bytes.data() + filled, content.Bytes.size() - filled);
         });
         if (count < 0) {
             return errno;
@@ -52,12 +52,12 @@ int ReadWholeFile(const std::string& path, std::size_t limit, FileContent& conte
         }
         filled += static_cast<std::size_t>(count);
     }
-    content.bytes.resize(filled);
+    content.Bytes.resize(filled);
     if (fstat(descriptor.Number(), &status) != 0) {
         return errno;
     }
     // Half of what another program is writing must not be taken for the whole.
-    return StampOf(status) == content.stamp ? 0 : EAGAIN;
+    return StampOf(status) == content.Stamp ? 0 : EAGAIN;
 }
 
 bool IsAbsence(int error) {

@@ -12,10 +12,10 @@ namespace desktop::regfile {
 
 /// What tells one state of a file from another without reading it.
 struct FileStamp {
-    std::uint64_t device = 0;
-    std::uint64_t inode = 0;
-    std::int64_t size = 0;     // bytes
-    std::int64_t modified = 0; // nanoseconds since 1970
+    std::uint64_t Device = 0;
+    std::uint64_t Inode = 0;
+    std::int64_t Size = 0;     // bytes
+    std::int64_t Modified = 0; // nanoseconds since 1970
 
     bool operator==(const FileStamp&) const = default;
 };
@@ -26,8 +26,8 @@ FileStamp StampOf(const struct stat& status);
 std::optional<FileStamp> StampOf(const std::string& path);
 
 struct FileContent {
-    std::string bytes;
-    FileStamp stamp;
+    std::string Bytes;
+    FileStamp Stamp;
 };
 
 /// The file's bytes and its stamp before they were read. Returns 0 or errno: EINVAL if it is no file, EFBIG

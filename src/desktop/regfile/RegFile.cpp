@@ -62,8 +62,8 @@ bool RegFile::EndsWhole(std::string_view bytes) {
     }
     constexpr std::size_t dwordDigits = 8;
     const std::string_view data =
-        std::string_view(text).substr(entry->data.begin, entry->data.end - entry->data.begin);
-    switch (entry->notation) {
+        std::string_view(text).substr(entry->Data.Begin, entry->Data.End - entry->Data.Begin);
+    switch (entry->Notation) {
     case regfile::Notation::Dword:
         return data.substr(data.find(':') + 1).size() >= dwordDigits;
     case regfile::Notation::Hex:
@@ -90,7 +90,7 @@ void RegFile::Read(std::string_view branch) {
 /// it.
 void RegFile::ReadSection(regfile::Span section) {
     const std::string text = encoding_.Narrow(bytes_, section);
-    Key* const key = ReadHeader(text, section.begin);
+    Key* const key = ReadHeader(text, section.Begin);
     if (key == nullptr) {
         return;
     }
@@ -100,7 +100,7 @@ void RegFile::ReadSection(regfile::Span section) {
             break;
         }
         if (text[at] == '"' || text[at] == '@') {
-            ReadEntry(text, section.begin, at, *key);
+            ReadEntry(text, section.Begin, at, *key);
         }
     }
 }
@@ -113,34 +113,34 @@ RegFile::Key* RegFile::ReadHeader(std::string_view text, std::size_t from) {
         return nullptr;
     }
     const std::string path =
-        machine::FoldedName(encoding_.Decode(bytes_, regfile::Shifted(header->path, from)));
+        machine::FoldedName(encoding_.Decode(bytes_, regfile::Shifted(header->Path, from)));
     const std::vector<std::string_view> names = machine::KeyNames(path);
     if (names.empty() || names.size() > MaximumDepth) {
         return nullptr;
     }
     Key* key = &root_;
-    if (header->deletes) {
+    if (header->Deletes) {
         for (std::size_t i = 0; i + 1 < names.size(); ++i) {
-            const auto found = key->keys.find(names[i]);
-            if (found == key->keys.end()) {
+            const auto found = key->Keys.find(names[i]);
+            if (found == key->Keys.end()) {
                 return nullptr;
             }
             key = found->second.get();
         }
-        const auto found = key->keys.find(names.back());
-        if (names.size() > 1 && found != key->keys.end()) { // a root cannot be taken away
-            key->keys.erase(found);
+        const auto found = key->Keys.find(names.back());
+        if (names.size() > 1 && found != key->Keys.end()) { // a root cannot be taken away
+            key->Keys.erase(found);
         }
         return nullptr;
     }
     for (const std::string_view name : names) {
-        std::unique_ptr<Key>& child = key->keys[std::string(name)];
+        std::unique_ptr<Key>& child = key->Keys[std::string(name)];
         if (!child) {
             child = std::make_unique<Key>();
         }
         key = child.get();
     }
-    key->end = from + regfile::LineEnd(text, 0);
+    key->End = from + regfile::LineEnd(text, 0);
     return key;
 }
 
@@ -150,23 +150,23 @@ void RegFile::ReadEntry(std::string_view text, std::size_t from, std::size_t& at
         return;
     }
     const std::string name = machine::FoldedName(
-        regfile::Unescaped(encoding_.Decode(bytes_, regfile::Shifted(entry->name, from))));
-    if (entry->notation == regfile::Notation::Deleted) {
-        key.values.erase(name);
+        regfile::Unescaped(encoding_.Decode(bytes_, regfile::Shifted(entry->Name, from))));
+    if (entry->Notation == regfile::Notation::Deleted) {
+        key.Values.erase(name);
     } else {
-        key.values.insert_or_assign(name,
-                                    Value{entry->notation, entry->type, regfile::Shifted(entry->data, from)});
+        key.Values.insert_or_assign(name,
+                                    Value{entry->Notation, entry->Type, regfile::Shifted(entry->Data, from)});
     }
-    at = entry->data.end;
-    key.end = from + regfile::LineEnd(text, at);
+    at = entry->Data.End;
+    key.End = from + regfile::LineEnd(text, at);
 }
 
 const RegFile::Key* RegFile::FindKey(std::string_view path) const {
     const std::string folded = machine::FoldedName(path);
     const Key* key = &root_;
     for (const std::string_view name : machine::KeyNames(folded)) {
-        const auto found = key->keys.find(name);
-        if (found == key->keys.end()) {
+        const auto found = key->Keys.find(name);
+        if (found == key->Keys.end()) {
             return nullptr;
         }
         key = found->second.get();
@@ -183,32 +183,32 @@ std::optional<RegValue> RegFile::Find(std::string_view path, std::string_view na
     if (key == nullptr) {
         return std::nullopt;
     }
-    const auto found = key->values.find(machine::FoldedName(name));
-    if (found == key->values.end()) {
+    const auto found = key->Values.find(machine::FoldedName(name));
+    if (found == key->Values.end()) {
         return std::nullopt;
     }
     const Value& value = found->second;
-    if (value.notation == regfile::Notation::Quoted) {
-        const regfile::Span inside{value.data.begin + 1, value.data.end - 1};
-        return RegValue{value.type, regfile::Unescaped(encoding_.Decode(bytes_, inside)) + '\0'};
+    if (value.Notation == regfile::Notation::Quoted) {
+        const regfile::Span inside{value.Data.Begin + 1, value.Data.End - 1};
+        return RegValue{value.Type, regfile::Unescaped(encoding_.Decode(bytes_, inside)) + '\0'};
     }
-    const std::string data = encoding_.Narrow(bytes_, value.data);
-    if (value.notation == regfile::Notation::Dword) {
-        return RegValue{value.type, regfile::DwordBytes(data)};
+    const std::string data = encoding_.Narrow(bytes_, value.Data);
+    if (value.Notation == regfile::Notation::Dword) {
+        return RegValue{value.Type, regfile::DwordBytes(data)};
     }
     const std::string bytes = regfile::HexBytes(data);
-    return RegValue{value.type, IsTextType(value.type) ? encoding_.DecodeHex(bytes) : bytes};
+    return RegValue{value.Type, IsTextType(value.Type) ? encoding_.DecodeHex(bytes) : bytes};
 }
 
 /// A plain text goes between quotes; what a line of text cannot hold goes out byte by byte.
 std::string RegFile::Notation(const RegValue& value) const {
-    const std::string_view data = value.data;
-    if (value.type == machine::RegSz && data.ends_with('\0') &&
+    const std::string_view data = value.Data;
+    if (value.Type == machine::RegSz && data.ends_with('\0') &&
         !HasControls(data.substr(0, data.size() - 1))) {
         return Quoted(data.substr(0, data.size() - 1));
     }
-    const std::string bytes = IsTextType(value.type) ? encoding_.EncodeHex(data) : value.data;
-    return regfile::HexNotation(value.type, bytes, lineEnd_);
+    const std::string bytes = IsTextType(value.Type) ? encoding_.EncodeHex(data) : value.Data;
+    return regfile::HexNotation(value.Type, bytes, lineEnd_);
 }
 
 std::optional<std::string> RegFile::WithValue(std::string_view path, std::string_view name,
@@ -217,13 +217,13 @@ std::optional<std::string> RegFile::WithValue(std::string_view path, std::string
     if (key == nullptr || HasControls(name) || base::text::Length(name) > regfile::MaximumName) {
         return std::nullopt;
     }
-    const auto found = key->values.find(machine::FoldedName(name));
-    if (found != key->values.end()) {
-        return Replaced(found->second.data, Notation(value));
+    const auto found = key->Values.find(machine::FoldedName(name));
+    if (found != key->Values.end()) {
+        return Replaced(found->second.Data, Notation(value));
     }
     const std::string line = (name.empty() ? std::string("@") : Quoted(name)) + '=' + Notation(value);
-    if (key->end) {
-        return Replaced({*key->end, *key->end}, lineEnd_ + line);
+    if (key->End) {
+        return Replaced({*key->End, *key->End}, lineEnd_ + line);
     }
     const std::size_t units = encoding_.Units(bytes_);
     const bool lineIsOpen = encoding_.Narrow(bytes_, {units - 1, units}) != "\n";
@@ -237,9 +237,9 @@ std::optional<std::string> RegFile::WithValue(std::string_view path, std::string
 }
 
 std::string RegFile::Replaced(regfile::Span span, std::string_view utf8) const {
-    std::string bytes = bytes_.substr(0, encoding_.Offset(span.begin));
+    std::string bytes = bytes_.substr(0, encoding_.Offset(span.Begin));
     bytes += encoding_.Encode(utf8);
-    return bytes.append(bytes_, encoding_.Offset(span.end));
+    return bytes.append(bytes_, encoding_.Offset(span.End));
 }
 
 } // namespace desktop::regfile

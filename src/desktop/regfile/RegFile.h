@@ -14,8 +14,8 @@ namespace desktop::regfile {
 /// A value of the registry: its type and its data. The data of a text type is UTF-8 with its closing NUL as
 /// far as the file gives one; that of any other type is bytes.
 struct RegValue {
-    std::uint32_t type = 0;
-    std::string data;
+    std::uint32_t Type = 0;
+    std::string Data;
 };
 
 /// True for the types whose data is text: one text, one with variables to expand, or several.
@@ -52,14 +52,14 @@ class RegFile {
 
   private:
     struct Value {
-        regfile::Notation notation;
-        std::uint32_t type;
-        regfile::Span data;
+        regfile::Notation Notation;
+        std::uint32_t Type;
+        regfile::Span Data;
     };
     struct Key {
-        std::map<std::string, std::unique_ptr<Key>, std::less<>> keys;
-        std::map<std::string, Value, std::less<>> values;
-        std::optional<std::size_t> end; // where a new value goes; nothing for a key that no line names
+        std::map<std::string, std::unique_ptr<Key>, std::less<>> Keys;
+        std::map<std::string, Value, std::less<>> Values;
+        std::optional<std::size_t> End; // where a new value goes; nothing for a key that no line names
     };
 
     void Read(std::string_view branch);

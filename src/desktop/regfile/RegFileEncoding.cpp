@@ -41,13 +41,13 @@ std::string Repaired(std::string_view bytes) {
     result.reserve(bytes.size());
     while (!bytes.empty()) {
         const base::text::Decoded first = base::text::DecodeFirst(bytes);
-        const std::string_view character = bytes.substr(0, first.bytes);
-        if (first.bytes == 1 && first.code >= 0x80) {
+        const std::string_view character = bytes.substr(0, first.Bytes);
+        if (first.Bytes == 1 && first.Code >= 0x80) {
             result.append(base::text::FromCodePage(character));
         } else {
             result.append(character);
         }
-        bytes.remove_prefix(first.bytes);
+        bytes.remove_prefix(first.Bytes);
     }
     return result;
 }
@@ -68,13 +68,13 @@ std::string ToUtf16(std::string_view utf8) {
     bytes.reserve(utf8.size() * 2);
     while (!utf8.empty()) {
         const base::text::Decoded first = base::text::DecodeFirst(utf8);
-        if (first.code >= 0x10000) {
-            AppendUnit(bytes, 0xD800 + ((first.code - 0x10000) >> 10));
-            AppendUnit(bytes, 0xDC00 + ((first.code - 0x10000) & 0x3FF));
+        if (first.Code >= 0x10000) {
+            AppendUnit(bytes, 0xD800 + ((first.Code - 0x10000) >> 10));
+            AppendUnit(bytes, 0xDC00 + ((first.Code - 0x10000) & 0x3FF));
         } else {
-            AppendUnit(bytes, first.code);
+            AppendUnit(bytes, first.Code);
         }
-        utf8.remove_prefix(first.bytes);
+        utf8.remove_prefix(first.Bytes);
     }
     return bytes;
 }
@@ -112,7 +112,7 @@ Encoding::Encoding(std::string_view file) {
 }
 
 std::string_view Encoding::Bytes(std::string_view file, Span span) const {
-    return file.substr(Offset(span.begin), (span.end - span.begin) * width_);
+    return file.substr(Offset(span.Begin), (span.End - span.Begin) * width_);
 }
 
 /// The unit as the grammar sees it.
@@ -198,7 +198,7 @@ std::string Encoding::Narrow(std::string_view file, Span span) const {
     if (width_ == 1) {
         return std::string(bytes);
     }
-    std::string result(span.end - span.begin, NotAscii);
+    std::string result(span.End - span.Begin, NotAscii);
     const char* from = bytes.data();
     for (char& c : result) {
         if (from[1] == 0 && static_cast<unsigned char>(from[0]) < 0x80) {

@@ -99,7 +99,7 @@ std::string ReasonOf(int error) {
 }
 
 std::chrono::nanoseconds Age(const FileStamp& stamp, std::chrono::system_clock::time_point now) {
-    return now.time_since_epoch() - std::chrono::nanoseconds(stamp.modified);
+    return now.time_since_epoch() - std::chrono::nanoseconds(stamp.Modified);
 }
 
 } // namespace
@@ -144,17 +144,17 @@ void RegFileStore::ClearLeftovers() const {
 
 /// Has another program emptied the file, and not written it to its end yet?
 bool RegFileStore::IsBeingWritten(const FileContent& content) const {
-    if (content.bytes.empty()) {
+    if (content.Bytes.empty()) {
         return true;
     }
-    const bool isShorter = isKnown_ && content.bytes.size() < file_.Bytes().size();
+    const bool isShorter = isKnown_ && content.Bytes.size() < file_.Bytes().size();
     const std::chrono::nanoseconds age =
-        std::chrono::abs(Age(content.stamp, std::chrono::system_clock::now()));
-    const bool isWrittenInPlace = content.stamp.inode == state_.inode; // and not put there whole
+        std::chrono::abs(Age(content.Stamp, std::chrono::system_clock::now()));
+    const bool isWrittenInPlace = content.Stamp.Inode == state_.Inode; // and not put there whole
     if (isShorter && isWrittenInPlace && age < WritersBreath) {
         return true;
     }
-    return (isShorter || age < WritersPause) && !RegFile::EndsWhole(content.bytes);
+    return (isShorter || age < WritersPause) && !RegFile::EndsWhole(content.Bytes);
 }
 
 /// Reads the file; 0 or errno, EAGAIN if it is being written.
@@ -174,10 +174,10 @@ int RegFileStore::TakeIn() {
     // ago is settled.
     constexpr std::chrono::milliseconds tick{20};
     const bool isSettled =
-        Age(content.stamp, asked) > tick || (seen_ == content.stamp && begun - seenAt_ > tick);
-    state_ = content.stamp;
-    if (content.bytes != file_.Bytes()) {
-        file_ = RegFile(std::move(content.bytes), branch_);
+        Age(content.Stamp, asked) > tick || (seen_ == content.Stamp && begun - seenAt_ > tick);
+    state_ = content.Stamp;
+    if (content.Bytes != file_.Bytes()) {
+        file_ = RegFile(std::move(content.Bytes), branch_);
     }
     isKnown_ = !isCut;
     isCut_ = isCut;
@@ -284,8 +284,8 @@ std::int32_t RegFileStore::RegQueryValueExA(machine::RegistryKey key, const std:
     if (!value) {
         return machine::RegFileNotFound;
     }
-    type = value->type;
-    return machine::AnswerQuery(IsTextType(type) ? base::text::ToCodePage(value->data) : value->data, data,
+    type = value->Type;
+    return machine::AnswerQuery(IsTextType(type) ? base::text::ToCodePage(value->Data) : value->Data, data,
                                 size);
 }
 

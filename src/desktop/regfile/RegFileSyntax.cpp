@@ -58,19 +58,19 @@ std::size_t ClosingQuote(std::string_view text, std::size_t at, std::size_t line
 
 /// Up to eight hexadecimal digits.
 struct Number {
-    std::uint32_t value = 0;
-    std::size_t end = 0;
+    std::uint32_t Value = 0;
+    std::size_t End = 0;
 };
 std::optional<Number> ReadNumber(std::string_view text, std::size_t at) {
     Number number{0, at};
-    while (number.end < text.size() && HexDigit(text[number.end]) >= 0) {
-        if (number.end - at == 8) {
+    while (number.End < text.size() && HexDigit(text[number.End]) >= 0) {
+        if (number.End - at == 8) {
             return std::nullopt;
         }
-        number.value = number.value * 16 + static_cast<std::uint32_t>(HexDigit(text[number.end]));
-        ++number.end;
+        number.Value = number.Value * 16 + static_cast<std::uint32_t>(HexDigit(text[number.End]));
+        ++number.End;
     }
-    return number.end == at ? std::nullopt : std::optional(number);
+    return number.End == at ? std::nullopt : std::optional(number);
 }
 
 /// "hex:" or "hex(N):".
@@ -82,10 +82,10 @@ std::optional<Number> ReadHexPrefix(std::string_view text, std::size_t at) {
         return std::nullopt;
     }
     std::optional<Number> type = ReadNumber(text, at + 4);
-    if (!type || !StartsWith(text, type->end, "):")) {
+    if (!type || !StartsWith(text, type->End, "):")) {
         return std::nullopt;
     }
-    type->end += 2;
+    type->End += 2;
     return type;
 }
 
@@ -121,7 +121,7 @@ std::optional<HexList> ReadHexList(std::string_view text, std::size_t at) {
                 return std::nullopt;
             }
             byteMayFollow = true;
-            list.end = ++at;
+            list.End = ++at;
         } else {
             int byte = HexDigit(text[at]);
             if (byte < 0 || !byteMayFollow) {
@@ -132,8 +132,8 @@ std::optional<HexList> ReadHexList(std::string_view text, std::size_t at) {
                 byte = byte * 16 + HexDigit(text[at]);
                 ++at;
             }
-            list.bytes.push_back(static_cast<char>(byte));
-            list.end = at;
+            list.Bytes.push_back(static_cast<char>(byte));
+            list.End = at;
             byteMayFollow = false;
         }
     }
@@ -141,38 +141,38 @@ std::optional<HexList> ReadHexList(std::string_view text, std::size_t at) {
 
 /// Reads the data at `at` into the entry; false if it is damaged.
 bool ReadData(std::string_view text, std::size_t at, Entry& entry) {
-    entry.data = {at, at};
+    entry.Data = {at, at};
     if (StartsWith(text, at, "\"")) {
         const std::size_t lineEnd = LineEnd(text, at);
         const std::size_t quote = ClosingQuote(text, at + 1, lineEnd);
         if (quote == lineEnd) {
             return false;
         }
-        entry.notation = Notation::Quoted;
-        entry.type = machine::RegSz;
-        entry.data.end = quote + 1;
+        entry.Notation = Notation::Quoted;
+        entry.Type = machine::RegSz;
+        entry.Data.End = quote + 1;
     } else if (StartsWith(text, at, "-")) {
-        entry.notation = Notation::Deleted;
-        entry.data.end = at + 1;
+        entry.Notation = Notation::Deleted;
+        entry.Data.End = at + 1;
     } else if (StartsWith(text, at, "dword:")) {
         const std::optional<Number> number = ReadNumber(text, SkipBlanks(text, at + 6));
         if (!number) {
             return false;
         }
-        entry.notation = Notation::Dword;
-        entry.type = TypeNumber;
-        entry.data.end = number->end;
+        entry.Notation = Notation::Dword;
+        entry.Type = TypeNumber;
+        entry.Data.End = number->End;
     } else {
         const std::optional<Number> prefix = ReadHexPrefix(text, at);
-        const std::optional<HexList> list = prefix ? ReadHexList(text, prefix->end) : std::nullopt;
+        const std::optional<HexList> list = prefix ? ReadHexList(text, prefix->End) : std::nullopt;
         if (!list) {
             return false;
         }
-        entry.notation = Notation::Hex;
-        entry.type = prefix->value;
-        entry.data.end = list->end;
+        entry.Notation = Notation::Hex;
+        entry.Type = prefix->Value;
+        entry.Data.End = list->End;
     }
-    return AtCommentOrLineEnd(text, SkipBlanks(text, entry.data.end));
+    return AtCommentOrLineEnd(text, SkipBlanks(text, entry.Data.End));
 }
 
 } // namespace
@@ -196,30 +196,30 @@ std::size_t SkipBlanks(std::string_view text, std::size_t at) {
 
 std::optional<Header> ReadHeader(std::string_view text, std::size_t at) {
     Header header;
-    header.deletes = StartsWith(text, at + 1, "-");
-    header.path.begin = at + (header.deletes ? 2 : 1);
+    header.Deletes = StartsWith(text, at + 1, "-");
+    header.Path.Begin = at + (header.Deletes ? 2 : 1);
     // A path may hold brackets itself, so the last one on the line closes it.
     const std::string_view line = text.substr(at, std::min(LineEnd(text, at) - at, MaximumPath));
     const std::size_t bracket = line.rfind(']');
-    if (bracket == std::string_view::npos || at + bracket <= header.path.begin) {
+    if (bracket == std::string_view::npos || at + bracket <= header.Path.Begin) {
         return std::nullopt;
     }
-    header.path.end = at + bracket;
+    header.Path.End = at + bracket;
     return header;
 }
 
 std::optional<Entry> ReadEntry(std::string_view text, std::size_t at) {
     Entry entry;
     if (text[at] == '@') {
-        entry.name = {at + 1, at + 1};
-        at = entry.name.end;
+        entry.Name = {at + 1, at + 1};
+        at = entry.Name.End;
     } else {
         const std::size_t lineEnd = LineEnd(text, at);
-        entry.name = {at + 1, ClosingQuote(text, at + 1, lineEnd)};
-        if (entry.name.end == lineEnd || entry.name.end - entry.name.begin > MaximumNameInFile) {
+        entry.Name = {at + 1, ClosingQuote(text, at + 1, lineEnd)};
+        if (entry.Name.End == lineEnd || entry.Name.End - entry.Name.Begin > MaximumNameInFile) {
             return std::nullopt;
         }
-        at = entry.name.end + 1;
+        at = entry.Name.End + 1;
     }
     at = SkipBlanks(text, at);
     if (!StartsWith(text, at, "=")) {
@@ -232,13 +232,13 @@ std::string DwordBytes(std::string_view data) {
     const Number number = ReadNumber(data, SkipBlanks(data, 6)).value_or(Number{});
     std::string bytes;
     for (unsigned shift = 0; shift < 32; shift += 8) {
-        bytes.push_back(static_cast<char>((number.value >> shift) & 0xFFU));
+        bytes.push_back(static_cast<char>((number.Value >> shift) & 0xFFU));
     }
     return bytes;
 }
 
 std::string HexBytes(std::string_view data) {
-    return ReadHexList(data, data.find(':') + 1).value_or(HexList{}).bytes;
+    return ReadHexList(data, data.find(':') + 1).value_or(HexList{}).Bytes;
 }
 
 std::string Unescaped(std::string_view text) {

@@ -16,13 +16,13 @@ namespace desktop::regfile {
 inline constexpr std::size_t MaximumName = 16383;
 
 struct Span {
-    std::size_t begin = 0;
-    std::size_t end = 0;
+    std::size_t Begin = 0;
+    std::size_t End = 0;
 };
 
 /// The same stretch counted from another start, that lies `by` before the present one.
 inline Span Shifted(Span span, std::size_t by) {
-    return {span.begin + by, span.end + by};
+    return {span.Begin + by, span.End + by};
 }
 
 /// How the data of a value is written.
@@ -35,22 +35,22 @@ enum class Notation {
 
 /// "name"=data, or @=data for a key's default value, whose name is empty.
 struct Entry {
-    Span name; // between the quotes, escapes as written
-    Notation notation = Notation::Quoted;
-    std::uint32_t type = 0;
-    Span data; // all that stands for the data, quotes and prefix included
+    Span Name; // between the quotes, escapes as written
+    regfile::Notation Notation = regfile::Notation::Quoted;
+    std::uint32_t Type = 0;
+    Span Data; // all that stands for the data, quotes and prefix included
 };
 
 /// [path], or [-path] where a key is taken away with all below it.
 struct Header {
-    Span path;
-    bool deletes = false;
+    Span Path;
+    bool Deletes = false;
 };
 
 /// Bytes of a hex list and the position behind the list.
 struct HexList {
-    std::string bytes;
-    std::size_t end = 0;
+    std::string Bytes;
+    std::size_t End = 0;
 };
 
 /// Position of the line's end: its CR LF or LF, or the end of the text.

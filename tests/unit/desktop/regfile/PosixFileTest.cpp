@@ -42,8 +42,8 @@ class PosixFileTest : public testing::Test {
 TEST_F(PosixFileTest, ReplacesTheStateThatWasRead) {
     FileContent content;
     ASSERT_EQ(ReadWholeFile(path, 100, content), 0);
-    EXPECT_EQ(content.bytes, "een");
-    EXPECT_EQ(ReplaceFile(path, ".merk-", "twee", content.stamp), 0);
+    EXPECT_EQ(content.Bytes, "een");
+    EXPECT_EQ(ReplaceFile(path, ".merk-", "twee", content.Stamp), 0);
     EXPECT_EQ(Bytes(), "twee");
     EXPECT_EQ(Files(), 1);
 }
@@ -53,7 +53,7 @@ TEST_F(PosixFileTest, LeavesAStateThatWasNotRead) {
     FileContent content;
     ASSERT_EQ(ReadWholeFile(path, 100, content), 0);
     Put("van een ander");
-    EXPECT_EQ(ReplaceFile(path, ".merk-", "twee", content.stamp), EAGAIN);
+    EXPECT_EQ(ReplaceFile(path, ".merk-", "twee", content.Stamp), EAGAIN);
     EXPECT_EQ(Bytes(), "van een ander");
     EXPECT_EQ(Files(), 1) << "the temporary file stays";
 }

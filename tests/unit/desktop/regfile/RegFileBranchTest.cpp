@@ -20,7 +20,7 @@ class RegFileBranchTest : public testing::TestWithParam<bool> {
     }
     static std::string Text(const RegFile& file, const std::string& name = "a") {
         const std::optional<RegValue> value = file.Find(Key, name);
-        return value ? value->data.substr(0, value->data.size() - 1) : "";
+        return value ? value->Data.substr(0, value->Data.size() - 1) : "";
     }
 };
 

@@ -37,7 +37,7 @@ TEST(RegFileSizeTest, LargeFileOfForeignValues) {
 TEST(RegFileSizeTest, LargeLineOfText) {
     const std::string value(Large, 'x');
     const RegFile file(Five("\"a\"=\"" + value + "\"\r\n\"b\"=\"2\"\r\n"));
-    EXPECT_EQ(file.Find(OndorPath, "a")->data.size(), value.size() + 1);
+    EXPECT_EQ(file.Find(OndorPath, "a")->Data.size(), value.size() + 1);
     EXPECT_EQ(Text(file, "b"), "2");
 }
 
@@ -69,7 +69,7 @@ TEST(RegFileSizeTest, ManyKeysMadeAndTakenAway) {
 TEST(RegFileSizeTest, LargeHexadecimalList) {
     const std::string list = Repeated("41,00,42,00,43,00,44,00,45,00,46,00,\\\r\n  ", Large / 50);
     const RegFile file(Five("\"a\"=hex(1):" + list + "00,00\r\n\"b\"=\"2\"\r\n"));
-    EXPECT_TRUE(file.Find(OndorPath, "a")->data.starts_with("ABCDEF"));
+    EXPECT_TRUE(file.Find(OndorPath, "a")->Data.starts_with("ABCDEF"));
     EXPECT_EQ(Text(file, "b"), "2");
 }
 

@@ -43,8 +43,8 @@ TEST(RegFileTest, HexadecimalTextIsUtf16InVersionFive) {
              "\"c\"=hex(1):\r\n\"d\"=hex(1):41,00\r\n\"e\"=\"na\"\r\n"));
     EXPECT_EQ(Text(file, "a"), "A€");
     EXPECT_EQ(Text(file, "b"), "A\r\n");
-    EXPECT_EQ(file.Find(OndorPath, "c")->data, "");
-    EXPECT_EQ(file.Find(OndorPath, "d")->data, "A"); // without a closing NUL, as it was stored
+    EXPECT_EQ(file.Find(OndorPath, "c")->Data, "");
+    EXPECT_EQ(file.Find(OndorPath, "d")->Data, "A"); // without a closing NUL, as it was stored
     EXPECT_EQ(Text(file, "e"), "na");
 }
 
@@ -64,15 +64,15 @@ TEST(RegFileTest, OtherTypesHaveTheirBytes) {
     const RegFile file(
         Five("\"bin\"=hex:01,02,ff\n\"n\"=dword:0000001f\n\"q\"=hex(b):01,00,00,00,00,00,00,00\n"
              "\"e\"=hex(2):25,00,41,00,25,00,00,00\n\"m\"=hex(7):41,00,00,00,00,00\n"));
-    EXPECT_EQ(file.Find(OndorPath, "bin")->type, 3U);
-    EXPECT_EQ(file.Find(OndorPath, "bin")->data, "\x01\x02\xFF");
-    EXPECT_EQ(file.Find(OndorPath, "n")->type, 4U);
-    EXPECT_EQ(file.Find(OndorPath, "n")->data, "\x1F\0\0\0"s);
-    EXPECT_EQ(file.Find(OndorPath, "q")->type, 11U);
-    EXPECT_EQ(file.Find(OndorPath, "e")->type, 2U);
-    EXPECT_EQ(file.Find(OndorPath, "e")->data, "%A%\0"s);
-    EXPECT_EQ(file.Find(OndorPath, "m")->type, 7U);
-    EXPECT_EQ(file.Find(OndorPath, "m")->data, "A\0\0"s);
+    EXPECT_EQ(file.Find(OndorPath, "bin")->Type, 3U);
+    EXPECT_EQ(file.Find(OndorPath, "bin")->Data, "\x01\x02\xFF");
+    EXPECT_EQ(file.Find(OndorPath, "n")->Type, 4U);
+    EXPECT_EQ(file.Find(OndorPath, "n")->Data, "\x1F\0\0\0"s);
+    EXPECT_EQ(file.Find(OndorPath, "q")->Type, 11U);
+    EXPECT_EQ(file.Find(OndorPath, "e")->Type, 2U);
+    EXPECT_EQ(file.Find(OndorPath, "e")->Data, "%A%\0"s);
+    EXPECT_EQ(file.Find(OndorPath, "m")->Type, 7U);
+    EXPECT_EQ(file.Find(OndorPath, "m")->Data, "A\0\0"s);
 }
 
 TEST(RegFileTest, CommentsAndBlanksBetweenTheMarks) {
@@ -82,8 +82,8 @@ TEST(RegFileTest, CommentsAndBlanksBetweenTheMarks) {
     EXPECT_EQ(Text(file, "a"), "1");
     EXPECT_EQ(Text(file, "b"), "2");
     EXPECT_EQ(Text(file, "c"), "a;b");
-    EXPECT_EQ(file.Find(OndorPath, "n")->data, "\x05\0\0\0"s);
-    EXPECT_EQ(file.Find(OndorPath, "h")->data, "\x01\x02");
+    EXPECT_EQ(file.Find(OndorPath, "n")->Data, "\x05\0\0\0"s);
+    EXPECT_EQ(file.Find(OndorPath, "h")->Data, "\x01\x02");
 }
 
 TEST(RegFileTest, DefaultValue) {

@@ -34,10 +34,10 @@ inline std::string Text(const RegFile& file, const std::string& name, const std:
     if (!value) {
         return "(none)";
     }
-    if (value->type != ValueText || !value->data.ends_with('\0')) {
+    if (value->Type != ValueText || !value->Data.ends_with('\0')) {
         return "(other)";
     }
-    return value->data.substr(0, value->data.size() - 1);
+    return value->Data.substr(0, value->Data.size() - 1);
 }
 
 inline RegValue TextValue(const std::string& utf8) {

@@ -128,8 +128,8 @@ TEST(RegFileWriteTest, OtherTypesAreWrittenByTheirNumber) {
         RegFile(Five("\"a\"=\"1\"\r\n")).WithValue(OndorPath, "a", number);
     EXPECT_EQ(bytes, Five("\"a\"=hex(4):1f,00,00,00\r\n"));
     const std::optional<RegValue> read = RegFile(*bytes).Find(OndorPath, "a");
-    EXPECT_EQ(read->type, 4U);
-    EXPECT_EQ(read->data, number.data);
+    EXPECT_EQ(read->Type, 4U);
+    EXPECT_EQ(read->Data, number.Data);
     // Text without its closing NUL stays without.
     const std::optional<std::string> open =
         RegFile(Five("\"a\"=\"1\"\r\n")).WithValue(OndorPath, "a", {ValueText, "A"});
