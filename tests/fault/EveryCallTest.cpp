@@ -66,7 +66,7 @@ Outcome Played(const Story& story, Fault& fault) {
     return Machine(story, fault).Play();
 }
 
-class EveryCall : public testing::TestWithParam<std::tuple<std::size_t, Kind>> {
+class EveryCallTest : public testing::TestWithParam<std::tuple<std::size_t, Kind>> {
   protected:
     static void TearDownTestSuite() {
         std::cout << "stories: " << Stories().size() << ", calls that can fail in them: " << calls
@@ -113,7 +113,7 @@ void ExpectDefaultsBack(const Outcome& whole, const Outcome& outcome) {
                              : seenWrong    ? "seen wrong"
                              : laterPrinter ? "on a printer chosen later"
                                             : "refused";
-        ++EveryCall::changed[reason];
+        ++EveryCallTest::changed[reason];
     }
 }
 
@@ -124,7 +124,7 @@ void ExpectLinesWhole(const Outcome& whole, const Outcome& outcome) {
     }
 }
 
-TEST_P(EveryCall, IsSurvived) {
+TEST_P(EveryCallTest, IsSurvived) {
     Fault none(TheKind(), 0);
     const Outcome whole = Played(TheStory(), none);
     ASSERT_THAT(whole.Complaints, IsEmpty());
@@ -161,7 +161,7 @@ std::string NameOfParam(const testing::TestParamInfo<std::tuple<std::size_t, Kin
     return Stories()[std::get<0>(param.param)].Name + "_" + NameOf(std::get<1>(param.param));
 }
 
-INSTANTIATE_TEST_SUITE_P(Stories, EveryCall,
+INSTANTIATE_TEST_SUITE_P(Stories, EveryCallTest,
                          testing::Combine(testing::Range<std::size_t>(0, Stories().size()),
                                           testing::ValuesIn(AllKinds)),
                          NameOfParam);

@@ -40,7 +40,7 @@ std::vector<std::string> LogFile::Lines() {
 
 } // namespace fault
 
-// NOLINTBEGIN(bugprone-reserved-identifier,cert-dcl37-c,cert-dcl51-cpp): the linker's names (--wrap)
+// NOLINTBEGIN(bugprone-reserved-identifier,readability-identifier-naming): the linker's names (--wrap)
 extern "C" {
 
 std::FILE* __real_fopen(const char* path, const char* mode);
@@ -68,4 +68,4 @@ std::size_t __wrap_fwrite(const void* data, std::size_t size, std::size_t count,
 }
 
 } // extern "C"
-// NOLINTEND(bugprone-reserved-identifier,cert-dcl37-c,cert-dcl51-cpp)
+// NOLINTEND(bugprone-reserved-identifier,readability-identifier-naming)

@@ -176,12 +176,14 @@ void CheckState(ipp_t* answer) {
 } // namespace
 
 // The client library forgets a few bytes of a PPD file that breaks off.
+// NOLINTBEGIN(bugprone-reserved-identifier,readability-identifier-naming): the sanitizer's names
 extern "C" const char* __lsan_default_suppressions() {
     return "leak:libcups.so";
 }
 extern "C" const char* __lsan_default_options() {
     return "print_suppressions=0";
 }
+// NOLINTEND(bugprone-reserved-identifier,readability-identifier-naming)
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
     const std::unique_ptr<ipp_t, desktop::cups::FreeIpp> answer(ippNew());

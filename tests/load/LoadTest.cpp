@@ -27,26 +27,26 @@ void ExpectForms(const LoadedProgram& program, int forms) {
     EXPECT_FALSE(program.State.PrintManagerOpen);
 }
 
-TEST(Load, MostFormsThatTheWizardTakes) {
+TEST(LoadTest, MostFormsThatTheWizardTakes) {
     LoadedProgram program;
     program.Print(30000);
     ExpectForms(program, 30000);
 }
 
-TEST(Load, FormsWithMostCopies) {
+TEST(LoadTest, FormsWithMostCopies) {
     LoadedProgram program;
     program.Print(101, 99);
     ExpectForms(program, 101 * 99);
 }
 
 /// Takes minutes under the sanitizers.
-TEST(Load, ManyFormsWithMostCopies) {
+TEST(LoadTest, ManyFormsWithMostCopies) {
     LoadedProgram program;
     program.Print(9999, 99);
     ExpectForms(program, 9999 * 99);
 }
 
-TEST(Load, AllOfManyPrintersCanBeChosen) {
+TEST(LoadTest, AllOfManyPrintersCanBeChosen) {
     constexpr int Many = 200;
     LoadedProgram program(Many);
     std::set<std::string> asked;
@@ -65,7 +65,7 @@ TEST(Load, AllOfManyPrintersCanBeChosen) {
 }
 
 // An opening asks the printer that it selects, however many there are.
-TEST(Load, AnOpeningAsksAsManyQuestionsWithManyPrintersAsWithOne) {
+TEST(LoadTest, AnOpeningAsksAsManyQuestionsWithManyPrintersAsWithOne) {
     const auto questions = [](int printers) {
         LoadedProgram program(printers);
         int count = 0;
@@ -80,7 +80,7 @@ TEST(Load, AnOpeningAsksAsManyQuestionsWithManyPrintersAsWithOne) {
 }
 
 // Of the long name the stub takes what fits, and the rest of the form has it whole.
-TEST(Load, ALongCreditorIsDrawn) {
+TEST(LoadTest, ALongCreditorIsDrawn) {
     constexpr int Length = 10000;
     constexpr int Forms = 30;
     LoadedProgram program(1, std::string(Length, 'a'));
@@ -91,7 +91,7 @@ TEST(Load, ALongCreditorIsDrawn) {
 }
 
 // Who stores a setting keeps the handle of its key until the program ends, once for each opening.
-TEST(Load, ThousandOpeningsLeaveTheHandleOfASettingEachAndNothingElse) {
+TEST(LoadTest, ThousandOpeningsLeaveTheHandleOfASettingEachAndNothingElse) {
     constexpr std::size_t Openings = 1000;
     constexpr std::size_t BytesOfAHandle = 256;
     LoadedProgram program;
@@ -110,7 +110,7 @@ TEST(Load, ThousandOpeningsLeaveTheHandleOfASettingEachAndNothingElse) {
     ExpectForms(program, 3);
 }
 
-TEST(Load, ALongRunHoldsNoMoreThanAShortOne) {
+TEST(LoadTest, ALongRunHoldsNoMoreThanAShortOne) {
     const auto held = [](int forms) {
         LoadedProgram program;
         program.Print(3);

@@ -38,9 +38,9 @@ const std::vector<std::string> HostileTexts = {
     std::string(3000, 'x'),
 };
 
-class HostileTitle : public testing::TestWithParam<std::string> {};
+class HostileTitleTest : public testing::TestWithParam<std::string> {};
 
-TEST_P(HostileTitle, NamesAFileInTheChosenFolder) {
+TEST_P(HostileTitleTest, NamesAFileInTheChosenFolder) {
     const QString name = FileNameForTitle(GetParam());
     EXPECT_TRUE(name.endsWith(".pdf"));
     EXPECT_GT(name.size(), 4);
@@ -55,7 +55,7 @@ TEST_P(HostileTitle, NamesAFileInTheChosenFolder) {
     EXPECT_TRUE(file.open(QIODevice::WriteOnly)) << name.toStdString();
 }
 
-TEST_P(HostileTitle, IsATextOfThePdfAndNothingElse) {
+TEST_P(HostileTitleTest, IsATextOfThePdfAndNothingElse) {
     const QTemporaryDir folder;
     const QString path = folder.filePath("uit.pdf");
     QtPrinters printers(
@@ -75,7 +75,7 @@ TEST_P(HostileTitle, IsATextOfThePdfAndNothingElse) {
     EXPECT_EQ(content.count("/Catalog"), 1);
 }
 
-TEST_P(HostileTitle, IsShownAsItIsWrittenWhenThePointerRests) {
+TEST_P(HostileTitleTest, IsShownAsItIsWrittenWhenThePointerRests) {
     const QString text = ToQString(GetParam());
     const QString shown = PlainToolTip(text);
     if (Qt::mightBeRichText(shown)) {
@@ -86,7 +86,7 @@ TEST_P(HostileTitle, IsShownAsItIsWrittenWhenThePointerRests) {
     }
 }
 
-TEST_P(HostileTitle, GoesToTheQueueAsATitle) {
+TEST_P(HostileTitleTest, GoesToTheQueueAsATitle) {
     const PrintServer server;
     if (!server.IsUp()) {
         GTEST_SKIP() << "no print server can be started here";
@@ -104,10 +104,10 @@ TEST_P(HostileTitle, GoesToTheQueueAsATitle) {
     EXPECT_FALSE(QFile::exists(server.Folder() + "/gekraakt"));
 }
 
-class HostileName : public testing::TestWithParam<std::string> {};
+class HostileNameTest : public testing::TestWithParam<std::string> {};
 
 // A server may name a queue as it likes; it is no key to what the user has set for another.
-TEST_P(HostileName, HasNoOptionsOfAnotherQueue) {
+TEST_P(HostileNameTest, HasNoOptionsOfAnotherQueue) {
     const QTemporaryDir folder;
     const QString path = folder.filePath("lpoptions");
     const QByteArray before = "Dest Kantoor InputSlot=Lade1\nDefault Archief/1 a=b\n";
@@ -122,10 +122,10 @@ TEST_P(HostileName, HasNoOptionsOfAnotherQueue) {
     EXPECT_EQ(QDir(folder.path()).entryList(QDir::Files), QStringList{"lpoptions"});
 }
 
-INSTANTIATE_TEST_SUITE_P(Texts, HostileName, testing::ValuesIn(HostileTexts),
+INSTANTIATE_TEST_SUITE_P(Texts, HostileNameTest, testing::ValuesIn(HostileTexts),
                          [](const auto& text) { return "Number" + std::to_string(text.index); });
 
-INSTANTIATE_TEST_SUITE_P(Texts, HostileTitle, testing::ValuesIn(HostileTexts),
+INSTANTIATE_TEST_SUITE_P(Texts, HostileTitleTest, testing::ValuesIn(HostileTexts),
                          [](const auto& text) { return "Number" + std::to_string(text.index); });
 
 } // namespace

@@ -24,7 +24,7 @@ class ServerTest : public QueuesTest {};
 
 } // namespace
 
-// NOLINTBEGIN(bugprone-reserved-identifier,cert-dcl37-c,cert-dcl51-cpp): the linker's names (--wrap)
+// NOLINTBEGIN(bugprone-reserved-identifier,readability-identifier-naming): the linker's names (--wrap)
 extern "C" {
 
 http_t* __real_httpConnect2(const char* host, int port, http_addrlist_t* addresses, int family,
@@ -39,7 +39,7 @@ http_t* __wrap_httpConnect2(const char* host, int port, http_addrlist_t* address
 }
 
 } // extern "C"
-// NOLINTEND(bugprone-reserved-identifier,cert-dcl37-c,cert-dcl51-cpp)
+// NOLINTEND(bugprone-reserved-identifier,readability-identifier-naming)
 
 namespace {
 

@@ -5,13 +5,13 @@
 namespace base {
 namespace {
 
-TEST(Boolean, KeepsMinusOneForTrueAndZeroForFalse) {
+TEST(BooleanTest, KeepsMinusOneForTrueAndZeroForFalse) {
     EXPECT_EQ(Boolean(true).Value(), -1);
     EXPECT_EQ(Boolean(false).Value(), 0);
     EXPECT_EQ(Boolean().Value(), 0);
 }
 
-TEST(Boolean, ReadsAndIsAssignedAsABool) {
+TEST(BooleanTest, ReadsAndIsAssignedAsABool) {
     Boolean flag;
     EXPECT_FALSE(flag);
     flag = true;

@@ -11,7 +11,7 @@
 namespace base {
 namespace {
 
-TEST(NumericValue, TakesTheLeadingNumber) {
+TEST(NumericValueTest, TakesTheLeadingNumber) {
     EXPECT_EQ(NumericValue("12"), 12);
     EXPECT_EQ(NumericValue("12a"), 12);
     EXPECT_EQ(NumericValue("   7"), 7);
@@ -24,7 +24,7 @@ TEST(NumericValue, TakesTheLeadingNumber) {
     EXPECT_EQ(NumericValue("0.1"), 0.1);
 }
 
-TEST(NumericValue, EndsAtWhateverIsNoPartOfIt) {
+TEST(NumericValueTest, EndsAtWhateverIsNoPartOfIt) {
     EXPECT_EQ(NumericValue("12,5"), 12); // the point is the only decimal mark
     EXPECT_EQ(NumericValue("1 2"), 1);
     EXPECT_EQ(NumericValue("1.2.3"), 1.2);
@@ -37,21 +37,21 @@ TEST(NumericValue, EndsAtWhateverIsNoPartOfIt) {
               1);
 }
 
-TEST(NumericValue, IsZeroWithoutANumber) {
+TEST(NumericValueTest, IsZeroWithoutANumber) {
     for (const char* text :
          {"", " ", "-", "+", ".", "-.", "--5", "- 5", "abc", ",5", "inf", "nan", "\t5", "\xC3\xA9", "\xFF"}) {
         EXPECT_EQ(NumericValue(text), 0) << text;
     }
 }
 
-TEST(NumericValue, RoundsLongNumbersAsADoubleDoes) {
+TEST(NumericValueTest, RoundsLongNumbersAsADoubleDoes) {
     EXPECT_EQ(NumericValue("123456789012345678"), 123456789012345678.0);
     EXPECT_EQ(NumericValue("0.1000000000000000055511151231257827"), 0.1);
     EXPECT_EQ(NumericValue("-9007199254740993"), -9007199254740992.0);
     EXPECT_EQ(NumericValue("00000000000000000000000000012"), 12);
 }
 
-TEST(NumericValue, StandsTextsOfAnyLength) {
+TEST(NumericValueTest, StandsTextsOfAnyLength) {
     EXPECT_EQ(NumericValue(std::string(100000, '9')), std::numeric_limits<double>::infinity());
     EXPECT_EQ(NumericValue("-" + std::string(100000, '9')), -std::numeric_limits<double>::infinity());
     EXPECT_EQ(NumericValue(std::string(100000, '0')), 0);
@@ -59,7 +59,7 @@ TEST(NumericValue, StandsTextsOfAnyLength) {
     EXPECT_EQ(NumericValue(std::string(100000, ' ') + "4"), 4);
 }
 
-TEST(RoundTiesToEven, SendsATieToTheEvenNumber) {
+TEST(RoundTiesToEvenTest, SendsATieToTheEvenNumber) {
     EXPECT_EQ(RoundTiesToEven(0.5), 0);
     EXPECT_EQ(RoundTiesToEven(1.5), 2);
     EXPECT_EQ(RoundTiesToEven(2.5), 2);
@@ -69,7 +69,7 @@ TEST(RoundTiesToEven, SendsATieToTheEvenNumber) {
     EXPECT_EQ(RoundTiesToEven(283.5), 284);
 }
 
-TEST(WholeNumbers, RoundAndKeepToTheirBounds) {
+TEST(WholeNumbersTest, RoundAndKeepToTheirBounds) {
     EXPECT_EQ(ToInt16(32767.4), 32767);
     EXPECT_EQ(ToInt16(-32768.5), -32768); // the tie goes to the even number, which fits
     EXPECT_THROW(ToInt16(32767.5), RuntimeError);
@@ -81,7 +81,7 @@ TEST(WholeNumbers, RoundAndKeepToTheirBounds) {
     EXPECT_THROW(ToInt32(std::numeric_limits<double>::infinity()), RuntimeError);
 }
 
-TEST(WholeNumbers, ComeFromTexts) {
+TEST(WholeNumbersTest, ComeFromTexts) {
     EXPECT_EQ(Int16OfText("31"), 31);
     EXPECT_EQ(Int16OfText("-1"), -1);
     EXPECT_EQ(Int16OfText("2.5"), 2);
@@ -96,7 +96,7 @@ TEST(WholeNumbers, ComeFromTexts) {
     EXPECT_THROW(Int32OfText(std::string(100000, '9')), RuntimeError);
 }
 
-TEST(NumberText, WritesWholeNumbersWithoutAPoint) {
+TEST(NumberTextTest, WritesWholeNumbersWithoutAPoint) {
     EXPECT_EQ(NumberText(0), "0");
     EXPECT_EQ(NumberText(-0.0), "0");
     EXPECT_EQ(NumberText(7), "7");
@@ -107,7 +107,7 @@ TEST(NumberText, WritesWholeNumbersWithoutAPoint) {
     EXPECT_EQ(NumberText(1234567890123456.0), "1234567890123460"); // 15 digits are significant
 }
 
-TEST(NumberText, WritesFractionsWithThePoint) {
+TEST(NumberTextTest, WritesFractionsWithThePoint) {
     EXPECT_EQ(NumberText(0.5), "0.5");
     EXPECT_EQ(NumberText(-0.5), "-0.5");
     EXPECT_EQ(NumberText(56.7), "56.7");
@@ -118,12 +118,12 @@ TEST(NumberText, WritesFractionsWithThePoint) {
     EXPECT_EQ(NumberText(0.9999999999999999), "1");
 }
 
-TEST(NumberText, RefusesWhatIsNoNumber) {
+TEST(NumberTextTest, RefusesWhatIsNoNumber) {
     EXPECT_THROW(NumberText(std::nan("")), RuntimeError);
     EXPECT_THROW(NumberText(-std::numeric_limits<double>::infinity()), RuntimeError);
 }
 
-TEST(NumberText, StandsTheLargestAndTheSmallest) {
+TEST(NumberTextTest, StandsTheLargestAndTheSmallest) {
     EXPECT_EQ(NumberText(std::numeric_limits<double>::max()).size(), 309U);
     EXPECT_EQ(NumberText(std::numeric_limits<double>::denorm_min()).substr(0, 4), "0.00");
 }

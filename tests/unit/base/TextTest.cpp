@@ -9,7 +9,7 @@ namespace {
 
 using namespace std::string_view_literals;
 
-TEST(TextLength, CountsCharacters) {
+TEST(TextLengthTest, CountsCharacters) {
     EXPECT_EQ(Length(""), 0U);
     EXPECT_EQ(Length("Dhr. A. Voorbeeld"), 17U);
     EXPECT_EQ(Length("café"), 4U);
@@ -19,7 +19,7 @@ TEST(TextLength, CountsCharacters) {
     EXPECT_EQ(Length("a\0b"sv), 3U);
 }
 
-TEST(TextLength, CountsABadByteAsOneCharacter) {
+TEST(TextLengthTest, CountsABadByteAsOneCharacter) {
     EXPECT_EQ(Length("\xFF"), 1U);
     EXPECT_EQ(Length("\xE2\x82"), 2U);         // cut off
     EXPECT_EQ(Length("\xC0\x80"), 2U);         // longer than need be
@@ -30,7 +30,7 @@ TEST(TextLength, CountsABadByteAsOneCharacter) {
               2U);
 }
 
-TEST(TextCuts, CountCharacters) {
+TEST(TextCutsTest, CountCharacters) {
     EXPECT_EQ(Left("één twee", 3), "één");
     EXPECT_EQ(Left("abc", 9), "abc");
     EXPECT_EQ(Left("abc", 0), "");
@@ -44,7 +44,7 @@ TEST(TextCuts, CountCharacters) {
     EXPECT_EQ(Mid("abcdefghijkl", 3, 9), "cdefghijk");
 }
 
-TEST(TextCuts, KeepBadBytesApart) {
+TEST(TextCutsTest, KeepBadBytesApart) {
     EXPECT_EQ(Left("\xFF\xFE"
                    "a",
                    2),
@@ -53,7 +53,7 @@ TEST(TextCuts, KeepBadBytesApart) {
     EXPECT_EQ(Mid("\x82\xC3\xA9z", 2, 1), "é");
 }
 
-TEST(TextTrim, TakesBlanksOffBothEnds) {
+TEST(TextTrimTest, TakesBlanksOffBothEnds) {
     EXPECT_EQ(Trim("  a b  "), "a b");
     EXPECT_EQ(Trim("   "), "");
     EXPECT_EQ(Trim(""), "");
@@ -62,7 +62,7 @@ TEST(TextTrim, TakesBlanksOffBothEnds) {
     EXPECT_EQ(Trim(" \0 "sv), "\0"sv);
 }
 
-TEST(TextCase, FollowsTheCodePage) {
+TEST(TextCaseTest, FollowsTheCodePage) {
     EXPECT_EQ(Upper("nl13abna"), "NL13ABNA");
     EXPECT_EQ(Upper("éàüøÿšœž"), "ÉÀÜØŸŠŒŽ");
     EXPECT_EQ(Lower("ÉÀÜØŸŠŒŽ"), "éàüøÿšœž");
@@ -75,7 +75,7 @@ TEST(TextCase, FollowsTheCodePage) {
               "B\0C"sv);
 }
 
-TEST(TextDecode, GivesCodeAndWidth) {
+TEST(TextDecodeTest, GivesCodeAndWidth) {
     const auto expect = [](std::string_view text, char32_t code, std::size_t bytes) {
         const Decoded first = DecodeFirst(text);
         EXPECT_EQ(first.Code, code) << text;
@@ -91,7 +91,7 @@ TEST(TextDecode, GivesCodeAndWidth) {
     expect("\xF8\x88\x80\x80\x80", 0xFFFD, 1);
 }
 
-TEST(TextEncode, IsTheInverse) {
+TEST(TextEncodeTest, IsTheInverse) {
     for (const char32_t code : {U'\0', U'A', U'\x7F', U'\x80', U'é', U'\x7FF', U'\x800', U'€', U'\xFFFF',
                                 U'\x10000', U'\x10FFFF'}) {
         const std::string text = Encode(code);
@@ -102,7 +102,7 @@ TEST(TextEncode, IsTheInverse) {
     EXPECT_EQ(Encode(0x110000), "\uFFFD");
 }
 
-TEST(CodePage, CarriesEveryByte) {
+TEST(CodePageTest, CarriesEveryByte) {
     std::string bytes;
     for (int byte = 0; byte < 256; ++byte) {
         bytes.push_back(static_cast<char>(byte));
@@ -111,14 +111,14 @@ TEST(CodePage, CarriesEveryByte) {
     EXPECT_EQ(FromCodePage("\x80 caf\xE9"), "€ café");
 }
 
-TEST(CodePage, PutsAQuestionMarkForWhatItLacks) {
+TEST(CodePageTest, PutsAQuestionMarkForWhatItLacks) {
     EXPECT_EQ(ToCodePage("日本"), "??");
     EXPECT_EQ(ToCodePage("a😀ж"), "a??");
     EXPECT_EQ(ToCodePage("\xFF"), "?");
     EXPECT_EQ(ToCodePage("\u0085"), "?"); // a control character whose byte means something else there
 }
 
-TEST(LongText, IsHandledWhole) {
+TEST(LongTextTest, IsHandledWhole) {
     std::string text;
     for (int i = 0; i < 100000; ++i) {
         text.append(i % 3 == 0 ? "é" : i % 3 == 1 ? "x" : "\xFF");

@@ -26,13 +26,13 @@ double ValueFor(int number) {
     return (number - 0.5) / 99;
 }
 
-TEST(BankGiroCheck, AcceptsAnAccountThatIsLeftOut) {
+TEST(BankGiroCheckTest, AcceptsAnAccountThatIsLeftOut) {
     EXPECT_TRUE(BankGiroCheck(""));
     EXPECT_TRUE(BankGiroCheck("   "));
     EXPECT_TRUE(BankGiroCheck(" . "));
 }
 
-TEST(BankGiroCheck, TakesAGiroNumberAsItIsWritten) {
+TEST(BankGiroCheckTest, TakesAGiroNumberAsItIsWritten) {
     EXPECT_TRUE(BankGiroCheck("1234567"));
     EXPECT_TRUE(BankGiroCheck("12345678"));
     EXPECT_TRUE(BankGiroCheck("12 34.567"));
@@ -42,7 +42,7 @@ TEST(BankGiroCheck, TakesAGiroNumberAsItIsWritten) {
     EXPECT_FALSE(BankGiroCheck("123456é"));
 }
 
-TEST(BankGiroCheck, PutsABankNumberUnderTheElevenTest) {
+TEST(BankGiroCheckTest, PutsABankNumberUnderTheElevenTest) {
     EXPECT_TRUE(BankGiroCheck("123456789"));
     EXPECT_TRUE(BankGiroCheck("12.34.56.789"));
     EXPECT_TRUE(BankGiroCheck("0123456789"));
@@ -51,13 +51,13 @@ TEST(BankGiroCheck, PutsABankNumberUnderTheElevenTest) {
     EXPECT_FALSE(BankGiroCheck("0000000000"));
 }
 
-TEST(BankGiroCheck, LooksAtTheLastTenCharactersOfALongText) {
+TEST(BankGiroCheckTest, LooksAtTheLastTenCharactersOfALongText) {
     EXPECT_TRUE(BankGiroCheck("99990123456789"));
     EXPECT_TRUE(BankGiroCheck(std::string(100000, '7') + "0123456789"));
     EXPECT_FALSE(BankGiroCheck("012345678999"));
 }
 
-TEST(BankGiroCheck, CountsWhatIsNoDigitAsZero) {
+TEST(BankGiroCheckTest, CountsWhatIsNoDigitAsZero) {
     EXPECT_TRUE(BankGiroCheck("X123456789"));
     EXPECT_TRUE(BankGiroCheck("é123456789"));
     EXPECT_FALSE(BankGiroCheck("ABCDEFGHI"));
@@ -66,7 +66,7 @@ TEST(BankGiroCheck, CountsWhatIsNoDigitAsZero) {
     EXPECT_FALSE(BankGiroCheck("1ééééééé1"));
 }
 
-TEST(BankGiroCheck, AcceptsAnIbanInAnyForm) {
+TEST(BankGiroCheckTest, AcceptsAnIbanInAnyForm) {
     EXPECT_TRUE(BankGiroCheck("NL13ABNA0500000018"));
     EXPECT_TRUE(BankGiroCheck("nl13abna0500000018"));
     EXPECT_TRUE(BankGiroCheck("NL13 ABNA 0500 0000 18"));
@@ -74,12 +74,12 @@ TEST(BankGiroCheck, AcceptsAnIbanInAnyForm) {
     EXPECT_TRUE(BankGiroCheck("NL13-ABNA-0500-0000-18"));
 }
 
-TEST(BankGiroCheck, GivesAnIbanThatFailsTheElevenTestAsWell) {
+TEST(BankGiroCheckTest, GivesAnIbanThatFailsTheElevenTestAsWell) {
     EXPECT_TRUE(BankGiroCheck("NL14ABNA0500000018")); // 0500000018 passes by itself
     EXPECT_FALSE(BankGiroCheck("NL14ABNA0500000019"));
 }
 
-TEST(Text2Rekening, SetsBlocksByLength) {
+TEST(Text2RekeningTest, SetsBlocksByLength) {
     EXPECT_EQ(Text2Rekening("123456789"), "12.34.56.789");
     EXPECT_EQ(Text2Rekening("0123456789"), "0123.456.789");
     EXPECT_EQ(Text2Rekening("1234"), "1234");
@@ -91,26 +91,26 @@ TEST(Text2Rekening, SetsBlocksByLength) {
     EXPECT_EQ(Text2Rekening(" . "), "");
 }
 
-TEST(Text2Rekening, CountsCharacters) {
+TEST(Text2RekeningTest, CountsCharacters) {
     EXPECT_EQ(Text2Rekening("éabcdefgh"), "ÉA.BC.DE.FGH");
     EXPECT_EQ(Text2Rekening("ééééé"), "ÉÉÉÉÉ");
     EXPECT_EQ(Text2Rekening("€€€€€€€€€€€"), "€€€€ €€€€ €€€");
 }
 
-TEST(Text2Rekening, MayBeAppliedToItsOwnResult) {
+TEST(Text2RekeningTest, MayBeAppliedToItsOwnResult) {
     for (const char* text : {"123456789", "0123456789", "NL13ABNA0500000018", "1234"}) {
         EXPECT_EQ(Text2Rekening(Text2Rekening(text)), Text2Rekening(text));
     }
 }
 
-TEST(Rekening2Text, TakesOutDotsAndBlanks) {
+TEST(Rekening2TextTest, TakesOutDotsAndBlanks) {
     EXPECT_EQ(Rekening2Text("NL13 ABNA 0500 0000 18"), "NL13ABNA0500000018");
     EXPECT_EQ(Rekening2Text("12.34.56.789"), "123456789");
     EXPECT_EQ(Rekening2Text(" nl13 abna "), "nl13abna");
     EXPECT_EQ(Rekening2Text(""), "");
 }
 
-TEST(Accounts, StandHostileTexts) {
+TEST(AccountsTest, StandHostileTexts) {
     for (const std::string& text : HostileTexts()) {
         const std::string bare = Rekening2Text(text);
         EXPECT_EQ(bare.find_first_of(" ."), std::string::npos);
@@ -122,7 +122,7 @@ TEST(Accounts, StandHostileTexts) {
     EXPECT_TRUE(BankGiroCheck(std::string(100000, '.') + "7"));
 }
 
-TEST(NieuwRekeningnummer, TakesTheFirstEndingThatPasses) {
+TEST(NieuwRekeningnummerTest, TakesTheFirstEndingThatPasses) {
     const HeldClock clock;
     ListedRandom random({ValueFor(12), ValueFor(34)});
     const std::string number = NieuwRekeningnummer("40", random, clock);
@@ -138,7 +138,7 @@ TEST(NieuwRekeningnummer, TakesTheFirstEndingThatPasses) {
     EXPECT_EQ(random.lastSeed, clock.Now().SecondsSinceMidnight());
 }
 
-TEST(NieuwRekeningnummer, PicksTheHundredByTheSecondNumber) {
+TEST(NieuwRekeningnummerTest, PicksTheHundredByTheSecondNumber) {
     const HeldClock clock;
     struct Row {
         int second;
@@ -168,14 +168,14 @@ TEST(NieuwRekeningnummer, PicksTheHundredByTheSecondNumber) {
     }
 }
 
-TEST(NieuwRekeningnummer, DrawsAgainBelowTen) {
+TEST(NieuwRekeningnummerTest, DrawsAgainBelowTen) {
     const HeldClock clock;
     // 9 is drawn again; 20 with a 5 behind it is given up as a whole.
     ListedRandom random({ValueFor(9), ValueFor(20), ValueFor(5), ValueFor(77), ValueFor(88)});
     EXPECT_EQ(NieuwRekeningnummer("50", random, clock).substr(0, 6), "507788");
 }
 
-TEST(NieuwRekeningnummer, HasTenDigitsAfterThree) {
+TEST(NieuwRekeningnummerTest, HasTenDigitsAfterThree) {
     const HeldClock clock;
     machine::SeededRandom random(1);
     std::set<std::string> numbers;
@@ -188,7 +188,7 @@ TEST(NieuwRekeningnummer, HasTenDigitsAfterThree) {
     EXPECT_GT(numbers.size(), 150U); // a held clock does not repeat the numbers
 }
 
-TEST(NieuwRekeningnummer, GivesUpWhenNothingCanFollow) {
+TEST(NieuwRekeningnummerTest, GivesUpWhenNothingCanFollow) {
     const HeldClock clock;
     machine::SeededRandom random(1);
     EXPECT_EQ(NieuwRekeningnummer("0", random, clock), ""); // eight figures with a leading zero

@@ -14,19 +14,19 @@ namespace {
 
 using namespace std::string_view_literals;
 
-TEST(IBANCheck, TellsRightFromWrongCheckDigits) {
+TEST(IBANCheckTest, TellsRightFromWrongCheckDigits) {
     EXPECT_TRUE(IBANCheck("NL13ABNA0500000018"));
     EXPECT_FALSE(IBANCheck("NL14ABNA0500000018"));
     EXPECT_TRUE(IBANCheck("nl13abna0500000018"));
 }
 
-TEST(IBANCheck, TakesTheBareFormOnly) {
+TEST(IBANCheckTest, TakesTheBareFormOnly) {
     EXPECT_FALSE(IBANCheck("NL13 ABNA 0500 0000 18"));
     EXPECT_FALSE(IBANCheck(" NL13ABNA0500000018"));
     EXPECT_FALSE(IBANCheck("NL13ABNA0500000018 "));
 }
 
-TEST(IBANCheck, OverlooksMarksBetween) {
+TEST(IBANCheckTest, OverlooksMarksBetween) {
     EXPECT_TRUE(IBANCheck("NL13-ABNA-0500-0000-18"));
     EXPECT_TRUE(IBANCheck(R"(/N:L\1+3-A*BNA0500000018)"));
     EXPECT_TRUE(
@@ -36,12 +36,12 @@ TEST(IBANCheck, OverlooksMarksBetween) {
                           "0500000018"sv));
 }
 
-TEST(IBANCheck, CountsTheFourCharactersOfTheHeadWhateverTheyAre) {
+TEST(IBANCheckTest, CountsTheFourCharactersOfTheHeadWhateverTheyAre) {
     EXPECT_FALSE(IBANCheck("éNL13ABNA0500000018")); // "éNL1" moves, and "3" stays in front
     EXPECT_FALSE(IBANCheck(".NL13ABNA0500000018"));
 }
 
-TEST(IBANCheck, IsFalseForTextsThatAreTooShort) {
+TEST(IBANCheckTest, IsFalseForTextsThatAreTooShort) {
     EXPECT_FALSE(IBANCheck(""));
     EXPECT_FALSE(IBANCheck("NL13ABNA0"));
     EXPECT_FALSE(IBANCheck("----------"));
@@ -49,7 +49,7 @@ TEST(IBANCheck, IsFalseForTextsThatAreTooShort) {
     EXPECT_FALSE(IBANCheck("------NL13"));
 }
 
-TEST(IBANCheck, WantsTenCharactersNotTenBytes) {
+TEST(IBANCheckTest, WantsTenCharactersNotTenBytes) {
     // With its head moved behind, each of these reads 98, which leaves the remainder 1.
     EXPECT_TRUE(IBANCheck("0098000000"));
     EXPECT_FALSE(IBANCheck("009800000"));
@@ -57,7 +57,7 @@ TEST(IBANCheck, WantsTenCharactersNotTenBytes) {
     EXPECT_TRUE(IBANCheck("0098€€€€€€"));
 }
 
-TEST(Modulus, FollowsTheLongDivision) {
+TEST(ModulusTest, FollowsTheLongDivision) {
     const auto modulus = [](std::string digits, std::int16_t divisor) { return Modulus(digits, divisor); };
     EXPECT_EQ(modulus("12345", 97), 26);
     EXPECT_EQ(modulus("123456", 97), 72);
@@ -69,19 +69,19 @@ TEST(Modulus, FollowsTheLongDivision) {
     EXPECT_EQ(modulus("123456", -97), 72);
 }
 
-TEST(Modulus, ReadsTheEmptyTextAsZeroAndWritesIt) {
+TEST(ModulusTest, ReadsTheEmptyTextAsZeroAndWritesIt) {
     std::string digits;
     EXPECT_EQ(Modulus(digits, 97), 0);
     EXPECT_EQ(digits, "0");
 }
 
-TEST(Modulus, LeavesItsTextAlone) {
+TEST(ModulusTest, LeavesItsTextAlone) {
     std::string digits = "123456789012";
     Modulus(digits, 97);
     EXPECT_EQ(digits, "123456789012");
 }
 
-TEST(Modulus, StandsAHundredThousandDigits) {
+TEST(ModulusTest, StandsAHundredThousandDigits) {
     // 96 digits of 9 are 10^96 - 1, which 97 divides; so are 1008 times as many.
     std::string nines(96 * 1042, '9');
     EXPECT_EQ(Modulus(nines, 97), 0);
@@ -89,7 +89,7 @@ TEST(Modulus, StandsAHundredThousandDigits) {
     EXPECT_EQ(Modulus(nines, 97), 5);
 }
 
-TEST(Modulus, AgreesWithReductionFourFiguresAtATime) {
+TEST(ModulusTest, AgreesWithReductionFourFiguresAtATime) {
     const auto stepwise = [](std::string digits, int divisor) {
         while (digits.size() >= 6) {
             digits = std::to_string(std::stoi(digits.substr(0, 4)) % divisor) + digits.substr(4);
@@ -105,7 +105,7 @@ TEST(Modulus, AgreesWithReductionFourFiguresAtATime) {
     }
 }
 
-TEST(Modulus, RefusesADivisorOrATextThatIsNone) {
+TEST(ModulusTest, RefusesADivisorOrATextThatIsNone) {
     std::string digits = "123456";
     for (const std::int16_t divisor : std::initializer_list<std::int16_t>{0, 1001, -1001, 32767, -32768}) {
         EXPECT_THROW(Modulus(digits, divisor), base::RuntimeError) << divisor;
@@ -115,7 +115,7 @@ TEST(Modulus, RefusesADivisorOrATextThatIsNone) {
     }
 }
 
-TEST(BankCode2BIC, KnowsTheBanks) {
+TEST(BankCode2BICTest, KnowsTheBanks) {
     EXPECT_EQ(BankCode2BIC("", "ABNA"), "ABNANL2A");
     EXPECT_EQ(BankCode2BIC("", "BOFA"), "BOFANLNX");
     EXPECT_EQ(BankCode2BIC("", "DEUT"), "DEUTNL2N");
@@ -123,7 +123,7 @@ TEST(BankCode2BIC, KnowsTheBanks) {
     EXPECT_EQ(BankCode2BIC("NL13ABNA0500000018", "INGB"), "INGBNL2A");
 }
 
-TEST(BankCode2BIC, KnowsEveryRowOfTheListByItsFirstFourLetters) {
+TEST(BankCode2BICTest, KnowsEveryRowOfTheListByItsFirstFourLetters) {
     const std::string list =
         "ABNANL2A AEGONL2U ANDLNL2A ARBNNL22 ARSNNL21 ARTENL2A ASNBNL21 ASRBNL2R ATBANL2A BBRUNL2X BCDMNL22 "
         "BCITNL2A BICKNL2A BKMGNL2A BNGHNL2G BNPANL2A BOFANLNX BOTKNL2X CITCNL2A CITINL2X COBANL2X DEUTNL2N "
@@ -137,20 +137,20 @@ TEST(BankCode2BIC, KnowsEveryRowOfTheListByItsFirstFourLetters) {
     }
 }
 
-TEST(BankCode2BIC, ComparesExactly) {
+TEST(BankCode2BICTest, ComparesExactly) {
     for (const char* code :
          {"", "ZZZZ", "AAAA", "abna", "ABN", "ABNAN", "ABNANL2A", "ABNA ", "TEST", "-ABNA-"}) {
         EXPECT_EQ(BankCode2BIC("", code), "") << code;
     }
 }
 
-TEST(IBAN2BIC, FindsTheBankOfAValidIban) {
+TEST(IBAN2BICTest, FindsTheBankOfAValidIban) {
     EXPECT_EQ(IBAN2BIC("NL13ABNA0500000018"), "ABNANL2A");
     EXPECT_EQ(IBAN2BIC(" NL13 ABNA 0500 0000 18 "), "ABNANL2A");
     EXPECT_EQ(IBAN2BIC("NL13.ABNA.0500.0000.18"), "ABNANL2A");
 }
 
-TEST(IBAN2BIC, IsEmptyForAllElse) {
+TEST(IBAN2BICTest, IsEmptyForAllElse) {
     EXPECT_EQ(IBAN2BIC(""), "");
     EXPECT_EQ(IBAN2BIC("123456789"), "");
     EXPECT_EQ(IBAN2BIC("NL14ABNA0500000018"), "");
@@ -158,7 +158,7 @@ TEST(IBAN2BIC, IsEmptyForAllElse) {
     EXPECT_EQ(IBAN2BIC("NL13-ABNA-0500-0000-18"), ""); // the code is then "-ABNA-"
 }
 
-TEST(Iban, StandsHostileTexts) {
+TEST(IbanTest, StandsHostileTexts) {
     for (const std::string& text : HostileTexts()) {
         EXPECT_FALSE(IBANCheck(text));
         EXPECT_EQ(IBAN2BIC(text), "");

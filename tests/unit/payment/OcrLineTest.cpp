@@ -35,7 +35,7 @@ std::string AmountOf(std::string_view euro, std::string_view cent) {
     return Made(values).Amount;
 }
 
-TEST(OcrLine, HoldsTheFieldsInTheirOrder) {
+TEST(OcrLineTest, HoldsTheFieldsInTheirOrder) {
     const OcrLine line = Made(UsualValues());
     std::vector<std::string> texts;
     std::vector<double> places;
@@ -48,11 +48,11 @@ TEST(OcrLine, HoldsTheFieldsInTheirOrder) {
     EXPECT_EQ(places, (std::vector<double>{3.2, 4.45, 9.02, 11.82, 14.37, 19.48}));
 }
 
-TEST(OcrLine, GroupsTheReferenceForTheReader) {
+TEST(OcrLineTest, GroupsTheReferenceForTheReader) {
     EXPECT_EQ(Made(UsualValues()).GroupedReference, "7100 0000 1201 0326");
 }
 
-TEST(OcrLine, FillsAShortReferenceAndCutsALongOne) {
+TEST(OcrLineTest, FillsAShortReferenceAndCutsALongOne) {
     OcrValues values = UsualValues();
     values.kenmerk = "5";
     EXPECT_EQ(Made(values).Reference, "0000000000000015+");
@@ -62,7 +62,7 @@ TEST(OcrLine, FillsAShortReferenceAndCutsALongOne) {
     EXPECT_EQ(Made(values).Reference, "9100000012010326+");
 }
 
-TEST(OcrLineAmount, HasTwoDigitsOfCents) {
+TEST(OcrLineAmountTest, HasTwoDigitsOfCents) {
     EXPECT_EQ(AmountOf("123", "45"), "000123457<");
     EXPECT_EQ(AmountOf("0", "5"), AmountOf("", "50"));
     EXPECT_EQ(AmountOf("0", "5").substr(0, 8), "00000050");
@@ -71,12 +71,12 @@ TEST(OcrLineAmount, HasTwoDigitsOfCents) {
     EXPECT_EQ(AmountOf("1", "459").substr(0, 8), "00000145");
 }
 
-TEST(OcrLineAmount, LosesDigitsOfTooManyEuros) {
+TEST(OcrLineAmountTest, LosesDigitsOfTooManyEuros) {
     EXPECT_EQ(AmountOf("1234567", "89").substr(0, 8), "12345689");
     EXPECT_THROW(AmountOf("99999999999", "00"), base::RuntimeError);
 }
 
-TEST(OcrLineAmount, IsAbsentForAnAmountOfZero) {
+TEST(OcrLineAmountTest, IsAbsentForAnAmountOfZero) {
     OcrValues values = UsualValues();
     values.euro = "";
     values.cent = "";
@@ -90,7 +90,7 @@ TEST(OcrLineAmount, IsAbsentForAnAmountOfZero) {
     EXPECT_EQ(AmountOf("x", "0"), "");
 }
 
-TEST(OcrLine, LacksTheBicOfAnUnknownBankOnly) {
+TEST(OcrLineTest, LacksTheBicOfAnUnknownBankOnly) {
     OcrValues values = UsualValues();
     values.rekening = "NL71ZZZZ0500000018";
     values.bic = IBAN2BIC(values.rekening);
@@ -99,13 +99,13 @@ TEST(OcrLine, LacksTheBicOfAnUnknownBankOnly) {
     EXPECT_EQ(line.Account, "NL71ZZZZ0500000018+");
 }
 
-TEST(OcrLine, HasNoFieldForAnAccountThatIsMissing) {
+TEST(OcrLineTest, HasNoFieldForAnAccountThatIsMissing) {
     OcrValues values = UsualValues();
     values.rekening = "";
     EXPECT_EQ(Made(values).Account, "");
 }
 
-TEST(OcrLine, GivesNoAccountUnderTheContractWithoutOne) {
+TEST(OcrLineTest, GivesNoAccountUnderTheContractWithoutOne) {
     OcrValues values = UsualValues();
     values.ContractVorm = 2;
     const OcrLine line = Made(values);
@@ -114,7 +114,7 @@ TEST(OcrLine, GivesNoAccountUnderTheContractWithoutOne) {
     EXPECT_EQ(line.Trailer, "17>");
 }
 
-TEST(OcrLine, KeepsNothingOfTheFormBefore) {
+TEST(OcrLineTest, KeepsNothingOfTheFormBefore) {
     OcrLine line;
     MakeOcrLine(UsualValues(), line);
     MakeOcrLine({.kenmerk = "", .euro = "", .cent = "", .rekening = "", .bic = ""}, line);
@@ -127,7 +127,7 @@ TEST(OcrLine, KeepsNothingOfTheFormBefore) {
     EXPECT_EQ(line.Reference, "7100000012010326+");
 }
 
-TEST(OcrLine, StandsHostileTexts) {
+TEST(OcrLineTest, StandsHostileTexts) {
     for (const std::string& text : HostileTexts()) {
         OcrValues values{.kenmerk = text, .euro = "1", .cent = text, .rekening = text, .bic = text};
         OcrLine line;

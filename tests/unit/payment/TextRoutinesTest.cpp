@@ -12,7 +12,7 @@ namespace {
 
 using namespace std::string_view_literals;
 
-TEST(VerwijderTeken, TakesOutEveryEqualCharacter) {
+TEST(VerwijderTekenTest, TakesOutEveryEqualCharacter) {
     EXPECT_EQ(VerwijderTeken("1.2.3", "."), "123");
     EXPECT_EQ(VerwijderTeken("...", "."), "");
     EXPECT_EQ(VerwijderTeken("", "."), "");
@@ -21,23 +21,23 @@ TEST(VerwijderTeken, TakesOutEveryEqualCharacter) {
     EXPECT_EQ(VerwijderTeken("a\0b"sv, "\0"sv), "ab");
 }
 
-TEST(VerwijderTeken, MatchesNothingWithAnythingButOneCharacter) {
+TEST(VerwijderTekenTest, MatchesNothingWithAnythingButOneCharacter) {
     EXPECT_EQ(VerwijderTeken("a--b", "--"), "a--b");
     EXPECT_EQ(VerwijderTeken("a--b", ""), "a--b");
 }
 
-TEST(VerwijderTeken, LeavesPartsOfACharacterAlone) {
+TEST(VerwijderTekenTest, LeavesPartsOfACharacterAlone) {
     EXPECT_EQ(VerwijderTeken("é\xA9", "\xA9"), "é"); // é ends in the byte A9
     EXPECT_EQ(VerwijderTeken("è", "é"), "è");
 }
 
-TEST(IsGetal, HoldsForANumberWrittenAsTheProgramWritesIt) {
+TEST(IsGetalTest, HoldsForANumberWrittenAsTheProgramWritesIt) {
     for (const char* text : {"0", "7", "10", "12345678", "-5", "1.5", "0.5", "-0.5", "1000000000000000"}) {
         EXPECT_TRUE(IsGetal(text)) << text;
     }
 }
 
-TEST(IsGetal, FailsForAllElse) {
+TEST(IsGetalTest, FailsForAllElse) {
     for (const char* text : {"", " ", "007", "12a", "P1234", "1.", ".5", "1.50", "1,5", "+5", "-0", "-", " 5",
                              "5 ", "1e5", "1234567890123456", "١"}) {
         EXPECT_FALSE(IsGetal(text)) << text;
@@ -45,7 +45,7 @@ TEST(IsGetal, FailsForAllElse) {
     EXPECT_FALSE(IsGetal("5\0"sv));
 }
 
-TEST(PostcodeFormaat, PutsTheBlankBetweenFiguresAndLetters) {
+TEST(PostcodeFormaatTest, PutsTheBlankBetweenFiguresAndLetters) {
     const auto format = [](std::string text) { return PostcodeFormaat(text); };
     EXPECT_EQ(format("1234AB"), "1234 AB");
     EXPECT_EQ(format("1234 AB"), "1234 AB");
@@ -54,7 +54,7 @@ TEST(PostcodeFormaat, PutsTheBlankBetweenFiguresAndLetters) {
     EXPECT_EQ(format("123456"), "1234 56");
 }
 
-TEST(PostcodeFormaat, LeavesWhatIsNoPostcodeButForItsBlanks) {
+TEST(PostcodeFormaatTest, LeavesWhatIsNoPostcodeButForItsBlanks) {
     const auto format = [](std::string text) { return PostcodeFormaat(text); };
     EXPECT_EQ(format("0123AB"), "0123AB");
     EXPECT_EQ(format("A234BC"), "A234BC");
@@ -64,13 +64,13 @@ TEST(PostcodeFormaat, LeavesWhatIsNoPostcodeButForItsBlanks) {
     EXPECT_EQ(format("   "), "");
 }
 
-TEST(PostcodeFormaat, TakesTheBlanksOutOfTheCallersText) {
+TEST(PostcodeFormaatTest, TakesTheBlanksOutOfTheCallersText) {
     std::string postcode = " 1234 AB ";
     EXPECT_EQ(PostcodeFormaat(postcode), "1234 AB");
     EXPECT_EQ(postcode, "1234AB");
 }
 
-TEST(TextRoutines, StandHostileTexts) {
+TEST(TextRoutinesTest, StandHostileTexts) {
     for (const std::string& text : HostileTexts()) {
         EXPECT_EQ(VerwijderTeken(VerwijderTeken(text, "-"), "-"), VerwijderTeken(text, "-"));
         EXPECT_FALSE(IsGetal(text));

@@ -69,7 +69,7 @@ class Utf8Spooler : public StubSpooler {
     std::string Asked;
 };
 
-TEST(PrinterInfoOfAnySpooler, HasTextsInTheSpoolersOwnEncoding) {
+TEST(PrinterInfoOfAnySpoolerTest, HasTextsInTheSpoolersOwnEncoding) {
     Utf8Spooler spooler;
     spooler.InfoText = "Принтер";
     PrinterInfo info;
@@ -79,7 +79,7 @@ TEST(PrinterInfoOfAnySpooler, HasTextsInTheSpoolersOwnEncoding) {
     EXPECT_EQ(spooler.Asked, "Принтер");
 }
 
-TEST(PrinterInfoOfAnySpooler, TellsInTheStatusWhatIsWrongWithTheStoredDefaults) {
+TEST(PrinterInfoOfAnySpoolerTest, TellsInTheStatusWhatIsWrongWithTheStoredDefaults) {
     Utf8Spooler spooler;
     spooler.TroubleText = "lpoptions is niet te lezen";
     PrinterInfo info;
@@ -98,7 +98,7 @@ TEST_F(PrinterInfoTest, AnyStatusBitLeavesTheStatusEmpty) {
     EXPECT_EQ(info.Status, "Ready");
 }
 
-TEST(PrinterStatus, TextIsReadyOrEmpty) {
+TEST(PrinterStatusTest, TextIsReadyOrEmpty) {
     std::string text = "oud";
     PrinterStatusText(text, 0);
     EXPECT_EQ(text, "Ready");
@@ -129,17 +129,17 @@ INSTANTIATE_TEST_SUITE_P(Reached, StatusNameTest,
                                          StatusRow{4096, "Not Available"}, StatusRow{8192, "Waiting"},
                                          StatusRow{16384, "Processing"}));
 
-TEST(PrinterStatus, BitsFromFifteenOnHaveNoName) {
+TEST(PrinterStatusTest, BitsFromFifteenOnHaveNoName) {
     for (int bit = 15; bit < 31; ++bit) {
         EXPECT_EQ(StatusNames(1 << bit), "") << bit;
     }
 }
 
-TEST(PrinterStatus, NamesStandInTheOrderOfTheirBits) {
+TEST(PrinterStatusTest, NamesStandInTheOrderOfTheirBits) {
     EXPECT_EQ(StatusNames(128 + 1 + 65536), "\r\nPaused\r\nOffline");
 }
 
-TEST(PointerToString, ReadsUpToTheFirstNulWithinTheLimit) {
+TEST(PointerToStringTest, ReadsUpToTheFirstNulWithinTheLimit) {
     const std::string text("abc\0def", 7);
     const std::span<const std::byte> data = std::as_bytes(std::span(text));
     EXPECT_EQ(PointerToString(text.data(), 128, data), "abc");
@@ -147,7 +147,7 @@ TEST(PointerToString, ReadsUpToTheFirstNulWithinTheLimit) {
     EXPECT_EQ(PointerToString(text.data() + 4, 128, data), "def");
 }
 
-TEST(PointerToString, PointerThatCannotBeReadIsTheEmptyText) {
+TEST(PointerToStringTest, PointerThatCannotBeReadIsTheEmptyText) {
     const std::string text = "abc";
     const std::span<const std::byte> data = std::as_bytes(std::span(text));
     EXPECT_EQ(PointerToString(nullptr, 128, data), "");
@@ -156,7 +156,7 @@ TEST(PointerToString, PointerThatCannotBeReadIsTheEmptyText) {
     EXPECT_EQ(PointerToString(reinterpret_cast<const char*>(std::uintptr_t{8}), 128, data), "");
 }
 
-TEST(HostilePrinterInfo, PointersOutsideTheDataAndHugeSizesDoNoHarm) {
+TEST(HostilePrinterInfoTest, PointersOutsideTheDataAndHugeSizesDoNoHarm) {
     StubSpooler stub;
     PrinterInfo info;
     stub.Info.pPrinterName = reinterpret_cast<char*>(std::uintptr_t{16});
@@ -169,7 +169,7 @@ TEST(HostilePrinterInfo, PointersOutsideTheDataAndHugeSizesDoNoHarm) {
     EXPECT_TRUE(GetPrinterInfo(stub, "Laser", info));
 }
 
-TEST(HostilePrinterInfo, TextWithoutNulEndsWithTheData) {
+TEST(HostilePrinterInfoTest, TextWithoutNulEndsWithTheData) {
     StubSpooler stub;
     PrinterInfo info;
     stub.InfoText = std::string(128, 'z'); // as many bytes as stand behind the record
@@ -177,7 +177,7 @@ TEST(HostilePrinterInfo, TextWithoutNulEndsWithTheData) {
     EXPECT_EQ(info.Comment, std::string(128, 'z'));
 }
 
-TEST(HostilePrinterInfo, FailedReadLeavesTheTextsEmpty) {
+TEST(HostilePrinterInfoTest, FailedReadLeavesTheTextsEmpty) {
     StubSpooler stub;
     PrinterInfo info;
     stub.InfoText = "x";

@@ -67,7 +67,7 @@ int InBands(std::string_view bank, int from, int to) {
     return CountRows(bank, [&](const Row& row) { return row.Band() >= from && row.Band() <= to; });
 }
 
-TEST(AccountRows, HaveThirtyEightCharactersAndTwoCommas) {
+TEST(AccountRowsTest, HaveThirtyEightCharactersAndTwoCommas) {
     for (int i = 0; i < RowCount; ++i) {
         const std::string_view row = AccountTable()[i];
         ASSERT_EQ(row.size(), 38U) << i;
@@ -77,7 +77,7 @@ TEST(AccountRows, HaveThirtyEightCharactersAndTwoCommas) {
     }
 }
 
-TEST(AccountRows, CarryTheAccountInTheIban) {
+TEST(AccountRowsTest, CarryTheAccountInTheIban) {
     for (const Row& row : Rows()) {
         ASSERT_EQ(row.account.find_first_not_of("0123456789"), std::string_view::npos) << row.account;
         ASSERT_EQ(row.iban.substr(0, 2), "NL");
@@ -85,14 +85,14 @@ TEST(AccountRows, CarryTheAccountInTheIban) {
     }
 }
 
-TEST(AccountRows, HaveValidIbans) {
+TEST(AccountRowsTest, HaveValidIbans) {
     for (const Row& row : Rows()) {
         ASSERT_TRUE(payment::IBANCheck(row.iban)) << row.iban;
         ASSERT_EQ(row.iban.substr(2, 2), CheckDigitsOf(row)) << row.iban;
     }
 }
 
-TEST(AccountRows, HaveTheBicOfTheirBank) {
+TEST(AccountRowsTest, HaveTheBicOfTheirBank) {
     for (const Row& row : Rows()) {
         ASSERT_EQ(row.bic, row.Bank() == "TEST" ? "TESTNL2A" : payment::BankCode2BIC("", row.Bank()))
             << row.iban;
@@ -100,7 +100,7 @@ TEST(AccountRows, HaveTheBicOfTheirBank) {
     }
 }
 
-TEST(AccountRows, PassTheElevenTestBehindTheGiroNumbers) {
+TEST(AccountRowsTest, PassTheElevenTestBehindTheGiroNumbers) {
     for (std::size_t i = LastGiroRow + 1; i < Rows().size(); ++i) {
         const Row& row = Rows()[i];
         ASSERT_TRUE(PassesElevenTest(row.account)) << row.account;
@@ -110,18 +110,18 @@ TEST(AccountRows, PassTheElevenTestBehindTheGiroNumbers) {
     }
 }
 
-TEST(AccountRows, FailTheElevenTestAmongTheGiroNumbersAsOftenAsTheyShould) {
+TEST(AccountRowsTest, FailTheElevenTestAmongTheGiroNumbersAsOftenAsTheyShould) {
     EXPECT_EQ(CountRows("INGB", [](const Row& row) { return !PassesElevenTest(row.account); }), 4531);
     EXPECT_EQ(CountRows("INGB", [](const Row& row) { return PassesElevenTest(row.account); }), 469);
 }
 
-TEST(AccountRows, BeginWithARowOutOfOrder) {
+TEST(AccountRowsTest, BeginWithARowOutOfOrder) {
     EXPECT_EQ(Rows()[0].Bank(), "RBRB");
     EXPECT_TRUE(PassesElevenTest(Rows()[0].account));
     EXPECT_GT(Rows()[0].account, Rows()[1].account);
 }
 
-TEST(AccountRows, AscendInBothGroups) {
+TEST(AccountRowsTest, AscendInBothGroups) {
     for (std::size_t i = 1; i < Rows().size(); ++i) {
         const bool giro = i <= LastGiroRow;
         ASSERT_EQ(Rows()[i].Bank() == "INGB", giro) << i;
@@ -131,7 +131,7 @@ TEST(AccountRows, AscendInBothGroups) {
     }
 }
 
-TEST(AccountRows, AreRepeatedInTwentyFourPlaces) {
+TEST(AccountRowsTest, AreRepeatedInTwentyFourPlaces) {
     int places = 0;
     int giroPlaces = 0;
     for (std::size_t i = 1; i < Rows().size(); ++i) {
@@ -150,7 +150,7 @@ TEST(AccountRows, AreRepeatedInTwentyFourPlaces) {
     EXPECT_EQ(different.size(), 22630U);
 }
 
-TEST(AccountRows, MixTheBanks) {
+TEST(AccountRowsTest, MixTheBanks) {
     const std::map<std::string_view, int> expected = {
         {"SNSB", 5572}, {"INGB", 5000}, {"RABO", 5000}, {"ABNA", 5000}, {"FRBK", 791}, {"ASNB", 467},
         {"RBRB", 285},  {"TRIO", 227},  {"FVLB", 202},  {"DEUT", 76},   {"STAL", 8},   {"ARSN", 6},
@@ -163,7 +163,7 @@ TEST(AccountRows, MixTheBanks) {
     EXPECT_EQ(found, expected);
 }
 
-TEST(AccountRows, LieInTheBandsOfTheirBank) {
+TEST(AccountRowsTest, LieInTheBandsOfTheirBank) {
     struct BandCount {
         std::string_view bank;
         int from;
@@ -190,7 +190,7 @@ TEST(AccountRows, LieInTheBandsOfTheirBank) {
     }
 }
 
-TEST(AccountRows, HaveGiroNumbersOfEachLength) {
+TEST(AccountRowsTest, HaveGiroNumbersOfEachLength) {
     const auto between = [](int from, int to) {
         return CountRows("INGB", [&](const Row& row) { return row.Number() >= from && row.Number() <= to; });
     };
@@ -200,7 +200,7 @@ TEST(AccountRows, HaveGiroNumbersOfEachLength) {
     EXPECT_EQ(between(100000, 433700), 3811);
 }
 
-TEST(AccountRows, HoldTheTestAccountAtItsPlace) {
+TEST(AccountRowsTest, HoldTheTestAccountAtItsPlace) {
     const auto isTest = [](const Row& row) { return row.Bank() == "TEST"; };
     const auto found = std::find_if(Rows().begin(), Rows().end(), isTest);
     ASSERT_NE(found, Rows().end());

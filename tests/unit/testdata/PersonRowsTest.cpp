@@ -49,7 +49,7 @@ int NamesWith(const std::string& part) {
     return CountRows([&](const Row& row) { return row.name.find(part) != std::string::npos; });
 }
 
-TEST(PersonRows, HaveTheirColumns) {
+TEST(PersonRowsTest, HaveTheirColumns) {
     for (const Row& row : Rows()) {
         ASSERT_EQ(row.text.size(), 148U);
         ASSERT_EQ(row.text[87], ' ');
@@ -59,7 +59,7 @@ TEST(PersonRows, HaveTheirColumns) {
     }
 }
 
-TEST(PersonRows, HaveNamesOfPlainLetters) {
+TEST(PersonRowsTest, HaveNamesOfPlainLetters) {
     const std::regex allowed("[A-Za-z .'/-]{10,61}");
     for (const Row& row : Rows()) {
         ASSERT_TRUE(std::regex_match(row.name, allowed)) << row.name;
@@ -68,7 +68,7 @@ TEST(PersonRows, HaveNamesOfPlainLetters) {
     EXPECT_EQ(CountRows([](const Row& row) { return row.name.size() == 10; }) > 0, true);
 }
 
-TEST(PersonRows, HaveTitlesInitialsAndSurnames) {
+TEST(PersonRowsTest, HaveTitlesInitialsAndSurnames) {
     EXPECT_EQ(CountRows([](const Row& row) { return row.name.starts_with("Mevr. "); }), 160);
     EXPECT_EQ(CountRows([](const Row& row) { return row.name.starts_with("Dhr. "); }), 87);
     const std::regex titled(R"((Mevr|Dhr)\. ([A-Z]\.)+ [A-Za-z].*)");
@@ -77,7 +77,7 @@ TEST(PersonRows, HaveTitlesInitialsAndSurnames) {
     EXPECT_EQ(CountRows([&](const Row& row) { return std::regex_match(row.name, untitled); }), 3);
 }
 
-TEST(PersonRows, HaveDoubleNamesAndCouples) {
+TEST(PersonRowsTest, HaveDoubleNamesAndCouples) {
     EXPECT_EQ(NamesWith(" - "), 156);
     EXPECT_EQ(NamesWith("e/o"), 30);
     EXPECT_EQ(NamesWith(" e/o "), 30);
@@ -90,7 +90,7 @@ TEST(PersonRows, HaveDoubleNamesAndCouples) {
     EXPECT_EQ(CountRows([](const Row& row) { return row.address.find("e/o") != std::string::npos; }), 0);
 }
 
-TEST(PersonRows, HavePostcodesOfOneRegion) {
+TEST(PersonRowsTest, HavePostcodesOfOneRegion) {
     std::set<std::string> different;
     for (const Row& row : Rows()) {
         ASSERT_TRUE(std::regex_match(row.postcode, std::regex("[0-9]{4} [A-Z]{2}"))) << row.postcode;
@@ -103,7 +103,7 @@ TEST(PersonRows, HavePostcodesOfOneRegion) {
     EXPECT_EQ(CountRows([](const Row& row) { return row.postcode.starts_with("98"); }), 1);
 }
 
-TEST(PersonRows, HaveStreetAndHouseNumber) {
+TEST(PersonRowsTest, HaveStreetAndHouseNumber) {
     const std::regex form("[A-Z][A-Za-z ]* [1-9][0-9]{0,2}(/A)?");
     for (const Row& row : Rows()) {
         ASSERT_TRUE(std::regex_match(row.address, form)) << row.address;
@@ -113,13 +113,13 @@ TEST(PersonRows, HaveStreetAndHouseNumber) {
     EXPECT_EQ(CountRows([](const Row& row) { return row.address.ends_with("/A"); }), 3);
 }
 
-TEST(PersonRows, HaveOnePlace) {
+TEST(PersonRowsTest, HaveOnePlace) {
     const std::string place = Rows()[0].place;
     EXPECT_TRUE(std::regex_match(place, std::regex("[A-Z]{10}"))) << place;
     EXPECT_EQ(CountRows([&](const Row& row) { return row.place == place; }), RowCount);
 }
 
-TEST(PersonRows, AreDifferentAndInNoOrder) {
+TEST(PersonRowsTest, AreDifferentAndInNoOrder) {
     std::set<std::string> different;
     for (const Row& row : Rows()) {
         different.insert(row.text);

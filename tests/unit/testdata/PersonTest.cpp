@@ -16,7 +16,7 @@ std::string RowOf(std::string name, std::string address) {
     return name + "9999 ZZ " + address + "TESTERWOLD";
 }
 
-TEST(SplitPerson, CutsTheColumns) {
+TEST(SplitPersonTest, CutsTheColumns) {
     const std::string row = RowOf("Dhr. A. Voorbeeld", "Proefweg 12");
     Person person;
     SplitPerson(row, person);
@@ -27,7 +27,7 @@ TEST(SplitPerson, CutsTheColumns) {
     EXPECT_EQ(person.woonplaats, "TESTERWOLD");
 }
 
-TEST(SplitPerson, SplitsACouple) {
+TEST(SplitPersonTest, SplitsACouple) {
     const std::string row = RowOf("Dhr. A. Voorbeeld e/o Mevr. B. Proef", "Proefweg 12");
     Person person;
     SplitPerson(row, person);
@@ -35,7 +35,7 @@ TEST(SplitPerson, SplitsACouple) {
     EXPECT_EQ(person.partner, "Mevr. B. Proef");
 }
 
-TEST(SplitPerson, SplitsAtTheFirstPlaceOnly) {
+TEST(SplitPersonTest, SplitsAtTheFirstPlaceOnly) {
     const std::string row = RowOf("A  e/o B e/o C", "Proefweg 12");
     Person person;
     SplitPerson(row, person);
@@ -43,14 +43,14 @@ TEST(SplitPerson, SplitsAtTheFirstPlaceOnly) {
     EXPECT_EQ(person.partner, "B e/o C");
 }
 
-TEST(SplitPerson, LosesTheCharacterBehindTheMark) {
+TEST(SplitPersonTest, LosesTheCharacterBehindTheMark) {
     const std::string row = RowOf("A e/oXB", "Proefweg 12");
     Person person;
     SplitPerson(row, person);
     EXPECT_EQ(person.partner, "B");
 }
 
-TEST(SplitPerson, KnowsTheMarkInSmallLettersAndInTheNameAlone) {
+TEST(SplitPersonTest, KnowsTheMarkInSmallLettersAndInTheNameAlone) {
     const std::string row = RowOf("Dhr. A. Voorbeeld E/O Mevr. B. Proef", "Huize e/o 12");
     Person person;
     SplitPerson(row, person);
@@ -58,7 +58,7 @@ TEST(SplitPerson, KnowsTheMarkInSmallLettersAndInTheNameAlone) {
     EXPECT_EQ(person.partner, "");
 }
 
-TEST(SplitPerson, ForgetsTheRowBefore) {
+TEST(SplitPersonTest, ForgetsTheRowBefore) {
     const std::string couple = RowOf("Dhr. A. Voorbeeld e/o Mevr. B. Proef", "Proefweg 12");
     Person person;
     SplitPerson(couple, person);
@@ -70,7 +70,7 @@ TEST(SplitPerson, ForgetsTheRowBefore) {
     EXPECT_EQ(person.woonplaats, "");
 }
 
-TEST(SplitPerson, StandsHostileRows) {
+TEST(SplitPersonTest, StandsHostileRows) {
     for (const std::string& row :
          {std::string("e/o"), std::string(77, 'x') + "e/o", std::string(78, 'x') + "e/o",
           std::string(100000, 'e'), std::string(148, '\xFF'), std::string(148, '\0'),
@@ -86,7 +86,7 @@ TEST(SplitPerson, StandsHostileRows) {
     EXPECT_EQ(person.partner, "");
 }
 
-TEST(SplitPerson, SplitsThirtyCouplesOfTheTable) {
+TEST(SplitPersonTest, SplitsThirtyCouplesOfTheTable) {
     int couples = 0;
     Person person;
     for (int i = 0; i < 250; ++i) {

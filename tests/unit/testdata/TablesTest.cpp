@@ -11,7 +11,7 @@
 namespace testdata {
 namespace {
 
-TEST(Tables, HaveEmptyRowsBehindTheFilledOnes) {
+TEST(TablesTest, HaveEmptyRowsBehindTheFilledOnes) {
     EXPECT_EQ(AccountTable().FilledRows(), 22654);
     EXPECT_EQ(PersonTable().FilledRows(), 250);
     EXPECT_NE(AccountTable()[22653], "");
@@ -21,7 +21,7 @@ TEST(Tables, HaveEmptyRowsBehindTheFilledOnes) {
     EXPECT_EQ(PersonTable()[250], "");
 }
 
-TEST(Tables, RefuseAnIndexOutsideTheirBounds) {
+TEST(TablesTest, RefuseAnIndexOutsideTheirBounds) {
     const auto errorOf = [](const base::TextTable& table, std::int32_t index) {
         try {
             table[index];

@@ -44,7 +44,7 @@ std::vector<std::int32_t> NumbersWithoutAccount(int count) {
     return numbers;
 }
 
-TEST(DrawTestDocument, TakesThePersonsInTableOrder) {
+TEST(DrawTestDocumentTest, TakesThePersonsInTableOrder) {
     const HeldClock clock;
     machine::SeededRandom random(1);
     DrawForms(250, {random, clock}, [](const DrawState& state, const TestDocument& document) {
@@ -59,7 +59,7 @@ TEST(DrawTestDocument, TakesThePersonsInTableOrder) {
     });
 }
 
-TEST(DrawTestDocument, HasBlankPayersBehindTheLastPerson) {
+TEST(DrawTestDocumentTest, HasBlankPayersBehindTheLastPerson) {
     const HeldClock clock;
     machine::SeededRandom random(1);
     DrawForms(30000, {random, clock}, [](const DrawState& state, const TestDocument& document) {
@@ -76,7 +76,7 @@ TEST(DrawTestDocument, HasBlankPayersBehindTheLastPerson) {
     });
 }
 
-TEST(DrawTestDocument, KeepsTheRowWhereTheTableEnds) {
+TEST(DrawTestDocumentTest, KeepsTheRowWhereTheTableEnds) {
     const HeldClock clock;
     ListedRandom random({0.5});
     const std::string rows =
@@ -91,7 +91,7 @@ TEST(DrawTestDocument, KeepsTheRowWhereTheTableEnds) {
     EXPECT_EQ(state.Volgnummer, 4);
 }
 
-TEST(DrawTestDocument, NumbersTheDocuments) {
+TEST(DrawTestDocumentTest, NumbersTheDocuments) {
     const HeldClock clock;
     machine::SeededRandom random(1);
     std::string last;
@@ -104,7 +104,7 @@ TEST(DrawTestDocument, NumbersTheDocuments) {
     EXPECT_EQ(last, "00000251");
 }
 
-TEST(DrawTestDocument, DrawsRowsOneToTwentyTwoThousandFiveHundred) {
+TEST(DrawTestDocumentTest, DrawsRowsOneToTwentyTwoThousandFiveHundred) {
     const HeldClock clock;
     const auto ibanFor = [&](double value) {
         ListedRandom random({value, 0.5, 0.5});
@@ -120,7 +120,7 @@ TEST(DrawTestDocument, DrawsRowsOneToTwentyTwoThousandFiveHundred) {
     EXPECT_EQ(ibanFor(1.5 / 22500), AccountTable()[2].substr(11));
 }
 
-TEST(DrawTestDocument, SeedsFromTheClockBeforeEachDraw) {
+TEST(DrawTestDocumentTest, SeedsFromTheClockBeforeEachDraw) {
     const HeldClock clock;
     ListedRandom random({0.1, 0.2, 0.3});
     DrawState state;
@@ -133,7 +133,7 @@ TEST(DrawTestDocument, SeedsFromTheClockBeforeEachDraw) {
     EXPECT_EQ(document.cent, "30");  // 0.3 x 98 + 1
 }
 
-TEST(DrawTestDocument, LeavesTheAccountOutOnEveryTwentySixthForm) {
+TEST(DrawTestDocumentTest, LeavesTheAccountOutOnEveryTwentySixthForm) {
     EXPECT_EQ(NumbersWithoutAccount(100), (std::vector<std::int32_t>{32, 58, 84}));
     const std::vector<std::int32_t> first = {32, 58, 84, 110, 136, 162, 188, 214, 240};
     EXPECT_EQ(NumbersWithoutAccount(250), first);
@@ -145,7 +145,7 @@ TEST(DrawTestDocument, LeavesTheAccountOutOnEveryTwentySixthForm) {
     EXPECT_EQ(second[10], 249 + 48 + 1);
 }
 
-TEST(DrawTestDocument, DrawsAgainForTheNextRun) {
+TEST(DrawTestDocumentTest, DrawsAgainForTheNextRun) {
     const HeldClock clock;
     machine::SeededRandom random(1);
     const auto batch = [&] {
@@ -159,7 +159,7 @@ TEST(DrawTestDocument, DrawsAgainForTheNextRun) {
     EXPECT_NE(preview, batch());
 }
 
-TEST(DrawTestDocument, SpreadsItsValuesEvenlyUnderAClockThatStands) {
+TEST(DrawTestDocumentTest, SpreadsItsValuesEvenlyUnderAClockThatStands) {
     const HeldClock clock;
     machine::SeededRandom random(1);
     std::set<std::string_view> accounts;
@@ -178,7 +178,7 @@ TEST(DrawTestDocument, SpreadsItsValuesEvenlyUnderAClockThatStands) {
     EXPECT_LT(sameShare, 150); // euros and cents do not hang together
 }
 
-TEST(SplitAccount, ReadsOddRowsOfATableAsFarAsTheyGo) {
+TEST(SplitAccountTest, ReadsOddRowsOfATableAsFarAsTheyGo) {
     const HeldClock clock;
     ListedRandom random({0});
     DrawState state;
@@ -209,7 +209,7 @@ TEST(SplitAccountDeathTest, StopsTheProgramOnAWrongTable) {
     EXPECT_DEATH(DrawTestDocument(state, {random, clock, PersonTable(), accounts}, document), "");
 }
 
-TEST(TrekEuro, GoesFromOneToNineHundredNinetyEight) {
+TEST(TrekEuroTest, GoesFromOneToNineHundredNinetyEight) {
     const HeldClock clock;
     const auto euro = [&](double value) {
         ListedRandom random({value});
@@ -221,7 +221,7 @@ TEST(TrekEuro, GoesFromOneToNineHundredNinetyEight) {
     EXPECT_EQ(euro(0.9999999999999999), "998");
 }
 
-TEST(TrekCent, GoesFromOneToNinetyEightInTwoDigits) {
+TEST(TrekCentTest, GoesFromOneToNinetyEightInTwoDigits) {
     const HeldClock clock;
     const auto cent = [&](double value) {
         ListedRandom random({value});
@@ -233,7 +233,7 @@ TEST(TrekCent, GoesFromOneToNinetyEightInTwoDigits) {
     EXPECT_EQ(cent(0.9999999999999999), "98");
 }
 
-TEST(SeededRandom, StaysWithinItsRangeWhateverItsSeed) {
+TEST(SeededRandomTest, StaysWithinItsRangeWhateverItsSeed) {
     machine::SeededRandom random(7);
     for (const double seed : {0.0, 86399.999, -1.0, 1e300}) {
         random.Randomize(seed);
@@ -245,7 +245,7 @@ TEST(SeededRandom, StaysWithinItsRangeWhateverItsSeed) {
     }
 }
 
-TEST(SeededRandom, GivesTheSameSeriesFromTheSameStartAndSeeds) {
+TEST(SeededRandomTest, GivesTheSameSeriesFromTheSameStartAndSeeds) {
     machine::SeededRandom one(7);
     machine::SeededRandom other(7);
     one.Randomize(43215.25);

@@ -3,9 +3,9 @@
 namespace wizard {
 namespace {
 
-class EntryFields : public WizardTest {};
+class EntryFieldsTest : public WizardTest {};
 
-TEST_F(EntryFields, AnEmptyAccountPassesOnLeaving) {
+TEST_F(EntryFieldsTest, AnEmptyAccountPassesOnLeaving) {
     Start();
     form->MoveFocus(form->UserText(74));
     form->MoveFocus(form->UserText(70));
@@ -13,7 +13,7 @@ TEST_F(EntryFields, AnEmptyAccountPassesOnLeaving) {
     EXPECT_EQ(form->UserText(74).Text(), "");
 }
 
-TEST_F(EntryFields, TabbingShowsTheBareAccountSelectedAndItsScreenFormAfterwards) {
+TEST_F(EntryFieldsTest, TabbingShowsTheBareAccountSelectedAndItsScreenFormAfterwards) {
     Set("IncassantBankGiro", "123456789");
     Start();
     EXPECT_EQ(form->UserText(74).Text(), "12.34.56.789");
@@ -30,7 +30,7 @@ TEST_F(EntryFields, TabbingShowsTheBareAccountSelectedAndItsScreenFormAfterwards
     EXPECT_EQ(account.Text(), "12.34.56.789");
 }
 
-TEST_F(EntryFields, TheFirstFocusSelectsAndALaterClickDoesNot) {
+TEST_F(EntryFieldsTest, TheFirstFocusSelectsAndALaterClickDoesNot) {
     Set("IncassantBegunstigde", "Naam");
     Set("IncassantAdres", "Adres");
     Start();
@@ -42,7 +42,7 @@ TEST_F(EntryFields, TheFirstFocusSelectsAndALaterClickDoesNot) {
     EXPECT_EQ(form->UserText(70).SelLength(), 0);
 }
 
-TEST_F(EntryFields, AClickLeavesTheCaretWhereItIs) {
+TEST_F(EntryFieldsTest, AClickLeavesTheCaretWhereItIs) {
     Set("IncassantAdres", "Adres 12");
     Start();
     form->UserText(71).Select(3, 4);
@@ -51,14 +51,14 @@ TEST_F(EntryFields, AClickLeavesTheCaretWhereItIs) {
     EXPECT_EQ(form->UserText(71).SelLength(), 0);
 }
 
-TEST_F(EntryFields, TabbingInLeavesTheMarkOfTheFirstFocus) {
+TEST_F(EntryFieldsTest, TabbingInLeavesTheMarkOfTheFirstFocus) {
     memory.desktop.PressKey(forms::key::Tab);
     Start();
     memory.desktop.ReleaseKey(forms::key::Tab);
     EXPECT_TRUE(form->FirstFocus);
 }
 
-TEST_F(EntryFields, TheArrowsStepTheCountUpToAThousand) {
+TEST_F(EntryFieldsTest, TheArrowsStepTheCountUpToAThousand) {
     Start();
     GoToPrinting();
     form->UpDown.UserStep(1);
@@ -71,7 +71,7 @@ TEST_F(EntryFields, TheArrowsStepTheCountUpToAThousand) {
     EXPECT_EQ(form->UserText(0).Text(), "1");
 }
 
-TEST_F(EntryFields, CancelWithAWrongAccountBringsTheMessageAndIsLost) {
+TEST_F(EntryFieldsTest, CancelWithAWrongAccountBringsTheMessageAndIsLost) {
     Start();
     Type(74, "123456780");
     form->Cancel.UserClick();
@@ -83,7 +83,7 @@ TEST_F(EntryFields, CancelWithAWrongAccountBringsTheMessageAndIsLost) {
     EXPECT_FALSE(form->Visible());
 }
 
-TEST_F(EntryFields, EscapeAndTheCloseBoxDoNotJudgeTheAccount) {
+TEST_F(EntryFieldsTest, EscapeAndTheCloseBoxDoNotJudgeTheAccount) {
     for (const bool byKey : {true, false}) {
         Start();
         Type(74, "123456780");
@@ -97,7 +97,7 @@ TEST_F(EntryFields, EscapeAndTheCloseBoxDoNotJudgeTheAccount) {
     }
 }
 
-TEST_F(EntryFields, EnterWithAWrongAccountTellsItOnce) {
+TEST_F(EntryFieldsTest, EnterWithAWrongAccountTellsItOnce) {
     Start();
     Type(74, "123456780");
     form->UserKey(forms::key::Enter);
@@ -106,7 +106,7 @@ TEST_F(EntryFields, EnterWithAWrongAccountTellsItOnce) {
     EXPECT_EQ(form->ActiveControl(), &form->UserText(74));
 }
 
-TEST_F(EntryFields, VerderWithAWrongAccountTellsItOnce) {
+TEST_F(EntryFieldsTest, VerderWithAWrongAccountTellsItOnce) {
     Start();
     Type(74, "123456780");
     form->Verder.UserClick();
@@ -116,7 +116,7 @@ TEST_F(EntryFields, VerderWithAWrongAccountTellsItOnce) {
     EXPECT_EQ(form->Page, 1);
 }
 
-TEST_F(EntryFields, AnAcceptedAccountIsShownInItsScreenForm) {
+TEST_F(EntryFieldsTest, AnAcceptedAccountIsShownInItsScreenForm) {
     Start();
     Type(74, "NL13abna0500000018");
     form->MoveFocus(form->UserText(70));
@@ -125,14 +125,14 @@ TEST_F(EntryFields, AnAcceptedAccountIsShownInItsScreenForm) {
     EXPECT_EQ(form->UserText(74).Text(), "NL13ABNA0500000018");
 }
 
-TEST_F(EntryFields, TheCountTakesFourDigits) {
+TEST_F(EntryFieldsTest, TheCountTakesFourDigits) {
     Start();
     GoToPrinting();
     Type(0, "a-1b23\b456x7");
     EXPECT_EQ(form->UserText(0).Text(), "1245");
 }
 
-TEST_F(EntryFields, TheCreditorsBoxesTakeEveryKeyUpToTheirLength) {
+TEST_F(EntryFieldsTest, TheCreditorsBoxesTakeEveryKeyUpToTheirLength) {
     Start();
     const std::pair<int, std::size_t> limits[] = {{70, 60}, {71, 60}, {72, 9}, {73, 60}, {74, 34}};
     for (const auto& [box, limit] : limits) {
@@ -147,14 +147,14 @@ TEST_F(EntryFields, TheCreditorsBoxesTakeEveryKeyUpToTheirLength) {
     EXPECT_EQ(form->UserText(70).Text(), "éł-");
 }
 
-TEST_F(EntryFields, AFilterChangesAKeyOnItsWayIntoTheBox) {
+TEST_F(EntryFieldsTest, AFilterChangesAKeyOnItsWayIntoTheBox) {
     Start();
     form->UserText(71).SetTag(" NumTeken");
     Type(71, "a1,5.x");
     EXPECT_EQ(form->UserText(71).Text(), "1.5.");
 }
 
-TEST_F(EntryFields, TheirLengthHoldsForTheSettingsToo) {
+TEST_F(EntryFieldsTest, TheirLengthHoldsForTheSettingsToo) {
     const std::string name = std::string(59, 'N') + "éN";
     Set("IncassantBegunstigde", name);
     Set("IncassantAdres", std::string(61, 'A'));
@@ -170,7 +170,7 @@ TEST_F(EntryFields, TheirLengthHoldsForTheSettingsToo) {
     EXPECT_EQ(state.IncassantBegunstigde, name) << "on screen alone";
 }
 
-TEST_F(EntryFields, HaveTheirPlaceInTheTabOrder) {
+TEST_F(EntryFieldsTest, HaveTheirPlaceInTheTabOrder) {
     Start();
     const std::pair<int, int> order[] = {{70, 0}, {71, 1}, {72, 2}, {73, 3}, {74, 4}, {0, 40}};
     for (const auto& [box, index] : order) {

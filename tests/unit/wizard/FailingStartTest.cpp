@@ -3,11 +3,11 @@
 namespace wizard {
 namespace {
 
-class FailingStart : public WizardTest, public testing::WithParamInterface<const char*> {};
+class FailingStartTest : public WizardTest, public testing::WithParamInterface<const char*> {};
 
 // Whichever call of the machine fails while the program starts, its first page stands there with what could
 // be read, and says nothing about it.
-TEST_P(FailingStart, GoesOnWithTheNextStep) {
+TEST_P(FailingStartTest, GoesOnWithTheNextStep) {
     Set("IncassantBegunstigde", "Naam");
     Set("GMUFontName", "OCR-B");
     InstallPrinter();
@@ -21,7 +21,7 @@ TEST_P(FailingStart, GoesOnWithTheNextStep) {
     EXPECT_LT(memory.recorder.Left(GetParam()), 2) << "no call failed";
 }
 
-INSTANTIATE_TEST_SUITE_P(Calls, FailingStart,
+INSTANTIATE_TEST_SUITE_P(Calls, FailingStartTest,
                          testing::Values("Printers", "ReadOrientation", "MeasureText", "ScaleWidth",
                                          "ScaleHeight", "GetDeviceCaps", "GetLocaleInfoA", "RegCloseKey",
                                          "RegSetValueExA"));

@@ -64,10 +64,10 @@ const std::vector<HostileValue>& HostileValues() {
     return values;
 }
 
-class HostileSettings : public WizardTest, public testing::WithParamInterface<HostileValue> {};
+class HostileSettingsTest : public WizardTest, public testing::WithParamInterface<HostileValue> {};
 
 // The documents are asked for as the print manager does it; a run that ends has drawn what could be drawn.
-TEST_P(HostileSettings, LeaveTheProgramWholeWhicheverSettingHoldsIt) {
+TEST_P(HostileSettingsTest, LeaveTheProgramWholeWhicheverSettingHoldsIt) {
     memory::PrintQueue queue;
     queue.Name = "Laser";
     memory.InstallPrinter(queue);
@@ -104,7 +104,7 @@ TEST_P(HostileSettings, LeaveTheProgramWholeWhicheverSettingHoldsIt) {
     }
 }
 
-INSTANTIATE_TEST_SUITE_P(Values, HostileSettings, testing::ValuesIn(HostileValues()),
+INSTANTIATE_TEST_SUITE_P(Values, HostileSettingsTest, testing::ValuesIn(HostileValues()),
                          [](const auto& value) { return std::string(value.param.Name); });
 
 } // namespace

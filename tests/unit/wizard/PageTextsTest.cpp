@@ -105,9 +105,9 @@ TEST_P(PageTextsTest, StandToTheLetter) {
 INSTANTIATE_TEST_SUITE_P(Pages, PageTextsTest, testing::ValuesIn(AllPages()),
                          [](const auto& page) { return "Page" + std::to_string(page.param.Page); });
 
-using Heading = WizardTest;
+using HeadingTest = WizardTest;
 
-TEST_F(Heading, AndButtonsHaveTheirTexts) {
+TEST_F(HeadingTest, AndButtonsHaveTheirTexts) {
     Start();
     EXPECT_EQ(form->lblHeading.Caption(), "Drukkeuring IBAN-acceptgiroformulieren");
     EXPECT_EQ(form->Terug.Caption(), "< &Terug");

@@ -5,9 +5,9 @@
 namespace wizard {
 namespace {
 
-class PrintCommand : public WizardTest {
+class PrintCommandTest : public WizardTest {
   protected:
-    PrintCommand() {
+    PrintCommandTest() {
         memory.desktop.OnModal = [this](forms::Form& opened) {
             modal.push_back(opened.Name());
             if (WhileOpen) {
@@ -23,9 +23,9 @@ class PrintCommand : public WizardTest {
 
 constexpr const char* NothingToPrint = "Er valt niets af te drukken, geef eerst het aantal acceptgiro's in.";
 
-class NoCount : public PrintCommand, public testing::WithParamInterface<const char*> {};
+class NoCountTest : public PrintCommandTest, public testing::WithParamInterface<const char*> {};
 
-TEST_P(NoCount, IsRefused) {
+TEST_P(NoCountTest, IsRefused) {
     InstallPrinter();
     Start();
     GoToPrinting();
@@ -37,9 +37,9 @@ TEST_P(NoCount, IsRefused) {
     EXPECT_TRUE(modal.empty());
 }
 
-INSTANTIATE_TEST_SUITE_P(Cases, NoCount, testing::Values("", "0", "abc", "-1", "0.0", ",5"));
+INSTANTIATE_TEST_SUITE_P(Cases, NoCountTest, testing::Values("", "0", "abc", "-1", "0.0", ",5"));
 
-TEST_F(PrintCommand, RefusesMoreThan30000) {
+TEST_F(PrintCommandTest, RefusesMoreThan30000) {
     Start();
     GoToPrinting();
     form->UserText(0).SetMaxLength(0); // no user can type as much
@@ -50,7 +50,7 @@ TEST_F(PrintCommand, RefusesMoreThan30000) {
 }
 
 // A part of a form is more than nothing, and the run then rounds it to none.
-TEST_F(PrintCommand, TakesAFraction) {
+TEST_F(PrintCommandTest, TakesAFraction) {
     InstallPrinter();
     Start();
     GoToPrinting();
@@ -59,7 +59,7 @@ TEST_F(PrintCommand, TakesAFraction) {
     EXPECT_EQ(modal, std::vector<std::string>{"frmPrintManager"});
 }
 
-TEST_F(PrintCommand, TakesExactly30000) {
+TEST_F(PrintCommandTest, TakesExactly30000) {
     Start();
     GoToPrinting();
     form->UserText(0).SetMaxLength(0);
@@ -68,7 +68,7 @@ TEST_F(PrintCommand, TakesExactly30000) {
     EXPECT_EQ(modal, std::vector<std::string>{"frmPrintManager"});
 }
 
-TEST_F(PrintCommand, ARunThatBreaksOffLeavesNothingForTheNextDocument) {
+TEST_F(PrintCommandTest, ARunThatBreaksOffLeavesNothingForTheNextDocument) {
     Set("AcceptgiroType", "3"); // a sheet for each form
     InstallPrinter();
     Start();
@@ -100,7 +100,7 @@ TEST_F(PrintCommand, ARunThatBreaksOffLeavesNothingForTheNextDocument) {
     EXPECT_EQ(pages.back(), 1);
 }
 
-TEST_F(PrintCommand, NamesTheDocumentsAndTheCaller) {
+TEST_F(PrintCommandTest, NamesTheDocumentsAndTheCaller) {
     InstallPrinter();
     Start();
     GoToPrinting();
@@ -122,7 +122,7 @@ TEST_F(PrintCommand, NamesTheDocumentsAndTheCaller) {
     EXPECT_EQ(form->Page, 3);
 }
 
-TEST_F(PrintCommand, DoesNothingWhileThePrintManagerIsOpen) {
+TEST_F(PrintCommandTest, DoesNothingWhileThePrintManagerIsOpen) {
     InstallPrinter();
     Start();
     GoToPrinting();
@@ -132,7 +132,7 @@ TEST_F(PrintCommand, DoesNothingWhileThePrintManagerIsOpen) {
 }
 
 // No window for the manager, or a failure of any other kind while it is open.
-TEST_F(PrintCommand, OpensThePrintManagerAfterOneThatFailed) {
+TEST_F(PrintCommandTest, OpensThePrintManagerAfterOneThatFailed) {
     InstallPrinter();
     Start();
     GoToPrinting();
@@ -149,7 +149,7 @@ TEST_F(PrintCommand, OpensThePrintManagerAfterOneThatFailed) {
     EXPECT_EQ(modal.size(), 2U);
 }
 
-TEST_F(PrintCommand, PrintsTheBatchThroughThePrintManager) {
+TEST_F(PrintCommandTest, PrintsTheBatchThroughThePrintManager) {
     Set("AcceptgiroType", "1");
     InstallPrinter();
     int ends = 0;

@@ -6,9 +6,9 @@
 namespace wizard {
 namespace {
 
-class StartUp : public WizardTest {};
+class StartUpTest : public WizardTest {};
 
-TEST_F(StartUp, OpensWithAnEmptyStore) {
+TEST_F(StartUpTest, OpensWithAnEmptyStore) {
     frmMain& main = Start();
     EXPECT_EQ(main.Caption(), "Ondor Drukkeuring 3.0");
     EXPECT_EQ(VisiblePage(), 0);
@@ -29,7 +29,7 @@ TEST_F(StartUp, OpensWithAnEmptyStore) {
     EXPECT_TRUE(main.Verder.Enabled());
 }
 
-TEST_F(StartUp, SetsTheFixedFields) {
+TEST_F(StartUpTest, SetsTheFixedFields) {
     Start();
     EXPECT_EQ(state.Blank, " ");
     EXPECT_EQ(state.CrLf, "\r\n");
@@ -44,7 +44,7 @@ TEST_F(StartUp, SetsTheFixedFields) {
     EXPECT_EQ(memory.desktop.MousePointer(), forms::PointerDefault);
 }
 
-TEST_F(StartUp, WorksWithoutTheKeyOfItsSettings) {
+TEST_F(StartUpTest, WorksWithoutTheKeyOfItsSettings) {
     memory.registry.RemoveKey(SettingsPath);
     Start();
     EXPECT_EQ(VisiblePage(), 0);
@@ -53,7 +53,7 @@ TEST_F(StartUp, WorksWithoutTheKeyOfItsSettings) {
     EXPECT_TRUE(MessageTexts().empty());
 }
 
-TEST_F(StartUp, WorksWithoutAPrinter) {
+TEST_F(StartUpTest, WorksWithoutAPrinter) {
     Start();
     EXPECT_EQ(state.PageWidth, 0);
     EXPECT_EQ(state.PageHeight, 0);
@@ -63,7 +63,7 @@ TEST_F(StartUp, WorksWithoutAPrinter) {
     EXPECT_TRUE(MessageTexts().empty());
 }
 
-TEST_F(StartUp, MeasuresThePrinter) {
+TEST_F(StartUpTest, MeasuresThePrinter) {
     InstallPrinter();
     Start();
     EXPECT_EQ(state.PageWidth, 4760 * 1440 / 600);
@@ -72,14 +72,14 @@ TEST_F(StartUp, MeasuresThePrinter) {
     EXPECT_EQ(state.LineHeight, 12 * 24);
 }
 
-TEST_F(StartUp, KeepsAStoredOrientationAndUsesPortrait) {
+TEST_F(StartUpTest, KeepsAStoredOrientationAndUsesPortrait) {
     Set("PrinterOrientation", "2");
     Start();
     EXPECT_EQ(Stored("PrinterOrientation"), "2");
     EXPECT_EQ(state.PrinterOrientation, 1);
 }
 
-TEST_F(StartUp, ReplacesAnOrientationOfZero) {
+TEST_F(StartUpTest, ReplacesAnOrientationOfZero) {
     Set("PrinterOrientation", "liggend");
     Start();
     EXPECT_EQ(Stored("PrinterOrientation"), "1");
@@ -90,16 +90,16 @@ struct FontSizeCase {
     const char* Field;
 };
 
-class FontSize : public WizardTest, public testing::WithParamInterface<FontSizeCase> {};
+class FontSizeTest : public WizardTest, public testing::WithParamInterface<FontSizeCase> {};
 
-TEST_P(FontSize, FollowsTheRangeRuleAndLeavesTheStoreAlone) {
+TEST_P(FontSizeTest, FollowsTheRangeRuleAndLeavesTheStoreAlone) {
     Set("GMUFontSize", GetParam().Setting);
     Start();
     EXPECT_EQ(state.GMUFontSize, GetParam().Field);
     EXPECT_EQ(Stored("GMUFontSize"), GetParam().Setting);
 }
 
-INSTANTIATE_TEST_SUITE_P(Cases, FontSize,
+INSTANTIATE_TEST_SUITE_P(Cases, FontSizeTest,
                          testing::Values(FontSizeCase{"0", "12"}, FontSizeCase{"-3", "12"},
                                          FontSizeCase{"49", "12"}, FontSizeCase{"48", "48"},
                                          FontSizeCase{"48.5", "12"}, FontSizeCase{"12,5", "12,5"},
@@ -110,16 +110,16 @@ struct ContractCase {
     const char* Text;
 };
 
-class Contract : public WizardTest, public testing::WithParamInterface<ContractCase> {};
+class ContractTest : public WizardTest, public testing::WithParamInterface<ContractCase> {};
 
-TEST_P(Contract, IsShownByItsText) {
+TEST_P(ContractTest, IsShownByItsText) {
     Set("GMUContractVorm", GetParam().Setting);
     EXPECT_EQ(Start().lblContractsoort.Caption(), GetParam().Text);
 }
 
 constexpr const char* NoContract = "Er is (nog) geen contractsoort ingesteld.";
 INSTANTIATE_TEST_SUITE_P(
-    Cases, Contract,
+    Cases, ContractTest,
     testing::Values(
         ContractCase{"1", "Contract A"}, ContractCase{" 2 ", "Contract B"}, ContractCase{"3", NoContract},
         ContractCase{"30", NoContract}, ContractCase{"31", "C-contract - Blanco acceptgiro"},
@@ -135,9 +135,9 @@ struct OverruleCase {
     bool Result;
 };
 
-class Overrule : public WizardTest, public testing::WithParamInterface<OverruleCase> {};
+class OverruleTest : public WizardTest, public testing::WithParamInterface<OverruleCase> {};
 
-TEST_P(Overrule, CountsOnlyWithoutSettingsPerDocument) {
+TEST_P(OverruleTest, CountsOnlyWithoutSettingsPerDocument) {
     if (GetParam().UseSpecific != nullptr) {
         Set("UseSpecificPrinterSettings", GetParam().UseSpecific);
     }
@@ -146,12 +146,12 @@ TEST_P(Overrule, CountsOnlyWithoutSettingsPerDocument) {
     EXPECT_EQ(state.OverrulePaperSize, GetParam().Result);
 }
 
-INSTANTIATE_TEST_SUITE_P(Cases, Overrule,
+INSTANTIATE_TEST_SUITE_P(Cases, OverruleTest,
                          testing::Values(OverruleCase{nullptr, "1", false}, OverruleCase{"1", "1", false},
                                          OverruleCase{"0", "1", true}, OverruleCase{"0", "0", false},
                                          OverruleCase{"", "1", false}));
 
-TEST_F(StartUp, ReadsASingleNulAsEmpty) {
+TEST_F(StartUpTest, ReadsASingleNulAsEmpty) {
     Set("GMUFontName", std::string(1, '\0'));
     Set("IncassantBegunstigde", std::string(1, '\0'));
     Start();
@@ -159,7 +159,7 @@ TEST_F(StartUp, ReadsASingleNulAsEmpty) {
     EXPECT_EQ(form->UserText(70).Text(), "");
 }
 
-TEST_F(StartUp, ShowsTheCreditor) {
+TEST_F(StartUpTest, ShowsTheCreditor) {
     Set("IncassantBegunstigde", "  Stichting Voorbeeld ");
     Set("IncassantAdres", " Dorpsweg 1");
     Set("IncassantPostCode", "1234 ab ");
@@ -177,7 +177,7 @@ TEST_F(StartUp, ShowsTheCreditor) {
     EXPECT_TRUE(state.IncassantAfdrukken);
 }
 
-TEST_F(StartUp, ReadsEachCalibrationFromItsOwnKey) {
+TEST_F(StartUpTest, ReadsEachCalibrationFromItsOwnKey) {
     struct Arrays {
         const char* Stem;
         state::Calibration state::AppState::*X;
@@ -220,7 +220,7 @@ TEST_F(StartUp, ReadsEachCalibrationFromItsOwnKey) {
     }
 }
 
-TEST_F(StartUp, KeepsTheServiceNumberUntrimmed) {
+TEST_F(StartUpTest, KeepsTheServiceNumberUntrimmed) {
     Set("GMUServiceNr", " 12 ");
     Set("GMUCode", " 34 ");
     Set("GMUFontName", " OCR-B ");
@@ -230,14 +230,14 @@ TEST_F(StartUp, KeepsTheServiceNumberUntrimmed) {
     EXPECT_EQ(state.GMUFontName, "OCR-B");
 }
 
-TEST_F(StartUp, ReadsTheRegionalSettings) {
+TEST_F(StartUpTest, ReadsTheRegionalSettings) {
     Start();
     EXPECT_EQ(state.CurrencySymbol, "€");
     EXPECT_EQ(state.MonetaryDecimal, ",");
     EXPECT_EQ(state.MonetaryThousand, ".");
 }
 
-TEST_F(StartUp, TakesOnlyNumberOneForTrue) {
+TEST_F(StartUpTest, TakesOnlyNumberOneForTrue) {
     Set("GMUVerkeer", "1");
     Set("MatrixPrinter", "ja");
     Set("IncassantAfdrukken", "11");
@@ -247,7 +247,7 @@ TEST_F(StartUp, TakesOnlyNumberOneForTrue) {
     EXPECT_FALSE(state.IncassantAfdrukken);
 }
 
-TEST_F(StartUp, RenewsTheCalibrationAndLeavesTheCreditor) {
+TEST_F(StartUpTest, RenewsTheCalibrationAndLeavesTheCreditor) {
     Set("OCRLinks0", "1,00");
     Set("AcceptgiroType", "1");
     Set("IncassantBegunstigde", "Eerst");
@@ -263,7 +263,7 @@ TEST_F(StartUp, RenewsTheCalibrationAndLeavesTheCreditor) {
     EXPECT_EQ(form->UserText(70).Text(), "Eerst");
 }
 
-TEST(LeesLocaleTekst, IsEmptyForAnItemThatFails) {
+TEST(LeesLocaleTekstTest, IsEmptyForAnItemThatFails) {
     struct Broken : machine::Locale {
         int calls = 0;
         int failAt;

@@ -33,13 +33,13 @@ std::set<int> Codes(std::string_view characters) {
     return codes;
 }
 
-TEST(ToetsFilter, TelephoneTakesASmallMButNoCapital) {
+TEST(ToetsFilterTest, TelephoneTakesASmallMButNoCapital) {
     EXPECT_EQ(Passing("TELEFOON"), Codes("\b0123456789 +-().m"));
     EXPECT_EQ(Filtered('m', "TELEFOON"), 'm');
     EXPECT_EQ(Filtered('M', "TELEFOON"), 0);
 }
 
-TEST(ToetsFilter, NumbersAndDatesTakeDigitsAndBackspaceAlone) {
+TEST(ToetsFilterTest, NumbersAndDatesTakeDigitsAndBackspaceAlone) {
     for (const char* kind : {"NUMERIEK", "NUMERIEK/VOLLEDIG", "DATUM", "DATUM/VOLLEDIG"}) {
         EXPECT_EQ(Passing(kind), Codes("\b0123456789")) << kind;
     }
@@ -47,14 +47,14 @@ TEST(ToetsFilter, NumbersAndDatesTakeDigitsAndBackspaceAlone) {
     EXPECT_EQ(Filtered('/', "DATUM"), 0);
 }
 
-TEST(ToetsFilter, NumtekenTurnsACommaIntoAPoint) {
+TEST(ToetsFilterTest, NumtekenTurnsACommaIntoAPoint) {
     EXPECT_EQ(Passing("NUMTEKEN"), Codes("\b0123456789.,"));
     EXPECT_EQ(Filtered(',', "NUMTEKEN"), '.');
     EXPECT_EQ(Filtered('.', "NUMTEKEN"), '.');
     EXPECT_EQ(Filtered('7', "NUMTEKEN"), '7');
 }
 
-TEST(ToetsFilter, AlphaTakesAccentsAndNoDigits) {
+TEST(ToetsFilterTest, AlphaTakesAccentsAndNoDigits) {
     std::set<int> expected = Codes("\b-' .ABCDEFGHIJKLMNOPQRSTUVWXYZabcdefghijklmnopqrstuvwxyz");
     for (int code = 128; code < 256; ++code) {
         expected.insert(code);
@@ -64,7 +64,7 @@ TEST(ToetsFilter, AlphaTakesAccentsAndNoDigits) {
     EXPECT_EQ(Filtered('5', "ALPHA"), 0);
 }
 
-TEST(ToetsFilter, AnyOtherKindPassesEverything) {
+TEST(ToetsFilterTest, AnyOtherKindPassesEverything) {
     for (const char* kind : {"", "postcode", "NUMERIEK/ANDERS"}) {
         EXPECT_EQ(Passing(kind).size(), 65535U) << kind;
     }
@@ -72,13 +72,13 @@ TEST(ToetsFilter, AnyOtherKindPassesEverything) {
     EXPECT_EQ(Filtered(8217, ""), 8217);
 }
 
-TEST(ToetsFilter, ComparesTheKindInCapitalsAndTrimmed) {
+TEST(ToetsFilterTest, ComparesTheKindInCapitalsAndTrimmed) {
     EXPECT_EQ(Filtered('a', "numeriek"), 0);
     EXPECT_EQ(Filtered('a', "  NumerieK "), 0);
     EXPECT_EQ(Filtered('1', "numeriek"), '1');
 }
 
-TEST(ToetsFilter, LeavesItsArgumentAsItIs) {
+TEST(ToetsFilterTest, LeavesItsArgumentAsItIs) {
     std::int16_t key = ',';
     ToetsFilter(key, "NUMTEKEN");
     EXPECT_EQ(key, ',');

@@ -3,9 +3,9 @@
 namespace wizard {
 namespace {
 
-class WizardFlow : public WizardTest {};
+class WizardFlowTest : public WizardTest {};
 
-TEST_F(WizardFlow, LeavesPage0WithAnEmptyAccount) {
+TEST_F(WizardFlowTest, LeavesPage0WithAnEmptyAccount) {
     Start().Verder.UserClick();
     EXPECT_EQ(form->Page, 1);
     EXPECT_EQ(VisiblePage(), 1);
@@ -13,7 +13,7 @@ TEST_F(WizardFlow, LeavesPage0WithAnEmptyAccount) {
     EXPECT_TRUE(MessageTexts().empty());
 }
 
-TEST_F(WizardFlow, CopiesTheCreditor) {
+TEST_F(WizardFlowTest, CopiesTheCreditor) {
     Start();
     Type(70, " Naam ");
     Type(71, "Adres 1");
@@ -29,7 +29,7 @@ TEST_F(WizardFlow, CopiesTheCreditor) {
     EXPECT_EQ(state.IncassantBankGiro, "NL13ABNA0500000018");
 }
 
-TEST_F(WizardFlow, StaysOnPage0WithAWrongAccountAndHasCopiedTheRest) {
+TEST_F(WizardFlowTest, StaysOnPage0WithAWrongAccountAndHasCopiedTheRest) {
     Start();
     Type(70, "Naam");
     Type(71, "Straat 1");
@@ -52,7 +52,7 @@ TEST_F(WizardFlow, StaysOnPage0WithAWrongAccountAndHasCopiedTheRest) {
     EXPECT_FALSE(form->Terug.Enabled());
 }
 
-TEST_F(WizardFlow, AsksForAProcedure) {
+TEST_F(WizardFlowTest, AsksForAProcedure) {
     Start().Verder.UserClick();
     form->Verder.UserClick();
     EXPECT_EQ(form->Page, 1);
@@ -60,7 +60,7 @@ TEST_F(WizardFlow, AsksForAProcedure) {
               Information("U heeft nog geen keuze gemaakt omtrent de te volgen procedure."));
 }
 
-TEST_F(WizardFlow, AsksForTheSizeOfTheBatch) {
+TEST_F(WizardFlowTest, AsksForTheSizeOfTheBatch) {
     Start().Verder.UserClick();
     form->optProcedure(0).UserClick();
     form->Verder.UserClick();
@@ -70,7 +70,7 @@ TEST_F(WizardFlow, AsksForTheSizeOfTheBatch) {
                                   "U heeft nog geen keuze gemaakt omtrent de omvang van de testpartij."});
 }
 
-TEST_F(WizardFlow, ShortProcedureSkipsPage2) {
+TEST_F(WizardFlowTest, ShortProcedureSkipsPage2) {
     Start().Verder.UserClick();
     form->optProcedure(1).UserClick();
     form->Verder.UserClick();
@@ -88,9 +88,9 @@ TEST_F(WizardFlow, ShortProcedureSkipsPage2) {
     EXPECT_EQ(form->UserText(0).Text(), "5");
 }
 
-class BatchSizes : public WizardTest, public testing::WithParamInterface<std::pair<int, const char*>> {};
+class BatchSizesTest : public WizardTest, public testing::WithParamInterface<std::pair<int, const char*>> {};
 
-TEST_P(BatchSizes, GeneralProcedure) {
+TEST_P(BatchSizesTest, GeneralProcedure) {
     Start();
     GoToPrinting(GetParam().first);
     EXPECT_EQ(form->Page, 3);
@@ -101,10 +101,10 @@ TEST_P(BatchSizes, GeneralProcedure) {
     EXPECT_TRUE(form->optTestpartij(GetParam().first).Value());
 }
 
-INSTANTIATE_TEST_SUITE_P(Cases, BatchSizes,
+INSTANTIATE_TEST_SUITE_P(Cases, BatchSizesTest,
                          testing::Values(std::pair{0, "250"}, std::pair{1, "250"}, std::pair{2, "100"}));
 
-TEST_F(WizardFlow, WhatIsTypedOnTheLastPageReplacesTheCount) {
+TEST_F(WizardFlowTest, WhatIsTypedOnTheLastPageReplacesTheCount) {
     Start();
     for (const int size : {0, 2}) {
         GoToPrinting(size);
@@ -119,7 +119,7 @@ TEST_F(WizardFlow, WhatIsTypedOnTheLastPageReplacesTheCount) {
     }
 }
 
-TEST_F(WizardFlow, ShowsTheNewPageBeforeItHidesTheOldOne) {
+TEST_F(WizardFlowTest, ShowsTheNewPageBeforeItHidesTheOldOne) {
     Start();
     std::vector<int> visible;
     memory.desktop.OnControlChanged = [&](const forms::Control& control, forms::Aspect aspect) {
@@ -132,7 +132,7 @@ TEST_F(WizardFlow, ShowsTheNewPageBeforeItHidesTheOldOne) {
     EXPECT_EQ(visible, (std::vector{1, -1, 0, -1}));
 }
 
-TEST_F(WizardFlow, ChangesFromTheGeneralToTheShortProcedure) {
+TEST_F(WizardFlowTest, ChangesFromTheGeneralToTheShortProcedure) {
     Start();
     GoToPrinting(0);
     form->Terug.UserClick();
@@ -147,7 +147,7 @@ TEST_F(WizardFlow, ChangesFromTheGeneralToTheShortProcedure) {
     EXPECT_EQ(form->Page, 1);
 }
 
-TEST_F(WizardFlow, DisablesTerugOnThePageItStartsOn) {
+TEST_F(WizardFlowTest, DisablesTerugOnThePageItStartsOn) {
     Start().Verder.UserClick();
     form->Terug.UserClick();
     EXPECT_EQ(form->Page, 0);
@@ -157,7 +157,7 @@ TEST_F(WizardFlow, DisablesTerugOnThePageItStartsOn) {
     EXPECT_EQ(form->ActiveControl(), &form->Verder) << "the button beside it, not the one that closes";
 }
 
-TEST_F(WizardFlow, ClosesWithItsButtonAndWithEscape) {
+TEST_F(WizardFlowTest, ClosesWithItsButtonAndWithEscape) {
     Start().Cancel.UserClick();
     EXPECT_FALSE(form->Loaded());
     EXPECT_TRUE(session.OpenForms().empty());
@@ -166,7 +166,7 @@ TEST_F(WizardFlow, ClosesWithItsButtonAndWithEscape) {
     EXPECT_FALSE(form->Loaded());
 }
 
-TEST_F(WizardFlow, StaysWhileThePrintManagerIsOpen) {
+TEST_F(WizardFlowTest, StaysWhileThePrintManagerIsOpen) {
     Start();
     state.PrintManagerOpen = true;
     form->Cancel.UserClick();
@@ -176,7 +176,7 @@ TEST_F(WizardFlow, StaysWhileThePrintManagerIsOpen) {
     EXPECT_TRUE(form->UserClose());
 }
 
-TEST_F(WizardFlow, WritesNothingOnClosing) {
+TEST_F(WizardFlowTest, WritesNothingOnClosing) {
     Start();
     Type(70, "Gewijzigd");
     int writes = 0;
@@ -188,7 +188,7 @@ TEST_F(WizardFlow, WritesNothingOnClosing) {
     EXPECT_EQ(writes, 0);
 }
 
-TEST_F(WizardFlow, EnterGoesForwardAndOnTheLastPagePrints) {
+TEST_F(WizardFlowTest, EnterGoesForwardAndOnTheLastPagePrints) {
     Start();
     form->UserKey(forms::key::Enter);
     EXPECT_EQ(form->Page, 1);

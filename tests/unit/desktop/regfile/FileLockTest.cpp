@@ -16,7 +16,7 @@ std::function<int()> beforeLocking;
 
 } // namespace
 
-// NOLINTBEGIN(bugprone-reserved-identifier,cert-dcl37-c,cert-dcl51-cpp): the linker's names (--wrap)
+// NOLINTBEGIN(bugprone-reserved-identifier,readability-identifier-naming): the linker's names (--wrap)
 extern "C" {
 
 int __real_flock(int descriptor, int operation);
@@ -29,7 +29,7 @@ int __wrap_flock(int descriptor, int operation) {
 }
 
 } // extern "C"
-// NOLINTEND(bugprone-reserved-identifier,cert-dcl37-c,cert-dcl51-cpp)
+// NOLINTEND(bugprone-reserved-identifier,readability-identifier-naming)
 
 namespace {
 

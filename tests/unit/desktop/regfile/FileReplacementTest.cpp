@@ -30,7 +30,7 @@ Lacks lacks;
 
 } // namespace
 
-// NOLINTBEGIN(bugprone-reserved-identifier,cert-dcl37-c,cert-dcl51-cpp): the linker's names (--wrap)
+// NOLINTBEGIN(bugprone-reserved-identifier,readability-identifier-naming): the linker's names (--wrap)
 extern "C" {
 
 int __real_open(const char* path, int flags, ...);
@@ -70,7 +70,7 @@ int __wrap_fchmod(int descriptor, mode_t mode) {
 }
 
 } // extern "C"
-// NOLINTEND(bugprone-reserved-identifier,cert-dcl37-c,cert-dcl51-cpp)
+// NOLINTEND(bugprone-reserved-identifier,readability-identifier-naming)
 
 namespace {
 
