@@ -14,13 +14,13 @@ namespace {
 constexpr double StartSize = 240; // twips
 constexpr int TimerInterval = 5;  // milliseconds
 
-/// Where the pictures of a style stand: consecutive images from `first` on fill the looks from `firstLook`
+/// Where the pictures of a style stand: consecutive images from `First` on fill the looks from `FirstLook`
 /// on.
 struct StylePictures {
-    const ImageList& list;
-    int first;
-    std::int16_t style;
-    std::int16_t firstLook;
+    const ImageList& List;
+    int First;
+    std::int16_t Style;
+    std::int16_t FirstLook;
 };
 
 constexpr StylePictures StyleTable[] = {
@@ -106,13 +106,13 @@ void cmdButtonXP::UpdateLook() {
 void cmdButtonXP::LoadStylePictures() {
     const auto found =
         std::find_if(std::begin(StyleTable), std::end(StyleTable),
-                     [this](const StylePictures& pictures) { return pictures.style == iButtonStyle_; });
+                     [this](const StylePictures& pictures) { return pictures.Style == iButtonStyle_; });
     if (found != std::end(StyleTable)) {
-        for (std::int16_t look = found->firstLook; look <= LookDown; ++look) {
+        for (std::int16_t look = found->FirstLook; look <= LookDown; ++look) {
             pictButtonXP_[static_cast<std::size_t>(look)] =
-                found->list.Picture(found->first + look - found->firstLook);
+                found->List.Picture(found->First + look - found->FirstLook);
         }
-        pictureSize_ = found->list.ImageSize;
+        pictureSize_ = found->List.ImageSize;
     }
     Move(Left(), Top(), pictureSize_, pictureSize_);
 }

@@ -15,8 +15,8 @@ constexpr std::int32_t EntryProcedures = 9;
 
 /// A dispatch that is running, with the owner that it reports to. Nested ones form a chain.
 struct Running {
-    MsgHook* owner;
-    Running* outer;
+    MsgHook* Owner;
+    Running* Outer;
 };
 
 /// Lives from the first hook to the end of the process, and never shrinks.
@@ -33,10 +33,10 @@ HookEntry& At(std::int32_t slot) {
     return HookTable[static_cast<std::size_t>(slot - 1)];
 }
 
-template <std::int32_t slot>
+template <std::int32_t Number>
 std::intptr_t WINDOW_CALL EntryProc(machine::WindowHandle hWnd, std::int32_t uMsg, std::intptr_t wParam,
                                     std::intptr_t lParam) {
-    return HookDispatch(slot, hWnd, uMsg, wParam, lParam);
+    return HookDispatch(Number, hWnd, uMsg, wParam, lParam);
 }
 
 constexpr std::array<machine::WindowProcedure, EntryProcedures> ProcedureOfEntry = {
@@ -72,12 +72,12 @@ bool IsWatched(const HookEntry& entry, std::int32_t message) {
 class Dispatching {
   public:
     explicit Dispatching(MsgHook* owner) : self_{owner, running} { running = &self_; }
-    ~Dispatching() { running = self_.outer; }
+    ~Dispatching() { running = self_.Outer; }
     Dispatching(const Dispatching&) = delete;
     Dispatching& operator=(const Dispatching&) = delete;
 
     /// nullptr once the owner is gone.
-    MsgHook* Owner() const { return self_.owner; }
+    MsgHook* Owner() const { return self_.Owner; }
 
   private:
     Running self_;
@@ -120,7 +120,7 @@ std::int32_t HookWindow(machine::WindowProcedures& procedures, MsgHook& lOwner, 
         }
         entry.lEntryProc = machine::AddressOf(OverflowProc);
     }
-    entry.procedures = &procedures;
+    entry.Procedures = &procedures;
     entry.lFilterCount = static_cast<std::int32_t>(messages.size());
     entry.blnBucket = buckets;
     entry.colExact = std::move(exact);
@@ -135,14 +135,14 @@ std::intptr_t HookDispatch(std::int32_t slot, machine::WindowHandle hWnd, std::i
     const HookEntry& entry = At(slot);
     const Dispatching dispatching(entry.lOwner);
     // A handler may give the slot to another window: what this message replaces is what it met.
-    const auto callReplaced = [&, procedures = entry.procedures, lOldProc = entry.lOldProc] {
+    const auto callReplaced = [&, procedures = entry.Procedures, lOldProc = entry.lOldProc] {
         return procedures->CallWindowProcA(lOldProc, hWnd, uMsg, wParam, lParam);
     };
     // A slot without an owner is still entered where somebody hooked the same window later and put it back.
     if (dispatching.Owner() == nullptr || !IsWatched(entry, uMsg)) {
         return callReplaced();
     }
-    const auto raise = [procedures = entry.procedures](const auto& handler) {
+    const auto raise = [procedures = entry.Procedures](const auto& handler) {
         try {
             handler();
         } catch (const std::exception&) {
@@ -172,7 +172,7 @@ void ReleaseSlot(std::int32_t slot) {
     }
     HookEntry& entry = At(slot);
     const Dispatching lockTable(nullptr);
-    entry.procedures->SetWindowLongA(entry.hWnd, machine::GWL_WNDPROC, entry.lOldProc);
+    entry.Procedures->SetWindowLongA(entry.hWnd, machine::GWL_WNDPROC, entry.lOldProc);
     entry.lOwner = nullptr;
     entry.blnBucket.reset();
     entry.colExact.clear();
@@ -182,9 +182,9 @@ void ReleaseSlot(std::int32_t slot) {
 }
 
 void ForgetOwner(const MsgHook& lOwner) {
-    for (Running* one = running; one != nullptr; one = one->outer) {
-        if (one->owner == &lOwner) {
-            one->owner = nullptr;
+    for (Running* one = running; one != nullptr; one = one->Outer) {
+        if (one->Owner == &lOwner) {
+            one->Owner = nullptr;
         }
     }
 }

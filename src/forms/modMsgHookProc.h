@@ -21,7 +21,7 @@ namespace modMsgHookProc {
 inline constexpr std::uint32_t BucketCount = 257;
 
 struct HookEntry {
-    machine::WindowProcedures* procedures = nullptr;
+    machine::WindowProcedures* Procedures = nullptr;
     machine::WindowHandle hWnd = 0;           ///< kept after release
     MsgHook* lOwner = nullptr;                ///< not owned; nullptr: the slot is free
     machine::ProcedureAddress lOldProc = 0;   ///< the procedure that was replaced

@@ -36,7 +36,7 @@ struct WithoutHandler {
     std::initializer_list<std::string_view> Calls;
 };
 
-const WithoutHandler withoutHandler[] = {
+const WithoutHandler CallsWithoutHandler[] = {
     // The manager comes up as far as its load got, so that it can be closed.
     {"click frmMain.cmdPrinten", {"Printers", "Item", "DeviceName", "Copies", CallCreateWindow}},
     // It is not there.
@@ -52,10 +52,11 @@ const WithoutHandler withoutHandler[] = {
 };
 
 bool MayPass(const UntrappedError& error) {
-    return std::any_of(std::begin(withoutHandler), std::end(withoutHandler), [&](const WithoutHandler& row) {
-        return error.Step.starts_with(row.Step) &&
-               std::find(row.Calls.begin(), row.Calls.end(), error.Call) != row.Calls.end();
-    });
+    return std::any_of(
+        std::begin(CallsWithoutHandler), std::end(CallsWithoutHandler), [&](const WithoutHandler& row) {
+            return error.Step.starts_with(row.Step) &&
+                   std::find(row.Calls.begin(), row.Calls.end(), error.Call) != row.Calls.end();
+        });
 }
 
 bool SamePaperAndBin(const memory::QueueDefaults& a, const memory::QueueDefaults& b) {

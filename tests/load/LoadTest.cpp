@@ -47,8 +47,8 @@ TEST(LoadTest, ManyFormsWithMostCopies) {
 }
 
 TEST(LoadTest, AllOfManyPrintersCanBeChosen) {
-    constexpr int Many = 200;
-    LoadedProgram program(Many);
+    constexpr int many = 200;
+    LoadedProgram program(many);
     std::set<std::string> asked;
     program.Memory.recorder.Sink = [&](const memory::Event& event) {
         for (const memory::EventField& field : event.Fields) {
@@ -58,10 +58,10 @@ TEST(LoadTest, AllOfManyPrintersCanBeChosen) {
         }
     };
     program.ChooseEachPrinter();
-    EXPECT_EQ(asked.size(), static_cast<std::size_t>(Many));
+    EXPECT_EQ(asked.size(), static_cast<std::size_t>(many));
     // Who shows a printer's details keeps its handle until the program ends: the first one's, and one for
     // each choice.
-    EXPECT_EQ(program.Memory.spooler.OpenHandles(), static_cast<std::size_t>(Many + 1));
+    EXPECT_EQ(program.Memory.spooler.OpenHandles(), static_cast<std::size_t>(many + 1));
 }
 
 // An opening asks the printer that it selects, however many there are.
@@ -81,31 +81,31 @@ TEST(LoadTest, AnOpeningAsksAsManyQuestionsWithManyPrintersAsWithOne) {
 
 // Of the long name the stub takes what fits, and the rest of the form has it whole.
 TEST(LoadTest, ALongCreditorIsDrawn) {
-    constexpr int Length = 10000;
-    constexpr int Forms = 30;
-    LoadedProgram program(1, std::string(Length, 'a'));
-    program.Print(Forms);
-    ExpectForms(program, Forms);
-    EXPECT_GE(program.Printer.Canvas.Bytes, Length * Forms);
-    EXPECT_LT(program.Printer.Canvas.Bytes, 2 * Length * Forms);
+    constexpr int length = 10000;
+    constexpr int forms = 30;
+    LoadedProgram program(1, std::string(length, 'a'));
+    program.Print(forms);
+    ExpectForms(program, forms);
+    EXPECT_GE(program.Printer.Canvas.Bytes, length * forms);
+    EXPECT_LT(program.Printer.Canvas.Bytes, 2 * length * forms);
 }
 
 // Who stores a setting keeps the handle of its key until the program ends, once for each opening.
 TEST(LoadTest, ThousandOpeningsLeaveTheHandleOfASettingEachAndNothingElse) {
-    constexpr std::size_t Openings = 1000;
-    constexpr std::size_t BytesOfAHandle = 256;
+    constexpr std::size_t openings = 1000;
+    constexpr std::size_t bytesOfAHandle = 256;
     LoadedProgram program;
     program.OpenManager();
     program.OpenManager();
     const std::size_t bytes = support::AllocatedBytes();
     const std::size_t settings = program.Memory.registry.OpenHandles();
     const std::size_t printers = program.Memory.spooler.OpenHandles();
-    for (std::size_t i = 0; i < Openings; ++i) {
+    for (std::size_t i = 0; i < openings; ++i) {
         program.OpenManager();
     }
-    EXPECT_EQ(program.Memory.registry.OpenHandles(), settings + Openings);
+    EXPECT_EQ(program.Memory.registry.OpenHandles(), settings + openings);
     EXPECT_EQ(program.Memory.spooler.OpenHandles(), printers);
-    EXPECT_LE(support::AllocatedBytes(), bytes + Openings * BytesOfAHandle);
+    EXPECT_LE(support::AllocatedBytes(), bytes + openings * bytesOfAHandle);
     program.Print(3);
     ExpectForms(program, 3);
 }

@@ -7,7 +7,7 @@
 namespace desktop::regfile {
 namespace {
 
-constexpr std::string_view utf16Mark("\xFF\xFE", 2);
+constexpr std::string_view Utf16Mark("\xFF\xFE", 2);
 constexpr std::string_view Utf8Mark = "\xEF\xBB\xBF";
 constexpr char NotAscii = '\x80';
 
@@ -97,9 +97,9 @@ std::string FromUtf16(std::string_view bytes) {
 }
 
 Encoding::Encoding(std::string_view file) {
-    if (file.starts_with(utf16Mark)) {
+    if (file.starts_with(Utf16Mark)) {
         characters_ = Characters::Utf16;
-        start_ = utf16Mark.size();
+        start_ = Utf16Mark.size();
         width_ = 2;
     } else if (file.starts_with(Utf8Mark)) {
         start_ = Utf8Mark.size();

@@ -125,18 +125,18 @@ INSTANTIATE_TEST_SUITE_P(, DefaultsTest, testing::Bool(),
 class EndedTest : public QueuesTest, public testing::WithParamInterface<int> {};
 
 TEST_P(EndedTest, ByASignalTheRunLeavesTheUsersFileAsItIs) {
-    constexpr const char* Found = "Dest  Kantoor x-afdeling=4";
-    WriteUserFile(Found);
+    constexpr const char* found = "Dest  Kantoor x-afdeling=4";
+    WriteUserFile(found);
     QProcess run;
     run.start(QCoreApplication::applicationFilePath(), {"--print-and-wait"});
     ASSERT_TRUE(Server.Job(1)); // the document is out, the manager still open
     EXPECT_EQ(Server.Job(1)->Options["InputSlot"], "Tray3");
-    EXPECT_EQ(UserFile().toStdString(), Found);
+    EXPECT_EQ(UserFile().toStdString(), found);
     EXPECT_EQ(kill(static_cast<pid_t>(run.processId()), GetParam()), 0);
     ASSERT_TRUE(run.waitForFinished());
     EXPECT_EQ(run.exitStatus(),
               GetParam() == SIGKILL || GetParam() == SIGQUIT ? QProcess::CrashExit : QProcess::NormalExit);
-    EXPECT_EQ(UserFile().toStdString(), Found);
+    EXPECT_EQ(UserFile().toStdString(), found);
 }
 
 INSTANTIATE_TEST_SUITE_P(, EndedTest, testing::Values(SIGTERM, SIGINT, SIGHUP, SIGKILL, SIGQUIT),

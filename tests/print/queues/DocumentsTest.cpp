@@ -26,8 +26,8 @@ class DocumentsTest : public QueuesTest, public testing::WithParamInterface<Prin
   protected:
     /// Every word of the one file stands in the other, on its page and at its place.
     void ExpectSameWords(const QString& arrived, const QString& drawn) {
-        constexpr double Margin = 18 / 72.0 * 25.4; // of the queue; the PDF printer has none
-        constexpr double Tolerance = 0.01;          // millimetres
+        constexpr double margin = 18 / 72.0 * 25.4; // of the queue; the PDF printer has none
+        constexpr double tolerance = 0.01;          // millimetres
         EXPECT_EQ(pdf::Info(arrived, "Pages"), pdf::Info(drawn, "Pages"));
         const std::vector<pdf::Word> words = pdf::Words(arrived);
         const std::vector<pdf::Word> expected = pdf::Words(drawn);
@@ -37,10 +37,10 @@ class DocumentsTest : public QueuesTest, public testing::WithParamInterface<Prin
             SCOPED_TRACE(expected[i].Text);
             EXPECT_EQ(words[i].Text, expected[i].Text);
             EXPECT_EQ(words[i].Page, expected[i].Page);
-            EXPECT_NEAR(words[i].Left, expected[i].Left + Margin, Tolerance);
-            EXPECT_NEAR(words[i].Top, expected[i].Top + Margin, Tolerance);
-            EXPECT_NEAR(words[i].Right, expected[i].Right + Margin, Tolerance);
-            EXPECT_NEAR(words[i].Bottom, expected[i].Bottom + Margin, Tolerance);
+            EXPECT_NEAR(words[i].Left, expected[i].Left + margin, tolerance);
+            EXPECT_NEAR(words[i].Top, expected[i].Top + margin, tolerance);
+            EXPECT_NEAR(words[i].Right, expected[i].Right + margin, tolerance);
+            EXPECT_NEAR(words[i].Bottom, expected[i].Bottom + margin, tolerance);
         }
     }
 

@@ -190,8 +190,8 @@ TEST_F(ServerTest, APausedQueueTakesTheDocumentAndKeepsIt) {
 }
 
 TEST_F(ServerTest, APrinterWithoutPaperShowsNoStatusAndPrintsWhenThereIsPaper) {
-    constexpr std::uint32_t PaperOut = 16;
-    constexpr std::uint32_t Offline = 128;
+    constexpr std::uint32_t paperOut = 16;
+    constexpr std::uint32_t offline = 128;
     OpenFirst([&] {
         Program->Pick(0, "Leeg");
         EXPECT_EQ(Label(5), "Ready");
@@ -202,8 +202,8 @@ TEST_F(ServerTest, APrinterWithoutPaperShowsNoStatusAndPrintsWhenThereIsPaper) {
         EXPECT_TRUE(queue->ReachableNow());
         return queue->Status();
     };
-    EXPECT_TRUE(window::WaitFor([&] { return (status() & PaperOut) != 0; }));
-    EXPECT_EQ(status() & Offline, Offline);
+    EXPECT_TRUE(window::WaitFor([&] { return (status() & paperOut) != 0; }));
+    EXPECT_EQ(status() & offline, offline);
     Program->OpenManager([&] {
         Program->OpenDetails();
         Program->Pick(0, "Leeg");
