@@ -136,9 +136,9 @@ void KeepNumbers(CupsMedia& media, MediaNumbers& numbers) {
 
 void NumberMedia(CupsMedia& media) {
     // More than any printer has; beyond it the numbers would leave 16 bits.
-    constexpr std::size_t Most = 8192;
-    media.Papers.resize(std::min(media.Papers.size(), Most));
-    media.Bins.resize(std::min(media.Bins.size(), Most));
+    constexpr std::size_t most = 8192;
+    media.Papers.resize(std::min(media.Papers.size(), most));
+    media.Bins.resize(std::min(media.Bins.size(), most));
     GiveNumbers(media.Papers);
     GiveNumbers(media.Bins);
 }

@@ -118,8 +118,8 @@ FoundQueues FindCupsQueues(const std::shared_ptr<CupsServer>& server) {
     IppMessage answer;
     // Once more where the connection fails, unless that took all patience: for want of a list the program
     // would take the PDF printer for the user's, now and at the next start.
-    constexpr int Tries = 2;
-    for (int tries = 0; !found.Answered && tries < Tries; ++tries) {
+    constexpr int most = 2;
+    for (int tries = 0; !found.Answered && tries < most; ++tries) {
         const CupsConnection connection = server->Connect();
         if (connection != nullptr) {
             answer = Ask(connection.get(), RequestFor(IPP_OP_CUPS_GET_PRINTERS, ""));
@@ -159,10 +159,10 @@ CupsQueue::CupsQueue(std::shared_ptr<CupsServer> server, CupsAttributes attribut
       uri_(ValueOf(attributes, "printer-uri-supported")), known_(std::move(attributes)) {}
 
 bool CupsQueue::HasNewMedia(const CupsAttributes& attributes) const {
-    constexpr const char* Changed = "printer-config-change-time";
-    const std::string changed = ValueOf(attributes, Changed);
-    return media_.Papers.empty() || changed.empty() || changed != ValueOf(known_, Changed) ||
-           NumberOf(attributes, "printer-up-time") - NumberOf(attributes, Changed) < UnsettledSeconds;
+    constexpr const char* changeTime = "printer-config-change-time";
+    const std::string changed = ValueOf(attributes, changeTime);
+    return media_.Papers.empty() || changed.empty() || changed != ValueOf(known_, changeTime) ||
+           NumberOf(attributes, "printer-up-time") - NumberOf(attributes, changeTime) < UnsettledSeconds;
 }
 
 bool CupsQueue::Reachable() {

@@ -23,7 +23,7 @@ CupsMedia TwoOfEach() {
     return media;
 }
 
-TEST(CupsChoice, FindsPaperAndBinUnderEachName) {
+TEST(CupsChoiceTest, FindsPaperAndBinUnderEachName) {
     const CupsMedia media = TwoOfEach();
     const Paper* const a4 = &media.Papers[0];
     const Paper* const legal = &media.Papers[1];
@@ -47,7 +47,7 @@ TEST(CupsChoice, FindsPaperAndBinUnderEachName) {
     }
 }
 
-TEST(CupsChoice, NamesNothingForAStandIn) {
+TEST(CupsChoiceTest, NamesNothingForAStandIn) {
     Paper paper;
     paper.PwgMedia = "iso_a4_210x297mm";
     paper.StandIn = true;
@@ -57,7 +57,7 @@ TEST(CupsChoice, NamesNothingForAStandIn) {
     EXPECT_TRUE(BinOptions(bin).empty());
 }
 
-TEST(CupsChoice, FindsAMadeUpSizeByItsSides) {
+TEST(CupsChoiceTest, FindsAMadeUpSizeByItsSides) {
     CupsMedia media;
     media.IsByPpd = true;
     media.CustomSizes = {{{1440, 1440}, {20000, 20000}}};
@@ -74,7 +74,7 @@ TEST(CupsChoice, FindsAMadeUpSizeByItsSides) {
 
 constexpr std::array<const char*, 3> TwoSided = {"two-sided-long-edge", "DuplexTumble", "True"};
 
-TEST(CupsChoice, SaysWhatTheDocumentNeedsWhateverTheUserAndTheServerHave) {
+TEST(CupsChoiceTest, SaysWhatTheDocumentNeedsWhateverTheUserAndTheServerHave) {
     CupsMedia media = TwoOfEach();
     media.IsByPpd = true;
     media.PlainChoices = {{"Duplex", "None"}, {"EFDuplex", "False"}};
@@ -120,7 +120,7 @@ TEST(CupsChoice, SaysWhatTheDocumentNeedsWhateverTheUserAndTheServerHave) {
                            {"job-account-id", "7"}}));
 }
 
-TEST(CupsChoice, DescribesTheSheetAndItsBinToAQueueWithoutAPpd) {
+TEST(CupsChoiceTest, DescribesTheSheetAndItsBinToAQueueWithoutAPpd) {
     const CupsMedia media = TwoOfEach();
     Paper own;
     own.PwgMedia = PwgKeyword(FormSheet);
@@ -133,7 +133,7 @@ TEST(CupsChoice, DescribesTheSheetAndItsBinToAQueueWithoutAPpd) {
     EXPECT_FALSE(options.contains("media")); // no keyword that every server knows
 }
 
-TEST(CupsChoice, NamesNoBinWhereThePrinterChooses) {
+TEST(CupsChoiceTest, NamesNoBinWhereThePrinterChooses) {
     CupsMedia media = TwoOfEach();
     media.IsByPpd = true;
     Bin printers;
@@ -146,7 +146,7 @@ TEST(CupsChoice, NamesNoBinWhereThePrinterChooses) {
     EXPECT_FALSE(options.contains("media-source"));
 }
 
-TEST(CupsChoice, LeavesTheUsersPaperAndBinToAQueueThatTellsNone) {
+TEST(CupsChoiceTest, LeavesTheUsersPaperAndBinToAQueueThatTellsNone) {
     CupsMedia media;
     Paper paper;
     paper.StandIn = true;

@@ -28,7 +28,7 @@ void AddKeywords(const Answer& answer, const char* name, const std::array<const 
                   keywords.data());
 }
 
-TEST(MediaOfQueue, ListsPapersAndBinsOfAQueueWithoutAPpd) {
+TEST(MediaOfQueueTest, ListsPapersAndBinsOfAQueueWithoutAPpd) {
     const Answer answer(ippNew());
     AddKeywords<7>(answer, "media-supported",
                    {"na_legal_8.5x14in", "iso_a4_210x297mm", "custom_min_10x10mm", "custom_max_500x500mm",
@@ -68,7 +68,7 @@ TEST(MediaOfQueue, ListsPapersAndBinsOfAQueueWithoutAPpd) {
     EXPECT_EQ(media.DefaultBin, media.Bins[2].Id);
 }
 
-TEST(MediaOfAttributes, TakesNoBinForTheDefaultThatTheQueueDoesNotTell) {
+TEST(MediaOfAttributesTest, TakesNoBinForTheDefaultThatTheQueueDoesNotTell) {
     const auto presetOf = [](const std::array<const char*, 2>& sources) {
         const Answer answer(ippNew());
         AddKeywords<2>(answer, "media-source-supported", sources);
@@ -103,7 +103,7 @@ void AddSizes(const Answer& answer, const char* name, const std::vector<std::vec
     }
 }
 
-TEST(MediaOfQueue, OffersTheFormsSheetWhereTheRangesOfSizesTakeIt) {
+TEST(MediaOfQueueTest, OffersTheFormsSheetWhereTheRangesOfSizesTakeIt) {
     const auto offers = [](int leastHeight, int mostHeight) {
         const Answer answer(ippNew());
         AddKeywords<1>(answer, "media-supported", {"iso_a4_210x297mm"});
@@ -118,7 +118,7 @@ TEST(MediaOfQueue, OffersTheFormsSheetWhereTheRangesOfSizesTakeIt) {
     EXPECT_FALSE(offers(30481, 35560));
 }
 
-TEST(MediaOfQueue, HasTheMarginsOfEachPaperFromTheDatabase) {
+TEST(MediaOfQueueTest, HasTheMarginsOfEachPaperFromTheDatabase) {
     const Answer answer(ippNew());
     AddKeywords<2>(answer, "media-supported", {"iso_a4_210x297mm", "na_legal_8.5x14in"});
     for (const char* name : {"media-col-database"}) {
@@ -143,7 +143,7 @@ TEST(MediaOfQueue, HasTheMarginsOfEachPaperFromTheDatabase) {
     EXPECT_EQ(media.Papers[1].Left, 0);
 }
 
-TEST(MediaOfQueue, LeavesTheBinToThePrinterWhereItDoesNotTellItsOwn) {
+TEST(MediaOfQueueTest, LeavesTheBinToThePrinterWhereItDoesNotTellItsOwn) {
     const Answer answer(ippNew());
     AddKeywords<1>(answer, "media-supported", {"iso_a4_210x297mm"});
     AddKeywords<2>(answer, "media-source-supported", {"tray-1", "tray-2"});
@@ -154,7 +154,7 @@ TEST(MediaOfQueue, LeavesTheBinToThePrinterWhereItDoesNotTellItsOwn) {
     EXPECT_EQ(media.DefaultBin, media.Bins[0].Id);
 }
 
-TEST(MediaOfQueue, OffersOneSheetAndOneBinWhereNoneIsTold) {
+TEST(MediaOfQueueTest, OffersOneSheetAndOneBinWhereNoneIsTold) {
     const auto sheetOf = [](const char* preset) {
         const Answer answer(ippNew());
         if (preset != nullptr) {
@@ -175,7 +175,7 @@ TEST(MediaOfQueue, OffersOneSheetAndOneBinWhereNoneIsTold) {
     EXPECT_EQ(sheetOf("iets_anders"), "A4");
 }
 
-TEST(MediaOfAttributes, ListsNothingWhereNothingIsToldOrItIsOfAnotherKind) {
+TEST(MediaOfAttributesTest, ListsNothingWhereNothingIsToldOrItIsOfAnotherKind) {
     const Answer empty(ippNew());
     EXPECT_TRUE(MediaOfAttributes(empty.get()).Papers.empty());
     const Answer odd(ippNew());
@@ -186,7 +186,7 @@ TEST(MediaOfAttributes, ListsNothingWhereNothingIsToldOrItIsOfAnotherKind) {
     EXPECT_TRUE(MediaOfAttributes(odd.get()).Bins.empty());
 }
 
-TEST(MediaOfPpd, ListsNothingForADamagedFile) {
+TEST(MediaOfPpdTest, ListsNothingForADamagedFile) {
     const TemporaryFolder folder;
     const std::string path = folder.PathOf("damaged.ppd");
     for (const std::string& text :
@@ -207,7 +207,7 @@ struct PpdPaper {
 };
 
 /// A queue by a PPD with these papers, all printed on to 18 points from each edge, and with more of it.
-class PpdMedia : public testing::Test {
+class PpdMediaTest : public testing::Test {
   protected:
     CupsMedia Read(const std::vector<PpdPaper>& papers, const std::string& more = {},
                    const std::string& preset = "A4") {
@@ -239,7 +239,7 @@ constexpr const char* AnySize = "*CustomPageSize True: \"\"\n*ParamCustomPageSiz
                                 "*VariablePaperSize: True\n*MaxMediaWidth: \"612\"\n"
                                 "*MaxMediaHeight: \"1008\"\n";
 
-TEST_F(PpdMedia, HasTheSizesOfThePpdWhateverTheNamesMeanElsewhere) {
+TEST_F(PpdMediaTest, HasTheSizesOfThePpdWhateverTheNamesMeanElsewhere) {
     const CupsMedia media = Read({{"A4", "595 842"},
                                   {"Folio", "612 936"},
                                   {"Oficio", "612 900"},
@@ -264,11 +264,11 @@ TEST_F(PpdMedia, HasTheSizesOfThePpdWhateverTheNamesMeanElsewhere) {
     EXPECT_EQ(media.Papers[4].PwgMedia, "226x310");
 }
 
-TEST_F(PpdMedia, HasAPaperOnceThatThePpdHasTwice) {
+TEST_F(PpdMediaTest, HasAPaperOnceThatThePpdHasTwice) {
     EXPECT_EQ(Read({{"A4", "595 842"}, {"4x6", "288 432"}, {"4x6", "288 432"}}).Papers.size(), 2U);
 }
 
-TEST_F(PpdMedia, OffersTheFormsSheetWhereThePpdTakesAnySize) {
+TEST_F(PpdMediaTest, OffersTheFormsSheetWhereThePpdTakesAnySize) {
     const CupsMedia media = Read({{"A4", "595 842"}}, AnySize);
     ASSERT_EQ(media.Papers.size(), 2U);
     const Paper& sheet = media.Papers[1];
@@ -283,7 +283,7 @@ TEST_F(PpdMedia, OffersTheFormsSheetWhereThePpdTakesAnySize) {
     EXPECT_EQ(media.DefaultPaper, 9);
 }
 
-TEST_F(PpdMedia, DoesNotOfferTheFormsSheetWhereItIsTooLongOrHasAName) {
+TEST_F(PpdMediaTest, DoesNotOfferTheFormsSheetWhereItIsTooLongOrHasAName) {
     EXPECT_EQ(Read({{"A4", "595 842"}}).Papers.size(), 1U);
     const std::string lessThanTheSheet = std::regex_replace(AnySize, std::regex("1008"), "863");
     EXPECT_EQ(Read({{"A4", "595 842"}}, lessThanTheSheet).Papers.size(), 1U);
@@ -291,14 +291,14 @@ TEST_F(PpdMedia, DoesNotOfferTheFormsSheetWhereItIsTooLongOrHasAName) {
     EXPECT_EQ(Read({{"A4", "595 842"}, {"Fanfold", "612 864"}}, AnySize).Papers.size(), 3U);
 }
 
-TEST_F(PpdMedia, KeepsTheSizeThatIsSetForTheQueue) {
+TEST_F(PpdMediaTest, KeepsTheSizeThatIsSetForTheQueue) {
     const CupsMedia media = Read({{"A4", "595 842"}}, AnySize, "Custom.200x300mm");
     ASSERT_EQ(media.Papers.size(), 3U);
     EXPECT_EQ(media.Papers[2].Name, "Eigen formaat 200 x 300 mm");
     EXPECT_EQ(media.DefaultPaper, media.Papers[2].Id);
 }
 
-TEST_F(PpdMedia, KeepsTheUsersOwnSize) {
+TEST_F(PpdMediaTest, KeepsTheUsersOwnSize) {
     CupsMedia media = Read({{"A4", "595 842"}}, AnySize);
     OfferOwnSheet(media, "Custom.200x300mm");
     OfferOwnSheet(media, "Custom.200x300mm");
@@ -310,7 +310,7 @@ TEST_F(PpdMedia, KeepsTheUsersOwnSize) {
     EXPECT_NE(media.Papers[2].Id, media.Papers[1].Id);
 }
 
-TEST_F(PpdMedia, SaysNothingWhereThePpdKnowsNoDefault) {
+TEST_F(PpdMediaTest, SaysNothingWhereThePpdKnowsNoDefault) {
     const CupsMedia media = Read({{"Letter", "612 792"}, {"A4", "595 842"}},
                                  "*OpenUI *InputSlot: PickOne\n*DefaultInputSlot: Unknown\n"
                                  "*InputSlot ByPassTray: \"\"\n*InputSlot Tray2/Kleine lade: \"\"\n"
@@ -324,7 +324,7 @@ TEST_F(PpdMedia, SaysNothingWhereThePpdKnowsNoDefault) {
     EXPECT_EQ(media.DefaultBin, media.Bins[0].Id);
 }
 
-TEST_F(PpdMedia, FindsTheBinsUnderAMakersOwnName) {
+TEST_F(PpdMediaTest, FindsTheBinsUnderAMakersOwnName) {
     for (const std::string name : {"HPPaperSource", "PaperSources"}) {
         const CupsMedia media =
             Read({{"A4", "595 842"}}, "*OpenUI *" + name + ": PickOne\n*Default" + name + ": Unknown\n*" +
@@ -339,7 +339,7 @@ TEST_F(PpdMedia, FindsTheBinsUnderAMakersOwnName) {
     }
 }
 
-TEST_F(PpdMedia, KnowsTheOptionsThatWouldChangeThePagesButNotWhatIsInstalled) {
+TEST_F(PpdMediaTest, KnowsTheOptionsThatWouldChangeThePagesButNotWhatIsInstalled) {
     const auto option = [](const std::string& name, const std::vector<std::string>& choices) {
         std::string text = "*OpenUI *" + name + ": PickOne\n*Default" + name + ": " + choices.front() + "\n";
         for (const std::string& choice : choices) {
@@ -358,7 +358,7 @@ TEST_F(PpdMedia, KnowsTheOptionsThatWouldChangeThePagesButNotWhatIsInstalled) {
                   {"BladZijden", "Simplex"}, {"EFDuplex", "False"}, {"MirrorPrint", "False"}}));
 }
 
-TEST(NumberMedia, StaysWithinSixteenBits) {
+TEST(NumberMediaTest, StaysWithinSixteenBits) {
     CupsMedia media;
     media.Papers.resize(40'000);
     NumberMedia(media);
@@ -367,7 +367,7 @@ TEST(NumberMedia, StaysWithinSixteenBits) {
     }
 }
 
-TEST(KeepNumbers, GivesANumberToOnePaperForGood) {
+TEST(KeepNumbersTest, GivesANumberToOnePaperForGood) {
     const auto media = [](const std::string& keyword) {
         CupsMedia made;
         for (const std::string& each : {std::string("iso_a4_210x297mm"), keyword}) {

@@ -5,7 +5,7 @@
 namespace desktop::cups {
 namespace {
 
-TEST(PlainChoice, IsOneSidedByAnyMakersName) {
+TEST(PlainChoiceTest, IsOneSidedByAnyMakersName) {
     EXPECT_EQ(PlainChoice("Duplex", {"None", "DuplexNoTumble", "DuplexTumble"}), "None");
     EXPECT_EQ(PlainChoice("EFDuplex", {"TopTop", "False", "TopBottom"}), "False");
     EXPECT_EQ(PlainChoice("JCLDuplex", {"DuplexTumble", "Simplex"}), "Simplex");
@@ -15,7 +15,7 @@ TEST(PlainChoice, IsOneSidedByAnyMakersName) {
     EXPECT_EQ(PlainChoice("Duplex", {"DuplexNoTumble", "DuplexTumble"}), ""); // the printer can do no other
 }
 
-TEST(PlainChoice, LeavesEveryPageAloneAndAsItIs) {
+TEST(PlainChoiceTest, LeavesEveryPageAloneAndAsItIs) {
     EXPECT_EQ(PlainChoice("EFNUp", {"2up", "1up"}), "1up");
     EXPECT_EQ(PlainChoice("Booklet", {"Left", "Off"}), "Off");
     EXPECT_EQ(PlainChoice("MirrorPrint", {"True", "False"}), "False");
@@ -26,7 +26,7 @@ TEST(PlainChoice, LeavesEveryPageAloneAndAsItIs) {
     EXPECT_EQ(PlainChoice("BannerPage", {"Begin", "None"}), "None");
 }
 
-TEST(PlainChoice, HasNothingToDoWithQualityColourFinishingAndAccounting) {
+TEST(PlainChoiceTest, HasNothingToDoWithQualityColourFinishingAndAccounting) {
     EXPECT_EQ(PlainChoice("ColorModel", {"Gray", "RGB"}), "");
     EXPECT_EQ(PlainChoice("StapleLocation", {"None", "UpperLeft"}), "");
     EXPECT_EQ(PlainChoice("BindingLocation", {"None", "LongEdge", "ShortEdge"}), "");
@@ -36,7 +36,7 @@ TEST(PlainChoice, HasNothingToDoWithQualityColourFinishingAndAccounting) {
     EXPECT_EQ(PlainChoice("Resolution", {"300dpi", "None"}), "");
 }
 
-TEST(ChangesPages, KnowsNamesOfServerFiltersAndMakersInAnyCase) {
+TEST(ChangesPagesTest, KnowsNamesOfServerFiltersAndMakersInAnyCase) {
     for (const char* option : {"sides",
                                "number-up",
                                "Page-Set",

@@ -113,7 +113,7 @@ std::string ContentOf(const PpdFile& file) {
     return ReadFile(file.Name());
 }
 
-TEST(PpdFile, HasWhatTheServerSends) {
+TEST(PpdFileTest, HasWhatTheServerSends) {
     AnsweringServer server({Complete("*PPD-Adobe: \"4.3\"\n")});
     PpdFile file;
     EXPECT_TRUE(server.Fetch(file));
@@ -121,42 +121,42 @@ TEST(PpdFile, HasWhatTheServerSends) {
     EXPECT_THAT(server.Requests, ElementsAre(HasSubstr("GET /printers/Laser.ppd HTTP")));
 }
 
-TEST(PpdFile, MayBeAsLongAsTheBound) {
+TEST(PpdFileTest, MayBeAsLongAsTheBound) {
     AnsweringServer server({Complete(std::string(PpdFile::Longest, '*'))});
     PpdFile file;
     EXPECT_TRUE(server.Fetch(file));
     EXPECT_EQ(ContentOf(file).size(), PpdFile::Longest);
 }
 
-TEST(PpdFile, IsNoneBeyondTheBound) {
+TEST(PpdFileTest, IsNoneBeyondTheBound) {
     AnsweringServer server({Complete(std::string(PpdFile::Longest + 1, '*'))});
     PpdFile file;
     EXPECT_TRUE(server.Fetch(file));
     EXPECT_EQ(file.Name(), "");
 }
 
-TEST(PpdFile, IsNoneWhereTheServerNeverEnds) {
+TEST(PpdFileTest, IsNoneWhereTheServerNeverEnds) {
     AnsweringServer server({Endless});
     PpdFile file;
     EXPECT_TRUE(server.Fetch(file));
     EXPECT_EQ(file.Name(), "");
 }
 
-TEST(PpdFile, IsNoneWherePacked) {
+TEST(PpdFileTest, IsNoneWherePacked) {
     AnsweringServer server({Complete("\x1f\x8b\x08 and so on")});
     PpdFile file;
     EXPECT_TRUE(server.Fetch(file));
     EXPECT_EQ(file.Name(), "");
 }
 
-TEST(PpdFile, IsNoneWhereTheServerHasNone) {
+TEST(PpdFileTest, IsNoneWhereTheServerHasNone) {
     AnsweringServer server({Short("404 Not Found")});
     PpdFile file;
     EXPECT_TRUE(server.Fetch(file));
     EXPECT_EQ(file.Name(), "");
 }
 
-TEST(PpdFile, IsForWhoTheServerKnowsByTheSocket) {
+TEST(PpdFileTest, IsForWhoTheServerKnowsByTheSocket) {
     AnsweringServer server({Short("401 Unauthorized\r\nWWW-Authenticate: PeerCred"), Complete("*PPD")});
     PpdFile file;
     EXPECT_TRUE(server.Fetch(file));
@@ -165,7 +165,7 @@ TEST(PpdFile, IsForWhoTheServerKnowsByTheSocket) {
                                              HasSubstr("Authorization: PeerCred ")));
 }
 
-TEST(PpdFile, IsNoneForWhoMayNotHaveIt) {
+TEST(PpdFileTest, IsNoneForWhoMayNotHaveIt) {
     const CupsServer asksForNoPassword;
     AnsweringServer server({Short("401 Unauthorized\r\nWWW-Authenticate: Basic realm=\"CUPS\"")});
     PpdFile file;
@@ -173,7 +173,7 @@ TEST(PpdFile, IsNoneForWhoMayNotHaveIt) {
     EXPECT_EQ(file.Name(), "");
 }
 
-TEST(PpdFile, TellsOfAServerThatHangsUp) {
+TEST(PpdFileTest, TellsOfAServerThatHangsUp) {
     AnsweringServer server({[](int) {}, [](int) {}});
     PpdFile file;
     EXPECT_FALSE(server.Fetch(file));

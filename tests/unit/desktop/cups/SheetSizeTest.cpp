@@ -9,7 +9,7 @@
 namespace desktop::cups {
 namespace {
 
-TEST(SheetSize, IsInEachKeywordOfAMadeUpSize) {
+TEST(SheetSizeTest, IsInEachKeywordOfAMadeUpSize) {
     for (const char* keyword :
          {"Custom.210x304.8mm", "Custom.21x30.48cm", "Custom.595.2756x864", "Custom.595.2756x864pt",
           "Custom.8.26772x12in", "custom_210x304.8mm_210x304.8mm", "custom_mijn-vel_210x304.8mm"}) {
@@ -25,7 +25,7 @@ TEST(SheetSize, IsInEachKeywordOfAMadeUpSize) {
     }
 }
 
-TEST(SheetSize, IsWrittenToAHundredthOfAMillimetre) {
+TEST(SheetSizeTest, IsWrittenToAHundredthOfAMillimetre) {
     EXPECT_EQ(PpdKeyword(FormSheet), "Custom.210x304.8mm");
     EXPECT_EQ(PwgKeyword(FormSheet), "custom_210x304.8mm_210x304.8mm");
     EXPECT_EQ(Measures(FormSheet), "210 x 304,8 mm");
@@ -33,7 +33,7 @@ TEST(SheetSize, IsWrittenToAHundredthOfAMillimetre) {
     EXPECT_EQ(HundredthsOf(FormSheet.Height), 30480);
 }
 
-TEST(SheetSize, IsTheSameWithinHalfAMillimetre) {
+TEST(SheetSizeTest, IsTheSameWithinHalfAMillimetre) {
     const double half = TwipsOfHundredths(50);
     EXPECT_TRUE(IsSameSheet(FormSheet, {FormSheet.Width - half * 0.99, FormSheet.Height + half * 0.99}));
     EXPECT_FALSE(IsSameSheet(FormSheet, {FormSheet.Width - half * 1.01, FormSheet.Height}));
@@ -41,7 +41,7 @@ TEST(SheetSize, IsTheSameWithinHalfAMillimetre) {
     EXPECT_FALSE(IsSameSheet(FormSheet, {FormSheet.Height, FormSheet.Width}));
 }
 
-TEST(MediaWording, IsDutchForAKeyword) {
+TEST(MediaWordingTest, IsDutchForAKeyword) {
     EXPECT_EQ(WordingOfBin("ByPassTray"), "Multifunctionele lade");
     EXPECT_EQ(WordingOfBin("by-pass-tray"), "Multifunctionele lade");
     EXPECT_EQ(WordingOfBin("tray-1"), "Lade 1");
@@ -52,7 +52,7 @@ TEST(MediaWording, IsDutchForAKeyword) {
     EXPECT_EQ(WordingOfBin(""), "");
 }
 
-TEST(MediaWording, NamesAPaperByItsSizeWhereTheKeywordIsNoName) {
+TEST(MediaWordingTest, NamesAPaperByItsSizeWhereTheKeywordIsNoName) {
     EXPECT_EQ(WordingOfPaper("iso_a4_210x297mm", {}), "A4");
     EXPECT_EQ(WordingOfPaper("na_letter_8.5x11in", {}), "Letter");
     EXPECT_EQ(WordingOfPaper("EnvDL", {}), "Enveloppe DL");

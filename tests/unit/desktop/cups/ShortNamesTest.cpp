@@ -7,7 +7,7 @@ namespace {
 
 using testing::ElementsAre;
 
-TEST(ShortNames, EndBetweenWordsAndAfterAWholeCharacter) {
+TEST(ShortNamesTest, EndBetweenWordsAndAfterAWholeCharacter) {
     EXPECT_THAT(
         ShortNames({"Lade 1", "Multifunctionele lade links", std::string(30, 'b'),
                     "Handmatige invoer twee st",
@@ -18,7 +18,7 @@ TEST(ShortNames, EndBetweenWordsAndAfterAWholeCharacter) {
                     "\xD0\x9B\xD0\xBE\xD1\x82\xD0\xBE\xD0\xBA\xD0\x9B\xD0\xBE\xD1\x82\xD0\xBE\xD0\xBA"));
 }
 
-TEST(ShortNames, ThatWouldBeTheSameKeepTheirLastWords) {
+TEST(ShortNamesTest, ThatWouldBeTheSameKeepTheirLastWords) {
     EXPECT_THAT(ShortNames({"Tray 1 (Optional feeder left)", "Tray 1 (Optional feeder right)"}, 23),
                 ElementsAre("\xE2\x80\xA6"
                             "feeder left)",
@@ -26,7 +26,7 @@ TEST(ShortNames, ThatWouldBeTheSameKeepTheirLastWords) {
                             "feeder right)"));
 }
 
-TEST(WholeCharacters, LoseWhatIsNoCharacterAnyMore) {
+TEST(WholeCharactersTest, LoseWhatIsNoCharacterAnyMore) {
     EXPECT_EQ(WholeCharacters("caf\xC3\xA9", 5), "caf\xC3\xA9");
     EXPECT_EQ(WholeCharacters("caf\xC3\xA9", 4), "caf");
     EXPECT_EQ(WholeCharacters("caf\xC3", 4), "caf");

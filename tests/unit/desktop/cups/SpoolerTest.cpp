@@ -218,7 +218,7 @@ TEST_F(SpoolerTest, ListsPapersAndBinsWithNamesThatAreClosed) {
     EXPECT_EQ(Spooler.DeviceCapabilitiesA("Elders", "", machine::DC_PAPERS, nullptr), -1);
 }
 
-TEST(StatusBits, MapsStateAndReasons) {
+TEST(StatusBitsTest, MapsStateAndReasons) {
     EXPECT_EQ(StatusBits("3", "none", "true"), 0U);
     EXPECT_EQ(StatusBits("", "", ""), 0U);
     EXPECT_EQ(StatusBits("5", "paused", "true"), 1U);
@@ -230,7 +230,7 @@ TEST(StatusBits, MapsStateAndReasons) {
     EXPECT_EQ(StatusBits("3", "toner-low-warning,door-open-error", "true"), 131072U | 4194304U);
 }
 
-TEST(PaperTable, KnowsTheCodesOfWindows) {
+TEST(PaperTableTest, KnowsTheCodesOfWindows) {
     EXPECT_EQ(PaperCode("iso_a4_210x297mm"), 9);
     EXPECT_EQ(PaperCode("na_legal_8.5x14in"), 5);
     EXPECT_EQ(PaperCode("iso_dl_110x220mm"), 27);

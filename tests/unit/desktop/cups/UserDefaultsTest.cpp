@@ -16,7 +16,7 @@ namespace {
 
 namespace fs = std::filesystem;
 
-TEST(OptionLine, FindsTheQueueItself) {
+TEST(OptionLineTest, FindsTheQueueItself) {
     const std::string text =
         "# Dest Kantoor a=1\nDest Kantoor/concept a=2\nDest Kantoor2 a=3\ndest\tKantoor a=4\n";
     EXPECT_EQ(LineOf(text, "Kantoor"), "dest\tKantoor a=4");
@@ -27,7 +27,7 @@ TEST(OptionLine, FindsTheQueueItself) {
     EXPECT_EQ(LineOf("", ""), "");
 }
 
-TEST(OptionLine, ReadsOptionsAsTheServersToolsDo) {
+TEST(OptionLineTest, ReadsOptionsAsTheServersToolsDo) {
     const CupsOptions options = OptionsOf("Dest Kantoor a=1 b=\"x y\" c noc2=7\n");
     EXPECT_EQ(options.at("a"), "1");
     EXPECT_EQ(options.at("b"), "x y");
@@ -36,13 +36,13 @@ TEST(OptionLine, ReadsOptionsAsTheServersToolsDo) {
     EXPECT_TRUE(OptionsOf("").empty());
 }
 
-TEST(OptionLine, ALineEndsWhereTheNextOneBegins) {
+TEST(OptionLineTest, ALineEndsWhereTheNextOneBegins) {
     EXPECT_EQ(LineOf("Dest A\n\nDest B x=1\r\nDest C", "B"), "Dest B x=1\r");
     EXPECT_EQ(LineOf("Dest A\n\nDest B x=1\r\nDest C", "C"), "Dest C");
     EXPECT_EQ(LineOf("\n\n", ""), "");
 }
 
-TEST(OptionLine, FindsThePreferredQueue) {
+TEST(OptionLineTest, FindsThePreferredQueue) {
     EXPECT_EQ(PreferredIn("Dest A x=1\ndefault B/concept x=1\nDefault C\n"), "B");
     EXPECT_EQ(PreferredIn("Dest Default x\nDefault\n"), "");
     EXPECT_EQ(PreferredIn(""), "");
@@ -106,7 +106,7 @@ TEST_F(UserDefaultsTest, AFileThatTheUserMayNotReadIsTold) {
     ASSERT_EQ(seteuid(before), 0);
 }
 
-TEST(StoredChoice, OfWhatTheQueueNoLongerOffersGivesWayUntilItIsBack) {
+TEST(StoredChoiceTest, OfWhatTheQueueNoLongerOffersGivesWayUntilItIsBack) {
     const QueueSettings byFiles{Portrait, 9, 1, 1};
     StoredChoice choice;
     choice.Write({Portrait, 5, 257, 1}, byFiles);

@@ -67,7 +67,7 @@ TEST_F(ApplicationTest, LetsItPassWhereNobodyIsTold) {
 }
 
 // A document that outgrows the limit that a user has on files is a failure like a full disk.
-TEST(EndSignals, LetTheProgramLiveWhereAFileMayNotGrow) {
+TEST(EndSignalsTest, LetTheProgramLiveWhereAFileMayNotGrow) {
     const auto before = std::signal(SIGXFSZ, SIG_DFL);
     {
         const desktop::qt::EndSignals ending([] {}, [] { return true; });

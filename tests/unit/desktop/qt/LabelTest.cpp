@@ -76,7 +76,7 @@ TEST_F(LabelTest, BoldIsBoldInTheFontOfTheForms) {
 }
 
 // What the characters' widths promise must hold in the lines that the toolkit lays out.
-TEST(TextRoom, IsAmpleOnlyForATextThatFits) {
+TEST(TextRoomTest, IsAmpleOnlyForATextThatFits) {
     const QStringList texts = {
         QString(),
         QStringLiteral("Kort"),
@@ -114,7 +114,7 @@ TEST(TextRoom, IsAmpleOnlyForATextThatFits) {
     EXPECT_GT(ample, 0);
 }
 
-TEST(TextRoom, IsNotToldOfATextWhoseCharactersDoNotStandForThemselves) {
+TEST(TextRoomTest, IsNotToldOfATextWhoseCharactersDoNotStandForThemselves) {
     const QSize box(1000, 1000);
     const QFontMetricsF metrics(QApplication::font());
     EXPECT_TRUE(HasAmpleRoom(QStringLiteral("twee regels"), metrics, box));
@@ -125,7 +125,7 @@ TEST(TextRoom, IsNotToldOfATextWhoseCharactersDoNotStandForThemselves) {
 }
 
 // A font that is added makes the toolkit forget those that it has loaded, and all texts are measured anew.
-TEST(Fonts, AreAllThereBeforeTheFirstWindow) {
+TEST(FontsTest, AreAllThereBeforeTheFirstWindow) {
     const QSignalSpy added(qApp, &QGuiApplication::fontDatabaseChanged);
     desktop::qt::ResolveFamily("Tahoma");
     desktop::qt::ResolveFamily("OCR-B");

@@ -266,7 +266,7 @@ TEST_P(LookTest, ThePictureOfTheHeadingIsDrawnForTheDotsOfTheScreen) {
 }
 
 // Dot for dot what the toolkit's own icon of the file is, for which it loads a plugin.
-TEST(WindowIcon, IsThePictureOfTheProgram) {
+TEST(WindowIconTest, IsThePictureOfTheProgram) {
     const QIcon ours = desktop::qt::PictureIcon("program");
     const QIcon toolkits(":/pictures/program.svg");
     for (const int size : {16, 22, 32, 48, 64, 128, 256}) {

@@ -115,7 +115,7 @@ double MillimetresWide(const std::string& text, const machine::FontSpec& font) {
     return GlyphTable(font).Width(text) / 7200 * 25.4;
 }
 
-TEST(BoldFace, PrintsStemsTwiceAsThickAsPlainOnes) {
+TEST(BoldFaceTest, PrintsStemsTwiceAsThickAsPlainOnes) {
     const std::vector<std::string> texts = {"l", "I", "H", "n", "m", "h", "B", "E", "L", "u", "1"};
     const std::vector<Letter> plain = Print(texts, Plain);
     const std::vector<Letter> bold = Print(texts, Bold);
@@ -130,7 +130,7 @@ TEST(BoldFace, PrintsStemsTwiceAsThickAsPlainOnes) {
     }
 }
 
-TEST(BoldFace, ThickensTheScriptsOfEurope) {
+TEST(BoldFaceTest, ThickensTheScriptsOfEurope) {
     // L with an acute, and the Cyrillic letters for N and P.
     const std::vector<std::string> texts = {"\xC4\xB9", "\xD0\x9D", "\xD0\x9F"};
     const std::vector<Letter> plain = Print(texts, Plain);
@@ -145,7 +145,7 @@ TEST(BoldFace, ThickensTheScriptsOfEurope) {
     }
 }
 
-TEST(BoldFace, LeavesOtherScriptsAsTheyAre) {
+TEST(BoldFaceTest, LeavesOtherScriptsAsTheyAre) {
     const QRawFont made = Raw(Bold);
     QRawFont packaged(QStringLiteral("/usr/share/wine/fonts/tahomabd.ttf"), made.pixelSize(),
                       QFont::PreferNoHinting);
@@ -158,7 +158,7 @@ TEST(BoldFace, LeavesOtherScriptsAsTheyAre) {
     EXPECT_EQ(made.pathForGlyph(glyph).boundingRect(), packaged.pathForGlyph(glyph).boundingRect());
 }
 
-TEST(BoldFace, KeepsLettersOpen) {
+TEST(BoldFaceTest, KeepsLettersOpen) {
     std::vector<std::string> texts;
     for (char letter = '!'; letter <= '~'; ++letter) {
         texts.emplace_back(1, letter);
@@ -170,7 +170,7 @@ TEST(BoldFace, KeepsLettersOpen) {
     }
 }
 
-TEST(BoldFace, KeepsDotsApart) {
+TEST(BoldFaceTest, KeepsDotsApart) {
     const std::vector<std::string> texts = {"\xC3\xAB", "\xC3\xAF", "\xC3\xB6", "\xC3\xBC",
                                             "\xC3\x84", "\xC3\x9C", "\""};
     for (const Letter& letter : Print(texts, Bold)) {
@@ -178,7 +178,7 @@ TEST(BoldFace, KeepsDotsApart) {
     }
 }
 
-TEST(BoldFace, LeavesLettersInTheirPlace) {
+TEST(BoldFaceTest, LeavesLettersInTheirPlace) {
     constexpr double tolerance = 0.05;
     const std::vector<std::string> texts = {"H", "I", "E", "n", "o", "e", "a", "S",
                                             "d", "p", "g", "W", "m", "0", "7"};
@@ -196,7 +196,7 @@ TEST(BoldFace, LeavesLettersInTheirPlace) {
     }
 }
 
-TEST(BoldFace, HasTheAdvancesNamesAndMetricsOfTheFamilysOwn) {
+TEST(BoldFaceTest, HasTheAdvancesNamesAndMetricsOfTheFamilysOwn) {
     const QRawFont made = Raw(Bold);
     const QRawFont packaged(QStringLiteral("/usr/share/wine/fonts/tahomabd.ttf"), made.pixelSize());
     if (!packaged.isValid()) {
@@ -214,20 +214,20 @@ TEST(BoldFace, HasTheAdvancesNamesAndMetricsOfTheFamilysOwn) {
     EXPECT_EQ(made.weight(), QFont::Bold);
 }
 
-TEST(BoldFace, LeavesABoldFaceAsItIs) {
+TEST(BoldFaceTest, LeavesABoldFaceAsItIs) {
     EXPECT_TRUE(MakeBold(Raw(Plain), Raw(Bold)).isEmpty()); // made already
     const machine::FontSpec plain = {"DejaVu Sans", 9, false};
     const machine::FontSpec bold = {"DejaVu Sans", 9, true};
     EXPECT_TRUE(MakeBold(Raw(plain), Raw(bold)).isEmpty());
 }
 
-TEST(BoldFace, LeavesAFamilyWithoutABoldFaceToTheToolkit) {
+TEST(BoldFaceTest, LeavesAFamilyWithoutABoldFaceToTheToolkit) {
     EXPECT_TRUE(MakeBold(Raw(Plain), Raw(Plain)).isEmpty());
     EXPECT_TRUE(MakeBold(Raw({"OCR-B", 9, false}), Raw({"OCR-B", 9, true})).isEmpty());
     EXPECT_TRUE(MakeBold(QRawFont(), QRawFont()).isEmpty());
 }
 
-TEST(BoldFace, IsSeenInAPreviewToo) {
+TEST(BoldFaceTest, IsSeenInAPreviewToo) {
     const auto ink = [](const machine::FontSpec& font) {
         PictureFile picture;
         picture.Canvas.DrawText(567, 567, "Stichting Voorbeeld", font);

@@ -16,7 +16,7 @@ namespace {
 const machine::FontSpec Tahoma9 = {"Tahoma", 9, false};
 const machine::FontSpec Ocr10 = {"OCR-B", 10, false};
 
-TEST(QtCanvas, PutsATextWhereTheCursorIs) {
+TEST(QtCanvasTest, PutsATextWhereTheCursorIs) {
     PdfFile pdf;
     for (int i = 0; i < 20; ++i) {
         pdf.Canvas.DrawText((10 + i * 7.3) * TwipsPerMillimetre, i * 13 * TwipsPerMillimetre,
@@ -48,7 +48,7 @@ class ShortPdf final : public PdfFile {
     bool short_ = true;
 };
 
-TEST(QtCanvas, LeavesNothingOfATextThatBrokeOffToTheNextOne) {
+TEST(QtCanvasTest, LeavesNothingOfATextThatBrokeOffToTheNextOne) {
     ShortPdf pdf;
     EXPECT_THROW(pdf.Canvas.DrawText(0, 0, "oud", Tahoma9), std::bad_alloc);
     pdf.Canvas.DrawText(0, 567, "nieuw", Tahoma9);
@@ -56,7 +56,7 @@ TEST(QtCanvas, LeavesNothingOfATextThatBrokeOffToTheNextOne) {
     EXPECT_EQ(pdf::Text(pdf.Finish()), "nieuw\n\f");
 }
 
-TEST(QtCanvas, MeasuresWhatItPrints) {
+TEST(QtCanvasTest, MeasuresWhatItPrints) {
     const std::vector<std::string> texts = {"AVAVATATo.Yo",        "fiflffi",
                                             "NL13ABNA0500000018+", "Wilhelmina-straat",
                                             "7100000012010326+",   "\xC3\x89\xC3\xA9n\xC3\xAB\xE2\x82\xAC"};
@@ -79,7 +79,7 @@ TEST(QtCanvas, MeasuresWhatItPrints) {
     }
 }
 
-TEST(QtCanvas, NeitherKernsNorJoinsLetters) {
+TEST(QtCanvasTest, NeitherKernsNorJoinsLetters) {
     PdfFile pdf;
     for (const char* pair : {"AV", "To", "fi", "ff", "LT"}) {
         const double together = pdf.Canvas.MeasureText(pair, Tahoma9).Width;
@@ -89,12 +89,12 @@ TEST(QtCanvas, NeitherKernsNorJoinsLetters) {
     }
 }
 
-TEST(QtCanvas, GivesOcrBItsPitchOfATenthOfAnInch) {
+TEST(QtCanvasTest, GivesOcrBItsPitchOfATenthOfAnInch) {
     PdfFile pdf;
     EXPECT_NEAR(pdf.Canvas.MeasureText("0123456789", Ocr10).Width, 1440, 15);
 }
 
-TEST(QtCanvas, StandsATextWithTheTopOfItsLineAtTheCursor) {
+TEST(QtCanvasTest, StandsATextWithTheTopOfItsLineAtTheCursor) {
     constexpr int dots = 1200;
     PdfFile pdf;
     const machine::FontSpec font = {"Tahoma", 12, false};
@@ -104,7 +104,7 @@ TEST(QtCanvas, StandsATextWithTheTopOfItsLineAtTheCursor) {
     EXPECT_NEAR(ink.Bottom, 30 + table.Ascent() / 7200 * 25.4, 0.03); // an H stands on the base line
 }
 
-TEST(QtCanvas, MovesTheOriginToThePrintableArea) {
+TEST(QtCanvasTest, MovesTheOriginToThePrintableArea) {
     PdfFile pdf(Sheet{A4.Width, A4.Height, 5 * TwipsPerMillimetre, 7 * TwipsPerMillimetre});
     pdf.Canvas.DrawText(0, 0, "een", Tahoma9);
     pdf.Canvas.NewPage();
@@ -117,7 +117,7 @@ TEST(QtCanvas, MovesTheOriginToThePrintableArea) {
     EXPECT_NEAR(words[0].Top, words[1].Top, 0.001);
 }
 
-TEST(QtCanvas, EmbedsEveryFontAndKeepsTheTextReadable) {
+TEST(QtCanvasTest, EmbedsEveryFontAndKeepsTheTextReadable) {
     std::string latin;
     for (char32_t code = 0x21; code < 0x7F; ++code) {
         latin += static_cast<char>(code);
@@ -135,7 +135,7 @@ TEST(QtCanvas, EmbedsEveryFontAndKeepsTheTextReadable) {
     }
 }
 
-TEST(QtCanvas, PrintsABlankAsABlank) {
+TEST(QtCanvasTest, PrintsABlankAsABlank) {
     PdfFile pdf;
     std::string expected;
     double y = 0;
@@ -159,7 +159,7 @@ TEST(QtCanvas, PrintsABlankAsABlank) {
     EXPECT_EQ(*read, expected);
 }
 
-TEST(QtCanvas, DrawsOneOfTheBlanksAtATextsEnd) {
+TEST(QtCanvasTest, DrawsOneOfTheBlanksAtATextsEnd) {
     PdfFile pdf;
     pdf.Canvas.DrawText(567, 600, "  een  twee     ", Tahoma9);
     pdf.Canvas.DrawText(567, 1200, "    ", Tahoma9);
@@ -171,7 +171,7 @@ TEST(QtCanvas, DrawsOneOfTheBlanksAtATextsEnd) {
     EXPECT_EQ(*read, "  een  twee \n \ndrie \n");
 }
 
-TEST(QtCanvas, KeepsTheOrderOfTextsOfSeveralFontsAndOfLines) {
+TEST(QtCanvasTest, KeepsTheOrderOfTextsOfSeveralFontsAndOfLines) {
     PdfFile pdf;
     std::string expected;
     for (int i = 0; i < 12; ++i) {
@@ -189,14 +189,14 @@ TEST(QtCanvas, KeepsTheOrderOfTextsOfSeveralFontsAndOfLines) {
     EXPECT_EQ(pdf::Text(pdf.Finish()), expected + "\f");
 }
 
-TEST(QtCanvas, KeepsTheGlyphWithTheNumberOfATab) {
+TEST(QtCanvasTest, KeepsTheGlyphWithTheNumberOfATab) {
     PdfFile pdf;
     pdf.Canvas.DrawText(567, 567, "abcdefghi jklm", Tahoma9); // the ninth glyph is followed by others
     pdf.Canvas.DrawText(567, 1134, "zyxwvuts rq", Ocr10);     // the ninth is the blank
     EXPECT_EQ(pdf::Text(pdf.Finish()), "abcdefghi jklm\nzyxwvuts rq\n\f");
 }
 
-TEST(QtCanvas, DrawsALineInItsColour) {
+TEST(QtCanvasTest, DrawsALineInItsColour) {
     constexpr int dots = 600;
     PdfFile pdf;
     pdf.Canvas.DrawLine(20 * TwipsPerMillimetre, 40 * TwipsPerMillimetre, 120 * TwipsPerMillimetre,
@@ -212,7 +212,7 @@ TEST(QtCanvas, DrawsALineInItsColour) {
     EXPECT_NEAR(red, 100 / 25.4 * dots, 30); // one dot high
 }
 
-TEST(QtCanvas, LeavesTheTextBlackBehindALine) {
+TEST(QtCanvasTest, LeavesTheTextBlackBehindALine) {
     constexpr int dots = 300;
     PdfFile pdf;
     pdf.Canvas.DrawLine(0, 0, 100, 0, 0xFFFFFF);
@@ -221,7 +221,7 @@ TEST(QtCanvas, LeavesTheTextBlackBehindALine) {
     EXPECT_GT(ink.Right, ink.Left);
 }
 
-TEST(QtCanvas, DrawsTheSameOnAPicture) {
+TEST(QtCanvasTest, DrawsTheSameOnAPicture) {
     PictureFile picture;
     picture.Canvas.DrawText(20 * TwipsPerMillimetre, 30 * TwipsPerMillimetre, "HHHHHHHH", Tahoma9);
     const double width = picture.Canvas.MeasureText("HHHHHHHH", Tahoma9).Width / TwipsPerMillimetre;
@@ -232,7 +232,7 @@ TEST(QtCanvas, DrawsTheSameOnAPicture) {
     EXPECT_NEAR(ink.Bottom, 30 + GlyphTable(Tahoma9).Ascent() / 7200 * 25.4, 0.4);
 }
 
-TEST(QtCanvas, DrawsNothingForAnEmptyText) {
+TEST(QtCanvasTest, DrawsNothingForAnEmptyText) {
     PdfFile pdf;
     pdf.Canvas.DrawText(0, 0, "", Tahoma9);
     EXPECT_EQ(pdf.Canvas.MeasureText("", Tahoma9).Width, 0);
@@ -240,7 +240,7 @@ TEST(QtCanvas, DrawsNothingForAnEmptyText) {
     EXPECT_TRUE(pdf::Words(pdf.Finish()).empty());
 }
 
-TEST(QtCanvas, PrintsAMissingFontAsItMeasuresIt) {
+TEST(QtCanvasTest, PrintsAMissingFontAsItMeasuresIt) {
     const machine::FontSpec missing = {"Nergens te vinden", 10, false};
     PdfFile pdf;
     const double width = pdf.Canvas.MeasureText("Voorbeeldtekst", missing).Width / TwipsPerMillimetre;
@@ -251,7 +251,7 @@ TEST(QtCanvas, PrintsAMissingFontAsItMeasuresIt) {
     EXPECT_NEAR(words[0].Right - words[0].Left, width, 0.01);
 }
 
-TEST(QtCanvas, PrintsForeignLettersAsItMeasuresThem) {
+TEST(QtCanvasTest, PrintsForeignLettersAsItMeasuresThem) {
     const std::string text = "\xD0\x96\xD0\xA9\xCE\xA9\xCE\xB1"; // Cyrillic and Greek, which OCR-B lacks
     PdfFile pdf;
     const double width = pdf.Canvas.MeasureText(text, Ocr10).Width / TwipsPerMillimetre;
@@ -266,7 +266,7 @@ TEST(QtCanvas, PrintsForeignLettersAsItMeasuresThem) {
     }
 }
 
-TEST(QtCanvas, DropsControlCharactersAndKeepsTheRest) {
+TEST(QtCanvasTest, DropsControlCharactersAndKeepsTheRest) {
     PdfFile pdf;
     const std::string text("a\0b\r\nc\td", 8);
     pdf.Canvas.DrawText(567, 567, text, Tahoma9);
@@ -275,7 +275,7 @@ TEST(QtCanvas, DropsControlCharactersAndKeepsTheRest) {
     EXPECT_EQ(pdf::Text(pdf.Finish()), "abcd\n\f");
 }
 
-TEST(QtCanvas, SurvivesHostileTextsSizesAndPlaces) {
+TEST(QtCanvasTest, SurvivesHostileTextsSizesAndPlaces) {
     constexpr double infinite = std::numeric_limits<double>::infinity();
     constexpr double noNumber = std::numeric_limits<double>::quiet_NaN();
     std::string hundredThousand;
@@ -308,7 +308,7 @@ TEST(QtCanvas, SurvivesHostileTextsSizesAndPlaces) {
     }
 }
 
-TEST(QtCanvas, HoldsMoreFontsThanItKeeps) {
+TEST(QtCanvasTest, HoldsMoreFontsThanItKeeps) {
     PdfFile pdf;
     for (int i = 0; i < 150; ++i) {
         pdf.Canvas.MeasureText(

@@ -12,13 +12,13 @@
 namespace desktop::qt {
 namespace {
 
-TEST(ResolveFamily, FindsAFamilyThatDiffersInBlanksHyphensAndCaseAlone) {
+TEST(ResolveFamilyTest, FindsAFamilyThatDiffersInBlanksHyphensAndCaseAlone) {
     for (const char* name : {"OCR B", "OCR-B", "ocr b", "OCRB", "o c r-b"}) {
         EXPECT_EQ(QString::fromStdString(ResolveFamily(name)).toLower(), "ocr b") << name;
     }
 }
 
-TEST(ResolveFamily, LeavesANameWithoutAFamilyAsItIs) {
+TEST(ResolveFamilyTest, LeavesANameWithoutAFamilyAsItIs) {
     for (const char* name : {"No such font 42", "", "-", "  "}) {
         EXPECT_EQ(ResolveFamily(name), name);
     }
@@ -26,13 +26,13 @@ TEST(ResolveFamily, LeavesANameWithoutAFamilyAsItIs) {
     EXPECT_EQ(ResolveFamily(damaged), damaged);
 }
 
-TEST(ResolveFamily, FindsTheFontThatItsPackageKeepsElsewhere) {
+TEST(ResolveFamilyTest, FindsTheFontThatItsPackageKeepsElsewhere) {
     EXPECT_EQ(ResolveFamily("Tahoma"), "Tahoma");
     EXPECT_EQ(QRawFont::fromFont(DesignFont({"Tahoma", 9, false})).familyName(), "Tahoma");
     EXPECT_EQ(QRawFont::fromFont(DesignFont({"Tahoma", 9, true})).familyName(), "Tahoma");
 }
 
-TEST(DesignFont, HoldsAnySize) {
+TEST(DesignFontTest, HoldsAnySize) {
     EXPECT_EQ(DesignFont({"Tahoma", 9, false}).pixelSize(), 900);
     EXPECT_EQ(DesignFont({"Tahoma", 8.25, false}).pixelSize(), 825);
     for (const double size : {0.0, -4.0, 1e-9, std::numeric_limits<double>::quiet_NaN()}) {
@@ -43,7 +43,7 @@ TEST(DesignFont, HoldsAnySize) {
     }
 }
 
-TEST(GlyphTable, TakesTheLineFromTheWindowsMetrics) {
+TEST(GlyphTableTest, TakesTheLineFromTheWindowsMetrics) {
     GlyphTable table({"Tahoma", 10, false});
     // Tahoma: 2049 and 423 units of a 2048 em.
     QRawFont face = QRawFont::fromFont(DesignFont({"Tahoma", 10, false}));
@@ -54,7 +54,7 @@ TEST(GlyphTable, TakesTheLineFromTheWindowsMetrics) {
     EXPECT_NEAR(table.LineHeight(), (ascent + descent) / face.unitsPerEm() * 1000, 1e-9);
 }
 
-TEST(GlyphTable, HasDesignWidthsFromTheFontFile) {
+TEST(GlyphTableTest, HasDesignWidthsFromTheFontFile) {
     GlyphTable table({"Tahoma", 10, false});
     QRawFont face = QRawFont::fromFont(DesignFont({"Tahoma", 10, false}));
     const QByteArray hmtx = face.fontTable("hmtx");
@@ -68,7 +68,7 @@ TEST(GlyphTable, HasDesignWidthsFromTheFontFile) {
     }
 }
 
-TEST(GlyphTable, GivesControlCharactersNoWidth) {
+TEST(GlyphTableTest, GivesControlCharactersNoWidth) {
     GlyphTable table({"Tahoma", 10, false});
     for (const char32_t code : {U'\0', U'\n', U'\t', char32_t{0x7F}, char32_t{0x9F}}) {
         EXPECT_EQ(table.Of(code).Advance, 0);
@@ -76,7 +76,7 @@ TEST(GlyphTable, GivesControlCharactersNoWidth) {
     }
 }
 
-TEST(GlyphTable, TakesAnotherFontForACharacterThatItsOwnLacks) {
+TEST(GlyphTableTest, TakesAnotherFontForACharacterThatItsOwnLacks) {
     GlyphTable table({"OCR B", 10, false});
     const GlyphTable::Glyph own = table.Of(U'A');
     const GlyphTable::Glyph other = table.Of(U'\u0416');
@@ -86,7 +86,7 @@ TEST(GlyphTable, TakesAnotherFontForACharacterThatItsOwnLacks) {
     EXPECT_GT(other.Advance, 0);
 }
 
-TEST(GlyphTable, StaysInBoundsWithEveryCodePoint) {
+TEST(GlyphTableTest, StaysInBoundsWithEveryCodePoint) {
     GlyphTable table({"Tahoma", 10, false});
     for (char32_t code = 0; code < 0x20000; code += 31) {
         EXPECT_GE(table.Of(code).Advance, 0);

@@ -333,18 +333,18 @@ TEST_F(PdfPrinterTest, KeepsWhatIsSetAsLongAsItLivesAndWritesNoFile) {
 }
 
 TEST_F(PdfPrinterTest, LeavesTheUsersOwnSettingsByteForByte) {
-    constexpr const char* Odd = "# van mij\ndest PDF-bestand   paper=5  x=1";
+    constexpr const char* odd = "# van mij\ndest PDF-bestand   paper=5  x=1";
     QDir().mkpath(QFileInfo(SettingsFile()).absolutePath());
     QFile file(SettingsFile());
     ASSERT_TRUE(file.open(QIODevice::WriteOnly));
-    file.write(Odd);
+    file.write(odd);
     file.close();
     PdfPrinter printer(AskForPdfFile, SettingsFile());
     EXPECT_EQ(printer.ReadSettings().PaperId, cups::PaperLegal);
     printer.WriteSettings({cups::Portrait, cups::PaperA4, cups::BinAutomatic, 1});
     EXPECT_EQ(printer.ReadSettings().PaperId, cups::PaperA4);
     ASSERT_TRUE(file.open(QIODevice::ReadOnly));
-    EXPECT_EQ(file.readAll().toStdString(), Odd);
+    EXPECT_EQ(file.readAll().toStdString(), odd);
 }
 
 TEST_F(PdfPrinterTest, FollowsTheFileWhereNothingWasSet) {
@@ -368,7 +368,7 @@ TEST_F(PdfPrinterTest, TellsThatItsSettingsCannotBeRead) {
     EXPECT_EQ(printer.ReadSettings().PaperId, cups::PaperA5);
 }
 
-TEST(FileNameForTitle, IsAPlainFileName) {
+TEST(FileNameForTitleTest, IsAPlainFileName) {
     EXPECT_EQ(FileNameForTitle("Namenlijst"), "Namenlijst.pdf");
     EXPECT_EQ(FileNameForTitle("a/b\\c:d*e?f\"g<h>i|j"), "a-b-c-d-e-f-g-h-i-j.pdf");
     EXPECT_EQ(FileNameForTitle("../../etc/passwd"), "-..-etc-passwd.pdf");
@@ -399,7 +399,7 @@ std::optional<QString> AskAndAnswer(const QString& proposed,
     return AskForPdfFile(proposed);
 }
 
-TEST(AskForPdfFile, ProposesTheNameAndAddsTheEnding) {
+TEST(AskForPdfFileTest, ProposesTheNameAndAddsTheEnding) {
     const QTemporaryDir folder;
     const std::optional<QString> path = AskAndAnswer("Namenlijst.pdf", [&folder](QFileDialog& dialog) {
         EXPECT_EQ(QFileInfo(dialog.selectedFiles().value(0)).fileName(), "Namenlijst.pdf");
@@ -411,12 +411,12 @@ TEST(AskForPdfFile, ProposesTheNameAndAddsTheEnding) {
     EXPECT_EQ(path, folder.filePath("eigen naam.pdf"));
 }
 
-TEST(AskForPdfFile, GivesNothingWhenItIsCancelled) {
+TEST(AskForPdfFileTest, GivesNothingWhenItIsCancelled) {
     EXPECT_EQ(AskAndAnswer("x.pdf", [](QFileDialog& dialog) { dialog.reject(); }), std::nullopt);
 }
 
 // Typed without its ending, as a desktop's own dialog would ask for the wrong name.
-TEST(AskForPdfFile, HasTheUserConfirmToReplaceAFile) {
+TEST(AskForPdfFileTest, HasTheUserConfirmToReplaceAFile) {
     const QTemporaryDir folder;
     QFile file(folder.filePath("oud.pdf"));
     ASSERT_TRUE(file.open(QIODevice::WriteOnly));
