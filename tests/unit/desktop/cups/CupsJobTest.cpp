@@ -32,7 +32,7 @@ class Variable {
     std::optional<std::string> old_;
 };
 
-TEST(SpoolFolder, LiesInTheUsersCache) {
+TEST(SpoolFolderTest, LiesInTheUsersCache) {
     const Variable home("HOME", "/home/piet");
     {
         const Variable cache("XDG_CACHE_HOME", "/cache");

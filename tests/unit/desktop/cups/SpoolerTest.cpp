@@ -1,7 +1,5 @@
 #include <cstring>
 
-#include <QFile>
-#include <QTemporaryDir>
 #include <gtest/gtest.h>
 
 #include "desktop/cups/CupsSpooler.h"

@@ -29,11 +29,6 @@ namespace {
 
 using testing::IsEmpty;
 
-constexpr const char* Wizard = "frmMain";
-constexpr const char* Manager = "frmPrintManager";
-constexpr const char* SetupForm = "frmPrintManagerSetup";
-constexpr const char* Preview = "frmPrintPreview";
-
 constexpr const char* Themes[] = {"light", "dark", "contrast", "mixed"};
 
 /// While it lives the desktop has this theme.

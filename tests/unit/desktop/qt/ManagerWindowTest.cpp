@@ -25,9 +25,6 @@ using printmanager::frmPrintManager;
 using testing::ElementsAre;
 using testing::IsEmpty;
 
-constexpr const char* Manager = "frmPrintManager";
-constexpr const char* SetupForm = "frmPrintManagerSetup";
-
 class ManagerWindowTest : public testing::Test {
   protected:
     ManagerWindowTest() {

@@ -21,9 +21,6 @@
 
 namespace {
 
-constexpr const char* Preview = "frmPrintPreview";
-constexpr const char* Manager = "frmPrintManager";
-
 class PreviewProgramTest : public testing::Test {
   protected:
     PreviewProgramTest() {

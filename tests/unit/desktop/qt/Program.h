@@ -9,6 +9,12 @@
 #include "state/AppState.h"
 #include "wizard/frmMain.h"
 
+// The names by which its forms are found.
+inline constexpr const char* Wizard = "frmMain";
+inline constexpr const char* Manager = "frmPrintManager";
+inline constexpr const char* SetupForm = "frmPrintManagerSetup";
+inline constexpr const char* Preview = "frmPrintPreview";
+
 /// The whole program with real windows, and all else in memory.
 struct Program {
     Program() { memory.InstallPrinter({.Name = "Proefprinter"}); }

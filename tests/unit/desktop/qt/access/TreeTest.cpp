@@ -6,6 +6,7 @@
 #include <QWidget>
 
 #include "forms/Form.h"
+#include "forms/cmdButtonXP.h"
 #include "printmanager/frmPrintManager.h"
 #include "unit/desktop/qt/access/AccessTest.h"
 

@@ -10,11 +10,10 @@
 #include "desktop/qt/PdfPrinter.h"
 #include "desktop/qt/QtPrinter.h"
 #include "desktop/qt/QtPrinters.h"
+#include "unit/desktop/qt/printing/TestFonts.h"
 
 namespace desktop::qt {
 namespace {
-
-const machine::FontSpec Tahoma9 = {"Tahoma", 9, false};
 
 /// A queue whose documents go to a file, and what became of them.
 struct Spool {

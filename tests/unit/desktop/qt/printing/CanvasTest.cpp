@@ -9,11 +9,11 @@
 #include "desktop/qt/Fonts.h"
 #include "unit/desktop/qt/printing/Devices.h"
 #include "unit/desktop/qt/printing/PdfReader.h"
+#include "unit/desktop/qt/printing/TestFonts.h"
 
 namespace desktop::qt {
 namespace {
 
-const machine::FontSpec Tahoma9 = {"Tahoma", 9, false};
 const machine::FontSpec Ocr10 = {"OCR-B", 10, false};
 
 TEST(QtCanvasTest, PutsATextWhereTheCursorIs) {

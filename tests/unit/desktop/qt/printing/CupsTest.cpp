@@ -14,13 +14,12 @@
 #include "desktop/qt/QtPrinters.h"
 #include "unit/desktop/qt/printing/PdfReader.h"
 #include "unit/desktop/qt/printing/PrintServer.h"
+#include "unit/desktop/qt/printing/TestFonts.h"
 
 namespace desktop::qt {
 namespace {
 
 using namespace cups;
-
-const machine::FontSpec Tahoma9 = {"Tahoma", 9, false};
 
 class CupsTest : public testing::Test {
   protected:

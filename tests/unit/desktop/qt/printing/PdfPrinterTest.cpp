@@ -20,11 +20,11 @@
 #include "desktop/qt/QtPrinter.h"
 #include "desktop/qt/QtPrinters.h"
 #include "unit/desktop/qt/printing/PdfReader.h"
+#include "unit/desktop/qt/printing/TestFonts.h"
 
 namespace desktop::qt {
 namespace {
 
-const machine::FontSpec Tahoma9 = {"Tahoma", 9, false};
 constexpr std::int16_t PaperForm = cups::FirstPrivateId;
 
 /// The PDF printer alone, in a folder of its own, with a user who gives the answers of `Answers` in turn.

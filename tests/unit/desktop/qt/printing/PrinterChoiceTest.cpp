@@ -1,7 +1,6 @@
 // What is chosen through the spooler's calls, as the printer takes it.
 #include <QFile>
 #include <QTemporaryDir>
-
 #include <gtest/gtest.h>
 
 #include "desktop/cups/CupsSpooler.h"
