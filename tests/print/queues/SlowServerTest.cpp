@@ -9,8 +9,6 @@ namespace {
 
 using std::chrono::milliseconds;
 using testing::AnyOf;
-using testing::IsEmpty;
-using testing::Not;
 
 /// The user's own tray is not the first of the list, which is selected where none is known.
 class SlowServerTest : public QueuesTest, public testing::WithParamInterface<int> {

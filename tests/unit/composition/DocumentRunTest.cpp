@@ -4,10 +4,8 @@
 
 namespace composition {
 
-using testing::Contains;
 using testing::ElementsAre;
 using testing::IsEmpty;
-using testing::Not;
 
 class DocumentRunTest : public DocumentTest {
   protected:

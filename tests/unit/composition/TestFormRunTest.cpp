@@ -7,7 +7,6 @@
 
 namespace composition {
 
-using testing::Each;
 using testing::ElementsAre;
 using testing::IsEmpty;
 

@@ -5,7 +5,6 @@
 
 namespace {
 
-using forms::Area;
 using forms::ReadingOrder;
 using testing::ElementsAre;
 using testing::IsEmpty;

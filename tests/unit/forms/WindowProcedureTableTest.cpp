@@ -2,8 +2,6 @@
 
 namespace {
 
-using testing::ElementsAre;
-
 class WindowProcedureTableTest : public HookTest {};
 
 TEST_F(WindowProcedureTableTest, AWindowBeginsWithAProcedureThatDoesNothing) {

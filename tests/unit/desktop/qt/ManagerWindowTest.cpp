@@ -22,7 +22,6 @@
 namespace {
 
 using printmanager::frmPrintManager;
-using testing::ElementsAre;
 using testing::IsEmpty;
 
 class ManagerWindowTest : public testing::Test {

@@ -8,8 +8,6 @@
 
 namespace {
 
-using testing::ElementsAre;
-
 class TextBoxTest : public SampleTest {
   protected:
     QLineEdit* Edit(const char* name) { return Widget<QLineEdit>(name); }
