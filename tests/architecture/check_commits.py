@@ -29,7 +29,7 @@ def history():
     if pathlib.Path(git("rev-parse", "--show-toplevel") or "/") != ROOT:
         return []
     since = [git("describe", "--tags", "--abbrev=0"), git("rev-parse", "--verify", "--quiet", BEFORE_THE_RULE + "^{commit}")]
-    return git("log", f"--max-count={MOST}", "--format=%h %s", "HEAD", *(f"^{start}" for start in since if start)).splitlines()
+    return git("log", "--no-merges", f"--max-count={MOST}", "--format=%h %s", "HEAD", *(f"^{start}" for start in since if start)).splitlines()
 
 
 def complaints(commits):
