@@ -1,12 +1,13 @@
 #include "FileAnswer.h"
 
+#include <utility>
+
 #include <QApplication>
 #include <QDir>
 #include <QFileDialog>
 #include <QLineEdit>
 #include <QTest>
 #include <QUrl>
-#include <utility>
 
 namespace scenario {
 

@@ -1,10 +1,11 @@
 #pragma once
 
+#include <functional>
+
 #include <QObject>
 #include <QString>
 #include <QTimer>
 #include <QWidget>
-#include <functional>
 
 namespace scenario {
 

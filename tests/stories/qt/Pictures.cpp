@@ -1,9 +1,10 @@
 #include "Pictures.h"
 
+#include <utility>
+
 #include <QApplication>
 #include <QPainter>
 #include <QPixmap>
-#include <utility>
 
 #include "ScriptError.h"
 

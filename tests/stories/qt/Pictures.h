@@ -1,8 +1,9 @@
 #pragma once
 
+#include <string>
+
 #include <QString>
 #include <QWidget>
-#include <string>
 
 namespace scenario {
 
