@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include "machine/Locale.h"
 #include "memory/MemoryPlatform.h"
 
 namespace state {
@@ -30,6 +31,33 @@ TEST(SettingsTest, NumbersThatDoNotFitCountAsNone) {
     EXPECT_EQ(GetalInstelling("31"), 31);
     EXPECT_EQ(GetalInstelling(""), 0);
     EXPECT_EQ(GetalInstelling("40000"), 0);
+}
+
+TEST(LeesLocaleTekstTest, IsEmptyForAnItemThatFails) {
+    struct Broken : machine::Locale {
+        int calls = 0;
+        int failAt;
+        explicit Broken(int at) : failAt(at) {}
+        std::int32_t GetUserDefaultLCID() override { return 0; }
+        std::int32_t GetLocaleInfoA(std::int32_t, std::int32_t, char* buffer, std::int32_t size) override {
+            if (++calls == failAt) {
+                return 0;
+            }
+            if (buffer != nullptr && size >= 2) {
+                buffer[0] = 'x';
+                buffer[1] = '\0';
+            }
+            return 2;
+        }
+        char DecimalMark() override { return ','; }
+        std::string ShortMonthName(int) override { return {}; }
+    };
+    Broken first(1);
+    EXPECT_EQ(LeesLocaleTekst(first, 0, machine::LocaleCurrencySymbol), "");
+    Broken second(2);
+    EXPECT_EQ(LeesLocaleTekst(second, 0, machine::LocaleCurrencySymbol), "");
+    Broken none(0);
+    EXPECT_EQ(LeesLocaleTekst(none, 0, machine::LocaleCurrencySymbol), "x");
 }
 
 } // namespace

@@ -263,32 +263,5 @@ TEST_F(StartUpTest, RenewsTheCalibrationAndLeavesTheCreditor) {
     EXPECT_EQ(form->UserText(70).Text(), "Eerst");
 }
 
-TEST(LeesLocaleTekstTest, IsEmptyForAnItemThatFails) {
-    struct Broken : machine::Locale {
-        int calls = 0;
-        int failAt;
-        explicit Broken(int at) : failAt(at) {}
-        std::int32_t GetUserDefaultLCID() override { return 0; }
-        std::int32_t GetLocaleInfoA(std::int32_t, std::int32_t, char* buffer, std::int32_t size) override {
-            if (++calls == failAt) {
-                return 0;
-            }
-            if (buffer != nullptr && size >= 2) {
-                buffer[0] = 'x';
-                buffer[1] = '\0';
-            }
-            return 2;
-        }
-        char DecimalMark() override { return ','; }
-        std::string ShortMonthName(int) override { return {}; }
-    };
-    Broken first(1);
-    EXPECT_EQ(state::LeesLocaleTekst(first, 0, machine::LocaleCurrencySymbol), "");
-    Broken second(2);
-    EXPECT_EQ(state::LeesLocaleTekst(second, 0, machine::LocaleCurrencySymbol), "");
-    Broken none(0);
-    EXPECT_EQ(state::LeesLocaleTekst(none, 0, machine::LocaleCurrencySymbol), "x");
-}
-
 } // namespace
 } // namespace wizard
