@@ -19,7 +19,7 @@ import time
 import zipfile
 
 HERE = pathlib.Path(__file__).parent
-for folder in ("print/pdf", "security", "windows"):
+for folder in ("print/pdf", "print/windows", "security", "windows"):
     sys.path.insert(0, str(HERE.parent / folder))
 from agent import Registry  # noqa: E402
 from check_windows_writes import files_in  # noqa: E402

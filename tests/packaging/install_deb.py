@@ -16,7 +16,7 @@ import subprocess
 import sys
 
 HERE = pathlib.Path(__file__).parent
-for place in ("print/pdf", "windows"):
+for place in ("print/pdf", "print/windows", "windows"):
     sys.path.insert(0, str(HERE.parent / place))
 from clean_root import USER, CleanRoot, in_a_namespace_of_its_own  # noqa: E402
 from debian_package import field, make, need  # noqa: E402

@@ -14,7 +14,7 @@
 #include "desktop/qt/PdfPrinter.h"
 #include "desktop/qt/QtPrinter.h"
 #include "desktop/qt/QtText.h"
-#include "unit/desktop/qt/printing/PdfReader.h"
+#include "print/pdf/PdfReader.h"
 #include "unit/desktop/qt/printing/PrintServer.h"
 
 namespace desktop::qt {

@@ -219,7 +219,7 @@ def make_prefix(folder):
 def make_ocr_font(target):
     if not OCR_FONT.exists():
         skip("the OCR-B font is not installed")
-    maker = pathlib.Path(__file__).with_name("ttf_font.py")
+    maker = pathlib.Path(__file__).parents[1] / "print" / "windows" / "ttf_font.py"
     for python in (sys.executable, "/usr/bin/python3"):  # the packaged library belongs to the packaged Python
         if subprocess.run([python, str(maker), str(OCR_FONT), str(target), OCR_FAMILY], check=False,
                           capture_output=True).returncode == 0:

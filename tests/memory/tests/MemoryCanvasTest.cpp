@@ -3,7 +3,7 @@
 #include <gmock/gmock.h>
 
 #include "base/RuntimeError.h"
-#include "unit/memory/Events.h"
+#include "memory/tests/Events.h"
 
 namespace {
 

@@ -4,7 +4,7 @@
 
 #include "forms/Form.h"
 #include "forms/ProgressBar.h"
-#include "unit/memory/Events.h"
+#include "memory/tests/Events.h"
 
 namespace {
 

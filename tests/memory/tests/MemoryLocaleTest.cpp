@@ -4,7 +4,7 @@
 
 #include <gtest/gtest.h>
 
-#include "unit/memory/Events.h"
+#include "memory/tests/Events.h"
 
 namespace {
 

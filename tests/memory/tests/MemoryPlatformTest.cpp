@@ -3,7 +3,7 @@
 #include <gmock/gmock.h>
 
 #include "machine/modRegistry.h"
-#include "unit/memory/Events.h"
+#include "memory/tests/Events.h"
 
 namespace {
 

@@ -6,7 +6,7 @@
 #include <gmock/gmock.h>
 
 #include "base/Text.h"
-#include "unit/memory/Events.h"
+#include "memory/tests/Events.h"
 
 namespace {
 

@@ -14,7 +14,8 @@ import tempfile
 
 from line_reader import HERE, judge, missing_tool, read_lines
 
-sys.path.insert(0, str(HERE.parents[1] / "windows"))
+for folder in (HERE.with_name("windows"), HERE.parents[1] / "windows"):
+    sys.path.insert(0, str(folder))
 from office import BIN, EXAMPLE, FORMS as DOCUMENT_FORMS, PAPER, Office  # noqa: E402
 from print_batch import FORM_TRAY, LEGAL, MARGIN, OFFSET, this_month  # noqa: E402
 from printed import Batch, as_pdf, settings_of  # noqa: E402

@@ -1,4 +1,4 @@
-#include "unit/desktop/qt/printing/PdfReader.h"
+#include "print/pdf/PdfReader.h"
 
 #include <algorithm>
 

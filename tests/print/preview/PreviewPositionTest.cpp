@@ -23,10 +23,10 @@
 #include "desktop/qt/PdfDocument.h"
 #include "desktop/qt/QtCanvas.h"
 #include "machine/SeededRandom.h"
+#include "print/preview/Ink.h"
+#include "print/preview/NotedBitmaps.h"
 #include "support/StoredSettings.h"
 #include "testdata/Tables.h"
-#include "unit/desktop/qt/Ink.h"
-#include "unit/desktop/qt/NotedBitmaps.h"
 #include "unit/desktop/qt/PreviewFixture.h"
 
 namespace {

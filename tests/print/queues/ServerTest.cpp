@@ -3,9 +3,9 @@
 #include <gmock/gmock.h>
 
 #include "desktop/cups/PaperTable.h"
+#include "print/pdf/PdfReader.h"
 #include "print/queues/DrawAgain.h"
 #include "print/queues/QueuesFixture.h"
-#include "unit/desktop/qt/printing/PdfReader.h"
 
 namespace {
 

@@ -14,13 +14,15 @@ import pathlib
 import sys
 import tempfile
 
-from failures import Failures
-from office import (BIN, EXAMPLE, FORMS, NAME_LIST, ORIENTATION, PAPER, REPORT, TITLES, Office)
 from printed import Batch, as_pdf, features, name_list_errors, report_errors, settings_of
-from wine_prefix import skip
 
-sys.path.insert(0, str(pathlib.Path(__file__).parents[1] / "print" / "pdf"))
+PRINT = pathlib.Path(__file__).parents[1]
+for folder in (PRINT / "pdf", PRINT.parent / "windows"):
+    sys.path.insert(0, str(folder))
+from failures import Failures  # noqa: E402
 from form_checker import FontMissing, FormChecker, check_known_values  # noqa: E402
+from office import BIN, EXAMPLE, FORMS, NAME_LIST, ORIENTATION, PAPER, REPORT, TITLES, Office  # noqa: E402
+from wine_prefix import skip  # noqa: E402
 
 COUNT = 250
 TOLERANCE_MM = 0.1

@@ -5,11 +5,11 @@ import re
 import subprocess
 import sys
 
-sys.path.insert(0, str(pathlib.Path(__file__).parents[1] / "print" / "pdf"))
+sys.path.insert(0, str(pathlib.Path(__file__).parents[1] / "pdf"))
 from form_checker import TWIPS_PER_MM, words  # noqa: E402
 from layout import MM, TOPS_CM, CM  # noqa: E402
 
-PERSON_ROWS = pathlib.Path(__file__).parents[2] / "src" / "testdata" / "generated" / "PersonRows.inc"
+PERSON_ROWS = pathlib.Path(__file__).parents[3] / "src" / "testdata" / "generated" / "PersonRows.inc"
 ACCOUNT_ROWS = PERSON_ROWS.with_name("AccountRows.inc")
 LIST_LENGTH = 249
 LIST_COLUMNS = (0, 5000, 8000, 9500)

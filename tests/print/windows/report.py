@@ -6,15 +6,19 @@ that the printer lacks.
 
 FOLDER is the build folder of the Windows program. Exit status 77 where Wine, CUPS or Ghostscript is missing.
 """
+import pathlib
 import re
 import subprocess
+import sys
 import tempfile
 
-from failures import test_in_office
-from office import EXAMPLE, REPORT
 from print_batch import LIST_LEFT
 from printed import FONT_SAMPLE, as_pdf, lines, report_errors, settings_of, text_of, words
-from watcher import SETTINGS
+
+sys.path.insert(0, str(pathlib.Path(__file__).parents[2] / "windows"))
+from failures import test_in_office  # noqa: E402
+from office import EXAMPLE, REPORT  # noqa: E402
+from watcher import SETTINGS  # noqa: E402
 
 OCR, PLAIN, MISSING = "OCR-B", "Tahoma", "Zo heet geen lettertype"
 NO_TEXT = "0"  # the type of form that has none

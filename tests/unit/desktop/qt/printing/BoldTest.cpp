@@ -8,8 +8,8 @@
 #include "desktop/qt/BoldFace.h"
 #include "desktop/qt/Fonts.h"
 #include "desktop/qt/GlyphTable.h"
+#include "print/pdf/PdfReader.h"
 #include "unit/desktop/qt/printing/Devices.h"
-#include "unit/desktop/qt/printing/PdfReader.h"
 
 namespace desktop::qt {
 namespace {

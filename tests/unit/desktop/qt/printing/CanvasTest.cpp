@@ -7,8 +7,8 @@
 #include <gtest/gtest.h>
 
 #include "desktop/qt/Fonts.h"
+#include "print/pdf/PdfReader.h"
 #include "unit/desktop/qt/printing/Devices.h"
-#include "unit/desktop/qt/printing/PdfReader.h"
 #include "unit/desktop/qt/printing/TestFonts.h"
 
 namespace desktop::qt {

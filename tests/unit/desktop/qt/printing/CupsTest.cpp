@@ -12,7 +12,7 @@
 #include "desktop/cups/CupsSpooler.h"
 #include "desktop/qt/QtPrinter.h"
 #include "desktop/qt/QtPrinters.h"
-#include "unit/desktop/qt/printing/PdfReader.h"
+#include "print/pdf/PdfReader.h"
 #include "unit/desktop/qt/printing/PrintServer.h"
 #include "unit/desktop/qt/printing/TestFonts.h"
 

@@ -19,7 +19,7 @@
 #include "desktop/cups/PaperTable.h"
 #include "desktop/qt/QtPrinter.h"
 #include "desktop/qt/QtPrinters.h"
-#include "unit/desktop/qt/printing/PdfReader.h"
+#include "print/pdf/PdfReader.h"
 #include "unit/desktop/qt/printing/TestFonts.h"
 
 namespace desktop::qt {
