@@ -8,7 +8,7 @@ build=${1:-$PWD/build/coverage}
 tools/setup.sh coverage
 cmake --preset coverage -B "$build" >/dev/null
 units=()
-for list in tests/unit/*/CMakeLists.txt; do
+for list in tests/unit/*/CMakeLists.txt tests/unit/desktop/regfile/CMakeLists.txt tests/memory/tests/CMakeLists.txt; do
   units+=("$(sed -n 's/^drukkeuring_test(\([a-z_]*\).*/\1/p' "$list")")
 done
 nice cmake --build "$build" --target "${units[@]}" drukkeuring-scenario
