@@ -2,7 +2,7 @@
 """Checks that what Qt calls of the program lets no exception out: Qt knows none.
 
 Each slot that is connected, each call that a timer makes later, and each event or filter that a class overrides has to work
-in one of the guards of platform/qt/Guarded.h, or do no more than what is listed here.
+in one of the guards of desktop/qt/Guarded.h, or do no more than what is listed here.
 """
 import pathlib
 import re
