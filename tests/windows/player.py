@@ -5,9 +5,9 @@ records that do not depend on measures.
 """
 import time
 
-from agent import WM_CLOSE, WM_COMMAND, WM_NULL, Program, Window
-from messages import (CBN_SELCHANGE, CB_GETCOUNT, CB_SETCURSEL, COMBO, EM_SETSEL, LBN_SELCHANGE, LB_GETCOUNT,
-                      LB_SETCURSEL, MK_LBUTTON, SBM_SETPOS, SB_ENDSCROLL, SB_THUMBPOSITION, STATIC,
+from agent import WM_CLOSE, WM_COMMAND, WM_NULL, Program, Window, text_of
+from messages import (CBN_SELCHANGE, CB_GETCOUNT, CB_GETLBTEXT, CB_SETCURSEL, COMBO, EM_SETSEL, LBN_SELCHANGE, LB_GETCOUNT,
+                      LB_GETTEXT, LB_SETCURSEL, MK_LBUTTON, SBM_SETPOS, SB_ENDSCROLL, SB_THUMBPOSITION, STATIC,
                       TB_ISBUTTONENABLED, VK_TAB, WM_CHAR, WM_HSCROLL, WM_LBUTTONDOWN, WM_LBUTTONUP, WM_MOUSEWHEEL,
                       WM_VSCROLL)
 from reader import PICTURE_BUTTONS, Reader
@@ -80,18 +80,31 @@ class Player(Reader):
     def parent_of_bar(self, form):
         return self.agent.number("parent", self.handle(form, "Toolbar"))
 
+    def entries(self, path):
+        """The texts of a list or combo."""
+        window = self.window(*path.split("."))
+        count, text = (CB_GETCOUNT, CB_GETLBTEXT) if window.kind == COMBO else (LB_GETCOUNT, LB_GETTEXT)
+        return [text_of(self.agent.ask("entry", window.handle, text, place)) for place in range(window.send(count))]
+
     def do_pick(self, path, entry):
+        self.pick("pick", path, int(entry))
+
+    def do_pick_text(self, path, text):
+        entries = self.entries(path)
+        self.pick("pick-text", path, entries.index(text) if text in entries else len(entries))
+
+    def pick(self, command, path, entry):
         form, control = path.split(".")
         window = self.window(form, control)
         combo = window.kind == COMBO
         count, choose, told = (CB_GETCOUNT, CB_SETCURSEL, CBN_SELCHANGE) if combo else (
             LB_GETCOUNT, LB_SETCURSEL, LBN_SELCHANGE)
-        if not self.can_use(form, control) or not 0 <= int(entry) < window.send(count):
-            self.ignore("pick", path)
+        if not self.can_use(form, control) or not 0 <= entry < window.send(count):
+            self.ignore(command, path)
             return
         number = self.ids.number(form, control)
         parent = self.agent.number("parent", window.handle)
-        self.act((window.handle, choose, int(entry), 0), (parent, WM_COMMAND, signed(number, told), window.handle))
+        self.act((window.handle, choose, entry, 0), (parent, WM_COMMAND, signed(number, told), window.handle))
 
     def do_focus(self, path):
         form, control = path.split(".")

@@ -77,6 +77,20 @@ void Pick(World& world, CommandLine& line) {
     });
 }
 
+/// Picks an entry by its text, where the list is a real machine's and no story knows its order; of entries
+/// with the same text the first.
+void PickText(World& world, CommandLine& line) {
+    OnControl(world, line, "pick-text", [&](const Target& target, bool reachable) {
+        auto& list = As<forms::ChoiceControl>(target, "list or combo");
+        const std::string text = line.Word("text");
+        int entry = 0;
+        while (entry < list.ListCount() && list.List(entry) != text) {
+            ++entry;
+        }
+        return reachable && world.stage->Pick(list, entry);
+    });
+}
+
 void Focus(World& world, CommandLine& line) {
     OnControl(world, line, "focus", [&](const Target& target, bool reachable) {
         return reachable && world.stage->Focus(*target.Control);
@@ -262,6 +276,7 @@ void FileNext(World& world, CommandLine& line) {
 constexpr Command Commands[] = {
     {"click", Click},
     {"pick", Pick},
+    {"pick-text", PickText},
     {"focus", Focus},
     {"tab", Tab},
     {"type", Type},

@@ -5,8 +5,7 @@ Words and questions that concern the inside of the program raise Unplayable, or 
 import json
 import time
 
-from agent import Registry, text_of
-from messages import CB_GETLBTEXT
+from agent import Registry
 from player import Player
 from printers import driver_of, printers_in, unseen_in
 from reader import Unknown
@@ -94,9 +93,7 @@ class StoryPlayer(Player):
     def do_pick(self, path, entry):
         """A story counts the printers as they were installed; Windows lists them by their names."""
         if path == PRINTER_LIST and 0 <= int(entry) < len(self.printers):
-            handle = self.handle(*path.split("."))
-            names = [text_of(self.agent.ask("entry", handle, CB_GETLBTEXT, place)) for place in range(len(self.printers))]
-            entry = names.index(self.printers[int(entry)])
+            entry = self.entries(path).index(self.printers[int(entry)])
         super().do_pick(path, entry)
 
     # The mouse, for the buttons that follow it.
