@@ -16,6 +16,9 @@ class QtStage final : public Stage {
     QtStage(memory::MemoryPlatform& memory, desktop::qt::QtDesktop& real, const machine::Platform& rest,
             const QString& suffix = {});
 
+    /// Timers tick by themselves, for who does not compare the record. To be told before the program starts.
+    void LetTimersTick() { desktop_.TimersTick = true; }
+
     machine::Platform& Services() override { return services_; }
     void WhileModal(std::function<bool()> next) override { desktop_.Next = std::move(next); }
     bool ErrorsPass() const override { return false; }

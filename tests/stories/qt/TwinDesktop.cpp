@@ -29,7 +29,7 @@ class TwinPeer final : public forms::FormPeer {
     void ControlChanged(forms::Control& control, forms::Aspect aspect) override {
         record_->ControlChanged(control, aspect);
         // Real time would tick between the lines of the script.
-        if (dynamic_cast<forms::Timer*>(&control) == nullptr) {
+        if (desktop_.TimersTick || dynamic_cast<forms::Timer*>(&control) == nullptr) {
             window_->ControlChanged(control, aspect);
         }
     }

@@ -12,7 +12,7 @@ namespace scenario {
 class TwinPeer;
 
 /// The real desktop, with that of the memory platform beside it: the one shows the windows, the other writes
-/// down what comes, goes and is told. When a timer ticks is the script's to say.
+/// down what comes, goes and is told. When a timer ticks is the script's to say, unless timers are let tick.
 class TwinDesktop final : public forms::Desktop {
   public:
     /// `screen` says how large the screen is. All outlive it.
@@ -23,6 +23,9 @@ class TwinDesktop final : public forms::Desktop {
 
     /// What the user does next while a form alone takes input; false: he does nothing more.
     std::function<bool()> Next;
+
+    /// Forms that come from now on have timers that tick by themselves.
+    bool TimersTick = false;
 
     /// Looks at a message box before the user answers it.
     std::function<void(QWidget&)> OnMessage;
