@@ -13,8 +13,6 @@ namespace {
 using testing::HasSubstr;
 using testing::Not;
 
-constexpr const char* Preview = "frmPrintPreview";
-
 // As a hand may have left it: no line end at the end, a queue that is gone, an instance, blanks.
 constexpr const char* OddFile =
     "# van mij\n"
@@ -61,12 +59,11 @@ TEST_P(DefaultsTest, HoldTheChoiceInTheProgramAlone) {
         first = bin();
         Program->Pick(2, FormsTray);
         Program->PickDocument(NameList);
-        window::WhenShown(Preview, [&] {
+        Program->OpenPreview([&] {
             EXPECT_NE(bin(), first);
             ExpectAsBefore();
-            window::Key(Qt::Key_Escape);
+            Program->Play("key frmPrintPreview 27");
         });
-        Program->Click("cmdPrintVoorbeeld");
         EXPECT_NE(bin(), first);
         Program->CloseManager();
     });

@@ -62,7 +62,7 @@ TEST_F(LostAnswerTest, OfADocumentThatMayHaveComeIsToldWithoutANumber) {
 
 TEST_F(LostAnswerTest, OfADocumentThatWasNotSentToItsEndIsToldAsNotPrinted) {
     OpenFirst([&] {
-        Program->Form.UserText(0).SetText("1000");
+        Program->Play("paste frmMain.UserText(0) 1000");
         const SlowServer server(Server.Folder() + "/cups.sock", milliseconds(0), Loss::Document);
         Program->Print(TestForms);
     });

@@ -1,8 +1,6 @@
 #pragma once
 
-#include <algorithm>
 #include <functional>
-#include <iterator>
 #include <memory>
 #include <string>
 #include <vector>
@@ -57,12 +55,7 @@ class QueuesTest : public testing::Test {
         Server.Write(".cups/lpoptions", text);
     }
 
-    std::vector<std::string> Messages() const {
-        std::vector<std::string> texts;
-        std::transform(Boxes.All().begin(), Boxes.All().end(), std::back_inserter(texts),
-                       [](const auto& box) { return box.Text.toStdString(); });
-        return texts;
-    }
+    const std::vector<std::string>& Messages() { return Program->Messages(); }
 
     std::vector<std::string> Entries(int combo) {
         std::vector<std::string> texts;
@@ -86,7 +79,7 @@ class QueuesTest : public testing::Test {
 
     /// Opens the manager again, prints, and expects the document as job `number`.
     void ExpectUsable(int number) {
-        const std::size_t before = Boxes.All().size();
+        const std::size_t before = Messages().size();
         Program->OpenManager([&] {
             Program->OpenDetails();
             Program->Pick(0, "Kantoor");
@@ -96,10 +89,9 @@ class QueuesTest : public testing::Test {
         const std::optional<ArrivedJob> job = Server.Job(number);
         ASSERT_TRUE(job);
         EXPECT_EQ(job->Options["InputSlot"], "Tray3");
-        EXPECT_EQ(Boxes.All().size(), before);
+        EXPECT_EQ(Messages().size(), before);
     }
 
     PrintServer Server;
-    window::MessageBoxes Boxes;
     std::unique_ptr<RealProgram> Program;
 };

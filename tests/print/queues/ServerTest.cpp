@@ -88,8 +88,7 @@ TEST_F(ServerTest, DownBetweenLoadAndPrintIsToldByTheRun) {
 TEST_F(ServerTest, DownBetweenPrintAndRestorePutsTheDefaultsBackAllTheSame) {
     OpenFirst([&] {
         Program->PickDocument(NameList);
-        window::WhenShown("frmPrintPreview", [] { window::Key(Qt::Key_Escape); });
-        Program->Click("cmdPrintVoorbeeld");
+        Program->OpenPreview([&] { Program->Play("key frmPrintPreview 27"); });
         Server.Stop();
         EXPECT_FALSE(Program->Printers.Find("Kantoor")->ReachableNow());
         EXPECT_EQ(Program->Printers.Find("Kantoor")->ReadSettings().BinId, 257);
@@ -107,7 +106,7 @@ TEST_F(ServerTest, DownWhenTheDetailsAreAskedAndBackForThePrintGivesTheDriversDe
     OpenFirst([&] { Program->CloseManager(); });
     Program->OpenManager([&] { // the printer of the last time, without its lists
         Server.Stop();
-        Program->Click("cmdDetails");
+        Program->Play("click frmPrintManager.cmdDetails");
         EXPECT_TRUE(Program->Manager().blnNoConnection);
         Server.Start();
         Program->Print(NameList);
@@ -142,10 +141,10 @@ TEST_F(ServerTest, DownShowsNoConnectionUntilTheDetailsAreAskedAgain) {
         EXPECT_EQ(Label(5), "n/a");
         EXPECT_TRUE(Program->Manager().pictError.Visible());
         EXPECT_THAT(Entries(1), IsEmpty());
-        Program->Click("cmdDetails");
+        Program->Play("click frmPrintManager.cmdDetails");
         EXPECT_TRUE(Program->Manager().blnNoConnection);
         Server.Start();
-        Program->Click("cmdDetails");
+        Program->Play("click frmPrintManager.cmdDetails");
         EXPECT_FALSE(Program->Manager().blnNoConnection);
         EXPECT_EQ(Label(6), "Driverloos");
         EXPECT_FALSE(Program->Manager().pictError.Visible());

@@ -54,7 +54,7 @@ TEST_F(SilentServerTest, WhenTheManagerOpens) {
         Program->OpenManager([&] {
             EXPECT_FALSE(silence.HasAnswered());
             EXPECT_THAT(Entries(0), Contains("Kantoor"));
-            Program->Click("cmdDetails");
+            Program->Play("click frmPrintManager.cmdDetails");
             EXPECT_TRUE(Program->Manager().blnNoConnection);
             EXPECT_FALSE(Program->Manager().blnDetailsOpen);
             Program->CloseManager();
@@ -72,7 +72,7 @@ TEST_F(SilentServerTest, WhenTheDetailsAreOpened) {
     Program->OpenManager([&] {
         {
             const Silence silence(Server);
-            Program->Click("cmdDetails");
+            Program->Play("click frmPrintManager.cmdDetails");
             EXPECT_FALSE(silence.HasAnswered());
         }
         EXPECT_TRUE(Program->Manager().blnNoConnection);
@@ -93,7 +93,7 @@ TEST_F(SilentServerTest, WhenAnotherPrinterIsChosen) {
         EXPECT_EQ(Label(6), "Geen verbinding mogelijk");
         EXPECT_FALSE(Program->Manager().blnBusy);
         WaitUntilAsked();
-        Program->Click("cmdDetails");
+        Program->Play("click frmPrintManager.cmdDetails");
         EXPECT_FALSE(Program->Manager().blnNoConnection);
         EXPECT_EQ(Label(6), "Driverloos");
         Program->CloseManager();
@@ -127,8 +127,7 @@ TEST_F(SilentServerTest, WhenTheDocumentIsSent) {
 TEST_F(SilentServerTest, BetweenPrintAndRestore) {
     OpenFirst([&] {
         Program->PickDocument(NameList);
-        window::WhenShown("frmPrintPreview", [] { window::Key(Qt::Key_Escape); });
-        Program->Click("cmdPrintVoorbeeld");
+        Program->OpenPreview([&] { Program->Play("key frmPrintPreview 27"); });
         const Silence silence(Server);
         Program->CloseManager();
         EXPECT_FALSE(silence.HasAnswered());

@@ -46,7 +46,7 @@ TEST_P(SlowServerTest, AnOpeningShowsTheUsersTrayOrNone) {
     const SlowServer slow(Socket(), Delay());
     StartProgram();
     Program->OpenManager([&] {
-        Program->Click("cmdDetails");
+        Program->Play("click frmPrintManager.cmdDetails");
         ExpectTrayOrNoConnection(FormsTray, "1");
         Program->CloseManager();
     });

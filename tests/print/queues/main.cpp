@@ -7,14 +7,12 @@
 #include "desktop/qt/EndSignals.h"
 #include "desktop/qt/QtPlatform.h"
 #include "print/queues/RealProgram.h"
-#include "unit/desktop/qt/Window.h"
 #include "unit/desktop/qt/printing/PrintServer.h"
 
 namespace {
 
 /// Prints from the preview with another tray, and waits in the open print manager until it is killed.
 void PrintAndWait() {
-    const window::MessageBoxes boxes;
     RealProgram program;
     const desktop::qt::EndSignals ending([] { QCoreApplication::exit(); }, [] { return true; });
     program.GoToTheLastPage();
@@ -22,9 +20,7 @@ void PrintAndWait() {
         program.OpenDetails();
         program.Pick(2, "Lade 3 met formulieren");
         program.PickDocument(1);
-        window::WhenShown("frmPrintPreview",
-                          [] { window::Click(window::Find("frmPrintPreview", "Toolbar(1)")); });
-        program.Click("cmdPrintVoorbeeld");
+        program.OpenPreview([&] { program.Play("click frmPrintPreview.Toolbar(1)"); });
         QEventLoop().exec();
         std::_Exit(0); // no destructor helps
     });
