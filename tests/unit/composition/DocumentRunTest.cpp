@@ -87,7 +87,8 @@ TEST_F(DocumentRunTest, SettingsAreReadBeforeTheDocument) {
 }
 
 TEST_F(DocumentRunTest, AnyOtherNumberIsAnEmptyDocument) {
-    for (const std::int16_t iMethod : Numbers{4, 0, -1, 32767}) {
+    const auto next = static_cast<std::int16_t>(AllDocuments.back() + 1);
+    for (const std::int16_t iMethod : Numbers{next, NoDocument, -1, 32767}) {
         printer.canvas.documents = 0;
         Print(iMethod);
         EXPECT_THAT(Texts(), IsEmpty());
@@ -131,14 +132,14 @@ TEST_F(DocumentRunTest, FormsStandAtTheCornerOfThePaper) {
 
 TEST_F(DocumentRunTest, PaperIsForcedOnAPrinterAlone) {
     state.OverrulePaperSize = true;
-    Print(4);
+    Print(NoDocument);
     EXPECT_THAT(printer.papers, ElementsAre(5));
-    Preview(4);
+    Preview(NoDocument);
     state.MatrixPrinter = true;
-    Print(4);
+    Print(NoDocument);
     state.MatrixPrinter = false;
     state.OverrulePaperSize = false;
-    Print(4);
+    Print(NoDocument);
     EXPECT_EQ(printer.papers.size(), 1U);
 }
 
@@ -159,7 +160,7 @@ TEST_F(DocumentRunTest, PreviewAndPrintHaveTheSamePersonsAndOtherValues) {
 
 TEST_F(DocumentRunTest, MachineWithoutAPrinterComesToItsEnd) {
     printers.count = 0;
-    for (const std::int16_t iMethod : Numbers{1, 2, 3}) {
+    for (const std::int16_t iMethod : AllDocuments) {
         Print(iMethod);
     }
     EXPECT_EQ(printer.canvas.calls, 0);

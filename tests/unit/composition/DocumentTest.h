@@ -12,6 +12,12 @@
 
 namespace composition {
 
+// The documents by their numbers: what holds for each of them is tested by these lists.
+inline const Numbers AllDocuments{DocumentTestForms, DocumentNameList, DocumentCalibration};
+/// Those that build on ListSteps.
+inline const Numbers ListDocuments{DocumentNameList, DocumentCalibration};
+inline constexpr std::int16_t NoDocument = 0;
+
 /// Whole documents, with the order in which a run asks machine and forms for what it needs: "mouse 11",
 /// "settings" for any number of them read in a row, "yield" as the printer is opened, and the calls of the
 /// host.

@@ -23,7 +23,7 @@ TEST_F(FailingStepsTest, CanvasThatFailsAtEveryCall) {
     host.count = "5";
     for (const std::int16_t type : Numbers{0, 1, 2, 3}) {
         state.AcceptgiroType = type;
-        for (const std::int16_t iMethod : Numbers{1, 2, 3}) {
+        for (const std::int16_t iMethod : AllDocuments) {
             Restart();
             printer.canvas.Fails = [](int) { return true; };
             Print(iMethod);
@@ -39,11 +39,11 @@ TEST_F(FailingStepsTest, PrinterThatIsGoneForEveryCall) {
     printer.failures = {{"Page", {482, ""}}, {"ScaleLeft", {482, ""}}, {"ScaleTop", {482, ""}}};
     state.OverrulePaperSize = true;
     printer.failures["PaperSize"] = {380, ""};
-    for (const std::int16_t iMethod : Numbers{1, 2, 3}) {
+    for (const std::int16_t iMethod : AllDocuments) {
         Print(iMethod);
         ExpectEnd();
     }
-    EXPECT_EQ(memory.desktop.Messages().size(), 6U); // two of each opening, and none besides
+    EXPECT_EQ(memory.desktop.Messages().size(), 2 * AllDocuments.size()); // at each opening, and none besides
 }
 
 TEST_F(FailingStepsTest, FormsKeepTheirPlacesWhicheverCallFails) {
@@ -85,12 +85,12 @@ TEST_F(FailingStepsTest, RoutineThatFailsEndsAndTheNextOneRuns) {
 }
 
 TEST_F(FailingStepsTest, ListsLoseOneStepAlone) {
-    for (const std::int16_t iMethod : Numbers{2, 3}) {
+    for (const std::int16_t iMethod : ListDocuments) {
         Restart();
         Print(iMethod);
         const std::size_t all = Texts().size();
         const int calls = printer.canvas.calls;
-        for (int failing = 1; failing <= calls; failing += iMethod == 2 ? 97 : 1) {
+        for (int failing = 1; failing <= calls; failing += iMethod == DocumentNameList ? 97 : 1) {
             Restart();
             printer.canvas.Fails = [failing](int call) { return call == failing; };
             Print(iMethod);
@@ -186,7 +186,7 @@ TEST_F(FailingStepsTest, HostileStateComesToItsEnd) {
         state.LeftMargin = number;
         state.PageWidth = state.PageHeight = state.LineHeight = number;
         for (type = 0; type <= 3; ++type) {
-            for (const std::int16_t iMethod : Numbers{1, 2, 3}) {
+            for (const std::int16_t iMethod : AllDocuments) {
                 Print(iMethod);
                 Preview(iMethod);
                 ExpectEnd();
