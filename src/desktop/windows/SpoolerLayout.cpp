@@ -19,7 +19,7 @@ static_assert(std::is_standard_layout_v<machine::DEVMODE> &&
 
 #define SAME_FIELD(Ours, Theirs, Field)                                                                      \
     static_assert(offsetof(Ours, Field) == offsetof(Theirs, Field));                                         \
-    static_assert(sizeof(Ours::Field) == sizeof(Theirs::Field))
+    static_assert(sizeof(decltype(Ours::Field)) == sizeof(decltype(Theirs::Field)))
 
 #define SAME_IN_DEVMODE(Field) SAME_FIELD(machine::DEVMODE, ::DEVMODEA, Field)
 SAME_IN_DEVMODE(dmDeviceName);

@@ -12,8 +12,10 @@
 
 // The headers of GDI+ call these two without saying whose.
 namespace Gdiplus {
+// NOLINTBEGIN(misc-unused-using-decls): uses in headers of the system are not counted
 using std::max;
 using std::min;
+// NOLINTEND(misc-unused-using-decls)
 } // namespace Gdiplus
 
 #include <gdiplus.h>

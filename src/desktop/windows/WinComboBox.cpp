@@ -86,7 +86,8 @@ void WinComboBox::WidenList() {
     }
     const int bar = model_.ListCount() > MostLines ? SystemMetric(SM_CXVSCROLL, DpiOf(Window())) : 0;
     constexpr double margins = 180; // twips
-    Send(CB_SETDROPPEDWIDTH, static_cast<WPARAM>(widest + bar + Form().Scaling().ToDots(margins)));
+    const int width = widest + bar + Form().Scaling().ToDots(margins);
+    Send(CB_SETDROPPEDWIDTH, static_cast<WPARAM>(width));
 }
 
 void WinComboBox::Pick() {

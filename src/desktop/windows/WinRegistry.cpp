@@ -21,7 +21,7 @@ constexpr machine::RegistryKey LastRoot = 0x800000FFU;
 HKEY KeyOf(machine::RegistryKey key) {
     const bool isRoot = key >= FirstRoot && key <= LastRoot;
     const auto wide = isRoot ? static_cast<LONG_PTR>(static_cast<LONG>(key)) : static_cast<LONG_PTR>(key);
-    return reinterpret_cast<HKEY>(wide); // NOLINT(performance-no-int-to-ptr): handles travel as numbers
+    return reinterpret_cast<HKEY>(wide);
 }
 
 bool IsText(DWORD type) {

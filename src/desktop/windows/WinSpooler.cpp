@@ -21,7 +21,7 @@ constexpr std::int32_t Failed = -1;
 constexpr DWORD LargestInfo = machine::MostDriverBytes;
 
 ::HANDLE HandleOf(machine::PrinterHandle handle) {
-    return reinterpret_cast<::HANDLE>(handle); // NOLINT(performance-no-int-to-ptr): handles travel as numbers
+    return reinterpret_cast<::HANDLE>(handle);
 }
 
 /// A text in the buffer becomes Windows-1252 where it stands: that takes one byte for a character and is

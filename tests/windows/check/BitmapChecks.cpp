@@ -166,7 +166,8 @@ void CheckBitmaps() {
         CheckNear(ink.left, perInch + 1, 2 * density, "a text begins at its place" + at);
         CheckNear(ink.right, (TwipsPerInch + size.Width) * perInch / TwipsPerInch - 1, 2 * density,
                   "and ends where its measure says" + at);
-        Check(ink.top >= perInch / 2 && ink.bottom <= perInch / 2 + size.Height * perInch / TwipsPerInch,
+        const int top = perInch / 2;
+        Check(ink.top >= top && ink.bottom <= top + size.Height * perInch / TwipsPerInch,
               "and stands below the cursor" + at);
     }
     const SIZE corner{1000, 240};

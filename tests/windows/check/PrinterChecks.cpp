@@ -10,8 +10,6 @@
 #include "windows/check/Check.h"
 
 using namespace desktop::windows;
-using base::ErrorInvalidPropertyValue;
-using base::ErrorPrinter;
 
 namespace {
 

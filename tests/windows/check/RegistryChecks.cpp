@@ -8,7 +8,6 @@
 #include "windows/check/Check.h"
 
 using namespace desktop::windows;
-using machine::HkeyCurrentUser;
 
 namespace {
 

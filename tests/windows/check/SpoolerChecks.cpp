@@ -102,7 +102,7 @@ void CheckOffers(WinSpooler& spooler) {
     CheckEqual(papers[0], DMPAPER_A4, "the first is A4");
     std::string names(16 * 64, '\0');
     ask(DC_PAPERNAMES, names.data());
-    CheckEqual(names.c_str(), "A4 blanco", "named by the driver");
+    CheckEqual(names.substr(0, names.find('\0')), "A4 blanco", "named by the driver");
     CheckEqual(names.c_str() + 64, "US Legal", "each name in its field");
     std::vector<std::int32_t> sizes(32);
     CheckEqual(ask(DC_PAPERSIZE, sizes.data()), 3, "with a size each");

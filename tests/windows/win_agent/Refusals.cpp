@@ -42,7 +42,7 @@ std::map<std::pair<DWORD, std::string>, StandIn> standIns;
 std::uint8_t* BaseOfProgram() {
     HMODULE first = nullptr;
     DWORD bytes = 0;
-    return EnumProcessModules(program.Process, &first, sizeof first, &bytes) == FALSE
+    return EnumProcessModules(program.Process, &first, sizeof(HMODULE), &bytes) == FALSE
                ? nullptr
                : reinterpret_cast<std::uint8_t*>(first);
 }
