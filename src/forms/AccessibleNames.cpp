@@ -62,7 +62,7 @@ std::string AccessibleNameOf(const Control& control) {
     if (!control.AccessibleName().empty()) {
         return control.AccessibleName();
     }
-    if (const std::string text = control.SpokenText(); !text.empty()) {
+    if (std::string text = control.SpokenText(); !text.empty()) {
         return text;
     }
     if (control.IsNamedByLabel()) {

@@ -100,7 +100,7 @@ std::string machine::modRegistry::RootKeyName(RegistryKey hKey) {
 }
 
 std::string machine::modRegistry::KeyDisplayName(RegistryKey hKey) const {
-    const std::string root = RootKeyName(hKey);
+    std::string root = RootKeyName(hKey);
     if (!root.empty()) {
         return root;
     }

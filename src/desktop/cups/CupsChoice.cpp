@@ -219,6 +219,7 @@ CupsOptions JobOptions(const CupsMedia& media, const CupsOptions& own,
 
 std::vector<const char*> AttributesForJobs() {
     std::vector<const char*> names;
+    names.reserve(WhereNeeded.size());
     for (const AnswerWhereNeeded& answer : WhereNeeded) {
         names.push_back(answer.Preset);
     }

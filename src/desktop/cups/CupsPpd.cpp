@@ -146,6 +146,7 @@ void ReadPlainChoices(const ppd_group_t& group, CupsMedia& media) {
     for (int i = 0; i < group.num_options; ++i) {
         const ppd_option_t& option = group.options[i];
         std::vector<std::string> choices;
+        choices.reserve(static_cast<std::size_t>(option.num_choices));
         for (int j = 0; j < option.num_choices; ++j) {
             choices.emplace_back(option.choices[j].choice);
         }

@@ -55,6 +55,7 @@ std::string_view WholeCharacters(std::string_view text, std::size_t bytes) {
 
 std::vector<std::string> ShortNames(const std::vector<std::string>& names, std::size_t bytes) {
     std::vector<std::string> cut;
+    cut.reserve(names.size());
     for (const std::string& name : names) {
         cut.push_back(name.size() <= bytes ? name : WithoutLastWords(name, bytes));
     }
