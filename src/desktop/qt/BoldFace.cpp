@@ -250,7 +250,7 @@ class BoldMaker {
         const std::array<FT_Pos, 4> corners = {box.xMin, box.yMin, box.xMax, box.yMax};
         // Twelve bytes for the counts and the corners, two for a contour, five for a point.
         const qsizetype start = outlines_.size();
-        outlines_.resize(start + 12 + outline.n_contours * 2 + outline.n_points * 5);
+        outlines_.resize(start + 12 + qsizetype{outline.n_contours} * 2 + qsizetype{outline.n_points} * 5);
         char* at = outlines_.data() + start;
         const auto put = [&at](FT_Pos value) {
             qToBigEndian(static_cast<quint16>(value), at);

@@ -9,7 +9,7 @@ namespace desktop::qt {
 /// The user's regional settings as the desktop has them.
 class QtLocale final : public machine::Locale {
   public:
-    explicit QtLocale(QLocale locale = QLocale::system()) : locale_(std::move(locale)) {}
+    explicit QtLocale(const QLocale& locale = QLocale::system()) : locale_(locale) {}
 
     std::int32_t GetUserDefaultLCID() override;
     std::int32_t GetLocaleInfoA(std::int32_t locale, std::int32_t item, char* buffer,

@@ -143,6 +143,7 @@ class ManagerTest : public testing::Test {
 
     static std::vector<std::string> Entries(const forms::ChoiceControl& control) {
         std::vector<std::string> entries;
+        entries.reserve(static_cast<std::size_t>(control.ListCount()));
         for (int i = 0; i < control.ListCount(); ++i) {
             entries.push_back(control.List(i));
         }
