@@ -67,11 +67,6 @@ CupsJob::CupsJob(std::shared_ptr<CupsServer> server, const std::string& queue, c
     : server_(std::move(server)), queue_(queue), queueUri_(queueUri), title_(title), mark_(NewMark()),
       options_(options), file_(SpoolFolder(), server_->Reason()) {}
 
-int CupsJob::Write(std::string_view bytes) {
-    file_.Write(bytes);
-    return 0;
-}
-
 IppMessage CupsJob::NewPrintRequest() const {
     IppMessage request = NewRequest(IPP_OP_PRINT_JOB, queueUri_);
     ippAddString(request.get(), IPP_TAG_OPERATION, IPP_TAG_NAME, "job-name", nullptr, title_.c_str());

@@ -26,8 +26,8 @@ class CupsJob : public PrintJob {
     CupsJob(std::shared_ptr<CupsServer> server, const std::string& queue, const std::string& queueUri,
             const std::string& title, const CupsOptions& options);
 
-    /// What finds no place is told by Finish, which knows the folder and the reason.
-    int Write(std::string_view bytes) override;
+    int Write(std::string_view bytes) override { return file_.Write(bytes); }
+    std::string Loss(int error) const override { return file_.Loss(error); }
     void Finish() override;
 
   private:

@@ -56,9 +56,12 @@ class PrintJob {
 
     /// False if the user has called the document off: then nothing is to be written.
     virtual bool IsWanted() const { return true; }
-    /// Takes the next bytes of the PDF. 0, or errno if the document is to be broken off at its next page. A
-    /// job that tells the loss of bytes itself, in Finish, with the place and the reason, answers 0.
+    /// Takes the next bytes of the PDF. 0 or errno; the first failure holds for all that follow, and the
+    /// document is broken off at its next page.
     virtual int Write(std::string_view bytes) = 0;
+    /// What the user is told where bytes were lost for the reason `error`, an errno: as Finish tells it, with
+    /// the place. Empty if the job knows of none.
+    virtual std::string Loss(int /*error*/) const { return {}; }
     /// Hands the complete document over. RuntimeError(ErrorPrinter) if that fails, or if bytes were lost.
     virtual void Finish() = 0;
 };

@@ -76,9 +76,12 @@ bool SpoolFile::IsRead() const {
     return fstat(Number(), &status) != 0 || lseek(Number(), 0, SEEK_CUR) >= status.st_size;
 }
 
+std::string SpoolFile::Loss(int error) const {
+    return "Het document kon niet worden klaargezet.\n" + folder_ + "\n" + reason_(error);
+}
+
 void SpoolFile::Fail(int error) const {
-    throw base::RuntimeError(base::ErrorPrinter,
-                             "Het document kon niet worden klaargezet.\n" + folder_ + "\n" + reason_(error));
+    throw base::RuntimeError(base::ErrorPrinter, Loss(error));
 }
 
 } // namespace desktop::cups

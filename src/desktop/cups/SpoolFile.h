@@ -25,6 +25,9 @@ class SpoolFile {
     /// 0 or errno. The first failure is kept, and told by Rewind.
     int Write(std::string_view bytes) { return writer_.Write(bytes); }
 
+    /// What the user is told where bytes found no place, for the reason `error`, an errno.
+    std::string Loss(int error) const;
+
     /// To be read from its beginning, through Number(). RuntimeError(ErrorPrinter) if the disk has not taken
     /// all that was written since the file was opened.
     void Rewind();

@@ -12,16 +12,21 @@ class JobDevice final : public QIODevice {
     /// `job` must live as long as the object.
     explicit JobDevice(cups::PrintJob& job) : job_(job) { open(WriteOnly); }
 
+    /// Why the job has not taken what it was given, an errno; 0 if it has taken all.
+    int Error() const { return error_; }
+
     bool isSequential() const override { return true; }
 
   protected:
     qint64 readData(char*, qint64) override { return -1; }
     qint64 writeData(const char* data, qint64 length) override {
-        return job_.Write({data, static_cast<std::size_t>(length)}) == 0 ? length : -1;
+        error_ = job_.Write({data, static_cast<std::size_t>(length)});
+        return error_ == 0 ? length : -1;
     }
 
   private:
     cups::PrintJob& job_;
+    int error_ = 0;
 };
 
 } // namespace desktop::qt

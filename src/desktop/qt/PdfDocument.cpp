@@ -130,7 +130,7 @@ void PdfDocument::DrawGathered() {
 void PdfDocument::NewPage(const Sheet& sheet) {
     DrawGathered();
     writer_.setPageLayout(LayoutOf(sheet));
-    if (output_.HasFailed() || !writer_.newPage()) {
+    if (HasFailed() || !writer_.newPage()) {
         throw base::RuntimeError(base::ErrorPrinter, "De volgende pagina kon niet worden begonnen.");
     }
     Place(sheet);

@@ -53,8 +53,10 @@ class PdfDocument {
     /// that follow on each other in one face go into the file together.
     void DrawGlyphs(const QRawFont& face, std::span<const quint32> glyphs, std::span<const QPointF> places);
     void NewPage(const Sheet& sheet);
-    /// Writes what is left. Whether the device has taken all is for the device to tell.
+    /// Writes what is left.
     void End();
+    /// True once the device has not taken all.
+    bool HasFailed() const { return output_.HasFailed(); }
 
   private:
     void Place(const Sheet& sheet);

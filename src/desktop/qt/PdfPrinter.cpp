@@ -33,12 +33,12 @@ class FileJob : public cups::PrintJob {
     explicit FileJob(const std::optional<QString>& path);
 
     bool IsWanted() const override { return path_.has_value(); }
-    /// What finds no place is told by Finish, which knows the file and the reason.
-    int Write(std::string_view bytes) override;
+    int Write(std::string_view bytes) override { return file_.Write(bytes); }
+    std::string Loss(int error) const override;
     void Finish() override;
 
   private:
-    base::RuntimeError Failure(int error) const;
+    [[noreturn]] void Fail(int error) const;
 
     std::optional<QString> path_;
     regfile::FileReplacement file_;
@@ -49,13 +49,8 @@ FileJob::FileJob(const std::optional<QString>& path) : path_(path) {
         return;
     }
     if (const int error = file_.Begin(QFile::encodeName(*path_).toStdString()); error != 0) {
-        throw Failure(error);
+        Fail(error);
     }
-}
-
-int FileJob::Write(std::string_view bytes) {
-    file_.Write(bytes);
-    return 0;
 }
 
 void FileJob::Finish() {
@@ -63,14 +58,18 @@ void FileJob::Finish() {
         return;
     }
     if (const int error = file_.Commit(); error != 0) {
-        throw Failure(error);
+        Fail(error);
     }
 }
 
-base::RuntimeError FileJob::Failure(int error) const {
-    const QString text = QStringLiteral("Het bestand kon niet worden geschreven.\n%1\n%2")
-                             .arg(QDir::toNativeSeparators(*path_), qt_error_string(error));
-    return base::RuntimeError(base::ErrorPrinter, text.toStdString());
+std::string FileJob::Loss(int error) const {
+    return QStringLiteral("Het bestand kon niet worden geschreven.\n%1\n%2")
+        .arg(QDir::toNativeSeparators(*path_), qt_error_string(error))
+        .toStdString();
+}
+
+void FileJob::Fail(int error) const {
+    throw base::RuntimeError(base::ErrorPrinter, Loss(error));
 }
 
 /// Bytes of a name without its ending. File systems take 255, and while the file is written it has a mark of

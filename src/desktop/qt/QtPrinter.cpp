@@ -231,7 +231,7 @@ void QtPrinter::NewPage() {
     try {
         document_->NewPage(SheetNow());
     } catch (const base::RuntimeError& error) {
-        Fail(error);
+        Fail(Loss().value_or(error));
     }
 }
 
@@ -241,8 +241,12 @@ void QtPrinter::EndDocument() {
         return;
     }
     document_->End();
+    const std::optional<base::RuntimeError> loss = Loss();
     document_.reset();
     try {
+        if (loss) {
+            throw *loss;
+        }
         job_->Finish();
     } catch (const base::RuntimeError& error) {
         begun_ = false;
@@ -255,6 +259,11 @@ void QtPrinter::DropOutput() {
     document_.reset(); // before the job, where it writes to its end
     output_.reset();
     job_.reset();
+}
+
+std::optional<base::RuntimeError> QtPrinter::Loss() const {
+    const std::string text = document_->HasFailed() ? job_->Loss(output_->Error()) : std::string();
+    return text.empty() ? std::nullopt : std::optional(base::RuntimeError(base::ErrorPrinter, text));
 }
 
 void QtPrinter::Fail(const base::RuntimeError& error) {

@@ -2,6 +2,7 @@
 
 #include <functional>
 #include <memory>
+#include <optional>
 #include <string>
 
 #include "base/RuntimeError.h"
@@ -73,6 +74,8 @@ class QtPrinter : public machine::Printer, private PageDevice {
     void BeginDocument();
     /// Takes what has been drawn of a document; what else is drawn of it goes nowhere.
     void DropOutput();
+    /// What the job tells of a document that it has not taken whole; nothing if it has, or knows no words.
+    std::optional<base::RuntimeError> Loss() const;
     /// Ends the document without a trace, tells the user why and passes the failure on.
     [[noreturn]] void Fail(const base::RuntimeError& error);
 

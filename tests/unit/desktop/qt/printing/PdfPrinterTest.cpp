@@ -1,5 +1,6 @@
 #include "desktop/qt/PdfPrinter.h"
 
+#include <cerrno>
 #include <csignal>
 #include <functional>
 
@@ -218,6 +219,28 @@ TEST_F(PdfPrinterTest, LeavesTheOldFileWhereTheDiskIsFull) {
     ASSERT_TRUE(old.open(QIODevice::ReadOnly));
     EXPECT_EQ(old.readAll().toStdString(), "oud");
     EXPECT_EQ(QDir(Folder.path()).entryList(QDir::Files | QDir::Hidden), QStringList{"uit.pdf"});
+}
+
+// A batch may have tens of thousands of forms to go.
+TEST_F(PdfPrinterTest, TellsAFullDiskAtTheNextPage) {
+    const FileLimit limit(2000);
+    int pages = 0;
+    const auto print = [&] {
+        for (; pages < 2000; ++pages) {
+            Printer.Page().DrawText(0, 0, "Een pagina vol", Tahoma9);
+            Printer.Page().NewPage();
+        }
+    };
+    EXPECT_THROW(print(), base::RuntimeError);
+    EXPECT_LT(pages, 500) << "the first 64 KB wait in memory";
+    const std::vector<std::string> once = {"Het bestand kon niet worden geschreven.\n" + Path.toStdString() +
+                                           "\n" + qt_error_string(EFBIG).toStdString()};
+    EXPECT_EQ(Told, once);
+    EXPECT_NO_THROW(print());
+    EXPECT_NO_THROW(Printer.Page().EndDocument());
+    EXPECT_EQ(Told, once);
+    EXPECT_EQ(Proposed.size(), 1U);
+    EXPECT_TRUE(QDir(Folder.path()).entryList(QDir::Files | QDir::Hidden).isEmpty());
 }
 
 // Also where no more than the last bytes find no place, which are written when the document ends.
