@@ -4,6 +4,8 @@
 #include <cstring>
 #include <utility>
 
+#include "machine/Printer.h"
+
 namespace machine {
 
 namespace {
@@ -22,6 +24,10 @@ std::int32_t List(const std::vector<Entry>& entries, void* output, PutEntry putE
         }
     }
     return static_cast<std::int32_t>(entries.size());
+}
+
+bool Has(const std::vector<std::int16_t>& codes, std::int16_t code) {
+    return std::find(codes.begin(), codes.end(), code) != codes.end();
 }
 
 } // namespace
@@ -49,6 +55,25 @@ DEVMODE ReadDevMode(const void* record) {
 
 bool Sets(const DEVMODE& mode, std::int32_t field) {
     return (mode.dmFields & static_cast<std::uint32_t>(field)) != 0;
+}
+
+DEVMODE Merged(DEVMODE stored, const DEVMODE& asked, const SettingsOffer& offer) {
+    const auto sets = [&](std::int32_t field) {
+        return Sets(asked, field) && (offer.Fields & static_cast<std::uint32_t>(field)) != 0;
+    };
+    if (sets(DM_ORIENTATION) && (asked.dmOrientation == Portrait || asked.dmOrientation == Landscape)) {
+        stored.dmOrientation = asked.dmOrientation;
+    }
+    if (sets(DM_PAPERSIZE) && Has(offer.Papers, asked.dmPaperSize)) {
+        stored.dmPaperSize = asked.dmPaperSize;
+    }
+    if (sets(DM_DEFAULTSOURCE) && Has(offer.Bins, asked.dmDefaultSource)) {
+        stored.dmDefaultSource = asked.dmDefaultSource;
+    }
+    if (sets(DM_COPIES) && asked.dmCopies > 0) {
+        stored.dmCopies = asked.dmCopies;
+    }
+    return stored;
 }
 
 PrinterInfoRecord::PrinterInfoRecord(std::uint32_t status, std::vector<char> devMode,

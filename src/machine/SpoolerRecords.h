@@ -32,6 +32,17 @@ DEVMODE ReadDevMode(const void* record);
 /// Does the record say that it sets this field (DM_...)?
 bool Sets(const DEVMODE& mode, std::int32_t field);
 
+/// What a printer lets be set: fields of a DEVMODE as bits (DM_...), and the codes of its papers and bins.
+struct SettingsOffer {
+    std::uint32_t Fields = 0;
+    std::vector<std::int16_t> Papers;
+    std::vector<std::int16_t> Bins;
+};
+
+/// The stored orientation, paper, bin and number of copies, with those of `asked` in their place that it sets
+/// and the printer offers.
+DEVMODE Merged(DEVMODE stored, const DEVMODE& asked, const SettingsOffer& offer);
+
 /// A text of a PRINTER_INFO_2.
 struct PrinterInfoText {
     char* PRINTER_INFO_2::*Member;

@@ -1,6 +1,5 @@
 #include "memory/MemorySpooler.h"
 
-#include <algorithm>
 #include <cstring>
 #include <optional>
 #include <string>
@@ -15,7 +14,7 @@ namespace {
 
 constexpr char DriverByte = 'd';
 
-std::vector<char> StoredDevMode(const PrintQueue& queue) {
+machine::DEVMODE StoredSettings(const PrintQueue& queue) {
     machine::DEVMODE mode{};
     machine::PutName(mode.dmDeviceName, sizeof mode.dmDeviceName - 1, base::text::ToCodePage(queue.Name));
     mode.dmFields = queue.Fields;
@@ -23,33 +22,27 @@ std::vector<char> StoredDevMode(const PrintQueue& queue) {
     mode.dmPaperSize = queue.Defaults.PaperSize;
     mode.dmDefaultSource = queue.Defaults.DefaultSource;
     mode.dmCopies = queue.Defaults.Copies;
-    return machine::DevModeRecord(mode, std::string(MemorySpooler::DriverExtra, DriverByte));
+    return mode;
+}
+
+std::vector<char> StoredDevMode(const PrintQueue& queue) {
+    return machine::DevModeRecord(StoredSettings(queue), std::string(MemorySpooler::DriverExtra, DriverByte));
 }
 
 template <class Rows>
-bool Offers(const Rows& rows, std::int16_t id) {
-    return std::any_of(rows.begin(), rows.end(), [id](const auto& row) { return row.Id == id; });
+std::vector<std::int16_t> NumbersOf(const Rows& rows) {
+    std::vector<std::int16_t> numbers;
+    for (const auto& row : rows) {
+        numbers.push_back(row.Id);
+    }
+    return numbers;
 }
 
 /// The settings of `mode` that the driver offers and takes, over the stored ones.
 QueueDefaults Merged(const PrintQueue& queue, const machine::DEVMODE& mode) {
-    machine::DEVMODE offered = mode;
-    offered.dmFields &= queue.Fields;
-    const auto has = [&offered](std::int32_t field) { return machine::Sets(offered, field); };
-    QueueDefaults merged = queue.Defaults;
-    if (has(machine::DM_ORIENTATION) && (mode.dmOrientation == 1 || mode.dmOrientation == 2)) {
-        merged.Orientation = mode.dmOrientation;
-    }
-    if (has(machine::DM_PAPERSIZE) && Offers(queue.Papers, mode.dmPaperSize)) {
-        merged.PaperSize = mode.dmPaperSize;
-    }
-    if (has(machine::DM_DEFAULTSOURCE) && Offers(queue.Bins, mode.dmDefaultSource)) {
-        merged.DefaultSource = mode.dmDefaultSource;
-    }
-    if (has(machine::DM_COPIES) && mode.dmCopies > 0) {
-        merged.Copies = mode.dmCopies;
-    }
-    return merged;
+    const machine::DEVMODE merged = machine::Merged(
+        StoredSettings(queue), mode, {queue.Fields, NumbersOf(queue.Papers), NumbersOf(queue.Bins)});
+    return {merged.dmOrientation, merged.dmPaperSize, merged.dmDefaultSource, merged.dmCopies};
 }
 
 /// What a DEVMODE tells, at the end of an event.
@@ -78,15 +71,6 @@ machine::PrinterInfoRecord InfoOf(const PrintQueue& queue) {
              {&machine::PRINTER_INFO_2::pPrintProcessor, "winprint"},
              {&machine::PRINTER_INFO_2::pDatatype, "RAW"},
              {&machine::PRINTER_INFO_2::pParameters, ""}}};
-}
-
-template <class Rows>
-std::vector<std::int16_t> NumbersOf(const Rows& rows) {
-    std::vector<std::int16_t> numbers;
-    for (const auto& row : rows) {
-        numbers.push_back(row.Id);
-    }
-    return numbers;
 }
 
 template <class Rows>

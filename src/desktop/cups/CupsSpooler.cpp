@@ -26,8 +26,17 @@ bool OffersItself(const std::vector<Item>& items) {
     return std::any_of(items.begin(), items.end(), [](const Item& item) { return !item.StandIn; });
 }
 
-std::vector<char> RecordOf(PrintQueue& queue, const QueueSettings& settings) {
+machine::DEVMODE DevModeOf(const QueueSettings& settings) {
     machine::DEVMODE mode{};
+    mode.dmOrientation = settings.Orientation;
+    mode.dmPaperSize = settings.PaperId;
+    mode.dmDefaultSource = settings.BinId;
+    mode.dmCopies = settings.Copies;
+    return mode;
+}
+
+std::vector<char> RecordOf(PrintQueue& queue, const QueueSettings& settings) {
+    machine::DEVMODE mode = DevModeOf(settings);
     constexpr std::size_t name = sizeof mode.dmDeviceName;
     machine::PutName(mode.dmDeviceName, name, WholeCharacters(queue.Name(), name - 1));
     mode.dmSpecVersion = DevModeVersion;
@@ -38,36 +47,7 @@ std::vector<char> RecordOf(PrintQueue& queue, const QueueSettings& settings) {
     if (OffersItself(queue.Bins())) {
         mode.dmFields |= Bit(machine::DM_DEFAULTSOURCE);
     }
-    mode.dmOrientation = settings.Orientation;
-    mode.dmPaperSize = settings.PaperId;
-    mode.dmDefaultSource = settings.BinId;
-    mode.dmCopies = settings.Copies;
     return machine::DevModeRecord(mode);
-}
-
-template <class Item>
-bool Offers(const std::vector<Item>& items, std::int16_t id) {
-    return std::any_of(items.begin(), items.end(), [id](const Item& item) { return item.Id == id; });
-}
-
-/// The stored settings with those of `mode` in their place that the queue offers.
-QueueSettings Merged(PrintQueue& queue, const machine::DEVMODE& mode) {
-    QueueSettings settings = queue.ReadSettings();
-    if (machine::Sets(mode, machine::DM_ORIENTATION) &&
-        (mode.dmOrientation == Portrait || mode.dmOrientation == Landscape)) {
-        settings.Orientation = mode.dmOrientation;
-    }
-    if (machine::Sets(mode, machine::DM_PAPERSIZE) && Offers(queue.Papers(), mode.dmPaperSize)) {
-        settings.PaperId = mode.dmPaperSize;
-    }
-    if (machine::Sets(mode, machine::DM_DEFAULTSOURCE) && Offers(queue.Bins(), mode.dmDefaultSource)) {
-        settings.BinId = mode.dmDefaultSource;
-    }
-    return settings;
-}
-
-std::int32_t TenthsOfMillimetre(double twips) {
-    return static_cast<std::int32_t>(std::lround(twips / TwipsPerTenthMillimetre));
 }
 
 template <class Item>
@@ -78,6 +58,23 @@ std::vector<std::int16_t> NumbersOf(const std::vector<Item>& items) {
     return numbers;
 }
 
+/// The stored settings with those of `mode` in their place that the queue offers.
+QueueSettings Merged(PrintQueue& queue, const machine::DEVMODE& mode) {
+    QueueSettings settings = queue.ReadSettings();
+    const machine::DEVMODE merged = machine::Merged(
+        DevModeOf(settings), mode,
+        {Bit(machine::DM_ORIENTATION) | Bit(machine::DM_PAPERSIZE) | Bit(machine::DM_DEFAULTSOURCE),
+         NumbersOf(queue.Papers()), NumbersOf(queue.Bins())});
+    settings.Orientation = merged.dmOrientation;
+    settings.PaperId = merged.dmPaperSize;
+    settings.BinId = merged.dmDefaultSource;
+    return settings;
+}
+
+std::int32_t TenthsOfMillimetre(double twips) {
+    return static_cast<std::int32_t>(std::lround(twips / TwipsPerTenthMillimetre));
+}
+
 std::vector<machine::PaperSides> SidesOf(const std::vector<Paper>& papers) {
     std::vector<machine::PaperSides> sides;
     std::transform(papers.begin(), papers.end(), std::back_inserter(sides), [](const Paper& paper) {
@@ -86,13 +83,16 @@ std::vector<machine::PaperSides> SidesOf(const std::vector<Paper>& papers) {
     return sides;
 }
 
-/// Names that leave a byte of the field for the NUL that closes them.
+/// As machine::ListNames, of names that leave a byte of the field for the NUL that closes them.
 template <class Item>
-std::vector<std::string> NamesOf(const std::vector<Item>& items, std::size_t bytes) {
+std::int32_t ListNamesOf(const std::vector<Item>& items, std::size_t bytes, void* output) {
+    if (output == nullptr) {
+        return static_cast<std::int32_t>(items.size()); // to tell names apart in few bytes is slow
+    }
     std::vector<std::string> names;
     std::transform(items.begin(), items.end(), std::back_inserter(names),
                    [](const Item& item) { return item.Name; });
-    return ShortNames(names, bytes - 1);
+    return machine::ListNames(ShortNames(names, bytes - 1), bytes, output);
 }
 
 } // namespace
@@ -197,13 +197,11 @@ std::int32_t CupsSpooler::DeviceCapabilitiesA(const std::string& printer, const 
     case machine::DC_PAPERSIZE:
         return machine::ListSides(SidesOf(queue->Papers()), output);
     case machine::DC_PAPERNAMES:
-        return machine::ListNames(NamesOf(queue->Papers(), machine::PaperNameBytes), machine::PaperNameBytes,
-                                  output);
+        return ListNamesOf(queue->Papers(), machine::PaperNameBytes, output);
     case machine::DC_BINS:
         return machine::ListNumbers(NumbersOf(queue->Bins()), output);
     case machine::DC_BINNAMES:
-        return machine::ListNames(NamesOf(queue->Bins(), machine::BinNameBytes), machine::BinNameBytes,
-                                  output);
+        return ListNamesOf(queue->Bins(), machine::BinNameBytes, output);
     default:
         return machine::SpoolerFailed;
     }

@@ -1,5 +1,6 @@
 #include "machine/SpoolerRecords.h"
 
+#include <array>
 #include <cstring>
 
 #include <gmock/gmock.h>
@@ -54,6 +55,44 @@ TEST(SpoolerRecordsTest, AFieldIsSetByItsBit) {
     EXPECT_FALSE(Sets(mode, DM_COLLATE));
     mode.dmFields = 1U << 15U;
     EXPECT_TRUE(Sets(mode, DM_COLLATE));
+}
+
+/// What the merging tests look at: orientation, paper, bin and copies.
+std::array<std::int16_t, 4> SettingsOf(const DEVMODE& mode) {
+    return {mode.dmOrientation, mode.dmPaperSize, mode.dmDefaultSource, mode.dmCopies};
+}
+
+DEVMODE ModeOf(std::uint32_t fields, const std::array<std::int16_t, 4>& settings) {
+    DEVMODE mode{};
+    mode.dmFields = fields;
+    mode.dmOrientation = settings[0];
+    mode.dmPaperSize = settings[1];
+    mode.dmDefaultSource = settings[2];
+    mode.dmCopies = settings[3];
+    return mode;
+}
+
+constexpr std::uint32_t AllFour = DM_ORIENTATION | DM_PAPERSIZE | DM_DEFAULTSOURCE | DM_COPIES;
+
+TEST(SpoolerRecordsTest, SettingsThatAreOfferedTakeThePlaceOfTheStored) {
+    const DEVMODE stored = ModeOf(0, {1, 9, 15, 1});
+    const SettingsOffer offer{AllFour, {9, 5}, {15, 1}};
+    EXPECT_THAT(SettingsOf(Merged(stored, ModeOf(AllFour, {2, 5, 1, 3}), offer)), ElementsAre(2, 5, 1, 3));
+    EXPECT_THAT(SettingsOf(Merged(stored, ModeOf(AllFour, {3, 8, 7, 0}), offer)), ElementsAre(1, 9, 15, 1))
+        << "no such orientation, paper, bin or number";
+    EXPECT_THAT(SettingsOf(Merged(stored, ModeOf(AllFour, {0, 0, 0, -1}), offer)), ElementsAre(1, 9, 15, 1));
+    EXPECT_THAT(SettingsOf(Merged(stored, ModeOf(0, {2, 5, 1, 3}), offer)), ElementsAre(1, 9, 15, 1));
+    EXPECT_THAT(SettingsOf(Merged(stored, ModeOf(DM_PAPERSIZE, {2, 5, 1, 3}), offer)),
+                ElementsAre(1, 5, 15, 1));
+}
+
+TEST(SpoolerRecordsTest, AFieldThatAPrinterDoesNotOfferStays) {
+    const DEVMODE stored = ModeOf(0, {2, 9, 15, 4});
+    const DEVMODE asked = ModeOf(AllFour, {1, 5, 1, 3});
+    EXPECT_THAT(SettingsOf(Merged(stored, asked, {0, {9, 5}, {15, 1}})), ElementsAre(2, 9, 15, 4));
+    EXPECT_THAT(SettingsOf(Merged(stored, asked, {DM_ORIENTATION | DM_COPIES, {9, 5}, {15, 1}})),
+                ElementsAre(1, 9, 15, 3));
+    EXPECT_THAT(SettingsOf(Merged(stored, asked, {AllFour, {}, {}})), ElementsAre(1, 9, 15, 3));
 }
 
 class PrinterInfoRecordTest : public testing::Test {
