@@ -35,10 +35,13 @@ class ShownForms {
     /// The form that was shown last; nullptr if none is.
     const Form* Top() const { return shown_.empty() ? nullptr : shown_.back(); }
     Peer* TopPeer() const { return shown_.empty() ? nullptr : PeerOf(*Top()); }
+    /// Of the shown forms that have one.
     std::vector<Peer*> Peers() const {
         std::vector<Peer*> peers;
         for (const Form* form : shown_) {
-            peers.push_back(PeerOf(*form));
+            if (Peer* const peer = PeerOf(*form)) {
+                peers.push_back(peer);
+            }
         }
         return peers;
     }

@@ -59,6 +59,15 @@ TEST_F(ShownFormsTest, WhereItIsHiddenTheOneBelowIs) {
     EXPECT_THAT(shown.Peers(), ElementsAre(&managerPeer)) << "whatever the order";
 }
 
+TEST_F(ShownFormsTest, OneWithoutAPeerIsNotAmongThePeers) {
+    TestForm other{session, "other"};
+    shown.Shown(main);
+    shown.Shown(other);
+    EXPECT_EQ(shown.Top(), &other);
+    EXPECT_EQ(shown.TopPeer(), nullptr);
+    EXPECT_THAT(shown.Peers(), ElementsAre(&mainPeer));
+}
+
 TEST_F(ShownFormsTest, OneThatIsGoneIsForgotten) {
     shown.Shown(main);
     shown.Gone(main);
