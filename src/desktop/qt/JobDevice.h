@@ -1,8 +1,11 @@
 #pragma once
 
+#include <cerrno>
+
 #include <QIODevice>
 
 #include "desktop/cups/PrintQueue.h"
+#include "desktop/qt/Guarded.h"
 
 namespace desktop::qt {
 
@@ -20,8 +23,13 @@ class JobDevice final : public QIODevice {
   protected:
     qint64 readData(char*, qint64) override { return -1; }
     qint64 writeData(const char* data, qint64 length) override {
-        error_ = job_.Write({data, static_cast<std::size_t>(length)});
-        return error_ == 0 ? length : -1;
+        return GuardedQuietly(qint64{-1}, [&] {
+            if (error_ == 0) {
+                error_ = ENOMEM; // unless the job answers
+                error_ = job_.Write({data, static_cast<std::size_t>(length)});
+            }
+            return error_ == 0 ? length : -1;
+        });
     }
 
   private:

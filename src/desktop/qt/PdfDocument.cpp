@@ -7,6 +7,7 @@
 #include <QPageSize>
 
 #include "base/RuntimeError.h"
+#include "desktop/qt/Guarded.h"
 #include "desktop/qt/PageDevice.h"
 #include "desktop/qt/PageUnits.h"
 
@@ -82,9 +83,10 @@ qint64 PdfOutput::readData(char* /*data*/, qint64 /*length*/) {
 }
 
 qint64 PdfOutput::writeData(const char* data, qint64 length) {
-    const bool isTable = QByteArrayView(data, length).startsWith(TableStart);
-    const qint64 taken =
-        isTable ? output_.write(WithBlanks(QByteArray(data, length))) : output_.write(data, length);
+    const qint64 taken = GuardedQuietly(qint64{-1}, [&] {
+        const bool isTable = QByteArrayView(data, length).startsWith(TableStart);
+        return isTable ? output_.write(WithBlanks(QByteArray(data, length))) : output_.write(data, length);
+    });
     hasFailed_ = hasFailed_ || taken != length;
     return taken;
 }

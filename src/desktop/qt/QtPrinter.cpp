@@ -1,6 +1,7 @@
 #include "desktop/qt/QtPrinter.h"
 
 #include <algorithm>
+#include <cerrno>
 #include <cmath>
 #include <utility>
 
@@ -262,7 +263,11 @@ void QtPrinter::DropOutput() {
 }
 
 std::optional<base::RuntimeError> QtPrinter::Loss() const {
-    const std::string text = document_->HasFailed() ? job_->Loss(output_->Error()) : std::string();
+    if (!document_->HasFailed()) {
+        return std::nullopt;
+    }
+    const int error = output_->Error() == 0 ? ENOMEM : output_->Error(); // what never came to the job
+    const std::string text = job_->Loss(error);
     return text.empty() ? std::nullopt : std::optional(base::RuntimeError(base::ErrorPrinter, text));
 }
 

@@ -1,6 +1,8 @@
 // Documents that a printer refuses on their way: part of a batch is worse than none.
 #include <cerrno>
 #include <functional>
+#include <new>
+#include <utility>
 
 #include <QFile>
 #include <QTemporaryDir>
@@ -21,6 +23,7 @@ struct Spool {
     int Finished = 0;
     bool RefusesStart = false;
     bool RefusesEnd = false;
+    bool LacksMemory = false; ///< for the next bytes alone
     QString File;
 };
 
@@ -30,9 +33,13 @@ class SpoolJob final : public cups::PrintJob {
         EXPECT_TRUE(file_.open(QIODevice::WriteOnly | QIODevice::Unbuffered));
     }
     int Write(std::string_view bytes) override {
+        if (std::exchange(spool_.LacksMemory, false)) {
+            throw std::bad_alloc();
+        }
         const auto size = static_cast<qint64>(bytes.size());
         return file_.write(bytes.data(), size) == size ? 0 : ENOSPC;
     }
+    std::string Loss(int error) const override { return error == ENOMEM ? "Geen geheugen." : ""; }
     void Finish() override {
         if (spool_.RefusesEnd) {
             throw base::RuntimeError(base::ErrorPrinter, "Geen antwoord.");
@@ -140,6 +147,18 @@ TEST_F(BrokenDocumentTest, RefusedAtItsEnd) {
     queue.RefusesEnd = true;
     EXPECT_EQ(Print(3), 1);
     ExpectGivenUpWholeAndToldOnce("Geen antwoord.");
+}
+
+TEST_F(BrokenDocumentTest, LosesBytesForLackOfMemory) {
+    EXPECT_EQ(Print(3, [this](int page) { queue.LacksMemory = page == 1; }), 1);
+    ExpectGivenUpWholeAndToldOnce("Geen geheugen.");
+}
+
+TEST_F(BrokenDocumentTest, LosesItsLastBytesForLackOfMemory) {
+    printer.Page().DrawText(567, 567, "Regel", Tahoma9);
+    queue.LacksMemory = true;
+    EXPECT_THROW(printer.Page().EndDocument(), base::RuntimeError);
+    ExpectGivenUpWholeAndToldOnce("Geen geheugen.");
 }
 
 TEST_F(BrokenDocumentTest, TheNextOneIsANewOne) {
