@@ -59,7 +59,8 @@ base::RuntimeError LostAnswer(const std::string& printer, int number) {
 } // namespace
 
 std::string SpoolFolder() {
-    return regfile::UserFolder("XDG_CACHE_HOME", "/.cache") + "/drukkeuring/spool";
+    const std::string folder = regfile::UserFolder("XDG_CACHE_HOME", "/.cache");
+    return folder.empty() ? folder : folder + "/drukkeuring/spool";
 }
 
 CupsJob::CupsJob(std::shared_ptr<CupsServer> server, const std::string& queue, const std::string& queueUri,

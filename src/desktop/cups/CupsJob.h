@@ -44,7 +44,8 @@ class CupsJob : public PrintJob {
     SpoolFile file_;
 };
 
-/// Where documents wait until the server has them: a folder of the user's own.
+/// Where documents wait until the server has them: a folder of the user's own. Empty if the user has no home,
+/// and no document can wait.
 std::string SpoolFolder();
 
 } // namespace desktop::cups

@@ -4,6 +4,19 @@
 #include <optional>
 
 #include <gtest/gtest.h>
+#include <pwd.h>
+
+#include "base/RuntimeError.h"
+
+namespace {
+bool isUserUnknown = false;
+}
+
+// The linker sends all calls of getpwuid() here.
+extern "C" passwd* __real_getpwuid(uid_t user);
+extern "C" passwd* __wrap_getpwuid(uid_t user) {
+    return isUserUnknown ? nullptr : __real_getpwuid(user);
+}
 
 namespace desktop::cups {
 namespace {
@@ -42,6 +55,16 @@ TEST(SpoolFolderTest, LiesInTheUsersCache) {
         const Variable cache("XDG_CACHE_HOME", none);
         EXPECT_EQ(SpoolFolder(), "/home/piet/.cache/drukkeuring/spool");
     }
+}
+
+TEST(SpoolFolderTest, IsNowhereWithoutAHome) {
+    const Variable home("HOME", "");
+    const Variable cache("XDG_CACHE_HOME", "");
+    isUserUnknown = true;
+    const std::string folder = SpoolFolder();
+    isUserUnknown = false;
+    EXPECT_EQ(folder, "");
+    EXPECT_THROW(SpoolFile{folder}, base::RuntimeError);
 }
 
 } // namespace
