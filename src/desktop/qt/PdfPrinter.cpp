@@ -21,6 +21,7 @@
 #include "desktop/cups/SheetSize.h"
 #include "desktop/qt/ArrowPointer.h"
 #include "desktop/regfile/FileReplacement.h"
+#include "desktop/regfile/UserFolders.h"
 
 namespace desktop::qt {
 
@@ -90,13 +91,10 @@ constexpr std::array<Setting, 3> StoredSettings = {{
     {"bin", &cups::QueueSettings::BinId},
 }};
 
-QString OwnSettingsFile() {
-    return QStandardPaths::writableLocation(QStandardPaths::GenericConfigLocation) +
-           QStringLiteral("/drukkeuring/pdf-bestand.conf");
-}
-
-std::string FileName(const QString& path) {
-    return QFile::encodeName(path).toStdString();
+/// Empty if the user has no home.
+std::string OwnSettingsFile() {
+    const std::string folder = regfile::UserFolder("XDG_CONFIG_HOME", "/.config");
+    return folder.empty() ? folder : folder + "/drukkeuring/pdf-bestand.conf";
 }
 
 cups::Paper PaperOf(std::int16_t id, const char* name, double width, double height) {
@@ -190,7 +188,8 @@ QString FileNameForTitle(const std::string& title) {
 
 PdfPrinter::PdfPrinter(FileAsker asker, const QString& settingsFile)
     : asker_(std::move(asker)),
-      defaults_(FileName(settingsFile.isEmpty() ? OwnSettingsFile() : settingsFile), {}),
+      defaults_(settingsFile.isEmpty() ? OwnSettingsFile() : QFile::encodeName(settingsFile).toStdString(),
+                {}),
       papers_{PaperOf(PaperForm, cups::FormSheetName, cups::FormSheet.Width, cups::FormSheet.Height),
               PaperOf(cups::PaperA4, "A4", TwipsOfMillimetres(210), TwipsOfMillimetres(297)),
               PaperOf(cups::PaperA5, "A5", TwipsOfMillimetres(148), TwipsOfMillimetres(210)),

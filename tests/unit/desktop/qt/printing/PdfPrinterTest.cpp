@@ -14,6 +14,7 @@
 #include <QTemporaryDir>
 #include <QTimer>
 #include <gtest/gtest.h>
+#include <pwd.h>
 #include <sys/resource.h>
 
 #include "base/RuntimeError.h"
@@ -22,6 +23,18 @@
 #include "desktop/qt/QtPrinters.h"
 #include "print/pdf/PdfReader.h"
 #include "unit/desktop/qt/printing/TestFonts.h"
+
+namespace {
+char* machinesHome = nullptr; // what the machine knows as the user's home; nullptr: the real one
+}
+
+// The linker sends all calls of getpwuid() here.
+extern "C" passwd* __real_getpwuid(uid_t user);
+extern "C" passwd* __wrap_getpwuid(uid_t user) {
+    static passwd entry{};
+    entry.pw_dir = machinesHome;
+    return machinesHome == nullptr ? __real_getpwuid(user) : &entry;
+}
 
 namespace desktop::qt {
 namespace {
@@ -341,6 +354,24 @@ TEST_F(PdfPrinterTest, ReadsDamagedSettingsAsFarAsTheyGo) {
     file.close();
     EXPECT_EQ(PdfPrinter(AskForPdfFile, SettingsFile()).ReadSettings(),
               (cups::QueueSettings{cups::Portrait, cups::PaperLegal, cups::BinAutomatic, 1}));
+}
+
+TEST_F(PdfPrinterTest, FindsItsSettingsWhereTheEnvironmentNamesNoHome) {
+    QDir(Folder.path()).mkpath(".config/drukkeuring");
+    QFile file(Folder.filePath(".config/drukkeuring/pdf-bestand.conf"));
+    ASSERT_TRUE(file.open(QIODevice::WriteOnly));
+    file.write("Dest PDF-bestand paper=5\n");
+    file.close();
+    const QByteArray home = qgetenv("HOME");
+    const QByteArray config = qgetenv("XDG_CONFIG_HOME");
+    QByteArray known = QFile::encodeName(Folder.path());
+    machinesHome = known.data();
+    qputenv("HOME", "");
+    qputenv("XDG_CONFIG_HOME", "");
+    EXPECT_EQ(PdfPrinter().ReadSettings().PaperId, cups::PaperLegal);
+    qputenv("HOME", home);
+    qputenv("XDG_CONFIG_HOME", config);
+    machinesHome = nullptr;
 }
 
 TEST_F(PdfPrinterTest, KeepsWhatIsSetAsLongAsItLivesAndWritesNoFile) {
