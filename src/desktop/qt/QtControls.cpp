@@ -3,6 +3,7 @@
 #include <utility>
 
 #include "forms/ControlVisitor.h"
+#include "forms/MenuItem.h"
 
 namespace desktop::qt {
 
@@ -22,7 +23,9 @@ class Maker final : public forms::ControlVisitor {
     void Visit(forms::LineControl& control) override { made_ = MakeLine(control, form_, parent_); }
     void Visit(forms::ListBox& control) override { made_ = MakeListBox(control, form_, parent_); }
     void Visit(forms::MenuBar& control) override { made_ = MakeMenuBar(control, form_, parent_); }
-    void Visit(forms::MenuItem& /*control*/) override {} // the user never sees it
+    void Visit(forms::MenuItem& control) override { // the user never sees it
+        made_ = std::make_unique<QtControl>(control, form_, nullptr);
+    }
     void Visit(forms::OptionButton& control) override { made_ = MakeOptionButton(control, form_, parent_); }
     void Visit(forms::PictureBox& control) override { made_ = MakePictureBox(control, form_, parent_); }
     void Visit(forms::ProgressBar& control) override { made_ = MakeProgressBar(control, form_, parent_); }
