@@ -1,4 +1,5 @@
 #include <algorithm>
+#include <cerrno>
 #include <cstring>
 #include <map>
 
@@ -13,6 +14,7 @@
 #include "desktop/qt/QtPrinter.h"
 #include "desktop/qt/QtPrinters.h"
 #include "print/pdf/PdfReader.h"
+#include "unit/desktop/qt/printing/FileLimit.h"
 #include "unit/desktop/qt/printing/PrintServer.h"
 #include "unit/desktop/qt/printing/TestFonts.h"
 
@@ -436,6 +438,23 @@ TEST_F(CupsTest, SurvivesTheServersEnd) {
     Printer.Page().DrawText(0, 0, "x", Tahoma9);
     EXPECT_THROW(Printer.Page().EndDocument(), base::RuntimeError);
     EXPECT_EQ(Told, std::vector<std::string>{NoAnswerText});
+    EXPECT_TRUE(QDir(QString::fromStdString(SpoolFolder())).isEmpty());
+}
+
+TEST_F(CupsTest, TellsAFullDiskAtTheNextPage) {
+    int pages = 0;
+    const auto print = [&] {
+        const FileLimit limit(2000);
+        for (; pages < 2000; ++pages) {
+            Printer.Page().DrawText(0, 0, "Een pagina vol", Tahoma9);
+            Printer.Page().NewPage();
+        }
+    };
+    EXPECT_THROW(print(), base::RuntimeError);
+    EXPECT_LT(pages, 500) << "the first 64 KB wait in memory";
+    Printer.Page().EndDocument();
+    EXPECT_EQ(Told, std::vector<std::string>{"Het document kon niet worden klaargezet.\n" + SpoolFolder() +
+                                             "\n" + qt_error_string(EFBIG).toStdString()});
     EXPECT_TRUE(QDir(QString::fromStdString(SpoolFolder())).isEmpty());
 }
 

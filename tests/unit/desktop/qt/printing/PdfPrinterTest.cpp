@@ -1,7 +1,6 @@
 #include "desktop/qt/PdfPrinter.h"
 
 #include <cerrno>
-#include <csignal>
 #include <functional>
 
 #include <QApplication>
@@ -15,13 +14,13 @@
 #include <QTimer>
 #include <gtest/gtest.h>
 #include <pwd.h>
-#include <sys/resource.h>
 
 #include "base/RuntimeError.h"
 #include "desktop/cups/PaperTable.h"
 #include "desktop/qt/QtPrinter.h"
 #include "desktop/qt/QtPrinters.h"
 #include "print/pdf/PdfReader.h"
+#include "unit/desktop/qt/printing/FileLimit.h"
 #include "unit/desktop/qt/printing/TestFonts.h"
 
 namespace {
@@ -198,22 +197,6 @@ TEST_F(PdfPrinterTest, TellsOnceThatAFileCannotBeWritten) {
     EXPECT_NE(Told[0].find("uit.pdf"), std::string::npos);
     EXPECT_EQ(Proposed.size(), 1U);
 }
-
-/// Lets no file grow beyond `bytes` for as long as it lives, as a full disk does.
-class FileLimit {
-  public:
-    explicit FileLimit(rlim_t bytes) {
-        getrlimit(RLIMIT_FSIZE, &before_);
-        rlimit limit = before_;
-        limit.rlim_cur = bytes;
-        std::signal(SIGXFSZ, SIG_IGN);
-        setrlimit(RLIMIT_FSIZE, &limit);
-    }
-    ~FileLimit() { setrlimit(RLIMIT_FSIZE, &before_); }
-
-  private:
-    rlimit before_ = {};
-};
 
 TEST_F(PdfPrinterTest, LeavesTheOldFileWhereTheDiskIsFull) {
     QFile old(Path);
