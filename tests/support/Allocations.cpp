@@ -55,9 +55,11 @@ std::size_t support::AllocatedBytes() {
 #include <malloc.h>
 
 extern "C" {
+// NOLINTBEGIN(bugprone-reserved-identifier,readability-identifier-naming): the C library's names
 void* __libc_malloc(std::size_t bytes);
 void* __libc_calloc(std::size_t count, std::size_t bytes);
 void* __libc_realloc(void* block, std::size_t bytes);
+// NOLINTEND(bugprone-reserved-identifier,readability-identifier-naming)
 
 void* malloc(std::size_t bytes) {
     Note(bytes);

@@ -18,6 +18,7 @@
 template <>
 struct nlohmann::adl_serializer<base::Boolean> {
     template <class Any>
+    // NOLINTNEXTLINE(readability-identifier-naming): the name that the library calls
     static void to_json(Any& json, const base::Boolean& flag) {
         json = static_cast<bool>(flag);
     }

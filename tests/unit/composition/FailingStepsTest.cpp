@@ -155,7 +155,7 @@ TEST_F(FailingStepsTest, FormsAroundTheRunMayFail) {
 }
 
 TEST_F(FailingStepsTest, HostileStateComesToItsEnd) {
-    const std::string garbage("\xff\xfe\0\r\n\t ,.-+e99", 15);
+    const std::string garbage("\xff\xfe\0\r\n\t ,.-+e99\0", 15);
     state.GMUFontName = garbage;
     state.GMUFontSize = garbage;
     state.GMUServiceNr = garbage;

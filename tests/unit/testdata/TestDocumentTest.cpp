@@ -183,7 +183,7 @@ TEST(SplitAccountTest, ReadsOddRowsOfATableAsFarAsTheyGo) {
     ListedRandom random({0});
     DrawState state;
     TestDocument document;
-    const auto draw = [&](std::string row) {
+    const auto draw = [&](const std::string& row) {
         const int width = static_cast<int>(row.size());
         const std::string rows = row + row;
         DrawTestDocument(state, {random, clock, PersonTable(), base::TextTable(rows, width, 25000)},
