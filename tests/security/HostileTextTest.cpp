@@ -58,9 +58,9 @@ TEST_P(HostileTitleTest, NamesAFileInTheChosenFolder) {
 TEST_P(HostileTitleTest, IsATextOfThePdfAndNothingElse) {
     const QTemporaryDir folder;
     const QString path = folder.filePath("uit.pdf");
-    QtPrinters printers(
-        std::make_unique<PdfPrinter>([&path](const QString&) { return path; }, folder.filePath("pdf.conf")),
-        [] { return cups::FoundQueues{}; });
+    QtPrinters printers(std::make_unique<PdfPrinter>([&path](const QString&) { return QString(path); },
+                                                     folder.filePath("pdf.conf")),
+                        [] { return cups::FoundQueues{}; });
     QtPrinter printer(printers, [](const std::string& text) { FAIL() << text; });
     printer.SetDocumentTitle(GetParam());
     printer.Page().DrawText(567, 567, "Regel", {"Tahoma", 9, false});

@@ -22,6 +22,7 @@ bool onlyNames = false; // a file system whose files all have a name
 }
 
 // The linker sends all calls of open() here.
+// NOLINTBEGIN(bugprone-reserved-identifier,readability-identifier-naming): the linker's names (--wrap)
 extern "C" int __real_open(const char* path, int flags, ...);
 extern "C" int __wrap_open(const char* path, int flags, ...) {
     std::va_list arguments;
@@ -34,6 +35,7 @@ extern "C" int __wrap_open(const char* path, int flags, ...) {
     }
     return __real_open(path, flags, mode);
 }
+// NOLINTEND(bugprone-reserved-identifier,readability-identifier-naming)
 
 namespace desktop::qt {
 namespace {

@@ -77,7 +77,7 @@ double TimeStart(const char* windowClass, const char* program) {
 } // namespace
 
 int main(int argc, char** argv) {
-    const int times = argc < 4 ? 0 : std::atoi(argv[1]);
+    const int times = argc < 4 ? 0 : static_cast<int>(std::strtol(argv[1], nullptr, 10));
     for (int i = 0; i < times; ++i) {
         for (int program = 3; program < argc; program += 2) {
             std::printf("%.2f ", TimeStart(argv[program - 1], argv[program]));

@@ -93,7 +93,7 @@ class PreviewPositionTest : public PreviewTest, public testing::WithParamInterfa
         queue.Sheet = {4960, 7016};
         queue.Printable = {4760, 6816};
         queue.Offset = {100, 125};
-        sheet_ = {4960 * 2.4, 7016 * 2.4, 100 * 2.4, 125 * 2.4};
+        paperSheet = {4960 * 2.4, 7016 * 2.4, 100 * 2.4, 125 * 2.4};
         state.SettingsKey = "Software\\Ondor\\Proef";
         memory.registry.CreateKey(state.SettingsKey);
         state.TwipsPerCm = 567;
@@ -117,13 +117,13 @@ class PreviewPositionTest : public PreviewTest, public testing::WithParamInterfa
     /// Draws the document on the screen, and once more on paper.
     void DrawBoth() {
         machine::SeededRandom chance(20260315);
-        machine::Platform all{desktop,       memory.registry,  memory.locale,   memory.clock,
-                              chance,        memory.spooler,   memory.printers, memory.printer,
-                              notedBitmaps_, desktop.Windows()};
+        machine::Platform all{desktop,      memory.registry,  memory.locale,   memory.clock,
+                              chance,       memory.spooler,   memory.printers, memory.printer,
+                              notedBitmaps, desktop.Windows()};
         preview::PrintPreview shown(session, all, state, printer);
         Host host(shown, [&] {
             window::WhenShown("frmPrintPreview", [&] {
-                window_ = Widget("pictCurrentPage")->grab().toImage();
+                windowPicture = Widget("pictCurrentPage")->grab().toImage();
                 window::Key(Qt::Key_Escape);
             });
             shown.Show();
@@ -132,8 +132,8 @@ class PreviewPositionTest : public PreviewTest, public testing::WithParamInterfa
         support::StoreRunSettings(memory.registry, state);
         composition::ComposeDocument(state, all, printer, host,
                                      {.iMethod = GetParam().number, .blnPrintPreview = true});
-        perTwip_ = desktop::qt::DotsPerTwip() * window_.devicePixelRatio();
-        window_.setDevicePixelRatio(1);
+        perTwip_ = desktop::qt::DotsPerTwip() * windowPicture.devicePixelRatio();
+        windowPicture.setDevicePixelRatio(1);
         DrawPaper();
     }
 
@@ -142,29 +142,29 @@ class PreviewPositionTest : public PreviewTest, public testing::WithParamInterfa
     std::vector<std::string> Misplaced(const QImage& window, double away) {
         std::vector<std::string> misplaced;
         int compared = 0;
-        for (const Call& call : notedBitmaps_.Calls) {
+        for (const Call& call : notedBitmaps.Calls) {
             const std::optional<QRect> area = AreaOf(call);
             if (!area) {
                 continue;
             }
-            const QRect onPaper = area->translated(Dots(sheet_.OriginX), Dots(sheet_.OriginY));
-            if (!paper_.rect().contains(onPaper)) { // it runs off the sheet
+            const QRect onPaper = area->translated(Dots(paperSheet.OriginX), Dots(paperSheet.OriginY));
+            if (!paperPicture.rect().contains(onPaper)) { // it runs off the sheet
                 continue;
             }
             ++compared;
             const std::string name = call.text.empty() ? "line" : call.text;
             const std::optional<Ink> seen = InkIn(window, *area);
-            const std::optional<Ink> printed = InkIn(paper_, onPaper);
+            const std::optional<Ink> printed = InkIn(paperPicture, onPaper);
             if (!seen || !printed) {
                 misplaced.push_back(name + " is missing");
                 continue;
             }
-            const double dx = printed->x - sheet_.OriginX * perTwip_ - seen->x;
-            const double dy = printed->y - sheet_.OriginY * perTwip_ - seen->y;
-            worst_ = std::max({worst_, std::abs(dx), std::abs(dy)});
+            const double dx = printed->x - paperSheet.OriginX * perTwip_ - seen->x;
+            const double dy = printed->y - paperSheet.OriginY * perTwip_ - seen->y;
+            worst = std::max({worst, std::abs(dx), std::abs(dy)});
             const int wider = printed->Width() - seen->Width();
             const int higher = printed->Height() - seen->Height();
-            worstSize_ = std::max({worstSize_, std::abs(wider), std::abs(higher)});
+            worstSize = std::max({worstSize, std::abs(wider), std::abs(higher)});
             if (std::abs(dx) > away || std::abs(dy) > away || std::abs(wider) > Dots(MostLarger) ||
                 std::abs(higher) > Dots(MostLarger)) {
                 misplaced.push_back(name + ": " + std::to_string(dx) + " across, " + std::to_string(dy) +
@@ -178,19 +178,19 @@ class PreviewPositionTest : public PreviewTest, public testing::WithParamInterfa
 
     /// The window's picture with all of it moved by so many dots.
     QImage Moved(const QPoint& shift) const {
-        QImage moved(window_.size(), QImage::Format_RGB32);
+        QImage moved(windowPicture.size(), QImage::Format_RGB32);
         moved.fill(Qt::white);
         QPainter painter(&moved);
-        painter.drawImage(shift, window_);
+        painter.drawImage(shift, windowPicture);
         return moved;
     }
 
-    NotedBitmaps notedBitmaps_;
-    QImage window_;
-    QImage paper_;
-    desktop::qt::Sheet sheet_;
-    double worst_ = 0; // dots
-    int worstSize_ = 0;
+    NotedBitmaps notedBitmaps;
+    QImage windowPicture;
+    QImage paperPicture;
+    desktop::qt::Sheet paperSheet;
+    double worst = 0; // dots
+    int worstSize = 0;
 
   private:
     /// Measures texts, and draws nothing.
@@ -214,9 +214,9 @@ class PreviewPositionTest : public PreviewTest, public testing::WithParamInterfa
         const QString name = folder.filePath("proef.pdf");
         QFile file(name);
         ASSERT_TRUE(file.open(QIODevice::WriteOnly));
-        PaperDevice device(file, sheet_);
+        PaperDevice device(file, paperSheet);
         desktop::qt::QtCanvas canvas(device);
-        for (const Call& call : notedBitmaps_.Calls) {
+        for (const Call& call : notedBitmaps.Calls) {
             if (call.text.empty()) {
                 canvas.DrawLine(call.x1, call.y1, call.x2, call.y2, call.colour);
             } else {
@@ -235,9 +235,9 @@ class PreviewPositionTest : public PreviewTest, public testing::WithParamInterfa
                   0);
         const QImage fine(folder.filePath("proef.pgm"));
         const QSize size = fine.size() / finer;
-        paper_ = fine.copy(QRect(QPoint(0, 0), size * finer))
-                     .scaled(size, Qt::IgnoreAspectRatio, Qt::SmoothTransformation);
-        ASSERT_FALSE(paper_.isNull());
+        paperPicture = fine.copy(QRect(QPoint(0, 0), size * finer))
+                           .scaled(size, Qt::IgnoreAspectRatio, Qt::SmoothTransformation);
+        ASSERT_FALSE(paperPicture.isNull());
     }
 
     int Dots(double twips) const { return static_cast<int>(std::lround(twips * perTwip_)); }
@@ -247,7 +247,7 @@ class PreviewPositionTest : public PreviewTest, public testing::WithParamInterfa
     std::optional<QRect> AreaOf(const Call& call) const {
         const QRect own = BoxOf(call);
         QRect area = own;
-        for (const Call& other : notedBitmaps_.Calls) {
+        for (const Call& other : notedBitmaps.Calls) {
             const QRect box = BoxOf(other);
             if (&other == &call || !box.intersects(area)) {
                 continue;
@@ -277,16 +277,16 @@ class PreviewPositionTest : public PreviewTest, public testing::WithParamInterfa
 TEST_P(PreviewPositionTest, TheWindowShowsEachTextWhereThePaperHasIt) {
     DrawBoth();
     const auto isLine = [](const Call& call) { return call.text.empty(); };
-    EXPECT_EQ(std::any_of(notedBitmaps_.Calls.begin(), notedBitmaps_.Calls.end(), isLine), GetParam().lines);
-    EXPECT_THAT(Misplaced(window_, MostAway), testing::IsEmpty());
-    RecordProperty("worst_dots", std::to_string(worst_));
-    RecordProperty("worst_size_dots", worstSize_);
+    EXPECT_EQ(std::any_of(notedBitmaps.Calls.begin(), notedBitmaps.Calls.end(), isLine), GetParam().lines);
+    EXPECT_THAT(Misplaced(windowPicture, MostAway), testing::IsEmpty());
+    RecordProperty("worstdots", std::to_string(worst));
+    RecordProperty("worstsize_dots", worstSize);
 }
 
 // But for a few parts: what leaves its own area is not looked for.
 TEST_P(PreviewPositionTest, AShiftOfTwoDotsWouldBeNoticed) {
     DrawBoth();
-    const std::size_t all = Misplaced(window_, -1).size();
+    const std::size_t all = Misplaced(windowPicture, -1).size();
     for (const QPoint& shift : {QPoint(2, 0), QPoint(-2, 0), QPoint(0, 2), QPoint(0, -2)}) {
         EXPECT_GE(Misplaced(Moved(shift), MostAway).size(), all * 4 / 5) << shift.x() << ", " << shift.y();
     }

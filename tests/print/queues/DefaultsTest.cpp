@@ -2,6 +2,7 @@
 #include <csignal>
 #include <cstring>
 
+#include <QCoreApplication>
 #include <QFileInfo>
 #include <QProcess>
 #include <gmock/gmock.h>

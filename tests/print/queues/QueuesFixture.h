@@ -60,6 +60,7 @@ class QueuesTest : public testing::Test {
     std::vector<std::string> Entries(int combo) {
         std::vector<std::string> texts;
         const forms::ComboBox& box = Program->Manager().cboPrinterSelect(combo);
+        texts.reserve(static_cast<std::size_t>(box.ListCount()));
         for (int i = 0; i < box.ListCount(); ++i) {
             texts.push_back(box.List(i));
         }

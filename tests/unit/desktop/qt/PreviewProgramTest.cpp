@@ -262,7 +262,7 @@ TEST_F(PreviewProgramTest, TheThumbMovesTheSheetWhenTheMouseLetsItGo) {
 TEST_F(PreviewProgramTest, TheHorizontalBarShowsForASheetThatIsTooWide) {
     program.memory.printers.Queue(0).Sheet = {14032, 9920}; // a sheet of A3 on its side
     program.memory.printers.Queue(0).Printable = {13832, 9720};
-    Show(1, [this] {
+    Show(1, [] {
         QScrollBar* bar = Bar("HScroll");
         ASSERT_TRUE(bar->isVisible());
         const int left = Widget("pictPageContainer")->x();

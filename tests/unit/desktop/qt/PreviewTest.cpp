@@ -247,7 +247,7 @@ TEST_F(PreviewTest, KeysScrollAndTurnPages) {
 
 TEST_F(PreviewTest, EscapeLeavesWithoutPrinting) {
     state.PrintAfterPreview = true;
-    Show(1, [this] {
+    Show(1, [] {
         window::Key(Qt::Key_Escape);
         EXPECT_EQ(window::Of("frmPrintPreview"), nullptr);
     });
@@ -270,7 +270,7 @@ TEST_F(PreviewTest, TheBarMovesTheSheetWhenItIsLetGo) {
 }
 
 TEST_F(PreviewTest, TheMenuPrints) {
-    Show(1, [this] {
+    Show(1, [] {
         auto* bar = window::Find<QMenuBar>("frmPrintPreview", "SSActiveToolBars");
         ASSERT_EQ(bar->actions().size(), 1);
         EXPECT_EQ(bar->actions().front()->text(), "&Overzicht");
