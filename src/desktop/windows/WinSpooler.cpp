@@ -9,13 +9,11 @@
 
 #include "base/Text.h"
 #include "desktop/windows/WideText.h"
+#include "machine/SpoolerRecords.h"
 
 namespace desktop::windows {
 
 namespace {
-
-constexpr std::uint32_t LevelOfInfo = 2;
-constexpr std::int32_t Failed = -1;
 
 /// No description of a printer is larger, in bytes.
 constexpr DWORD LargestInfo = machine::MostDriverBytes;
@@ -46,12 +44,13 @@ void ChangeTexts(::PRINTER_INFO_2A& info) {
 /// What the spooler has of a printer; empty on failure.
 std::vector<std::byte> PresentInfo(::HANDLE printer) {
     DWORD needed = 0;
-    ::GetPrinterA(printer, LevelOfInfo, nullptr, 0, &needed);
+    ::GetPrinterA(printer, machine::PrinterInfoLevel, nullptr, 0, &needed);
     if (needed < sizeof(::PRINTER_INFO_2A) || needed > LargestInfo) {
         return {};
     }
     std::vector<std::byte> buffer(needed);
-    if (::GetPrinterA(printer, LevelOfInfo, reinterpret_cast<BYTE*>(buffer.data()), needed, &needed) == 0) {
+    if (::GetPrinterA(printer, machine::PrinterInfoLevel, reinterpret_cast<BYTE*>(buffer.data()), needed,
+                      &needed) == 0) {
         return {};
     }
     return buffer;
@@ -82,19 +81,18 @@ std::int32_t WideCapabilities(const std::wstring& printer, const std::wstring& p
                                      nullptr);
     }
     const int count = ::DeviceCapabilitiesW(printer.c_str(), port.c_str(), capability, nullptr, nullptr);
-    if (count < 0) {
-        return Failed;
+    if (count < 0 || static_cast<std::size_t>(count) > machine::MostDriverEntries) {
+        return machine::SpoolerFailed;
     }
-    // A driver may tell more names now than at the call before.
-    constexpr std::size_t namesBehind = 64;
-    const std::size_t room = static_cast<std::size_t>(count) + namesBehind;
+    const std::size_t room = static_cast<std::size_t>(count) + machine::SpareDriverEntries;
     std::vector<wchar_t> wide(room * width);
     const int told = ::DeviceCapabilitiesW(printer.c_str(), port.c_str(), capability, wide.data(), nullptr);
     if (told < 0) {
-        return Failed;
+        return machine::SpoolerFailed;
     }
-    PutNames(wide, width, std::min(static_cast<std::size_t>(told), room), static_cast<char*>(output));
-    return told;
+    const std::size_t names = std::min(static_cast<std::size_t>(told), room);
+    PutNames(wide, width, names, static_cast<char*>(output));
+    return static_cast<std::int32_t>(names);
 }
 
 } // namespace
@@ -136,7 +134,7 @@ bool WinSpooler::GetPrinterA(machine::PrinterHandle handle, std::uint32_t level,
     DWORD bytes = 0;
     const BOOL done = ::GetPrinterA(HandleOf(handle), level, static_cast<BYTE*>(buffer), size, &bytes);
     needed = bytes;
-    if (done != FALSE && level == LevelOfInfo && !MachineSpeaks1252()) {
+    if (done != FALSE && level == machine::PrinterInfoLevel && !MachineSpeaks1252()) {
         ChangeTexts(*static_cast<::PRINTER_INFO_2A*>(buffer));
     }
     return done != FALSE;
@@ -144,7 +142,7 @@ bool WinSpooler::GetPrinterA(machine::PrinterHandle handle, std::uint32_t level,
 
 bool WinSpooler::SetPrinterA(machine::PrinterHandle handle, std::uint32_t level, const void* buffer,
                              std::uint32_t command) {
-    if (level != LevelOfInfo || buffer == nullptr || MachineSpeaks1252()) {
+    if (level != machine::PrinterInfoLevel || buffer == nullptr || MachineSpeaks1252()) {
         return ::SetPrinterA(HandleOf(handle), level, static_cast<BYTE*>(const_cast<void*>(buffer)),
                              command) != FALSE;
     }
