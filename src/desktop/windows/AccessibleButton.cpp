@@ -1,6 +1,8 @@
 #include "desktop/windows/AccessibleButton.h"
 
 #include <atomic>
+#include <memory>
+#include <utility>
 
 #include "desktop/windows/Win32.h"
 
@@ -19,17 +21,36 @@ Function FromLibrary(const wchar_t* library, const char* name) {
                : reinterpret_cast<Function>(reinterpret_cast<void*>(::GetProcAddress(loaded, name)));
 }
 
+struct Releaser {
+    void operator()(IUnknown* object) const { object->Release(); }
+};
+
+/// Holds one reference.
+using AccessiblePointer = std::unique_ptr<IAccessible, Releaser>;
+
+/// A handle may stand for another window by now, and what a message means is a matter of each program.
+bool IsOurs(HWND window) {
+    DWORD process = 0; // it stays 0 where there is no such window
+    ::GetWindowThreadProcessId(window, &process);
+    return process == ::GetCurrentProcessId();
+}
+
 /// Says of a window what the system says, but for its role and state. It may outlive the window.
 class AccessibleButton final : public IAccessible {
   public:
-    /// Takes over one reference to `own`, which is the system's.
-    AccessibleButton(HWND window, IAccessible* own) : window_(window), own_(own) {}
+    /// `own` is the system's.
+    AccessibleButton(HWND window, AccessiblePointer own) : window_(window), own_(std::move(own)) {}
     AccessibleButton(const AccessibleButton&) = delete;
     AccessibleButton& operator=(const AccessibleButton&) = delete;
 
+    // Another interface of the system's object would lead back to that object, and not to this one.
     STDMETHODIMP QueryInterface(REFIID iid, void** object) override {
+        if (object == nullptr) {
+            return E_POINTER;
+        }
         if (iid != __uuidof(IUnknown) && iid != __uuidof(IDispatch) && iid != __uuidof(IAccessible)) {
-            return own_->QueryInterface(iid, object);
+            *object = nullptr;
+            return E_NOINTERFACE;
         }
         *object = static_cast<IAccessible*>(this);
         AddRef();
@@ -54,7 +75,7 @@ class AccessibleButton final : public IAccessible {
     }
     STDMETHODIMP get_accState(VARIANT child, VARIANT* state) override {
         const HRESULT result = own_->get_accState(child, state);
-        if (SUCCEEDED(result) && IsSelf(child) && state->vt == VT_I4 &&
+        if (SUCCEEDED(result) && IsSelf(child) && state->vt == VT_I4 && IsOurs(window_) &&
             ::SendMessageW(window_, MessageIsOff, 0, 0) != FALSE) {
             state->lVal |= STATE_SYSTEM_UNAVAILABLE;
         }
@@ -112,12 +133,12 @@ class AccessibleButton final : public IAccessible {
     STDMETHODIMP put_accValue(VARIANT child, BSTR value) override { return own_->put_accValue(child, value); }
 
   private:
-    ~AccessibleButton() { own_->Release(); }
+    ~AccessibleButton() = default;
 
     static bool IsSelf(const VARIANT& child) { return child.vt == VT_I4 && child.lVal == CHILDID_SELF; }
 
     HWND window_;
-    IAccessible* own_;
+    AccessiblePointer own_;
     std::atomic<ULONG> references_ = 1;
 };
 
@@ -136,7 +157,7 @@ LRESULT AnswerAssistant(HWND button, WPARAM wParam) {
     if (FAILED(begun) || FAILED(describe(button, OBJID_CLIENT, __uuidof(IAccessible), &own))) {
         return 0;
     }
-    auto* object = new AccessibleButton(button, static_cast<IAccessible*>(own));
+    auto* object = new AccessibleButton(button, AccessiblePointer(static_cast<IAccessible*>(own)));
     const LRESULT answer = give(__uuidof(IAccessible), wParam, object);
     object->Release();
     return answer;
