@@ -18,9 +18,11 @@ import time
 
 from agent import Agent, Registry
 from control_ids import Ids
+from messages import SC_KEYMENU, VK_DOWN, WM_CANCELMODE, WM_KEYDOWN, WM_SYSCOMMAND
 from player import Player
 from print_server import PrintServer
-from watcher import SETTINGS
+from script import Unplayable
+from watcher import SETTINGS, no_look
 from wine_prefix import LOADER, WinePrefix, user_prefix
 
 TOUR = pathlib.Path(__file__).parents[1] / "stories" / "pictures" / "tour.scenario"
@@ -87,11 +89,23 @@ class Photographer(Player):
     def take(self, handle, name):
         self.screen.picture(self.area(handle), self.out / f"{name}.png")
 
-    def do_picture(self, name):
-        self.take(self.front().handle, name)
+    def do_picture(self, form, name, menu=None):
+        if menu not in {None, "menu"}:
+            raise Unplayable(f"a picture is of a form, or of its menu: {menu}")
+        handle = self.form(form).handle
+        if menu:
+            self.agent.ask("post", handle, WM_SYSCOMMAND, SC_KEYMENU, 0)
+            self.agent.ask("post", handle, WM_KEYDOWN, VK_DOWN, 0)
+        self.take(handle, name)
+        if menu:
+            self.agent.ask("post", handle, WM_CANCELMODE, 0, 0)
 
-    def do_picture_message(self, name):
-        self.on_box = lambda handle: self.take(handle, name)
+    def do_picture_next(self, name):
+        def take_once(handle):
+            self.on_box = no_look
+            self.take(handle, name)
+
+        self.on_box = take_once
 
     def do_document(self, name):
         as_pdf(self.server.next_job().document, self.out / f"{name}.pdf")

@@ -14,6 +14,10 @@ CLOSED_BY_KEY = {("frmPrintPreview", 27)}
 NAPS = 5, 10, 20, 40  # milliseconds between two looks at a program that is busy; the last for as long as it takes
 
 
+def no_look(_handle):
+    """At a message box that nobody wants to see."""
+
+
 class Watcher:
     """Answers message boxes, and writes down what it sees."""
 
@@ -26,7 +30,7 @@ class Watcher:
         self.records = []
         self.shown = []  # names of the forms on show or hidden for a while, in the order of loading
         self.stored = {}
-        self.on_box = lambda handle: None  # for a look at a message box before it is answered
+        self.on_box = no_look  # for a look at a message box before it is answered
 
     # What is there.
 
