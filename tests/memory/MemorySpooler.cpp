@@ -74,16 +74,6 @@ machine::PrinterInfoRecord InfoOf(const PrintQueue& queue) {
 }
 
 template <class Rows>
-std::vector<std::int16_t> NumbersOf(const Rows& rows) {
-    std::vector<std::int16_t> numbers;
-    numbers.reserve(std::size(rows));
-    for (const auto& row : rows) {
-        numbers.push_back(row.Id);
-    }
-    return numbers;
-}
-
-template <class Rows>
 std::vector<std::string> NamesOf(const Rows& rows) {
     std::vector<std::string> names;
     names.reserve(std::size(rows));
