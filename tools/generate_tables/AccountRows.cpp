@@ -20,21 +20,21 @@ constexpr std::uint64_t AccountSeed = 20260301;
 
 // Bank numbers have 9 figures; a band is their first two.
 struct Band {
-    int from;
-    int to;
+    int From;
+    int To;
 };
 
 // Different numbers of one bank, drawn from one or several bands. `doubled` of them stand in the table twice,
 // so the rows are `numbers` + `doubled`.
 struct Quota {
-    std::string_view bank;
-    int numbers;
-    int doubled;
-    std::initializer_list<Band> bands;
+    std::string_view Bank;
+    int Numbers;
+    int Doubled;
+    std::initializer_list<Band> Bands;
 };
 
 // What is scattered keeps out of the bands in which the same bank has a count of its own.
-const Quota quotas[] = {
+const Quota Quotas[] = {
     {"SNSB", 4958, 7, {{90, 96}}},
     {"SNSB", 491, 0, {{80, 89}}},
     {"SNSB", 116, 0, {{10, 79}, {97, 98}}},
@@ -81,11 +81,11 @@ const Quota quotas[] = {
 // Giro numbers, which stand under no test: how many of each length pass the 11-test by chance and how many do
 // not.
 struct GiroQuota {
-    int from;
-    int to;
-    int passing;
-    int failing;
-    int doubledFailing;
+    int From;
+    int To;
+    int Passing;
+    int Failing;
+    int DoubledFailing;
 };
 constexpr GiroQuota GiroQuotas[] = {
     {100, 999, 2, 19, 0},
@@ -105,10 +105,10 @@ constexpr std::string_view TestBic = "TESTNL2A";
 constexpr int TestNumber = 123456789;
 
 struct Account {
-    int number;
-    std::string_view bank;
+    int Number;
+    std::string_view Bank;
 
-    bool operator<(const Account& other) const { return number < other.number; }
+    bool operator<(const Account& other) const { return Number < other.Number; }
 };
 
 class StandingClock final : public machine::Clock {
@@ -124,15 +124,15 @@ bool PassesElevenTest(int number) {
 // A band, each number of them as likely as any other.
 int DrawBand(const Quota& quota, Chance& chance) {
     int count = 0;
-    for (const Band& band : quota.bands) {
-        count += band.to - band.from + 1;
+    for (const Band& band : quota.Bands) {
+        count += band.To - band.From + 1;
     }
     int place = chance.Between(0, count - 1);
-    for (const Band& band : quota.bands) {
-        if (place <= band.to - band.from) {
-            return band.from + place;
+    for (const Band& band : quota.Bands) {
+        if (place <= band.To - band.From) {
+            return band.From + place;
         }
-        place -= band.to - band.from + 1;
+        place -= band.To - band.From + 1;
     }
     throw std::logic_error("a band beyond the last");
 }
@@ -148,15 +148,15 @@ int DrawBankNumber(std::string_view band, Chance& chance) {
 // `used` holds every number so far, so no number stands in two rows but for those that are doubled.
 std::vector<Account> DrawBankAccounts(Chance& chance, std::set<int>& used) {
     std::vector<Account> accounts;
-    for (const Quota& quota : quotas) {
-        for (int drawn = 0; drawn < quota.numbers;) {
+    for (const Quota& quota : Quotas) {
+        for (int drawn = 0; drawn < quota.Numbers;) {
             const int number = DrawBankNumber(std::to_string(DrawBand(quota, chance)), chance);
             if (!used.insert(number).second) {
                 continue;
             }
-            accounts.push_back({number, quota.bank});
-            if (drawn < quota.doubled) {
-                accounts.push_back({number, quota.bank});
+            accounts.push_back({number, quota.Bank});
+            if (drawn < quota.Doubled) {
+                accounts.push_back({number, quota.Bank});
             }
             ++drawn;
         }
@@ -172,15 +172,15 @@ std::vector<Account> DrawGiroAccounts(Chance& chance) {
     for (const GiroQuota& quota : GiroQuotas) {
         int passing = 0;
         int failing = 0;
-        while (passing < quota.passing || failing < quota.failing) {
-            const int number = chance.Between(quota.from, quota.to);
+        while (passing < quota.Passing || failing < quota.Failing) {
+            const int number = chance.Between(quota.From, quota.To);
             const bool passes = PassesElevenTest(number);
             int& count = passes ? passing : failing;
-            if (count == (passes ? quota.passing : quota.failing) || !used.insert(number).second) {
+            if (count == (passes ? quota.Passing : quota.Failing) || !used.insert(number).second) {
                 continue;
             }
             accounts.push_back({number, GiroBank});
-            if (!passes && count < quota.doubledFailing) {
+            if (!passes && count < quota.DoubledFailing) {
                 accounts.push_back({number, GiroBank});
             }
             ++count;
@@ -202,9 +202,9 @@ std::string Iban(std::string_view bank, std::string_view digits) {
 }
 
 std::string Row(const Account& account) {
-    const std::string digits = payment::NulVulling(account.number, 10);
-    const std::string_view bic = account.bank == TestBank ? TestBic : payment::BankCode2BIC({}, account.bank);
-    return digits + ',' + Iban(account.bank, digits) + ',' + std::string(bic);
+    const std::string digits = payment::NulVulling(account.Number, 10);
+    const std::string_view bic = account.Bank == TestBank ? TestBic : payment::BankCode2BIC({}, account.Bank);
+    return digits + ',' + Iban(account.Bank, digits) + ',' + std::string(bic);
 }
 
 } // namespace

@@ -20,9 +20,9 @@ class Chance {
     /// A whole number from `low` to `high`, both included.
     int Between(int low, int high);
 
-    template <class T, std::size_t size>
-    const T& OneOf(const T (&items)[size]) {
-        return items[Index(size)];
+    template <class T, std::size_t Size>
+    const T& OneOf(const T (&items)[Size]) {
+        return items[Index(Size)];
     }
 
     template <class T>

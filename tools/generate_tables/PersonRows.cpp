@@ -49,20 +49,20 @@ constexpr char PostcodeLetters[] = {'A', 'B', 'C', 'D', 'E', 'G', 'H', 'J', 'K',
 
 // Names that follow no pattern: three first names without a title, one pair that is joined by " en ", and the
 // shortest and the longest name that the column is used for.
-const std::string firstNames[] = {"Inktje Zegelstra", "Letterik Kolomma", "Papierina Bladwijk"};
+const std::string FirstNames[] = {"Inktje Zegelstra", "Letterik Kolomma", "Papierina Bladwijk"};
 const std::string JoinedPair = "Dhr. A. Proefstra en Mevr. B.C. Keurmans";
 const std::string ShortName = "Dhr. T. Os";
 const std::string LongName = "Mevr. A.B.C. van der Letterhuizen - van der Stempelhuizenveld";
 
 struct PersonName {
-    std::string_view title;
-    bool doubleName = false;
-    bool couple = false;
+    std::string_view Title;
+    bool DoubleName = false;
+    bool Couple = false;
 };
 
 struct Street {
     std::string postcode;
-    std::string name;
+    std::string Name;
 };
 
 std::string Surname(Chance& chance) {
@@ -80,13 +80,13 @@ std::string Initials(Chance& chance) {
 
 std::string DrawName(const PersonName& kind, Chance& chance) {
     const std::string surname = Surname(chance);
-    std::string name(kind.title);
+    std::string name(kind.Title);
     name.append(1, ' ').append(Initials(chance)).append(1, ' ').append(surname);
-    if (kind.doubleName) {
+    if (kind.DoubleName) {
         name.append(" - ").append(Surname(chance));
     }
-    if (kind.couple) {
-        name.append(" e/o ").append(kind.title == Lady ? Gentleman : Lady);
+    if (kind.Couple) {
+        name.append(" e/o ").append(kind.Title == Lady ? Gentleman : Lady);
         name.append(1, ' ').append(Initials(chance)).append(1, ' ').append(surname);
     }
     return name;
@@ -99,18 +99,18 @@ std::vector<PersonName> DrawKinds(Chance& chance) {
     kinds.resize(Ladies - 1 + Gentlemen - 2, PersonName{Gentleman}); // less the pair and the short name
     chance.Shuffle(kinds);
     for (std::size_t i = 0; i < DoubleNames - 1; ++i) { // less the long name
-        kinds[i].doubleName = true;
+        kinds[i].DoubleName = true;
     }
     chance.Shuffle(kinds);
     for (std::size_t i = 0; i < Couples; ++i) {
-        kinds[i].couple = true;
+        kinds[i].Couple = true;
     }
     chance.Shuffle(kinds);
     return kinds;
 }
 
 std::vector<std::string> DrawNames(Chance& chance) {
-    std::vector<std::string> names(std::begin(firstNames), std::end(firstNames));
+    std::vector<std::string> names(std::begin(FirstNames), std::end(FirstNames));
     names.insert(names.end(), {JoinedPair, ShortName, LongName});
     std::set<std::string> used(names.begin(), names.end());
     for (const PersonName& kind : DrawKinds(chance)) {
@@ -134,9 +134,9 @@ std::vector<Street> DrawStreets(Chance& chance) {
         Street street;
         street.postcode = std::to_string(chance.Between(9931, 9949)) + ' ' + chance.OneOf(PostcodeLetters) +
                           chance.OneOf(PostcodeLetters);
-        street.name = std::string(chance.OneOf(Trade)).append(chance.OneOf(StreetEndings));
-        if (used.count(street.postcode) == 0 && used.count(street.name) == 0) {
-            used.insert({street.postcode, street.name});
+        street.Name = std::string(chance.OneOf(Trade)).append(chance.OneOf(StreetEndings));
+        if (used.count(street.postcode) == 0 && used.count(street.Name) == 0) {
+            used.insert({street.postcode, street.Name});
             streets.push_back(street);
         }
     }
@@ -152,7 +152,7 @@ std::vector<Street> DrawAddresses(Chance& chance) {
     }
     chance.Shuffle(addresses);
     for (std::size_t i = 0; i < addresses.size(); ++i) {
-        std::string& address = addresses[i].name;
+        std::string& address = addresses[i].Name;
         const int lowest = address.size() + 2 < ShortestAddress ? 10 : 1;
         const int highest = address.size() > 20 ? 99 : 199;
         address += ' ' + std::to_string(chance.Between(lowest, highest));
@@ -179,7 +179,7 @@ std::vector<std::string> PersonRows() {
     std::vector<std::string> rows;
     for (std::size_t i = 0; i < RowCount; ++i) {
         rows.push_back(Filled(names[i], NameColumn) + addresses[i].postcode + ' ' +
-                       Filled(addresses[i].name, AddressColumn) + std::string(Place));
+                       Filled(addresses[i].Name, AddressColumn) + std::string(Place));
     }
     return rows;
 }

@@ -35,7 +35,7 @@ struct Errand {
     std::thread Worker;
 };
 std::deque<Errand> errands;
-const HANDLE errandDone = CreateEventW(nullptr, FALSE, FALSE, nullptr);
+const HANDLE ErrandDone = CreateEventW(nullptr, FALSE, FALSE, nullptr);
 
 } // namespace
 
@@ -76,7 +76,7 @@ std::string Begin(std::istream& in) {
             SendMessageW(message.Window, message.Id, message.WParam, message.LParam);
         }
         errand.Done = true;
-        SetEvent(errandDone);
+        SetEvent(ErrandDone);
     });
     return std::to_string(errands.size() - 1);
 }
@@ -129,6 +129,6 @@ std::string Entry(std::istream& in) {
 std::string Nap(std::istream& in) {
     DWORD milliseconds = 0;
     in >> milliseconds;
-    WaitForSingleObject(errandDone, milliseconds);
+    WaitForSingleObject(ErrandDone, milliseconds);
     return "ok";
 }
