@@ -8,7 +8,7 @@ namespace {
 
 void CheckAccount(benchmark::State& state, const char* account) {
     const support::LargeAllocations allocations(1);
-    for (auto _ : state) {
+    for ([[maybe_unused]] auto _ : state) {
         benchmark::DoNotOptimize(payment::BankGiroCheck(account));
     }
     state.counters["allocations"] = allocations.Count();

@@ -21,7 +21,7 @@ void ComposeBatch(benchmark::State& run) {
     OnePrinter printers;
     support::CountingPrinter printer(printers);
     bench::Batch batch(printers, printer);
-    for (auto _ : run) {
+    for ([[maybe_unused]] auto _ : run) {
         batch.Print(Forms);
     }
     using benchmark::Counter;
@@ -33,7 +33,7 @@ BENCHMARK(ComposeBatch)->Unit(benchmark::kMicrosecond);
 
 /// The program from its start to the first page, without a window system.
 void StartUp(benchmark::State& run) {
-    for (auto _ : run) {
+    for ([[maybe_unused]] auto _ : run) {
         memory::MemoryPlatform memory;
         memory.registry.CreateKey("Software\\Ondor\\Tarvik\\CurrentVersion");
         memory::PrintQueue queue;

@@ -137,7 +137,7 @@ class PlainWindow final : public QWidget {
 /// Until the program waits for the user again; the screen follows when the desktop asks for it.
 void PageChange(benchmark::State& run) {
     Shown preview(40);
-    for (auto _ : run) {
+    for ([[maybe_unused]] auto _ : run) {
         preview.TurnThePage();
     }
 }
@@ -145,7 +145,7 @@ BENCHMARK(PageChange)->Unit(benchmark::kMicrosecond);
 
 void PageChangeOnScreen(benchmark::State& run) {
     Shown preview(40);
-    for (auto _ : run) {
+    for ([[maybe_unused]] auto _ : run) {
         preview.TurnThePage();
         QApplication::processEvents();
     }
@@ -155,7 +155,7 @@ BENCHMARK(PageChangeOnScreen)->Unit(benchmark::kMicrosecond);
 void PageChangeOnScreenByBitmap(benchmark::State& run) {
     Shown preview(40);
     BitmapInstead bitmap(preview.Bitmap(1), preview.Bitmap(2));
-    for (auto _ : run) {
+    for ([[maybe_unused]] auto _ : run) {
         preview.TurnThePage();
         bitmap.ShowTheOther(*preview.Page());
         QApplication::processEvents();
@@ -169,7 +169,7 @@ void PictureChangeOnScreen(benchmark::State& run) {
     window.resize(preview.Window()->size());
     window.show();
     QApplication::processEvents();
-    for (auto _ : run) {
+    for ([[maybe_unused]] auto _ : run) {
         window.ShowTheOther();
         QApplication::processEvents();
     }
@@ -185,7 +185,7 @@ std::size_t AllocatedBytes() {
 void PagesInMemory(benchmark::State& run) {
     constexpr std::int16_t pages = 40;
     { const Shown warm(2); }
-    for (auto _ : run) {
+    for ([[maybe_unused]] auto _ : run) {
         const std::size_t before = AllocatedBytes();
         Shown preview(pages);
         run.counters["bytes"] = static_cast<double>(AllocatedBytes() - before);
@@ -200,7 +200,7 @@ void PagesInMemory(benchmark::State& run) {
 BENCHMARK(PagesInMemory)->Iterations(1)->Unit(benchmark::kMillisecond);
 
 void OpenAndClose(benchmark::State& run) {
-    for (auto _ : run) {
+    for ([[maybe_unused]] auto _ : run) {
         Shown preview(1);
     }
 }

@@ -15,7 +15,8 @@ int main(int argc, char** argv) {
     }
     desktop::regfile::RegFileStore store(argv[1], desktop::regfile::SettingsBranch);
     const machine::modRegistry registry(store);
-    for (int i = 0; i < std::atoi(argv[3]); ++i) {
+    const long count = std::strtol(argv[3], nullptr, 10);
+    for (long i = 0; i < count; ++i) {
         const std::string name = argv[2] + std::to_string(i);
         if (registry.SetRegistryValue(machine::HkeyCurrentUser, "Software\\Ondor\\Tarvik\\CurrentVersion",
                                       name, name)) {
