@@ -185,7 +185,7 @@ CupsOptions JobOptions(const CupsMedia& media, const CupsOptions& own,
     const bool hasPaper = !paper.StandIn;
     const bool hasBin = bin != nullptr && TellsItsOwn(media.Bins);
     CupsOptions options = own;
-    std::erase_if(options, [&](const auto& option) {
+    std::erase_if(options, [&media, hasPaper, hasBin](const auto& option) {
         const std::string name = Lower(option.first);
         const bool isPlain = std::any_of(media.PlainChoices.begin(), media.PlainChoices.end(),
                                          [&name](const auto& each) { return Lower(each.first) == name; });

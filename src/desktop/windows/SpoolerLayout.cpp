@@ -17,9 +17,12 @@ static_assert(sizeof(machine::PrinterHandle) == sizeof(::HANDLE));
 static_assert(std::is_standard_layout_v<machine::DEVMODE> &&
               std::is_standard_layout_v<machine::PRINTER_INFO_2>);
 
+template <class Type>
+constexpr std::size_t BytesOf = sizeof(Type);
+
 #define SAME_FIELD(Ours, Theirs, Field)                                                                      \
     static_assert(offsetof(Ours, Field) == offsetof(Theirs, Field));                                         \
-    static_assert(sizeof(decltype(Ours::Field)) == sizeof(decltype(Theirs::Field)))
+    static_assert(BytesOf<decltype(Ours::Field)> == BytesOf<decltype(Theirs::Field)>)
 
 #define SAME_IN_DEVMODE(Field) SAME_FIELD(machine::DEVMODE, ::DEVMODEA, Field)
 SAME_IN_DEVMODE(dmDeviceName);
