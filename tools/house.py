@@ -13,8 +13,6 @@ import sys
 ROOT = pathlib.Path(__file__).resolve().parents[1]
 PICTURE = pathlib.Path("docs/images/rooms.svg")
 INCLUDE = re.compile(r'^\s*#\s*include\s+"([^"]+)"', re.MULTILINE)
-SWITCH = re.compile(r"\bswitch \(")
-CASE_OF_A_KIND = re.compile(r"\bcase (?:forms::)?ControlKind::")
 # Written by a generator, and a part of the room around it.
 GENERATED = "generated"
 
@@ -70,10 +68,6 @@ class House:
         beside = [name for name in headers if len(includers[name] - {name.removesuffix(".h") + ".cpp"}) == 1]
         return alone, beside
 
-    def switches_over_kinds(self):
-        return [name for name, text in self.texts.items() for match in SWITCH.finditer(text)
-                if CASE_OF_A_KIND.search(enclosed(text, text.index("{", match.end())))]
-
     def levels(self):
         """The rooms by the number of rooms that stand beneath them; none where they know each other in a ring."""
         if self.upward_includes():
@@ -86,15 +80,6 @@ class House:
 
 def room_of(name):
     return "/".join(part for part in name.split("/")[:-1] if part != GENERATED)
-
-
-def enclosed(text, start):
-    depth = 0
-    for place in range(start, len(text)):
-        depth += (text[place] == "{") - (text[place] == "}")
-        if depth == 0:
-            return text[start:place]
-    return text[start:]
 
 
 class Picture:
@@ -185,8 +170,7 @@ largest room                       {largest}, {house.lines[largest] * 100 // lin
 headers                            {sum(name.endswith('.h') for name in house.texts)}
   that one file includes           {len(alone)}
   that one includes, and their .cpp {len(beside) - len(set(alone) & set(beside))}
-include lines that lead upward     {len(house.upward_includes())}
-switches over kinds of control     {len(house.switches_over_kinds())}""")
+include lines that lead upward     {len(house.upward_includes())}""")
 
 
 def main():

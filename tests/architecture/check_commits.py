@@ -10,7 +10,7 @@ import sys
 ROOT = pathlib.Path(__file__).resolve().parents[2]
 MOST = 50
 LONGEST = 72
-# The rule came with the commit after this one.
+# Older ones were written before there was a rule.
 BEFORE_THE_RULE = "78da3b3"
 SKIPPED = 77
 
