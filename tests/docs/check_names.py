@@ -43,8 +43,8 @@ def code():
     for name in files():
         if not re.search(r"\.(md|png|ico|jsonl)$|/corpus/", name):
             found[name] = (ROOT / name).read_bytes().decode("utf-8", "replace")
-    # The exported settings are UTF-16.
-    found["examples/tarvik.reg"] = (ROOT / "examples/tarvik.reg").read_text(encoding="utf-16")
+    for name in ("examples/tarvik.reg", "tests/support/settings/told_apart.reg"):  # as Windows exports them
+        found[name] = (ROOT / name).read_text(encoding="utf-16")
     return found
 
 

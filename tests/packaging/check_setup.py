@@ -25,7 +25,7 @@ from agent import Registry  # noqa: E402
 from check_windows_writes import files_in  # noqa: E402
 from failures import Failures  # noqa: E402
 from form_checker import FontMissing, FormChecker  # noqa: E402
-from office import EXAMPLE, FORMS, PAPER, Office  # noqa: E402
+from office import FORMS, PAPER, STORED, Office  # noqa: E402
 from print_batch import DOTS, LEGAL, MARGIN, OFFSET, TOLERANCE_MM, this_month  # noqa: E402
 from printed import Batch, as_pdf, settings_of  # noqa: E402
 from watcher import PATIENCE, SETTINGS  # noqa: E402
@@ -114,7 +114,7 @@ class Trial:
             return
         with tempfile.TemporaryDirectory() as folder:
             pdf = as_pdf(job.document, folder)
-            batch = Batch(settings_of(EXAMPLE), pdf, COUNT, month, (MARGIN, MARGIN), (OFFSET, OFFSET))
+            batch = Batch(settings_of(STORED), pdf, COUNT, month, (MARGIN, MARGIN), (OFFSET, OFFSET))
             self.failures.none_of(batch.errors(), "what was drawn by chance may be")
             checker = FormChecker(batch.record, pdf, TOLERANCE_MM, DOTS)
             checker.run()

@@ -23,10 +23,10 @@ from debian_package import field, make, need  # noqa: E402
 from desk import Desk  # noqa: E402
 from failures import Failures  # noqa: E402
 from form_checker import FormChecker  # noqa: E402
-from office import EXAMPLE  # noqa: E402
 from print_batch import this_month  # noqa: E402
 from printed import Batch, settings_of  # noqa: E402
 
+EXAMPLE = HERE.parents[1] / "examples" / "tarvik.reg"
 COUNT = 250
 TOLERANCE_MM = 0.05
 ENTRY = "/usr/share/applications/drukkeuring.desktop"

@@ -1,4 +1,4 @@
-"""An office as the program meets it: a Windows with Tarvik's example settings, a print server, and a user."""
+"""An office as the program meets it: a Windows with settings of Tarvik, a print server, and a user."""
 import contextlib
 import pathlib
 import shutil
@@ -10,7 +10,8 @@ from player import Player
 from print_server import PrintServer
 from wine_prefix import WinePrefix, skip
 
-EXAMPLE = pathlib.Path(__file__).parents[2] / "examples" / "tarvik.reg"
+# Every calibration is another, so that each can be told apart on paper.
+STORED = pathlib.Path(__file__).parents[1] / "support" / "settings" / "told_apart.reg"
 
 PRINTER, PAPER, BIN, ORIENTATION = range(4)
 FORMS, NAME_LIST, REPORT = range(3)
@@ -28,7 +29,7 @@ class Office:
             self.prefix = ends.enter_context(WinePrefix.for_test(build))
             self.server = ends.enter_context(PrintServer())
             self.prefix.settings.update(self.server.settings)
-            self.prefix.import_settings(EXAMPLE)
+            self.prefix.import_settings(STORED)
             self.ids = Ids.of(self.prefix, build)
             self.program = self.prefix.windows_path(build / "bin" / "drukkeuring.exe")
             self._build = build

@@ -147,7 +147,8 @@ def main():
     prefix.use_screen(display)
     if prefix.run("reg", "query", "HKCU\\" + SETTINGS, check=False).returncode != 0:
         prefix.import_settings(arguments.settings)
-        print("No settings of Tarvik found: the example's are there now.")
+        print("No settings of Tarvik found: those of an example are in this Windows now. Yours, as exported on Windows, come in by\n"
+              f"  WINEPREFIX={prefix.folder} {LOADER} reg import tarvik.reg")
     os.execve(LOADER, [str(LOADER), str(arguments.build / "bin" / "drukkeuring.exe")], prefix.environment())
 
 

@@ -16,7 +16,8 @@ LOADER = pathlib.Path("/usr/lib/wine/wine64")  # itself: the script around it st
 SERVER = pathlib.Path("/usr/lib/wine/wineserver64")
 FONTS = pathlib.Path("/usr/share/wine/fonts")
 OCR_FONT = pathlib.Path("/usr/share/fonts/opentype/ocr-b/OCRB.otf")
-OCR_FAMILY = "OCR-B"
+# By the package's name, and by the one that stories and tests have with a hyphen.
+OCR_FAMILIES = {"ocr_b.ttf": "OCR B", "ocr-b.ttf": "OCR-B"}
 LOCALE_SOURCES = pathlib.Path("/usr/share/i18n/locales")
 
 SKIPPED = 77  # exit status of a test that cannot be made here
@@ -182,7 +183,8 @@ def base_prefix(build):
     folder.mkdir(parents=True, exist_ok=True)
     with open(folder / "lock", "w", encoding="ascii") as lock:
         fcntl.flock(lock, fcntl.LOCK_EX)  # tests run side by side
-        if not (folder / "base").exists():
+        if not is_whole(folder / "base"):
+            shutil.rmtree(folder / "base", ignore_errors=True)
             shutil.rmtree(folder / "unfinished", ignore_errors=True)
             make_locales(folder / "locales")
             make_prefix(folder / "unfinished" / "prefix")
@@ -200,28 +202,38 @@ def make_locales(folder):
                            capture_output=True)
 
 
+def fonts_of(prefix):
+    return prefix / "drive_c" / "windows" / "Fonts"
+
+
+def is_whole(prefix):
+    """The OCR fonts are the last that a prefix gets, and one of an older test has fewer."""
+    return all((fonts_of(prefix) / file).exists() for file in OCR_FAMILIES)
+
+
 def make_prefix(folder):
     folder.mkdir(parents=True)
     prefix = WinePrefix(folder)
     prefix.run("wineboot", "-i", timeout=START_PATIENCE)
-    fonts = folder / "drive_c" / "windows" / "Fonts"
+    fonts = fonts_of(folder)
     fonts.mkdir(parents=True, exist_ok=True)
     for file in FONTS.glob("*.ttf"):
         if not (fonts / file.name).exists():
             (fonts / file.name).symlink_to(file)
-    make_ocr_font(fonts / "ocrb.ttf")
+    for file, family in OCR_FAMILIES.items():
+        make_ocr_font(fonts / file, family)
     settings = folder / "settings.reg"
     settings.write_text(SETTINGS, encoding="utf-16")
     prefix.import_settings(settings)
     prefix.stop()
 
 
-def make_ocr_font(target):
+def make_ocr_font(target, family):
     if not OCR_FONT.exists():
         skip("the OCR-B font is not installed")
     maker = pathlib.Path(__file__).parents[1] / "print" / "windows" / "ttf_font.py"
     for python in (sys.executable, "/usr/bin/python3"):  # the packaged library belongs to the packaged Python
-        if subprocess.run([python, str(maker), str(OCR_FONT), str(target), OCR_FAMILY], check=False,
+        if subprocess.run([python, str(maker), str(OCR_FONT), str(target), family], check=False,
                           capture_output=True).returncode == 0:
             return
     skip("the OCR-B font cannot be converted (fontTools)")

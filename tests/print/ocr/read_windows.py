@@ -16,7 +16,7 @@ from line_reader import HERE, judge, missing_tool, read_lines
 
 for folder in (HERE.with_name("windows"), HERE.parents[1] / "windows"):
     sys.path.insert(0, str(folder))
-from office import BIN, EXAMPLE, FORMS as DOCUMENT_FORMS, PAPER, Office  # noqa: E402
+from office import BIN, FORMS as DOCUMENT_FORMS, PAPER, STORED, Office  # noqa: E402
 from print_batch import FORM_TRAY, LEGAL, MARGIN, OFFSET, this_month  # noqa: E402
 from printed import Batch, as_pdf, settings_of  # noqa: E402
 from wine_prefix import skip  # noqa: E402
@@ -48,7 +48,7 @@ def main():
         folder = ends.enter_context(tempfile.TemporaryDirectory())
         with Office(build) as office:
             pdf, month = print_forms(office, folder)
-        batch = Batch(settings_of(EXAMPLE), pdf, FORMS, month, (MARGIN, MARGIN), (OFFSET, OFFSET))
+        batch = Batch(settings_of(STORED), pdf, FORMS, month, (MARGIN, MARGIN), (OFFSET, OFFSET))
         lines = read_lines(pdf, batch.record, FORMS, folder)
     return 0 if len(lines) == FORMS and judge(lines, WANTED) else 1
 

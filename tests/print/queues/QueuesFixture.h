@@ -38,7 +38,7 @@ class QueuesTest : public testing::Test {
         }
         const QString folder = Server.Folder() + "/user-config/tarvik";
         QDir().mkpath(folder);
-        ASSERT_TRUE(QFile::copy(EXAMPLE_SETTINGS, folder + "/settings.reg"));
+        ASSERT_TRUE(QFile::copy(STORED_SETTINGS, folder + "/settings.reg"));
         QFile::setPermissions(folder + "/settings.reg", QFile::ReadOwner | QFile::WriteOwner);
     }
 

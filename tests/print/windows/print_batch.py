@@ -21,7 +21,7 @@ for folder in (PRINT / "pdf", PRINT.parent / "windows"):
     sys.path.insert(0, str(folder))
 from failures import Failures  # noqa: E402
 from form_checker import FontMissing, FormChecker, check_known_values  # noqa: E402
-from office import BIN, EXAMPLE, FORMS, NAME_LIST, ORIENTATION, PAPER, REPORT, TITLES, Office  # noqa: E402
+from office import BIN, FORMS, NAME_LIST, ORIENTATION, PAPER, REPORT, STORED, TITLES, Office  # noqa: E402
 from wine_prefix import skip  # noqa: E402
 
 COUNT = 250
@@ -49,7 +49,7 @@ class Walk:
         self.office = office
         self.folder = folder
         self.failures = failures
-        self.settings = settings_of(EXAMPLE)
+        self.settings = settings_of(STORED)
 
     def found_settings(self):
         """Opens the manager with its details, and tells the printer's own settings."""

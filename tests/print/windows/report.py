@@ -17,7 +17,7 @@ from printed import FONT_SAMPLE, as_pdf, lines, report_errors, settings_of, text
 
 sys.path.insert(0, str(pathlib.Path(__file__).parents[2] / "windows"))
 from failures import test_in_office  # noqa: E402
-from office import EXAMPLE, REPORT  # noqa: E402
+from office import REPORT, STORED  # noqa: E402
 from watcher import SETTINGS  # noqa: E402
 
 OCR, PLAIN, MISSING = "OCR-B", "Tahoma", "Zo heet geen lettertype"
@@ -43,7 +43,7 @@ def steps_to_sample(pdf):
 def print_report(office, form_type, font, folder, failures):
     """The distance to the sample."""
     registry = office.user.registry
-    settings = {**settings_of(EXAMPLE), "AcceptgiroType": form_type, "GMUFontName": font}
+    settings = {**settings_of(STORED), "AcceptgiroType": form_type, "GMUFontName": font}
     for name in ("AcceptgiroType", "GMUFontName"):
         registry.set_text(SETTINGS, name, settings[name])
     office.user.shown.clear()

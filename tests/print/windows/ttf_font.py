@@ -37,7 +37,7 @@ def convert(source_file, target_file, family):
                                     for name, (width, _) in source["hmtx"].metrics.items()})
     builder.setupHorizontalHeader(ascent=header.ascent, descent=header.descent, lineGap=header.lineGap)
     builder.setupNameTable({"familyName": family, "styleName": "Regular", "uniqueFontIdentifier": family,
-                            "fullName": family, "psName": family, "version": "Version 1.0"})
+                            "fullName": family, "psName": family.replace(" ", ""), "version": "Version 1.0"})
     builder.setupOS2(sTypoAscender=os2.sTypoAscender, sTypoDescender=os2.sTypoDescender,
                      sTypoLineGap=os2.sTypoLineGap, usWinAscent=os2.usWinAscent, usWinDescent=os2.usWinDescent,
                      xAvgCharWidth=os2.xAvgCharWidth, ulCodePageRange1=1, fsSelection=0x40)

@@ -1,7 +1,13 @@
-// The example that new users start from.
+// The example that new users start from, and the settings that tests print with.
+#include <cmath>
 #include <set>
 #include <string>
+#include <vector>
 
+#include <gmock/gmock.h>
+
+#include "payment/Accounts.h"
+#include "payment/Iban.h"
 #include "unit/desktop/regfile/RegFileStoreFixture.h"
 
 namespace {
@@ -12,8 +18,26 @@ namespace fs = std::filesystem;
 
 class ExampleSettingsTest : public RegFileStoreTest {
   protected:
-    const fs::path example = fs::path(DRUKKEURING_EXAMPLES) / "tarvik.reg";
+    const fs::path example = EXAMPLE;
     RegFileStore store{example};
+
+    /// Of every part of a form at every place, in millimetres.
+    std::vector<double> Calibrations(RegFileStore& settings) {
+        std::vector<double> millimetres;
+        for (const char* const stem : {"OCR", "AcceptGiro", "AcceptGiroNAW", "AcceptGiroBKSouche",
+                                       "AcceptGiroBKAccept", "AcceptGiroBGSouche", "AcceptGiroBGAccept"}) {
+            for (const char* const axis : {"Links", "Top"}) {
+                for (int index = 0; index < 4; ++index) {
+                    std::string text = Read(settings, stem + std::string(axis) + std::to_string(index));
+                    const std::size_t comma = text.find(',');
+                    EXPECT_NE(comma, std::string::npos) << stem << axis << index;
+                    text.replace(comma, 1, ".");
+                    millimetres.push_back(std::stod(text));
+                }
+            }
+        }
+        return millimetres;
+    }
 };
 
 TEST_F(ExampleSettingsTest, IsAnExportOfWindows) {
@@ -26,9 +50,9 @@ TEST_F(ExampleSettingsTest, HoldsEverySetting) {
     EXPECT_EQ(Read(store, "GMUContractVorm"), "31");
     EXPECT_EQ(Read(store, "AcceptgiroType"), "1");
     EXPECT_EQ(Read(store, "GMUVerkeer"), "1");
-    EXPECT_EQ(Read(store, "GMUFontName"), "OCR-B");
+    EXPECT_EQ(Read(store, "GMUFontName"), "OCR B");
     EXPECT_EQ(Read(store, "GMUFontSize"), "10");
-    EXPECT_EQ(Read(store, "IncassantBankGiro"), "NL13ABNA0500000018");
+    EXPECT_EQ(Read(store, "IncassantBankGiro"), "NL91ABNA0417164300");
     EXPECT_EQ(Read(store, "IncassantAfdrukken"), "1");
     for (const char* const name :
          {"IncassantBegunstigde", "IncassantAdres", "IncassantPostCode", "IncassantWoonplaats",
@@ -38,21 +62,23 @@ TEST_F(ExampleSettingsTest, HoldsEverySetting) {
     }
 }
 
-TEST_F(ExampleSettingsTest, CalibrationsCanAllBeToldApart) {
-    std::set<double> millimetres;
-    for (const char* const stem : {"OCR", "AcceptGiro", "AcceptGiroNAW", "AcceptGiroBKSouche",
-                                   "AcceptGiroBKAccept", "AcceptGiroBGSouche", "AcceptGiroBGAccept"}) {
-        for (const char* const axis : {"Links", "Top"}) {
-            for (int index = 0; index < 4; ++index) {
-                std::string text = Read(store, stem + std::string(axis) + std::to_string(index));
-                const std::size_t comma = text.find(',');
-                ASSERT_NE(comma, std::string::npos) << stem << axis << index;
-                text[comma] = '.';
-                const double value = std::stod(text);
-                EXPECT_LE(std::abs(value), 2.0);
-                EXPECT_TRUE(millimetres.insert(std::abs(value)).second) << stem << axis << index;
-            }
-        }
+TEST_F(ExampleSettingsTest, HasAnAccountThatPassesAtABankWithABic) {
+    const std::string account = Read(store, "IncassantBankGiro");
+    EXPECT_TRUE(payment::IBANCheck(account));
+    EXPECT_TRUE(payment::BankGiroCheck(account));
+    EXPECT_EQ(payment::IBAN2BIC(account), "ABNANL2A");
+}
+
+TEST_F(ExampleSettingsTest, CalibrationsAreThoseOfAPrinterThatIsNearlyRight) {
+    EXPECT_THAT(Calibrations(store), testing::Each(testing::AllOf(testing::Ge(-0.3), testing::Le(0.3))));
+}
+
+TEST_F(ExampleSettingsTest, CalibrationsOfTheTestsCanAllBeToldApart) {
+    RegFileStore settings(TOLD_APART);
+    std::set<double> sizes;
+    for (const double millimetres : Calibrations(settings)) {
+        EXPECT_LE(std::abs(millimetres), 2.0);
+        EXPECT_TRUE(sizes.insert(std::abs(millimetres)).second) << millimetres;
     }
 }
 
