@@ -3,9 +3,9 @@
 # setup.sh build|run|test|slow|printers|coverage|fuzz|windows|wine|screen|package|format|lint
 set -euo pipefail
 
-# To build the program.
+# To build the program, with its handbook.
 build=(g++ cmake ninja-build ccache qt6-base-dev libqt6svg6-dev libcups2-dev libfreetype-dev
-       nlohmann-json3-dev)
+       nlohmann-json3-dev python3 python3-markdown)
 # To run it: the fonts of the forms, one for the windows, the toolkit's Dutch texts.
 run=(fonts-wine fonts-ocr-b fonts-dejavu-core qt6-translations-l10n)
 # To test it.
@@ -31,7 +31,7 @@ coverage=(gcovr)
 fuzz=(clang-14 libclang-rt-14-dev)
 
 # To build the Windows program.
-windows=(g++-mingw-w64-x86-64-posix cmake ninja-build ccache python3 librsvg2-bin)
+windows=(g++-mingw-w64-x86-64-posix cmake ninja-build ccache python3 python3-markdown librsvg2-bin)
 # To run it here, with its fonts and Dutch settings, and to print from it.
 wine=(wine64 wine64-preloader libgnutls30 libcups2 fonts-wine fonts-ocr-b python3-fonttools locales cups-daemon cups-client
       ghostscript xvfb xauth imagemagick xdotool)

@@ -34,6 +34,7 @@ inline constexpr int Up = 38;
 inline constexpr int Right = 39;
 inline constexpr int Down = 40;
 inline constexpr int Delete = 46;
+inline constexpr int F1 = 112;
 } // namespace key
 
 /// A rectangle of the screen in twips.
@@ -61,6 +62,10 @@ class Desktop {
 
     /// A message box with one OK button.
     virtual void MsgBox(const std::string& text, MessageIcon icon, const std::string& title) = 0;
+
+    /// Shows the handbook, from the heading of this anchor on, in the program that the user has for pages of
+    /// the web. If it cannot be shown the user is told.
+    virtual void ShowHandbook(const std::string& section) = 0;
 
     /// Negative if the key is down, as a signed 16-bit value.
     virtual std::int16_t GetKeyState(int virtualKey) = 0;

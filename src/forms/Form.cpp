@@ -243,6 +243,12 @@ void Form::UserKey(int virtualKey, bool shift) {
     }
 }
 
+void Form::UserHelp() {
+    if (!leaving_) {
+        Dispatch([this] { Desktop().ShowHandbook(HandbookSection()); });
+    }
+}
+
 void Form::UserCharacter(char32_t character) {
     if (active_ != nullptr && !leaving_) {
         active_->TypeKey(character);

@@ -88,6 +88,8 @@ class Form {
 
     /// The user presses a key: the form first, then Escape, Enter and Tab, then the control with the focus.
     void UserKey(int virtualKey, bool shift = false);
+    /// The user asks for help: the handbook opens where it tells of this form.
+    void UserHelp();
     /// The user types a character without a virtual key of interest.
     void UserCharacter(char32_t character);
     /// The user has given the window this size.
@@ -113,6 +115,9 @@ class Form {
     /// False refuses the closing.
     virtual bool OnQueryUnload() { return true; }
     virtual void OnUnload() {}
+    /// The anchor of the heading below which the handbook tells of the form as it stands; none for its
+    /// beginning.
+    virtual std::string HandbookSection() const { return {}; }
     /// The user logs off while the form refuses to close; the program may be gone a moment later.
     virtual void OnSessionEnd() {}
 

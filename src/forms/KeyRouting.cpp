@@ -8,7 +8,8 @@ namespace forms {
 namespace {
 
 bool IsFormsOwn(int virtualKey) {
-    return virtualKey == key::Tab || virtualKey == key::Enter || virtualKey == key::Escape;
+    return virtualKey == key::Tab || virtualKey == key::Enter || virtualKey == key::Escape ||
+           virtualKey == key::F1;
 }
 
 } // namespace
@@ -25,6 +26,12 @@ bool RouteKey(Form& form, const KeyPress& press, KeyWindow& window, const std::f
             tellForm();
         }
         return false;
+    }
+    if (press.VirtualKey == key::F1) {
+        if (!press.Repeated) {
+            form.UserHelp();
+        }
+        return true;
     }
     window.SettleFocus();
     if (press.VirtualKey == key::Tab) {

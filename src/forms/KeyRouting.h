@@ -30,9 +30,10 @@ class KeyWindow {
     ~KeyWindow() = default;
 };
 
-/// The way of a key, alike on every desktop: Tab, Enter and Escape go to the form, any other to the control
-/// that it has reached by `toControl`, which answers as this does. Without a control the form gets what the
-/// window itself has received while nothing has the focus. True: dealt with, the toolkit does nothing more.
+/// The way of a key, alike on every desktop: F1 opens the handbook; Tab, Enter and Escape go to the form, any
+/// other to the control that it has reached by `toControl`, which answers as this does. Without a control the
+/// form gets what the window itself has received while nothing has the focus. True: dealt with, the toolkit
+/// does nothing more.
 bool RouteKey(Form& form, const KeyPress& press, KeyWindow& window, const std::function<bool()>& toControl);
 
 } // namespace forms

@@ -18,6 +18,7 @@
 #include "forms/cmdButtonXP.h"
 #include "machine/Platform.h"
 #include "state/AppState.h"
+#include "state/HandbookSections.h"
 
 namespace preview {
 
@@ -86,6 +87,7 @@ class frmPrintPreview : public forms::Form {
     void OnResize() override;
     void OnKeyDown(int& virtualKey) override;
     void OnUnload() override;
+    std::string HandbookSection() const override { return state::HandbookAnchor(Name()); }
 
   private:
     // The look: frmPrintPreviewLayout.cpp.

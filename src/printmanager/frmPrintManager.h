@@ -24,6 +24,7 @@
 #include "printmanager/PrinterInfo.h"
 #include "printmanager/PrinterState.h"
 #include "state/AppState.h"
+#include "state/HandbookSections.h"
 
 namespace printmanager {
 
@@ -163,6 +164,7 @@ class frmPrintManager : public forms::Form {
     void OnLoad() override;
     bool OnQueryUnload() override;
     void OnSessionEnd() override;
+    std::string HandbookSection() const override { return state::HandbookAnchor(Name()); }
 
   private:
     // The job: frmPrintManager.cpp and frmPrintManagerLoad.cpp.

@@ -1,5 +1,7 @@
 #pragma once
 
+#include <string>
+
 #include "forms/CommandButton.h"
 #include "forms/ControlArray.h"
 #include "forms/Form.h"
@@ -10,6 +12,7 @@
 #include "forms/UpDown.h"
 #include "machine/Platform.h"
 #include "state/AppState.h"
+#include "state/HandbookSections.h"
 
 namespace printmanager {
 
@@ -34,6 +37,7 @@ class frmPrintManagerSetup : public forms::Form {
 
   protected:
     void OnLoad() override;
+    std::string HandbookSection() const override { return state::HandbookAnchor(Name()); }
 
   private:
     void LayOut();

@@ -19,6 +19,7 @@
 #include "machine/Platform.h"
 #include "printmanager/PrintCaller.h"
 #include "state/AppState.h"
+#include "state/HandbookSections.h"
 
 namespace printmanager {
 class frmPrintManager;
@@ -74,6 +75,7 @@ class frmMain : public forms::Form, public printmanager::PrintCaller {
   protected:
     void OnLoad() override;
     bool OnQueryUnload() override;
+    std::string HandbookSection() const override { return state::HandbookAnchor(Name(), Page); }
 
   private:
     class Host;

@@ -46,6 +46,7 @@ class MemoryDesktop final : public forms::Desktop {
     void RunModal(forms::Form& form) override;
     void Yield() override;
     void MsgBox(const std::string& text, forms::MessageIcon icon, const std::string& title) override;
+    void ShowHandbook(const std::string& section) override { handbookSections_.push_back(section); }
     std::int16_t GetKeyState(int virtualKey) override;
     void SetMousePointer(int pointer) override;
     void LockWindowUpdate(std::uintptr_t window) override { lockedWindow_ = window; }
@@ -66,6 +67,8 @@ class MemoryDesktop final : public forms::Desktop {
     void SetWorkArea(double width, double height);
 
     const std::vector<ShownMessage>& Messages() const { return messages_; }
+    /// Where the handbook was opened, from first to last.
+    const std::vector<std::string>& HandbookSections() const { return handbookSections_; }
     int MousePointer() const { return pointer_; }
     int Yields() const { return yields_; }
     std::uintptr_t LockedWindow() const { return lockedWindow_; }
@@ -76,6 +79,7 @@ class MemoryDesktop final : public forms::Desktop {
     const forms::Control* pointedAt_ = nullptr;
     std::set<int> keysDown_;
     std::vector<ShownMessage> messages_;
+    std::vector<std::string> handbookSections_;
     std::uintptr_t lockedWindow_ = 0;
     std::uintptr_t lastHandle_ = 0;
     int pointer_ = forms::PointerDefault;

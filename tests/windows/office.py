@@ -32,13 +32,13 @@ class Office:
             self.prefix.import_settings(STORED)
             self.ids = Ids.of(self.prefix, build)
             self.program = self.prefix.windows_path(build / "bin" / "drukkeuring.exe")
-            self._build = build
+            self.build = build
             self._seat_user(self.prefix.command())
             ends.callback(lambda: self.agent.close())
             self._ends = ends.pop_all()
 
     def _seat_user(self, command, log=None):
-        self.agent = Agent(command, self._build / "bin" / "win_agent.exe", log)
+        self.agent = Agent(command, self.build / "bin" / "win_agent.exe", log)
         self.user = Player(self.agent, Registry(self.agent), self.program, self.ids)
 
     def __enter__(self):

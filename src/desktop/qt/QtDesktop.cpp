@@ -4,6 +4,9 @@
 #include <limits>
 
 #include <QApplication>
+#include <QDesktopServices>
+#include <QDir>
+#include <QFile>
 #include <QKeyEvent>
 #include <QLabel>
 #include <QMessageBox>
@@ -12,6 +15,7 @@
 #include <QScreen>
 #include <QStyle>
 #include <QSvgRenderer>
+#include <QUrl>
 
 #include "desktop/qt/ArrowPointer.h"
 #include "desktop/qt/Guarded.h"
@@ -21,6 +25,7 @@
 #include "desktop/qt/Scale.h"
 #include "forms/CaughtError.h"
 #include "forms/Form.h"
+#include "forms/Handbook.h"
 
 namespace desktop::qt {
 
@@ -157,6 +162,17 @@ void QtDesktop::MsgBox(const std::string& text, forms::MessageIcon icon, const s
 
 void QtDesktop::UnhandledError(const base::RuntimeError& error) {
     MsgBox(forms::UnhandledErrorText(error), forms::MessageIcon::Critical, forms_.Title());
+}
+
+// Found from the program's own folder, so that the whole may stand anywhere.
+void QtDesktop::ShowHandbook(const std::string& section) {
+    const QDir folder(QDir::cleanPath(QCoreApplication::applicationDirPath() + "/" DRUKKEURING_HANDBOOK));
+    const QString page = folder.filePath(ToQString(forms::HandbookPage(section)));
+    if (!QFile::exists(page) || !QDesktopServices::openUrl(QUrl::fromLocalFile(page))) {
+        const QString file =
+            QDir::toNativeSeparators(folder.filePath(QString::fromLatin1(forms::HandbookFile)));
+        forms::TellHandbookNotOpened(*this, FromQString(file), forms_.Title());
+    }
 }
 
 std::int16_t QtDesktop::GetKeyState(int virtualKey) {

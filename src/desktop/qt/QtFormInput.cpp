@@ -28,7 +28,7 @@ struct KeyCode {
     int VirtualKey;
 };
 
-constexpr std::array<KeyCode, 15> KeyCodes{{
+constexpr std::array<KeyCode, 16> KeyCodes{{
     {Qt::Key_Backspace, forms::key::Backspace},
     {Qt::Key_Tab, forms::key::Tab},
     {Qt::Key_Backtab, forms::key::Tab},
@@ -44,6 +44,7 @@ constexpr std::array<KeyCode, 15> KeyCodes{{
     {Qt::Key_Right, forms::key::Right},
     {Qt::Key_Down, forms::key::Down},
     {Qt::Key_Delete, forms::key::Delete},
+    {Qt::Key_F1, forms::key::F1},
 }};
 
 int VirtualKeyOf(const QKeyEvent& event) {

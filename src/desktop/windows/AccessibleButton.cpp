@@ -8,18 +8,11 @@
 
 #include <oleacc.h>
 
+#include "desktop/windows/FromLibrary.h"
+
 namespace desktop::windows {
 
 namespace {
-
-/// A function of a library that is loaded when it is first needed, which on most machines is never.
-template <class Function>
-Function FromLibrary(const wchar_t* library, const char* name) {
-    HMODULE loaded = ::LoadLibraryExW(library, nullptr, LOAD_LIBRARY_SEARCH_SYSTEM32);
-    return loaded == nullptr
-               ? nullptr
-               : reinterpret_cast<Function>(reinterpret_cast<void*>(::GetProcAddress(loaded, name)));
-}
 
 struct Releaser {
     void operator()(IUnknown* object) const { object->Release(); }

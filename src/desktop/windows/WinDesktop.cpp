@@ -5,10 +5,12 @@
 #include <new>
 
 #include "desktop/windows/Scale.h"
+#include "desktop/windows/ShellOpen.h"
 #include "desktop/windows/WideText.h"
 #include "desktop/windows/WinForm.h"
 #include "forms/CaughtError.h"
 #include "forms/Form.h"
+#include "forms/Handbook.h"
 
 namespace desktop::windows {
 
@@ -159,6 +161,17 @@ void WinDesktop::TellCaught() noexcept {
         forms::TellCaught(*this);
     } catch (const std::exception&) { // no memory to tell it in words of its own
         ::MessageBoxW(nullptr, L"Fout 7:\n\nOut of memory", nullptr, MB_OK | MB_ICONERROR | MB_TASKMODAL);
+    }
+}
+
+void WinDesktop::ShowHandbook(const std::string& section) {
+    HWND owner = TopWindow();
+    const std::wstring folder = ProgramFolder() + ToWide(DRUKKEURING_HANDBOOK "\\");
+    std::wstring page = ToWide(forms::HandbookPage(section));
+    std::replace(page.begin(), page.end(), L'/', L'\\');
+    if (!OpenFileOfUser(owner, folder + page)) {
+        const std::wstring file = folder + ToWide(forms::HandbookFile);
+        forms::TellHandbookNotOpened(*this, FromWide(file), forms_.Title());
     }
 }
 

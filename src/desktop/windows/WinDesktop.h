@@ -28,6 +28,7 @@ class WinDesktop final : public forms::Desktop {
     void RunModal(forms::Form& form) override;
     void Yield() override;
     void MsgBox(const std::string& text, forms::MessageIcon icon, const std::string& title) override;
+    void ShowHandbook(const std::string& section) override;
     std::int16_t GetKeyState(int virtualKey) override;
     void SetMousePointer(int pointer) override;
     void LockWindowUpdate(std::uintptr_t window) override;

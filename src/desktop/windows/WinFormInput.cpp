@@ -15,7 +15,7 @@ namespace {
 constexpr std::array FormKeys{
     forms::key::Backspace, forms::key::PageUp, forms::key::PageDown, forms::key::End,  forms::key::Home,
     forms::key::Left,      forms::key::Up,     forms::key::Right,    forms::key::Down, forms::key::Delete,
-    forms::key::Tab,       forms::key::Enter,  forms::key::Escape};
+    forms::key::Tab,       forms::key::Enter,  forms::key::Escape,   forms::key::F1};
 
 /// The key if forms tell it apart, else 0.
 int FormKey(WPARAM virtualKey) {

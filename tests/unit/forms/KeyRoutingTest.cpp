@@ -119,6 +119,25 @@ TEST_F(KeyRoutingTest, OtherwiseAKeyWithCtrlOrAltIsTheToolkits) {
     EXPECT_THAT(log, IsEmpty());
 }
 
+TEST_F(KeyRoutingTest, F1OpensTheHandbookOnceAndNobodyElseSeesIt) {
+    form.Show();
+    form.handbookSection = "een-venster";
+    EXPECT_TRUE(OnControl({.VirtualKey = key::F1}));
+    EXPECT_TRUE(OnControl({.VirtualKey = key::F1, .Repeated = true}));
+    LoseFocus();
+    EXPECT_TRUE(OnWindow({.VirtualKey = key::F1}));
+    EXPECT_FALSE(OnWindow({.VirtualKey = key::F1, .Held = With::Ctrl}));
+    EXPECT_THAT(memory.desktop.HandbookSections(), ElementsAre("een-venster", "een-venster"));
+    EXPECT_THAT(log, IsEmpty());
+}
+
+TEST_F(KeyRoutingTest, AFormThatLeavesOpensNoHandbook) {
+    form.onUnload = [this] { OnWindow({.VirtualKey = key::F1}); };
+    form.Show();
+    form.Unload();
+    EXPECT_THAT(memory.desktop.HandbookSections(), IsEmpty());
+}
+
 class KeysOfControlsTest : public testing::Test, protected FormsFixture {
   protected:
     KeysOfControlsTest() {

@@ -32,6 +32,7 @@ class ListingDesktop final : public forms::Desktop {
     void Yield() override {}
     void MsgBox(const std::string& /*text*/, forms::MessageIcon /*icon*/,
                 const std::string& /*title*/) override {}
+    void ShowHandbook(const std::string& /*section*/) override {}
     std::int16_t GetKeyState(int /*virtualKey*/) override { return 0; }
     void SetMousePointer(int /*pointer*/) override {}
     void LockWindowUpdate(std::uintptr_t /*window*/) override {}

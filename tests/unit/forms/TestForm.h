@@ -19,6 +19,7 @@ class TestForm : public forms::Form {
     std::function<void(int&)> onKeyDown;
     std::function<bool()> onQueryUnload;
     std::function<void()> onUnload;
+    std::string handbookSection;
 
     using Form::SetResizable;
 
@@ -33,6 +34,7 @@ class TestForm : public forms::Form {
     }
     bool OnQueryUnload() override { return !onQueryUnload || onQueryUnload(); }
     void OnUnload() override { Call(onUnload); }
+    std::string HandbookSection() const override { return handbookSection; }
 
   private:
     static void Call(const std::function<void()>& handler) {

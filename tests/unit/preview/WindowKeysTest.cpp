@@ -57,6 +57,12 @@ TEST_F(WindowTest, KeysMoveTheHorizontalBarAlsoWhereItIsHidden) {
     }
 }
 
+TEST_F(WindowTest, HelpIsTheHandbooksSectionOfThePreview) {
+    Start(1);
+    Window().UserHelp();
+    EXPECT_THAT(memory.desktop.HandbookSections(), ElementsAre("het-afdrukvoorbeeld"));
+}
+
 TEST_F(WindowTest, OtherKeysDoNothing) {
     Start(2);
     GoTo(50, 50);

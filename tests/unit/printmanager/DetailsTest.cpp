@@ -37,6 +37,13 @@ TEST_F(DetailsTest, PanelOpensAndClosesWithItsMeasures) {
     EXPECT_EQ(manager->pictPrinter.Top(), 3120);
 }
 
+TEST_F(DetailsTest, HelpIsTheHandbooksSectionOfTheManager) {
+    InstallTwo();
+    Open();
+    manager->UserHelp();
+    EXPECT_THAT(memory.desktop.HandbookSections(), ElementsAre("afdrukken-met-afdrukbeheer"));
+}
+
 TEST_F(DetailsTest, FirstOpeningPlacesTheFormAThirdFromTheTop) {
     InstallTwo();
     memory.desktop.SetWorkArea(19200, 10801);

@@ -35,6 +35,11 @@ TEST_F(SetupTest, ShowsThePresentValueTwice) {
                                        "kunt u hier de initialisatietijd wijzigen.");
 }
 
+TEST_F(SetupTest, HelpIsTheHandbooksSectionOfTheForm) {
+    OpenSetup().UserHelp();
+    EXPECT_THAT(memory.desktop.HandbookSections(), testing::ElementsAre("printer-initialisatie"));
+}
+
 TEST_F(SetupTest, ArrowsKeepToTheirLimits) {
     OpenSetup();
     setup->UserText(0).SetText("3");

@@ -88,6 +88,19 @@ TEST_F(WizardFlowTest, ShortProcedureSkipsPage2) {
     EXPECT_EQ(form->UserText(0).Text(), "5");
 }
 
+TEST_F(WizardFlowTest, HelpIsTheHandbooksSectionOfThePage) {
+    Start().UserHelp();
+    GoToPrinting();
+    form->UserHelp();
+    form->Terug.UserClick();
+    form->UserHelp();
+    form->Terug.UserClick();
+    form->UserHelp();
+    EXPECT_EQ(memory.desktop.HandbookSections(),
+              (std::vector<std::string>{"bladzijde-1-uw-gegevens", "bladzijde-4-afdrukken",
+                                        "bladzijde-3-de-omvang", "bladzijde-2-de-procedure"}));
+}
+
 class BatchSizesTest : public WizardTest, public testing::WithParamInterface<std::pair<int, const char*>> {};
 
 TEST_P(BatchSizesTest, GeneralProcedure) {
