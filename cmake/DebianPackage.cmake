@@ -7,16 +7,20 @@ endif()
 
 set(CPACK_GENERATOR DEB)
 set(CPACK_PACKAGE_NAME drukkeuring)
-set(CPACK_PACKAGE_VENDOR Ondor)
-set(CPACK_PACKAGE_CONTACT "The makers of Drukkeuring <drukkeuring@example.org>")
+set(CPACK_PACKAGE_VENDOR ${PRODUCT_VENDOR})
+set(CPACK_PACKAGE_CONTACT "${PRODUCT_MAKERS} <${PRODUCT_ADDRESS}>")
+set(CPACK_DEBIAN_PACKAGE_HOMEPAGE ${PRODUCT_HOMEPAGE})
 set(CPACK_PACKAGE_DIRECTORY ${PACKAGE_FOLDER})
 set(CPACK_PACKAGING_INSTALL_PREFIX /usr)
 set(CPACK_STRIP_FILES ON)
-set(CPACK_INSTALL_DEFAULT_DIRECTORY_PERMISSIONS
-    OWNER_READ OWNER_WRITE OWNER_EXECUTE GROUP_READ GROUP_EXECUTE WORLD_READ WORLD_EXECUTE)
+set(CPACK_INSTALL_DEFAULT_DIRECTORY_PERMISSIONS ${CMAKE_INSTALL_DEFAULT_DIRECTORY_PERMISSIONS})
+# One package of two components.
+set(CPACK_DEB_COMPONENT_INSTALL ON)
+set(CPACK_COMPONENTS_GROUPING ALL_COMPONENTS_IN_ONE)
+set(CPACK_COMPONENTS_ALL program debian)
 
 set(CPACK_DEBIAN_FILE_NAME DEB-DEFAULT)
-set(CPACK_DEBIAN_PACKAGE_SECTION misc)
+set(CPACK_DEBIAN_PACKAGE_SECTION utils)
 set(CPACK_DEBIAN_COMPRESSION_TYPE xz)
 set(CPACK_DEBIAN_PACKAGE_CONTROL_STRICT_PERMISSION ON)
 set(CPACK_PACKAGE_DESCRIPTION_SUMMARY "wizard that prints test batches of IBAN acceptgiro payment slips")
@@ -29,9 +33,11 @@ and a report of the calibration. It works with the settings of Tarvik.
 The program's texts are Dutch.")
 
 # The libraries are found in the program; beside them it takes the fonts of the forms (Tahoma is Wine's), one for its
-# windows, and the toolkit's Dutch texts. The windows are X11's, also on Wayland; qt6-wayland makes them native there.
+# windows, and the toolkit's Dutch texts. Recommended: printers, windows that are native on Wayland, the desktop's own window that asks for
+# a file, and what opens the handbook.
 set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS ON)
 set(CPACK_DEBIAN_PACKAGE_DEPENDS "fonts-wine, fonts-ocr-b, fonts-dejavu-core, qt6-translations-l10n")
-set(CPACK_DEBIAN_PACKAGE_RECOMMENDS "cups, qt6-wayland")
+set(CPACK_DEBIAN_PACKAGE_RECOMMENDS
+    "cups, qt6-gtk-platformtheme, qt6-wayland, qt6-xdgdesktopportal-platformtheme, xdg-utils")
 
 include(CPack)

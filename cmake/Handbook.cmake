@@ -1,12 +1,11 @@
-# The handbook as a page of HTML, where the program looks for it: beside the exe on Windows, elsewhere in the folder for data, which it
-# finds from its own. Where Python's Markdown is missing there is no handbook, and the program says so.
+# The handbook as a page of HTML, where the program looks for it: beside the exe on Windows, elsewhere in the folder for documents, which
+# it finds from its own. Where Python's Markdown is missing there is no handbook, and the program says so.
 include(GNUInstallDirs)
 
 if(WIN32)
   set(HANDBOOK_FROM_PROGRAM handleiding)
 else()
-  set(HANDBOOK_DATADIR ${CMAKE_INSTALL_DATADIR}/drukkeuring)
-  file(RELATIVE_PATH HANDBOOK_FROM_PROGRAM ${CMAKE_INSTALL_FULL_BINDIR} ${CMAKE_INSTALL_FULL_DATADIR}/drukkeuring/handleiding)
+  file(RELATIVE_PATH HANDBOOK_FROM_PROGRAM ${CMAKE_INSTALL_FULL_BINDIR} ${CMAKE_INSTALL_FULL_DOCDIR}/handleiding)
 endif()
 cmake_path(SET HANDBOOK_FOLDER NORMALIZE ${CMAKE_RUNTIME_OUTPUT_DIRECTORY}/${HANDBOOK_FROM_PROGRAM})
 

@@ -1,5 +1,5 @@
 ; The setup of the Windows program, for the user who runs it: it asks for no administrator, and touches nothing that is
-; another user's. Made by the target `packages`, which gives VERSION, PROGRAM, ICON, PICTURE and OUTPUT.
+; another user's. Made by the target `packages`, which writes PRODUCT from product.nsh.in.
 ; The settings of Tarvik (HKCU\Software\Ondor\Tarvik) are not the program's own, and stay whatever happens.
 Unicode true
 Target amd64-unicode
@@ -7,13 +7,14 @@ SetCompressor /SOLID lzma
 
 !include MUI2.nsh
 !include LogicLib.nsh
+!include "${PRODUCT}"
 
-!define TITLE "Ondor Drukkeuring"
 !define EXE "drukkeuring.exe"
 !define REMOVER "verwijderen.exe"
 !define ENTRIES "Software\Microsoft\Windows\CurrentVersion\Uninstall"
 !define ENTRY "${ENTRIES}\Drukkeuring"
 !define SHORTCUT "$SMPROGRAMS\${TITLE}.lnk"
+!define HANDBOOK_SHORTCUT "$SMPROGRAMS\${TITLE} - handleiding.lnk"
 
 Name "${TITLE}"
 OutFile "${OUTPUT}"
@@ -35,7 +36,7 @@ ShowUninstDetails nevershow
 instellingen van Tarvik.$\r$\n$\r$\nHet wordt alleen voor u geïnstalleerd. Een eerdere versie wordt vervangen; de \
 instellingen van Tarvik blijven zoals ze zijn.$\r$\n$\r$\nKlik op Installeren om te beginnen."
 !define MUI_FINISHPAGE_TITLE "${TITLE} is geïnstalleerd"
-!define MUI_FINISHPAGE_TEXT "U vindt het programma in het menu Start."
+!define MUI_FINISHPAGE_TEXT "U vindt het programma en de handleiding in het menu Start. In elk venster opent F1 de handleiding."
 !define MUI_FINISHPAGE_RUN "$INSTDIR\${EXE}"
 !define MUI_FINISHPAGE_RUN_TEXT "${TITLE} nu starten"
 !define MUI_UNCONFIRMPAGE_TEXT_TOP "${TITLE} wordt van deze computer verwijderd. De instellingen van Tarvik blijven staan."
@@ -52,8 +53,10 @@ VIAddVersionKey /LANG=${LANG_DUTCH} "ProductName" "${TITLE}"
 VIAddVersionKey /LANG=${LANG_DUTCH} "ProductVersion" "${VERSION}"
 VIAddVersionKey /LANG=${LANG_DUTCH} "FileDescription" "Installatie van ${TITLE}"
 VIAddVersionKey /LANG=${LANG_DUTCH} "FileVersion" "${VERSION}"
-VIAddVersionKey /LANG=${LANG_DUTCH} "CompanyName" "Ondor"
-VIAddVersionKey /LANG=${LANG_DUTCH} "LegalCopyright" "De makers van Drukkeuring. Alle rechten voorbehouden."
+VIAddVersionKey /LANG=${LANG_DUTCH} "CompanyName" "${VENDOR}"
+VIAddVersionKey /LANG=${LANG_DUTCH} "LegalCopyright" "${COPYRIGHT}"
+VIAddVersionKey /LANG=${LANG_DUTCH} "InternalName" "drukkeuring-setup"
+VIAddVersionKey /LANG=${LANG_DUTCH} "OriginalFilename" "drukkeuring-setup-${VERSION}.exe"
 
 ; Windows lets nobody write to a program that runs, so that a file that opens for writing is free. Who runs the setup
 ; silently is not asked: it ends with 2, and nothing has changed.
@@ -78,16 +81,22 @@ FunctionEnd
 
 Section
   Call WaitUntilClosed
+  RMDir /r "$INSTDIR\handleiding"
+  SetOutPath "$INSTDIR\handleiding"
+  File /r "${HANDBOOK}/*"
   SetOutPath "$INSTDIR"
-  File "/oname=${EXE}" "${PROGRAM}"
+  !insertmacro INSTALL_PROGRAMS
   WriteUninstaller "$INSTDIR\${REMOVER}"
   CreateShortcut "${SHORTCUT}" "$INSTDIR\${EXE}" "" "" "" SW_SHOWNORMAL "" "Testpartij IBAN-acceptgiro's afdrukken"
+  CreateShortcut "${HANDBOOK_SHORTCUT}" "$INSTDIR\handleiding\index.html" "" "" "" SW_SHOWNORMAL "" "Handleiding van ${TITLE}"
 
   SectionGetSize 0 $0
   WriteRegStr HKCU "${ENTRY}" "DisplayName" "${TITLE}"
   WriteRegStr HKCU "${ENTRY}" "DisplayVersion" "${VERSION}"
   WriteRegStr HKCU "${ENTRY}" "DisplayIcon" "$INSTDIR\${EXE},0"
-  WriteRegStr HKCU "${ENTRY}" "Publisher" "Ondor"
+  WriteRegStr HKCU "${ENTRY}" "Publisher" "${VENDOR}"
+  WriteRegStr HKCU "${ENTRY}" "URLInfoAbout" "${HOMEPAGE}"
+  WriteRegStr HKCU "${ENTRY}" "Contact" "${ADDRESS}"
   WriteRegStr HKCU "${ENTRY}" "InstallLocation" "$INSTDIR"
   WriteRegStr HKCU "${ENTRY}" "UninstallString" '"$INSTDIR\${REMOVER}"'
   WriteRegStr HKCU "${ENTRY}" "QuietUninstallString" '"$INSTDIR\${REMOVER}" /S'
@@ -100,7 +109,9 @@ SectionEnd
 Section "Uninstall"
   Call un.WaitUntilClosed
   Delete "${SHORTCUT}"
-  Delete "$INSTDIR\${EXE}"
+  Delete "${HANDBOOK_SHORTCUT}"
+  !insertmacro REMOVE_PROGRAMS
+  RMDir /r "$INSTDIR\handleiding"
   Delete "$INSTDIR\printrap.log"
   Delete "$INSTDIR\${REMOVER}"
   SetOutPath "$TEMP"

@@ -1,7 +1,8 @@
 #!/usr/bin/env python3
 """The setup of the Windows program under Wine: it installs silently, the program is started from the start menu and prints a
 batch, the setup and the removal leave a running program alone, an older version is replaced, and after the removal disk and
-registry are what they were. And the zip holds the exe alone.
+registry are what they were. And the zip holds what the setup installs,
+and both exes tell the same of the product.
 
     check_setup.py --build FOLDER
 
@@ -34,6 +35,8 @@ from wine_prefix import skip  # noqa: E402
 TITLE = "Ondor Drukkeuring"
 ENTRY = r"Software\Microsoft\Windows\CurrentVersion\Uninstall\Drukkeuring"
 PROGRAM = "drukkeuring.exe"
+PROGRAMS = {PROGRAM}
+HANDBOOK = "handleiding"
 REMOVER = "verwijderen.exe"
 COUNT = 250
 REFUSED = 2  # exit status of a setup that ended without having done anything
@@ -42,6 +45,24 @@ OTHERS_KEYS = re.compile(r"\[HKEY_CURRENT_USER\\Software\\(Wine|Ondor\\Tarvik|"
                          r"Microsoft\\Windows NT\\CurrentVersion\\(Devices|Windows|PrinterPorts))\b.*", re.S)
 # A removal goes on in a copy of itself, which Windows takes away at the next start.
 LEFT_OVER = re.compile(r".*/Temp/(~nsu\w*\.tmp(/.*)?|ns\w+\.tmp)")
+
+
+# What the properties of an exe tell of the product, alike for all.
+PRODUCT = ("CompanyName", "LegalCopyright", "ProductName", "ProductVersion", "FileVersion")
+OF_A_FILE = ("FileDescription", "InternalName", "OriginalFilename")
+
+
+def told_by(exe, name):
+    """A text of an exe's version data; None if it is not there."""
+    key = re.escape(name.encode("utf-16-le")) + rb"(?:\0\0){1,2}((?:[^\0]\0|\0[^\0]|[^\0][^\0])+)"
+    found = re.search(key, exe.read_bytes(), re.S)
+    return found and found[1].decode("utf-16-le")
+
+
+def parts(folder):
+    """What the build has made for who installs it: name to sum."""
+    files = [folder / program for program in PROGRAMS] + [path for path in (folder / HANDBOOK).rglob("*") if path.is_file()]
+    return {path.relative_to(folder).as_posix(): sum_of(path) for path in files}
 
 
 def sum_of(path):
@@ -64,6 +85,7 @@ class Trial:
         self.folder = self.user / "AppData/Local/Programs/Drukkeuring"
         self.menu = self.user / "AppData/Roaming/Microsoft/Windows/Start Menu/Programs"
         self.shortcut = self.menu / f"{TITLE}.lnk"
+        self.handbook = self.menu / f"{TITLE} - handleiding.lnk"
 
     def windows_path(self, path):
         """As the user knows it, on drive C."""
@@ -86,16 +108,18 @@ class Trial:
 
     def check_installed(self, what):
         folder = self.windows_path(self.folder)
-        self.check(sorted(os.listdir(self.folder)) == [PROGRAM, REMOVER], f"{what}: the folder holds two files")
-        self.check(sum_of(self.folder / PROGRAM) == sum_of(self.program), f"{what}: the program is the one that was built")
-        self.check(self.shortcut.exists(), f"{what}: the start menu has it")
+        self.check({*os.listdir(self.folder)} == {*PROGRAMS, HANDBOOK, REMOVER}, f"{what}: the folder holds what belongs there")
+        self.check(parts(self.folder) == parts(self.program.parent), f"{what}: programs and handbook are those that were built")
+        self.check(self.shortcut.exists() and self.handbook.exists(), f"{what}: the start menu has both")
         entry = self.entry()
         size = entry.pop("EstimatedSize", 0)
-        kilobytes = self.program.stat().st_size // 1024
-        self.check(kilobytes <= size <= kilobytes + 200, f"{what}: {size} KB are told")
+        kilobytes = sum((self.folder / name).stat().st_size for name in parts(self.folder)) // 1024
+        self.check(kilobytes <= size <= kilobytes + 300, f"{what}: {size} KB are told")
         expected = {"DisplayName": TITLE, "DisplayVersion": self.version, "DisplayIcon": rf"{folder}\{PROGRAM},0",
-                    "Publisher": "Ondor", "InstallLocation": folder, "UninstallString": rf'"{folder}\{REMOVER}"',
+                    "Publisher": told_by(self.program, "CompanyName"), "InstallLocation": folder, "UninstallString": rf'"{folder}\{REMOVER}"',
                     "QuietUninstallString": rf'"{folder}\{REMOVER}" /S', "NoModify": 1, "NoRepair": 1}
+        self.check(entry.pop("URLInfoAbout", "").startswith("https://") and "@" in entry.pop("Contact", ""),
+                   f"{what}: and where to turn to")
         self.check(entry == expected, f"{what}: the list of programs tells {entry}")
 
     def start(self):
@@ -132,6 +156,7 @@ class Trial:
 
     def check_update(self):
         (self.folder / PROGRAM).write_bytes(b"an older program")
+        (self.folder / HANDBOOK / "vroeger.html").write_text("a section that there was")
         self.registry.set_text(ENTRY, "DisplayVersion", "2.9.0")
         self.check(self.run(self.setup, "/S") == 0, "the setup runs over an older version")
         self.check_installed("updated")
@@ -168,7 +193,8 @@ class Trial:
         self.remove(self.folder)
         left = sorted(path for path in {*disk} ^ {*files_in(self.disk)} if not LEFT_OVER.fullmatch(path))
         self.failures.none_of(left, "no file is left behind, and none is gone")
-        self.check(not self.folder.parent.exists() and not self.shortcut.exists(), "nor is a folder or an entry")
+        self.check(not self.folder.parent.exists() and not self.shortcut.exists() and not self.handbook.exists(),
+                   "nor is a folder or an entry")
         settings = self.registry.values(SETTINGS)
         self.check(settings["IncassantWoonplaats"][1].decode("utf-16-le") == "Veendam\0", "the settings of Tarvik stand")
         new = [key for key in self.keys() - keys if not OTHERS_KEYS.fullmatch(key)]
@@ -177,8 +203,18 @@ class Trial:
 
 def check_zip(file, program, failures):
     with zipfile.ZipFile(file) as archive:
-        failures.check(archive.namelist() == [PROGRAM] and archive.testzip() is None
-                       and archive.read(PROGRAM) == program.read_bytes(), "the zip holds the program alone")
+        held = {entry.filename: hashlib.sha256(archive.read(entry)).hexdigest() for entry in archive.infolist() if not entry.is_dir()}
+        failures.check(archive.testzip() is None and held == parts(program.parent), "the zip holds programs and handbook")
+
+
+def check_version_data(setup, folder, version, failures):
+    expected = {name: told_by(folder / PROGRAM, name) for name in PRODUCT}
+    failures.check(all(expected.values()) and expected["ProductVersion"] == expected["FileVersion"] == version
+                   and expected["ProductName"] == TITLE, f"the program tells of the product: {expected}")
+    for exe in (setup, *(folder / program for program in PROGRAMS)):
+        failures.equal({name: told_by(exe, name) for name in PRODUCT}, expected, f"{exe.name} tells the same")
+        own = {name: told_by(exe, name) for name in OF_A_FILE}
+        failures.check(all(own.values()) and own["OriginalFilename"] == exe.name, f"{exe.name} tells of itself: {own}")
 
 
 def main():
@@ -192,6 +228,7 @@ def main():
     version = newest.stem.rpartition("-")[2]
     failures = Failures()
     check_zip(newest.with_name(f"drukkeuring-{version}-windows.zip"), build / "bin" / PROGRAM, failures)
+    check_version_data(newest, build / "bin", version, failures)
     with Office(build) as office:
         try:
             Trial(office, newest, build / "bin" / PROGRAM, version, failures).run_all()
