@@ -1,12 +1,5 @@
-# The handbook as a page of HTML, where the program looks for it: beside the exe on Windows, elsewhere in the folder for documents, which
-# it finds from its own. Where Python's Markdown is missing there is no handbook, and the program says so.
-include(GNUInstallDirs)
-
-if(WIN32)
-  set(HANDBOOK_FROM_PROGRAM handleiding)
-else()
-  file(RELATIVE_PATH HANDBOOK_FROM_PROGRAM ${CMAKE_INSTALL_FULL_BINDIR} ${CMAKE_INSTALL_FULL_DOCDIR}/handleiding)
-endif()
+# The handbook as a page of HTML, where the program looks for it. Where Python's Markdown is missing
+# there is no handbook, and the program says so.
 cmake_path(SET HANDBOOK_FOLDER NORMALIZE ${CMAKE_RUNTIME_OUTPUT_DIRECTORY}/${HANDBOOK_FROM_PROGRAM})
 
 # The packaged library belongs to the packaged Python.

@@ -1,5 +1,5 @@
 # Where the programs and what the desktop knows of them go on Linux, by the folders of GNUInstallDirs. The programs find their data
-# from their own folder, so that the whole may be moved. Three components: `program`, what a package of this system has
+# from their own folder, so that the whole may be moved. Three components: `program`, what a package of Debian has
 # besides (`debian`), and fonts for a system that has no package of them (`fonts`).
 include(GNUInstallDirs)
 
@@ -88,6 +88,19 @@ add_compressed(${DEBIAN_PACKAGING}/changelog ${MADE}/changelog.gz)
 install(FILES ${MADE}/changelog.gz DESTINATION ${CMAKE_INSTALL_DOCDIR} COMPONENT debian EXCLUDE_FROM_ALL)
 install(FILES ${DEBIAN_PACKAGING}/drukkeuring.doc-base DESTINATION ${CMAKE_INSTALL_DATADIR}/doc-base
         RENAME drukkeuring COMPONENT debian EXCLUDE_FROM_ALL)
+
+# The fonts of the forms, as their packages have them, with what these say of them.
+find_file(TAHOMA tahoma.ttf PATHS /usr/share/wine/fonts NO_DEFAULT_PATH)
+find_file(OCR_B OCRB.otf PATHS /usr/share/fonts/opentype/ocr-b NO_DEFAULT_PATH)
+if(TAHOMA AND OCR_B)
+  cmake_path(REPLACE_FILENAME TAHOMA tahomabd.ttf OUTPUT_VARIABLE TAHOMA_BOLD)
+  install(FILES ${TAHOMA} ${TAHOMA_BOLD} ${OCR_B} DESTINATION ${CMAKE_INSTALL_DATADIR}/drukkeuring/fonts
+          COMPONENT fonts EXCLUDE_FROM_ALL)
+  foreach(package fonts-wine fonts-ocr-b)
+    install(FILES /usr/share/doc/${package}/copyright DESTINATION ${CMAKE_INSTALL_DATADIR}/drukkeuring/fonts
+            RENAME ${package}.copyright COMPONENT fonts EXCLUDE_FROM_ALL)
+  endforeach()
+endif()
 
 add_custom_target(installed_files ALL DEPENDS ${MADE_FILES})
 add_dependencies(installed_files handbook)

@@ -41,7 +41,7 @@ screen=(libx11-6 libxext6 libxcomposite1 libxcursor1 libxfixes3 libxi6 libxinera
         xvfb xauth imagemagick)
 
 # To make the packages of both systems, and to look into them.
-package=(dpkg-dev librsvg2-bin nsis lintian desktop-file-utils appstream man-db groff-base binutils)
+package=(dpkg-dev fonts-wine fonts-ocr-b librsvg2-bin nsis lintian desktop-file-utils appstream man-db groff-base binutils)
 
 # To hold the code against its form and its rules.
 format=(clang-format)

@@ -31,13 +31,55 @@ def machine_mirror(release):
     return None
 
 
-class CleanRoot:
+class Root:
+    """A system in a folder of its own, in which commands run. Takes root."""
+
+    def __init__(self, folder):
+        need("chroot")
+        self.folder = pathlib.Path(folder).resolve() / "root"
+
+    def environment(self, user=None, **variables):
+        """Nothing of this machine's."""
+        return {"PATH": "/usr/sbin:/usr/bin:/sbin:/bin", "HOME": f"/home/{user}" if user else "/root",
+                "LC_ALL": LOCALE if user else "C.UTF-8", "DEBIAN_FRONTEND": "noninteractive",
+                "XDG_RUNTIME_DIR": "/run/user-anna", **variables}
+
+    def words(self, command, user=None):
+        """A command as this machine gives it, to be run in the root; that of a user begins in the home folder."""
+        person = [f"--userspec={user}", str(self.folder), "env", "-C", f"/home/{user}"] if user else [str(self.folder)]
+        return ["chroot", *person, *command]
+
+    def run(self, *command, user=None, **variables):
+        """To its end; what it says. That goes through a file: what a command leaves running would keep a pipe open."""
+        words, environment = self.words(command, user), self.environment(user, **variables)
+        with tempfile.TemporaryFile() as output:
+            done = subprocess.run(words, env=environment, check=False, stdin=subprocess.DEVNULL, stdout=output,
+                                  stderr=subprocess.STDOUT)
+            output.seek(0)
+            text = output.read().decode("utf-8", "replace")
+        if done.returncode:
+            raise RuntimeError(f"{' '.join(command)}: {text[-4000:]}")
+        return text
+
+    def processes(self, program):
+        """Ids of the processes that run this program of the root."""
+        found = []
+        for entry in pathlib.Path("/proc").glob("[0-9]*"):
+            try:
+                if os.readlink(entry / "exe") == str(self.folder / program):
+                    found.append(int(entry.name))
+            except OSError:
+                continue  # it has ended meanwhile, or is the system's
+        return found
+
+
+class CleanRoot(Root):
     """Use it with `with`. It lies in the folder of the caller, who needs root and a mount namespace of its own: what is
     mounted goes with the namespace."""
 
     def __init__(self, folder):
-        need("debootstrap", "chroot", "mount")
-        self.folder = pathlib.Path(folder).resolve() / "root"
+        need("debootstrap", "mount")
+        super().__init__(folder)
         release = machine_release()
         done = subprocess.run(["debootstrap", "--variant=minbase", release, str(self.folder), machine_mirror(release)],
                               check=False, capture_output=True, text=True)
@@ -54,23 +96,6 @@ class CleanRoot:
         self.run("localedef", "-i", "nl_NL", "-f", "UTF-8", LOCALE)
         self.run("useradd", "--create-home", "--shell", "/bin/sh", USER)
         self.run("install", "-d", "-m", "700", "-o", USER, "/run/user-anna")
-
-    def run(self, *command, user=None, **variables):
-        """A command in the root, with nothing of this machine's environment. Its output goes through a file: what it leaves
-        running would keep a pipe open."""
-        environment = {"PATH": "/usr/sbin:/usr/bin:/sbin:/bin", "HOME": f"/home/{user}" if user else "/root",
-                       "LC_ALL": LOCALE if user else "C.UTF-8", "DEBIAN_FRONTEND": "noninteractive",
-                       "XDG_RUNTIME_DIR": "/run/user-anna", **variables}
-        person = [f"--userspec={user}"] if user else []
-        words = ["chroot", *person, str(self.folder), *(["env", "-C", environment["HOME"]] if user else []), *command]
-        with tempfile.TemporaryFile() as output:
-            done = subprocess.run(words, env=environment, check=False, stdin=subprocess.DEVNULL, stdout=output,
-                                  stderr=subprocess.STDOUT)
-            output.seek(0)
-            text = output.read().decode("utf-8", "replace")
-        if done.returncode:
-            raise RuntimeError(f"{' '.join(command)}: {text[-4000:]}")
-        return text
 
     def install(self, *packages):
         self.run("apt-get", "install", "-y", "--no-install-recommends", *packages)
@@ -89,17 +114,6 @@ class CleanRoot:
                 status = path.lstat()
                 size = status.st_size if path.is_file() else 0
                 found[str(path.relative_to(self.folder))] = (status.st_mode, status.st_uid, status.st_gid, size)
-        return found
-
-    def processes(self, program):
-        """Ids of the processes that run this program of the root."""
-        found = []
-        for entry in pathlib.Path("/proc").glob("[0-9]*"):
-            try:
-                if os.readlink(entry / "exe") == str(self.folder / program):
-                    found.append(int(entry.name))
-            except OSError:
-                continue  # it has ended meanwhile, or is the system's
         return found
 
 

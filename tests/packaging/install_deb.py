@@ -7,31 +7,23 @@ menu, a batch is printed to a PDF with the keyboard alone, and after its removal
 --build is the build folder of the release. Takes root, debootstrap and the mirror that this machine has its packages from.
 Exit status 77 where these are missing.
 """
-import argparse
-import os
 import pathlib
 import re
 import shutil
-import subprocess
 import sys
 
 HERE = pathlib.Path(__file__).parent
 for place in ("print/pdf", "print/windows", "windows"):
     sys.path.insert(0, str(HERE.parent / place))
-from clean_root import USER, CleanRoot, in_a_namespace_of_its_own  # noqa: E402
-from debian_package import field, make, need  # noqa: E402
+from clean_root import USER, CleanRoot  # noqa: E402
+from debian_package import field, make  # noqa: E402
 from desk import Desk  # noqa: E402
 from failures import Failures  # noqa: E402
-from form_checker import FormChecker  # noqa: E402
+from keyboard_user import SETTINGS, KeyboardUser, trial_arguments  # noqa: E402
 from print_batch import this_month  # noqa: E402
-from printed import Batch, settings_of  # noqa: E402
 
-EXAMPLE = HERE.parents[1] / "examples" / "tarvik.reg"
-COUNT = 250
-TOLERANCE_MM = 0.05
 ENTRY = "/usr/share/applications/drukkeuring.desktop"
 PROGRAM = "usr/bin/drukkeuring"
-SETTINGS = ".config/tarvik/settings.reg"
 # What may be new in the user's home: the settings, and the toolkit's folders that its file window has shown.
 KEPT = re.compile(rf"home/{USER}/(\.config(/(tarvik(/settings\.reg)?|QtProject\.conf))?"
                   rf"|keuring\.pdf)")
@@ -40,15 +32,12 @@ SYSTEMS = re.compile(r"var/(cache/(apt/archives/.*|debconf/.*-old|ldconfig/.*)|l
                      r"|etc/ld\.so\.cache")
 
 
-class Trial:
+class Trial(KeyboardUser):
     """One machine, from the installation to the removal."""
 
     def __init__(self, root, desk, package, failures):
-        self.root = root
-        self.desk = desk
+        super().__init__(root, desk, PROGRAM, failures)
         self.package = package
-        self.failures = failures
-        self.home = root.folder / "home" / USER
 
     def user_runs(self, *command):
         return self.root.run(*command, user=USER, DISPLAY=self.desk.display)
@@ -71,42 +60,6 @@ class Trial:
         title = self.desk.wait_for_window("first-page")
         self.failures.check(title.startswith("Ondor Drukkeuring"), f"the menu's entry opens \"{title}\"")
         self.failures.check(len(self.root.processes(PROGRAM)) == 1, "one program runs")
-
-    def print_batch(self):
-        """From the first page to the file with keys alone: the general procedure, 250 forms."""
-        self.desk.press("Return", "Tab", "Up", "space", "Return")
-        self.desk.press("Tab", "space", "Return")
-        self.desk.press("Return")
-        self.desk.wait_for_window("print-manager")
-        self.desk.press("space")
-        size = self.desk.size()
-        self.desk.press("alt+t")
-        self.desk.wait(lambda: self.desk.size() != size, "the details are not shown")
-        self.desk.press("Tab", "Tab", "End")  # the last paper is Legal: three forms are longer than a sheet of A4
-        self.desk.picture_of("paper")
-        self.desk.press("alt+d")
-        self.desk.wait_for_window("file")
-        pdf = self.home / "keuring.pdf"
-        self.desk.type("keuring.pdf")
-        self.desk.press("Return")
-        self.desk.wait(pdf.exists, "no document is written")
-        self.desk.wait_for_close(2)
-        self.desk.picture_of("printed")
-        return pdf
-
-    def check_batch(self, pdf, month):
-        batch = Batch(settings_of(EXAMPLE), str(pdf), COUNT, month, (0, 0), (0, 0))
-        self.failures.none_of(batch.errors(), "what was drawn by chance may be")
-        checker = FormChecker(batch.record, str(pdf), TOLERANCE_MM)
-        checker.run()
-        self.failures.none_of(checker.errors, f"every text of {COUNT} forms stands at its place")
-        print(f"{checker.page_count} pages, the worst text is {checker.worst:.3f} mm off.")
-        fonts = subprocess.run(["pdffonts", str(pdf)], check=True, capture_output=True, text=True).stdout
-        self.failures.check("OCR" in fonts and "Tahoma" in fonts, "in the fonts of the forms")
-
-    def close(self):
-        self.desk.press("alt+s")
-        self.desk.wait(lambda: not self.root.processes(PROGRAM), "the program stays")
 
     def remove(self):
         settings = (self.home / SETTINGS).read_bytes()
@@ -134,8 +87,7 @@ class Trial:
         print(f"{field(self.package, 'Version')} brings {len(brought)} packages.")
         month = this_month()  # the month is on the forms
         self.start()
-        pdf = self.print_batch()
-        self.check_batch(pdf, month)
+        self.check_batch(self.print_batch(), month)
         self.close()
         self.remove()
         self.failures.none_of(sorted(self.root.packages() ^ packages), "the packages are those of before")
@@ -143,18 +95,9 @@ class Trial:
 
 
 def main():
-    parser = argparse.ArgumentParser()
-    parser.add_argument("--build", type=pathlib.Path, required=True)
-    parser.add_argument("--pictures", type=pathlib.Path)
-    parser.add_argument("--inside", type=pathlib.Path, help="for the script's own use")
-    arguments = parser.parse_args()
-    if not arguments.inside:
-        sys.exit(in_a_namespace_of_its_own(sys.executable, [os.path.abspath(__file__), *sys.argv[1:]]))
-    need("Xvfb", "xdotool", "import", "pdftotext")
+    arguments = trial_arguments(__file__)
     failures = Failures()
     package = make(arguments.build, arguments.inside / "package")
-    if arguments.pictures:
-        arguments.pictures.mkdir(parents=True, exist_ok=True)
     root = CleanRoot(arguments.inside)
     with Desk("drukkeuring", arguments.pictures) as desk:
         Trial(root, desk, package, failures).run()

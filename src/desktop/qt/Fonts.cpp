@@ -14,6 +14,7 @@
 #include "base/Text.h"
 #include "desktop/qt/BoldFace.h"
 #include "desktop/qt/PageUnits.h"
+#include "desktop/qt/ProgramFolder.h"
 
 namespace desktop::qt {
 
@@ -35,14 +36,27 @@ constexpr std::array<PackagedFont, 1> PackagedFonts = {{
 /// Names of families that are known to be installed. A document uses two.
 constexpr qsizetype MostFamilies = 64;
 
+/// Those that came with the program, for a system that has no package of them.
+QDir OwnFonts() {
+    return FromProgram(DRUKKEURING_FONTS);
+}
+
 bool AddFile(const char* file) {
+    QStringList paths{OwnFonts().filePath(QString::fromLatin1(file))};
     for (const char* folder : FontFolders) {
-        const QString path = QString::fromLatin1(folder) + QString::fromLatin1(file);
-        if (QFile::exists(path)) {
-            return QFontDatabase::addApplicationFont(path) >= 0;
-        }
+        paths << QString::fromLatin1(folder) + QString::fromLatin1(file);
     }
-    return false;
+    const auto found =
+        std::find_if(paths.begin(), paths.end(), [](const QString& path) { return QFile::exists(path); });
+    return found != paths.end() && QFontDatabase::addApplicationFont(*found) >= 0;
+}
+
+/// The OCR fonts among the program's own, whatever the desktop has: to ask for a family costs more.
+void AddOwnOcrFonts() {
+    const QDir folder = OwnFonts();
+    for (const QString& file : folder.entryList({QStringLiteral("*.otf")}, QDir::Files)) {
+        QFontDatabase::addApplicationFont(folder.filePath(file));
+    }
 }
 
 /// The bold files of families whose plain ones have been added. Each is added when a bold face is first asked
@@ -67,6 +81,7 @@ QString Comparable(const QString& family) {
 void LoadPackagedFonts() {
     static std::once_flag once;
     std::call_once(once, [] {
+        AddOwnOcrFonts();
         for (const PackagedFont& font : PackagedFonts) {
             if (QFontDatabase::hasFamily(QString::fromLatin1(font.Family))) {
                 continue;

@@ -20,6 +20,7 @@
 #include "desktop/qt/ArrowPointer.h"
 #include "desktop/qt/Guarded.h"
 #include "desktop/qt/PictureWidget.h"
+#include "desktop/qt/ProgramFolder.h"
 #include "desktop/qt/QtForm.h"
 #include "desktop/qt/QtText.h"
 #include "desktop/qt/Scale.h"
@@ -164,9 +165,8 @@ void QtDesktop::UnhandledError(const base::RuntimeError& error) {
     MsgBox(forms::UnhandledErrorText(error), forms::MessageIcon::Critical, forms_.Title());
 }
 
-// Found from the program's own folder, so that the whole may stand anywhere.
 void QtDesktop::ShowHandbook(const std::string& section) {
-    const QDir folder(QDir::cleanPath(QCoreApplication::applicationDirPath() + "/" DRUKKEURING_HANDBOOK));
+    const QDir folder = FromProgram(DRUKKEURING_HANDBOOK);
     const QString page = folder.filePath(ToQString(forms::HandbookPage(section)));
     if (!QFile::exists(page) || !QDesktopServices::openUrl(QUrl::fromLocalFile(page))) {
         const QString file =
