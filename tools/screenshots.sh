@@ -1,12 +1,13 @@
 #!/usr/bin/env bash
 # Makes the pictures in docs/images anew, from the programs themselves: every window on both desktops, at 100 % and 200 %,
-# and documents as a printer makes them.
+# and documents as a printer makes them. Beside these the handbook has a form with its blocks, and letters side by side.
 set -euo pipefail
 cd "$(dirname "$(readlink -f "$0")")/.."
 
 tools/setup.sh test
 tools/setup.sh wine
 tools/setup.sh screen
+tools/setup.sh pictures
 cmake --preset release >/dev/null
 cmake --build --preset release --target drukkeuring-demo
 cmake --preset windows >/dev/null
@@ -43,4 +44,6 @@ pdftoppm -png -singlefile -r 100 -gray "$forms" docs/images/print/acceptgiro-3-o
 # In the dots of a printer: the foot of the lowest form with its OCR line, and the first blocks of the report.
 pdftoppm -png -singlefile -r 600 -mono -x 660 -y 6190 -W 4200 -H 1010 "$forms" docs/images/print/acceptgiro-600dpi
 pdftoppm -png -singlefile -r 600 -mono -x 140 -y 70 -W 3430 -H 1400 "$report" docs/images/print/calibratie-600dpi
+tools/pictures/form_blocks.py --write
+tools/pictures/ocr_digits.py
 ls docs/images/*

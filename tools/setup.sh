@@ -1,6 +1,6 @@
 #!/usr/bin/env bash
 # Installs the Debian packages that a task needs and that are missing:
-# setup.sh build|run|test|slow|printers|coverage|fuzz|windows|wine|screen|package|format|lint
+# setup.sh build|run|test|slow|printers|coverage|fuzz|windows|wine|screen|pictures|package|format|lint
 set -euo pipefail
 
 # To build the program, with its handbook.
@@ -40,6 +40,9 @@ wine=(wine64 wine64-preloader libgnutls30 libcups2 fonts-wine fonts-ocr-b python
 screen=(libx11-6 libxext6 libxcomposite1 libxcursor1 libxfixes3 libxi6 libxinerama1 libxrandr2 libxrender1 libxxf86vm1
         xvfb xauth imagemagick)
 
+# The letters that the handbook shows side by side.
+pictures=(fonts-ocr-a fonts-ocr-b fonts-wine python3-fonttools)
+
 # To make the packages of both systems, and to look into them.
 package=(dpkg-dev fonts-wine fonts-ocr-b librsvg2-bin nsis lintian desktop-file-utils appstream man-db groff-base binutils)
 
@@ -58,10 +61,11 @@ case "${1:-}" in
   windows) wanted=("${windows[@]}") ;;
   wine) wanted=("${windows[@]}" "${wine[@]}") ;;
   screen) wanted=("${screen[@]}") ;;
+  pictures) wanted=("${pictures[@]}") ;;
   package) wanted=("${package[@]}") ;;
   format) wanted=("${format[@]}") ;;
   lint) wanted=("${build[@]}" "${test[@]}" "${windows[@]}" "${format[@]}" "${lint[@]}") ;;
-  *) echo "usage: $0 build|run|test|slow|printers|coverage|fuzz|windows|wine|screen|package|format|lint" >&2; exit 2 ;;
+  *) echo "usage: $0 build|run|test|slow|printers|coverage|fuzz|windows|wine|screen|pictures|package|format|lint" >&2; exit 2 ;;
 esac
 
 missing=()
