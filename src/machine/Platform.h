@@ -8,6 +8,7 @@ namespace machine {
 
 class Bitmaps;
 class Clock;
+class Fonts;
 class Locale;
 class Printer;
 class Printers;
@@ -28,6 +29,7 @@ struct Platform {
     machine::Printer& Printer;
     machine::Bitmaps& Bitmaps;
     machine::WindowProcedures& WindowProcedures;
+    machine::Fonts& Fonts;
 };
 
 } // namespace machine

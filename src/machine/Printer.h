@@ -2,9 +2,11 @@
 
 #include <cstdint>
 #include <functional>
+#include <optional>
 #include <string>
 
 #include "machine/Canvas.h"
+#include "machine/PrinterCondition.h"
 
 namespace machine {
 
@@ -41,6 +43,14 @@ class Printers {
 
     /// Takes notice of printers that have come or gone. Between two such calls the collection stays as it is.
     virtual void Refresh() {}
+
+    /// How a printer stands. It changes nothing and opens no printer; what is not known at once is left out,
+    /// for nobody is to wait for the answer. ErrorSubscriptOutOfRange as Item.
+    virtual PrinterCondition Condition(int index) = 0;
+
+    /// The sheet of a paper (DMPAPER_...), Portrait or Landscape, on a printer; nothing if the machine does
+    /// not know it at once, or the printer has no such paper. ErrorSubscriptOutOfRange as Item.
+    virtual std::optional<SheetArea> SheetOf(int index, std::int16_t paper, std::int16_t orientation) = 0;
 };
 
 // How a document lies on its sheet: values of dmOrientation.

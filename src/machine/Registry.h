@@ -25,6 +25,22 @@ inline constexpr std::int32_t RegAccessDenied = 5;
 inline constexpr std::int32_t RegInvalidHandle = 6;
 inline constexpr std::int32_t RegMoreData = 234;
 
+/// What keeps a key of the settings from being read.
+enum class StoreTrouble {
+    None,
+    Missing,         ///< no such key, or no file of settings
+    Unreadable,      ///< it is there, and the machine does not give it
+    UnknownEncoding, ///< it is in no encoding or form that can be read
+    CutOff,          ///< only the beginning of it is there
+};
+
+/// How a key of the settings stands.
+struct StoreCondition {
+    StoreTrouble Trouble = StoreTrouble::None;
+    std::string Where{};  ///< the key, or the file that holds it, as the user finds it
+    std::string Reason{}; ///< in the machine's own words; may be empty
+};
+
 /// The four calls of the registry that the program makes, answered by the platform: the registry itself on
 /// Windows, a store with the same properties elsewhere. They speak 8-bit text in the machine's code page and
 /// return 0 for success, else a Windows error number; none of them throws.
@@ -44,6 +60,9 @@ class Registry {
     /// Writes a value. For text, `bytes` includes the closing NUL.
     virtual std::int32_t RegSetValueExA(RegistryKey key, const std::string& name, std::uint32_t type,
                                         std::string_view bytes) = 0;
+
+    /// How a key below the current user's root stands: for who tells the user why there are no settings.
+    virtual StoreCondition Condition(const std::string& path) = 0;
 };
 
 } // namespace machine

@@ -18,9 +18,9 @@ namespace bench {
 class Batch {
   public:
     Batch(machine::Printers& printers, machine::Printer& printer)
-        : services_{memory_.desktop, memory_.registry,         memory_.locale, memory_.clock,
-                    chance_,         memory_.spooler,          printers,       printer,
-                    memory_.bitmaps, memory_.desktop.Windows()} {
+        : services_{memory_.desktop, memory_.registry,          memory_.locale, memory_.clock,
+                    chance_,         memory_.spooler,           printers,       printer,
+                    memory_.bitmaps, memory_.desktop.Windows(), memory_.fonts} {
         state_.SettingsKey = "Software\\Ondor\\Tarvik\\CurrentVersion";
         memory_.registry.CreateKey(state_.SettingsKey);
         state_.TwipsPerCm = 567;

@@ -15,6 +15,8 @@ class OnePrinter final : public machine::Printers {
   public:
     int Count() override { return 1; }
     machine::PrinterEntry Item(int) override { return {"Printer", "Port"}; }
+    machine::PrinterCondition Condition(int) override { return {.Name = "Printer"}; }
+    std::optional<machine::SheetArea> SheetOf(int, std::int16_t, std::int16_t) override { return {}; }
 };
 
 void ComposeBatch(benchmark::State& run) {

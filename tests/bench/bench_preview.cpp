@@ -81,9 +81,9 @@ class Shown {
     memory::MemoryPlatform memory_;
     desktop::qt::QtDesktop desktop_;
     desktop::qt::QtBitmaps bitmaps_;
-    machine::Platform services_{desktop_,       memory_.registry,  memory_.locale,   memory_.clock,
-                                memory_.random, memory_.spooler,   memory_.printers, memory_.printer,
-                                bitmaps_,       desktop_.Windows()};
+    machine::Platform services_{desktop_,       memory_.registry,   memory_.locale,   memory_.clock,
+                                memory_.random, memory_.spooler,    memory_.printers, memory_.printer,
+                                bitmaps_,       desktop_.Windows(), memory_.fonts};
     state::AppState state_;
     forms::Session session_{desktop_};
     composition::PrinterSurface printer_{memory_.printer};

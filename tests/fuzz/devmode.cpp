@@ -219,7 +219,8 @@ machine::Platform WithSpooler(const machine::Platform& base, machine::Spooler& s
             .Printers = base.Printers,
             .Printer = base.Printer,
             .Bitmaps = base.Bitmaps,
-            .WindowProcedures = base.WindowProcedures};
+            .WindowProcedures = base.WindowProcedures,
+            .Fonts = base.Fonts};
 }
 
 void CheckLists(machine::Platform& platform) {

@@ -16,8 +16,9 @@ void RaiseFailure(Recorder& recorder, const char* call) {
 
 class MemoryPage final : public machine::OffscreenPage, private machine::Canvas {
   public:
-    MemoryPage(Recorder& recorder, double width, double height, std::shared_ptr<int> alive)
-        : recorder_(recorder), canvas_(recorder, "preview"), width_(width), height_(height),
+    MemoryPage(Recorder& recorder, MemoryFonts& fonts, double width, double height,
+               std::shared_ptr<int> alive)
+        : recorder_(recorder), canvas_(recorder, fonts, "preview"), width_(width), height_(height),
           alive_(std::move(alive)) {}
 
     machine::Canvas& Drawing() override { return *this; }
@@ -66,7 +67,7 @@ class MemoryPage final : public machine::OffscreenPage, private machine::Canvas 
 
 std::unique_ptr<machine::OffscreenPage> MemoryBitmaps::CreatePage(double width, double height) {
     RaiseFailure(recorder_, "CreatePage");
-    return std::make_unique<MemoryPage>(recorder_, width, height, alive_);
+    return std::make_unique<MemoryPage>(recorder_, fonts_, width, height, alive_);
 }
 
 } // namespace memory

@@ -6,6 +6,7 @@
 #include <vector>
 
 #include "machine/Bitmaps.h"
+#include "memory/MemoryFonts.h"
 #include "memory/Recorder.h"
 
 namespace memory {
@@ -32,7 +33,8 @@ class MemoryBitmap final : public machine::PageBitmap {
 /// (`Image`) and making a page (`CreatePage`) can be made to fail.
 class MemoryBitmaps final : public machine::Bitmaps {
   public:
-    explicit MemoryBitmaps(Recorder& recorder) : recorder_(recorder), alive_(std::make_shared<int>(0)) {}
+    MemoryBitmaps(Recorder& recorder, MemoryFonts& fonts)
+        : recorder_(recorder), fonts_(fonts), alive_(std::make_shared<int>(0)) {}
 
     std::unique_ptr<machine::OffscreenPage> CreatePage(double width, double height) override;
 
@@ -41,6 +43,7 @@ class MemoryBitmaps final : public machine::Bitmaps {
 
   private:
     Recorder& recorder_;
+    MemoryFonts& fonts_;
     std::shared_ptr<int> alive_;
 };
 

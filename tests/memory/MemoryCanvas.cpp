@@ -1,21 +1,12 @@
 #include "memory/MemoryCanvas.h"
 
 #include "base/RuntimeError.h"
-#include "base/Text.h"
 
 namespace memory {
 
-namespace {
-constexpr double CharWidthPerPoint = 10;
-constexpr double BoldCharWidthPerPoint = 11;
-constexpr double LineHeightPerPoint = 24;
-} // namespace
-
 machine::TextSize MemoryCanvas::MeasureText(std::string_view text, const machine::FontSpec& font) {
     recorder_.RaiseFailure("MeasureText", base::ErrorPrinter, PrinterError);
-    const double charWidth = font.Bold ? BoldCharWidthPerPoint : CharWidthPerPoint;
-    return {static_cast<double>(base::text::Length(text)) * charWidth * font.Size,
-            LineHeightPerPoint * font.Size};
+    return fonts_.MeasureText(text, font);
 }
 
 void MemoryCanvas::DrawText(double x, double y, std::string_view text, const machine::FontSpec& font) {

@@ -4,6 +4,7 @@
 #include "memory/MemoryBitmaps.h"
 #include "memory/MemoryClock.h"
 #include "memory/MemoryDesktop.h"
+#include "memory/MemoryFonts.h"
 #include "memory/MemoryLocale.h"
 #include "memory/MemoryPrinter.h"
 #include "memory/MemoryPrinters.h"
@@ -34,14 +35,15 @@ class MemoryPlatform {
     MemoryLocale locale{recorder};
     MemoryClock clock;
     MemoryRandom random;
+    MemoryFonts fonts;
     MemoryPrinters printers{recorder};
     MemorySpooler spooler{recorder, printers};
-    MemoryPrinter printer{recorder, printers};
-    MemoryBitmaps bitmaps{recorder};
+    MemoryPrinter printer{recorder, printers, fonts};
+    MemoryBitmaps bitmaps{recorder, fonts};
 
   private:
-    machine::Platform services_{desktop, registry, locale,  clock,   random,
-                                spooler, printers, printer, bitmaps, desktop.Windows()};
+    machine::Platform services_{desktop, registry,          locale, clock, random, spooler, printers, printer,
+                                bitmaps, desktop.Windows(), fonts};
 };
 
 } // namespace memory

@@ -10,8 +10,8 @@ namespace memory {
 /// ErrorPrinter.
 class MemoryPrinter final : public machine::Printer {
   public:
-    MemoryPrinter(Recorder& recorder, MemoryPrinters& printers)
-        : recorder_(recorder), printers_(printers), page_(recorder, "printer") {}
+    MemoryPrinter(Recorder& recorder, MemoryPrinters& printers, MemoryFonts& fonts)
+        : recorder_(recorder), printers_(printers), page_(recorder, fonts, "printer") {}
 
     void Assign(int index) override;
 

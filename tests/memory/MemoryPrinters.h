@@ -1,6 +1,9 @@
 #pragma once
 
+#include <cstdint>
 #include <deque>
+#include <optional>
+#include <string>
 
 #include "machine/Printer.h"
 #include "memory/PrintQueue.h"
@@ -19,6 +22,10 @@ class MemoryPrinters final : public machine::Printers {
 
     int Count() override;
     machine::PrinterEntry Item(int index) override;
+    machine::PrinterCondition Condition(int index) override;
+    /// Within the margins of the queue's own sheet, whatever the paper's size.
+    std::optional<machine::SheetArea> SheetOf(int index, std::int16_t paper,
+                                              std::int16_t orientation) override;
 
     /// The printer's own record; ErrorSubscriptOutOfRange outside 0 to Count() - 1.
     PrintQueue& Queue(int index);

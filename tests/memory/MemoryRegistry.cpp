@@ -93,6 +93,15 @@ const MemoryRegistry::Value* MemoryRegistry::Find(const std::string& fullPath,
     return value == key->second.end() ? nullptr : &value->second;
 }
 
+machine::StoreCondition MemoryRegistry::Condition(const std::string& path) {
+    machine::StoreCondition condition = Present;
+    condition.Where = path;
+    if (!HasKey(path)) {
+        condition.Trouble = machine::StoreTrouble::Missing;
+    }
+    return condition;
+}
+
 std::int32_t MemoryRegistry::RegOpenKeyA(machine::RegistryKey root, const std::string& path,
                                          machine::RegistryKey& key) {
     if (Fails("RegOpenKeyA")) {

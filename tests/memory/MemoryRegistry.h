@@ -48,6 +48,10 @@ class MemoryRegistry : public machine::Registry {
     /// RegAccessDenied.
     std::function<bool(const char* call)> ShouldFail;
 
+    /// What Condition answers of a key that is there, for tests of settings that cannot be read.
+    machine::StoreCondition Present{};
+
+    machine::StoreCondition Condition(const std::string& path) override;
     std::int32_t RegOpenKeyA(machine::RegistryKey root, const std::string& path,
                              machine::RegistryKey& key) override;
     std::int32_t RegCloseKey(machine::RegistryKey key) override;

@@ -54,6 +54,8 @@ struct PrintQueue {
     Dots Offset = {100, 100};
     /// False: the machine does not answer.
     bool Reachable = true;
+    /// Defaults that no job can override.
+    std::vector<std::string> Imposed{};
     /// The printer's own font.
     std::string Font = "Printer";
 };

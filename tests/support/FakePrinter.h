@@ -84,6 +84,8 @@ class FakePrinters final : public machine::Printers {
         return count;
     }
     machine::PrinterEntry Item(int) override { return {"Laser", "LPT1:"}; }
+    machine::PrinterCondition Condition(int) override { return {.Name = "Laser"}; }
+    std::optional<machine::SheetArea> SheetOf(int, std::int16_t, std::int16_t) override { return {}; }
 };
 
 } // namespace support

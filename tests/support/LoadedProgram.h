@@ -83,9 +83,9 @@ class LoadedProgram {
 
     void Set(const char* name, const std::string& text) { Memory.registry.SetText(SettingsPath, name, text); }
 
-    machine::Platform services_{Memory.desktop, Memory.registry,         Memory.locale,   Memory.clock,
-                                Memory.random,  Memory.spooler,          Memory.printers, Printer,
-                                Memory.bitmaps, Memory.desktop.Windows()};
+    machine::Platform services_{Memory.desktop, Memory.registry,          Memory.locale,   Memory.clock,
+                                Memory.random,  Memory.spooler,           Memory.printers, Printer,
+                                Memory.bitmaps, Memory.desktop.Windows(), Memory.fonts};
     forms::Session session_{Memory.desktop};
 
   public:

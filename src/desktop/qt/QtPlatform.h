@@ -55,8 +55,9 @@ class QtPlatform {
                        }};
     cups::CupsSpooler spooler_{printers_};
     QtBitmaps bitmaps_;
-    machine::Platform services_{desktop_, registry_, locale_,  clock_,   random_,
-                                spooler_, printers_, printer_, bitmaps_, desktop_.Windows()};
+    machine::Platform services_{desktop_, registry_,          locale_,   clock_,
+                                random_,  spooler_,           printers_, printer_,
+                                bitmaps_, desktop_.Windows(), fonts_};
     EndSignals ending_{[] { QCoreApplication::exit(); }, // of every loop that is open, a modal form's too
                        [this] { return !printer_.IsPrinting(); }}; // a document under way is waited for
 };

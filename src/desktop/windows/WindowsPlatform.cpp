@@ -74,8 +74,8 @@ struct WindowsPlatform::Parts {
     WinSpooler Spooler;
     WinBitmaps Bitmaps;
     WinWindowProcedures Procedures{Desktop};
-    machine::Platform Services{Desktop, Registry, Locale,  Clock,   Random,
-                               Spooler, Printers, Printer, Bitmaps, Procedures};
+    machine::Platform Services{Desktop,  Registry, Locale,  Clock,      Random,    Spooler,
+                               Printers, Printer,  Bitmaps, Procedures, PrintFonts};
 };
 
 WindowsPlatform::WindowsPlatform() : parts_(std::make_unique<Parts>()) {}

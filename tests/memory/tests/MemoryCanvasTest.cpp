@@ -15,7 +15,7 @@ using testing::IsEmpty;
 class MemoryCanvasTest : public testing::Test {
   protected:
     WatchedPlatform watched;
-    memory::MemoryCanvas canvas{watched.memory.recorder, "preview"};
+    memory::MemoryCanvas canvas{watched.memory.recorder, watched.memory.fonts, "preview"};
 };
 
 TEST_F(MemoryCanvasTest, MeasuresByTheCharacter) {

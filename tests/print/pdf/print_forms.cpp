@@ -160,9 +160,9 @@ int main(int argc, char** argv) {
         [] { return desktop::cups::FoundQueues{}; });
     desktop::qt::QtPrinter printer(printers,
                                    [](const std::string& text) { std::fputs(text.c_str(), stderr); });
-    machine::Platform services{memory.desktop, memory.registry,         memory.locale, memory.clock,
-                               chance,         memory.spooler,          printers,      printer,
-                               memory.bitmaps, memory.desktop.Windows()};
+    machine::Platform services{memory.desktop, memory.registry,          memory.locale, memory.clock,
+                               chance,         memory.spooler,           printers,      printer,
+                               memory.bitmaps, memory.desktop.Windows(), memory.fonts};
 
     state::AppState state;
     QJsonObject record = FillState(state, memory.registry);

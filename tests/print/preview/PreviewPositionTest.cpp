@@ -117,9 +117,9 @@ class PreviewPositionTest : public PreviewTest, public testing::WithParamInterfa
     /// Draws the document on the screen, and once more on paper.
     void DrawBoth() {
         machine::SeededRandom chance(20260315);
-        machine::Platform all{desktop,      memory.registry,  memory.locale,   memory.clock,
-                              chance,       memory.spooler,   memory.printers, memory.printer,
-                              notedBitmaps, desktop.Windows()};
+        machine::Platform all{desktop,      memory.registry,   memory.locale,   memory.clock,
+                              chance,       memory.spooler,    memory.printers, memory.printer,
+                              notedBitmaps, desktop.Windows(), memory.fonts};
         preview::PrintPreview shown(session, all, state, printer);
         Host host(shown, [&] {
             window::WhenShown("frmPrintPreview", [&] {

@@ -65,8 +65,8 @@ class RealProgram {
     TeePrinter Printer{Printers, [this](const std::string& text) { Tell(text); }};
     desktop::cups::CupsSpooler Spooler{Printers};
     desktop::qt::QtBitmaps Bitmaps;
-    machine::Platform Services{Desktop, Registry, Locale,  Clock,   Random,
-                               Spooler, Printers, Printer, Bitmaps, Desktop.Windows()};
+    machine::Platform Services{Desktop, Registry,          Locale, Clock, Random, Spooler, Printers, Printer,
+                               Bitmaps, Desktop.Windows(), Fonts};
 
   private:
     void Tell(const std::string& text);

@@ -125,9 +125,12 @@ void PickInCombo(QComboBox& combo, int entry) {
 QtStage::QtStage(memory::MemoryPlatform& memory, desktop::qt::QtDesktop& real, const machine::Platform& rest,
                  const QString& suffix)
     : desktop_(memory, real, rest.Desktop), pictures_(suffix),
-      file_([this](QWidget& window) { pictures_.TakeNext(window); }),
-      services_{desktop_,     rest.Registry, rest.Locale,  rest.Clock,   rest.Random,
-                rest.Spooler, rest.Printers, rest.Printer, rest.Bitmaps, real.Windows()} {
+      file_([this](QWidget& window) { pictures_.TakeNext(window); }), services_{desktop_,      rest.Registry,
+                                                                                rest.Locale,   rest.Clock,
+                                                                                rest.Random,   rest.Spooler,
+                                                                                rest.Printers, rest.Printer,
+                                                                                rest.Bitmaps,  real.Windows(),
+                                                                                rest.Fonts} {
     desktop_.OnMessage = [this](QWidget& box) { pictures_.TakeNext(box); };
 }
 

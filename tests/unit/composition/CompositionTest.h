@@ -93,7 +93,8 @@ class CompositionTest : public testing::Test {
                                printers,
                                printer,
                                memory.Services().Bitmaps,
-                               memory.Services().WindowProcedures};
+                               memory.Services().WindowProcedures,
+                               memory.Services().Fonts};
     state::AppState state;
     support::FakeRunHost host{state, services};
 };

@@ -127,7 +127,8 @@ inline machine::Platform WithSpooler(const machine::Platform& base, machine::Spo
             .Printers = base.Printers,
             .Printer = base.Printer,
             .Bitmaps = base.Bitmaps,
-            .WindowProcedures = base.WindowProcedures};
+            .WindowProcedures = base.WindowProcedures,
+            .Fonts = base.Fonts};
 }
 
 } // namespace printmanager

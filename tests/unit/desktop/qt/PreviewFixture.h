@@ -89,9 +89,9 @@ class PreviewTest : public testing::Test {
     memory::MemoryPlatform memory;
     desktop::qt::QtDesktop desktop;
     desktop::qt::QtBitmaps bitmaps;
-    machine::Platform services{desktop,       memory.registry,  memory.locale,   memory.clock,
-                               memory.random, memory.spooler,   memory.printers, memory.printer,
-                               bitmaps,       desktop.Windows()};
+    machine::Platform services{desktop,       memory.registry,   memory.locale,   memory.clock,
+                               memory.random, memory.spooler,    memory.printers, memory.printer,
+                               bitmaps,       desktop.Windows(), memory.fonts};
     state::AppState state;
     forms::Session session{desktop};
     composition::PrinterSurface printer{memory.printer};

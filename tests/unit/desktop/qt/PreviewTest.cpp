@@ -448,9 +448,9 @@ class ShortBitmaps final : public machine::Bitmaps {
 
 TEST_F(PreviewTest, OutOfMemoryInAPageBreakCostsNoPreview) {
     ShortBitmaps shortBitmaps;
-    machine::Platform machine{desktop,       memory.registry,  memory.locale,   memory.clock,
-                              memory.random, memory.spooler,   memory.printers, memory.printer,
-                              shortBitmaps,  desktop.Windows()};
+    machine::Platform machine{desktop,       memory.registry,   memory.locale,   memory.clock,
+                              memory.random, memory.spooler,    memory.printers, memory.printer,
+                              shortBitmaps,  desktop.Windows(), memory.fonts};
     preview::PrintPreview another(session, machine, state, printer);
     window::MessageBoxes boxes;
     another.OpenPreview(0);

@@ -26,9 +26,9 @@ struct Program {
     memory::MemoryPlatform memory;
     desktop::qt::QtDesktop desktop;
     desktop::qt::QtBitmaps bitmaps;
-    machine::Platform services{desktop,       memory.registry,  memory.locale,   memory.clock,
-                               memory.random, memory.spooler,   memory.printers, memory.printer,
-                               bitmaps,       desktop.Windows()};
+    machine::Platform services{desktop,       memory.registry,   memory.locale,   memory.clock,
+                               memory.random, memory.spooler,    memory.printers, memory.printer,
+                               bitmaps,       desktop.Windows(), memory.fonts};
     state::AppState state;
     forms::Session session{desktop};
     wizard::frmMain form{session, services, state};

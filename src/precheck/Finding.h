@@ -1,0 +1,70 @@
+#pragma once
+
+#include <string>
+#include <vector>
+
+#include "machine/PrinterCondition.h"
+
+/// What would spoil a batch, found before paper is used. Nothing here prints, asks or stores.
+namespace precheck {
+
+/// How bad a finding is; the worse comes first.
+enum class Gravity {
+    Spoils, ///< the test institute will refuse the batch
+    LookAt, ///< it may be meant so
+};
+
+/// What a finding is about.
+enum class Subject { Settings, Calibration, Creditor, OcrFont, Sheet, Printer, Count };
+
+/// Where the user can mend it.
+enum class Spot {
+    Tarvik, ///< in the main application alone
+    OcrFont,
+    Contract,
+    CreditorName,
+    CreditorAddress,
+    CreditorPostcode,
+    CreditorTown,
+    CreditorAccount,
+    Printer, ///< the printer box of the print manager, or the printer itself
+    Papers,
+    Bins,
+    Count,
+    Copies,
+};
+
+/// A place on a sheet in twips from its top left corner.
+struct SheetPlace {
+    double Left = 0;
+    double Top = 0;
+    double Right = 0;
+    double Bottom = 0;
+};
+
+/// A sheet in outline with what stands on it, for who shows a finding about the sheet.
+struct SheetSketch {
+    machine::SheetArea Sheet;
+    std::vector<SheetPlace> Forms; ///< the forms of the stationery
+    std::vector<SheetPlace> Texts; ///< all texts of the page
+    std::vector<SheetPlace> Wrong; ///< those that the finding is about
+};
+
+struct Finding {
+    /// A word that never changes, for machines: "calibration.no-number".
+    std::string Code;
+    precheck::Gravity Gravity = Gravity::LookAt;
+    precheck::Subject Subject = Subject::Settings;
+    precheck::Spot Spot = Spot::Tarvik;
+    /// A sentence with the actual values: what is wrong.
+    std::string Wrong;
+    /// A sentence: how it is mended.
+    std::string Mend;
+    /// Of a finding about the sheet; no forms and no texts where there is nothing to show.
+    SheetSketch Sketch;
+};
+
+/// Worst first; those that are equally bad in the order in which they were found.
+using Findings = std::vector<Finding>;
+
+} // namespace precheck

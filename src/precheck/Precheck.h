@@ -1,0 +1,56 @@
+#pragma once
+
+#include <cstdint>
+#include <optional>
+
+#include "machine/PrinterCondition.h"
+#include "precheck/Finding.h"
+
+namespace machine {
+struct Platform;
+}
+namespace state {
+struct AppState;
+}
+
+namespace precheck {
+
+/// The printer and the sheet that a document is to go to.
+struct ChosenPrinter {
+    machine::PrinterCondition Condition;
+    /// Nothing where the machine does not know the sheet; it is then not judged.
+    std::optional<machine::SheetArea> Sheet;
+};
+
+/// What is about to be printed.
+struct Intent {
+    std::int16_t Document = 1;      ///< composition::DocumentTestForms and so on
+    std::int32_t Forms = 0;         ///< as the user has set it
+    std::int32_t FormsAskedFor = 0; ///< by the size of the batch that was chosen; 0 if none was
+    std::int16_t Copies = 1;
+};
+
+/// What the settings, the fonts and the user's locale tell by themselves: fast enough for a page that is
+/// about to show. `state` is read as it stands, with the creditor as the user has edited it; calibration,
+/// form type and contract are read anew, as a run does it.
+Findings CheckSettings(const state::AppState& state, machine::Platform& platform, const Intent& intent);
+
+/// What the printer's condition and the sheet tell by themselves, and whether the stationery fits.
+Findings CheckPrinter(const state::AppState& state, machine::Platform& platform, const Intent& intent,
+                      const ChosenPrinter& printer);
+
+/// Composes the document, 250 forms of it at most, and looks at what would stand on the sheet: texts off the
+/// printable area, off their form, over each other, cut, or with letters that the font lacks. Without a sheet
+/// the stationery itself is taken, printable to its edges. The program's own draw of chance goes on as if
+/// nothing had been composed.
+Findings CheckDocument(const state::AppState& state, machine::Platform& platform, const Intent& intent,
+                       const std::optional<machine::SheetArea>& sheet);
+
+/// All of these together, worst first. Without a printer there is nothing to say of one.
+Findings CheckAll(const state::AppState& state, machine::Platform& platform, const Intent& intent,
+                  const std::optional<ChosenPrinter>& printer);
+
+/// Printer `index` of the collection with a paper (DMPAPER_...) and an orientation.
+ChosenPrinter Choose(machine::Platform& platform, int index, std::int16_t paper, std::int16_t orientation);
+
+} // namespace precheck
