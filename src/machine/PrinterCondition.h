@@ -8,7 +8,7 @@ namespace machine {
 
 /// How a printer stands, as far as the machine knows it.
 struct PrinterCondition {
-    std::string Name;
+    std::string Name{};
     /// The print server answers for it.
     bool Reachable = true;
     /// Bits of PRINTER_INFO_2::Status (PRINTER_STATUS_...).
@@ -17,7 +17,7 @@ struct PrinterCondition {
     int DotsPerInch = 0;
     /// Defaults of the maker, the server or the user that no job of the program can override and that change
     /// what stands on the paper, each as the driver words it ("Booklet: On").
-    std::vector<std::string> Imposed;
+    std::vector<std::string> Imposed{};
 };
 
 /// A sheet as it lies for the drawing, with the part of it that the printer reaches. Twips from the top left
