@@ -10,6 +10,7 @@
 #include "composition/ListSteps.h"
 #include "composition/SurfaceRules.h"
 #include "state/AppState.h"
+#include "state/CalibrationBlocks.h"
 #include "state/ContractTexts.h"
 
 namespace composition {
@@ -27,13 +28,10 @@ constexpr double LinesBelowValues = 0.2;
 constexpr std::array<std::string_view, 4> Places = {"Acceptgiro 1", "Acceptgiro 2", "Acceptgiro 3",
                                                     "Acceptgiro onder brief"};
 
-/// The calibration of one part of the form.
-struct Section {
-    std::string_view Title;
-    std::span<const std::string> x;
-    std::span<const std::string> y;
-    bool WithCorrection = false; ///< also tells what each value means in twips
-};
+/// Blocks in the left column; the others stand to the right of them.
+constexpr std::size_t LeftSections = 4;
+
+using Section = state::CalibrationValues<const std::string>;
 
 class Report {
   public:
@@ -42,32 +40,22 @@ class Report {
 
     void Print() {
         const double left = state_.LeftMargin;
-        const std::array<Section, 4> leftSections = {{
-            {"OCR regel", state_.OCRLinks, state_.OCRTop},
-            {"Integrale acceptgiro (behalve OCR-regel)", state_.AcceptGiroLinks, state_.AcceptGiroTop},
-            {"Naam/adres/woonplaatsgegevens", state_.AcceptGiroNAWLinks, state_.AcceptGiroNAWTop},
-            {"Betalingskenmerk (linkersouche)", state_.AcceptGiroBKSoucheLinks, state_.AcceptGiroBKSoucheTop},
-        }};
-        const std::array<Section, 3> rightSections = {{
-            {"Betalingskenmerk op acceptgiro", state_.AcceptGiroBKAcceptLinks, state_.AcceptGiroBKAcceptTop},
-            {"Incassant/begunstigde op linker souche", state_.AcceptGiroBGSoucheLinks,
-             state_.AcceptGiroBGSoucheTop},
-            {"Incassant/begunstigde op acceptgiro", state_.AcceptGiroBGAcceptLinks,
-             state_.AcceptGiroBGAcceptTop, true},
-        }};
+        const auto blocks = state::CalibrationBlocks(state_);
+        const std::span<const Section> sections = blocks;
 
         steps_.RegelVerder();
+        steps_.Field({"de titel van het document"});
         steps_.Print(left, "Instellingen calibratie acceptgiro in millimeters");
         steps_.RegelVerder();
         steps_.TrekLijn();
         steps_.RegelVerder();
         double columnTop = 0;
         steps_.OnSurface([&](PrintSurface& surface) { columnTop = surface.CurrentY(); });
-        PrintColumn(leftSections, left);
+        PrintColumn(sections.first(LeftSections), left);
         PrintNotes(left);
         PrintFontSample(left);
         steps_.OnSurface([&](PrintSurface& surface) { surface.SetCurrentY(columnTop); });
-        PrintColumn(rightSections, left + RightColumnTwips);
+        PrintColumn(sections.subspan(LeftSections), left + RightColumnTwips);
     }
 
   private:
@@ -81,19 +69,22 @@ class Report {
     }
 
     void PrintSection(const Section& section, double x) {
+        steps_.Field({section.Title, section.Block});
         steps_.OnSurface([](PrintSurface& surface) { surface.SetFontBold(true); });
         steps_.Print(x, section.Title);
         steps_.OnSurface([](PrintSurface& surface) { surface.SetFontBold(false); });
         steps_.RegelVerder(LinesBelowTitle);
         // The first X value alone tells whether this part was ever calibrated.
-        if (section.x.front().empty()) {
+        if (section.X.front().empty()) {
             steps_.PrintLine(x, "Geen calibratie ingegeven !");
             return;
         }
+        // This block's values alone are also told in twips.
+        const bool withCorrection = section.Block == state::CalibratedBlock::CreditorOnAccept;
         for (std::size_t i = 0; i < Places.size(); ++i) {
             steps_.PrintLine(x, Places[i]);
-            PrintValue("X-waarde :", section.x[i], section.WithCorrection, x);
-            PrintValue("Y-waarde :", section.y[i], section.WithCorrection, x);
+            PrintValue("X-waarde :", section.X[i], withCorrection, x);
+            PrintValue("Y-waarde :", section.Y[i], withCorrection, x);
             steps_.RegelVerder(LinesBelowValues);
         }
     }
@@ -113,6 +104,7 @@ class Report {
 
     void PrintNotes(double left) {
         TwoLines();
+        steps_.Field({"de toelichting bij de calibratie"});
         steps_.Print(left,
                      "NB: De calibratie X (naar links/rechts) en de Y (naar boven/beneden) waarde worden "
                      "bepaald vanaf de basispositie op de acceptgiro.");
@@ -121,9 +113,11 @@ class Report {
                      "Bij een X van 1,00 en een Y van -1,00 wordt vanaf de basispositie 1 mm. naar rechts "
                      "en 1 mm. naar boven afgedrukt.");
         TwoLines();
+        steps_.Field({"de regel met de contractvorm"});
         steps_.Print(left, "Contractvorm: ");
         steps_.Print(state::ContractReportText(state_.GMUContractVorm));
         steps_.RegelVerder();
+        steps_.Field({"de regel met het acceptgirotype"});
         steps_.Print(left, "Acceptgiro type: ");
         const std::string_view type = state::AcceptgiroTypeText(state_.AcceptgiroType);
         if (!type.empty()) {
@@ -135,6 +129,7 @@ class Report {
     void PrintFontSample(double left) {
         std::string font;
         double size = 0;
+        steps_.Field({"het voorbeeld van het OCR-B-schrift"});
         steps_.Print(left, "OCR-B schrift :     ");
         steps_.OnSurface([&](PrintSurface& surface) {
             font = surface.Font();

@@ -28,6 +28,26 @@ std::int32_t PaperCorner(std::int32_t physicalOffset) {
 
 } // namespace
 
+void DrawDocument(state::AppState& state, machine::Platform& platform, RunHost& host, std::int16_t iMethod,
+                  std::int32_t aantal, std::int16_t copies) {
+    Twips corner;
+    Resume([&] { corner.y = PaperCorner(state.PhysicalOffsetY); });
+    Resume([&] { corner.x = PaperCorner(state.PhysicalOffsetX); });
+    switch (iMethod) {
+    case DocumentTestForms:
+        TestFormRun(state, platform, host, corner).Print(aantal, copies);
+        break;
+    case DocumentNameList:
+        PrintNameList(state);
+        break;
+    case DocumentCalibration:
+        PrintCalibrationReport(state, platform.Locale);
+        break;
+    default:
+        break;
+    }
+}
+
 void ComposeDocument(state::AppState& state, machine::Platform& platform, PrinterSurface& printer,
                      RunHost& host, const DocumentJob& job) {
     platform.Desktop.HourglassOn();
@@ -42,9 +62,6 @@ void ComposeDocument(state::AppState& state, machine::Platform& platform, Printe
         }
     }
 
-    Twips corner;
-    Resume([&] { corner.y = PaperCorner(state.PhysicalOffsetY); });
-    Resume([&] { corner.x = PaperCorner(state.PhysicalOffsetX); });
     std::int32_t aantal = 0;
     Resume([&] {
         if (host.CountText().empty()) {
@@ -53,20 +70,7 @@ void ComposeDocument(state::AppState& state, machine::Platform& platform, Printe
     });
     Resume([&] { aantal = base::Int32OfText(host.CountText()); });
 
-    switch (job.iMethod) {
-    case DocumentTestForms:
-        TestFormRun(state, platform, host, corner).Print(aantal, job.num_copies);
-        break;
-    case DocumentNameList:
-        PrintNameList(state);
-        break;
-    case DocumentCalibration:
-        PrintCalibrationReport(state, platform.Locale);
-        break;
-    default:
-        break;
-    }
-
+    DrawDocument(state, platform, host, job.iMethod, aantal, job.num_copies);
     Resume([&] { host.UpdatePercentage(AllDone); });
     Resume([&] { SurfaceOf(state).SetFontSize(ListFontPoints); });
     Resume([&] { SurfaceOf(state).EndDoc(); });

@@ -27,6 +27,11 @@ struct DocumentJob {
     bool blnPrintPreview = false;
 };
 
+/// Draws one document, `aantal` forms of it where it has some, on the surface that is open, whose measures
+/// are in `state`: what ComposeDocument does between opening the surface and ending the document.
+void DrawDocument(state::AppState& state, machine::Platform& platform, RunHost& host, std::int16_t iMethod,
+                  std::int32_t aantal, std::int16_t copies);
+
 /// Composes one document as one print job, on `printer` or in the preview, which the user then sees until he
 /// leaves it. Calibration, form type and contract form are read anew before; the creditor stays as edited.
 /// From the opening of the surface on, a step that fails is given up without a message and the next one runs,

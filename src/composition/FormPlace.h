@@ -14,6 +14,11 @@ class Locale;
 
 namespace composition {
 
+/// Tops of the forms on their stationery, in centimetres from the top of the sheet. The three of a sheet do
+/// not stand at one pitch.
+inline constexpr std::array<double, 3> SheetTopsCm = {0, 10.158, 20.317};
+inline constexpr double UnderLetterTopCm = 19.8;
+
 /// Place of the form under a letter, behind the three places of a sheet.
 inline constexpr std::int16_t PlaceUnderLetter = 4;
 

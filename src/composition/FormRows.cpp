@@ -70,6 +70,7 @@ void DrawRows(state::AppState& state, machine::Platform& platform, std::span<con
             ChangeFont(state, platform, values.Fonts[row.Font], values.MeasureOnPrinter);
         }
         MoveTo(surface, row, twipsPerCm, values);
+        surface.BeginField(row.Field, text);
         if (row.Clip) {
             text = KortTekst(surface, text, base::ToInt32(surface.CurrentX()),
                              base::ToInt32(StubRightEdgeCm * twipsPerCm + values.Corner.x));

@@ -6,6 +6,7 @@
 #include <span>
 #include <string_view>
 
+#include "composition/FormField.h"
 #include "composition/FormPlace.h"
 
 namespace machine {
@@ -32,6 +33,8 @@ enum class RowWhen {
 inline constexpr std::size_t RowHasNone = static_cast<std::size_t>(-1);
 
 struct FormRow {
+    /// What the text is; nothing for a row without one.
+    FormField Field = {};
     std::size_t Text = RowHasNone;
     RowWhen When = RowWhen::Always;
     /// What changes in the font before the row.

@@ -5,6 +5,10 @@
 
 namespace composition {
 
+void ListSteps::Field(const FormField& field) {
+    OnSurface([&](PrintSurface& surface) { surface.BeginField(field, {}); });
+}
+
 void ListSteps::Print(double x, std::string_view text) {
     OnSurface([&](PrintSurface& surface) {
         surface.SetCurrentX(x);

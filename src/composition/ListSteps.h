@@ -3,6 +3,7 @@
 #include <string_view>
 
 #include "base/Resume.h"
+#include "composition/FormField.h"
 #include "composition/PrintSurface.h"
 
 namespace state {
@@ -17,6 +18,8 @@ class ListSteps {
   public:
     explicit ListSteps(const state::AppState& state) : state_(state) {}
 
+    /// Says what the steps from here on draw.
+    void Field(const FormField& field);
     /// Draws from `x` on and leaves the line open.
     void Print(double x, std::string_view text);
     /// Draws behind what stands on the line.

@@ -21,18 +21,20 @@ constexpr std::int16_t LinesKeptFree = 3;
 struct Column {
     double OffsetTwips; ///< from the left margin
     std::string_view Header;
+    FormField Field;
 };
 
 constexpr std::array<Column, 4> Columns = {{
-    {0, "Naam"},
-    {5000, "Adres"},
-    {8000, "Postcode"},
-    {9500, "Woonplaats"},
+    {0, "Naam", {"de kolom Naam van de namenlijst"}},
+    {5000, "Adres", {"de kolom Adres van de namenlijst"}},
+    {8000, "Postcode", {"de kolom Postcode van de namenlijst"}},
+    {9500, "Woonplaats", {"de kolom Woonplaats van de namenlijst"}},
 }};
 
 void Header(ListSteps& steps, double left) {
     steps.RegelVerder();
     for (const Column& column : Columns) {
+        steps.Field(column.Field);
         steps.Print(left + column.OffsetTwips, column.Header);
     }
     steps.RegelVerder();
@@ -56,6 +58,7 @@ void PrintNameList(const state::AppState& state) {
         const std::array<std::string_view, Columns.size()> cells = {name, person.adres, person.postcode,
                                                                     person.woonplaats};
         for (std::size_t i = 0; i < Columns.size(); ++i) {
+            steps.Field(Columns[i].Field);
             steps.Print(left + Columns[i].OffsetTwips, cells[i]);
         }
         steps.RegelVerder();

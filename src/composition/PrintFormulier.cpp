@@ -33,48 +33,100 @@ enum Text : std::size_t {
 enum Font : std::size_t { Plain9, Plain10, Plain11, Ocr, AboveName, NameAndAddress, FontCount };
 enum Shift : std::size_t { Payer, ShiftCount };
 
+// The fields, the same on both kinds of form.
+constexpr FormField StubDescription = {"de omschrijving op de souche"};
+constexpr FormField StubDescription2 = {"de tweede omschrijving op de souche"};
+constexpr FormField StubEuros = {"het bedrag in euro's op de souche"};
+constexpr FormField StubCents = {"het bedrag in centen op de souche"};
+constexpr FormField Description = {"de omschrijving"};
+constexpr FormField Euros = {"het bedrag in euro's"};
+constexpr FormField Cents = {"het bedrag in centen"};
+constexpr FormField PayersAccount = {"de rekening van de betaler"};
+constexpr FormField PayersName = {"de naam van de betaler", state::CalibratedBlock::Payer};
+constexpr FormField PayersPartner = {"de tweede naam van de betaler", state::CalibratedBlock::Payer};
+constexpr FormField PayersAddress = {"het adres van de betaler", state::CalibratedBlock::Payer};
+constexpr FormField PayersTown = {"de postcode en plaats van de betaler", state::CalibratedBlock::Payer};
+constexpr FormField PayersLine = {"de extra regel van de betaler", state::CalibratedBlock::Payer};
+
 constexpr std::array<FormRow, 15> NarrowRows = {{
-    {.Text = Omschrijving1,
+    {.Field = StubDescription,
+     .Text = Omschrijving1,
      .When = RowWhen::NoPaymentTraffic,
      .XCm = 0.5,
      .YCm = 1.3,
      .Clip = true,
      .LeastXTwips = 0},
-    {.Text = Omschrijving2,
+    {.Field = StubDescription2,
+     .Text = Omschrijving2,
      .When = RowWhen::NoPaymentTraffic,
      .XCm = 0.5,
      .YCm = 1.8,
      .Clip = true,
      .LeastXTwips = 0},
-    {.Text = Euro, .XCm = 2.1, .YCm = 3, .Way = RowWay::RightEdge},
-    {.Text = Cent, .XCm = 3.2, .Way = RowWay::RightEdge},
-    {.Text = Omschrijvingen, .XCm = 10.3, .YCm = 0.8},
-    {.Text = Euro, .Font = Ocr, .XCm = 6.9, .YCm = 1.75, .Way = RowWay::RightEdge},
-    {.Text = Cent, .XCm = 8.1},
-    {.Text = Rekening, .When = RowWhen::Filled, .XCm = 4.5, .YCm = 3},
-    {.Text = Regel0, .Font = AboveName, .XCm = 6.5, .YCm = 4, .Shift = Payer},
+    {.Field = StubEuros, .Text = Euro, .XCm = 2.1, .YCm = 3, .Way = RowWay::RightEdge},
+    {.Field = StubCents, .Text = Cent, .XCm = 3.2, .Way = RowWay::RightEdge},
+    {.Field = Description, .Text = Omschrijvingen, .XCm = 10.3, .YCm = 0.8},
+    {.Field = Euros, .Text = Euro, .Font = Ocr, .XCm = 6.9, .YCm = 1.75, .Way = RowWay::RightEdge},
+    {.Field = Cents, .Text = Cent, .XCm = 8.1},
+    {.Field = PayersAccount, .Text = Rekening, .When = RowWhen::Filled, .XCm = 4.5, .YCm = 3},
+    {.Field = PayersLine, .Text = Regel0, .Font = AboveName, .XCm = 6.5, .YCm = 4, .Shift = Payer},
     {.Text = Regel0, .When = RowWhen::Filled, .Way = RowWay::LineFeed, .Lines = 1},
-    {.Text = Naam, .Font = NameAndAddress, .XCm = 6.5, .Shift = Payer, .Way = RowWay::PrintLine},
-    {.Text = Partner, .When = RowWhen::Filled, .XCm = 6.5, .Shift = Payer, .Way = RowWay::PrintLine},
-    {.Text = Regel3, .When = RowWhen::Filled, .XCm = 6.5, .Shift = Payer, .Way = RowWay::PrintLine},
-    {.Text = Adres, .XCm = 6.5, .Shift = Payer, .Way = RowWay::PrintLine},
-    {.Text = Plaats, .XCm = 6.5, .Shift = Payer, .Way = RowWay::PrintLine},
+    {.Field = PayersName,
+     .Text = Naam,
+     .Font = NameAndAddress,
+     .XCm = 6.5,
+     .Shift = Payer,
+     .Way = RowWay::PrintLine},
+    {.Field = PayersPartner,
+     .Text = Partner,
+     .When = RowWhen::Filled,
+     .XCm = 6.5,
+     .Shift = Payer,
+     .Way = RowWay::PrintLine},
+    {.Field = PayersLine,
+     .Text = Regel3,
+     .When = RowWhen::Filled,
+     .XCm = 6.5,
+     .Shift = Payer,
+     .Way = RowWay::PrintLine},
+    {.Field = PayersAddress, .Text = Adres, .XCm = 6.5, .Shift = Payer, .Way = RowWay::PrintLine},
+    {.Field = PayersTown, .Text = Plaats, .XCm = 6.5, .Shift = Payer, .Way = RowWay::PrintLine},
 }};
 
 constexpr std::array<FormRow, 13> WideRows = {{
-    {.Text = Omschrijving1, .When = RowWhen::NoPaymentTraffic, .XCm = 0.5, .YCm = 1.3, .LeastXTwips = 0},
-    {.Text = Omschrijving2, .When = RowWhen::NoPaymentTraffic, .XCm = 0.5, .YCm = 1.8, .LeastXTwips = 0},
-    {.Text = Euro, .XCm = 3, .YCm = 3, .Way = RowWay::RightEdge},
-    {.Text = Cent, .XCm = 4.2, .Way = RowWay::RightEdge},
-    {.Text = Omschrijvingen, .XCm = 11, .YCm = 1},
-    {.Text = Euro, .Font = Plain11, .XCm = 8.2, .YCm = 1.75, .Way = RowWay::RightEdge},
-    {.Text = Cent, .XCm = 10, .Way = RowWay::RightEdge},
-    {.Text = Rekening, .When = RowWhen::Filled, .XCm = 8.5, .YCm = 3, .Way = RowWay::RightEdge},
-    {.Text = Regel0, .Font = Plain9, .XCm = 7.5, .YCm = 4, .Shift = Payer},
+    {.Field = StubDescription,
+     .Text = Omschrijving1,
+     .When = RowWhen::NoPaymentTraffic,
+     .XCm = 0.5,
+     .YCm = 1.3,
+     .LeastXTwips = 0},
+    {.Field = StubDescription2,
+     .Text = Omschrijving2,
+     .When = RowWhen::NoPaymentTraffic,
+     .XCm = 0.5,
+     .YCm = 1.8,
+     .LeastXTwips = 0},
+    {.Field = StubEuros, .Text = Euro, .XCm = 3, .YCm = 3, .Way = RowWay::RightEdge},
+    {.Field = StubCents, .Text = Cent, .XCm = 4.2, .Way = RowWay::RightEdge},
+    {.Field = Description, .Text = Omschrijvingen, .XCm = 11, .YCm = 1},
+    {.Field = Euros, .Text = Euro, .Font = Plain11, .XCm = 8.2, .YCm = 1.75, .Way = RowWay::RightEdge},
+    {.Field = Cents, .Text = Cent, .XCm = 10, .Way = RowWay::RightEdge},
+    {.Field = PayersAccount,
+     .Text = Rekening,
+     .When = RowWhen::Filled,
+     .XCm = 8.5,
+     .YCm = 3,
+     .Way = RowWay::RightEdge},
+    {.Field = PayersLine, .Text = Regel0, .Font = Plain9, .XCm = 7.5, .YCm = 4, .Shift = Payer},
     {.Way = RowWay::LineFeed, .Lines = 1},
-    {.Text = Naam, .Font = Plain10, .XCm = 7.5, .Shift = Payer, .Way = RowWay::PrintLine},
-    {.Text = Adres, .XCm = 7.5, .Shift = Payer, .Way = RowWay::PrintLine},
-    {.Text = Plaats, .XCm = 7.5, .Shift = Payer, .Way = RowWay::PrintLine},
+    {.Field = PayersName,
+     .Text = Naam,
+     .Font = Plain10,
+     .XCm = 7.5,
+     .Shift = Payer,
+     .Way = RowWay::PrintLine},
+    {.Field = PayersAddress, .Text = Adres, .XCm = 7.5, .Shift = Payer, .Way = RowWay::PrintLine},
+    {.Field = PayersTown, .Text = Plaats, .XCm = 7.5, .Shift = Payer, .Way = RowWay::PrintLine},
 }};
 
 /// Sizes of the payer's block that an organisation can set for itself, in points.

@@ -32,35 +32,53 @@ constexpr std::array<FontChange, FontCount> FontsOfLines = [] {
     return fonts;
 }();
 
+constexpr auto OnStub = state::CalibratedBlock::CreditorOnStub;
+constexpr auto OnAccept = state::CalibratedBlock::CreditorOnAccept;
+
 constexpr std::array<FormRow, 12> Rows = {{
-    {.Text = Rekening,
+    {.Field = {"de rekening van de incassant op de souche", OnStub},
+     .Text = Rekening,
      .Font = Account8,
      .XCm = 0.25,
      .YCm = 7,
      .Shift = Stub,
      .LeastXTwips = StubLeastXTwips},
     {.Way = RowWay::LineFeed, .Lines = 1.2},
-    {.Text = Naam,
+    {.Field = {"de naam van de incassant op de souche", OnStub},
+     .Text = Naam,
      .Font = Stub6Bold,
      .XCm = 0.25,
      .Shift = Stub,
      .Clip = true,
      .LeastXTwips = StubLeastXTwips},
     {.Way = RowWay::LineFeed, .Lines = 1},
-    {.Text = Plaats, .XCm = 0.25, .Shift = Stub, .Clip = true, .LeastXTwips = StubLeastXTwips},
+    {.Field = {"de plaats van de incassant op de souche", OnStub},
+     .Text = Plaats,
+     .XCm = 0.25,
+     .Shift = Stub,
+     .Clip = true,
+     .LeastXTwips = StubLeastXTwips},
     {.Font = Regular, .Way = RowWay::LineFeed, .Lines = 1},
-    {.Text = Rekening, .Font = Accept9, .XCm = 6.5, .YCm = 6.5, .Shift = Accept},
+    {.Field = {"de rekening van de incassant", OnAccept},
+     .Text = Rekening,
+     .Font = Accept9,
+     .XCm = 6.5,
+     .YCm = 6.5,
+     .Shift = Accept},
     {.Font = Accept7, .Way = RowWay::LineFeed, .Lines = 1.3},
-    {.Text = Naam, .Font = Accept7Bold, .XCm = 6.5, .Shift = Accept},
+    {.Field = {"de naam van de incassant", OnAccept},
+     .Text = Naam,
+     .Font = Accept7Bold,
+     .XCm = 6.5,
+     .Shift = Accept},
     {.Way = RowWay::LineFeed, .Lines = 1},
-    {.Text = Adresregel, .When = RowWhen::Filled, .XCm = 6.5, .Shift = Accept},
+    {.Field = {"het adres van de incassant", OnAccept},
+     .Text = Adresregel,
+     .When = RowWhen::Filled,
+     .XCm = 6.5,
+     .Shift = Accept},
     {.Font = Regular},
 }};
-
-bool IsOnStationery(std::int16_t contractVorm) {
-    return contractVorm == state::ContractNone || contractVorm == state::ContractA ||
-           contractVorm == state::ContractB || contractVorm == state::ContractCPreprinted;
-}
 
 std::string AddressLine(const IncassantTekst& incassant) {
     std::string line;
@@ -74,9 +92,14 @@ std::string AddressLine(const IncassantTekst& incassant) {
 
 } // namespace
 
+bool ContractPrintsIncassant(std::int16_t contractVorm) {
+    return contractVorm != state::ContractNone && contractVorm != state::ContractA &&
+           contractVorm != state::ContractB && contractVorm != state::ContractCPreprinted;
+}
+
 void PrintIncassant(state::AppState& state, machine::Platform& platform, bool smalleStub, Twips corner,
                     IncassantTekst incassant, std::int16_t positie) {
-    if (IsOnStationery(state.GMUContractVorm) || !state.IncassantAfdrukken) {
+    if (!ContractPrintsIncassant(state.GMUContractVorm) || !state.IncassantAfdrukken) {
         return;
     }
     if (state.GMUContractVorm == state::ContractCAccount) {

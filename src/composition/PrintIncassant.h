@@ -8,8 +8,14 @@
 namespace machine {
 struct Platform;
 }
+namespace state {
+struct AppState;
+}
 
 namespace composition {
+
+/// Whether the contract form leaves the creditor to the program, all of it or the account alone.
+bool ContractPrintsIncassant(std::int16_t contractVorm);
 
 /// The creditor as it stands on a form.
 struct IncassantTekst {

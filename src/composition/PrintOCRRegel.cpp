@@ -22,12 +22,36 @@ enum Text : std::size_t { WholeReference, FirstHalf, SecondHalf, ServiceNumber, 
 enum Font : std::size_t { Ocr, Ocr9, Plain, Plain5, FontCount };
 enum Shift : std::size_t { Accept, Stub, ShiftCount };
 
+constexpr auto OnStub = state::CalibratedBlock::ReferenceOnStub;
+constexpr auto OnAccept = state::CalibratedBlock::ReferenceOnAccept;
+
 constexpr std::array<FormRow, 5> ReferenceRows = {{
-    {.Text = WholeReference, .Font = Ocr, .XCm = 10, .YCm = 1.75, .Shift = Accept},
-    {.Text = FirstHalf, .Font = Ocr9, .XCm = 0.5, .YCm = 1.3, .Shift = Stub, .LeastXTwips = 0},
-    {.Text = SecondHalf, .XCm = 0.5, .YCm = 1.8, .Shift = Stub, .LeastXTwips = 0},
+    {.Field = {"het betalingskenmerk", OnAccept},
+     .Text = WholeReference,
+     .Font = Ocr,
+     .XCm = 10,
+     .YCm = 1.75,
+     .Shift = Accept},
+    {.Field = {"de eerste regel van het betalingskenmerk op de souche", OnStub},
+     .Text = FirstHalf,
+     .Font = Ocr9,
+     .XCm = 0.5,
+     .YCm = 1.3,
+     .Shift = Stub,
+     .LeastXTwips = 0},
+    {.Field = {"de tweede regel van het betalingskenmerk op de souche", OnStub},
+     .Text = SecondHalf,
+     .XCm = 0.5,
+     .YCm = 1.8,
+     .Shift = Stub,
+     .LeastXTwips = 0},
     {.Font = Plain},
-    {.Text = ServiceNumber, .When = RowWhen::Filled, .Font = Plain5, .XCm = 15.7, .YCm = 6.44},
+    {.Field = {"het servicenummer"},
+     .Text = ServiceNumber,
+     .When = RowWhen::Filled,
+     .Font = Plain5,
+     .XCm = 15.7,
+     .YCm = 6.44},
 }};
 
 constexpr double ReferencePoints = 11;
@@ -43,10 +67,14 @@ bool IsNul(std::string_view setting) {
 
 } // namespace
 
+bool HasOcrRegel(const state::AppState& state) {
+    return state.GMUContractVorm != state::ContractNone && state.GMUContractVorm != state::ContractA &&
+           state.GMUVerkeer && !state.GMUFontName.empty() && !IsNul(state.GMUFontName);
+}
+
 void PrintOCRRegel(state::AppState& state, machine::Platform& platform, Twips corner,
                    payment::OcrValues values, std::int16_t& positie, payment::OcrLine& line) {
-    if (state.GMUContractVorm == state::ContractNone || state.GMUContractVorm == state::ContractA ||
-        !state.GMUVerkeer) {
+    if (!HasOcrRegel(state)) {
         return;
     }
     PrintSurface& surface = SurfaceOf(state);
@@ -54,9 +82,6 @@ void PrintOCRRegel(state::AppState& state, machine::Platform& platform, Twips co
     const double sizeBefore = surface.FontSize();
     values.ContractVorm = state.GMUContractVorm;
     payment::MakeOcrLine(values, line);
-    if (state.GMUFontName.empty() || IsNul(state.GMUFontName)) {
-        return;
-    }
     if (IsNul(state.GMUCode)) {
         state.GMUCode.clear();
     }
@@ -98,6 +123,7 @@ void PrintOCRRegel(state::AppState& state, machine::Platform& platform, Twips co
     surface.SetCurrentY(OcrLineYCm * state.TwipsPerCm + corner.y);
     for (const payment::OcrField& field : payment::OcrFields) {
         surface.SetCurrentX(field.XCm * state.TwipsPerCm + corner.x);
+        surface.BeginField({field.Name, state::CalibratedBlock::OcrLine}, line.*field.Text);
         surface.Print(line.*field.Text);
     }
     ChangeFont(state, platform, {.Name = fontBefore, .Points = sizeBefore}, false);

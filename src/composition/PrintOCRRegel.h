@@ -9,8 +9,14 @@
 namespace machine {
 struct Platform;
 }
+namespace state {
+struct AppState;
+}
 
 namespace composition {
+
+/// Whether forms carry the line and the payment reference under these settings.
+bool HasOcrRegel(const state::AppState& state);
 
 /// Draws the line that the banks' readers take in, and the payment reference for the human eye on accept part
 /// and stub; under ContractSBlank also the number of the service bureau. Nothing under ContractNone or

@@ -13,6 +13,8 @@ struct AppState;
 
 namespace composition {
 
+struct FormField;
+
 /// What every document is drawn on: the paper of the printer or the page of the preview. It holds the rules
 /// of cursor and font; a machine::Canvas below it measures and draws. All lengths are twips from the top
 /// left of the printable area, y downward. A failing call raises base::RuntimeError and leaves the cursor
@@ -46,6 +48,12 @@ class PrintSurface {
     void PrintLine(std::string_view text);
     /// The cursor does not move. `colour` holds red in its lowest byte, then green, then blue.
     void Line(double x1, double y1, double x2, double y2, std::int32_t colour);
+
+    /// Told by the documents what is drawn from here on: the form on a place (1 to 3 on a sheet, or
+    /// PlaceUnderLetter), and a field with its whole text, of which less is drawn where it is cut; the lists
+    /// cut nothing and leave the text out. Paper and preview have no use for it.
+    virtual void BeginForm(std::int16_t /*positie*/) {}
+    virtual void BeginField(const FormField& /*field*/, std::string_view /*tekst*/) {}
 
     /// Ends the page and begins the next one, with the cursor at the top left.
     virtual void Newpage();

@@ -11,6 +11,10 @@ struct AppState;
 
 namespace composition {
 
+// Left margin of the lists on an upright sheet and on one that lies, twips.
+inline constexpr std::int32_t LeftMarginPortrait = 450;
+inline constexpr std::int32_t LeftMarginLandscape = 175;
+
 /// Gives the printer the orientation that is asked for and reads its measures into `state`: PageWidth,
 /// PageHeight and LineHeight in twips, PhysicalOffsetX and PhysicalOffsetY in 1400ths of an inch. Does
 /// nothing without a printer. A measure that cannot be read keeps its value.

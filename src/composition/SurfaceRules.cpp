@@ -1,7 +1,6 @@
 #include "composition/SurfaceRules.h"
 
 #include <limits>
-#include <optional>
 #include <string>
 
 #include "base/Numbers.h"
@@ -18,26 +17,6 @@ namespace {
 constexpr double LineSpacing = 1.1;
 constexpr int LinesKeptFree = 2;
 constexpr double MmPerCm = 10;
-
-/// Value of a plain decimal number as the user writes it: blanks around it, one sign, digits, one decimal
-/// mark.
-std::optional<double> PlainDecimal(std::string_view text, char decimalMark) {
-    std::string number(base::text::Trim(text));
-    const std::size_t firstDigit = !number.empty() && (number[0] == '-' || number[0] == '+') ? 1 : 0;
-    bool digits = false;
-    bool mark = false;
-    for (std::size_t i = firstDigit; i < number.size(); ++i) {
-        if (number[i] >= '0' && number[i] <= '9') {
-            digits = true;
-        } else if (number[i] == decimalMark && !mark) {
-            mark = true;
-            number[i] = '.';
-        } else {
-            return std::nullopt;
-        }
-    }
-    return digits ? std::optional(base::NumericValue(number)) : std::nullopt;
-}
 
 } // namespace
 
@@ -78,6 +57,24 @@ void TrekLijn(const state::AppState& state, std::int32_t x1, std::int32_t& x2, s
         surface.Line(x1, y, x2, y, kleur);
     }
     surface.SetCurrentX(state.SurfaceLeft);
+}
+
+std::optional<double> PlainDecimal(std::string_view text, char decimalMark) {
+    std::string number(base::text::Trim(text));
+    const std::size_t firstDigit = !number.empty() && (number[0] == '-' || number[0] == '+') ? 1 : 0;
+    bool digits = false;
+    bool mark = false;
+    for (std::size_t i = firstDigit; i < number.size(); ++i) {
+        if (number[i] >= '0' && number[i] <= '9') {
+            digits = true;
+        } else if (number[i] == decimalMark && !mark) {
+            mark = true;
+            number[i] = '.';
+        } else {
+            return std::nullopt;
+        }
+    }
+    return digits ? std::optional(base::NumericValue(number)) : std::nullopt;
 }
 
 std::int32_t Kalibreer(const state::AppState& state, machine::Locale& locale, std::int32_t basis,

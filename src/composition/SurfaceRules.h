@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstdint>
+#include <optional>
 #include <string_view>
 
 namespace machine {
@@ -27,6 +28,10 @@ void RegelVerder(const state::AppState& state, machine::Locale& locale, std::str
 /// between equal margins; an `x2` of 0 is filled in with the right margin. The cursor ends at the surface's
 /// left edge.
 void TrekLijn(const state::AppState& state, std::int32_t x1, std::int32_t& x2, std::int32_t kleur);
+
+/// Value of a plain decimal number as the user writes it: blanks around it, one sign, digits, one decimal
+/// mark.
+std::optional<double> PlainDecimal(std::string_view text, char decimalMark);
 
 /// `basis` moved by a calibration setting, millimetres as text in the user's locale ("-1,50"). A text that is
 /// no plain decimal number, or too large a one, moves nothing: the forms are printed all the same.

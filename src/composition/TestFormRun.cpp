@@ -1,7 +1,5 @@
 #include "composition/TestFormRun.h"
 
-#include <array>
-
 #include "base/Numbers.h"
 #include "base/Resume.h"
 #include "composition/PrintFormulier.h"
@@ -24,10 +22,6 @@ using base::Resume;
 namespace {
 
 constexpr std::string_view Soort = "1";
-
-/// Tops of the forms on the stationery. The three of a sheet do not stand at one pitch.
-constexpr std::array<double, 3> SheetTopsCm = {0, 10.158, 20.317};
-constexpr double UnderLetterTopCm = 19.8;
 
 } // namespace
 
@@ -60,6 +54,7 @@ void TestFormRun::Formulier() {
     if (state_.AcceptgiroType == state::TypeUnderLetter) {
         Resume([&] { corner_.y = TopAt(UnderLetterTopCm); });
     }
+    Resume([&] { SurfaceOf(state_).BeginForm(PlaceOf(state_, Positie())); });
     switch (state_.AcceptgiroType) {
     case state::TypeNarrowStub:
     case state::TypeUnderLetter:

@@ -40,14 +40,15 @@ void MakeOcrLine(const OcrValues& values, OcrLine& line);
 struct OcrField {
     double XCm;
     std::string OcrLine::*Text;
+    std::string_view Name; ///< for the user, with its article
 };
 inline constexpr std::array<OcrField, 6> OcrFields = {{
-    {3.2, &OcrLine::Mark},
-    {4.45, &OcrLine::Reference},
-    {9.02, &OcrLine::Amount},
-    {11.82, &OcrLine::Bic},
-    {14.37, &OcrLine::Account},
-    {19.48, &OcrLine::Trailer},
+    {3.2, &OcrLine::Mark, "het begin van de OCR-regel"},
+    {4.45, &OcrLine::Reference, "het betalingskenmerk in de OCR-regel"},
+    {9.02, &OcrLine::Amount, "het bedrag in de OCR-regel"},
+    {11.82, &OcrLine::Bic, "de BIC in de OCR-regel"},
+    {14.37, &OcrLine::Account, "de rekening in de OCR-regel"},
+    {19.48, &OcrLine::Trailer, "het einde van de OCR-regel"},
 }};
 
 } // namespace payment

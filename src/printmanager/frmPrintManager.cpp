@@ -20,8 +20,6 @@ namespace printmanager {
 namespace {
 
 constexpr int NoIndex = forms::Control::NoIndex;
-constexpr std::int32_t LeftMarginPortrait = 450;
-constexpr std::int32_t LeftMarginLandscape = 175;
 /// A document whose title holds this word is landscape whatever the user has chosen.
 constexpr const char* LandscapeTitle = "Landscape";
 
@@ -144,9 +142,9 @@ bool frmPrintManager::PrepareRun(bool preview, Job& job, std::int16_t& orientati
         state_.PrinterOrientation = machine::Landscape;
     }
     if (state_.PrinterOrientation == machine::Portrait) {
-        state_.LeftMargin = LeftMarginPortrait;
+        state_.LeftMargin = composition::LeftMarginPortrait;
     } else if (state_.PrinterOrientation == machine::Landscape) {
-        state_.LeftMargin = LeftMarginLandscape;
+        state_.LeftMargin = composition::LeftMarginLandscape;
     }
     composition::LeesPrinterMaten(state_, platform_);
     UpdatePercentage(0);

@@ -7,31 +7,13 @@
 #include "base/Text.h"
 #include "machine/Locale.h"
 #include "machine/modRegistry.h"
+#include "state/CalibrationBlocks.h"
 
 namespace state {
 
 namespace text = base::text;
 
 namespace {
-
-/// A pair of calibration arrays and the stem of their keys: the stem, "Links" or "Top", and the place.
-struct CalibrationKeys {
-    std::string_view Stem;
-    Calibration AppState::*X;
-    Calibration AppState::*Y;
-};
-
-constexpr std::array<CalibrationKeys, 6> FormCalibration{{
-    {"AcceptGiro", &AppState::AcceptGiroLinks, &AppState::AcceptGiroTop},
-    {"AcceptGiroNAW", &AppState::AcceptGiroNAWLinks, &AppState::AcceptGiroNAWTop},
-    {"AcceptGiroBKSouche", &AppState::AcceptGiroBKSoucheLinks, &AppState::AcceptGiroBKSoucheTop},
-    {"AcceptGiroBKAccept", &AppState::AcceptGiroBKAcceptLinks, &AppState::AcceptGiroBKAcceptTop},
-    {"AcceptGiroBGSouche", &AppState::AcceptGiroBGSoucheLinks, &AppState::AcceptGiroBGSoucheTop},
-    {"AcceptGiroBGAccept", &AppState::AcceptGiroBGAcceptLinks, &AppState::AcceptGiroBGAcceptTop},
-}};
-
-/// Places where a form can stand: three on a sheet and one under a letter.
-constexpr std::size_t Places = 4;
 
 /// A text of the creditor and its key.
 struct CreditorKey {
@@ -47,14 +29,14 @@ constexpr std::array<CreditorKey, 5> CreditorKeys{{
     {"IncassantBankGiro", &AppState::IncassantBankGiro},
 }};
 
-std::string Key(std::string_view stem, std::string_view direction, std::size_t place) {
+} // namespace
+
+std::string CalibrationKey(std::string_view stem, std::string_view direction, std::size_t place) {
     std::string key(stem);
     key += direction;
     key += static_cast<char>('0' + place);
     return key;
 }
-
-} // namespace
 
 std::string LeesInstelling(const AppState& state, machine::Registry& registry, std::string_view name) {
     return machine::modRegistry(registry).GetRegistryValue(machine::HkeyCurrentUser, state.SettingsKey,
@@ -86,14 +68,10 @@ void LaadInstellingen(AppState& state, machine::Registry& registry, bool metInca
         }
         state.IncassantAfdrukken = IsAan(read("IncassantAfdrukken"));
     }
-    for (std::size_t place = 0; place < Places; ++place) {
-        state.OCRLinks[place] = read(Key("OCR", "Links", place));
-        state.OCRTop[place] = read(Key("OCR", "Top", place));
-    }
-    for (const CalibrationKeys& keys : FormCalibration) {
-        for (std::size_t place = 0; place < Places; ++place) {
-            (state.*keys.X)[place] = read(Key(keys.Stem, "Links", place));
-            (state.*keys.Y)[place] = read(Key(keys.Stem, "Top", place));
+    for (const auto& block : CalibrationBlocks(state)) {
+        for (std::size_t place = 0; place < CalibratedPlaces; ++place) {
+            block.X[place] = read(CalibrationKey(block.Stem, DirectionX, place));
+            block.Y[place] = read(CalibrationKey(block.Stem, DirectionY, place));
         }
     }
     state.AcceptgiroType = GetalInstelling(read("AcceptgiroType"));
