@@ -56,9 +56,11 @@ struct Finding {
     precheck::Gravity Gravity = Gravity::LookAt;
     precheck::Subject Subject = Subject::Settings;
     precheck::Spot Spot = Spot::Tarvik;
-    /// A sentence with the actual values: what is wrong.
+    /// What is wrong, in a sentence or two with the actual values. UTF-8 without control characters; an "&"
+    /// is an
+    /// "&", so a caption has to double it.
     std::string Wrong;
-    /// A sentence: how it is mended.
+    /// How it is mended, in a sentence or two.
     std::string Mend;
     /// Of a finding about the sheet; no forms and no texts where there is nothing to show.
     SheetSketch Sketch;

@@ -3,6 +3,7 @@
 #include <cstdint>
 #include <optional>
 
+#include "machine/Printer.h"
 #include "machine/PrinterCondition.h"
 #include "precheck/Finding.h"
 
@@ -28,11 +29,14 @@ struct Intent {
     std::int32_t Forms = 0;         ///< as the user has set it
     std::int32_t FormsAskedFor = 0; ///< by the size of the batch that was chosen; 0 if none was
     std::int16_t Copies = 1;
+    /// How the sheet lies (machine::Portrait or Landscape): the margin of the lists goes by it.
+    std::int16_t Orientation = machine::Portrait;
 };
 
 /// What the settings, the fonts and the user's locale tell by themselves: fast enough for a page that is
 /// about to show. `state` is read as it stands, with the creditor as the user has edited it; calibration,
-/// form type and contract are read anew, as a run does it.
+/// form type and contract are read anew, as a run does it. Of the list of names, on which none of it stands,
+/// there is nothing to say.
 Findings CheckSettings(const state::AppState& state, machine::Platform& platform, const Intent& intent);
 
 /// What the printer's condition and the sheet tell by themselves, and whether the stationery fits.
@@ -49,6 +53,10 @@ Findings CheckDocument(const state::AppState& state, machine::Platform& platform
 /// All of these together, worst first. Without a printer there is nothing to say of one.
 Findings CheckAll(const state::AppState& state, machine::Platform& platform, const Intent& intent,
                   const std::optional<ChosenPrinter>& printer);
+
+/// The paper (DMPAPER_...) that a run prints on where `chosen` is the one of the print manager: the settings
+/// can force another.
+std::int16_t PaperOf(const state::AppState& state, std::int16_t chosen);
 
 /// Printer `index` of the collection with a paper (DMPAPER_...) and an orientation.
 ChosenPrinter Choose(machine::Platform& platform, int index, std::int16_t paper, std::int16_t orientation);

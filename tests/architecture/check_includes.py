@@ -11,7 +11,7 @@ import sys
 ROOT = pathlib.Path(__file__).resolve().parents[2]
 SRC = ROOT / "src"
 
-ROOMS = ["base", "machine", "forms", "state", "payment", "testdata", "composition", "printmanager", "preview",
+ROOMS = ["base", "machine", "forms", "state", "payment", "testdata", "composition", "precheck", "printmanager", "preview",
          "wizard", "desktop/regfile", "desktop/cups", "desktop/qt", "desktop/windows", "program"]
 # What a desktop builds on; the rooms between it and the forms are the program that runs on it.
 BENEATH_A_DESKTOP = {"base", "machine", "forms", "state"}

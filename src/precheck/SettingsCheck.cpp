@@ -1,0 +1,101 @@
+#include <algorithm>
+#include <array>
+#include <optional>
+#include <string>
+
+#include "base/Text.h"
+#include "composition/DocumentRun.h"
+#include "composition/PrintOCRRegel.h"
+#include "machine/Platform.h"
+#include "precheck/Checks.h"
+#include "precheck/CurrentSettings.h"
+#include "precheck/FindingKinds.h"
+#include "precheck/Wording.h"
+#include "state/ContractTexts.h"
+#include "state/Settings.h"
+
+namespace precheck {
+
+namespace {
+
+constexpr std::array<std::int16_t, 6> ContractForms = {state::ContractA,           state::ContractB,
+                                                       state::ContractCBlank,      state::ContractSBlank,
+                                                       state::ContractCPreprinted, state::ContractCAccount};
+
+bool IsKnownContract(std::int16_t contractVorm) {
+    return std::find(ContractForms.begin(), ContractForms.end(), contractVorm) != ContractForms.end();
+}
+
+std::optional<FindingKind> KindOf(machine::StoreTrouble trouble) {
+    switch (trouble) {
+    case machine::StoreTrouble::Missing:
+        return FindingKind::SettingsNone;
+    case machine::StoreTrouble::Unreadable:
+        return FindingKind::SettingsUnreadable;
+    case machine::StoreTrouble::UnknownEncoding:
+        return FindingKind::SettingsEncoding;
+    case machine::StoreTrouble::CutOff:
+        return FindingKind::SettingsCutOff;
+    case machine::StoreTrouble::None:
+        break;
+    }
+    return std::nullopt;
+}
+
+} // namespace
+
+void CheckContract(const CurrentSettings& current, machine::Platform& platform, const Intent& intent,
+                   Findings& findings) {
+    const state::AppState& state = current.State;
+    const auto settingIs = [&](std::string_view name) {
+        return SettingIs(name, base::text::Trim(state::LeesInstelling(state, platform.Registry, name)));
+    };
+    if (!IsKnownContract(state.GMUContractVorm)) {
+        findings.push_back(MakeFinding(FindingKind::ContractNone, {settingIs("GMUContractVorm")}));
+    }
+    if (!IsKnownType(state)) {
+        findings.push_back(MakeFinding(FindingKind::FormTypeNone, {settingIs("AcceptgiroType")}));
+    }
+    if (intent.Document != composition::DocumentTestForms) {
+        return;
+    }
+    if (state.GMUContractVorm == state::ContractA) {
+        findings.push_back(MakeFinding(FindingKind::OcrContractA));
+    } else if (!state.GMUVerkeer) {
+        findings.push_back(MakeFinding(FindingKind::OcrOff, {settingIs("GMUVerkeer")}));
+    }
+}
+
+Findings CheckSettings(const state::AppState& state, machine::Platform& platform, const Intent& intent) {
+    Findings findings;
+    if (intent.Document == composition::DocumentNameList) {
+        return findings;
+    }
+    const CurrentSettings current = ReadCurrentSettings(state, platform.Registry);
+    if (const std::optional<FindingKind> kind = KindOf(current.Store.Trouble)) {
+        const std::string& reason = current.Store.Reason;
+        findings.push_back(MakeFinding(*kind, {Shown(current.Store.Where),
+                                               reason.empty() ? std::string() : " (" + Shown(reason) + ')'}));
+    }
+    // All else that would be found wrong is mended as soon as there are settings.
+    if (current.Readable()) {
+        CheckContract(current, platform, intent, findings);
+        CheckCalibration(current, platform, findings);
+        CheckFont(current, platform, intent, findings);
+        if (intent.Document == composition::DocumentTestForms) {
+            CheckCreditor(current, platform, findings);
+        }
+    }
+    if (intent.Document == composition::DocumentTestForms) {
+        CheckCount(intent, findings);
+    }
+    SortFindings(findings);
+    return findings;
+}
+
+void SortFindings(Findings& findings) {
+    std::stable_sort(findings.begin(), findings.end(),
+                     [](const Finding& one, const Finding& other) { return one.Gravity < other.Gravity; });
+}
+
+} // namespace precheck

@@ -1,0 +1,32 @@
+#pragma once
+
+#include <cstdint>
+#include <string>
+#include <string_view>
+
+/// The parts of the sentences that findings are told in.
+namespace precheck {
+
+/// A text of the user's or the machine's between quotation marks: without control characters and bytes that
+/// are no text, and cut where it is long.
+std::string Quoted(std::string_view text);
+
+/// The same without the marks.
+std::string Shown(std::string_view text);
+
+/// `GMUVerkeer is "0"`, or `GMUVerkeer is leeg`.
+std::string SettingIs(std::string_view name, std::string_view value);
+
+/// A number with a decimal comma.
+std::string Decimal(double value, int digits);
+
+/// A length with its unit, "3,2 mm"; never less than 0,1.
+std::string Millimetres(double twips);
+
+/// "bovenste formulier" and so on: 1 to 3 on a sheet, composition::PlaceUnderLetter.
+std::string_view PlaceName(std::int16_t positie);
+
+/// With a capital in front.
+std::string Capital(std::string_view sentence);
+
+} // namespace precheck
