@@ -1,8 +1,10 @@
 #include <algorithm>
+#include <cmath>
 #include <optional>
 #include <string>
 
 #include "base/Text.h"
+#include "composition/FormPlace.h"
 #include "composition/PrintOCRRegel.h"
 #include "composition/SurfaceRules.h"
 #include "machine/Locale.h"
@@ -121,8 +123,9 @@ void CheckCalibration(const CurrentSettings& current, machine::Platform& platfor
         }
     });
     if (withComma > 0) {
-        const std::string count =
-            withComma == 1 ? "Deze waarde" : "Alle " + std::to_string(withComma) + " waarden";
+        const std::string count = withComma == 1
+                                      ? "Deze waarde verschuift"
+                                      : "Alle " + std::to_string(withComma) + " waarden verschuiven";
         Finding finding = MakeFinding(FindingKind::LocaleNoComma, {firstWithComma, count});
         finding.Gravity = commaCounts ? Gravity::Spoils : Gravity::LookAt;
         findings.push_back(std::move(finding));

@@ -7,6 +7,7 @@
 
 #include "base/Text.h"
 #include "composition/DocumentRun.h"
+#include "composition/FormPlace.h"
 #include "composition/OpenPrinter.h"
 #include "composition/PrinterMeasures.h"
 #include "composition/RunHost.h"
@@ -29,10 +30,14 @@ namespace {
 
 constexpr std::int32_t MostForms = 250;
 
-/// Half of what the coarsest printer that is good enough sets in a dot: less is nothing that paper shows.
+/// A third of a dot at 180 to the inch: less is nothing that paper shows.
 constexpr double OffSheetTwips = ToTwips(0.05);
 /// In both directions: less is where two texts touch.
 constexpr double OverlapTwips = ToTwips(0.1);
+
+constexpr std::string_view MendOff =
+    "Kies het formaat van uw acceptgiropapier, of een printer die dichter bij de rand kan afdrukken.";
+constexpr std::string_view MendMoved = "Verbeter de calibratie in Tarvik.";
 
 /// A run that nobody watches.
 class NoHost final : public composition::RunHost {
@@ -104,6 +109,9 @@ class WorstOf {
             std::find_if(found_.begin(), found_.end(), [&](const auto& one) { return one.first == key; });
         return known != found_.end() ? known->second : found_.emplace_back(key, Worst{}).second;
     }
+    bool Has(const Key& key) const {
+        return std::any_of(found_.begin(), found_.end(), [&](const auto& one) { return one.first == key; });
+    }
     auto begin() const { return found_.begin(); }
     auto end() const { return found_.end(); }
 
@@ -127,7 +135,9 @@ class DocumentCheck {
             CheckForms();
         }
         CheckSheet();
-        CheckOverlaps();
+        if (isForms_) { // a long name of a list runs into the next column, and nobody can mend it
+            CheckOverlaps();
+        }
         CheckCut();
         CheckLetters();
     }
@@ -189,15 +199,24 @@ class DocumentCheck {
         }
         for (const auto& [key, worst] : off) {
             const InkedText& text = TextAt(worst.Text);
-            Add(FindingKind::SheetTextOff,
-                {Capital(FieldOn(text)), Millimetres(worst.Twips), OnHowMany(worst.Count)})
+            Add(FindingKind::SheetTextOff, {Capital(FieldOn(text)), Millimetres(worst.Twips),
+                                            OnHowMany(worst.Count), moved_.Has(key) ? MendMoved : MendOff})
                 .Sketch = SketchOf(text);
+        }
+        // What is off the sheet has been told; what stays on it may still be on the next form.
+        for (const auto& [key, worst] : ranOver_) {
+            if (!off.Has(key)) {
+                const InkedText& text = TextAt(worst.Text);
+                Add(FindingKind::SheetOffForm,
+                    {Capital(FieldOn(text)), Millimetres(worst.Twips), OnHowMany(worst.Count)})
+                    .Sketch = SketchOf(text);
+            }
         }
     }
 
-    /// A text that its calibration has moved off its form, or further off than it would stand without.
+    /// Texts that do not stay on their form: those that their calibration has moved off it, and those that
+    /// would not fit without it either.
     void CheckForms() {
-        WorstOf<FieldAndPlace> off;
         for (std::size_t i = 0; i < document_.Texts.size(); ++i) {
             const InkedText& text = TextAt(i);
             const double overshoot = OffForm(text, text.Ink);
@@ -207,14 +226,13 @@ class DocumentCheck {
             const composition::RowShift shift = ShiftOf(text);
             const SheetPlace unmoved = {text.Ink.Left - shift.x, text.Ink.Top - shift.y,
                                         text.Ink.Right - shift.x, text.Ink.Bottom - shift.y};
-            if (overshoot > OffForm(text, unmoved) + OffSheetTwips) {
-                off[{text.Field, text.Place}].Add(overshoot, i);
-            }
+            const bool byCalibration = OffForm(text, unmoved) < overshoot / 2;
+            (byCalibration ? moved_ : ranOver_)[{text.Field, text.Place}].Add(overshoot, i);
         }
-        for (const auto& [key, worst] : off) {
+        for (const auto& [key, worst] : moved_) {
             const InkedText& text = TextAt(worst.Text);
-            Add(FindingKind::CalibrationOffForm,
-                {Capital(FieldOn(text)), Millimetres(worst.Twips), CalibrationsOf(text)})
+            Add(FindingKind::CalibrationOffForm, {Capital(FieldOn(text)), Millimetres(worst.Twips),
+                                                  CalibrationsOf(text), OnHowMany(worst.Count)})
                 .Sketch = SketchOf(text);
         }
     }
@@ -365,6 +383,8 @@ class DocumentCheck {
     const DrawnDocument& document_;
     Findings& findings_;
     std::vector<SheetPlace> forms_;
+    WorstOf<FieldAndPlace> moved_;   ///< off their form by their calibration
+    WorstOf<FieldAndPlace> ranOver_; ///< off it for another reason
 };
 
 } // namespace

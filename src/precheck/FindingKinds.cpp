@@ -12,7 +12,7 @@ using Kind = FindingKind;
 constexpr auto Spoils = Gravity::Spoils;
 constexpr auto LookAt = Gravity::LookAt;
 
-constexpr std::array<FindingWords, 45> Kinds = {{
+constexpr std::array<FindingWords, 46> Kinds = {{
     {Kind::SettingsNone, "settings.none", Spoils, Subject::Settings, Spot::Tarvik,
      "De instellingen van Tarvik zijn niet gevonden: %1 is er niet.",
      "Op Windows: werk onder de naam waaronder u Tarvik gebruikt. Op Linux: zet het bestand met de "
@@ -47,12 +47,12 @@ constexpr std::array<FindingWords, 45> Kinds = {{
      "De calibratie %1 (%2, %3) is veel te groot: %4 mm. Er wordt daarmee niets verschoven.",
      "Geef in Tarvik een verschuiving van enkele millimeters in, of maak het vak leeg."},
     {Kind::CalibrationOffForm, "calibration.off-form", Spoils, Subject::Calibration, Spot::Tarvik,
-     "%1 staat %2 buiten het formulier, door de calibratie: %3.",
+     "%1 staat door de calibratie %2 buiten het formulier%4: %3.",
      "Verbeter deze calibratie in Tarvik. Een kleine verschuiving is genoeg voor wat een printer verkeerd "
      "zet."},
     {Kind::LocaleNoComma, "locale.no-comma", Spoils, Subject::Calibration, Spot::Tarvik,
      "Deze computer kent de decimale komma niet, en de calibratie is met een komma geschreven, zoals %1. %2 "
-     "verschuiven daardoor niets.",
+     "daardoor niets.",
      "Stel de getallen van deze computer in op de Nederlandse schrijfwijze en start dit programma opnieuw."},
     {Kind::CreditorOff, "creditor.off", Spoils, Subject::Creditor, Spot::Tarvik,
      "Uw gegevens komen niet op de formulieren, terwijl dat bij deze contractsoort wel hoort: %1.",
@@ -109,14 +109,15 @@ constexpr std::array<FindingWords, 45> Kinds = {{
      "Het papier dat u kiest, telt niet: Tarvik dwingt Legal (216 x 356 mm) af (%1).",
      "Zet dat in Tarvik uit en start dit programma opnieuw, als u zelf het papier wilt kiezen."},
     {Kind::SheetTextOff, "sheet.text-off", Spoils, Subject::Sheet, Spot::Papers,
-     "%1 valt %2 buiten wat de printer op dit vel kan afdrukken%3.",
-     "Kies het formaat van uw acceptgiropapier, of een printer die dichter bij de rand kan afdrukken."},
+     "%1 valt %2 buiten wat de printer op dit vel kan afdrukken%3.", "%4"},
     {Kind::SheetTextsOverlap, "sheet.texts-overlap", Spoils, Subject::Sheet, Spot::Tarvik,
      "%1 en %2 staan over elkaar, over %3 bij %4%5.",
      "Verbeter in Tarvik de calibratie of de grootte van de letters, of kort de tekst af."},
     {Kind::SheetTextCut, "sheet.text-cut", LookAt, Subject::Sheet, Spot::Tarvik,
      "%1 past niet op zijn plaats. Van %2 blijft daar over: %3.",
      "Kijk of het lettertype Tahoma op deze computer is geïnstalleerd."},
+    {Kind::SheetOffForm, "sheet.off-form", Spoils, Subject::Sheet, Spot::Tarvik,
+     "%1 staat %2 buiten het eigen formulier%3.", "Maak in Tarvik de letters kleiner, of kort de tekst af."},
     {Kind::PrinterUnreachable, "printer.unreachable", Spoils, Subject::Printer, Spot::Printer,
      "De printer %1 is niet te bereiken.",
      "Zet de printer aan en kijk of hij verbonden is, of kies een andere."},

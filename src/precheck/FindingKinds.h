@@ -45,6 +45,7 @@ enum class FindingKind {
     SheetTextOff,
     SheetTextsOverlap,
     SheetTextCut,
+    SheetOffForm,
     PrinterUnreachable,
     PrinterPaused,
     PrinterRejecting,

@@ -60,7 +60,12 @@ payment::OcrLine SampleLine(const state::AppState& state) {
     return line;
 }
 
-/// "; het bedrag in de OCR-regel loopt dan in de BIC in de OCR-regel", for each that does.
+/// "het bedrag": the line itself is named once for all.
+std::string_view WithoutLine(std::string_view field) {
+    return field.substr(0, field.find(" in de OCR-regel"));
+}
+
+/// "; in de OCR-regel loopt dan het bedrag in de BIC, de BIC in de rekening", with each that does.
 std::string FieldsThatMeet(const state::AppState& state, LetterMeasures& measures,
                            const machine::FontSpec& font) {
     std::string told;
@@ -74,7 +79,8 @@ std::string FieldsThatMeet(const state::AppState& state, LetterMeasures& measure
         }
         const double x = field.XCm * state.TwipsPerCm;
         if (!before.empty() && reach > x + ink.Box.Left + FieldToleranceTwips) {
-            told.append("; ").append(before).append(" loopt dan in ").append(field.Name);
+            told.append(told.empty() ? "; in de OCR-regel loopt dan " : ", ");
+            told.append(WithoutLine(before)).append(" in ").append(WithoutLine(field.Name));
         }
         reach = x + ink.Box.Right;
         before = field.Name;
