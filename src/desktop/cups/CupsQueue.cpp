@@ -33,18 +33,22 @@ constexpr std::chrono::milliseconds MomentAgo{2000};
 constexpr long UnsettledSeconds = 2;
 
 /// What a list of queues is to tell of each.
-constexpr std::array<const char*, 6> ListAttributes = {
-    "printer-name", "printer-uri-supported",  "printer-type", "printer-info",
-    "device-uri",   "printer-make-and-model",
+constexpr std::array<const char*, 9> ListAttributes = {
+    "printer-name",
+    "printer-uri-supported",
+    "printer-type",
+    "printer-info",
+    "device-uri",
+    "printer-make-and-model",
+    "printer-state",
+    "printer-state-reasons",
+    "printer-is-accepting-jobs",
 };
 /// What one queue is to tell besides.
-constexpr std::array<const char*, 12> StateAttributes = {
-    "printer-state",          "printer-state-reasons",
-    "copies-default",         "printer-is-accepting-jobs",
-    "printer-up-time",        "printer-config-change-time",
-    "media-default",          "media-col-default",
-    "media-source-supported", "media-supported",
-    "media-size-supported",   "media-col-database",
+constexpr std::array<const char*, 9> StateAttributes = {
+    "copies-default",  "printer-up-time",      "printer-config-change-time",
+    "media-default",   "media-col-default",    "media-source-supported",
+    "media-supported", "media-size-supported", "media-col-database",
 };
 
 long NumberOf(const CupsAttributes& attributes, const std::string& name) {
@@ -208,6 +212,18 @@ const CupsMedia& CupsQueue::Media() {
 
 std::uint32_t CupsQueue::Status() {
     Media(); // has asked once at least
+    return KnownStatus();
+}
+
+machine::PrinterCondition CupsQueue::Condition() {
+    machine::PrinterCondition condition;
+    condition.Name = name_;
+    condition.Reachable = !isAsked_ || (answered_ && !server_->HasFailedSince(*answered_));
+    condition.Status = KnownStatus();
+    return condition;
+}
+
+std::uint32_t CupsQueue::KnownStatus() const {
     return StatusBits(ValueOf(known_, "printer-state"), ValueOf(known_, "printer-state-reasons"),
                       ValueOf(known_, "printer-is-accepting-jobs"));
 }

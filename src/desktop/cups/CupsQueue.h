@@ -26,6 +26,8 @@ class CupsQueue : public PrintQueue {
     bool Reachable() override;
     bool ReachableNow() override { return Refresh(); }
     std::uint32_t Status() override;
+    machine::PrinterCondition Condition() override;
+    const std::vector<Paper>& KnownPapers() override { return media_.Papers; }
 
     const std::vector<Paper>& Papers() override { return Media().Papers; }
     const std::vector<Bin>& Bins() override { return Media().Bins; }
@@ -40,6 +42,7 @@ class CupsQueue : public PrintQueue {
 
   private:
     bool Refresh();
+    std::uint32_t KnownStatus() const;
     QueueSettings SettingsByFiles();
     const CupsMedia& Media();
     bool HasNewMedia(const CupsAttributes& attributes) const;

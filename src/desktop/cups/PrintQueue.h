@@ -7,6 +7,7 @@
 #include <vector>
 
 #include "machine/Printer.h"
+#include "machine/PrinterCondition.h"
 
 namespace desktop::cups {
 
@@ -83,6 +84,11 @@ class PrintQueue {
     virtual bool ReachableNow() { return Reachable(); }
     /// PRINTER_STATUS bits, as last told.
     virtual std::uint32_t Status() = 0;
+
+    /// The same as last told, without asking anybody, for who must not wait.
+    virtual machine::PrinterCondition Condition() { return {.Name = Name()}; }
+    /// The papers as last told, in the same way; none where nobody has asked for them yet.
+    virtual const std::vector<Paper>& KnownPapers() { return Papers(); }
 
     virtual const std::vector<Paper>& Papers() = 0;
     virtual const std::vector<Bin>& Bins() = 0;

@@ -4,6 +4,7 @@
 #include <iterator>
 #include <utility>
 
+#include "desktop/cups/TurnedSheet.h"
 #include "machine/PrinterErrors.h"
 
 namespace desktop::cups {
@@ -37,6 +38,23 @@ int PrintQueues::Count() {
 machine::PrinterEntry PrintQueues::Item(int index) {
     PrintQueue& queue = Queue(index);
     return {queue.Name(), queue.Port()};
+}
+
+std::optional<machine::SheetArea> PrintQueues::SheetOf(int index, std::int16_t paper,
+                                                       std::int16_t orientation) {
+    const std::vector<Paper>& papers = Queue(index).KnownPapers();
+    const auto found =
+        std::find_if(papers.begin(), papers.end(), [paper](const Paper& each) { return each.Id == paper; });
+    if (found == papers.end() || found->StandIn) {
+        return std::nullopt; // of a stand-in nobody knows what lies in the printer
+    }
+    const TurnedSheet sheet = Turned(*found, orientation);
+    return machine::SheetArea{.Width = sheet.Width,
+                              .Height = sheet.Height,
+                              .Left = sheet.Left,
+                              .Top = sheet.Top,
+                              .Right = sheet.Width - sheet.Right,
+                              .Bottom = sheet.Height - sheet.Bottom};
 }
 
 std::shared_ptr<PrintQueue> PrintQueues::Share(int index) {

@@ -1,7 +1,9 @@
 #pragma once
 
+#include <cstdint>
 #include <functional>
 #include <memory>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -22,6 +24,9 @@ class PrintQueues : public machine::Printers {
     machine::PrinterEntry Item(int index) override;
     /// Asks the server anew. If it does not answer the printers stay those that they were.
     void Refresh() override;
+    machine::PrinterCondition Condition(int index) override { return Queue(index).Condition(); }
+    std::optional<machine::SheetArea> SheetOf(int index, std::int16_t paper,
+                                              std::int16_t orientation) override;
 
     /// ErrorSubscriptOutOfRange outside 0 to Count() - 1.
     PrintQueue& Queue(int index) { return *Share(index); }

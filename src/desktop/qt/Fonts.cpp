@@ -120,6 +120,10 @@ std::string ResolveFamily(const std::string& wanted) {
     return wanted;
 }
 
+bool IsSameFamily(const std::string& one, const std::string& other) {
+    return Comparable(QString::fromStdString(one)) == Comparable(QString::fromStdString(other));
+}
+
 void ProvideBold(const QFont& font) {
     static QSet<QString> seen;
     const QString family = font.family();

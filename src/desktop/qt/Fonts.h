@@ -17,6 +17,9 @@ void LoadPackagedFonts();
 /// is, and Qt replaces the font.
 std::string ResolveFamily(const std::string& wanted);
 
+/// True if two names differ in letter case, blanks and hyphens alone.
+bool IsSameFamily(const std::string& one, const std::string& other);
+
 /// Where the bold face of a font's family is no bolder than the plain one, adds one that is: from then on a
 /// bold font of the family is drawn with it, on paper and on the screen. Costs little after the first call
 /// for a family; DesignFont makes it itself.

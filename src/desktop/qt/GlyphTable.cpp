@@ -86,6 +86,17 @@ const GlyphTable::Glyph& GlyphTable::Find(char32_t code) {
     return others_[code] = Make(code);
 }
 
+const QRectF& GlyphTable::InkOf(char32_t code) {
+    if (const auto found = inks_.find(code); found != inks_.end()) {
+        return found->second;
+    }
+    if (inks_.size() >= MostOtherGlyphs) {
+        inks_.clear();
+    }
+    const Glyph& glyph = Of(code);
+    return inks_[code] = glyph.Visible ? faces_[glyph.Face].boundingRect(glyph.Index) : QRectF();
+}
+
 GlyphTable::Glyph GlyphTable::Make(char32_t code) {
     if (IsControl(code)) {
         return {};

@@ -8,6 +8,7 @@
 
 #include <QFont>
 #include <QRawFont>
+#include <QRectF>
 
 #include "machine/Canvas.h"
 
@@ -44,6 +45,10 @@ class GlyphTable {
     /// Width of a UTF-8 text in units of 1/7200 inch.
     double Width(std::string_view text);
 
+    /// What the glyph of a code point covers, in units of 1/7200 inch from its place on the base line, y
+    /// downward. Empty for a blank.
+    const QRectF& InkOf(char32_t code);
+
   private:
     const Glyph& Find(char32_t code);
     Glyph Make(char32_t code);
@@ -56,6 +61,7 @@ class GlyphTable {
     std::array<Glyph, 256> table_ = {};
     std::array<bool, 256> known_ = {};
     std::unordered_map<char32_t, Glyph> others_;
+    std::unordered_map<char32_t, QRectF> inks_;
 };
 
 } // namespace desktop::qt

@@ -9,4 +9,7 @@ inline constexpr int UnitsPerInch = 7200;
 inline constexpr double UnitsPerPoint = UnitsPerInch / base::PointsPerInch;
 inline constexpr double UnitsPerTwip = UnitsPerInch / base::TwipsPerInch;
 
+/// What a page tells as its resolution, whatever the printer has: margins are whole dots of it.
+inline constexpr int DotsPerInch = 600;
+
 } // namespace desktop::qt

@@ -8,6 +8,7 @@
 #include "desktop/cups/PrintQueue.h"
 #include "desktop/cups/StoredChoice.h"
 #include "desktop/cups/UserDefaults.h"
+#include "desktop/qt/PageUnits.h"
 
 namespace desktop::qt {
 
@@ -35,6 +36,7 @@ class PdfPrinter : public cups::PrintQueue {
     std::string Driver() override { return DeviceName(); }
     bool Reachable() override { return true; }
     std::uint32_t Status() override { return 0; }
+    machine::PrinterCondition Condition() override { return {.Name = Name(), .DotsPerInch = DotsPerInch}; }
 
     const std::vector<cups::Paper>& Papers() override { return papers_; }
     const std::vector<cups::Bin>& Bins() override { return bins_; }

@@ -2,7 +2,6 @@
 
 #include <algorithm>
 #include <cmath>
-#include <utility>
 
 #include <QColor>
 #include <QLineF>
@@ -15,9 +14,6 @@
 namespace desktop::qt {
 
 namespace {
-
-/// Fonts that are kept ready. A document uses about ten.
-constexpr std::size_t MostTables = 64;
 
 /// Nothing is drawn further away than this, in units: 50 metres, what Qt's coordinates of a glyph can hold.
 constexpr double Farthest = 14'000'000;
@@ -47,30 +43,8 @@ std::string_view WithOneBlankAtItsEnd(std::string_view text) {
 
 QtCanvas::QtCanvas(PageDevice& device) : device_(device) {}
 
-GlyphTable& QtCanvas::TableOf(const machine::FontSpec& font) {
-    if (last_ != nullptr && last_->Spec() == font) {
-        return *last_;
-    }
-    const auto found = std::find_if(tables_.begin(), tables_.end(),
-                                    [&font](const auto& table) { return table->Spec() == font; });
-    if (found != tables_.end()) {
-        last_ = found->get();
-        return *last_;
-    }
-    const auto sibling = std::find_if(tables_.begin(), tables_.end(), [&font](const auto& table) {
-        return table->Spec().Name == font.Name && table->Spec().Bold == font.Bold;
-    });
-    auto table = std::make_unique<GlyphTable>(font, sibling == tables_.end() ? nullptr : sibling->get());
-    if (tables_.size() >= MostTables) {
-        last_ = nullptr;
-        tables_.clear();
-    }
-    last_ = tables_.emplace_back(std::move(table)).get();
-    return *last_;
-}
-
 machine::TextSize QtCanvas::MeasureText(std::string_view text, const machine::FontSpec& font) {
-    GlyphTable& table = TableOf(font);
+    GlyphTable& table = tables_.Of(font);
     return {table.Width(text) / UnitsPerTwip, table.LineHeight() / UnitsPerTwip};
 }
 
@@ -81,7 +55,7 @@ void QtCanvas::DrawText(double x, double y, std::string_view text, const machine
     if (!device_.Begin()) {
         return;
     }
-    GlyphTable& table = TableOf(font);
+    GlyphTable& table = tables_.Of(font);
     const QPointF start(x * UnitsPerTwip, y * UnitsPerTwip + table.Ascent());
     if (!IsNear(start.x()) || !IsNear(start.y())) {
         return;

@@ -1,11 +1,10 @@
 #pragma once
 
-#include <memory>
 #include <vector>
 
 #include <QPointF>
 
-#include "desktop/qt/GlyphTable.h"
+#include "desktop/qt/GlyphTables.h"
 #include "desktop/qt/PageDevice.h"
 #include "machine/Canvas.h"
 
@@ -24,12 +23,10 @@ class QtCanvas : public machine::Canvas {
     void EndDocument() override;
 
   private:
-    GlyphTable& TableOf(const machine::FontSpec& font);
     void DrawRun(const QRawFont& face);
 
     PageDevice& device_;
-    std::vector<std::unique_ptr<GlyphTable>> tables_;
-    GlyphTable* last_ = nullptr;
+    GlyphTables tables_;
 
     // Room for one text, kept from call to call.
     std::vector<quint32> glyphs_;

@@ -8,6 +8,7 @@
 #include "desktop/qt/QtClock.h"
 #include "desktop/qt/QtDesktop.h"
 #include "desktop/qt/QtLocale.h"
+#include "desktop/qt/QtPrintFonts.h"
 #include "desktop/qt/QtPrinter.h"
 #include "desktop/qt/QtPrinters.h"
 #include "desktop/regfile/RegFileStore.h"
@@ -55,6 +56,7 @@ class QtPlatform {
                        }};
     cups::CupsSpooler spooler_{printers_};
     QtBitmaps bitmaps_;
+    QtPrintFonts fonts_;
     machine::Platform services_{desktop_, registry_,          locale_,   clock_,
                                 random_,  spooler_,           printers_, printer_,
                                 bitmaps_, desktop_.Windows(), fonts_};

@@ -13,7 +13,6 @@ namespace desktop::qt {
 
 namespace {
 
-constexpr int DotsPerInch = 600;
 constexpr double TwipsPerDot = base::TwipsPerInch / DotsPerInch;
 constexpr double UnitsPerDot = static_cast<double>(UnitsPerInch) / DotsPerInch;
 
@@ -142,13 +141,8 @@ const cups::Bin* QtPrinter::CurrentBin() {
     return found == bins.end() ? nullptr : &*found;
 }
 
-QtPrinter::Measures QtPrinter::Measure() {
-    const cups::Paper& paper = CurrentPaper();
-    if (settings_.Orientation != cups::Landscape) {
-        return {paper.Width, paper.Height, paper.Left, paper.Top, paper.Right, paper.Bottom};
-    }
-    // A sheet on its side has its foot at the left.
-    return {paper.Height, paper.Width, paper.Bottom, paper.Left, paper.Top, paper.Right};
+cups::TurnedSheet QtPrinter::Measure() {
+    return cups::Turned(CurrentPaper(), settings_.Orientation);
 }
 
 double QtPrinter::Width() {
@@ -167,12 +161,12 @@ double QtPrinter::ScaleLeft() {
 }
 
 double QtPrinter::ScaleWidth() {
-    const Measures sheet = Measure();
+    const cups::TurnedSheet sheet = Measure();
     return sheet.Width - sheet.Left - sheet.Right;
 }
 
 double QtPrinter::ScaleHeight() {
-    const Measures sheet = Measure();
+    const cups::TurnedSheet sheet = Measure();
     return sheet.Height - sheet.Top - sheet.Bottom;
 }
 
@@ -192,7 +186,7 @@ int QtPrinter::GetDeviceCaps(int item) {
 
 Sheet QtPrinter::SheetNow() {
     // The origin in whole dots, as GetDeviceCaps tells it.
-    const Measures sheet = Measure();
+    const cups::TurnedSheet sheet = Measure();
     return {sheet.Width, sheet.Height, Dots(sheet.Left) * TwipsPerDot, Dots(sheet.Top) * TwipsPerDot};
 }
 

@@ -6,6 +6,7 @@
 #include <string>
 
 #include "base/RuntimeError.h"
+#include "desktop/cups/TurnedSheet.h"
 #include "desktop/qt/JobDevice.h"
 #include "desktop/qt/PageDevice.h"
 #include "desktop/qt/PdfDocument.h"
@@ -51,16 +52,11 @@ class QtPrinter : public machine::Printer, private PageDevice {
     machine::Canvas& Page() override { return canvas_; }
 
   private:
-    /// A sheet with the strips that the printer cannot reach, turned as it is drawn on; twips.
-    struct Measures {
-        double Width, Height, Left, Top, Right, Bottom;
-    };
-
     cups::PrintQueue& Queue();
     const cups::Paper& CurrentPaper();
     const cups::Bin* CurrentBin();
     void StoreWhereUnwritten(std::int16_t cups::QueueSettings::*field);
-    Measures Measure();
+    cups::TurnedSheet Measure();
     Sheet SheetNow();
 
     QPainter* Painter() override;

@@ -38,6 +38,21 @@ RegFile::RegFile(std::string bytes, std::string_view branch) : bytes_(std::move(
     Read(branch);
 }
 
+bool RegFile::IsOfKnownForm(std::string_view bytes) {
+    const regfile::Encoding encoding(bytes);
+    const std::size_t units = encoding.Units(bytes);
+    if (units == 0) {
+        return true;
+    }
+    constexpr std::size_t most = 4096; // of other text it is known at once
+    const std::string beginning = encoding.Narrow(bytes, {0, std::min(units, most)});
+    if (beginning.find('\0') != std::string::npos) {
+        return false; // characters of two bytes or four, without the mark that tells it
+    }
+    return beginning.starts_with("REGEDIT4") || beginning.starts_with("Windows Registry Editor") ||
+           encoding.NextKeyLine(bytes, 0) < units;
+}
+
 bool RegFile::EndsWhole(std::string_view bytes) {
     const regfile::Encoding encoding(bytes);
     const std::size_t units = encoding.Units(bytes);

@@ -33,6 +33,10 @@ class RegFile {
     /// letters of ASCII, without a backslash at its ends.
     explicit RegFile(std::string bytes = {}, std::string_view branch = {});
 
+    /// Can a file with these bytes be read at all: is its text in an encoding that is known, and has it the
+    /// header of an exported file, or a line of a key? An empty file has nothing that could not be read.
+    static bool IsOfKnownForm(std::string_view bytes);
+
     /// Does a file with these bytes end where a line ends, or at least with a key, or a value between quotes,
     /// that is complete?
     static bool EndsWhole(std::string_view bytes);

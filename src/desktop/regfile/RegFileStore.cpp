@@ -254,6 +254,42 @@ void RegFileStore::Tell() {
             (isKnown_ ? "\nWat eerder is gelezen, blijft gelden." : ""));
 }
 
+machine::StoreTrouble RegFileStore::TroubleOf(const std::string& fullPath) const {
+    using Trouble = machine::StoreTrouble;
+    if (failure_ != 0 && failure_ != EAGAIN) {
+        return Trouble::Unreadable;
+    }
+    if (!isKnown_ && !isCut_) {
+        return Trouble::Missing;
+    }
+    if (!RegFile::IsOfKnownForm(file_.Bytes())) {
+        return Trouble::UnknownEncoding;
+    }
+    if (failure_ == EAGAIN || isCut_ || !RegFile::EndsWhole(file_.Bytes())) {
+        return Trouble::CutOff;
+    }
+    return file_.HasKey(fullPath) ? Trouble::None : Trouble::Missing;
+}
+
+machine::StoreCondition RegFileStore::Condition(const std::string& path) {
+    Look();
+    machine::StoreCondition condition{TroubleOf("HKEY_CURRENT_USER\\" + path), path_};
+    switch (condition.Trouble) {
+    case machine::StoreTrouble::Unreadable:
+        condition.Reason = ReasonOf(failure_);
+        break;
+    case machine::StoreTrouble::CutOff:
+        condition.Reason = ReasonOf(EAGAIN);
+        break;
+    case machine::StoreTrouble::Missing:
+        condition.Reason = isKnown_ ? "" : ReasonOf(ENOENT);
+        break;
+    default:
+        break;
+    }
+    return condition;
+}
+
 std::int32_t RegFileStore::RegOpenKeyA(machine::RegistryKey root, const std::string& path,
                                        machine::RegistryKey& key) {
     const std::optional<std::string> above = keys_.PathOf(root);

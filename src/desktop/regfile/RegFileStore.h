@@ -34,6 +34,10 @@ class RegFileStore : public machine::Registry {
     /// With a `branch` the file is read for the keys of that branch alone.
     explicit RegFileStore(std::string path, std::string branch = {}, SettingsTeller teller = {});
 
+    /// Asks no user and tells nothing. A file whose last line has been cut off counts as half of one, also
+    /// where all of it that there is has been read.
+    machine::StoreCondition Condition(const std::string& path) override;
+
     std::int32_t RegOpenKeyA(machine::RegistryKey root, const std::string& path,
                              machine::RegistryKey& key) override;
     std::int32_t RegCloseKey(machine::RegistryKey key) override;
@@ -47,6 +51,7 @@ class RegFileStore : public machine::Registry {
 
     void Refresh();
     void Look();
+    machine::StoreTrouble TroubleOf(const std::string& fullPath) const;
     int ReadAgain(int error);
     int TakeIn();
     bool IsBeingWritten(const FileContent& content) const;

@@ -13,9 +13,6 @@ namespace {
 
 using base::TwipsPerInch;
 
-/// Fonts that are kept ready. A document uses about ten.
-constexpr std::size_t MostFonts = 64;
-
 /// Nothing is drawn further away than this, in dots: beyond it GDI's own arithmetic runs over.
 constexpr double Farthest = 1'000'000;
 
@@ -41,50 +38,19 @@ int LineWidth(Resolution dots) {
     return std::max(1, (std::min(dots.X, dots.Y) + LineDotsPerInch / 2) / LineDotsPerInch);
 }
 
-base::text::Decoded Next(std::string_view text) {
-    const auto byte = static_cast<unsigned char>(text.front());
-    return byte < 0x80 ? base::text::Decoded{byte, 1} : base::text::DecodeFirst(text);
-}
-
 } // namespace
-
-GdiFont& GdiCanvas::FontOf(const machine::FontSpec& font) {
-    if (last_ != nullptr && last_->Spec() == font) {
-        return *last_;
-    }
-    const auto found = std::find_if(fonts_.begin(), fonts_.end(),
-                                    [&font](const auto& each) { return each->Spec() == font; });
-    if (found != fonts_.end()) {
-        last_ = found->get();
-        return *last_;
-    }
-    auto made = std::make_unique<GdiFont>(font, device_.FontQuality());
-    if (fonts_.size() >= MostFonts) {
-        last_ = nullptr;
-        fonts_.clear();
-    }
-    last_ = fonts_.emplace_back(std::move(made)).get();
-    return *last_;
-}
 
 // A text that cannot be measured stands at the wrong place, or not at all: the page is spoilt.
 machine::TextSize GdiCanvas::MeasureText(std::string_view text, const machine::FontSpec& font) {
     machine::TextSize size;
-    WithFont(font, [&](GdiFont& measured) {
-        size.Height = measured.LineHeight();
-        while (!text.empty()) {
-            const base::text::Decoded next = Next(text);
-            size.Width += measured.Of(next.Code).Advance;
-            text.remove_prefix(next.Bytes);
-        }
-    });
+    WithFont(font, [&](GdiFont& measured) { size = {measured.Width(text), measured.LineHeight()}; });
     return size;
 }
 
 template <class Step>
 void GdiCanvas::WithFont(const machine::FontSpec& font, Step step) {
     try {
-        step(FontOf(font));
+        step(fonts_.Of(font, device_.FontQuality()));
     } catch (const base::RuntimeError&) { // the machine makes no more fonts
         device_.DrawingFailed();
         throw;
@@ -97,7 +63,7 @@ void GdiCanvas::LayOut(std::string_view text, GdiFont& font, double start, doubl
     double at = start;
     int place = Near(at);
     while (!text.empty() && IsNear(at)) {
-        const base::text::Decoded next = Next(text);
+        const base::text::Decoded next = NextLetter(text);
         text.remove_prefix(next.Bytes);
         const GdiFont::Glyph& glyph = font.Of(next.Code);
         if (glyph.Count == 0) {

@@ -1,10 +1,9 @@
 #pragma once
 
-#include <memory>
 #include <string>
 #include <vector>
 
-#include "desktop/windows/GdiFont.h"
+#include "desktop/windows/GdiFonts.h"
 #include "desktop/windows/PageDevice.h"
 #include "machine/Canvas.h"
 
@@ -23,7 +22,6 @@ class GdiCanvas final : public machine::Canvas {
     void EndDocument() override { device_.EndDocument(); }
 
   private:
-    GdiFont& FontOf(const machine::FontSpec& font);
     /// Runs a step with this font. The device is told if there is none to be had.
     template <class Step>
     void WithFont(const machine::FontSpec& font, Step step);
@@ -32,8 +30,7 @@ class GdiCanvas final : public machine::Canvas {
     void DrawRun(HDC page, int x, int y);
 
     PageDevice& device_;
-    std::vector<std::unique_ptr<GdiFont>> fonts_;
-    GdiFont* last_ = nullptr;
+    GdiFonts fonts_;
 
     // Room for one text, kept from call to call.
     std::wstring run_;

@@ -2,9 +2,11 @@
 
 #include <algorithm>
 #include <cmath>
+#include <cstddef>
+#include <cstdint>
+#include <vector>
 
 #include "base/RuntimeError.h"
-#include "base/Text.h"
 #include "base/Units.h"
 #include "desktop/windows/WideText.h"
 
@@ -51,6 +53,17 @@ DeviceContext MeasuringDevice() {
         throw base::OutOfMemory();
     }
     return device;
+}
+
+/// What an outline font tells of itself, with its names behind; empty for any other font.
+std::vector<std::byte> OutlineMetrics(HDC device) {
+    std::vector<std::byte> bytes(::GetOutlineTextMetricsW(device, 0, nullptr));
+    if (bytes.size() < sizeof(OUTLINETEXTMETRICW) ||
+        ::GetOutlineTextMetricsW(device, static_cast<UINT>(bytes.size()),
+                                 reinterpret_cast<OUTLINETEXTMETRICW*>(bytes.data())) == 0) {
+        bytes.clear();
+    }
+    return bytes;
 }
 
 int UnitsPerEm(HDC device, const Font& font) {
@@ -112,6 +125,77 @@ GdiFont::Glyph GdiFont::Make(char32_t code) const {
     ::GetTextExtentPoint32W(device.Get(), glyph.Units.data(), static_cast<int>(glyph.Count), &size);
     glyph.Advance = size.cx * twipsPerUnit_;
     return glyph;
+}
+
+double GdiFont::Width(std::string_view text) {
+    double width = 0;
+    while (!text.empty()) {
+        const base::text::Decoded next = NextLetter(text);
+        width += Of(next.Code).Advance;
+        text.remove_prefix(next.Bytes);
+    }
+    return width;
+}
+
+std::string GdiFont::Family() const {
+    const DeviceContext device = MeasuringDevice();
+    const Selected selected(device.Get(), design_.Get());
+    if (const std::vector<std::byte> bytes = OutlineMetrics(device.Get()); !bytes.empty()) {
+        const auto* metrics = reinterpret_cast<const OUTLINETEXTMETRICW*>(bytes.data());
+        // Declared as a pointer, it is the way from the record's beginning.
+        const auto name = reinterpret_cast<std::uintptr_t>(metrics->otmpFamilyName);
+        return FromWide(reinterpret_cast<const wchar_t*>(bytes.data() + name));
+    }
+    wchar_t face[LF_FACESIZE] = {};
+    ::GetTextFaceW(device.Get(), LF_FACESIZE, face);
+    return FromWide(face);
+}
+
+bool GdiFont::Has(char32_t code) {
+    const Glyph& glyph = Of(code);
+    if (glyph.Count != 1) {
+        return glyph.Count == 0; // beyond 16 bits GDI knows no glyph by its character
+    }
+    const DeviceContext device = MeasuringDevice();
+    const Selected selected(device.Get(), design_.Get());
+    constexpr WORD none = 0xFFFF;
+    WORD index = none;
+    const DWORD told =
+        ::GetGlyphIndicesW(device.Get(), glyph.Units.data(), 1, &index, GGI_MARK_NONEXISTING_GLYPHS);
+    return told == 1 && index != none;
+}
+
+machine::InkBox GdiFont::InkOf(char32_t code) {
+    if (const auto found = inks_.find(code); found != inks_.end()) {
+        return found->second;
+    }
+    if (inks_.size() >= MostOtherGlyphs) {
+        inks_.clear();
+    }
+    return inks_[code] = Measure(code);
+}
+
+machine::InkBox GdiFont::Measure(char32_t code) {
+    const Glyph& glyph = Of(code);
+    if (glyph.Count != 1) {
+        return {};
+    }
+    const DeviceContext device = MeasuringDevice();
+    const Selected selected(device.Get(), design_.Get());
+    GLYPHMETRICS metrics{};
+    const MAT2 asItIs = {{0, 1}, {0, 0}, {0, 0}, {0, 1}};
+    const DWORD told = ::GetGlyphOutlineW(device.Get(), static_cast<UINT>(glyph.Units[0]), GGO_METRICS,
+                                          &metrics, 0, nullptr, &asItIs);
+    // Of a glyph without an outline GDI tells one dot.
+    if (told == GDI_ERROR || (metrics.gmBlackBoxX <= 1 && metrics.gmBlackBoxY <= 1)) {
+        return {};
+    }
+    machine::InkBox ink;
+    ink.Left = metrics.gmptGlyphOrigin.x * twipsPerUnit_;
+    ink.Right = ink.Left + metrics.gmBlackBoxX * twipsPerUnit_;
+    ink.Top = ascent_ - metrics.gmptGlyphOrigin.y * twipsPerUnit_;
+    ink.Bottom = ink.Top + metrics.gmBlackBoxY * twipsPerUnit_;
+    return ink;
 }
 
 HFONT GdiFont::At(int dotsPerInch) {

@@ -1,12 +1,22 @@
 #pragma once
 
 #include <array>
+#include <string>
+#include <string_view>
 #include <unordered_map>
 
+#include "base/Text.h"
 #include "desktop/windows/GdiObjects.h"
 #include "machine/Canvas.h"
+#include "machine/Fonts.h"
 
 namespace desktop::windows {
+
+/// The first character of a text that is not empty.
+inline base::text::Decoded NextLetter(std::string_view text) {
+    const auto byte = static_cast<unsigned char>(text.front());
+    return byte < 0x80 ? base::text::Decoded{byte, 1} : base::text::DecodeFirst(text);
+}
 
 /// A font as a table from characters to their design widths, so that a text is as wide on every printer and
 /// screen as its designer made it: a font at the size of a device rounds each letter to whole dots. All
@@ -31,12 +41,24 @@ class GdiFont {
         return code < table_.size() && known_[code] ? table_[code] : Find(code);
     }
 
+    /// Width of a UTF-8 text.
+    double Width(std::string_view text);
+
+    /// True if the font has a picture of the character, and none of another font's is put in its place. A
+    /// control character needs none.
+    bool Has(char32_t code);
+    /// What a character covers from the top left of its place in the line; all 0 for a blank.
+    machine::InkBox InkOf(char32_t code);
+    /// The family of the file that the font comes from.
+    std::string Family() const;
+
     /// The font for drawing at this resolution down the page. Kept until another one is asked for.
     HFONT At(int dotsPerInch);
 
   private:
     const Glyph& Find(char32_t code);
     Glyph Make(char32_t code) const;
+    machine::InkBox Measure(char32_t code);
 
     machine::FontSpec spec_;
     BYTE quality_;
@@ -47,6 +69,7 @@ class GdiFont {
     std::array<Glyph, 256> table_{};
     std::array<bool, 256> known_{};
     std::unordered_map<char32_t, Glyph> others_;
+    std::unordered_map<char32_t, machine::InkBox> inks_;
 
     Font device_;
     int deviceHeight_ = 0;

@@ -8,10 +8,7 @@
 
 namespace desktop::windows {
 
-namespace {
-
-/// Empty if the system has no sentence for it.
-std::string SystemReason(DWORD error) {
+std::string SystemReason(std::uint32_t error) {
     wchar_t text[512];
     const DWORD length = ::FormatMessageW(FORMAT_MESSAGE_FROM_SYSTEM | FORMAT_MESSAGE_IGNORE_INSERTS, nullptr,
                                           error, 0, text, static_cast<DWORD>(std::size(text)), nullptr);
@@ -21,8 +18,6 @@ std::string SystemReason(DWORD error) {
     }
     return FromWide(reason);
 }
-
-} // namespace
 
 std::string WithReason(const std::string& text, std::uint32_t error) {
     const std::string reason = error == ERROR_SUCCESS ? std::string() : SystemReason(error);

@@ -88,6 +88,15 @@ machine::PrinterEntry WinPrinters::Item(int index) {
     return entries_[static_cast<std::size_t>(index)];
 }
 
+machine::PrinterCondition WinPrinters::Condition(int index) {
+    return {.Name = Item(index).DeviceName};
+}
+
+std::optional<machine::SheetArea> WinPrinters::SheetOf(int index, std::int16_t, std::int16_t) {
+    Item(index);
+    return std::nullopt;
+}
+
 int WinPrinters::DefaultIndex() {
     const std::vector<machine::PrinterEntry>& entries = Entries();
     if (entries.empty()) {

@@ -1,5 +1,7 @@
 #pragma once
 
+#include <cstdint>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -15,6 +17,9 @@ class WinPrinters final : public machine::Printers {
     int Count() override;
     machine::PrinterEntry Item(int index) override;
     void Refresh() override;
+    machine::PrinterCondition Condition(int index) override;
+    std::optional<machine::SheetArea> SheetOf(int index, std::int16_t paper,
+                                              std::int16_t orientation) override;
 
     /// Index of the user's default printer, else of the first; -1 without printers.
     int DefaultIndex();

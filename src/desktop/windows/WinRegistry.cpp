@@ -82,6 +82,22 @@ std::int32_t WinRegistry::Answered(std::int32_t status) {
     return status;
 }
 
+machine::StoreCondition WinRegistry::Condition(const std::string& path) {
+    machine::StoreCondition condition;
+    condition.Where = "HKEY_CURRENT_USER\\" + path;
+    HKEY opened = nullptr;
+    const LSTATUS status =
+        ::RegOpenKeyExW(HKEY_CURRENT_USER, ToWide(path).c_str(), 0, KEY_QUERY_VALUE, &opened);
+    if (status == ERROR_SUCCESS) {
+        ::RegCloseKey(opened);
+        return condition;
+    }
+    const bool isMissing = status == ERROR_FILE_NOT_FOUND || status == ERROR_PATH_NOT_FOUND;
+    condition.Trouble = isMissing ? machine::StoreTrouble::Missing : machine::StoreTrouble::Unreadable;
+    condition.Reason = SystemReason(static_cast<std::uint32_t>(status));
+    return condition;
+}
+
 std::int32_t WinRegistry::RegOpenKeyA(machine::RegistryKey root, const std::string& path,
                                       machine::RegistryKey& key) {
     HKEY opened = nullptr;

@@ -17,6 +17,8 @@ class WinRegistry final : public machine::Registry {
 
     explicit WinRegistry(RefusalTeller teller = {});
 
+    machine::StoreCondition Condition(const std::string& path) override;
+
     std::int32_t RegOpenKeyA(machine::RegistryKey root, const std::string& path,
                              machine::RegistryKey& key) override;
     std::int32_t RegCloseKey(machine::RegistryKey key) override;

@@ -6,6 +6,7 @@
 #include "desktop/windows/WinClock.h"
 #include "desktop/windows/WinDesktop.h"
 #include "desktop/windows/WinLocale.h"
+#include "desktop/windows/WinPrintFonts.h"
 #include "desktop/windows/WinPrinter.h"
 #include "desktop/windows/WinPrinters.h"
 #include "desktop/windows/WinRegistry.h"
@@ -73,6 +74,7 @@ struct WindowsPlatform::Parts {
                        }};
     WinSpooler Spooler;
     WinBitmaps Bitmaps;
+    WinPrintFonts PrintFonts;
     WinWindowProcedures Procedures{Desktop};
     machine::Platform Services{Desktop,  Registry, Locale,  Clock,      Random,    Spooler,
                                Printers, Printer,  Bitmaps, Procedures, PrintFonts};

@@ -12,6 +12,7 @@
 #include "desktop/qt/QtClock.h"
 #include "desktop/qt/QtDesktop.h"
 #include "desktop/qt/QtLocale.h"
+#include "desktop/qt/QtPrintFonts.h"
 #include "desktop/qt/QtPrinters.h"
 #include "desktop/regfile/RegFileStore.h"
 #include "machine/Platform.h"
@@ -65,6 +66,7 @@ class RealProgram {
     TeePrinter Printer{Printers, [this](const std::string& text) { Tell(text); }};
     desktop::cups::CupsSpooler Spooler{Printers};
     desktop::qt::QtBitmaps Bitmaps;
+    desktop::qt::QtPrintFonts Fonts;
     machine::Platform Services{Desktop, Registry,          Locale, Clock, Random, Spooler, Printers, Printer,
                                Bitmaps, Desktop.Windows(), Fonts};
 
