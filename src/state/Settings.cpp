@@ -29,6 +29,13 @@ constexpr std::array<CreditorKey, 5> CreditorKeys{{
     {"IncassantBankGiro", &AppState::IncassantBankGiro},
 }};
 
+constexpr double LargestFontSize = 48;
+
+std::string GMUFontSize(const std::string& stored) {
+    const double points = base::NumericValue(stored);
+    return points <= 0 || points > LargestFontSize ? DefaultFontSize : stored;
+}
+
 } // namespace
 
 std::string CalibrationKey(std::string_view stem, std::string_view direction, std::size_t place) {
@@ -76,6 +83,24 @@ void LaadInstellingen(AppState& state, machine::Registry& registry, bool metInca
     }
     state.AcceptgiroType = GetalInstelling(read("AcceptgiroType"));
     state.GMUContractVorm = GetalInstelling(std::string(text::Trim(read("GMUContractVorm"))));
+}
+
+void LaadStartInstellingen(AppState& state, machine::Registry& registry) {
+    const auto read = [&](std::string_view name) { return LeesInstelling(state, registry, name); };
+    const auto readTrimmed = [&](std::string_view name) { return std::string(text::Trim(read(name))); };
+
+    state.GMUFontName = readTrimmed("GMUFontName");
+    state.GMUCode = readTrimmed("GMUCode");
+    state.GMUServiceNr = read("GMUServiceNr");
+    state.GMUFontSize = GMUFontSize(read(FontSizeSetting));
+    state.GMUVerkeer = IsAan(read("GMUVerkeer"));
+    state.OverrulePaperSize =
+        read("UseSpecificPrinterSettings") == "0" && IsAan(read("PrinterOverrulePaperSize"));
+    if (state.GMUFontName.empty()) {
+        state.GMUFontName = "Tahoma";
+    }
+    state.GMUContractVorm = GetalInstelling(readTrimmed("GMUContractVorm"));
+    state.MatrixPrinter = IsAan(read("MatrixPrinter"));
 }
 
 std::string LeesLocaleTekst(machine::Locale& locale, std::int32_t lcid, std::int32_t item) {

@@ -18,6 +18,17 @@ namespace state {
 /// read as well; without it the creditor stays as the user has edited it.
 void LaadInstellingen(AppState& state, machine::Registry& registry, bool metIncassant);
 
+/// Where the main application keeps its settings, below the current user's root.
+inline constexpr const char* TarviksKey = "Software\\Ondor\\Tarvik\\CurrentVersion";
+
+/// The size of the OCR font, points as text, and what it is where none is set.
+inline constexpr const char* FontSizeSetting = "GMUFontSize";
+inline constexpr const char* DefaultFontSize = "12";
+
+/// Reads what holds from the program's start to its end: the OCR font with its size, the service bureau,
+/// payment traffic, the paper that a run may force, the contract form and the kind of printer.
+void LaadStartInstellingen(AppState& state, machine::Registry& registry);
+
 /// Text of a value under the key of all settings; empty if it is missing.
 std::string LeesInstelling(const AppState& state, machine::Registry& registry, std::string_view name);
 

@@ -93,7 +93,6 @@ class frmMain : public forms::Form, public printmanager::PrintCaller {
 
     // The start: frmMainLoad.cpp.
     void LeesLocale();
-    void LeesGMUFontSize();
     void ToonLettertype();
 
     // Going through the pages: frmMain.cpp.
