@@ -48,12 +48,12 @@ void DrawDocument(state::AppState& state, machine::Platform& platform, RunHost& 
     }
 }
 
-void ComposeDocument(state::AppState& state, machine::Platform& platform, PrinterSurface& printer,
-                     RunHost& host, const DocumentJob& job) {
+void ComposeJob(state::AppState& state, machine::Platform& platform, PrinterSurface& printer, RunHost& host,
+                bool preview, const std::function<void()>& draw) {
     platform.Desktop.HourglassOn();
     state::LaadInstellingen(state, platform.Registry, false);
 
-    if (job.blnPrintPreview) {
+    if (preview) {
         Resume([&] { host.OpenPreview(FaseOpen); });
     } else {
         Resume([&] { OpenPrinter(state, platform, printer); });
@@ -62,23 +62,29 @@ void ComposeDocument(state::AppState& state, machine::Platform& platform, Printe
         }
     }
 
-    std::int32_t aantal = 0;
-    Resume([&] {
-        if (host.CountText().empty()) {
-            host.SetCountText("1");
-        }
-    });
-    Resume([&] { aantal = base::Int32OfText(host.CountText()); });
-
-    DrawDocument(state, platform, host, job.iMethod, aantal, job.num_copies);
+    draw();
     Resume([&] { host.UpdatePercentage(AllDone); });
     Resume([&] { SurfaceOf(state).SetFontSize(ListFontPoints); });
     Resume([&] { SurfaceOf(state).EndDoc(); });
-    if (job.blnPrintPreview) {
+    if (preview) {
         Resume([&] { host.ShowPreview(); });
         Resume([&] { host.OpenPreview(FaseClose); });
     }
     Resume([&] { platform.Desktop.HourglassOff(); });
+}
+
+void ComposeDocument(state::AppState& state, machine::Platform& platform, PrinterSurface& printer,
+                     RunHost& host, const DocumentJob& job) {
+    ComposeJob(state, platform, printer, host, job.blnPrintPreview, [&] {
+        std::int32_t aantal = 0;
+        Resume([&] {
+            if (host.CountText().empty()) {
+                host.SetCountText("1");
+            }
+        });
+        Resume([&] { aantal = base::Int32OfText(host.CountText()); });
+        DrawDocument(state, platform, host, job.iMethod, aantal, job.num_copies);
+    });
 }
 
 } // namespace composition

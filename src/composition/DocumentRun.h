@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstdint>
+#include <functional>
 
 #include "composition/RunHost.h"
 
@@ -35,7 +36,11 @@ void DrawDocument(state::AppState& state, machine::Platform& platform, RunHost& 
 /// Composes one document as one print job, on `printer` or in the preview, which the user then sees until he
 /// leaves it. Calibration, form type and contract form are read anew before; the creditor stays as edited.
 /// From the opening of the surface on, a step that fails is given up without a message and the next one runs,
-/// so a job once begun goes to its end.
+/// so a job once begun goes to its end. `draw` draws it on the surface; what fails there it gives up itself.
+void ComposeJob(state::AppState& state, machine::Platform& platform, PrinterSurface& printer, RunHost& host,
+                bool preview, const std::function<void()>& draw);
+
+/// The same for a document of the wizard.
 void ComposeDocument(state::AppState& state, machine::Platform& platform, PrinterSurface& printer,
                      RunHost& host, const DocumentJob& job);
 

@@ -8,27 +8,20 @@
 #include "base/Text.h"
 #include "composition/DocumentRun.h"
 #include "composition/FormPlace.h"
-#include "composition/OpenPrinter.h"
-#include "composition/PrinterMeasures.h"
-#include "composition/RunHost.h"
-#include "composition/SurfaceRules.h"
 #include "machine/Platform.h"
 #include "precheck/Checks.h"
 #include "precheck/CurrentSettings.h"
+#include "precheck/DrawingRun.h"
 #include "precheck/DrawnDocument.h"
 #include "precheck/FindingKinds.h"
 #include "precheck/Lengths.h"
-#include "precheck/SheetPrinter.h"
 #include "precheck/Stationery.h"
-#include "precheck/SteadyChance.h"
 #include "precheck/Wording.h"
 #include "state/CalibrationBlocks.h"
 
 namespace precheck {
 
 namespace {
-
-constexpr std::int32_t MostForms = 250;
 
 /// A third of a dot at 180 to the inch: less is nothing that paper shows.
 constexpr double OffSheetTwips = ToTwips(0.05);
@@ -38,46 +31,6 @@ constexpr double OverlapTwips = ToTwips(0.1);
 constexpr std::string_view MendOff =
     "Kies het formaat van uw acceptgiropapier, of een printer die dichter bij de rand kan afdrukken.";
 constexpr std::string_view MendMoved = "Verbeter de calibratie in Tarvik.";
-
-/// A run that nobody watches.
-class NoHost final : public composition::RunHost {
-  public:
-    std::string CountText() override { return {}; }
-    void SetCountText(const std::string&) override {}
-    void UpdatePercentage(std::int16_t) override {}
-    void OpenPreview(std::int16_t) override {}
-    void ShowPreview() override {}
-};
-
-/// Draws the document as a run would: the order of the steps is that of the print manager and of
-/// ComposeDocument.
-void Draw(state::AppState& state, const machine::Platform& real, const Intent& intent,
-          const machine::SheetArea& sheet, DrawnDocument& document) {
-    SheetPrinters printers;
-    SheetPrinter printer(sheet, document.Paper());
-    SteadyChance chance;
-    machine::Platform platform = {real.Desktop, real.Registry,         real.Locale, real.Clock,
-                                  chance,       real.Spooler,          printers,    printer,
-                                  real.Bitmaps, real.WindowProcedures, real.Fonts};
-    DrawnSurface surface(printer.Drawing, document);
-    state.PrinterOrientation = intent.Orientation;
-    state.LeftMargin = intent.Orientation == machine::Landscape ? composition::LeftMarginLandscape
-                                                                : composition::LeftMarginPortrait;
-    composition::LeesPrinterMaten(state, platform);
-    state.Surface = &surface;
-    surface.SetFontSize(composition::ListFontPoints);
-    state.SurfaceWidth = state.PageWidth;
-    state.SurfaceHeight = state.PageHeight;
-    state.SurfaceLeft = 0;
-    state.SurfaceTop = 0;
-
-    NoHost host;
-    const std::int32_t copies = std::clamp<std::int32_t>(intent.Copies, 0, MostForms);
-    const std::int32_t forms = std::min(intent.Forms, MostForms / std::max(copies, 1));
-    composition::DrawDocument(state, platform, host, intent.Document, forms,
-                              static_cast<std::int16_t>(copies));
-    state.Surface = nullptr;
-}
 
 /// By how much ink stands out of an area, in the direction in which it stands out most.
 double Overshoot(const SheetPlace& ink, double left, double top, double right, double bottom) {
@@ -399,7 +352,7 @@ Findings CheckDocument(const state::AppState& state, machine::Platform& platform
     const machine::SheetArea area = sheet.value_or(StationeryOf(current.State));
     LetterMeasures measures(platform.Fonts);
     DrawnDocument document(measures, area);
-    Draw(current.State, platform, intent, area, document);
+    DrawForChecking(current.State, platform, intent, area, document);
     DocumentCheck(current.State, platform, intent, area, document, findings).Check();
     SortFindings(findings);
     return findings;

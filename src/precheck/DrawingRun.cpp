@@ -1,0 +1,65 @@
+#include "precheck/DrawingRun.h"
+
+#include <algorithm>
+#include <cstdint>
+#include <string>
+
+#include "composition/DocumentRun.h"
+#include "composition/OpenPrinter.h"
+#include "composition/PrinterMeasures.h"
+#include "composition/RunHost.h"
+#include "composition/SurfaceRules.h"
+#include "machine/Platform.h"
+#include "precheck/DrawnDocument.h"
+#include "precheck/SheetPrinter.h"
+#include "precheck/SteadyChance.h"
+#include "state/AppState.h"
+
+namespace precheck {
+
+namespace {
+
+constexpr std::int32_t MostForms = 250;
+
+/// A run that nobody watches.
+class NoHost final : public composition::RunHost {
+  public:
+    std::string CountText() override { return {}; }
+    void SetCountText(const std::string&) override {}
+    void UpdatePercentage(std::int16_t) override {}
+    void OpenPreview(std::int16_t) override {}
+    void ShowPreview() override {}
+};
+
+} // namespace
+
+void DrawForChecking(state::AppState& state, const machine::Platform& real, const Intent& intent,
+                     const machine::SheetArea& sheet, DrawnDocument& document) {
+    // The order of the steps is that of the print manager and of ComposeDocument.
+    SheetPrinters printers;
+    SheetPrinter printer(sheet, document.Paper());
+    SteadyChance chance;
+    machine::Platform platform = {real.Desktop, real.Registry,         real.Locale, real.Clock,
+                                  chance,       real.Spooler,          printers,    printer,
+                                  real.Bitmaps, real.WindowProcedures, real.Fonts};
+    DrawnSurface surface(printer.Drawing, document);
+    state.PrinterOrientation = intent.Orientation;
+    state.LeftMargin = intent.Orientation == machine::Landscape ? composition::LeftMarginLandscape
+                                                                : composition::LeftMarginPortrait;
+    composition::LeesPrinterMaten(state, platform);
+    state.Surface = &surface;
+    surface.SetFontSize(composition::ListFontPoints);
+    state.SurfaceWidth = state.PageWidth;
+    state.SurfaceHeight = state.PageHeight;
+    state.SurfaceLeft = 0;
+    state.SurfaceTop = 0;
+
+    NoHost host;
+    const std::int32_t copies = std::clamp<std::int32_t>(intent.Copies, 0, MostForms);
+    const std::int32_t forms = std::min(intent.Forms, MostForms / std::max(copies, 1));
+    composition::DrawDocument(state, platform, host, intent.Document, forms,
+                              static_cast<std::int16_t>(copies));
+    state.Surface = nullptr;
+}
+
+} // namespace precheck
