@@ -12,6 +12,7 @@
 #include "desktop/qt/QtPrinter.h"
 #include "desktop/qt/QtPrinters.h"
 #include "desktop/regfile/RegFileStore.h"
+#include "machine/Audience.h"
 #include "machine/Platform.h"
 #include "machine/SeededRandom.h"
 
@@ -30,8 +31,9 @@ class DutchApplication final : public QApplication {
 /// The Linux desktop: everything outside the program that it works with.
 class QtPlatform {
   public:
-    /// Both must live as long as the object.
-    QtPlatform(int& argc, char** argv) : application_(argc, argv) {}
+    /// `argc` and `argv` must live as long as the object.
+    QtPlatform(int& argc, char** argv, machine::Audience audience = machine::Audience::User)
+        : application_(argc, argv), audience_(audience) {}
     QtPlatform(const QtPlatform&) = delete;
     QtPlatform& operator=(const QtPlatform&) = delete;
 
@@ -41,19 +43,22 @@ class QtPlatform {
     void Run() { desktop_.Run(); }
 
   private:
+    void Tell(const std::string& text, const std::string& title) {
+        if (audience_ == machine::Audience::User) {
+            desktop_.MsgBox(text, forms::MessageIcon::Critical, title);
+        }
+    }
+
     DutchApplication application_;
+    machine::Audience audience_;
     QtDesktop desktop_;
     regfile::RegFileStore registry_{regfile::DefaultSettingsPath(), regfile::SettingsBranch,
-                                    [this](const std::string& text) {
-                                        desktop_.MsgBox(text, forms::MessageIcon::Critical, "Instellingen");
-                                    }};
+                                    [this](const std::string& text) { Tell(text, "Instellingen"); }};
     QtLocale locale_;
     QtClock clock_;
     machine::SeededRandom random_;
     QtPrinters printers_;
-    QtPrinter printer_{printers_, [this](const std::string& text) {
-                           desktop_.MsgBox(text, forms::MessageIcon::Critical, "Afdrukken");
-                       }};
+    QtPrinter printer_{printers_, [this](const std::string& text) { Tell(text, "Afdrukken"); }};
     cups::CupsSpooler spooler_{printers_};
     QtBitmaps bitmaps_;
     QtPrintFonts fonts_;

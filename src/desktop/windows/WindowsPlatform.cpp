@@ -61,17 +61,25 @@ void WinWindowProcedures::HandlerFailed() {
 } // namespace
 
 struct WindowsPlatform::Parts {
+    explicit Parts(machine::Audience audience) : Audience(audience) {}
+
+    void Tell(const std::string& text, forms::MessageIcon icon, const std::string& title) {
+        if (Audience == machine::Audience::User) {
+            Desktop.MsgBox(text, icon, title);
+        }
+    }
+
+    machine::Audience Audience;
     WinDesktop Desktop;
     WinRegistry Registry{[this](const std::string& text) {
-        Desktop.MsgBox(text, forms::MessageIcon::Exclamation, "Drukkeuring acceptgiro's");
+        Tell(text, forms::MessageIcon::Exclamation, "Drukkeuring acceptgiro's");
     }};
     WinLocale Locale;
     WinClock Clock;
     machine::SeededRandom Random;
     WinPrinters Printers;
-    WinPrinter Printer{Printers, [this](const std::string& text) {
-                           Desktop.MsgBox(text, forms::MessageIcon::Critical, "Afdrukken");
-                       }};
+    WinPrinter Printer{
+        Printers, [this](const std::string& text) { Tell(text, forms::MessageIcon::Critical, "Afdrukken"); }};
     WinSpooler Spooler;
     WinBitmaps Bitmaps;
     WinPrintFonts PrintFonts;
@@ -80,7 +88,7 @@ struct WindowsPlatform::Parts {
                                Printers, Printer,  Bitmaps, Procedures, PrintFonts};
 };
 
-WindowsPlatform::WindowsPlatform() : parts_(std::make_unique<Parts>()) {}
+WindowsPlatform::WindowsPlatform(machine::Audience audience) : parts_(std::make_unique<Parts>(audience)) {}
 
 WindowsPlatform::~WindowsPlatform() = default;
 

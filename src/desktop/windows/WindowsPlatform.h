@@ -2,6 +2,8 @@
 
 #include <memory>
 
+#include "machine/Audience.h"
+
 namespace machine {
 struct Platform;
 }
@@ -11,7 +13,7 @@ namespace desktop::windows {
 /// The Windows desktop: everything outside the program that it works with.
 class WindowsPlatform {
   public:
-    WindowsPlatform();
+    explicit WindowsPlatform(machine::Audience audience = machine::Audience::User);
     ~WindowsPlatform();
     WindowsPlatform(const WindowsPlatform&) = delete;
     WindowsPlatform& operator=(const WindowsPlatform&) = delete;
