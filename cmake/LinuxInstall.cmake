@@ -11,7 +11,7 @@ if(NOT RSVG_CONVERT OR NOT GZIP OR NOT TARGET handbook)
 endif()
 
 # Each has a manual in English and one in Dutch: packaging/linux/NAME.1.in and NAME.nl.1.in.
-set(INSTALLED_PROGRAMS drukkeuring)
+set(INSTALLED_PROGRAMS drukkeuring drukkeuring-voorcontrole)
 
 set(LINUX_PACKAGING ${CMAKE_SOURCE_DIR}/packaging/linux)
 set(DEBIAN_PACKAGING ${CMAKE_SOURCE_DIR}/packaging/debian)

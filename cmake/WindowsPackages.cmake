@@ -5,7 +5,7 @@ if(NOT MAKENSIS OR NOT TARGET handbook)
   return()
 endif()
 
-set(INSTALLED_PROGRAMS drukkeuring)
+set(INSTALLED_PROGRAMS drukkeuring drukkeuring-voorcontrole)
 
 set(SETUP ${PACKAGE_FOLDER}/drukkeuring-setup-${PROJECT_VERSION}.exe)
 set(PROGRAM_ZIP ${PACKAGE_FOLDER}/drukkeuring-${PROJECT_VERSION}-windows.zip)
