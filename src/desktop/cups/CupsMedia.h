@@ -17,6 +17,14 @@ struct SizeRange {
     SheetSize Most;
 };
 
+/// An option of the PPD that can put more on the paper than the document, and that no job says.
+struct ImposingOption {
+    std::string Keyword;
+    std::string Name;                           ///< as the driver words it
+    std::string Preset;                         ///< the choice where the user has none
+    std::map<std::string, std::string> Choices; ///< those that do, with their wording
+};
+
 /// What a queue offers, and what it takes where nobody chooses.
 struct CupsMedia {
     std::vector<Paper> Papers;
@@ -31,6 +39,9 @@ struct CupsMedia {
 
     /// Options of the PPD that would change a document's pages, with the choice that leaves them as they are.
     std::map<std::string, std::string> PlainChoices;
+    std::vector<ImposingOption> Imposing;
+
+    std::string Resolution; ///< where nobody chooses, as the PPD words it ("600x300dpi")
 };
 
 /// Papers and bins of a queue by the answer to a Get-Printer-Attributes request and its PPD file, which has

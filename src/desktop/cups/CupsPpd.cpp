@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <memory>
 #include <string_view>
+#include <utility>
 
 #include <cups/cups.h>
 #include <cups/ppd.h>
@@ -13,6 +14,7 @@
 #include "desktop/cups/PageOptions.h"
 #include "desktop/cups/PaperTable.h"
 #include "desktop/cups/PossiblePaper.h"
+#include "desktop/cups/QueueDefaults.h"
 
 // The attributes that are to replace PPD files do not have the wording of their papers and bins.
 #pragma GCC diagnostic ignored "-Wdeprecated-declarations"
@@ -142,7 +144,18 @@ bool IsOfDocuments(const ppd_group_t& group) {
     return !std::string_view(group.name).starts_with("Installable");
 }
 
-void ReadPlainChoices(const ppd_group_t& group, CupsMedia& media) {
+void ReadImposing(const ppd_option_t& option, const std::vector<std::string>& choices, CupsMedia& media) {
+    ImposingOption imposing{option.keyword, option.text, option.defchoice, {}};
+    for (const std::string& choice : ImposingChoices(option.keyword, choices)) {
+        const auto place = std::find(choices.begin(), choices.end(), choice) - choices.begin();
+        imposing.Choices[choice] = option.choices[place].text;
+    }
+    if (!imposing.Choices.empty()) {
+        media.Imposing.push_back(std::move(imposing));
+    }
+}
+
+void ReadPageOptions(const ppd_group_t& group, CupsMedia& media) {
     for (int i = 0; i < group.num_options; ++i) {
         const ppd_option_t& option = group.options[i];
         std::vector<std::string> choices;
@@ -152,10 +165,24 @@ void ReadPlainChoices(const ppd_group_t& group, CupsMedia& media) {
         }
         if (const std::string plain = PlainChoice(option.keyword, choices); !plain.empty()) {
             media.PlainChoices[option.keyword] = plain;
+        } else {
+            ReadImposing(option, choices, media);
         }
     }
     for (int i = 0; i < group.num_subgroups; ++i) {
-        ReadPlainChoices(group.subgroups[i], media);
+        ReadPageOptions(group.subgroups[i], media);
+    }
+}
+
+void ReadResolution(ppd_file_t* ppd, CupsMedia& media) {
+    for (const char* name : ResolutionOptions) {
+        if (const ppd_option_t* option = ppdFindOption(ppd, name); DotsIn(media.Resolution) == 0 && option) {
+            media.Resolution = option->defchoice;
+        }
+    }
+    if (const ppd_attr_t* attribute = ppdFindAttr(ppd, "DefaultResolution", nullptr);
+        DotsIn(media.Resolution) == 0 && attribute != nullptr && attribute->value != nullptr) {
+        media.Resolution = attribute->value;
     }
 }
 
@@ -173,9 +200,10 @@ CupsMedia MediaOfPpd(const std::string& file) {
     ReadBins(ppd.get(), media);
     for (int i = 0; i < ppd->num_groups; ++i) {
         if (IsOfDocuments(ppd->groups[i])) {
-            ReadPlainChoices(ppd->groups[i], media);
+            ReadPageOptions(ppd->groups[i], media);
         }
     }
+    ReadResolution(ppd.get(), media);
     return media;
 }
 

@@ -14,6 +14,7 @@
 #include "desktop/cups/CupsStatus.h"
 #include "desktop/cups/PaperTable.h"
 #include "desktop/cups/PpdFile.h"
+#include "desktop/cups/QueueDefaults.h"
 
 namespace desktop::cups {
 
@@ -45,10 +46,11 @@ constexpr std::array<const char*, 9> ListAttributes = {
     "printer-is-accepting-jobs",
 };
 /// What one queue is to tell besides.
-constexpr std::array<const char*, 9> StateAttributes = {
-    "copies-default",  "printer-up-time",      "printer-config-change-time",
-    "media-default",   "media-col-default",    "media-source-supported",
-    "media-supported", "media-size-supported", "media-col-database",
+constexpr std::array<const char*, 11> StateAttributes = {
+    "job-sheets-default",   "printer-resolution-default", "copies-default",
+    "printer-up-time",      "printer-config-change-time", "media-default",
+    "media-col-default",    "media-source-supported",     "media-supported",
+    "media-size-supported", "media-col-database",
 };
 
 long NumberOf(const CupsAttributes& attributes, const std::string& name) {
@@ -131,6 +133,9 @@ FoundQueues FindCupsQueues(const std::shared_ptr<CupsServer>& server) {
             found.Answered = answer != nullptr || cupsLastError() == IPP_STATUS_ERROR_NOT_FOUND;
         }
     }
+    if (found.Answered) {
+        server->NoteAnswer();
+    }
     if (answer == nullptr) {
         return found;
     }
@@ -199,7 +204,9 @@ bool CupsQueue::Refresh() {
     OfferOwnSheet(media_, OwnSizeIn(server_->Defaults().Options(name_)));
     KeepNumbers(media_, server_->Numbers(name_));
     known_ = std::move(attributes);
+    server_->Told(name_) = {media_, known_};
     answered_ = std::chrono::steady_clock::now();
+    server_->NoteAnswer();
     return true;
 }
 
@@ -218,8 +225,12 @@ std::uint32_t CupsQueue::Status() {
 machine::PrinterCondition CupsQueue::Condition() {
     machine::PrinterCondition condition;
     condition.Name = name_;
-    condition.Reachable = !isAsked_ || (answered_ && !server_->HasFailedSince(*answered_));
+    condition.Reachable = (answered_ || !isAsked_) && !server_->IsSilent();
     condition.Status = KnownStatus();
+    const ToldByQueue& told = server_->Told(name_);
+    const CupsOptions own = server_->Defaults().Options(name_);
+    condition.DotsPerInch = DotsPerInchOf(told.Media, own, told.Attributes);
+    condition.Imposed = ImposedOn(told.Media, own, told.Attributes);
     return condition;
 }
 

@@ -27,7 +27,7 @@ class CupsQueue : public PrintQueue {
     bool ReachableNow() override { return Refresh(); }
     std::uint32_t Status() override;
     machine::PrinterCondition Condition() override;
-    const std::vector<Paper>& KnownPapers() override { return media_.Papers; }
+    const std::vector<Paper>& KnownPapers() override { return server_->Told(name_).Media.Papers; }
 
     const std::vector<Paper>& Papers() override { return Media().Papers; }
     const std::vector<Bin>& Bins() override { return Media().Bins; }

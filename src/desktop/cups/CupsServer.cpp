@@ -27,6 +27,13 @@ std::string TextOf(ipp_attribute_t* attribute, int index) {
         return std::to_string(ippGetInteger(attribute, index));
     case IPP_TAG_BOOLEAN:
         return ippGetBoolean(attribute, index) != 0 ? "true" : "false";
+    case IPP_TAG_RESOLUTION: {
+        int down = 0;
+        ipp_res_t unit = IPP_RES_PER_INCH;
+        const int across = ippGetResolution(attribute, index, &down, &unit);
+        return std::to_string(across) + 'x' + std::to_string(down) +
+               (unit == IPP_RES_PER_INCH ? "dpi" : "dpcm");
+    }
     default: {
         const char* text = ippGetString(attribute, index, nullptr);
         return text == nullptr ? "" : text;

@@ -33,6 +33,12 @@ struct FreeIpp {
 };
 using IppMessage = std::unique_ptr<ipp_t, FreeIpp>;
 
+/// What a queue has told last, for as long as the program runs.
+struct ToldByQueue {
+    CupsMedia Media;
+    std::map<std::string, std::string> Attributes;
+};
+
 /// The print server of this machine, with a bound to how long it may hold up the program.
 ///
 /// The client library's own calls for queues and jobs open further connections where the first one fails, and
@@ -60,12 +66,18 @@ class CupsServer {
     /// Has the server been found not to answer after this moment?
     bool HasFailedSince(std::chrono::steady_clock::time_point moment) const { return lastFailure_ > moment; }
 
+    /// An answer has come.
+    void NoteAnswer() { lastAnswer_ = Clock::now(); }
+    /// Was it found not to answer, and has it not answered since?
+    bool IsSilent() const { return lastFailure_ > lastAnswer_; }
+
     const SystemReason& Reason() const { return reason_; }
     const UserDefaults& Defaults() const { return defaults_; }
     /// What the program has written as a queue's stored settings, for as long as it runs.
     StoredChoice& Chosen(const std::string& queue) { return chosen_[queue]; }
     /// What a queue's papers and bins are called, for as long as the program runs.
     MediaNumbers& Numbers(const std::string& queue) { return numbers_[queue]; }
+    ToldByQueue& Told(const std::string& queue) { return told_[queue]; }
 
   private:
     friend struct CloseHttp;
@@ -83,8 +95,10 @@ class CupsServer {
     std::chrono::milliseconds spent_{0}; ///< on slow answers, lately
     Clock::time_point lastSpent_;
     Clock::time_point lastFailure_;
+    Clock::time_point lastAnswer_;
     std::map<std::string, MediaNumbers> numbers_;
     std::map<std::string, StoredChoice> chosen_;
+    std::map<std::string, ToldByQueue> told_;
     UserDefaults defaults_;
 };
 

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <array>
 #include <cctype>
+#include <iterator>
 #include <span>
 
 namespace desktop::cups {
@@ -125,6 +126,10 @@ bool Holds(std::string_view name, std::string_view part) {
     return name.find(part) != std::string_view::npos;
 }
 
+bool Contains(Names names, std::string_view name) {
+    return std::find(names.begin(), names.end(), name) != names.end();
+}
+
 bool HoldsAny(std::string_view name, Names parts) {
     return std::any_of(parts.begin(), parts.end(),
                        [name](std::string_view part) { return Holds(name, part); });
@@ -148,6 +153,20 @@ Names ChoicesOfKind(std::string_view name) {
     return kind == Kinds.end() ? Names() : kind->Choices;
 }
 
+/// Parts of the plain names of options that change what stands on the paper.
+constexpr std::array<std::string_view, 25> Imposing = {
+    "watermark",  "wtrmrk",     "wmtext",        "overlay",     "datestamp",     "headerfooter",
+    "croplines",  "cropmark",   "orientovr",     "rotat",       "negativeprint", "orientationoverride",
+    "shiftfront", "imageshift", "imageposition", "marginshift", "slipsheet",     "combination",
+    "frontcover", "backcover",  "coverpage",     "covermode",   "mcover",        "interleav",
+    "insertsheet"};
+/// Parts of the names of others that are no matter of the page.
+constexpr std::array<std::string_view, 3> NotImposing = {"autorotat", "collat", "envrotat"};
+/// Choices that leave pages alone, besides those of Off, or leave them to the printer.
+constexpr std::array<std::string_view, 9> LeftAlone = {"default",         "printerdefault", "printers",
+                                                       "printersettings", "auto",           "marginnone",
+                                                       "rotate0",         "0degrees",       "autorotate"};
+
 /// What a filter takes for the first page alone, as its bin.
 constexpr std::string_view OfFirstPage = "apfirstpage";
 
@@ -162,8 +181,7 @@ bool IsTwoSided(std::string_view choice) {
 
 bool ChangesPages(std::string_view option) {
     const std::string name = PlainName(option);
-    return std::find(ServerNames.begin(), ServerNames.end(), name) != ServerNames.end() ||
-           name.starts_with(OfFirstPage) || !ChoicesOfKind(name).empty();
+    return Contains(ServerNames, name) || name.starts_with(OfFirstPage) || !ChoicesOfKind(name).empty();
 }
 
 std::string PlainChoice(std::string_view option, const std::vector<std::string>& choices) {
@@ -182,6 +200,23 @@ std::string PlainChoice(std::string_view option, const std::vector<std::string>&
         }
     }
     return {};
+}
+
+std::vector<std::string> ImposingChoices(std::string_view option, const std::vector<std::string>& choices) {
+    const std::string name = PlainName(option);
+    const bool isPageCount = Holds(name, "nuppages");
+    if ((!HoldsAny(name, Imposing) && !isPageCount) || HoldsAny(name, NotImposing) ||
+        HoldsAny(name, UsersOwn)) {
+        return {};
+    }
+    std::vector<std::string> imposing;
+    std::copy_if(choices.begin(), choices.end(), std::back_inserter(imposing), [&](const std::string& each) {
+        const std::string plain = PlainName(each);
+        return !Contains(isPageCount ? Names(OneUp) : Names(Off), plain) && !Contains(LeftAlone, plain);
+    });
+    // Without a choice that leaves the document alone, the option only tells how something would look that
+    // another one brings about.
+    return imposing.size() < choices.size() ? imposing : std::vector<std::string>();
 }
 
 } // namespace desktop::cups

@@ -16,4 +16,9 @@ bool ChangesPages(std::string_view option);
 /// choices tell.
 std::string PlainChoice(std::string_view option, const std::vector<std::string>& choices);
 
+/// Those choices of a driver's option that put more on the paper than the document, move it or turn it: a
+/// watermark, a cover, a shifted margin. None if the option is of another kind, or has no choice that leaves
+/// the document alone. No document says anything about these.
+std::vector<std::string> ImposingChoices(std::string_view option, const std::vector<std::string>& choices);
+
 } // namespace desktop::cups

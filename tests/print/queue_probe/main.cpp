@@ -13,7 +13,8 @@
 // A paper or bin is given by its name, its number or its choice in the PPD; without, it is the one that the
 // program would show first. --own are options as `lpoptions` has them. The answer has "papers" (id, name,
 // ppd, pwg, width, height, left, top, right and bottom margin in millimetres), "bins" (id, name, option, ppd,
-// pwg), "default" (paper, bin, orientation) and "job": the paper, the bin and all options of the job.
+// pwg), "default" (paper, bin, orientation), "job": the paper, the bin and all options of the job, "dpi" and
+// "imposed": what no job overrides.
 // The end is 0, or 1 with a word on the standard error where the queue or the choice is not there.
 #include <algorithm>
 #include <clocale>
@@ -35,6 +36,7 @@
 #include "desktop/cups/CupsChoice.h"
 #include "desktop/cups/CupsQueue.h"
 #include "desktop/cups/OptionLine.h"
+#include "desktop/cups/QueueDefaults.h"
 #include "desktop/qt/QtPrinters.h"
 
 namespace {
@@ -85,6 +87,14 @@ QJsonArray JsonList(const std::vector<Item>& items) {
     QJsonArray list;
     for (const Item& item : items) {
         list.append(Json(item));
+    }
+    return list;
+}
+
+QJsonArray Texts(const std::vector<std::string>& texts) {
+    QJsonArray list;
+    for (const std::string& text : texts) {
+        list.append(Text(text));
     }
     return list;
 }
@@ -145,8 +155,11 @@ QJsonObject ByPpd(const QString& file, const QString& own, const Wanted& wanted)
     }
     const desktop::cups::Paper& paper = Choose(media.Papers, wanted.Paper, settings.PaperId);
     const desktop::cups::Bin& bin = Choose(media.Bins, wanted.Bin, settings.BinId);
-    return Describe(media.Papers, media.Bins, settings, paper, bin,
-                    desktop::cups::JobOptions(media, options, {}, paper, &bin));
+    QJsonObject json = Describe(media.Papers, media.Bins, settings, paper, bin,
+                                desktop::cups::JobOptions(media, options, {}, paper, &bin));
+    json["dpi"] = desktop::cups::DotsPerInchOf(media, options, {});
+    json["imposed"] = Texts(desktop::cups::ImposedOn(media, options, {}));
+    return json;
 }
 
 /// Answers at once, so that the end of the program tells which file it could not read.
@@ -186,6 +199,9 @@ QJsonObject ByQueue(QtPrinters& printers, const QString& name, const QCommandLin
         Describe(queue->Papers(), queue->Bins(), settings, paper, bin,
                  cups == nullptr ? desktop::cups::CupsOptions() : cups->OptionsFor(paper, &bin));
     json["trouble"] = Text(queue->Trouble());
+    const machine::PrinterCondition condition = queue->Condition();
+    json["dpi"] = condition.DotsPerInch;
+    json["imposed"] = Texts(condition.Imposed);
     if (line.isSet("print")) {
         Send(*queue, paper, bin, line.value("print"), line.value("title"));
     }

@@ -324,6 +324,36 @@ TEST_F(PpdMediaTest, SaysNothingWhereThePpdKnowsNoDefault) {
     EXPECT_EQ(media.DefaultBin, media.Bins[0].Id);
 }
 
+TEST_F(PpdMediaTest, HasTheOptionsThatImposeOnPagesAndNoneOfWhatIsInstalled) {
+    const CupsMedia media =
+        Read({{"A4", "595 842"}}, "*OpenGroup: Extra\n*OpenUI *RIWatermark/Stempel: PickOne\n"
+                                  "*DefaultRIWatermark: On\n*RIWatermark Off/Uit: \"\"\n"
+                                  "*RIWatermark On/Aan: \"\"\n*CloseUI: *RIWatermark\n*CloseGroup: Extra\n"
+                                  "*OpenGroup: InstallableOptions\n*OpenUI *Inserter/Invoeger: PickOne\n"
+                                  "*DefaultInserter: On\n*Inserter Off: \"\"\n*Inserter On: \"\"\n"
+                                  "*CloseUI: *Inserter\n*CloseGroup: InstallableOptions\n");
+    ASSERT_EQ(media.Imposing.size(), 1U);
+    EXPECT_EQ(media.Imposing[0].Keyword, "RIWatermark");
+    EXPECT_EQ(media.Imposing[0].Name, "Stempel");
+    EXPECT_EQ(media.Imposing[0].Preset, "On");
+    EXPECT_EQ(media.Imposing[0].Choices, (std::map<std::string, std::string>{{"On", "Aan"}}));
+}
+
+TEST_F(PpdMediaTest, HasTheResolutionWhereverThePpdTellsIt) {
+    const auto dots = [this](const std::string& more) { return Read({{"A4", "595 842"}}, more).Resolution; };
+    EXPECT_EQ(dots(""), "");
+    EXPECT_EQ(dots("*DefaultResolution: 1200x600dpi\n"), "1200x600dpi");
+    EXPECT_EQ(dots("*OpenUI *Resolution: PickOne\n*DefaultResolution: 360x180dpi\n"
+                   "*Resolution 360x180dpi: \"\"\n*CloseUI: *Resolution\n"),
+              "360x180dpi");
+    EXPECT_EQ(dots("*OpenUI *JCLResolution: PickOne\n*DefaultJCLResolution: 300dpi\n"
+                   "*JCLResolution 300dpi: \"\"\n*CloseUI: *JCLResolution\n*DefaultResolution: 600dpi\n"),
+              "300dpi");
+    EXPECT_EQ(dots("*OpenUI *SetResolution: PickOne\n*DefaultSetResolution: Fine\n"
+                   "*SetResolution Fine: \"\"\n*CloseUI: *SetResolution\n*DefaultResolution: 600dpi\n"),
+              "600dpi");
+}
+
 TEST_F(PpdMediaTest, FindsTheBinsUnderAMakersOwnName) {
     for (const std::string name : {"HPPaperSource", "PaperSources"}) {
         const CupsMedia media =

@@ -36,6 +36,41 @@ TEST(PlainChoiceTest, HasNothingToDoWithQualityColourFinishingAndAccounting) {
     EXPECT_EQ(PlainChoice("Resolution", {"300dpi", "None"}), "");
 }
 
+struct ImposingCase {
+    const char* Option;
+    std::vector<std::string> Choices;
+    std::vector<std::string> Imposing;
+};
+
+TEST(ImposingChoicesTest, PutMoreOnThePaperOrMoveIt) {
+    const std::vector<ImposingCase> cases = {
+        {"RIWatermark", {"Off", "On"}, {"On"}},
+        {"ARWMText", {"None", "WMText1", "WMText2"}, {"WMText1", "WMText2"}},
+        {"ARMarginShift", {"MarginNone", "MarginSmall"}, {"MarginSmall"}},
+        {"JobRotate", {"None", "Rotate0", "Rotate90"}, {"Rotate90"}},
+        {"Combination", {"None", "Booklet", "2in1"}, {"Booklet", "2in1"}},
+        {"NUpPages", {"1up", "2up"}, {"2up"}},
+        {"JCLFrontCoverOption", {"None", "1SidedPrinted"}, {"1SidedPrinted"}},
+        {"LXOverlay", {"PrinterS", "On", "Off"}, {"On"}}, // the printer's own setting is not known
+    };
+    for (const ImposingCase& each : cases) {
+        EXPECT_EQ(ImposingChoices(each.Option, each.Choices), each.Imposing) << each.Option;
+    }
+}
+
+TEST(ImposingChoicesTest, AreNoneOfAnOptionThatOnlyTellsHowAnotherOneLooks) {
+    EXPECT_TRUE(ImposingChoices("RIWMText", {"Confidential", "Copy"}).empty());
+    EXPECT_TRUE(ImposingChoices("HQFrontCoverPaperSource", {"MultiTray", "1Tray"}).empty());
+    EXPECT_TRUE(ImposingChoices("Watermark", {}).empty());
+}
+
+TEST(ImposingChoicesTest, AreNoMatterOfFinishingColourOrTrays) {
+    for (const char* option : {"KMRotateCollate", "JCLJamRecovery", "ARCOverP", "HPAutorotate",
+                               "PerfectBindingCoverPage", "Duplex", "Resolution"}) {
+        EXPECT_TRUE(ImposingChoices(option, {"None", "On"}).empty()) << option;
+    }
+}
+
 TEST(ChangesPagesTest, KnowsNamesOfServerFiltersAndMakersInAnyCase) {
     for (const char* option : {"sides",
                                "number-up",

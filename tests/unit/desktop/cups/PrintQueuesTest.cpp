@@ -41,6 +41,48 @@ TEST_F(PrintQueuesTest, HasTheDesktopsOwnPrinterLast) {
     EXPECT_EQ(Printers.Find("kantoor"), nullptr);
 }
 
+TEST_F(PrintQueuesTest, TellsTheSheetOfAPaperAsItIsDrawnOn) {
+    Paper paper = NewPaper(300, "Strook", 5000, 9000);
+    paper.Left = 100;
+    paper.Top = 200;
+    paper.Right = 300;
+    paper.Bottom = 400;
+    Own->PaperList = {NewPaper(9, "A4", 11906, 16838), paper};
+    const std::optional<machine::SheetArea> upright = Printers.SheetOf(2, 300, machine::Portrait);
+    ASSERT_TRUE(upright);
+    EXPECT_EQ(upright->Width, 5000);
+    EXPECT_EQ(upright->Height, 9000);
+    EXPECT_EQ(upright->Left, 100);
+    EXPECT_EQ(upright->Top, 200);
+    EXPECT_EQ(upright->Right, 4700);
+    EXPECT_EQ(upright->Bottom, 8600);
+    const std::optional<machine::SheetArea> onItsSide = Printers.SheetOf(2, 300, machine::Landscape);
+    ASSERT_TRUE(onItsSide);
+    EXPECT_EQ(onItsSide->Width, 9000);
+    EXPECT_EQ(onItsSide->Height, 5000);
+    EXPECT_EQ(onItsSide->Left, 400); // its foot
+    EXPECT_EQ(onItsSide->Top, 100);
+    EXPECT_EQ(onItsSide->Right, 8800);
+    EXPECT_EQ(onItsSide->Bottom, 4700);
+}
+
+TEST_F(PrintQueuesTest, TellsNoSheetWhereNobodyKnowsIt) {
+    Paper standIn = NewPaper(9, "A4", 11906, 16838);
+    standIn.StandIn = true;
+    Own->PaperList = {standIn};
+    EXPECT_FALSE(Printers.SheetOf(2, 9, machine::Portrait));
+    EXPECT_FALSE(Printers.SheetOf(2, 300, machine::Portrait));
+    EXPECT_FALSE(Printers.SheetOf(0, 9, machine::Portrait));
+    EXPECT_THROW(Printers.SheetOf(3, 9, machine::Portrait), base::RuntimeError);
+    EXPECT_THROW(Printers.SheetOf(-1, 9, machine::Portrait), base::RuntimeError);
+}
+
+TEST_F(PrintQueuesTest, TellsTheConditionOfEach) {
+    EXPECT_EQ(Printers.Condition(1).Name, "Archief");
+    EXPECT_EQ(Printers.Condition(2).Name, "Eigen");
+    EXPECT_THROW(Printers.Condition(3), base::RuntimeError);
+}
+
 TEST_F(PrintQueuesTest, TakesItsOwnForTheDefaultWhereTheUserHasNone) {
     EXPECT_EQ(Printers.DefaultIndex(), 2);
     Default = 1;
