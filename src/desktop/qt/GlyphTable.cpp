@@ -2,6 +2,7 @@
 
 #include <QByteArray>
 #include <QGlyphRun>
+#include <QPainterPath>
 #include <QTextLayout>
 #include <QtEndian>
 
@@ -94,7 +95,13 @@ const QRectF& GlyphTable::InkOf(char32_t code) {
         inks_.clear();
     }
     const Glyph& glyph = Of(code);
-    return inks_[code] = glyph.Visible ? faces_[glyph.Face].boundingRect(glyph.Index) : QRectF();
+    if (!glyph.Visible) {
+        return inks_[code] = QRectF();
+    }
+    const QPainterPath outline = faces_[glyph.Face].pathForGlyph(glyph.Index);
+    // The face's own box goes by the handles of its curves as well. A bitmap font has no other.
+    return inks_[code] =
+               outline.isEmpty() ? faces_[glyph.Face].boundingRect(glyph.Index) : outline.boundingRect();
 }
 
 GlyphTable::Glyph GlyphTable::Make(char32_t code) {

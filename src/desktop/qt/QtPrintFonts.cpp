@@ -1,5 +1,6 @@
 #include "desktop/qt/QtPrintFonts.h"
 
+#include <QFontInfo>
 #include <QRawFont>
 #include <QRectF>
 
@@ -9,9 +10,21 @@
 
 namespace desktop::qt {
 
+namespace {
+
+/// Any will do.
+constexpr double PlainSize = 10;
+
+/// Of a font without a name the face knows no name either; the toolkit does, with the maker's in brackets.
+QString FamilyWithoutName() {
+    return QFontInfo(DesignFont({})).family().section(QStringLiteral(" ["), 0, 0);
+}
+
+} // namespace
+
 std::string QtPrintFonts::FamilyFor(const std::string& name) {
-    const machine::FontSpec font{name, 10, false};
-    const std::string printed = FromQString(tables_.Of(font).Face(0).familyName());
+    const QString family = tables_.Of({name, PlainSize, false}).Face(0).familyName();
+    const std::string printed = FromQString(family.isEmpty() ? FamilyWithoutName() : family);
     return IsSameFamily(name, printed) ? name : printed;
 }
 
