@@ -50,6 +50,9 @@ class Batch {
                                      {.iMethod = composition::DocumentTestForms});
     }
 
+    machine::Platform& Services() { return services_; }
+    const state::AppState& State() const { return state_; }
+
   private:
     memory::MemoryPlatform memory_;
     machine::SeededRandom chance_{1};

@@ -1,6 +1,6 @@
 """Compares the program's PDF batch with the least that its toolkit needs for the same texts, in one run side by side.
 
-compare.py PDF_BATCH [BENCH_COMPOSITION [BENCH_PREVIEW]]
+compare.py PDF_BATCH [BENCH_COMPOSITION [BENCH_PREVIEW [BENCH_PRECHECK]]]
 """
 
 import json
@@ -36,13 +36,25 @@ def verdict(name, value, goal, unit=""):
     return value <= goal
 
 
-def compare_preview(program):
-    """The rounds of the ways take turns here too."""
+def cpu_medians(program):
+    """Medians by benchmark, in its own unit; the rounds of the ways take turns here too."""
     output = subprocess.run([program, "--benchmark_format=json", f"--benchmark_repetitions={ROUNDS}",
                              "--benchmark_min_time=0.05", "--benchmark_enable_random_interleaving=true"],
                             check=True, capture_output=True, text=True).stdout
-    median = {run["run_name"]: run["cpu_time"] / 1000 for run in json.loads(output)["benchmarks"]
-              if run.get("aggregate_name") == "median"}
+    return {run["run_name"]: run["cpu_time"] for run in json.loads(output)["benchmarks"]
+            if run.get("aggregate_name") == "median"}
+
+
+def compare_precheck(program):
+    median = cpu_medians(program)
+    good = verdict("looking at the settings", median["CheckSettings"], 5, "ms")
+    good &= verdict("looking at the batch", median["CheckDocument"], 50, "ms")
+    good &= verdict("the same against composing it", median["CheckDocument"] / median["Compose"], 3)
+    return good
+
+
+def compare_preview(program):
+    median = {name: microseconds / 1000 for name, microseconds in cpu_medians(program).items()}
     print(f"opening and closing a preview: {median['OpenAndClose']:.2f} ms, another picture on the screen: "
           f"{median['PictureChangeOnScreen']:.3f} ms")
     good = verdict("page change", median["PageChange"], 1, "ms")
@@ -74,6 +86,8 @@ def main():
                 print(f"composing: {run['per_form'] * 1e6:.2f} us a form, {run['per_text'] * 1e9:.0f} ns a text")
     if len(sys.argv) > 3:
         good &= compare_preview(sys.argv[3])
+    if len(sys.argv) > 4:
+        good &= compare_precheck(sys.argv[4])
     return 0 if good else 1
 
 

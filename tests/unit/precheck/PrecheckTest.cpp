@@ -1,6 +1,9 @@
 #include "PrecheckTest.h"
 
+#include "base/Text.h"
+#include "machine/SeededRandom.h"
 #include "memory/Recorder.h"
+#include "precheck/Wording.h"
 
 namespace precheck {
 
@@ -60,6 +63,68 @@ TEST_F(CheckAllTest, NothingIsTouched) {
     EXPECT_EQ(memory.printer.Drawing.Font, font);
     EXPECT_EQ(state.Surface, nullptr);
     EXPECT_EQ(state.PageWidth, 0);
+}
+
+namespace {
+
+/// A text that a setting may hold: mostly a sensible one, else bytes of any kind.
+std::string AnyText(machine::RandomSource& random, std::string sensible) {
+    if (random.Rnd() < 0.7) {
+        return sensible;
+    }
+    std::string bytes(static_cast<std::size_t>(random.Rnd() * 60), ' ');
+    for (char& byte : bytes) {
+        byte = static_cast<char>(random.Rnd() * 256);
+    }
+    return bytes;
+}
+
+bool IsOneLineOfText(const std::string& sentence) {
+    for (std::string_view rest = sentence; !rest.empty();) {
+        const base::text::Decoded first = base::text::DecodeFirst(rest);
+        if (first.Code < U' ' || (first.Code == 0xFFFD && first.Bytes == 1)) {
+            return false;
+        }
+        rest.remove_prefix(first.Bytes);
+    }
+    return !sentence.empty();
+}
+
+} // namespace
+
+TEST_F(CheckAllTest, AnySettingsAreTakenAndToldInPlainSentences) {
+    machine::SeededRandom random(17);
+    const auto pick = [&](int count) { return static_cast<std::int16_t>(random.Rnd() * count); };
+    for (int round = 0; round < 200; ++round) {
+        for (const auto& block : state::CalibrationBlocks(state)) {
+            for (std::size_t place = 0; place < state::CalibratedPlaces; ++place) {
+                block.X[place] = AnyText(random, Decimal(random.Rnd() * 60 - 30, 2));
+                block.Y[place] = AnyText(random, Decimal(random.Rnd() * 60 - 30, 2));
+            }
+        }
+        state.GMUContractVorm = static_cast<std::int16_t>(30 + pick(6));
+        state.AcceptgiroType = pick(5);
+        state.GMUVerkeer = pick(4) != 0;
+        state.GMUFontSize = AnyText(random, std::to_string(pick(49)));
+        state.GMUFontName = AnyText(random, OcrFont);
+        state.IncassantBegunstigde = AnyText(random, "Stichting Proef");
+        state.IncassantWoonplaats = AnyText(random, "Testdam");
+        state.IncassantBankGiro = AnyText(random, "NL13ABNA0500000018");
+        Set("AcceptFontSizeNAW2", AnyText(random, "10"));
+        printer.Sheet = Sheet(100 + random.Rnd() * 200, 100 + random.Rnd() * 300, random.Rnd() * 20);
+        printer.Condition.Name = AnyText(random, "Laser");
+        intent = {.Document = static_cast<std::int16_t>(1 + pick(3)),
+                  .Forms = pick(8),
+                  .Copies = static_cast<std::int16_t>(pick(4) - 1)};
+        const Findings findings = All();
+        EXPECT_TRUE(std::is_sorted(findings.begin(), findings.end(), [](const auto& one, const auto& other) {
+            return one.Gravity < other.Gravity;
+        }));
+        for (const Finding& finding : findings) {
+            EXPECT_TRUE(IsOneLineOfText(finding.Wrong)) << testing::PrintToString(finding);
+            EXPECT_TRUE(IsOneLineOfText(finding.Mend)) << testing::PrintToString(finding);
+        }
+    }
 }
 
 TEST_F(CheckAllTest, TheSameIsFoundAtAnyMoment) {
