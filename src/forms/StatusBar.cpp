@@ -25,4 +25,16 @@ void StatusBar::SetPanelWidth(int number, double width) {
     }
 }
 
+void StatusBar::SetFormEnd(double end) {
+    if (formEnd_ != end) {
+        formEnd_ = end;
+        Changed(Aspect::Geometry);
+    }
+}
+
+double StatusBar::LeastHeight() const {
+    constexpr double share = 0.8;
+    return formEnd_ ? share * Height() : Height();
+}
+
 } // namespace forms

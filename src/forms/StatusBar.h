@@ -1,5 +1,6 @@
 #pragma once
 
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -28,8 +29,15 @@ class StatusBar : public Control {
     void SetPanelText(int number, const std::string& text);
     void SetPanelWidth(int number, double width);
 
+    /// Where what stands above the bar ends, twips. The bar begins there: it becomes higher for that, or a
+    /// little lower.
+    void SetFormEnd(double end);
+    std::optional<double> FormEnd() const { return formEnd_; }
+    double LeastHeight() const;
+
   private:
     std::vector<StatusPanel> panels_;
+    std::optional<double> formEnd_;
 };
 
 } // namespace forms

@@ -50,7 +50,7 @@ frmPrintPreview::frmPrintPreview(forms::Session& session, machine::Platform& pla
       pictCurrentPage(*this, "pictCurrentPage", forms::Control::NoIndex, &pictPageContainer),
       pictHScroll(*this, "pictHScroll"), HScroll(*this, "HScroll", forms::ScrollBar::Direction::Horizontal,
                                                  ScrollStart, ScrollEnd, &pictHScroll),
-      pictEdge(*this, "pictEdge"), pictBottom(*this, "pictBottom"), pictVScroll(*this, "pictVScroll"),
+      pictEdge(*this, "pictEdge"), pictVScroll(*this, "pictVScroll"),
       VScroll(*this, "VScroll", forms::ScrollBar::Direction::Vertical, ScrollStart, ScrollEnd, &pictVScroll),
       cmdUp(*this, "cmdUp", &pictVScroll), cmdDown(*this, "cmdDown", &pictVScroll), Line5(*this, "Line5"),
       ToolbarContainer(*this, "ToolbarContainer"),

@@ -39,9 +39,8 @@ class frmPrintPreview : public forms::Form {
 
     forms::PictureBox pictHScroll;
     forms::ScrollBar HScroll;
-    /// Keep the sheet out of the strips beside the vertical bar and below the rule.
+    /// Keeps the sheet out of the strip beside the vertical bar.
     forms::PictureBox pictEdge;
-    forms::PictureBox pictBottom;
     forms::PictureBox pictVScroll;
     forms::ScrollBar VScroll;
     forms::cmdButtonXP cmdUp;

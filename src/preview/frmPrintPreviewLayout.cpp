@@ -67,7 +67,6 @@ void frmPrintPreview::LayOut() {
     HScroll.Move(0, 0, 6555, 255);
     HScroll.SetAccessibleName("Horizontaal schuiven");
     pictEdge.SetBackColor(forms::colour::ButtonFace);
-    pictBottom.SetBackColor(forms::colour::ButtonFace);
     pictVScroll.Move(7020, 720, 315, 3615);
     pictVScroll.SetBackColor(forms::colour::ButtonFace);
     VScroll.Move(0, 180, 255, 2535);
@@ -200,7 +199,7 @@ void frmPrintPreview::OnResize() {
     const double below =
         cmdDown.Top() + cmdDown.Height() + ToolbarContainer.Height() + ToolbarContainer.Top() + 15;
     Line5.SetEnds(Line5.X1(), below, Width(), below);
-    pictBottom.Move(0, below, Width(), Height());
+    StatusBar.SetFormEnd(below);
     Line5.BringToFront();
 }
 

@@ -1,3 +1,4 @@
+#include <algorithm>
 #include <vector>
 
 #include <QLabel>
@@ -60,8 +61,9 @@ void QtStatusBar::MirrorContent(forms::Aspect aspect) {
 
 void QtStatusBar::Place() {
     const QSize area = bar_->parentWidget()->size();
-    const int height = ToDots(model_.Height());
-    bar_->setGeometry(0, area.height() - height, area.width(), height);
+    const int end = model_.FormEnd() ? ToDots(*model_.FormEnd()) : area.height();
+    const int top = std::min(end, area.height() - ToDots(model_.LeastHeight()));
+    bar_->setGeometry(0, top, area.width(), area.height() - top);
 }
 
 } // namespace

@@ -1,3 +1,4 @@
+#include <algorithm>
 #include <vector>
 
 #include "desktop/windows/WideText.h"
@@ -48,7 +49,9 @@ void WinStatusBar::MirrorContent(forms::Aspect aspect) {
 
 void WinStatusBar::Place() {
     const SIZE area = Form().AreaSize();
-    MoveTo({0, area.cy - Form().Scaling().ToDots(model_.Height()), area.cx, area.cy});
+    const Scale& scale = Form().Scaling();
+    const LONG end = model_.FormEnd() ? scale.ToDots(*model_.FormEnd()) : area.cy;
+    MoveTo({0, std::min(end, area.cy - scale.ToDots(model_.LeastHeight())), area.cx, area.cy});
 }
 
 } // namespace

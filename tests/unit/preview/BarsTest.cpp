@@ -1,3 +1,5 @@
+#include <optional>
+
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
@@ -51,6 +53,15 @@ class BarsTest : public testing::Test {
     std::vector<int> pressed;
     std::vector<std::string> chosen;
 };
+
+TEST_F(BarsTest, AStatusBarThatBeginsWhereTheFormEndsMayBecomeALittleLower) {
+    form.status.SetHeight(300);
+    EXPECT_EQ(form.status.FormEnd(), std::nullopt);
+    EXPECT_EQ(form.status.LeastHeight(), 300);
+    form.status.SetFormEnd(5000);
+    EXPECT_EQ(form.status.FormEnd(), 5000);
+    EXPECT_EQ(form.status.LeastHeight(), 240);
+}
 
 TEST_F(BarsTest, AScrollBarReportsOnlyAChangeOfItsValue) {
     form.bar.SetValue(0);

@@ -146,6 +146,7 @@ TEST_F(WindowTest, ResizingPlacesTheBars) {
     EXPECT_EQ(Window().Line5.Y1(), Window().cmdDown.Top() + 240 + 675 + 15);
     EXPECT_EQ(Window().Line5.Y2(), Window().Line5.Y1());
     EXPECT_EQ(Window().Line5.X2(), 15000);
+    EXPECT_EQ(Window().StatusBar.FormEnd(), Window().Line5.Y1());
 }
 
 TEST_F(WindowTest, ResizingLeavesTravelAndPageAsTheyWere) {
