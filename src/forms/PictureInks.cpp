@@ -35,4 +35,10 @@ Colour InkOn(Colour drawn, Colour background) {
     }
 }
 
+Colour InkOff(Colour drawn, Colour background) {
+    constexpr double share = 0.4;
+    const bool sign = drawn == ink::Sign || drawn == ink::SignLit || drawn == ink::SignOff;
+    return sign ? InkOn(ink::SignOff, background) : Mixed(background, drawn, share);
+}
+
 } // namespace forms

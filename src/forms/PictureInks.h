@@ -21,4 +21,8 @@ inline constexpr std::array All{Sign, SignLit, SignOff, Field};
 /// A colour of a picture as it is shown on this background, a plain colour.
 Colour InkOn(Colour drawn, Colour background);
 
+/// The same on a button that cannot be pressed: a sign is that of all buttons that are off, and any other
+/// colour keeps near to the background.
+Colour InkOff(Colour drawn, Colour background);
+
 } // namespace forms

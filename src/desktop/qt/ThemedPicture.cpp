@@ -2,13 +2,10 @@
 
 #include <memory>
 
-#include <QApplication>
 #include <QFile>
 #include <QIconEngine>
 #include <QPainter>
 #include <QPixmap>
-#include <QStyle>
-#include <QStyleOption>
 #include <QSvgRenderer>
 
 #include "desktop/qt/Guarded.h"
@@ -23,7 +20,8 @@ namespace {
 /// Draws the picture anew for each size that a button asks for.
 class PictureEngine final : public QIconEngine {
   public:
-    PictureEngine(QByteArray plain, QByteArray lit) : plain_(std::move(plain)), lit_(std::move(lit)) {}
+    PictureEngine(QByteArray plain, QByteArray lit, QByteArray off)
+        : plain_(std::move(plain)), lit_(std::move(lit)), off_(std::move(off)) {}
 
     void paint(QPainter* painter, const QRect& area, QIcon::Mode mode, QIcon::State state) override {
         GuardedQuietly([&] {
@@ -45,18 +43,20 @@ class PictureEngine final : public QIconEngine {
         QPixmap drawn(size);
         drawn.fill(Qt::transparent);
         QPainter painter(&drawn);
-        QSvgRenderer(mode == QIcon::Active ? lit_ : plain_).render(&painter);
-        painter.end();
-        if (mode != QIcon::Disabled) {
-            return drawn;
+        QSvgRenderer(PictureOf(mode)).render(&painter);
+        return drawn;
+    }
+
+    const QByteArray& PictureOf(QIcon::Mode mode) const {
+        if (mode == QIcon::Disabled) {
+            return off_;
         }
-        QStyleOption option;
-        option.palette = QApplication::palette();
-        return QApplication::style()->generatedIconPixmap(mode, drawn, &option);
+        return mode == QIcon::Active ? lit_ : plain_;
     }
 
     QByteArray plain_;
     QByteArray lit_;
+    QByteArray off_;
 };
 
 class FileEngine final : public QIconEngine {
@@ -87,14 +87,27 @@ class FileEngine final : public QIconEngine {
     QString file_;
 };
 
+QByteArray Contents(const QString& name) {
+    QFile file(PictureFile(name));
+    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+}
+
+/// A picture with all of its colours as they are on a button that cannot be pressed.
+QByteArray PictureOff(const QString& name, const QColor& background) {
+    QByteArray picture = Contents(name);
+    constexpr qsizetype length = 7; // of a colour: "#51708f"
+    for (qsizetype at = picture.indexOf('#'); at >= 0; at = picture.indexOf('#', at + length)) {
+        const QColor drawn(QString::fromLatin1(picture.mid(at, length)));
+        const forms::Colour shown = forms::InkOff(FromQColor(drawn), FromQColor(background));
+        picture.replace(at, length, ToQColor(shown, {}).name().toLatin1());
+    }
+    return picture;
+}
+
 } // namespace
 
 QByteArray ThemedPicture(const QString& name, const QColor& background) {
-    QFile file(PictureFile(name));
-    if (!file.open(QIODevice::ReadOnly)) {
-        return {};
-    }
-    QByteArray picture = file.readAll();
+    QByteArray picture = Contents(name);
     for (const forms::Colour drawn : forms::ink::All) {
         const forms::Colour shown = forms::InkOn(drawn, FromQColor(background));
         if (shown != drawn) {
@@ -105,7 +118,8 @@ QByteArray ThemedPicture(const QString& name, const QColor& background) {
 }
 
 QIcon ThemedIcon(const QString& name, const QString& lit, const QColor& background) {
-    return QIcon(new PictureEngine(ThemedPicture(name, background), ThemedPicture(lit, background)));
+    return QIcon(new PictureEngine(ThemedPicture(name, background), ThemedPicture(lit, background),
+                                   PictureOff(name, background)));
 }
 
 QIcon PictureIcon(const QString& name) {

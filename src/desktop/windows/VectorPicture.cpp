@@ -133,19 +133,26 @@ void AddSteps(Gdiplus::GpPath* path, std::span<const PathStep> steps) {
     }
 }
 
-/// A colour of a picture, ARGB as in the table, as it is shown on this background.
-Gdiplus::ARGB Shown(std::uint32_t drawn, COLORREF background) {
+/// What a picture is drawn for.
+struct Ground {
+    COLORREF Background;
+    PictureLook Look = PictureLook::Plain;
+};
+
+/// A colour of a picture, ARGB as in the table, as it is shown.
+Gdiplus::ARGB Shown(std::uint32_t drawn, const Ground& ground) {
     constexpr std::uint32_t opaque = 0xFF000000;
-    const forms::Colour ink =
-        forms::InkOn(forms::colour::Rgb((drawn >> 16) & 0xFF, (drawn >> 8) & 0xFF, drawn & 0xFF), background);
+    const forms::Colour colour = forms::colour::Rgb((drawn >> 16) & 0xFF, (drawn >> 8) & 0xFF, drawn & 0xFF);
+    const forms::Colour ink = ground.Look == PictureLook::Off ? forms::InkOff(colour, ground.Background)
+                                                              : forms::InkOn(colour, ground.Background);
     return opaque | static_cast<std::uint32_t>(GetRValue(ink)) << 16 |
            static_cast<std::uint32_t>(GetGValue(ink)) << 8 | GetBValue(ink);
 }
 
 void Stroke(Gdiplus::GpGraphics* graphics, Gdiplus::GpPath* path, const PictureShape& shape,
-            COLORREF background) {
+            const Ground& ground) {
     GdiPlusPen pen;
-    gdip::GdipCreatePen1(Shown(shape.Stroke, background), shape.Width, Gdiplus::UnitWorld, pen.Receive());
+    gdip::GdipCreatePen1(Shown(shape.Stroke, ground), shape.Width, Gdiplus::UnitWorld, pen.Receive());
     if (shape.RoundCaps) {
         gdip::GdipSetPenLineCap197819(pen.Get(), Gdiplus::LineCapRound, Gdiplus::LineCapRound,
                                       Gdiplus::DashCapRound);
@@ -160,26 +167,28 @@ void Stroke(Gdiplus::GpGraphics* graphics, Gdiplus::GpPath* path, const PictureS
     gdip::GdipDrawPath(graphics, pen.Get(), path);
 }
 
-void DrawShape(Gdiplus::GpGraphics* graphics, const PictureShape& shape, COLORREF background) {
+void DrawShape(Gdiplus::GpGraphics* graphics, const PictureShape& shape, const Ground& ground) {
     GdiPlusPath path;
     gdip::GdipCreatePath(Gdiplus::FillModeWinding, path.Receive());
     AddSteps(path.Get(), Part(AllPictures().Steps, shape.FirstStep, shape.EndStep));
     if (shape.Fill != 0) {
         GdiPlusBrush brush;
-        gdip::GdipCreateSolidFill(Shown(shape.Fill, background), brush.Receive());
+        gdip::GdipCreateSolidFill(Shown(shape.Fill, ground), brush.Receive());
         gdip::GdipFillPath(graphics, brush.Get(), path.Get());
     }
     if (shape.Stroke != 0) {
-        Stroke(graphics, path.Get(), shape, background);
+        Stroke(graphics, path.Get(), shape, ground);
     }
 }
 
 /// Dots of a picture, four bytes each: blue, green, red and how opaque, from the top left on.
 class Dots {
   public:
-    Dots(int width, int height, void* bits) : width_(width), height_(height), bits_(bits) {}
+    /// So many of them stay free around the picture, each way.
+    Dots(int width, int height, void* bits, int free = 0)
+        : width_(width), height_(height), bits_(bits), free_(free) {}
 
-    void Draw(const PictureRow& picture, Gdiplus::PixelFormat format, COLORREF background) {
+    void Draw(const PictureRow& picture, Gdiplus::PixelFormat format, const Ground& ground) {
         GdiPlusBitmap bitmap;
         GdiPlusGraphics graphics;
         if (gdip::GdipCreateBitmapFromScan0(width_, height_, 4 * width_, format, static_cast<BYTE*>(bits_),
@@ -187,8 +196,8 @@ class Dots {
             gdip::GdipGetImageGraphicsContext(bitmap.Get(), graphics.Receive()) != Gdiplus::Ok) {
             return;
         }
-        const float scale = std::min(static_cast<float>(width_) / picture.Width,
-                                     static_cast<float>(height_) / picture.Height);
+        const float scale = std::min(static_cast<float>(width_ - free_) / picture.Width,
+                                     static_cast<float>(height_ - free_) / picture.Height);
         gdip::GdipSetSmoothingMode(graphics.Get(), Gdiplus::SmoothingModeAntiAlias);
         gdip::GdipSetPixelOffsetMode(graphics.Get(), Gdiplus::PixelOffsetModeHalf);
         gdip::GdipTranslateWorldTransform(
@@ -196,7 +205,7 @@ class Dots {
             (static_cast<float>(height_) - picture.Height * scale) / 2, Gdiplus::MatrixOrderPrepend);
         gdip::GdipScaleWorldTransform(graphics.Get(), scale, scale, Gdiplus::MatrixOrderPrepend);
         for (const PictureShape& shape : Part(AllPictures().Shapes, picture.FirstShape, picture.EndShape)) {
-            DrawShape(graphics.Get(), shape, background);
+            DrawShape(graphics.Get(), shape, ground);
         }
     }
 
@@ -204,6 +213,7 @@ class Dots {
     int width_;
     int height_;
     void* bits_;
+    int free_;
 };
 
 BITMAPINFO InfoFor(int width, int height) {
@@ -222,7 +232,7 @@ Bitmap DrawnBitmap(const PictureRow& picture, int width, int height, COLORREF ba
     void* bits = nullptr;
     Bitmap bitmap(::CreateDIBSection(nullptr, &info, DIB_RGB_COLORS, &bits, nullptr, 0));
     if (bitmap) {
-        Dots(width, height, bits).Draw(picture, PixelFormat32bppPARGB, background);
+        Dots(width, height, bits).Draw(picture, PixelFormat32bppPARGB, {background});
     }
     return bitmap;
 }
@@ -236,13 +246,6 @@ HBITMAP KeptBitmap(const PictureRow& picture, int width, int height, COLORREF ba
         bitmap = DrawnBitmap(picture, width, height, background);
     }
     return bitmap.Get();
-}
-
-void Fade(std::vector<BYTE>& dots) {
-    constexpr int opaque = 3;
-    for (std::size_t at = opaque; at < dots.size(); at += 4) {
-        dots[at] = static_cast<BYTE>(dots[at] * 11 / 20);
-    }
 }
 
 } // namespace
@@ -268,16 +271,15 @@ void DrawPicture(HDC device, const std::string& name, const RECT& area, COLORREF
     ::GdiAlphaBlend(device, area.left, area.top, width, height, source.Get(), 0, 0, width, height, over);
 }
 
-Icon PictureIcon(const std::string& name, int side, PictureLook look, COLORREF background) {
+Icon PictureIcon(const std::string& name, const IconSize& size, PictureLook look, COLORREF background) {
     const PictureRow* picture = Find(name);
+    const int side = size.Icon;
     if (picture == nullptr || side <= 0 || !GdiPlus::Started()) {
         return {};
     }
     std::vector<BYTE> dots(static_cast<std::size_t>(side) * static_cast<std::size_t>(side) * 4);
-    Dots(side, side, dots.data()).Draw(*picture, PixelFormat32bppARGB, background);
-    if (look == PictureLook::Faded) {
-        Fade(dots);
-    }
+    Dots(side, side, dots.data(), side - size.Picture)
+        .Draw(*picture, PixelFormat32bppARGB, {background, look});
     const BITMAPINFO info = InfoFor(side, side);
     void* bits = nullptr;
     const Bitmap colour(::CreateDIBSection(nullptr, &info, DIB_RGB_COLORS, &bits, nullptr, 0));

@@ -14,9 +14,16 @@ bool IsPicture(const std::string& name);
 /// each size and background, of which its signs stand out, and kept for the rest of the process.
 void DrawPicture(HDC device, const std::string& name, const RECT& area, COLORREF background);
 
-enum class PictureLook { Plain, Faded };
+/// Off: on a button that cannot be pressed.
+enum class PictureLook { Plain, Off };
 
-/// A picture as an icon of so many dots each way, for an image list; empty if it cannot be made.
-Icon PictureIcon(const std::string& name, int side, PictureLook look, COLORREF background);
+/// Dots each way.
+struct IconSize {
+    int Icon;
+    int Picture; ///< in the middle of the icon
+};
+
+/// A picture as an icon, for an image list; empty if it cannot be made.
+Icon PictureIcon(const std::string& name, const IconSize& size, PictureLook look, COLORREF background);
 
 } // namespace desktop::windows

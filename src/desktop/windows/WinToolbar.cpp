@@ -1,3 +1,5 @@
+#include <algorithm>
+
 #include "base/Text.h"
 #include "desktop/windows/Colours.h"
 #include "desktop/windows/ControlIds.h"
@@ -16,11 +18,6 @@ namespace {
 // Twips.
 constexpr double RuleWidth = 150;
 constexpr double PictureMargin = 120;
-
-void AddPicture(HIMAGELIST list, const std::string& name, int side, PictureLook look, COLORREF background) {
-    const Icon icon = PictureIcon(name, side, look, background);
-    ::ImageList_ReplaceIcon(list, -1, icon.Get());
-}
 
 /// A row of buttons that light up under the mouse; a button is as wide as the toolbar is high. The commands
 /// of the buttons: see ControlIds.h.
@@ -51,7 +48,8 @@ class WinToolbar final : public WinControl {
     forms::Toolbar& model_;
     int shownButtons_ = 0;
     COLORREF background_ = 0; // that the pictures are drawn for
-    int pictureSide_ = 0;     // dots
+    int imageSide_ = 0;       // dots
+    int pictureSide_ = 0;     // dots, in the middle of an image
     int pictures_ = 0;
     Pictures normal_;
     Pictures hot_;
@@ -113,7 +111,11 @@ void WinToolbar::ShowButton(int number) {
 
 void WinToolbar::MakePictures() {
     const auto make = [this] {
-        return Pictures(::ImageList_Create(pictureSide_, pictureSide_, ILC_COLOR32, model_.ButtonCount(), 0));
+        return Pictures(::ImageList_Create(imageSide_, imageSide_, ILC_COLOR32, model_.ButtonCount(), 0));
+    };
+    const auto add = [this](const Pictures& list, const std::string& name, PictureLook look) {
+        const Icon icon = PictureIcon(name, {imageSide_, pictureSide_}, look, background_);
+        ::ImageList_ReplaceIcon(list.Get(), -1, icon.Get());
     };
     Pictures normal = make();
     Pictures hot = make();
@@ -122,9 +124,9 @@ void WinToolbar::MakePictures() {
     for (int number = 1; number <= model_.ButtonCount(); ++number) {
         const forms::ToolbarButton& button = model_.Button(number);
         if (!button.Separator) {
-            AddPicture(normal.Get(), button.Image, pictureSide_, PictureLook::Plain, background_);
-            AddPicture(hot.Get(), button.HotImage, pictureSide_, PictureLook::Plain, background_);
-            AddPicture(disabled.Get(), button.Image, pictureSide_, PictureLook::Faded, background_);
+            add(normal, button.Image, PictureLook::Plain);
+            add(hot, button.HotImage, PictureLook::Plain);
+            add(disabled, button.Image, PictureLook::Off);
         }
     }
     Send(TB_SETIMAGELIST, 0, reinterpret_cast<LPARAM>(normal.Get()));
@@ -162,10 +164,15 @@ void WinToolbar::Place() {
     WinControl::Place();
     const Scale& scale = Form().Scaling();
     const int side = scale.ToDots(model_.Height());
+    // Where in a larger button an image stands is not the same on every Windows: it fills the button as far
+    // as the button lets it, and has the picture in its middle.
+    const auto padding = static_cast<DWORD>(Send(TB_GETPADDING));
+    const int image = side - std::max(LOWORD(padding), HIWORD(padding));
     const int picture = scale.ToDots(model_.Height() - 2 * PictureMargin);
-    if (picture > 0 && picture != pictureSide_) {
+    if (picture > 0 && image != imageSide_) {
+        imageSide_ = image;
         pictureSide_ = picture;
-        Send(TB_SETBITMAPSIZE, 0, MAKELPARAM(picture, picture));
+        Send(TB_SETBITMAPSIZE, 0, MAKELPARAM(image, image));
         MakePictures();
     }
     Send(TB_SETBUTTONSIZE, 0, MAKELPARAM(side, side));

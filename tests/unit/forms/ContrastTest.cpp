@@ -77,6 +77,16 @@ TEST(ContrastTest, OtherColoursOfAPictureStay) {
     EXPECT_EQ(forms::InkOn(Rgb(1, 2, 3), Black), Rgb(1, 2, 3));
 }
 
+TEST(ContrastTest, WhatIsOffHasOneColourForAllSignsAndTheOthersNearTheBackground) {
+    for (const forms::Colour background : {White, Light, Dark, Black}) {
+        const forms::Colour off = forms::InkOn(forms::ink::SignOff, background);
+        EXPECT_EQ(forms::InkOff(forms::ink::Sign, background), off);
+        EXPECT_EQ(forms::InkOff(forms::ink::SignLit, background), off);
+        EXPECT_EQ(forms::InkOff(forms::ink::SignOff, background), off);
+    }
+    EXPECT_EQ(forms::InkOff(Rgb(100, 100, 100), Black), Rgb(40, 40, 40));
+}
+
 TEST(ContrastTest, ABackgroundShowsThroughWhatHasNone) {
     memory::MemoryPlatform memory;
     forms::Session session(memory.desktop);
