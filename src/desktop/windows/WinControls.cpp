@@ -4,6 +4,7 @@
 
 #include "desktop/windows/WinControl.h"
 #include "forms/ControlVisitor.h"
+#include "forms/MenuItem.h"
 
 namespace desktop::windows {
 
@@ -23,7 +24,9 @@ class Maker final : public forms::ControlVisitor {
     void Visit(forms::LineControl& control) override { made_ = MakeLine(control, form_, place_); }
     void Visit(forms::ListBox& control) override { made_ = MakeListBox(control, form_, place_); }
     void Visit(forms::MenuBar& control) override { made_ = MakeMenuBar(control, form_, place_); }
-    void Visit(forms::MenuItem& /*control*/) override {} // the user never sees it
+    void Visit(forms::MenuItem& control) override { // the user never sees it
+        made_ = std::make_unique<WinControl>(control, form_, place_, nullptr);
+    }
     void Visit(forms::OptionButton& control) override { made_ = MakeOptionButton(control, form_, place_); }
     void Visit(forms::PictureBox& control) override { made_ = MakePictureBox(control, form_, place_); }
     void Visit(forms::ProgressBar& control) override { made_ = MakeProgressBar(control, form_, place_); }
