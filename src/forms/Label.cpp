@@ -9,6 +9,18 @@ std::string Label::ShownCaption() const {
     return leadsNowhere ? WithoutAccessKey(Caption()) : Caption();
 }
 
+void Label::SetBelow(const OptionButton& option) {
+    below_ = &option;
+    Changed(Aspect::Geometry);
+}
+
+void Label::SetBehind(Label& label) {
+    behind_ = &label;
+    label.continued_ = true;
+    Changed(Aspect::Geometry);
+    label.Changed(Aspect::Geometry);
+}
+
 std::string Label::SpokenText() const {
     return useMnemonic_ ? CaptionedControl::SpokenText() : Caption();
 }

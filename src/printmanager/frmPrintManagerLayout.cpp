@@ -21,6 +21,8 @@ constexpr double LabelHeight = 240;
 constexpr double BoxHeight = 330;
 constexpr double PanelFieldLeft = FieldLeft - ListLeft;
 constexpr double PanelFieldWidth = ListWidth - PanelFieldLeft;
+// A sign that something is wrong with a field stands before it.
+constexpr double SignLeft = FieldLeft - BoxHeight - 90;
 
 constexpr double FakeFormWidth = 5500;
 constexpr double FakeFormHeight = 1035;
@@ -68,9 +70,9 @@ void PlaceControls(frmPrintManager& form) {
         {form.pictMyOrientation, FieldLeft + 990, 1590, 480, 480},
         {form.pictOrientation(0), FieldLeft + 990, 1590, 480, 480},
         {form.pictOrientation(1), FieldLeft + 990, 1590, 480, 480},
-        {form.Label3, ListLeft, 2220, LabelWidth, LabelHeight},
-        {form.cboPrinterSelect(0), FieldLeft, 2175, 2340, BoxHeight},
-        {form.pictError, 4710, 2175, BoxHeight, BoxHeight},
+        {form.Label3, ListLeft, 2220, SignLeft - ListLeft, LabelHeight},
+        {form.cboPrinterSelect(0), FieldLeft, 2175, PanelFieldWidth, BoxHeight},
+        {form.pictError, SignLeft, 2175, BoxHeight, BoxHeight},
         {form.chkMatrixPrinter, ListLeft, 2610, ListWidth, 285},
         {form.Label6, ListLeft, 3060, LabelWidth, LabelHeight},
         {form.ProgressBar, FieldLeft, 3045, PanelFieldWidth, 270},

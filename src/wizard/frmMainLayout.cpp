@@ -15,10 +15,13 @@ constexpr double ButtonHeight = 390;
 
 constexpr double Margin = 300;
 constexpr double TextWidth = FormWidth - 2 * Margin;
-constexpr double Indent = 600;
+constexpr double Indent = 600; // of what stands below an option
 constexpr double NoteIndent = 1320;
 constexpr double FieldLeft = 2700;
 constexpr double FieldHeight = 330;
+// Left edges of the buttons, with which the fields of the last page line up.
+constexpr double BackLeft = 5265;
+constexpr double NextLeft = 6825;
 
 constexpr forms::Colour NoteColour = forms::colour::Rgb(0xB0, 0x30, 0x10);
 
@@ -48,14 +51,14 @@ constexpr PageText PageTexts[] = {
      Margin, 705, TextWidth, 480},
     {0, "Instellingen vanuit Tarvik ( u dient een correct OCR-B font te gebruiken ):", Margin, 1275,
      TextWidth, 240, Style::Bold},
-    {0, "OCR-B fontnaam:", Margin, 1605, 2280, 240},
-    {0, "Ingestelde contractsoort:", Margin, 1965, 2280, 240},
+    {0, "OCR-B fontnaam:", Margin, 1575, 2280, 240},
+    {0, "Ingestelde contractsoort:", Margin, 2145, 2280, 240},
     {0, "Incassant:", Margin, 2535, 2280, 240},
     {0, "Adres:", Margin, 2940, 2280, 240},
     {0, "Postcode:", Margin, 3345, 2280, 240},
     {0, "Woonplaats:", Margin, 3750, 2280, 240},
     {0, "IBAN:", Margin, 4155, 2280, 240},
-    {0, "Controleer uw IBAN nummer voordat u verder gaat.", 7350, 4035, 2550, 480, Style::Note},
+    {0, "Controleer uw IBAN nummer voordat u verder gaat.", 7350, 4155, 2550, 480, Style::Note},
     {0, "Let op:", Margin, 4725, 960, 240, Style::Bold},
     {0, "Bedragen en IBAN-banknummers worden automatisch gegenereerd.", NoteIndent, 4725, 8580, 240},
     {0, "De gebruikte persoonsgegevens zijn automatisch gegenereerd. ", NoteIndent, 4995, 8580, 240},
@@ -116,11 +119,11 @@ constexpr PageText PageTexts[] = {
      NoteIndent, 2685, 8580, 240},
     {3, "Schema aantal af te drukken acceptgiro's:", Margin, 3180, TextWidth, 240, Style::Bold},
     {3, "Servicebureau's:", Margin, 3480, 4950, 240},
-    {3, "250 testdocumenten", 5400, 3480, 4500, 240},
+    {3, "250 testdocumenten", BackLeft, 3480, 4635, 240},
     {3, "Verspreiding van meer dan 20.000 acceptgiro's:", Margin, 3765, 4950, 240},
-    {3, "250 testdocumenten", 5400, 3765, 4500, 240},
+    {3, "250 testdocumenten", BackLeft, 3765, 4635, 240},
     {3, "Verspreiding van minder dan 20.000 acceptgiro's:", Margin, 4050, 4950, 240},
-    {3, "100 testdocumenten", 5400, 4050, 4500, 240},
+    {3, "100 testdocumenten", BackLeft, 4050, 4635, 240},
     {3,
      "Het formulier 'Aanvraag drukkeuring' moet u volledig invullen en samen met de testpartij opsturen ter "
      "beoordeling van de testinstantie",
@@ -167,7 +170,7 @@ constexpr Box Boxes[] = {
     {72, FieldLeft, 3300, 1320, 9, "", 2, "Postcode"},
     {73, FieldLeft, 3705, 4440, 60, "", 3, "Woonplaats"},
     {74, FieldLeft, 4110, 4440, 34, "", 4, "IBAN"},
-    {0, 5160, 600, 720, 4, "numeriek", 40, "Aantal af te drukken IBAN-acceptgiroformulieren"},
+    {0, BackLeft, 600, 720, 4, "numeriek", 40, "Aantal af te drukken IBAN-acceptgiroformulieren"},
 };
 
 } // namespace
@@ -208,7 +211,11 @@ void frmMain::LayOutPages() {
         if (text.Look == Style::Note) {
             label->SetForeColor(NoteColour);
         }
+        if (text.Left == Indent) {
+            label->SetBelow(optProcedure(0));
+        }
         decoration_.push_back(std::move(label));
+        return static_cast<forms::Label*>(decoration_.back().get());
     };
 
     static constexpr const char* pageNames[] = {"Incassant en instellingen", "Procedure",
@@ -221,8 +228,13 @@ void frmMain::LayOutPages() {
         addText(text, text.Page);
     }
     for (int page = 0; page <= LastPageWithHint; ++page) {
+        forms::Label* before = nullptr;
         for (const PageText& text : NextHint) {
-            addText(text, page);
+            forms::Label* label = addText(text, page);
+            if (before != nullptr) {
+                label->SetBehind(*before);
+            }
+            before = label;
         }
     }
     for (const PagePicture& picture : PagePictures) {
@@ -235,9 +247,9 @@ void frmMain::LayOutPages() {
 }
 
 void frmMain::LayOutFields() {
-    lblOCRFont.Move(FieldLeft, 1605, 2700, 240);
-    lblOCR.Move(5550, 1545, 4350, 345);
-    lblContractsoort.Move(FieldLeft, 1965, FormWidth - FieldLeft - Margin, 240);
+    lblOCRFont.Move(FieldLeft, 1575, FormWidth - FieldLeft - Margin, 240);
+    lblOCR.Move(FieldLeft, 1800, FormWidth - FieldLeft - Margin, 360);
+    lblContractsoort.Move(FieldLeft, 2145, FormWidth - FieldLeft - Margin, 240);
     // What stands in these three comes from the settings: "&" is a character there.
     for (forms::Label* label : {&lblOCRFont, &lblOCR, &lblContractsoort}) {
         label->SetUseMnemonic(false);
@@ -252,7 +264,7 @@ void frmMain::LayOutFields() {
         box.SetAccessibleName(row.AccessibleName);
         box.SetBackColor(forms::colour::WindowBackground);
     }
-    UpDown.Move(5880, 600, 255, FieldHeight);
+    UpDown.Move(BackLeft + 720, 600, 255, FieldHeight);
 }
 
 void frmMain::LayOutOptions() {
@@ -293,10 +305,10 @@ void frmMain::LayOutButtons() {
     // As they stand, after all that a page asks for. A button that is disabled passes the focus on to the
     // next.
     const Button buttons[] = {
-        {Terug, "< &Terug", 5265, ButtonTop, 42},
-        {Verder, "&Volgende >", 6825, ButtonTop, 43},
+        {Terug, "< &Terug", BackLeft, ButtonTop, 42},
+        {Verder, "&Volgende >", NextLeft, ButtonTop, 43},
         {Cancel, "&Sluiten", 8460, ButtonTop, 50},
-        {cmdPrinten, "Af&drukken", 6600, 570, 41},
+        {cmdPrinten, "Af&drukken", NextLeft, 570, 41},
     };
     for (const Button& button : buttons) {
         button.Control.SetCaption(button.Caption);

@@ -1,9 +1,12 @@
 """What a test finds wrong, and the exit status that tells of it."""
 import argparse
 import pathlib
+import shutil
 import sys
 
 from office import Office
+from show import Screen
+from wine_prefix import skip
 
 
 class Failures:
@@ -28,12 +31,27 @@ class Failures:
         sys.exit(1 if self.count else 0)
 
 
-def test_in_office(test):
-    """Runs `test(office, failures)` with the program of the build folder that the command line names, and ends."""
+def build_folder():
     parser = argparse.ArgumentParser()
     parser.add_argument("--build", type=pathlib.Path, required=True)
-    build = parser.parse_args().build
+    return parser.parse_args().build
+
+
+def test_in_office(test):
+    """Runs `test(office, failures)` with the program of the build folder that the command line names, and ends."""
     failures = Failures()
-    with Office(build) as office:
+    with Office(build_folder()) as office:
         test(office, failures)
+    failures.exit()
+
+
+def test_on_screen(test):
+    """The same with a screen that nobody sees: `test(office, screen, failures)`."""
+    build = build_folder()
+    if not shutil.which("Xvfb"):
+        skip("Xvfb is not installed")
+    failures = Failures()
+    with Screen(1280, 1024) as screen, Office(build) as office:
+        office.use_screen(screen.display)
+        test(office, screen, failures)
     failures.exit()

@@ -6,18 +6,14 @@ high contrast, whose colours are followed.
 
 FOLDER is the build folder of the Windows program. Exit status 77 where Wine, CUPS, Ghostscript or a screen is missing.
 """
-import argparse
 import collections
-import pathlib
-import shutil
 import time
 
 from agent import Window
-from failures import Failures
+from failures import test_on_screen
 from messages import BUTTON, COMBO, EDIT, LIST, STATIC
-from office import FORMS, Office
-from show import Screen
-from wine_prefix import HIGH_CONTRAST, skip
+from office import FORMS
+from wine_prefix import HIGH_CONTRAST
 
 TEXT, DISABLED, SIGN = 4.5, 1.5, 2.8  # least contrast, 1 to 21; a thin line is mixed with what it lies on
 PAUSE, PATIENCE = 0.1, 120  # seconds between two pictures, and how often it is tried
@@ -157,20 +153,11 @@ def check(office, screen, high_contrast, failures):
     office.play("menu frmPrintPreview ID_Sluiten", "click frmPrintManager.cmdAnnuleren", "click frmMain.Cancel")
 
 
-def main():
-    parser = argparse.ArgumentParser()
-    parser.add_argument("--build", type=pathlib.Path, required=True)
-    build = parser.parse_args().build
-    if not shutil.which("Xvfb"):
-        skip("Xvfb is not installed")
-    failures = Failures()
-    with Screen(1280, 1024) as screen, Office(build) as office:
-        office.use_screen(screen.display)
-        check(office, screen, False, failures)
-        office.use_high_contrast()
-        check(office, screen, True, failures)
-    failures.exit()
+def check_both(office, screen, failures):
+    check(office, screen, False, failures)
+    office.use_high_contrast()
+    check(office, screen, True, failures)
 
 
 if __name__ == "__main__":
-    main()
+    test_on_screen(check_both)

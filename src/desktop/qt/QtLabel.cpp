@@ -2,6 +2,8 @@
 
 #include <QEvent>
 #include <QLabel>
+#include <QStyle>
+#include <QStyleOptionButton>
 
 #include "desktop/qt/QtControls.h"
 #include "desktop/qt/QtForm.h"
@@ -10,6 +12,7 @@
 #include "desktop/qt/TextRoom.h"
 #include "forms/AccessKeys.h"
 #include "forms/Label.h"
+#include "forms/OptionButton.h"
 
 namespace desktop::qt {
 
@@ -33,6 +36,10 @@ class QtLabel final : public QtControl {
 
   private:
     void ShowText();
+    /// The logical dot at which the text of a label of this form begins.
+    int StartOf(const forms::Label& label) const;
+    int CaptionOf(const forms::OptionButton& option) const;
+    int EndOf(const forms::Label& label) const;
     QString Fitting(const QString& text) const;
 
     forms::Label& model_;
@@ -47,10 +54,38 @@ QtLabel::QtLabel(forms::Label& control, QtForm& form, QWidget* parent)
     label_->setAlignment(Qt::AlignLeft | Qt::AlignTop);
 }
 
+int QtLabel::CaptionOf(const forms::OptionButton& option) const {
+    const QWidget* button = Form().WidgetOf(option);
+    QStyleOptionButton drawn;
+    drawn.initFrom(button);
+    return ToDots(option.Left()) +
+           button->style()->subElementRect(QStyle::SE_RadioButtonContents, &drawn, button).left();
+}
+
+// With the blank behind it.
+int QtLabel::EndOf(const forms::Label& label) const {
+    const QString text = ToQString(label.ShownCaption());
+    const int blank = text.endsWith(u' ') ? 0 : label_->fontMetrics().horizontalAdvance(u' ');
+    return StartOf(label) + Form().WidgetOf(label)->fontMetrics().horizontalAdvance(text) + blank;
+}
+
+int QtLabel::StartOf(const forms::Label& label) const {
+    if (label.Below() != nullptr) {
+        return CaptionOf(*label.Below());
+    }
+    return label.Behind() == nullptr ? ToDots(label.Left()) : EndOf(*label.Behind());
+}
+
 // The first line keeps its middle where the design put it, beside the middle of its box and of other labels,
 // also where the real font is lower than the line that the design gave it.
 void QtLabel::Place() {
-    QtControl::Place();
+    QRect area = ToDots(model_.Left(), model_.Top(), model_.Width(), model_.Height());
+    if (model_.Behind() != nullptr) {
+        area.moveLeft(StartOf(model_));
+    } else {
+        area.setLeft(StartOf(model_));
+    }
+    label_->setGeometry(area);
     const int room = ToDots(model_.FirstLineHeight()) - label_->fontMetrics().height();
     label_->setContentsMargins(0, std::max(0, room / 2), 0, 0);
     ShowText();

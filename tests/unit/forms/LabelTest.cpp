@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include "forms/AccessibleNames.h"
+#include "forms/OptionButton.h"
 #include "forms/TextBox.h"
 #include "forms/UpDown.h"
 #include "unit/forms/TestForm.h"
@@ -20,6 +21,21 @@ TEST_F(LabelTest, AMarkThatLeadsNowhereIsNotShown) {
     EXPECT_EQ(label.ShownCaption(), "Naam & adres:");
     const forms::TextBox box(form, "box");
     EXPECT_EQ(label.ShownCaption(), "&Naam && adres:") << "it leads to the box";
+}
+
+TEST_F(LabelTest, KnowsWhatItStandsInLineWithAndKeepsThePlaceOfTheDesign) {
+    const forms::OptionButton option(form, "option");
+    forms::Label before(form, "before");
+    label.Move(600, 100, 900, 240);
+    EXPECT_EQ(label.Below(), nullptr);
+    EXPECT_EQ(label.Behind(), nullptr);
+    label.SetBelow(option);
+    EXPECT_EQ(label.Below(), &option);
+    label.SetBehind(before);
+    EXPECT_EQ(label.Behind(), &before);
+    EXPECT_TRUE(before.IsContinued());
+    EXPECT_FALSE(label.IsContinued());
+    EXPECT_EQ(label.Left(), 600);
 }
 
 TEST_F(LabelTest, WithoutMnemonicsACaptionIsShownAndReadAsItIs) {
