@@ -26,6 +26,7 @@ from watcher import SETTINGS, no_look
 from wine_prefix import LOADER, WinePrefix, user_prefix
 
 TOUR = pathlib.Path(__file__).parents[1] / "stories" / "pictures" / "tour.scenario"
+POINTS = 8  # of the font of windows
 PAUSE, PATIENCE = 0.3, 10  # seconds between two pictures of a window, and how often it is tried
 
 
@@ -33,6 +34,7 @@ class Screen:
     """An X display of our own, which nobody sees. Its pointer leaves no dots."""
 
     def __init__(self, width, height):
+        self.corner = width - 1, height - 1
         self.folder = tempfile.TemporaryDirectory(prefix="screen-")
         number, self.ready = os.pipe()
         self.server = subprocess.Popen(["Xvfb", "-displayfd", str(self.ready), "-screen", "0", f"{width}x{height}x24",
@@ -118,9 +120,11 @@ def demonstrate(prefix, build, out, dpi):
         server = ends.enter_context(PrintServer())
         screen = ends.enter_context(Screen(1280 * dpi // 96, 1024 * dpi // 96))
         prefix.settings.update(server.settings)
+        prefix.use_dejavu(POINTS)
         prefix.use_screen(screen.display, dpi)
         agent = Agent(prefix.command(), build / "bin" / "win_agent.exe")
         ends.callback(agent.close)
+        agent.ask("pointer", *screen.corner)  # where it rests on nothing that has a tip
         program = prefix.windows_path(build / "bin" / "drukkeuring.exe")
         player = Photographer(agent, program, Ids.of(prefix, build), screen, server, out)
         player.play(TOUR.read_text(encoding="utf-8").splitlines(), finish=False)

@@ -8,6 +8,7 @@ import fcntl
 import os
 import pathlib
 import shutil
+import struct
 import subprocess
 import sys
 import tempfile
@@ -18,6 +19,7 @@ FONTS = pathlib.Path("/usr/share/wine/fonts")
 OCR_FONT = pathlib.Path("/usr/share/fonts/opentype/ocr-b/OCRB.otf")
 # By the package's name, and by the one that stories and tests have with a hyphen.
 OCR_FAMILIES = {"ocr_b.ttf": "OCR B", "ocr-b.ttf": "OCR-B"}
+DEJAVU = pathlib.Path("/usr/share/fonts/truetype/dejavu")
 LOCALE_SOURCES = pathlib.Path("/usr/share/i18n/locales")
 
 SKIPPED = 77  # exit status of a test that cannot be made here
@@ -43,6 +45,9 @@ SCREEN = r"""Windows Registry Editor Version 5.00
 [HKEY_CURRENT_USER\Software\Wine\X11 Driver]
 "Managed"="N"
 """
+
+# A LOGFONTW: the height of its characters in dots, its weight, and its name.
+LOG_FONT, NORMAL, NAME_LENGTH = "<iiiii8x64s", 400, 32
 
 # What Control Panel has for each colour of the system under a theme of high contrast.
 BLACK, WHITE, YELLOW, GREEN, CYAN = "0 0 0", "255 255 255", "255 255 0", "0 192 0", "0 255 255"
@@ -152,6 +157,19 @@ class WinePrefix:
             encoding="utf-16")
         self.import_settings(file)
         self.stop()
+
+    def use_dejavu(self, points):
+        """The font of windows is one whose bold letters are bold at every size, as a user of Windows sees them: those of Wine's
+        own have the outlines of the others."""
+        for file in DEJAVU.glob("DejaVuSans*.ttf"):
+            (self.folder / "drive_c" / "windows" / "Fonts" / file.name).symlink_to(file)
+        name = "DejaVu Sans".encode("utf-16-le").ljust(2 * NAME_LENGTH, b"\0")
+        font = struct.pack(LOG_FONT, -round(points * 96 / 72), 0, 0, 0, NORMAL, name)
+        file = self.folder / "font.reg"
+        file.write_text("\n".join([
+            "Windows Registry Editor Version 5.00", "", r"[HKEY_CURRENT_USER\Control Panel\Desktop\WindowMetrics]",
+            f'"MessageFont"=hex:{font.hex(",")}', ""]), encoding="utf-16")
+        self.import_settings(file)
 
     def use_screen(self, display, dpi=96):
         """Windows appear on this X display from now on, with so many dots to the inch; 96 is 100 %."""
