@@ -93,10 +93,10 @@ std::string Mapped(std::string_view s, MapCharacter map) {
     while (!s.empty()) {
         const Decoded first = DecodeFirst(s);
         const char32_t mapped = map(first.Code);
-        if (mapped == first.Code) {
-            result.append(s.substr(0, first.Bytes)); // as it stands, bytes that are no UTF-8 included
-        } else if (mapped < 0x80) {
+        if (mapped < 0x80) {
             result.push_back(static_cast<char>(mapped));
+        } else if (mapped == first.Code) {
+            result.append(s.substr(0, first.Bytes)); // as it stands, bytes that are no UTF-8 included
         } else {
             result.append(Encode(mapped));
         }
@@ -161,14 +161,8 @@ std::string Lower(std::string_view s) {
     return Mapped(s, LowerOf);
 }
 
-Decoded DecodeFirst(std::string_view s) {
-    if (s.empty()) {
-        return {0, 0};
-    }
+Decoded DecodeBeyondAscii(std::string_view s) {
     const std::uint8_t lead = ByteAt(s, 0);
-    if (lead < 0x80) {
-        return {lead, 1};
-    }
     std::size_t bytes = 0;
     char32_t code = 0;
     char32_t smallest = 0; // below it the same character has a shorter form, so this one is not valid

@@ -35,6 +35,18 @@ struct Decoded {
 };
 Decoded DecodeFirst(std::string_view s);
 
+/// The same where the text begins with no ASCII character.
+Decoded DecodeBeyondAscii(std::string_view s);
+
+// Nearly all characters end here, and a text has many.
+inline Decoded DecodeFirst(std::string_view s) {
+    if (s.empty()) {
+        return {0, 0};
+    }
+    const auto lead = static_cast<unsigned char>(s.front());
+    return lead < 0x80 ? Decoded{lead, 1} : DecodeBeyondAscii(s);
+}
+
 /// One character as UTF-8.
 std::string Encode(char32_t code);
 

@@ -60,15 +60,9 @@ GlyphTable::GlyphTable(const machine::FontSpec& font, const GlyphTable* sibling)
 double GlyphTable::Width(std::string_view text) {
     double width = 0;
     while (!text.empty()) {
-        const auto byte = static_cast<unsigned char>(text.front());
-        if (byte < 0x80) {
-            width += Of(byte).Advance;
-            text.remove_prefix(1);
-        } else {
-            const base::text::Decoded next = base::text::DecodeFirst(text);
-            width += Of(next.Code).Advance;
-            text.remove_prefix(next.Bytes);
-        }
+        const base::text::Decoded next = base::text::DecodeFirst(text);
+        width += Of(next.Code).Advance;
+        text.remove_prefix(next.Bytes);
     }
     return width;
 }

@@ -1,7 +1,5 @@
 #include "desktop/qt/PdfDocument.h"
 
-#include <cmath>
-
 #include <QByteArrayView>
 #include <QPageLayout>
 #include <QPageSize>
@@ -48,6 +46,12 @@ QByteArray WithBlanks(QByteArray table) {
 }
 
 using base::TwipsPerPoint;
+
+/// The nearest whole number, half away from zero. Each glyph of a batch comes here, and std::round is a call
+/// of the C library. A place is never beyond what an int holds.
+double Whole(double at) {
+    return static_cast<int>(at < 0 ? at - 0.5 : at + 0.5);
+}
 
 /// Glyphs that are kept back before they go into the file.
 constexpr std::size_t MostGathered = 4096;
@@ -117,7 +121,7 @@ void PdfDocument::DrawGlyphs(const QRawFont& face, std::span<const quint32> glyp
     }
     glyphs_.insert(glyphs_.end(), glyphs.begin(), glyphs.end());
     for (const QPointF& place : places) {
-        places_.emplace_back(std::round(place.x()), std::round(place.y()));
+        places_.emplace_back(Whole(place.x()), Whole(place.y()));
     }
 }
 

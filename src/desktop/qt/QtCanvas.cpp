@@ -66,9 +66,7 @@ void QtCanvas::DrawText(double x, double y, std::string_view text, const machine
     std::uint32_t face = 0;
     double across = start.x();
     for (std::size_t at = 0; at < text.size() && IsNear(across);) {
-        const auto byte = static_cast<unsigned char>(text[at]);
-        const base::text::Decoded next =
-            byte < 0x80 ? base::text::Decoded{byte, 1} : base::text::DecodeFirst(text.substr(at));
+        const base::text::Decoded next = base::text::DecodeFirst(text.substr(at));
         at += next.Bytes;
         const GlyphTable::Glyph& glyph = table.Of(next.Code);
         if (!glyph.Visible) {
