@@ -121,12 +121,8 @@ void QtControl::MirrorFont() {
         font.setPointSizeF(wanted.Size * growth);
     }
     font.setBold(wanted.Bold);
-    if (wanted.Bold) {
-        // Asked at the usual size, at which both faces are in use anyway: a face at a size of its own is
-        // costly.
-        QFont usual = QApplication::font(widget_);
-        usual.setFamily(font.family());
-        ProvideBold(usual);
+    if (wanted.Bold && !wanted.Name.empty()) { // that of the desktop is as bold as in its other windows
+        ProvideBold(font);
     }
     widget_->setFont(font);
 }
