@@ -41,7 +41,7 @@ def cpu_medians(program):
     output = subprocess.run([program, "--benchmark_format=json", f"--benchmark_repetitions={ROUNDS}",
                              "--benchmark_min_time=0.05", "--benchmark_enable_random_interleaving=true"],
                             check=True, capture_output=True, text=True).stdout
-    return {run["run_name"]: run["cpu_time"] for run in json.loads(output)["benchmarks"]
+    return {run["run_name"].split("/")[0]: run["cpu_time"] for run in json.loads(output)["benchmarks"]
             if run.get("aggregate_name") == "median"}
 
 

@@ -63,7 +63,7 @@ void GdiCanvas::LayOut(std::string_view text, GdiFont& font, double start, doubl
     double at = start;
     int place = Near(at);
     while (!text.empty() && IsNear(at)) {
-        const base::text::Decoded next = NextLetter(text);
+        const base::text::Decoded next = base::text::DecodeFirst(text);
         text.remove_prefix(next.Bytes);
         const GdiFont::Glyph& glyph = font.Of(next.Code);
         if (glyph.Count == 0) {

@@ -130,7 +130,7 @@ GdiFont::Glyph GdiFont::Make(char32_t code) const {
 double GdiFont::Width(std::string_view text) {
     double width = 0;
     while (!text.empty()) {
-        const base::text::Decoded next = NextLetter(text);
+        const base::text::Decoded next = base::text::DecodeFirst(text);
         width += Of(next.Code).Advance;
         text.remove_prefix(next.Bytes);
     }

@@ -12,12 +12,6 @@
 
 namespace desktop::windows {
 
-/// The first character of a text that is not empty.
-inline base::text::Decoded NextLetter(std::string_view text) {
-    const auto byte = static_cast<unsigned char>(text.front());
-    return byte < 0x80 ? base::text::Decoded{byte, 1} : base::text::DecodeFirst(text);
-}
-
 /// A font as a table from characters to their design widths, so that a text is as wide on every printer and
 /// screen as its designer made it: a font at the size of a device rounds each letter to whole dots. All
 /// lengths are twips.
