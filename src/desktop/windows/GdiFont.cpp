@@ -7,6 +7,7 @@
 #include <vector>
 
 #include "base/RuntimeError.h"
+#include "base/Text.h"
 #include "base/Units.h"
 #include "desktop/windows/WideText.h"
 
