@@ -54,8 +54,11 @@ def anchor_of(heading, _separator):
     return "".join(kept).replace(" ", "-")
 
 
-def size_of(png):
-    return struct.unpack_from(">II", png.read_bytes(), 16)
+def size_of(picture):
+    if picture.suffix == ".svg":
+        drawing = Tree.parse(picture).getroot()
+        return [round(float(drawing.get(side))) for side in ("width", "height")]
+    return struct.unpack_from(">II", picture.read_bytes(), 16)
 
 
 class Rework(Treeprocessor):
