@@ -27,7 +27,7 @@ TOLERANCE_MM = 0.05
 TWIPS_PER_MM = 1440 / 25.4
 TWIPS_PER_POINT = 20
 TWIPS_PER_INCH = 1440
-DUTCH_GROUPS = ("texts", "locale", "registry", "spooler", "printer", "bitmaps", "guard")
+DUTCH_GROUPS = ("texts", "locale", "registry", "spooler", "fonts", "queues", "printer", "bitmaps", "guard")
 POLISH_GROUPS = ("texts", "polish", "registry", "spooler", "printer")
 
 

@@ -1,9 +1,11 @@
 #include "desktop/windows/WinPrinters.h"
 
 #include <algorithm>
+#include <chrono>
 
 #include "desktop/windows/Win32.h"
 
+#include "desktop/windows/PrinterQuestions.h"
 #include "desktop/windows/WideText.h"
 #include "machine/PrinterErrors.h"
 
@@ -16,6 +18,13 @@ namespace {
 constexpr DWORD Level = 4;
 constexpr DWORD Kinds = PRINTER_ENUM_LOCAL | PRINTER_ENUM_CONNECTIONS;
 constexpr DWORD LargestList = 16U << 20U;
+
+/// An action of the user asks for a condition many times over; and a printer that does not answer for so long
+/// is not there.
+constexpr std::chrono::milliseconds MomentAgo{1000};
+constexpr std::chrono::milliseconds Patience{3000};
+/// The papers of a printer change when its driver does.
+constexpr std::chrono::minutes SheetsLast{10};
 
 /// The list of the user's devices has a line "winspool,port" for each printer.
 std::string PortOf(const wchar_t* printer) {
@@ -67,6 +76,7 @@ std::string DefaultName() {
 
 void WinPrinters::Refresh() {
     entries_ = FindPrinters();
+    sheets_.clear(); // one that could not be told may be known now
     loaded_ = true;
 }
 
@@ -89,12 +99,20 @@ machine::PrinterEntry WinPrinters::Item(int index) {
 }
 
 machine::PrinterCondition WinPrinters::Condition(int index) {
-    return {.Name = Item(index).DeviceName};
+    const std::string name = Item(index).DeviceName;
+    Inquiry<machine::PrinterCondition>& inquiry = conditions_[name];
+    machine::PrinterCondition condition = inquiry.Ask([name] { return AskCondition(name); }, MomentAgo)
+                                              .value_or(machine::PrinterCondition{.Name = name});
+    condition.Reachable = condition.Reachable && inquiry.Waiting() < Patience;
+    return condition;
 }
 
-std::optional<machine::SheetArea> WinPrinters::SheetOf(int index, std::int16_t, std::int16_t) {
-    Item(index);
-    return std::nullopt;
+std::optional<machine::SheetArea> WinPrinters::SheetOf(int index, std::int16_t paper,
+                                                       std::int16_t orientation) {
+    const std::string name = Item(index).DeviceName;
+    return sheets_[{name, paper, orientation}]
+        .Ask([=] { return AskSheet(name, paper, orientation); }, SheetsLast)
+        .value_or(std::nullopt);
 }
 
 int WinPrinters::DefaultIndex() {

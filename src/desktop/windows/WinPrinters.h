@@ -1,10 +1,13 @@
 #pragma once
 
 #include <cstdint>
+#include <map>
 #include <optional>
 #include <string>
+#include <tuple>
 #include <vector>
 
+#include "desktop/windows/Inquiry.h"
 #include "machine/Printer.h"
 
 namespace desktop::windows {
@@ -17,6 +20,8 @@ class WinPrinters final : public machine::Printers {
     int Count() override;
     machine::PrinterEntry Item(int index) override;
     void Refresh() override;
+    /// Both ask the printer in the background, and answer what it has told: its machine may be far away, or
+    /// switched off.
     machine::PrinterCondition Condition(int index) override;
     std::optional<machine::SheetArea> SheetOf(int index, std::int16_t paper,
                                               std::int16_t orientation) override;
@@ -29,6 +34,9 @@ class WinPrinters final : public machine::Printers {
 
     std::vector<machine::PrinterEntry> entries_;
     bool loaded_ = false;
+    std::map<std::string, Inquiry<machine::PrinterCondition>> conditions_;
+    std::map<std::tuple<std::string, std::int16_t, std::int16_t>, Inquiry<std::optional<machine::SheetArea>>>
+        sheets_;
 };
 
 } // namespace desktop::windows

@@ -34,6 +34,8 @@ void CheckLocale();
 void CheckSpooler();
 void CheckPrinter();
 void CheckBitmaps();
+void CheckFonts();
+void CheckQueues();
 void CheckGuard();
 
 /// Prints a document of known texts on the default printer and one line for each of them: what the paper has

@@ -148,11 +148,37 @@ void CheckRefusals() {
     ::RegCloseKey(key);
 }
 
+void CheckConditions() {
+    WinRegistry registry([](const std::string& text) { Check(false, text); });
+    Check(registry.Condition(PathA).Trouble == machine::StoreTrouble::None,
+          "a key that is there has no trouble");
+    const machine::StoreCondition gone = registry.Condition("Software\\Drukkeuring is er niet");
+    Check(gone.Trouble == machine::StoreTrouble::Missing, "a key that is not there is missing");
+    CheckEqual(gone.Where, "HKEY_CURRENT_USER\\Software\\Drukkeuring is er niet", "it is told by its path");
+    Check(!gone.Reason.empty(), "and in the system's words");
+
+    HKEY locked = nullptr;
+    ::RegCreateKeyExW(HKEY_CURRENT_USER, L"Software\\Drukkeuring check\\Dicht", 0, nullptr, 0, KEY_ALL_ACCESS,
+                      nullptr, &locked, nullptr);
+    SECURITY_DESCRIPTOR nobody{};
+    ::InitializeSecurityDescriptor(&nobody, SECURITY_DESCRIPTOR_REVISION);
+    ACL none{};
+    ::InitializeAcl(&none, sizeof none, ACL_REVISION);
+    ::SetSecurityDescriptorDacl(&nobody, TRUE, &none, FALSE);
+    CheckEqual(::RegSetKeySecurity(locked, DACL_SECURITY_INFORMATION, &nobody), ERROR_SUCCESS,
+               "a key can be locked");
+    const machine::StoreCondition refused = registry.Condition("Software\\Drukkeuring check\\Dicht");
+    Check(refused.Trouble == machine::StoreTrouble::Unreadable, "a key that nobody may read is unreadable");
+    Check(!refused.Reason.empty(), "in the system's words");
+    ::RegCloseKey(locked);
+}
+
 } // namespace
 
 void CheckRegistry() {
     OwnKey own;
     CheckSettings(own);
     CheckRefusals();
+    CheckConditions();
     CheckCalls(own);
 }

@@ -1,6 +1,8 @@
 // Checks what the program stands on in Windows: registry, locale, spooler, printer and pictures.
 //
-//     win_platform_check texts|polish|locale|registry|spooler|printer|bitmaps|samples|side|guard ...
+//     win_platform_check GROUP ...
+//
+// with the groups below.
 //
 // One line for each expectation on standard output. The exit status is the number of those that did not hold.
 
@@ -25,7 +27,7 @@ constexpr Group Groups[] = {
     {"texts", CheckTexts},     {"registry", CheckRegistry}, {"polish", CheckPolish},
     {"locale", CheckLocale},   {"spooler", CheckSpooler},   {"printer", CheckPrinter},
     {"bitmaps", CheckBitmaps}, {"samples", PrintSamples},   {"side", PrintOnItsSide},
-    {"guard", CheckGuard},
+    {"fonts", CheckFonts},     {"queues", CheckQueues},     {"guard", CheckGuard},
 };
 
 void RunGroup(const char* name) {

@@ -1,0 +1,28 @@
+#pragma once
+
+#include <cstdint>
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "desktop/windows/Win32.h"
+
+#include "machine/PrinterCondition.h"
+
+/// What a printer is asked without changing anything about it. Each may take as long as the network to the
+/// printer's machine does.
+namespace desktop::windows {
+
+/// One that cannot be opened is not reachable.
+machine::PrinterCondition AskCondition(const std::string& printer);
+
+/// Fields of a printer's stored settings that go with every document and change its pages. Drivers word them
+/// in windows of their own alone.
+std::vector<std::string> ImposedBy(const DEVMODEW& mode);
+
+/// The sheet of a paper (DMPAPER_...), Portrait or Landscape; nothing if the printer has no such paper, or
+/// cannot be asked.
+std::optional<machine::SheetArea> AskSheet(const std::string& printer, std::int16_t paper,
+                                           std::int16_t orientation);
+
+} // namespace desktop::windows
