@@ -1,6 +1,7 @@
 #include <array>
 #include <string>
 #include <string_view>
+#include <utility>
 
 #include "base/Text.h"
 #include "composition/PrintIncassant.h"
@@ -24,6 +25,8 @@ namespace {
 
 constexpr std::string_view PlainFont = "Tahoma";
 constexpr double AnyPoints = 7;
+/// What the store's code page has in place of a letter that it lacks.
+constexpr char LostLetter = '?';
 
 /// A text of the creditor, and what is told where it is missing.
 struct CreditorText {
@@ -56,24 +59,29 @@ void CheckAccount(const std::string& account, Findings& findings) {
     }
 }
 
-/// Letters that the font lacks, or that the main application and the printers of the machine's code page
-/// cannot hold.
-std::string UnprintableLetters(LetterMeasures& measures, std::string_view whole) {
-    std::u32string missing = measures.MissingLetters(whole, {std::string(PlainFont), AnyPoints, false});
-    for (std::string_view rest = whole; !rest.empty();) {
-        const text::Decoded first = text::DecodeFirst(rest);
-        const std::string letter = text::Encode(first.Code);
-        if (text::ToCodePage(letter) == "?" && first.Code != U'?' &&
-            missing.find(first.Code) == std::u32string::npos) {
-            missing += first.Code;
-        }
-        rest.remove_prefix(first.Bytes);
-    }
+/// The letters one by one.
+std::string LetterList(const std::u32string& letters) {
     std::string list;
-    for (const char32_t code : missing) {
+    for (const char32_t code : letters) {
         list += (list.empty() ? "" : " ") + text::Encode(code);
     }
     return list;
+}
+
+/// Letters that cannot be printed, or that the store has not been able to hold.
+void CheckLetters(LetterMeasures& measures, const CreditorText& creditor, const std::string& value,
+                  Findings& findings) {
+    const auto add = [&](Finding finding) {
+        finding.Spot = creditor.Spot;
+        findings.push_back(std::move(finding));
+    };
+    const std::u32string missing = measures.MissingLetters(value, {std::string(PlainFont), AnyPoints, false});
+    if (!missing.empty()) {
+        add(MakeFinding(FindingKind::CreditorLetters, {creditor.Name, Shown(LetterList(missing))}));
+    }
+    if (value.find(LostLetter) != std::string::npos) {
+        add(MakeFinding(FindingKind::CreditorLettersLost, {creditor.Name, Quoted(value)}));
+    }
 }
 
 } // namespace
@@ -100,10 +108,8 @@ void CheckCreditor(const CurrentSettings& current, machine::Platform& platform, 
         }
         if (value.empty()) {
             findings.push_back(MakeFinding(creditor.Missing));
-        } else if (const std::string missing = UnprintableLetters(measures, value); !missing.empty()) {
-            Finding finding = MakeFinding(FindingKind::CreditorLetters, {creditor.Name, Shown(missing)});
-            finding.Spot = creditor.Spot;
-            findings.push_back(std::move(finding));
+        } else {
+            CheckLetters(measures, creditor, value, findings);
         }
     }
     if (ocrLine && !state.IncassantBankGiro.empty()) {

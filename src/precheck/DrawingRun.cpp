@@ -44,8 +44,11 @@ void DrawForChecking(state::AppState& state, const machine::Platform& real, cons
                                   real.Bitmaps, real.WindowProcedures, real.Fonts};
     DrawnSurface surface(printer.Drawing, document);
     state.PrinterOrientation = intent.Orientation;
-    state.LeftMargin = intent.Orientation == machine::Landscape ? composition::LeftMarginLandscape
-                                                                : composition::LeftMarginPortrait;
+    if (intent.Orientation == machine::Portrait) {
+        state.LeftMargin = composition::LeftMarginPortrait;
+    } else if (intent.Orientation == machine::Landscape) {
+        state.LeftMargin = composition::LeftMarginLandscape;
+    }
     composition::LeesPrinterMaten(state, platform);
     state.Surface = &surface;
     surface.SetFontSize(composition::ListFontPoints);

@@ -12,7 +12,7 @@ using Kind = FindingKind;
 constexpr auto Spoils = Gravity::Spoils;
 constexpr auto LookAt = Gravity::LookAt;
 
-constexpr std::array<FindingWords, 46> Kinds = {{
+constexpr std::array<FindingWords, 47> Kinds = {{
     {Kind::SettingsNone, "settings.none", Spoils, Subject::Settings, Spot::Tarvik,
      "De instellingen van Tarvik zijn niet gevonden: %1 is er niet.",
      "Op Windows: werk onder de naam waaronder u Tarvik gebruikt. Op Linux: zet het bestand met de "
@@ -84,6 +84,10 @@ constexpr std::array<FindingWords, 46> Kinds = {{
     {Kind::CreditorLetters, "creditor.letters", Spoils, Subject::Creditor, Spot::CreditorName,
      "In %1 staan tekens die niet kunnen worden afgedrukt: %2.",
      "Schrijf het op de eerste bladzijde zonder deze tekens."},
+    {Kind::CreditorLettersLost, "creditor.letters-lost", LookAt, Subject::Creditor, Spot::CreditorName,
+     "In %1 staat een vraagteken: %2. Dat staat er ook voor een letter die de instellingen niet kunnen "
+     "bevatten.",
+     "Kijk op de eerste bladzijde of daar een andere letter hoort, en typ die."},
     {Kind::FontNone, "font.none", Spoils, Subject::OcrFont, Spot::OcrFont,
      "Er is geen OCR-B-lettertype ingesteld: %1. Wat in OCR-B hoort, wordt in %2 afgedrukt.",
      "Stel in Tarvik het OCR-B-lettertype in en start dit programma opnieuw."},

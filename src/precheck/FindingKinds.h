@@ -34,6 +34,7 @@ enum class FindingKind {
     CreditorNameCut,
     CreditorTownCut,
     CreditorLetters,
+    CreditorLettersLost,
     FontNone,
     FontReplaced,
     FontNotOcrB,

@@ -146,7 +146,7 @@ void CheckFont(const CurrentSettings& current, machine::Platform& platform, cons
         const std::string meet = composition::HasOcrRegel(state)
                                      ? FieldsThatMeet(state, measures, {state.GMUFontName, points, false})
                                      : std::string();
-        add(MakeFinding(FindingKind::FontSize, {Shown(state.GMUFontSize), meet}));
+        add(MakeFinding(FindingKind::FontSize, {ShortDecimal(points), meet}));
     }
 }
 

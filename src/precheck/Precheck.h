@@ -29,7 +29,8 @@ struct Intent {
     std::int32_t Forms = 0;         ///< as the user has set it
     std::int32_t FormsAskedFor = 0; ///< by the size of the batch that was chosen; 0 if none was
     std::int16_t Copies = 1;
-    /// How the sheet lies (machine::Portrait or Landscape): the margin of the lists goes by it.
+    /// How the sheet lies (machine::Portrait or Landscape, 0 for no choice): the margin of the lists goes by
+    /// it.
     std::int16_t Orientation = machine::Portrait;
 };
 

@@ -42,11 +42,8 @@ constexpr double SheetToleranceMillimetres = 0.5;
 
 /// "210 x 304,8 mm"
 std::string SizeText(const machine::SheetArea& sheet) {
-    const auto side = [](double twips) {
-        std::string text = Decimal(ToMillimetres(twips), 1);
-        return text.ends_with(",0") ? text.substr(0, text.size() - 2) : text;
-    };
-    return side(sheet.Width) + " x " + side(sheet.Height) + " mm";
+    return ShortDecimal(ToMillimetres(sheet.Width)) + " x " + ShortDecimal(ToMillimetres(sheet.Height)) +
+           " mm";
 }
 
 void CheckTroubles(const machine::PrinterCondition& printer, Findings& findings) {

@@ -58,6 +58,14 @@ std::string Decimal(double value, int digits) {
     return number;
 }
 
+std::string ShortDecimal(double value) {
+    std::string number = Decimal(value, 1);
+    if (number.ends_with(",0")) {
+        number.resize(number.size() - 2);
+    }
+    return number;
+}
+
 std::string Millimetres(double twips) {
     return Decimal(std::max(ToMillimetres(twips), LeastShownMillimetres), 1) + " mm";
 }

@@ -20,6 +20,9 @@ std::string SettingIs(std::string_view name, std::string_view value);
 /// A number with a decimal comma.
 std::string Decimal(double value, int digits);
 
+/// With one decimal, or none where that is 0: "304,8", "210".
+std::string ShortDecimal(double value);
+
 /// A length with its unit, "3,2 mm"; never less than 0,1.
 std::string Millimetres(double twips);
 

@@ -78,11 +78,11 @@ TEST_F(DocumentCheckTest, EachFieldOfEachPlaceIsToldOnceWithItsWorst) {
     // 19,48 cm and 417,6 twips are 202,2 mm, and two more on the middle form.
     EXPECT_THAT(findings[0].Wrong,
                 AllOf(HasSubstr("Het einde van de OCR-regel (bovenste formulier) valt 2,2 mm"),
-                      HasSubstr("op 84 formulieren")));
+                      HasSubstr("op 10 formulieren")));
     EXPECT_THAT(findings[1].Wrong,
-                AllOf(HasSubstr("(middelste formulier) valt 4,2 mm"), HasSubstr("op 83 formulieren")));
+                AllOf(HasSubstr("(middelste formulier) valt 4,2 mm"), HasSubstr("op 10 formulieren")));
     EXPECT_THAT(findings[2].Wrong,
-                AllOf(HasSubstr("(onderste formulier) valt 2,2 mm"), HasSubstr("op 83 formulieren")));
+                AllOf(HasSubstr("(onderste formulier) valt 2,2 mm"), HasSubstr("op 10 formulieren")));
 }
 
 TEST_F(DocumentCheckTest, EveryEdgeCounts) {
@@ -157,7 +157,7 @@ TEST_F(DocumentCheckTest, UnderALetterTheFourthCalibrationCounts) {
     state.OCRTop[3] = "-95,00";
     EXPECT_THAT(First(Document(), "calibration.off-form").Wrong,
                 AllOf(HasSubstr("(formulier onder de brief)"), HasSubstr("OCRTop3 = \"-95,00\""),
-                      HasSubstr("op 250 formulieren")));
+                      HasSubstr("op 30 formulieren")));
 }
 
 TEST_F(DocumentCheckTest, ATextThatIsTooLongIsNoFaultOfItsCalibration) {
@@ -192,7 +192,7 @@ TEST_F(DocumentCheckTest, APairOfFieldsIsToldOnce) {
     const Findings findings = With(Document(), "sheet.texts-overlap");
     EXPECT_THAT(findings, SizeIs(4));
     for (const Finding& finding : findings) {
-        EXPECT_TRUE(Mentions(finding, "op 250 formulieren")) << finding.Wrong;
+        EXPECT_TRUE(Mentions(finding, "op 30 formulieren")) << finding.Wrong;
         EXPECT_THAT(finding.Sketch.Wrong, SizeIs(2));
     }
 }
@@ -264,6 +264,9 @@ TEST_F(DocumentCheckTest, TheListsMarginGoesByHowTheSheetLies) {
     EXPECT_THAT(Codes(Document()), ElementsAre("sheet.text-off"));
     intent.Orientation = machine::Landscape;
     EXPECT_THAT(Codes(Document()), IsEmpty());
+    intent.Orientation = 0; // none chosen: the margin stays
+    state.LeftMargin = 450;
+    EXPECT_THAT(Codes(Document()), ElementsAre("sheet.text-off"));
 }
 
 TEST_F(DocumentCheckTest, ADocumentThatIsNoneIsEmpty) {

@@ -78,7 +78,7 @@ static const std::vector<FindingCase>& Cases() {
          {"AcceptGiroNAWLinks0", "\"999999999999\""}},
         {"calibration.off-form",
          [](SpoiledBatch& b) { b.State.OCRTop[0] = "9,00"; },
-         {"Het begin van de OCR-regel (bovenste formulier)", "OCRTop0 = \"9,00\"", "op 84 formulieren"}},
+         {"Het begin van de OCR-regel (bovenste formulier)", "OCRTop0 = \"9,00\"", "op 10 formulieren"}},
         {"locale.no-comma",
          [](SpoiledBatch& b) { b.Memory.locale.SetDecimalMark('.'); },
          {"OCRLinks0 = \"0,20\"", "Alle 56 waarden"}},
@@ -114,8 +114,15 @@ static const std::vector<FindingCase>& Cases() {
          {"blijft daar over: \"Testdam aan de Zuidelijke Vo\""},
          Gravity::LookAt},
         {"creditor.letters",
-         [](SpoiledBatch& b) { b.State.IncassantAdres = "Łąka 1"; },
+         [](SpoiledBatch& b) {
+             b.Memory.fonts.Describe("Tahoma", {.LacksLetters = "Łą"});
+             b.State.IncassantAdres = "Łąka 1";
+         },
          {"het adres van de incassant", "Ł ą"}},
+        {"creditor.letters-lost",
+         [](SpoiledBatch& b) { b.State.IncassantAdres = "??ka 1"; },
+         {"het adres van de incassant", "\"??ka 1\""},
+         Gravity::LookAt},
         {"font.none",
          [](SpoiledBatch& b) {
              b.Set("GMUFontName", "");
@@ -150,10 +157,10 @@ static const std::vector<FindingCase>& Cases() {
          Gravity::LookAt},
         {"sheet.text-off",
          [](SpoiledBatch& b) { b.Printer.Sheet->Right = ToTwips(200); },
-         {"Het einde van de OCR-regel (bovenste formulier)", "op 84 formulieren"}},
+         {"Het einde van de OCR-regel (bovenste formulier)", "op 10 formulieren"}},
         {"sheet.texts-overlap",
          [](SpoiledBatch& b) { b.State.GMUFontSize = "12"; },
-         {"Het betalingskenmerk in de OCR-regel", "het bedrag in de OCR-regel", "op 250 formulieren"}},
+         {"Het betalingskenmerk in de OCR-regel", "het bedrag in de OCR-regel", "op 30 formulieren"}},
         {"sheet.text-cut",
          [](SpoiledBatch& b) {
              b.State.GMUVerkeer = false;
@@ -182,7 +189,7 @@ static const std::vector<FindingCase>& Cases() {
         {"printer.coarse",
          [](SpoiledBatch& b) { b.Printer.Condition.DotsPerInch = 179; },
          {"179 punten per inch"}},
-        {"count.too-few", [](SpoiledBatch& b) { b.Wanted.Forms = 249; }, {"249", "250"}},
+        {"count.too-few", [](SpoiledBatch& b) { b.Wanted.Forms = 29; }, {"29", "30"}},
         {"count.none", [](SpoiledBatch& b) { b.Wanted.Copies = -1; }, {"-1"}},
         {"count.no-names", [](SpoiledBatch& b) { b.Wanted.Forms = 251; }, {"251"}, Gravity::LookAt},
         {"count.copies", [](SpoiledBatch& b) { b.Wanted.Copies = 2; }, {"2 keer"}, Gravity::LookAt},

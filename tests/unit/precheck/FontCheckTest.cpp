@@ -55,8 +55,9 @@ TEST_F(FontCheckTest, TheSizeIsTheNumberInFrontOfTheComma) {
         state.GMUFontSize = size;
         EXPECT_THAT(Codes(Settings()), IsEmpty()) << size;
     }
-    for (const char* size : {"9", "12", "10.5", "48"}) {
-        state.GMUFontSize = size;
+    for (const auto& [setting, size] :
+         {std::pair("9", "9"), std::pair("12,5", "12"), std::pair("10.5", "10,5")}) {
+        state.GMUFontSize = setting;
         EXPECT_THAT(First(Settings(), "font.size").Wrong, HasSubstr("op " + std::string(size) + " punten"))
             << size;
     }

@@ -18,7 +18,7 @@ TEST_F(CheckAllTest, NothingIsWrong) {
 
 TEST_F(CheckAllTest, WithoutAPrinterThereIsNothingToSayOfOne) {
     All(); // stores what `state` has
-    intent.Forms = 249;
+    intent.Forms = 29;
     EXPECT_THAT(Codes(CheckAll(state, memory.Services(), intent, std::nullopt)),
                 ElementsAre("count.too-few"));
 }
@@ -95,7 +95,7 @@ bool IsOneLineOfText(const std::string& sentence) {
 TEST_F(CheckAllTest, AnySettingsAreTakenAndToldInPlainSentences) {
     machine::SeededRandom random(17);
     const auto pick = [&](int count) { return static_cast<std::int16_t>(random.Rnd() * count); };
-    for (int round = 0; round < 200; ++round) {
+    for (int round = 0; round < 60; ++round) {
         for (const auto& block : state::CalibrationBlocks(state)) {
             for (std::size_t place = 0; place < state::CalibratedPlaces; ++place) {
                 block.X[place] = AnyText(random, Decimal(random.Rnd() * 60 - 30, 2));

@@ -122,7 +122,7 @@ class PrecheckTest : public testing::Test {
 
     memory::MemoryPlatform memory;
     state::AppState state;
-    Intent intent{.Forms = 250, .FormsAskedFor = 250};
+    Intent intent{.Forms = 30, .FormsAskedFor = 30};
     ChosenPrinter printer;
 
   private:

@@ -40,6 +40,8 @@ TEST(WordingTest, LengthsHaveACommaAndAreNeverNothing) {
     EXPECT_EQ(Millimetres(181.4), "3,2 mm");
     EXPECT_EQ(Millimetres(0.1), "0,1 mm");
     EXPECT_EQ(Decimal(2.125, 2), "2,12");
+    EXPECT_EQ(ShortDecimal(304.8), "304,8");
+    EXPECT_EQ(ShortDecimal(210.04), "210");
     EXPECT_EQ(Decimal(std::numeric_limits<double>::max(), 2).size(), 312U);
 }
 
