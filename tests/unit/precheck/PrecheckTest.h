@@ -30,7 +30,21 @@ using Numbers = std::vector<std::int16_t>;
 /// points.
 class PrecheckTest : public testing::Test {
   protected:
-    PrecheckTest() {
+    PrecheckTest() : PrecheckTest(nullptr) {}
+
+    /// With the fonts of a desktop instead of those in memory.
+    explicit PrecheckTest(machine::Fonts* fonts)
+        : services{memory.desktop,
+                   memory.registry,
+                   memory.locale,
+                   memory.clock,
+                   memory.random,
+                   memory.spooler,
+                   memory.printers,
+                   memory.printer,
+                   memory.bitmaps,
+                   memory.Services().WindowProcedures,
+                   fonts != nullptr ? *fonts : memory.fonts} {
         memory.clock.Set({2026, 3, 14, 10, 30, 0, 0});
         memory.fonts.Describe(OcrFont, {.WidthPerPoint = 14.4});
         state.SettingsKey = SettingsPath;
@@ -82,19 +96,19 @@ class PrecheckTest : public testing::Test {
 
     Findings All() {
         Store();
-        return CheckAll(state, memory.Services(), intent, printer);
+        return CheckAll(state, services, intent, printer);
     }
     Findings Settings() {
         Store();
-        return CheckSettings(state, memory.Services(), intent);
+        return CheckSettings(state, services, intent);
     }
     Findings OfPrinter() {
         Store();
-        return CheckPrinter(state, memory.Services(), intent, printer);
+        return CheckPrinter(state, services, intent, printer);
     }
     Findings Document() {
         Store();
-        return CheckDocument(state, memory.Services(), intent, printer.Sheet);
+        return CheckDocument(state, services, intent, printer.Sheet);
     }
 
     static std::vector<std::string> Codes(const Findings& findings) {
@@ -121,6 +135,7 @@ class PrecheckTest : public testing::Test {
     }
 
     memory::MemoryPlatform memory;
+    machine::Platform services;
     state::AppState state;
     Intent intent{.Forms = 30, .FormsAskedFor = 30};
     ChosenPrinter printer;

@@ -25,7 +25,6 @@ class SameAsRunTest : public PrecheckTest {
             }
         };
         SteadyChance chance;
-        machine::Platform& services = memory.Services();
         machine::Platform drawn = {
             services.Desktop, services.Registry,         services.Locale,   services.Clock,
             chance,           services.Spooler,          services.Printers, services.Printer,

@@ -1,0 +1,71 @@
+#include "desktop/qt/QtPrintFonts.h"
+#include "unit/precheck/PrecheckTest.h"
+
+namespace precheck {
+
+using testing::AllOf;
+using testing::Contains;
+using testing::Each;
+using testing::ElementsAre;
+using testing::Field;
+using testing::HasSubstr;
+using testing::IsEmpty;
+using testing::SizeIs;
+
+class RealFontsTest : public PrecheckTest {
+  protected:
+    RealFontsTest() : PrecheckTest(&fonts_) {}
+
+    void TakeFont(const std::string& name) {
+        state.GMUFontName = name;
+        Set("GMUFontName", name);
+    }
+
+  private:
+    desktop::qt::QtPrintFonts fonts_;
+};
+
+TEST_F(RealFontsTest, NothingIsWrongOnAnyStationeryUnderAnyContract) {
+    intent = {.Forms = 250, .FormsAskedFor = 250};
+    for (const std::int16_t type : Numbers{1, 2, 3}) {
+        for (const std::int16_t contract : Numbers{2, 31, 32, 33, 34}) {
+            for (const std::int16_t document : Numbers{1, 2, 3}) {
+                state.AcceptgiroType = type;
+                state.GMUContractVorm = contract;
+                intent.Document = document;
+                printer.Sheet = Sheet(210, type == 3 ? 297 : 304.8);
+                EXPECT_THAT(All(), IsEmpty()) << type << ' ' << contract << ' ' << document;
+            }
+        }
+    }
+}
+
+TEST_F(RealFontsTest, OnA4TheLastOcrLineIsOff) {
+    printer.Sheet = Sheet(210, 297);
+    const Findings findings = Document();
+    EXPECT_THAT(findings, SizeIs(6));
+    EXPECT_THAT(findings,
+                Each(Field(&Finding::Wrong, AllOf(HasSubstr("OCR-regel"), HasSubstr("onderste formulier")))));
+}
+
+TEST_F(RealFontsTest, AtTwelvePointsTheFieldsOfTheLineMeet) {
+    state.GMUFontSize = "12";
+    EXPECT_THAT(With(Document(), "sheet.texts-overlap"), SizeIs(4));
+    EXPECT_THAT(First(Settings(), "font.size").Wrong, HasSubstr("het betalingskenmerk in het bedrag"));
+}
+
+TEST_F(RealFontsTest, OtherFontsAreNoOcrB) {
+    TakeFont("DejaVu Sans");
+    EXPECT_THAT(Codes(Settings()), ElementsAre("font.not-ocr-b"));
+    TakeFont("DejaVu Sans Mono");
+    EXPECT_THAT(First(Settings(), "font.pitch").Wrong, HasSubstr("2,12 mm"));
+    TakeFont("No such font 42");
+    EXPECT_THAT(Codes(Settings()), ElementsAre("font.replaced"));
+}
+
+TEST_F(RealFontsTest, LettersThatTahomaLacksAreTold) {
+    state.IncassantBegunstigde = "Café 漢字";
+    EXPECT_THAT(First(Settings(), "creditor.letters").Wrong, HasSubstr("afgedrukt: 漢 字."));
+}
+
+} // namespace precheck
