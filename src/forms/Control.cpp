@@ -29,8 +29,14 @@ void Control::Move(double left, double top, double width, double height) {
 void Control::SetVisible(bool visible) {
     if (visible != visible_) {
         visible_ = visible;
+        withheld_ = withheld_ && !visible;
         Changed(Aspect::Visible);
     }
+}
+
+void Control::Withhold() {
+    visible_ = false;
+    withheld_ = true;
 }
 
 void Control::SetEnabled(bool enabled) {

@@ -56,6 +56,11 @@ class Control {
     Form& Owner() const { return form_; }
     /// False for a kind that peers leave out.
     virtual bool HasWindow() const { return true; }
+    /// Hides a control that seldom has something to tell: until it is shown for the first time, the form's
+    /// window knows nothing of it.
+    void Withhold();
+    /// True for a control that the form's window mirrors.
+    bool IsMirrored() const { return HasWindow() && !withheld_; }
     const std::string& Name() const { return name_; }
     /// Number within a control array, or NoIndex.
     int Index() const { return index_; }
@@ -161,6 +166,7 @@ class Control {
     double width_ = 0;
     double height_ = 0;
     bool visible_ = true;
+    bool withheld_ = false;
     bool enabled_ = true;
     int tabIndex_ = NoTabIndex;
     ControlFont font_;

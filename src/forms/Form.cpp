@@ -256,7 +256,7 @@ void Form::UserCharacter(char32_t character) {
 }
 
 void Form::ControlChanged(Control& control, Aspect aspect) {
-    if (peer_ && control.HasWindow()) {
+    if (peer_ && control.IsMirrored()) {
         peer_->ControlChanged(control, aspect);
     }
     if (aspect == Aspect::Visible || aspect == Aspect::Enabled) {

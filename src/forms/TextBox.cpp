@@ -1,6 +1,7 @@
 #include "forms/TextBox.h"
 
 #include <algorithm>
+#include <utility>
 
 #include "base/Text.h"
 #include "forms/Desktop.h"
@@ -36,6 +37,13 @@ void TextBox::SetText(const std::string& newText) {
     selStart_ = 0;
     selLength_ = 0;
     Changed(Aspect::Text);
+    TellChange();
+}
+
+void TextBox::TellChange() {
+    if (OnChange) {
+        Owner().Dispatch(OnChange);
+    }
 }
 
 void TextBox::Select(int start, int length) {
@@ -72,6 +80,7 @@ void TextBox::ReplaceSelection(const std::string& with) {
     selStart_ += CharCount(with);
     selLength_ = 0;
     Changed(Aspect::Text);
+    TellChange();
 }
 
 bool TextBox::TypeKey(char32_t character) {
@@ -134,13 +143,16 @@ bool TextBox::UserClick() {
 }
 
 bool TextBox::UserEdit(const std::string& newText, int selStart, int selLength) {
-    text_ = Fitting(newText);
+    const std::string before = std::exchange(text_, Fitting(newText));
     const bool fits = text_ == newText;
     const int count = CharCount(text_);
     selStart_ = std::clamp(selStart, 0, count);
     selLength_ = std::clamp(selLength, 0, count - selStart_);
     if (!fits) {
         Changed(Aspect::Text);
+    }
+    if (text_ != before) {
+        TellChange();
     }
     return fits;
 }

@@ -17,6 +17,8 @@ class TextBox : public Control {
 
     std::function<void()> OnGotFocus;
     std::function<void()> OnLostFocus;
+    /// The text is another one, whoever has changed it.
+    std::function<void()> OnChange;
     /// A typed character by its code in the machine's code page; a handler that makes it 0 swallows it, any
     /// other change is what the box receives.
     std::function<void(std::int16_t& KeyAscii)> OnKeyPress;
@@ -63,6 +65,7 @@ class TextBox : public Control {
     /// As much of a text as the box takes.
     std::string Fitting(const std::string& text) const;
     void ReplaceSelection(const std::string& with);
+    void TellChange();
 
     std::string text_;
     int selStart_ = 0;

@@ -82,7 +82,7 @@ QtForm::QtForm(forms::Form& form, QtDesktop& desktop)
         area_ = new QWidget(window_.get());
     }
     for (forms::Control* control : form.Controls()) {
-        if (control->HasWindow()) {
+        if (control->IsMirrored()) {
             Find(*control);
         }
     }
@@ -124,8 +124,14 @@ std::uintptr_t QtForm::HandleOf(const forms::Control& control) {
     return widget == nullptr ? Handle() : reinterpret_cast<std::uintptr_t>(widget);
 }
 
+// A control that the form has held back so far gets its widget now. Some are known by their tool tip.
 void QtForm::ControlChanged(forms::Control& control, forms::Aspect aspect) {
-    Find(control).Mirror(aspect);
+    const bool isNew = !byModel_.contains(&control);
+    QtControl& mirrored = Find(control);
+    mirrored.Mirror(aspect);
+    if (isNew || aspect == forms::Aspect::ToolTip) {
+        NameControl(mirrored);
+    }
 }
 
 void QtForm::FormChanged() {
@@ -136,10 +142,14 @@ void QtForm::FormChanged() {
 
 void QtForm::NameControls() {
     for (const auto& control : controls_) {
-        if (QWidget* widget = control->Widget()) {
-            widget->setAccessibleName(ToQString(AccessibleNameOf(control->Model())));
-            TieLabel(control->Model(), widget);
-        }
+        NameControl(*control);
+    }
+}
+
+void QtForm::NameControl(const QtControl& control) {
+    if (QWidget* widget = control.Widget()) {
+        widget->setAccessibleName(ToQString(AccessibleNameOf(control.Model())));
+        TieLabel(control.Model(), widget);
     }
 }
 

@@ -60,6 +60,7 @@ class QtForm final : public forms::FormPeer, private forms::KeyWindow {
     QtControl& Find(forms::Control& control);
     QtControl& Add(forms::Control& control);
     void NameControls();
+    void NameControl(const QtControl& control);
     void TieLabel(const forms::Control& control, QWidget* widget);
 
     // QtFormInput.cpp: the keyboard and the focus.

@@ -1,10 +1,14 @@
 #include "desktop/windows/ToolTips.h"
 
+#include "desktop/windows/Scale.h"
 #include "desktop/windows/WideText.h"
 
 namespace desktop::windows {
 
 namespace {
+
+/// A tip that is longer goes on in a next line; twips.
+constexpr double LongestLine = 6000;
 
 TTTOOLINFOW ToolFor(HWND control) {
     TTTOOLINFOW tool{};
@@ -25,6 +29,7 @@ void ToolTips::Set(HWND control, const std::string& text) {
         window_ = ::CreateWindowExW(
             WS_EX_TOPMOST, TOOLTIPS_CLASSW, nullptr, WS_POPUP | TTS_ALWAYSTIP | TTS_NOPREFIX, 0, 0, 0, 0,
             ::GetAncestor(control, GA_ROOT), nullptr, ::GetModuleHandleW(nullptr), nullptr);
+        ::SendMessageW(window_, TTM_SETMAXTIPWIDTH, 0, ScreenScale().ToDots(LongestLine));
     }
     TTTOOLINFOW tool = ToolFor(control);
     ::SendMessageW(window_, TTM_DELTOOLW, 0, reinterpret_cast<LPARAM>(&tool));

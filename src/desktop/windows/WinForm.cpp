@@ -77,7 +77,7 @@ void WinForm::TellFailure() noexcept {
 void WinForm::MakeControls() {
     ::SendMessageW(window_, WM_CHANGEUISTATE, MAKEWPARAM(UIS_INITIALIZE, 0), 0);
     for (forms::Control* control : form_.Controls()) {
-        if (!control->HasWindow()) {
+        if (!control->IsMirrored()) {
             continue;
         }
         WinControl& made = Find(*control);
@@ -148,10 +148,14 @@ void WinForm::PutLabelsBeforeFields() {
 // A control that shows no text of its own has it for assistive technology.
 void WinForm::NameControls() {
     for (const auto& control : controls_) {
-        if (control->IsNamed()) {
-            const std::wstring name = ToWide(forms::AccessibleNameOf(control->Model()));
-            ::SetWindowTextW(control->Window(), name.c_str());
-        }
+        NameControl(*control);
+    }
+}
+
+void WinForm::NameControl(const WinControl& control) {
+    if (control.IsNamed()) {
+        const std::wstring name = ToWide(forms::AccessibleNameOf(control.Model()));
+        ::SetWindowTextW(control.Window(), name.c_str());
     }
 }
 
@@ -165,8 +169,19 @@ std::uintptr_t WinForm::HandleOf(const forms::Control& control) {
     return window == nullptr ? Handle() : reinterpret_cast<std::uintptr_t>(window);
 }
 
+// A control that the form has held back so far gets its window now. Some are known by their tool tip.
 void WinForm::ControlChanged(forms::Control& control, forms::Aspect aspect) {
-    Find(control).Mirror(aspect);
+    const bool isNew = !byModel_.contains(&control);
+    WinControl& mirrored = Find(control);
+    mirrored.Mirror(aspect);
+    if (isNew) {
+        mirrored.Mirror(forms::Aspect::Caption);
+        PutInReadingOrder();
+        PutLabelsBeforeFields();
+    }
+    if (isNew || aspect == forms::Aspect::ToolTip) {
+        NameControl(mirrored);
+    }
 }
 
 void WinForm::FormChanged() {

@@ -87,6 +87,7 @@ class WinForm final : public forms::FormPeer, private forms::KeyWindow {
     void PutInReadingOrder();
     void PutLabelsBeforeFields();
     void NameControls();
+    static void NameControl(const WinControl& control);
 
     // WinFormInput.cpp: the keyboard and the focus.
     bool KeyReceived(UINT message, WPARAM wParam, LPARAM lParam);

@@ -94,6 +94,22 @@ TEST_F(TextBoxTest, AMaximumLengthHoldsFromTheNextTextOn) {
     EXPECT_EQ(box.Text(), "30001");
 }
 
+TEST_F(TextBoxTest, EveryChangeOfItsTextIsTold) {
+    int changes = 0;
+    box.OnChange = [&] { ++changes; };
+    box.SetText("12");
+    box.SetText("12");
+    EXPECT_EQ(changes, 1) << "nothing has changed the second time";
+    box.Select(2, 0);
+    Type(U"3");
+    box.TypeKey(Backspace);
+    EXPECT_EQ(changes, 3);
+    box.UserEdit("12", 0, 2);
+    EXPECT_EQ(changes, 3) << "only the selection is another one";
+    box.UserEdit("7", 1, 0);
+    EXPECT_EQ(changes, 4);
+}
+
 TEST_F(TextBoxTest, AKeyPassesTheHandlerFirst) {
     std::vector<int> keys;
     box.OnKeyPress = [&](std::int16_t& key) {
