@@ -67,6 +67,14 @@ class Desktop {
     /// the web. If it cannot be shown the user is told.
     virtual void ShowHandbook(const std::string& section) = 0;
 
+    /// Asks the user for the file that a text is to be saved in, with `proposal` as its name without a
+    /// folder. A file that is there is answered only once the user has agreed that it is replaced. The empty
+    /// text if the user does not want to save. UTF-8.
+    virtual std::string AskFileToSave(const std::string& proposal) = 0;
+
+    /// Writes lines that each end in LF into a file, with the line ends of the system. False if that fails.
+    virtual bool SaveText(const std::string& file, const std::string& text) = 0;
+
     /// Negative if the key is down, as a signed 16-bit value.
     virtual std::int16_t GetKeyState(int virtualKey) = 0;
 

@@ -2,6 +2,7 @@
 
 #include <limits>
 #include <unordered_map>
+#include <utility>
 
 #include "forms/Form.h"
 #include "forms/FormPeer.h"
@@ -96,6 +97,18 @@ void MemoryDesktop::Yield() {
 void MemoryDesktop::MsgBox(const std::string& text, forms::MessageIcon icon, const std::string& title) {
     messages_.push_back({text, icon, title});
     recorder_.Record({"message", {{"icon", IconName(icon)}, {"title", title}, {"text", text}}});
+}
+
+std::string MemoryDesktop::AskFileToSave(const std::string& proposal) {
+    const std::string file = std::exchange(NextFile, {});
+    recorder_.Record({"ask-file", {{"proposal", proposal}, {"file", file}}});
+    return file;
+}
+
+bool MemoryDesktop::SaveText(const std::string& file, const std::string& text) {
+    const bool saved = !recorder_.TakeFailure("SaveText");
+    recorder_.Record({"save", {{"file", file}, {"ok", saved}, {"text", text}}});
+    return saved;
 }
 
 std::int16_t MemoryDesktop::GetKeyState(int virtualKey) {

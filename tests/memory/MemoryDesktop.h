@@ -39,6 +39,8 @@ class MemoryDesktop final : public forms::Desktop {
     std::function<void()> OnYield;
     /// What a window does with a change of one of its controls; a failure goes to the program.
     std::function<void(const forms::Control&, forms::Aspect)> OnControlChanged;
+    /// The file that the next question for one is answered with; empty: the user wants none.
+    std::string NextFile;
     /// Yields are events only where this is set.
     bool TraceYields = false;
 
@@ -47,6 +49,8 @@ class MemoryDesktop final : public forms::Desktop {
     void Yield() override;
     void MsgBox(const std::string& text, forms::MessageIcon icon, const std::string& title) override;
     void ShowHandbook(const std::string& section) override { handbookSections_.push_back(section); }
+    std::string AskFileToSave(const std::string& proposal) override;
+    bool SaveText(const std::string& file, const std::string& text) override;
     std::int16_t GetKeyState(int virtualKey) override;
     void SetMousePointer(int pointer) override;
     void LockWindowUpdate(std::uintptr_t window) override { lockedWindow_ = window; }

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <limits>
+#include <optional>
 
 #include <QApplication>
 #include <QDesktopServices>
@@ -18,12 +19,14 @@
 #include <QUrl>
 
 #include "desktop/qt/ArrowPointer.h"
+#include "desktop/qt/FileQuestion.h"
 #include "desktop/qt/Guarded.h"
 #include "desktop/qt/PictureWidget.h"
 #include "desktop/qt/ProgramFolder.h"
 #include "desktop/qt/QtForm.h"
 #include "desktop/qt/QtText.h"
 #include "desktop/qt/Scale.h"
+#include "desktop/regfile/FileReplacement.h"
 #include "forms/CaughtError.h"
 #include "forms/Form.h"
 #include "forms/Handbook.h"
@@ -173,6 +176,20 @@ void QtDesktop::ShowHandbook(const std::string& section) {
             QDir::toNativeSeparators(folder.filePath(QString::fromLatin1(forms::HandbookFile)));
         forms::TellHandbookNotOpened(*this, FromQString(file), forms_.Title());
     }
+}
+
+std::string QtDesktop::AskFileToSave(const std::string& proposal) {
+    const std::optional<QString> file =
+        AskForFile(ToQString(proposal),
+                   {QStringLiteral("Opslaan als tekstbestand"),
+                    QStringLiteral("Tekstbestanden (*.txt);;Alle bestanden (*)"), QStringLiteral(".txt")});
+    return file ? file->toStdString() : std::string();
+}
+
+bool QtDesktop::SaveText(const std::string& file, const std::string& text) {
+    regfile::FileReplacement replacement;
+    return replacement.Begin(QFile::encodeName(ToQString(file)).toStdString()) == 0 &&
+           replacement.Write(text) == 0 && replacement.Commit() == 0;
 }
 
 std::int16_t QtDesktop::GetKeyState(int virtualKey) {

@@ -27,6 +27,8 @@ class QtDesktop final : public QObject, public forms::Desktop {
     void Yield() override;
     void MsgBox(const std::string& text, forms::MessageIcon icon, const std::string& title) override;
     void ShowHandbook(const std::string& section) override;
+    std::string AskFileToSave(const std::string& proposal) override;
+    bool SaveText(const std::string& file, const std::string& text) override;
     std::int16_t GetKeyState(int virtualKey) override;
     void SetMousePointer(int pointer) override;
     void LockWindowUpdate(std::uintptr_t window) override;

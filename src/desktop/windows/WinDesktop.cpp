@@ -4,6 +4,7 @@
 #include <exception>
 #include <new>
 
+#include "desktop/windows/FileQuestion.h"
 #include "desktop/windows/Scale.h"
 #include "desktop/windows/ShellOpen.h"
 #include "desktop/windows/WideText.h"
@@ -173,6 +174,14 @@ void WinDesktop::ShowHandbook(const std::string& section) {
         const std::wstring file = folder + ToWide(forms::HandbookFile);
         forms::TellHandbookNotOpened(*this, FromWide(file), forms_.Title());
     }
+}
+
+std::string WinDesktop::AskFileToSave(const std::string& proposal) {
+    return AskForTextFile(TopWindow(), proposal);
+}
+
+bool WinDesktop::SaveText(const std::string& file, const std::string& text) {
+    return WriteTextFile(file, text);
 }
 
 std::int16_t WinDesktop::GetKeyState(int virtualKey) {

@@ -3,6 +3,7 @@
 #include <utility>
 
 #include <QApplication>
+#include <QFileInfo>
 #include <QMessageBox>
 #include <QScopedValueRollback>
 #include <QTest>
@@ -144,6 +145,19 @@ void TwinDesktop::MsgBox(const std::string& text, forms::MessageIcon icon, const
         Look(box);
     });
     qt_.MsgBox(text, icon, title);
+}
+
+std::string TwinDesktop::AskFileToSave(const std::string& proposal) {
+    const QScopedValueRollback wait(waiting_, true);
+    const std::string file = qt_.AskFileToSave(proposal);
+    memory_.desktop.NextFile = QFileInfo(QString::fromStdString(file)).fileName().toStdString();
+    memory_.desktop.AskFileToSave(proposal);
+    return file;
+}
+
+bool TwinDesktop::SaveText(const std::string& file, const std::string& text) {
+    const std::string name = QFileInfo(QString::fromStdString(file)).fileName().toStdString();
+    return memory_.desktop.SaveText(name, text) && qt_.SaveText(file, text);
 }
 
 void TwinDesktop::Look(QWidget& box) {

@@ -35,6 +35,8 @@ class TwinDesktop final : public forms::Desktop {
     void Yield() override;
     void MsgBox(const std::string& text, forms::MessageIcon icon, const std::string& title) override;
     void ShowHandbook(const std::string& section) override { qt_.ShowHandbook(section); }
+    std::string AskFileToSave(const std::string& proposal) override;
+    bool SaveText(const std::string& file, const std::string& text) override;
     std::int16_t GetKeyState(int virtualKey) override { return qt_.GetKeyState(virtualKey); }
     void SetMousePointer(int pointer) override;
     void LockWindowUpdate(std::uintptr_t window) override { qt_.LockWindowUpdate(window); }

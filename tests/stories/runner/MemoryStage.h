@@ -35,7 +35,7 @@ class MemoryStage final : public Stage {
     void Resize(forms::Form& form, double width, double height) override { form.UserResize(width, height); }
     void Picture(forms::Form& /*form*/, const std::string& /*name*/, bool /*menu*/) override {}
     void PictureNext(const std::string& /*name*/) override {}
-    void FileNext(const std::string& /*file*/) override {}
+    void FileNext(const std::string& file) override { memory_.desktop.NextFile = file; }
 
   private:
     memory::MemoryPlatform& memory_;

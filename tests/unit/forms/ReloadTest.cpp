@@ -33,6 +33,8 @@ class ListingDesktop final : public forms::Desktop {
     void MsgBox(const std::string& /*text*/, forms::MessageIcon /*icon*/,
                 const std::string& /*title*/) override {}
     void ShowHandbook(const std::string& /*section*/) override {}
+    std::string AskFileToSave(const std::string& /*proposal*/) override { return {}; }
+    bool SaveText(const std::string& /*file*/, const std::string& /*text*/) override { return false; }
     std::int16_t GetKeyState(int /*virtualKey*/) override { return 0; }
     void SetMousePointer(int /*pointer*/) override {}
     void LockWindowUpdate(std::uintptr_t /*window*/) override {}
