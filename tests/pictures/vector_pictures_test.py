@@ -28,6 +28,10 @@ class Paths(unittest.TestCase):
         self.assertEqual(vector_pictures.svg_path("M18 6l-7 6 7 6")[2], ("L", 18, 18))
         self.assertEqual(vector_pictures.svg_path("m1 1 2 2"), [("M", 1, 1), ("L", 3, 3)])
 
+    def test_a_curve_is_taken_as_it_is(self):
+        self.assertEqual(vector_pictures.svg_path("M5 6c1 0 2 1 2 2C7 9 6 9 5 9"),
+                         [("M", 5, 6), ("C", 6, 6, 7, 7, 7, 8), ("C", 7, 9, 6, 9, 5, 9)])
+
     def test_closing_goes_back_to_the_start_of_the_figure(self):
         self.assertEqual(vector_pictures.svg_path("M2 3h4zv5")[-1], ("L", 2, 8))
 

@@ -85,7 +85,7 @@ def arc_curves(x1, y1, rx, ry, large, sweep, x2, y2):
     return curves
 
 
-ARGUMENTS = {"M": 2, "L": 2, "H": 1, "V": 1, "A": 7, "Z": 0}
+ARGUMENTS = {"M": 2, "L": 2, "H": 1, "V": 1, "C": 6, "A": 7, "Z": 0}
 
 
 def svg_path(data):
@@ -119,6 +119,8 @@ def svg_path(data):
         if kind == "M":
             start_x, start_y = x, y
             path.append(("M", x, y))
+        elif kind == "C":
+            path.append(("C", *[value + (base_x, base_y)[i % 2] for i, value in enumerate(values)]))
         elif kind == "A":
             rx, ry, rotation, large, sweep = values[:5]
             if rotation != 0:
