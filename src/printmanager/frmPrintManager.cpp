@@ -20,8 +20,21 @@ namespace printmanager {
 namespace {
 
 constexpr int NoIndex = forms::Control::NoIndex;
-/// A document whose title holds this word is landscape whatever the user has chosen.
+/// In the title of a document that is landscape.
 constexpr const char* LandscapeTitle = "Landscape";
+
+/// A last step on every way out of a block.
+template <class Step>
+class AtEnd {
+  public:
+    explicit AtEnd(Step step) : step_(step) {}
+    ~AtEnd() { step_(); }
+    AtEnd(const AtEnd&) = delete;
+    AtEnd& operator=(const AtEnd&) = delete;
+
+  private:
+    Step step_;
+};
 
 void ShowProgress(forms::ProgressBar& bar, std::int16_t percent) {
     bar.SetValue(std::min<int>(percent, bar.Max()));
@@ -67,10 +80,11 @@ frmPrintManager::frmPrintManager(forms::Session& session, machine::Platform& pla
       lFormX3(*this, "lFormX3", NoIndex, &pictFakeForm), lFormX4(*this, "lFormX4", NoIndex, &pictFakeForm),
       lFormY1(*this, "lFormY1", NoIndex, &pictFakeForm), lFormY2(*this, "lFormY2", NoIndex, &pictFakeForm),
       lFormY3(*this, "lFormY3", NoIndex, &pictFakeForm), lFormY4(*this, "lFormY4", NoIndex, &pictFakeForm),
-      platform_(platform), state_(state) {
+      pictMelding(*this, "pictMelding", {}), platform_(platform), state_(state) {
     for (const int index : {1, 2, 3}) {
         cboPrinterSelect.Add(*this, "cboPrinterSelect", index, &pictDetails);
     }
+    MakeMarks();
     LayOut(*this);
     ConnectHandlers();
 }
@@ -83,6 +97,8 @@ void frmPrintManager::ConnectHandlers() {
     cmdAnnuleren.OnClick = [this] { cmdAnnuleren_Click(); };
     cmdDetails.OnClick = [this] { cmdDetails_Click(); };
     UserText(0).OnGotFocus = [this] { UserText_GotFocus(); };
+    UserText(0).OnChange = [this] { ControleerKeuze(); };
+    tmrVoorcontrole->OnTimer = [this] { tmrVoorcontrole_Timer(); };
     tmrSetPaperSize.OnTimer = [this] { tmrSetPaperSize_Timer(); };
     for (const auto& [index, combo] : cboPrinterSelect) {
         combo->OnClick = [this, number = index] { cboPrinterSelect_Click(number); };
@@ -110,6 +126,7 @@ void frmPrintManager::lstAfdrukken_Click() {
     }
     cmdSetup.SetEnabled(false);
     Desktop().HourglassOff();
+    ControleerKeuze();
 }
 
 void frmPrintManager::UserText_GotFocus() {
@@ -138,7 +155,7 @@ bool frmPrintManager::PrepareRun(bool preview, Job& job, std::int16_t& orientati
 
     orientation = static_cast<std::int16_t>(cboPrinterSelect(3).ListIndex() + 1);
     state_.PrinterOrientation = orientation;
-    if (job.Title.find(LandscapeTitle) != std::string::npos) {
+    if (LiesDown(job.Title)) {
         state_.PrinterOrientation = machine::Landscape;
     }
     if (state_.PrinterOrientation == machine::Portrait) {
@@ -158,6 +175,10 @@ bool frmPrintManager::PrepareRun(bool preview, Job& job, std::int16_t& orientati
     }
     job.Copies = iCopies;
     return true;
+}
+
+bool frmPrintManager::LiesDown(const std::string& title) {
+    return title.find(LandscapeTitle) != std::string::npos;
 }
 
 void frmPrintManager::ForEachCaller(const std::function<void(forms::Form&)>& call) {
@@ -192,6 +213,7 @@ void frmPrintManager::cmdPrint_Click() {
     }
     Desktop().HourglassOn();
     std::int16_t orientation = state_.PrinterOrientation;
+    const AtEnd check([this] { ControleerKeuze(); });
     const ClearAtEnd notBusy(blnBusy);
     const auto giveBack = [&] {
         state_.PrinterOrientation = orientation;
@@ -222,6 +244,7 @@ void frmPrintManager::cmdPrintVoorbeeld_Click() {
     }
     Desktop().HourglassOn();
     std::int16_t orientation = 0;
+    const AtEnd check([this] { ControleerKeuze(); });
     const ClearAtEnd notBusy(blnBusy);
     Job job = ChosenJob();
     if (!PrepareRun(true, job, orientation)) {

@@ -2,6 +2,7 @@
 
 #include <cstdint>
 #include <functional>
+#include <memory>
 #include <string>
 #include <vector>
 
@@ -20,6 +21,7 @@
 #include "forms/UpDown.h"
 #include "machine/Platform.h"
 #include "machine/Printer.h"
+#include "precheck/Finding.h"
 #include "printmanager/PaperAndBins.h"
 #include "printmanager/PrinterInfo.h"
 #include "printmanager/PrinterState.h"
@@ -126,6 +128,12 @@ class frmPrintManager : public forms::Form {
     forms::LineControl lFormY3;
     forms::LineControl lFormY4;
 
+    /// 0 printer, 1 paper, 2 bin, 3 copies: beside the box whose choice would spoil the document. They have a
+    /// window only once there is something to tell.
+    forms::ControlArray<forms::PictureBox> pictMelding;
+    /// The choice is looked at when the messages that wait have been handled.
+    std::unique_ptr<forms::Timer> tmrVoorcontrole;
+
     /// A run, a preparation or a reload is under way: no command, no other printer, no closing.
     base::Boolean blnBusy;
     /// The form is closing: no command.
@@ -168,6 +176,7 @@ class frmPrintManager : public forms::Form {
 
   private:
     // The job: frmPrintManager.cpp and frmPrintManagerLoad.cpp.
+    void MakeMarks();
     void ConnectHandlers();
     void FillForm();
     void FillDocuments();
@@ -188,6 +197,8 @@ class frmPrintManager : public forms::Form {
         std::int16_t Copies = 0;
     };
     Job ChosenJob() const;
+    /// A document of this title is landscape whatever the user has chosen.
+    static bool LiesDown(const std::string& title);
     bool PrepareRun(bool preview, Job& job, std::int16_t& orientation);
     void CallBack(forms::Form& form, const Job& job, bool preview);
     void ForEachCaller(const std::function<void(forms::Form&)>& call);
@@ -209,6 +220,11 @@ class frmPrintManager : public forms::Form {
     void Wait();
     void LogPreparation(const std::string& name);
     void LogPaperAndBin(const std::string& heading);
+
+    // What would spoil the chosen document: frmPrintManagerPrecheck.cpp.
+    void ControleerKeuze();
+    void tmrVoorcontrole_Timer();
+    precheck::Findings NagekekenKeuze();
 
     machine::Platform& platform_;
     state::AppState& state_;

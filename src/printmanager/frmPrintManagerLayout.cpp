@@ -293,4 +293,26 @@ void LayOutFakeForm(frmPrintManager& form) {
     }
 }
 
+void LayOutMarks(frmPrintManager& form) {
+    struct MarkPlace {
+        int Number;
+        double Left;
+        double BoxTop;
+    };
+    // Before their boxes, where the labels have ended; behind those of the copies, whose label is longer.
+    constexpr double side = 240;
+    constexpr double before = 300;
+    constexpr MarkPlace marks[] = {
+        {0, FieldLeft - before, 2175},
+        {1, PanelFieldLeft - before, 2280},
+        {2, PanelFieldLeft - before, 2700},
+        {3, 3900, 1665},
+    };
+    for (const MarkPlace& place : marks) {
+        forms::PictureBox& mark = form.pictMelding(place.Number);
+        mark.Move(place.Left, place.BoxTop + (BoxHeight - side) / 2, side, side);
+        mark.Withhold();
+    }
+}
+
 } // namespace printmanager

@@ -21,4 +21,7 @@ void LayOut(frmPrintManager& form);
 /// Puts the panel that looks like a window of its own over the form, hidden, with its border.
 void LayOutFakeForm(frmPrintManager& form);
 
+/// Gives the pictures beside the boxes their places; they stay without a window.
+void LayOutMarks(frmPrintManager& form);
+
 } // namespace printmanager

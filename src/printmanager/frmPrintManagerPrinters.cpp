@@ -15,6 +15,7 @@ void frmPrintManager::cboPrinterSelect_Click(int index) {
     if (blnBusy || blnClosing) {
         return;
     }
+    ControleerKeuze();
     blnBusy = true;
     const ClearAtEnd notBusy(blnBusy);
     try {
@@ -119,6 +120,7 @@ void frmPrintManager::SetDetails(bool open) {
     Line1.SetY2(measures.RuleEnd);
     Line2.SetY2(measures.RuleEnd);
     pictPrinter.SetTop(measures.PrinterTop);
+    ControleerKeuze();
 }
 
 void frmPrintManager::CloseDetails() {

@@ -2,12 +2,14 @@
 
 #include <array>
 
+#include "base/Numbers.h"
 #include "base/Text.h"
 #include "forms/Desktop.h"
 #include "payment/Accounts.h"
 #include "payment/TextRoutines.h"
 #include "printmanager/frmPrintManager.h"
 #include "wizard/ToetsFilter.h"
+#include "wizard/Voorcontrole.h"
 
 namespace wizard {
 
@@ -37,6 +39,7 @@ frmMain::frmMain(forms::Session& session, machine::Platform& platform, state::Ap
       cmdPrinten(*this, "cmdPrinten", forms::Control::NoIndex, &WizardPanel(3)), platform_(platform),
       state_(state), printerSurface_(platform.Printer) {
     LayOut();
+    controle_ = std::make_unique<Voorcontrole>(*this, platform_, state_);
 
     for (const auto& [index, box] : UserText) {
         box->OnGotFocus = [this, number = index] { BoxGotFocus(number); };
@@ -45,6 +48,7 @@ frmMain::frmMain(forms::Session& session, machine::Platform& platform, state::Ap
             KeyAscii = ToetsFilter(KeyAscii, box.Tag());
         };
     }
+    UserText(0).OnChange = [this] { controle_->ControleerStraks(); };
     Verder.OnClick = [this] { VerderClick(); };
     Terug.OnClick = [this] { TerugClick(); };
     Cancel.OnClick = [this] {
@@ -81,12 +85,16 @@ void frmMain::VerderClick() {
     }
 }
 
-void frmMain::VanIncassant() {
-    state_.IncassantBegunstigde = UserText(70).Text();
-    state_.IncassantAdres = UserText(71).Text();
+void frmMain::NeemIncassantOver(state::AppState& state) const {
+    state.IncassantBegunstigde = UserText(70).Text();
+    state.IncassantAdres = UserText(71).Text();
     const std::string postcode(base::text::Trim(base::text::Upper(UserText(72).Text())));
-    state_.IncassantPostCode = payment::VerwijderTeken(postcode, " ");
-    state_.IncassantWoonplaats = UserText(73).Text();
+    state.IncassantPostCode = payment::VerwijderTeken(postcode, " ");
+    state.IncassantWoonplaats = UserText(73).Text();
+}
+
+void frmMain::VanIncassant() {
+    NeemIncassantOver(state_);
     if (!payment::BankGiroCheck(UserText(74).Text())) {
         Melding("Het ingegeven banknummer is niet correct.");
         UserText(74).SetText("");
@@ -124,6 +132,8 @@ void frmMain::NaarAfdrukken(const std::string& aantal) {
     UserText(0).SetFocus();  // and not the button after this one, which closes
     UserText(0).SelectAll(); // what is typed replaces it
     Verder.SetEnabled(false);
+    controle_->SetGevraagd(base::Int32OfText(aantal));
+    controle_->ControleerAlles();
 }
 
 void frmMain::TerugClick() {

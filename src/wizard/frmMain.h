@@ -27,6 +27,8 @@ class frmPrintManager;
 
 namespace wizard {
 
+class Voorcontrole;
+
 /// The wizard: four pages that lead the user to the number of test forms which the scheme asks of this
 /// organisation, and then hand the three documents to the print manager. It is the program's first form, its
 /// loading is the program's start, and it composes the documents when the print manager calls it back.
@@ -68,9 +70,15 @@ class frmMain : public forms::Form, public printmanager::PrintCaller {
     printmanager::frmPrintManager* PrintManager() const { return printManager_.get(); }
 
     void Afdrukken(std::int16_t iMethod, std::int16_t num_copies, bool blnPrintPreview) override;
+    precheck::Findings Nakijken(const printmanager::Choice& choice) override;
+
+    /// What tells on the pages what would spoil the batch.
+    Voorcontrole& Controle() const { return *controle_; }
 
     /// Puts the creditor as the settings have it into the boxes.
     void ToonIncassant();
+    /// Takes the creditor over from the boxes, but for the account.
+    void NeemIncassantOver(state::AppState& state) const;
 
   protected:
     void OnLoad() override;
@@ -108,9 +116,11 @@ class frmMain : public forms::Form, public printmanager::PrintCaller {
     // The boxes: frmMainEntry.cpp.
     void BoxGotFocus(int index);
     void BoxLostFocus(int index);
+    void BeoordeelRekening();
 
     // Printing: frmMainPrint.cpp.
     void cmdPrintenClick();
+    void ToonAfdrukbeheer();
 
     machine::Platform& platform_;
     state::AppState& state_;
@@ -118,6 +128,7 @@ class frmMain : public forms::Form, public printmanager::PrintCaller {
     /// Texts and pictures that only stand there.
     std::vector<std::unique_ptr<forms::Control>> decoration_;
     std::unique_ptr<printmanager::frmPrintManager> printManager_;
+    std::unique_ptr<Voorcontrole> controle_;
 };
 
 } // namespace wizard

@@ -2,6 +2,7 @@
 // editing, and its form on screen.
 #include "forms/Desktop.h"
 #include "payment/Accounts.h"
+#include "wizard/Voorcontrole.h"
 #include "wizard/frmMain.h"
 
 namespace wizard {
@@ -28,10 +29,16 @@ void frmMain::BoxGotFocus(int index) {
 }
 
 void frmMain::BoxLostFocus(int index) {
-    if (index != AccountBox) {
-        return;
+    if (index == AccountBox) {
+        BeoordeelRekening();
     }
-    forms::TextBox& box = UserText(index);
+    if (Page == 0) {
+        controle_->ControleerVelden();
+    }
+}
+
+void frmMain::BeoordeelRekening() {
+    forms::TextBox& box = UserText(AccountBox);
     if (payment::BankGiroCheck(box.Text())) {
         box.SetText(payment::Text2Rekening(box.Text()));
         return;

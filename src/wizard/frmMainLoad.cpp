@@ -8,6 +8,7 @@
 #include "state/ContractTexts.h"
 #include "state/Settings.h"
 #include "wizard/StartState.h"
+#include "wizard/Voorcontrole.h"
 #include "wizard/frmMain.h"
 
 namespace wizard {
@@ -57,6 +58,7 @@ void frmMain::OnLoad() {
     WizardPanel(0).SetVisible(true);
     Terug.SetEnabled(false);
 
+    controle_->ControleerVelden();
     Desktop().HourglassOff();
 }
 

@@ -9,6 +9,7 @@
 #include "machine/Printer.h"
 #include "preview/PrintPreview.h"
 #include "printmanager/frmPrintManager.h"
+#include "wizard/Voorcontrole.h"
 #include "wizard/frmMain.h"
 
 namespace wizard {
@@ -91,6 +92,11 @@ void frmMain::cmdPrintenClick() {
     state_.DocumentTitle[3] = "Instellingen calibratie";
     state_.CallerFormName = Name();
 
+    ToonAfdrukbeheer();
+    controle_->ControleerAlles(); // the user may have mended what was wrong
+}
+
+void frmMain::ToonAfdrukbeheer() {
     const ManagerGone gone(printManager_, state_);
     printManager_ = std::make_unique<printmanager::frmPrintManager>(GetSession(), platform_, state_);
     printManager_->ShowModal();
@@ -102,6 +108,10 @@ void frmMain::Afdrukken(std::int16_t iMethod, std::int16_t num_copies, bool blnP
     composition::ComposeDocument(
         state_, platform_, printerSurface_, host,
         {.iMethod = iMethod, .num_copies = num_copies, .blnPrintPreview = blnPrintPreview});
+}
+
+precheck::Findings frmMain::Nakijken(const printmanager::Choice& choice) {
+    return controle_->Nakijken(choice);
 }
 
 } // namespace wizard

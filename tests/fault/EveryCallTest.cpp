@@ -39,8 +39,9 @@ struct WithoutHandler {
 const WithoutHandler CallsWithoutHandler[] = {
     // The manager comes up as far as its load got, so that it can be closed.
     {"click frmMain.cmdPrinten", {"Printers", "Item", "DeviceName", "Copies", CallCreateWindow}},
-    // It is not there.
+    // They are not there.
     {"open frmPrintManagerSetup", {CallCreateWindow}},
+    {"click frmMain.cmdVoorcontrole", {CallCreateWindow}},
     // The commands stay off until a document is picked again.
     {"pick frmPrintManager.lstAfdrukken", {"Printers"}},
     // The panel stays as it is.

@@ -47,6 +47,7 @@ constexpr CallOfKind Calls[] = {
     {CallTick, Kind::Timer},
     {CallOpenFile, Kind::File},
     {CallWriteFile, Kind::File},
+    {"SaveText", Kind::Window},
     {"GetLocaleInfoA", Kind::Locale},
 };
 

@@ -26,6 +26,7 @@ constexpr KnownMessage Messages[] = {
     {MessageIcon::Information, "U heeft nog geen keuze gemaakt omtrent de omvang van de testpartij."},
     {MessageIcon::Information, "Er valt niets af te drukken, geef eerst het aantal acceptgiro's in."},
     {MessageIcon::Information, "U kunt maximaal 30.000 acceptgiro's afdrukken."},
+    {MessageIcon::Exclamation, "Het bestand kon niet worden geschreven.\r\n", true},
     // The opening of a printer.
     {MessageIcon::Exclamation,
      "Fout tijdens de initialisatie van de printer.\r\nWaarschijnlijk kan de gekozen printer niet in de "

@@ -262,6 +262,7 @@ class Caller : public forms::Form, public printmanager::PrintCaller {
     using Form::Form;
 
     void Afdrukken(std::int16_t, std::int16_t, bool) override {}
+    precheck::Findings Nakijken(const printmanager::Choice&) override { return {}; }
 };
 
 void UseManager(memory::MemoryPlatform& memory, machine::Platform& platform) {

@@ -47,6 +47,7 @@ constexpr std::string_view FallibleCalls[] = {
     "Width",
     "Height",
     "Item",
+    "SaveText",
 };
 
 } // namespace

@@ -12,6 +12,7 @@
 #include "printmanager/frmPrintManagerSetup.h"
 #include "state/AppState.h"
 #include "wizard/frmMain.h"
+#include "wizard/frmVoorcontrole.h"
 
 namespace {
 
@@ -52,6 +53,7 @@ int main() {
     forms::Session session(memory.desktop);
     state::AppState state;
     Print(wizard::frmMain(session, memory.Services(), state));
+    Print(wizard::frmVoorcontrole(session, memory.Services(), state, [] { return precheck::Findings{}; }));
     Print(printmanager::frmPrintManager(session, memory.Services(), state));
     Print(printmanager::frmPrintManagerSetup(session, memory.Services(), state));
     const Preview preview(session, memory.Services(), state);

@@ -40,9 +40,13 @@ class Caller : public forms::Form, public PrintCaller {
     using Form::Form;
 
     std::function<void(std::int16_t, std::int16_t, bool)> OnAfdrukken;
+    std::function<precheck::Findings(const Choice&)> OnNakijken;
 
     void Afdrukken(std::int16_t iMethod, std::int16_t num_copies, bool blnPrintPreview) override {
         OnAfdrukken(iMethod, num_copies, blnPrintPreview);
+    }
+    precheck::Findings Nakijken(const Choice& choice) override {
+        return OnNakijken ? OnNakijken(choice) : precheck::Findings{};
     }
 };
 

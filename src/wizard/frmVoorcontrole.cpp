@@ -1,0 +1,129 @@
+#include "wizard/frmVoorcontrole.h"
+
+#include <cstdio>
+#include <utility>
+
+#include "base/Resume.h"
+#include "base/Text.h"
+#include "forms/Desktop.h"
+#include "machine/Clock.h"
+#include "wizard/SheetSketch.h"
+
+namespace wizard {
+
+namespace {
+
+constexpr int NoIndex = forms::Control::NoIndex;
+
+constexpr const char* ProposedFile = "Voorcontrole drukkeuring.txt";
+constexpr const char* NothingFound = "Er is niets gevonden dat uw drukkeuring kan bederven.";
+
+/// Characters that a line of the list has room for.
+constexpr std::size_t LongestEntry = 108;
+
+const char* Word(precheck::Gravity gravity) {
+    return gravity == precheck::Gravity::Spoils ? "Fout" : "Let op";
+}
+
+/// A line of the list: its whole text stands below.
+std::string Entry(const precheck::Finding& finding) {
+    const std::string whole = std::string(Word(finding.Gravity)) + ": " + finding.Wrong;
+    if (base::text::Length(whole) <= LongestEntry) {
+        return whole;
+    }
+    const std::string cut(base::text::Left(whole, LongestEntry));
+    return cut.substr(0, cut.rfind(' ')) + " …";
+}
+
+std::string DayAndTime(const machine::DateTime& now) {
+    char text[64];
+    std::snprintf(text, sizeof text, "%02d-%02d-%04d, %02d:%02d", now.Day, now.Month, now.Year, now.Hour,
+                  now.Minute);
+    return text;
+}
+
+} // namespace
+
+frmVoorcontrole::frmVoorcontrole(forms::Session& session, machine::Platform& platform, state::AppState& state,
+                                 std::function<precheck::Findings()> check)
+    : Form(session, "frmVoorcontrole"), Picture1(*this, "Picture1"),
+      pictHeading(*this, "pictHeading", NoIndex, &Picture1),
+      lblHeading(*this, "lblHeading", NoIndex, &Picture1), lineHeading(*this, "lineHeading"),
+      lblLijst(*this, "lblLijst"), lstMeldingen(*this, "lstMeldingen"), lblFoutKop(*this, "lblFoutKop"),
+      lblFout(*this, "lblFout"), lblHerstelKop(*this, "lblHerstelKop"), lblHerstel(*this, "lblHerstel"),
+      lblSchets(*this, "lblSchets"), pictSchets(*this, "pictSchets"), lblCijfers(*this, "lblCijfers"),
+      pictCijfers(*this, "pictCijfers"), cmdOpnieuw(*this, "cmdOpnieuw"), cmdBewaren(*this, "cmdBewaren"),
+      cmdSluiten(*this, "cmdSluiten"), platform_(platform), state_(state), check_(std::move(check)) {
+    LayOut();
+    lstMeldingen.OnClick = [this] { ToonMelding(); };
+    cmdOpnieuw.OnClick = [this] { Controleer(); };
+    cmdBewaren.OnClick = [this] { Bewaar(); };
+    cmdSluiten.OnClick = [this] { Unload(); };
+}
+
+void frmVoorcontrole::OnLoad() {
+    Controleer();
+}
+
+void frmVoorcontrole::Controleer() {
+    Desktop().HourglassOn();
+    gevonden_ = check_();
+    lstMeldingen.Clear();
+    for (const precheck::Finding& finding : gevonden_) {
+        lstMeldingen.AddItem(Entry(finding));
+    }
+    lstMeldingen.SetListIndex(gevonden_.empty() ? -1 : 0);
+    ToonMelding();
+    Desktop().HourglassOff();
+}
+
+void frmVoorcontrole::ToonMelding() {
+    const bool any = lstMeldingen.ListIndex() != -1;
+    const precheck::Finding finding =
+        any ? gevonden_[static_cast<std::size_t>(lstMeldingen.ListIndex())] : precheck::Finding{};
+    lblFout.SetCaption(any ? finding.Wrong : NothingFound);
+    lblHerstel.SetCaption(finding.Mend);
+    lblHerstelKop.SetVisible(any);
+    const bool sheet = !finding.Sketch.Forms.empty() || !finding.Sketch.Texts.empty();
+    const bool font = any && finding.Subject == precheck::Subject::OcrFont && !sheet;
+    pictSchets.SetPage(nullptr);
+    if (sheet) {
+        base::Resume([&] { ToonBlad(finding.Sketch); });
+    } else if (font) {
+        base::Resume([&] { ToonLettertype(); });
+    }
+    const bool drawn = pictSchets.Page() != nullptr;
+    lblSchets.SetVisible(drawn);
+    pictSchets.SetVisible(drawn);
+    lblCijfers.SetVisible(drawn && font);
+    pictCijfers.SetVisible(drawn && font);
+}
+
+void frmVoorcontrole::Bewaar() {
+    const std::string file = Desktop().AskFileToSave(ProposedFile);
+    if (!file.empty()) {
+        BewaarIn(file);
+    }
+}
+
+void frmVoorcontrole::BewaarIn(const std::string& path) {
+    if (!Desktop().SaveText(path, Verslag())) {
+        Desktop().MsgBox("Het bestand kon niet worden geschreven.\r\n" + path,
+                         forms::MessageIcon::Exclamation, state_.MessageTitle);
+    }
+}
+
+/// What the list tells, as a text of lines.
+std::string frmVoorcontrole::Verslag() const {
+    std::string text = "Voorcontrole van de drukkeuring\n" + DayAndTime(platform_.Clock.Now()) + "\n";
+    if (gevonden_.empty()) {
+        return text + "\n" + NothingFound + "\n";
+    }
+    for (const precheck::Finding& finding : gevonden_) {
+        text += std::string("\n") + Word(finding.Gravity) + ": " + finding.Wrong +
+                "\nHerstel: " + finding.Mend + "\n";
+    }
+    return text;
+}
+
+} // namespace wizard
