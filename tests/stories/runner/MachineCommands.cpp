@@ -1,5 +1,8 @@
+#include <algorithm>
+#include <iterator>
 #include <limits>
 #include <string>
+#include <utility>
 
 #include "CommandLine.h"
 #include "Commands.h"
@@ -94,6 +97,52 @@ void WorkArea(World& world, CommandLine& line) {
     world.memory.desktop.SetWorkArea(width, line.Number("height"));
 }
 
+/// A font that differs from the others: `width` twips of a letter for each point, letters that are twice as
+/// `wide`, those that it `lacks`, and the family that prints `instead`.
+void Font(World& world, CommandLine& line) {
+    const std::string name = line.Word("font");
+    memory::MemoryFont font;
+    while (const auto option = line.NextWord()) {
+        const std::size_t mark = std::min(option->find('='), option->size());
+        const std::string what = option->substr(0, mark);
+        const std::string value = option->substr(std::min(mark + 1, option->size()));
+        if (what == "width") {
+            font.WidthPerPoint = CommandLine(value).Number("width");
+        } else if (what == "wide") {
+            font.WideLetters = value;
+        } else if (what == "lacks") {
+            font.LacksLetters = value;
+        } else if (what == "instead") {
+            font.PrintsInstead = value;
+        } else {
+            throw ScriptError("no such option of a font: " + *option);
+        }
+    }
+    world.memory.fonts.Describe(name, std::move(font));
+}
+
+struct Trouble {
+    std::string_view Name;
+    machine::StoreTrouble What;
+};
+constexpr Trouble Troubles[] = {
+    {"none", machine::StoreTrouble::None},
+    {"unreadable", machine::StoreTrouble::Unreadable},
+    {"encoding", machine::StoreTrouble::UnknownEncoding},
+    {"cut-off", machine::StoreTrouble::CutOff},
+};
+
+/// How the settings stand, and what the machine says of it.
+void SettingsTrouble(World& world, CommandLine& line) {
+    const std::string name = line.Word("trouble");
+    const auto* const trouble = std::find_if(std::begin(Troubles), std::end(Troubles),
+                                             [&](const Trouble& one) { return one.Name == name; });
+    if (trouble == std::end(Troubles)) {
+        throw ScriptError("no such trouble of the settings: " + name);
+    }
+    world.memory.registry.Present = {.Trouble = trouble->What, .Reason = line.NextWord().value_or("")};
+}
+
 void Start(World& world, CommandLine& /*line*/) {
     world.Start();
 }
@@ -134,9 +183,20 @@ void PokeCommand(World& world, CommandLine& line) {
 }
 
 constexpr Command Commands[] = {
-    {"set", Set},           {"set-in", SetIn}, {"set-number", SetNumber}, {"no-key", NoKey},
-    {"printer", Printer},   {"clock", Clock},  {"random", Random},        {"decimal", Decimal},
-    {"workarea", WorkArea}, {"start", Start},  {"trace", Trace},          {"fail", Fail},
+    {"set", Set},
+    {"set-in", SetIn},
+    {"set-number", SetNumber},
+    {"no-key", NoKey},
+    {"printer", Printer},
+    {"clock", Clock},
+    {"random", Random},
+    {"decimal", Decimal},
+    {"workarea", WorkArea},
+    {"font", Font},
+    {"settings-trouble", SettingsTrouble},
+    {"start", Start},
+    {"trace", Trace},
+    {"fail", Fail},
     {"poke", PokeCommand},
 };
 

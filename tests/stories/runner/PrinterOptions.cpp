@@ -125,6 +125,12 @@ constexpr Option Options[] = {
     {"printable", [](PrintQueue& q, std::string_view v) { q.Printable = Pair(v, 'x'); }},
     {"offset", [](PrintQueue& q, std::string_view v) { q.Offset = Pair(v, ','); }},
     {"reachable", [](PrintQueue& q, std::string_view v) { q.Reachable = Unsigned(v, 1) == 1; }},
+    {"imposed",
+     [](PrintQueue& q, std::string_view v) {
+         for (const std::string_view one : Split(v, ';', NoLimit)) {
+             q.Imposed.emplace_back(one);
+         }
+     }},
     {"font", [](PrintQueue& q, std::string_view v) { q.Font = v; }},
 };
 
