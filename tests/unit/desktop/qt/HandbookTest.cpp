@@ -1,4 +1,5 @@
 // The handbook, opened from the program's windows.
+#include <QApplication>
 #include <QDesktopServices>
 #include <QDir>
 #include <QTextBrowser>
