@@ -4,7 +4,7 @@
 set -euo pipefail
 
 # To build the program, with its handbook.
-build=(g++ cmake ninja-build ccache qt6-base-dev libqt6svg6-dev libcups2-dev libfreetype-dev
+build=(g++ cmake ninja-build ccache qt6-base-dev qt6-svg-dev libcups2-dev libfreetype-dev
        nlohmann-json3-dev python3 python3-markdown)
 # To run it: the fonts of the forms, one for the windows, the toolkit's Dutch texts.
 run=(fonts-wine fonts-ocr-b fonts-dejavu-core qt6-translations-l10n)
