@@ -38,7 +38,7 @@ wine=(wine64 wine64-preloader libgnutls30 libcups2 fonts-wine fonts-ocr-b python
 
 # Its windows on a screen, or on one of paper.
 screen=(libx11-6 libxext6 libxcomposite1 libxcursor1 libxfixes3 libxi6 libxinerama1 libxrandr2 libxrender1 libxxf86vm1
-        xvfb xauth imagemagick)
+        xvfb xauth imagemagick fonts-dejavu-core)
 
 # The letters that the handbook shows side by side.
 pictures=(fonts-ocr-a fonts-ocr-b fonts-wine python3-fonttools)

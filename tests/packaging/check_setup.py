@@ -35,7 +35,7 @@ from wine_prefix import skip  # noqa: E402
 TITLE = "Ondor Drukkeuring"
 ENTRY = r"Software\Microsoft\Windows\CurrentVersion\Uninstall\Drukkeuring"
 PROGRAM = "drukkeuring.exe"
-PROGRAMS = {PROGRAM}
+PROGRAMS = {PROGRAM, "drukkeuring-voorcontrole.exe"}
 HANDBOOK = "handleiding"
 REMOVER = "verwijderen.exe"
 COUNT = 250
