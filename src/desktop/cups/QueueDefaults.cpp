@@ -58,6 +58,7 @@ int DotsIn(std::string_view resolution) {
 int DotsPerInchOf(const CupsMedia& media, const CupsOptions& own,
                   const std::map<std::string, std::string>& known) {
     std::vector<std::string> told;
+    told.reserve(ResolutionOptions.size() + 2);
     for (const char* option : ResolutionOptions) {
         told.push_back(Chosen(own, option));
     }

@@ -152,51 +152,42 @@ std::string GdiFont::Family() const {
     return FromWide(face);
 }
 
-bool GdiFont::Has(char32_t code) {
+const GdiFont::Picture& GdiFont::PictureOf(char32_t code) {
+    if (const auto found = pictures_.find(code); found != pictures_.end()) {
+        return found->second;
+    }
+    if (pictures_.size() >= MostOtherGlyphs) {
+        pictures_.clear();
+    }
+    return pictures_[code] = LookAt(code);
+}
+
+GdiFont::Picture GdiFont::LookAt(char32_t code) {
     const Glyph& glyph = Of(code);
     if (glyph.Count != 1) {
-        return glyph.Count == 0; // beyond 16 bits GDI knows no glyph by its character
+        return {.IsOwn = glyph.Count == 0}; // beyond 16 bits GDI knows no glyph by its character
     }
     const DeviceContext device = MeasuringDevice();
     const Selected selected(device.Get(), design_.Get());
+    Picture picture;
     constexpr WORD none = 0xFFFF;
     WORD index = none;
     const DWORD told =
         ::GetGlyphIndicesW(device.Get(), glyph.Units.data(), 1, &index, GGI_MARK_NONEXISTING_GLYPHS);
-    return told == 1 && index != none;
-}
+    picture.IsOwn = told == 1 && index != none;
 
-machine::InkBox GdiFont::InkOf(char32_t code) {
-    if (const auto found = inks_.find(code); found != inks_.end()) {
-        return found->second;
-    }
-    if (inks_.size() >= MostOtherGlyphs) {
-        inks_.clear();
-    }
-    return inks_[code] = Measure(code);
-}
-
-machine::InkBox GdiFont::Measure(char32_t code) {
-    const Glyph& glyph = Of(code);
-    if (glyph.Count != 1) {
-        return {};
-    }
-    const DeviceContext device = MeasuringDevice();
-    const Selected selected(device.Get(), design_.Get());
     GLYPHMETRICS metrics{};
     const MAT2 asItIs = {{0, 1}, {0, 0}, {0, 0}, {0, 1}};
-    const DWORD told = ::GetGlyphOutlineW(device.Get(), static_cast<UINT>(glyph.Units[0]), GGO_METRICS,
-                                          &metrics, 0, nullptr, &asItIs);
+    const DWORD measured = ::GetGlyphOutlineW(device.Get(), static_cast<UINT>(glyph.Units[0]), GGO_METRICS,
+                                              &metrics, 0, nullptr, &asItIs);
     // Of a glyph without an outline GDI tells one dot.
-    if (told == GDI_ERROR || (metrics.gmBlackBoxX <= 1 && metrics.gmBlackBoxY <= 1)) {
-        return {};
+    if (measured != GDI_ERROR && (metrics.gmBlackBoxX > 1 || metrics.gmBlackBoxY > 1)) {
+        picture.Ink.Left = metrics.gmptGlyphOrigin.x * twipsPerUnit_;
+        picture.Ink.Right = picture.Ink.Left + metrics.gmBlackBoxX * twipsPerUnit_;
+        picture.Ink.Top = ascent_ - metrics.gmptGlyphOrigin.y * twipsPerUnit_;
+        picture.Ink.Bottom = picture.Ink.Top + metrics.gmBlackBoxY * twipsPerUnit_;
     }
-    machine::InkBox ink;
-    ink.Left = metrics.gmptGlyphOrigin.x * twipsPerUnit_;
-    ink.Right = ink.Left + metrics.gmBlackBoxX * twipsPerUnit_;
-    ink.Top = ascent_ - metrics.gmptGlyphOrigin.y * twipsPerUnit_;
-    ink.Bottom = ink.Top + metrics.gmBlackBoxY * twipsPerUnit_;
-    return ink;
+    return picture;
 }
 
 HFONT GdiFont::At(int dotsPerInch) {

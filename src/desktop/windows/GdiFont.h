@@ -38,11 +38,14 @@ class GdiFont {
     /// Width of a UTF-8 text.
     double Width(std::string_view text);
 
-    /// True if the font has a picture of the character, and none of another font's is put in its place. A
-    /// control character needs none.
-    bool Has(char32_t code);
-    /// What a character covers from the top left of its place in the line; all 0 for a blank.
-    machine::InkBox InkOf(char32_t code);
+    /// What is seen of a character.
+    struct Picture {
+        bool IsOwn = true; ///< the font has it, and none of another font's is put in its place
+        machine::InkBox Ink{};
+    };
+    /// A control character is not drawn and needs none.
+    const Picture& PictureOf(char32_t code);
+
     /// The family of the file that the font comes from.
     std::string Family() const;
 
@@ -52,7 +55,7 @@ class GdiFont {
   private:
     const Glyph& Find(char32_t code);
     Glyph Make(char32_t code) const;
-    machine::InkBox Measure(char32_t code);
+    Picture LookAt(char32_t code);
 
     machine::FontSpec spec_;
     BYTE quality_;
@@ -63,7 +66,7 @@ class GdiFont {
     std::array<Glyph, 256> table_{};
     std::array<bool, 256> known_{};
     std::unordered_map<char32_t, Glyph> others_;
-    std::unordered_map<char32_t, machine::InkBox> inks_;
+    std::unordered_map<char32_t, Picture> pictures_;
 
     Font device_;
     int deviceHeight_ = 0;

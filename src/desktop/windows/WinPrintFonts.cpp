@@ -35,7 +35,7 @@ std::string WinPrintFonts::FamilyFor(const std::string& name) {
 }
 
 bool WinPrintFonts::HasLetter(const machine::FontSpec& font, char32_t letter) {
-    return Of(font).Has(letter);
+    return Of(font).PictureOf(letter).IsOwn;
 }
 
 machine::TextSize WinPrintFonts::MeasureText(std::string_view text, const machine::FontSpec& font) {
@@ -44,7 +44,7 @@ machine::TextSize WinPrintFonts::MeasureText(std::string_view text, const machin
 }
 
 machine::InkBox WinPrintFonts::InkOf(char32_t letter, const machine::FontSpec& font) {
-    return Of(font).InkOf(letter);
+    return Of(font).PictureOf(letter).Ink;
 }
 
 } // namespace desktop::windows
