@@ -8,10 +8,11 @@
 #include "base/Text.h"
 #include "composition/DocumentRun.h"
 #include "composition/FormPlace.h"
+#include "composition/SurfaceRules.h"
 #include "machine/Platform.h"
 #include "precheck/Checks.h"
+#include "precheck/ComposedDocument.h"
 #include "precheck/CurrentSettings.h"
-#include "precheck/DrawingRun.h"
 #include "precheck/DrawnDocument.h"
 #include "precheck/FindingKinds.h"
 #include "precheck/Lengths.h"
@@ -352,7 +353,7 @@ Findings CheckDocument(const state::AppState& state, machine::Platform& platform
     const machine::SheetArea area = sheet.value_or(StationeryOf(current.State));
     LetterMeasures measures(platform.Fonts);
     DrawnDocument document(measures, area);
-    DrawForChecking(current.State, platform, intent, area, document);
+    ComposeOn(document, current.State, platform, intent, area);
     DocumentCheck(current.State, platform, intent, area, document, findings).Check();
     SortFindings(findings);
     return findings;

@@ -14,7 +14,7 @@
 #include "composition/PrintSurface.h"
 #include "machine/Platform.h"
 #include "machine/Printer.h"
-#include "precheck/DrawingRun.h"
+#include "precheck/ComposedDocument.h"
 #include "precheck/DrawnDocument.h"
 #include "precheck/Lengths.h"
 #include "precheck/LetterMeasures.h"
@@ -234,8 +234,8 @@ void DrawTemplate(const state::AppState& state, machine::Platform& platform) {
     LetterMeasures measures(platform.Fonts);
     DrawnDocument document(measures, sheet);
     constexpr std::int32_t wholeBatch = 250;
-    DrawForChecking(bare, platform, {.Document = composition::DocumentTestForms, .Forms = wholeBatch}, sheet,
-                    document);
+    ComposeOn(document, bare, platform, {.Document = composition::DocumentTestForms, .Forms = wholeBatch},
+              sheet);
 
     Resume([&] {
         TemplatePage page(composition::SurfaceOf(state), platform.Printer);

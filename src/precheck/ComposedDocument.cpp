@@ -1,16 +1,15 @@
-#include "precheck/DrawingRun.h"
+#include "precheck/ComposedDocument.h"
 
 #include <algorithm>
-#include <cstdint>
-#include <string>
 
 #include "composition/DocumentRun.h"
 #include "composition/OpenPrinter.h"
 #include "composition/PrinterMeasures.h"
 #include "composition/RunHost.h"
-#include "composition/SurfaceRules.h"
 #include "machine/Platform.h"
+#include "machine/Printer.h"
 #include "precheck/DrawnDocument.h"
+#include "precheck/Precheck.h"
 #include "precheck/SheetPrinter.h"
 #include "precheck/SteadyChance.h"
 #include "state/AppState.h"
@@ -33,9 +32,9 @@ class NoHost final : public composition::RunHost {
 
 } // namespace
 
-void DrawForChecking(state::AppState& state, const machine::Platform& real, const Intent& intent,
-                     const machine::SheetArea& sheet, DrawnDocument& document) {
-    // The order of the steps is that of the print manager and of ComposeDocument.
+/// ComposeDocument.
+void ComposeOn(DrawnDocument& document, state::AppState& state, const machine::Platform& real,
+               const Intent& intent, const machine::SheetArea& sheet) {
     SheetPrinters printers;
     SheetPrinter printer(sheet, document.Paper());
     SteadyChance chance;
