@@ -18,6 +18,7 @@ inline constexpr HandbookSection HandbookSections[] = {
     {"frmMain", 1, "bladzijde-2-de-procedure"},
     {"frmMain", 2, "bladzijde-3-de-omvang"},
     {"frmMain", 3, "bladzijde-4-afdrukken"},
+    {"frmVoorcontrole", 0, "de-voorcontrole"},
     {"frmPrintManager", 0, "afdrukken-met-afdrukbeheer"},
     {"frmPrintManagerSetup", 0, "printer-initialisatie"},
     {"frmPrintPreview", 0, "het-afdrukvoorbeeld"},

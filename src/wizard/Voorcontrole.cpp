@@ -8,10 +8,10 @@
 #include "base/Resume.h"
 #include "machine/Printer.h"
 #include "payment/Accounts.h"
+#include "precheck/CurrentPrinter.h"
+#include "precheck/FindingsReport.h"
 #include "printmanager/FindingMark.h"
-#include "printmanager/PaperAndBins.h"
 #include "printmanager/frmPrintManager.h"
-#include "state/Settings.h"
 #include "wizard/frmMain.h"
 #include "wizard/frmVoorcontrole.h"
 
@@ -45,12 +45,14 @@ constexpr std::array<MarkedField, 7> MarkedFields{{
 
 } // namespace
 
-Voorcontrole::Voorcontrole(frmMain& form, machine::Platform& platform, state::AppState& state)
+Voorcontrole::Voorcontrole(frmMain& form, machine::Platform& platform, state::AppState& state,
+                           composition::PrinterSurface& printer)
     : pictMelding(form, "pictMelding", {FontField, ContractField, 70, 71, 72, 73, 74},
                   &form.WizardPanel(FirstPage)),
       pictVoorcontrole(form, "pictVoorcontrole", forms::Control::NoIndex, &form.WizardPanel(PrintPage)),
       cmdVoorcontrole(form, "cmdVoorcontrole", forms::Control::NoIndex, &form.WizardPanel(PrintPage)),
-      tmrVoorcontrole(form, "tmrVoorcontrole", 1), form_(form), platform_(platform), state_(state) {
+      tmrVoorcontrole(form, "tmrVoorcontrole", 1), form_(form), platform_(platform), state_(state),
+      printer_(printer) {
     LayOut();
     cmdVoorcontrole.OnClick = [this] { ToonLijst(); };
     tmrVoorcontrole.OnTimer = [this] {
@@ -115,33 +117,12 @@ precheck::Intent Voorcontrole::Voornemen() const {
     return intent;
 }
 
-/// The printer that the print manager will begin with, as far as it can be told without asking a driver.
-std::optional<precheck::ChosenPrinter> Voorcontrole::Printer() {
-    std::optional<precheck::ChosenPrinter> chosen;
-    Resume([&] {
-        std::string current;
-        Resume([&] { current = platform_.Printer.DeviceName(); });
-        machine::Printers& printers = platform_.Printers;
-        const std::string stored = state::LeesInstelling(state_, platform_.Registry, "CurrentPrinter");
-        int position = printmanager::FindPrinter(printers, stored);
-        if (position == -1) {
-            position = printmanager::FindPrinter(printers, current);
-        }
-        if (position == -1) {
-            return;
-        }
-        std::int16_t paper = 0;
-        if (printers.Item(position).DeviceName == current) {
-            Resume([&] { paper = platform_.Printer.PaperSize(); });
-        }
-        chosen = precheck::Choose(platform_, position, precheck::PaperOf(state_, paper), machine::Portrait);
-    });
-    return chosen;
-}
-
 precheck::Findings Voorcontrole::Nakijken() {
     precheck::Findings findings;
-    Resume([&] { findings = precheck::CheckAll(state_, platform_, Voornemen(), Printer()); });
+    Resume([&] {
+        findings =
+            precheck::CheckAll(state_, platform_, Voornemen(), precheck::CurrentPrinter(state_, platform_));
+    });
     return findings;
 }
 
@@ -159,10 +140,7 @@ void Voorcontrole::ToonVelden(const precheck::Findings& findings) {
 void Voorcontrole::ToonRegel() {
     const bool any = !gevonden_.empty();
     if (any) {
-        const std::string count = std::to_string(gevonden_.size());
-        cmdVoorcontrole.SetCaption("V&oorcontrole: " + (gevonden_.size() == 1
-                                                            ? std::string("1 punt vraagt uw aandacht")
-                                                            : count + " punten vragen uw aandacht"));
+        cmdVoorcontrole.SetCaption("V&oorcontrole: " + precheck::CountText(gevonden_.size()));
         pictVoorcontrole.SetPicture(printmanager::PictureOf(gevonden_.front().Gravity));
     }
     pictVoorcontrole.SetVisible(any);
@@ -174,7 +152,7 @@ void Voorcontrole::ToonLijst() {
         return;
     }
     tmrVoorcontrole.SetEnabled(false);
-    frmVoorcontrole list(form_.GetSession(), platform_, state_, [this] { return Nakijken(); });
+    frmVoorcontrole list(form_.GetSession(), platform_, state_, printer_, [this] { return Nakijken(); });
     list.ShowModal();
     gevonden_ = list.Gevonden();
     ToonRegel();

@@ -13,6 +13,10 @@
 #include "printmanager/PrintCaller.h"
 #include "state/AppState.h"
 
+namespace composition {
+class PrinterSurface;
+}
+
 namespace wizard {
 
 class frmMain;
@@ -23,7 +27,8 @@ class frmMain;
 class Voorcontrole {
   public:
     /// Its controls follow those that the form has by then.
-    Voorcontrole(frmMain& form, machine::Platform& platform, state::AppState& state);
+    Voorcontrole(frmMain& form, machine::Platform& platform, state::AppState& state,
+                 composition::PrinterSurface& printer);
 
     /// By the element of UserText beside which it stands; FontField and ContractField for what comes from
     /// the settings alone.
@@ -53,7 +58,6 @@ class Voorcontrole {
   private:
     void LayOut();
     precheck::Intent Voornemen() const;
-    std::optional<precheck::ChosenPrinter> Printer();
     precheck::Findings Nakijken();
     bool MagControleren() const;
     void ToonVelden(const precheck::Findings& findings);
@@ -63,6 +67,7 @@ class Voorcontrole {
     frmMain& form_;
     machine::Platform& platform_;
     state::AppState& state_;
+    composition::PrinterSurface& printer_;
     std::int32_t gevraagd_ = 0;
     precheck::Findings gevonden_;
 };

@@ -39,7 +39,7 @@ frmMain::frmMain(forms::Session& session, machine::Platform& platform, state::Ap
       cmdPrinten(*this, "cmdPrinten", forms::Control::NoIndex, &WizardPanel(3)), platform_(platform),
       state_(state), printerSurface_(platform.Printer) {
     LayOut();
-    controle_ = std::make_unique<Voorcontrole>(*this, platform_, state_);
+    controle_ = std::make_unique<Voorcontrole>(*this, platform_, state_, printerSurface_);
 
     for (const auto& [index, box] : UserText) {
         box->OnGotFocus = [this, number = index] { BoxGotFocus(number); };

@@ -120,7 +120,6 @@ class frmMain : public forms::Form, public printmanager::PrintCaller {
 
     // Printing: frmMainPrint.cpp.
     void cmdPrintenClick();
-    void ToonAfdrukbeheer();
 
     machine::Platform& platform_;
     state::AppState& state_;

@@ -1,14 +1,12 @@
 // The end of the wizard's own work: the documents go to the print manager, which calls back for each of them.
-#include <algorithm>
-#include <memory>
+#include <array>
 
 #include "base/Numbers.h"
 #include "composition/DocumentRun.h"
-#include "composition/RunHost.h"
 #include "forms/Desktop.h"
 #include "machine/Printer.h"
-#include "preview/PrintPreview.h"
 #include "printmanager/frmPrintManager.h"
+#include "wizard/PrintCommand.h"
 #include "wizard/Voorcontrole.h"
 #include "wizard/frmMain.h"
 
@@ -18,58 +16,24 @@ namespace {
 
 constexpr double MostForms = 30000;
 
-/// Takes the manager away at the end of the command, also where it could not be shown or its closing broke
-/// off halfway: the wizard must not stay locked.
-class ManagerGone {
-  public:
-    ManagerGone(std::unique_ptr<printmanager::frmPrintManager>& manager, state::AppState& state)
-        : manager_(manager), state_(state) {}
-    ~ManagerGone() {
-        manager_.reset();
-        state_.PrintManagerOpen = false;
-    }
-    ManagerGone(const ManagerGone&) = delete;
-    ManagerGone& operator=(const ManagerGone&) = delete;
-
-  private:
-    std::unique_ptr<printmanager::frmPrintManager>& manager_;
-    state::AppState& state_;
-};
-
-/// Lets nothing of a document be left at the end of its run: a run that broke off must not become the
-/// beginning of the next one.
-class WholeDocument {
-  public:
-    explicit WholeDocument(machine::Printer& printer) : printer_(printer) {}
-    ~WholeDocument() { printer_.Abandon(); }
-    WholeDocument(const WholeDocument&) = delete;
-    WholeDocument& operator=(const WholeDocument&) = delete;
-
-  private:
-    machine::Printer& printer_;
-};
+/// By their numbers.
+constexpr std::array<const char*, 3> Titles = {"Acceptgiroformulieren voor de drukkeuring", "Namenlijst",
+                                               "Instellingen calibratie"};
 
 } // namespace
 
 /// What a run asks of the wizard and of the forms around it.
-class frmMain::Host : public composition::RunHost {
+class frmMain::Host : public PrintHost {
   public:
     explicit Host(frmMain& form)
-        : form_(form), preview_(form.GetSession(), form.platform_, form.state_, form.printerSurface_) {}
+        : PrintHost(form.printManager_, form, form.platform_, form.state_, form.printerSurface_),
+          form_(form) {}
 
     std::string CountText() override { return form_.UserText(0).Text(); }
     void SetCountText(const std::string& text) override { form_.UserText(0).SetText(text); }
-    void UpdatePercentage(std::int16_t iNewPerc) override {
-        if (form_.PrintManager() != nullptr) {
-            form_.PrintManager()->UpdatePercentage(iNewPerc);
-        }
-    }
-    void OpenPreview(std::int16_t fase) override { preview_.OpenPreview(fase); }
-    void ShowPreview() override { preview_.Show(); }
 
   private:
     frmMain& form_;
-    preview::PrintPreview preview_;
 };
 
 void frmMain::cmdPrintenClick() {
@@ -86,20 +50,8 @@ void frmMain::cmdPrintenClick() {
         Melding("U kunt maximaal 30.000 acceptgiro's afdrukken.");
         return;
     }
-    std::fill(state_.DocumentTitle.begin() + 1, state_.DocumentTitle.end(), std::string());
-    state_.DocumentTitle[1] = "Acceptgiroformulieren voor de drukkeuring";
-    state_.DocumentTitle[2] = "Namenlijst";
-    state_.DocumentTitle[3] = "Instellingen calibratie";
-    state_.CallerFormName = Name();
-
-    ToonAfdrukbeheer();
+    ShowManager(printManager_, *this, platform_, state_, Titles);
     controle_->ControleerAlles(); // the user may have mended what was wrong
-}
-
-void frmMain::ToonAfdrukbeheer() {
-    const ManagerGone gone(printManager_, state_);
-    printManager_ = std::make_unique<printmanager::frmPrintManager>(GetSession(), platform_, state_);
-    printManager_->ShowModal();
 }
 
 void frmMain::Afdrukken(std::int16_t iMethod, std::int16_t num_copies, bool blnPrintPreview) {

@@ -1,12 +1,16 @@
 #include "wizard/frmVoorcontrole.h"
 
+#include <array>
 #include <cstdio>
 #include <utility>
 
 #include "base/Resume.h"
 #include "base/Text.h"
+#include "composition/DocumentRun.h"
 #include "forms/Desktop.h"
 #include "machine/Clock.h"
+#include "precheck/Template.h"
+#include "printmanager/frmPrintManager.h"
 #include "wizard/SheetSketch.h"
 
 namespace wizard {
@@ -45,6 +49,7 @@ std::string DayAndTime(const machine::DateTime& now) {
 } // namespace
 
 frmVoorcontrole::frmVoorcontrole(forms::Session& session, machine::Platform& platform, state::AppState& state,
+                                 composition::PrinterSurface& printer,
                                  std::function<precheck::Findings()> check)
     : Form(session, "frmVoorcontrole"), Picture1(*this, "Picture1"),
       pictHeading(*this, "pictHeading", NoIndex, &Picture1),
@@ -52,14 +57,18 @@ frmVoorcontrole::frmVoorcontrole(forms::Session& session, machine::Platform& pla
       lblLijst(*this, "lblLijst"), lstMeldingen(*this, "lstMeldingen"), lblFoutKop(*this, "lblFoutKop"),
       lblFout(*this, "lblFout"), lblHerstelKop(*this, "lblHerstelKop"), lblHerstel(*this, "lblHerstel"),
       lblSchets(*this, "lblSchets"), pictSchets(*this, "pictSchets"), lblCijfers(*this, "lblCijfers"),
-      pictCijfers(*this, "pictCijfers"), cmdOpnieuw(*this, "cmdOpnieuw"), cmdBewaren(*this, "cmdBewaren"),
-      cmdSluiten(*this, "cmdSluiten"), platform_(platform), state_(state), check_(std::move(check)) {
+      pictCijfers(*this, "pictCijfers"), cmdOpnieuw(*this, "cmdOpnieuw"), cmdSjabloon(*this, "cmdSjabloon"),
+      cmdBewaren(*this, "cmdBewaren"), cmdSluiten(*this, "cmdSluiten"), platform_(platform), state_(state),
+      printer_(printer), check_(std::move(check)) {
     LayOut();
     lstMeldingen.OnClick = [this] { ToonMelding(); };
     cmdOpnieuw.OnClick = [this] { Controleer(); };
+    cmdSjabloon.OnClick = [this] { DrukSjabloonAf(); };
     cmdBewaren.OnClick = [this] { Bewaar(); };
     cmdSluiten.OnClick = [this] { Unload(); };
 }
+
+frmVoorcontrole::~frmVoorcontrole() = default;
 
 void frmVoorcontrole::OnLoad() {
     Controleer();
@@ -97,6 +106,21 @@ void frmVoorcontrole::ToonMelding() {
     pictSchets.SetVisible(drawn);
     lblCijfers.SetVisible(drawn && font);
     pictCijfers.SetVisible(drawn && font);
+}
+
+void frmVoorcontrole::DrukSjabloonAf() {
+    if (state_.PrintManagerOpen || printManager_ != nullptr) {
+        return;
+    }
+    static constexpr std::array<const char*, 1> titles = {precheck::TemplateTitle};
+    ShowManager(printManager_, *this, platform_, state_, titles);
+}
+
+void frmVoorcontrole::Afdrukken(std::int16_t /*iMethod*/, std::int16_t /*num_copies*/, bool blnPrintPreview) {
+    const WholeDocument whole(platform_.Printer);
+    PrintHost host(printManager_, *this, platform_, state_, printer_);
+    composition::ComposeJob(state_, platform_, printer_, host, blnPrintPreview,
+                            [this] { precheck::DrawTemplate(state_, platform_); });
 }
 
 void frmVoorcontrole::Bewaar() {

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstdint>
 #include <functional>
 #include <string>
 
@@ -11,17 +12,22 @@
 #include "forms/PictureBox.h"
 #include "machine/Platform.h"
 #include "precheck/Finding.h"
+#include "printmanager/PrintCaller.h"
 #include "state/AppState.h"
+#include "state/HandbookSections.h"
+#include "wizard/PrintCommand.h"
 
 namespace wizard {
 
 /// The list of what would spoil the batch, worst first: of the chosen finding what is wrong, how it is mended
 /// and, where there is something to see, a sketch.
-class frmVoorcontrole : public forms::Form {
+class frmVoorcontrole : public forms::Form, public printmanager::PrintCaller {
   public:
-    /// `check` looks for findings; it is asked when the form loads and whenever the user wants it.
+    /// `check` looks for findings; it is asked when the form loads and whenever the user wants it. `printer`
+    /// is what the template is drawn on.
     frmVoorcontrole(forms::Session& session, machine::Platform& platform, state::AppState& state,
-                    std::function<precheck::Findings()> check);
+                    composition::PrinterSurface& printer, std::function<precheck::Findings()> check);
+    ~frmVoorcontrole() override;
 
     forms::PictureBox Picture1;
     forms::PictureBox pictHeading;
@@ -40,11 +46,19 @@ class frmVoorcontrole : public forms::Form {
     forms::Label lblCijfers;
     forms::PictureBox pictCijfers;
     forms::CommandButton cmdOpnieuw;
+    forms::CommandButton cmdSjabloon;
     forms::CommandButton cmdBewaren;
     forms::CommandButton cmdSluiten;
 
     /// What was found the last time.
     const precheck::Findings& Gevonden() const { return gevonden_; }
+
+    std::string HandbookSection() const override { return state::HandbookAnchor(Name()); }
+
+    /// The template; the print manager has no other document of this form.
+    void Afdrukken(std::int16_t iMethod, std::int16_t num_copies, bool blnPrintPreview) override;
+    /// Nothing spoils a template.
+    precheck::Findings Nakijken(const printmanager::Choice& /*choice*/) override { return {}; }
 
   protected:
     void OnLoad() override;
@@ -55,12 +69,15 @@ class frmVoorcontrole : public forms::Form {
     void ToonMelding();
     void ToonBlad(const precheck::SheetSketch& sketch);
     void ToonLettertype();
+    void DrukSjabloonAf();
     void Bewaar();
     void BewaarIn(const std::string& path);
     std::string Verslag() const;
 
     machine::Platform& platform_;
     state::AppState& state_;
+    composition::PrinterSurface& printer_;
+    ManagerPlace printManager_;
     std::function<precheck::Findings()> check_;
     precheck::Findings gevonden_;
 };

@@ -65,6 +65,7 @@ void frmVoorcontrole::LayOut() {
         {lblCijfers, SketchLeft, TrueTop, SketchWidth, LabelHeight},
         {pictCijfers, SketchLeft, TrueTop + LabelHeight + 60, SketchWidth, DigitsHeight},
         {cmdOpnieuw, Margin, ButtonTop, 2340, ButtonHeight},
+        {cmdSjabloon, Margin + 2340 + 120, ButtonTop, 2340, ButtonHeight},
         {cmdBewaren, 6630, ButtonTop, 1440, ButtonHeight},
         {cmdSluiten, ClientWidth - Margin - 1440, ButtonTop, 1440, ButtonHeight},
     };
@@ -94,6 +95,7 @@ void frmVoorcontrole::LayOut() {
         label->SetUseMnemonic(false);
     }
     cmdOpnieuw.SetCaption("&Opnieuw controleren");
+    cmdSjabloon.SetCaption("S&jabloon afdrukken...");
     cmdBewaren.SetCaption("&Bewaren...");
     cmdSluiten.SetCaption("&Sluiten");
     cmdSluiten.SetDefault(true);
@@ -109,7 +111,7 @@ void frmVoorcontrole::LayOut() {
     pictCijfers.SetPicture("ocr-b-digits");
     pictCijfers.SetAccessibleName("De cijfers van OCR-B");
 
-    forms::Control* const tabOrder[] = {&lstMeldingen, &cmdOpnieuw, &cmdBewaren, &cmdSluiten};
+    forms::Control* const tabOrder[] = {&lstMeldingen, &cmdOpnieuw, &cmdSjabloon, &cmdBewaren, &cmdSluiten};
     int place = 0;
     for (forms::Control* control : tabOrder) {
         control->SetTabIndex(place++);
