@@ -13,7 +13,6 @@ namespace desktop::qt {
 
 namespace {
 
-constexpr double TwipsPerDot = base::TwipsPerInch / DotsPerInch;
 constexpr double UnitsPerDot = static_cast<double>(UnitsPerInch) / DotsPerInch;
 
 /// The sheet of a queue that tells no papers: it prints on what it has.
@@ -26,10 +25,6 @@ const cups::Paper Unlisted = [] {
     paper.StandIn = true;
     return paper;
 }();
-
-int Dots(double twips) {
-    return static_cast<int>(std::lround(twips / TwipsPerDot));
-}
 
 } // namespace
 

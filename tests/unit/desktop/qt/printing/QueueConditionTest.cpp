@@ -42,10 +42,12 @@ void ExpectSheetsAsMeasured(QtPrinters& printers, int index) {
             printer.SetPaperSize(paper);
             printer.SetOrientation(orientation);
             constexpr double twipsPerDot = 2.4;
+            const double left = printer.GetDeviceCaps(machine::CapsPhysicalOffsetX) * twipsPerDot;
+            const double top = printer.GetDeviceCaps(machine::CapsPhysicalOffsetY) * twipsPerDot;
             EXPECT_EQ(sheet->Width, printer.Width());
             EXPECT_EQ(sheet->Height, printer.Height());
-            EXPECT_NEAR(sheet->Left, printer.GetDeviceCaps(machine::CapsPhysicalOffsetX) * twipsPerDot, 1.3);
-            EXPECT_NEAR(sheet->Top, printer.GetDeviceCaps(machine::CapsPhysicalOffsetY) * twipsPerDot, 1.3);
+            EXPECT_NEAR(sheet->Left, left, 1e-6);
+            EXPECT_NEAR(sheet->Top, top, 1e-6);
             EXPECT_NEAR(sheet->Right - sheet->Left, printer.ScaleWidth(), 1e-6);
             EXPECT_NEAR(sheet->Bottom - sheet->Top, printer.ScaleHeight(), 1e-6);
         }
