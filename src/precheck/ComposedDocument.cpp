@@ -32,11 +32,10 @@ class NoHost final : public composition::RunHost {
 
 } // namespace
 
-/// ComposeDocument.
 void ComposeOn(DrawnDocument& document, state::AppState& state, const machine::Platform& real,
-               const Intent& intent, const machine::SheetArea& sheet) {
+               const Intent& intent, const machine::SheetArea& measured) {
     SheetPrinters printers;
-    SheetPrinter printer(sheet, document.Paper());
+    SheetPrinter printer(measured, document.Paper());
     SteadyChance chance;
     machine::Platform platform = {real.Desktop, real.Registry,         real.Locale, real.Clock,
                                   chance,       real.Spooler,          printers,    printer,

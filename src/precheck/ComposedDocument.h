@@ -14,10 +14,10 @@ namespace precheck {
 class DrawnDocument;
 struct Intent;
 
-/// Draws a document as a run would, 250 forms of it at most: the order of the steps is that of the print
-/// manager and of composition::ComposeDocument. `state` takes the measures of the sheet; nothing of `real` is
-/// printed on, written or drawn from.
+/// Draws a document as a run would that has measured the printer with this sheet, 250 forms of it at most:
+/// the order of the steps is that of the print manager and of composition::ComposeDocument. `state` takes the
+/// measures of the sheet; nothing of `real` is printed on, written or drawn from.
 void ComposeOn(DrawnDocument& document, state::AppState& state, const machine::Platform& real,
-               const Intent& intent, const machine::SheetArea& sheet);
+               const Intent& intent, const machine::SheetArea& measured);
 
 } // namespace precheck

@@ -44,7 +44,7 @@ std::optional<ChosenPrinter> CurrentPrinter(const state::AppState& state, machin
         if (platform.Printers.Item(position).DeviceName == current) {
             Resume([&] { paper = platform.Printer.PaperSize(); });
         }
-        chosen = Choose(platform, position, PaperOf(state, paper), machine::Portrait);
+        chosen = ChooseForRun(state, platform, position, paper, machine::Portrait);
     });
     return chosen;
 }

@@ -344,7 +344,8 @@ class DocumentCheck {
 } // namespace
 
 Findings CheckDocument(const state::AppState& state, machine::Platform& platform, const Intent& intent,
-                       const std::optional<machine::SheetArea>& sheet) {
+                       const std::optional<machine::SheetArea>& sheet,
+                       const std::optional<machine::SheetArea>& measured) {
     Findings findings;
     CurrentSettings current = ReadCurrentSettings(state, platform.Registry);
     if (!current.Readable()) {
@@ -353,7 +354,7 @@ Findings CheckDocument(const state::AppState& state, machine::Platform& platform
     const machine::SheetArea area = sheet.value_or(StationeryOf(current.State));
     LetterMeasures measures(platform.Fonts);
     DrawnDocument document(measures, area);
-    ComposeOn(document, current.State, platform, intent, area);
+    ComposeOn(document, current.State, platform, intent, measured.value_or(area));
     DocumentCheck(current.State, platform, intent, area, document, findings).Check();
     SortFindings(findings);
     return findings;

@@ -21,6 +21,8 @@ struct ChosenPrinter {
     machine::PrinterCondition Condition;
     /// Nothing where the machine does not know the sheet; it is then not judged.
     std::optional<machine::SheetArea> Sheet;
+    /// The sheet by whose margins a run works out the corner of the paper, where the settings force another.
+    std::optional<machine::SheetArea> MeasuredSheet{};
 };
 
 /// What is about to be printed.
@@ -46,10 +48,12 @@ Findings CheckPrinter(const state::AppState& state, machine::Platform& platform,
 
 /// Composes the document, 250 forms of it at most, and looks at what would stand on the sheet: texts off the
 /// printable area, off their form, over each other, cut, or with letters that the font lacks. Without a sheet
-/// the stationery itself is taken, printable to its edges. The program's own draw of chance goes on as if
-/// nothing had been composed.
+/// the stationery itself is taken, printable to its edges. `measured` is the sheet that the printer was
+/// measured with, where that is another. The program's own draw of chance goes on as if nothing had been
+/// composed.
 Findings CheckDocument(const state::AppState& state, machine::Platform& platform, const Intent& intent,
-                       const std::optional<machine::SheetArea>& sheet);
+                       const std::optional<machine::SheetArea>& sheet,
+                       const std::optional<machine::SheetArea>& measured = std::nullopt);
 
 /// All of these together, worst first. Without a printer there is nothing to say of one.
 Findings CheckAll(const state::AppState& state, machine::Platform& platform, const Intent& intent,
@@ -61,5 +65,10 @@ std::int16_t PaperOf(const state::AppState& state, std::int16_t chosen);
 
 /// Printer `index` of the collection with a paper (DMPAPER_...) and an orientation.
 ChosenPrinter Choose(machine::Platform& platform, int index, std::int16_t paper, std::int16_t orientation);
+
+/// The same with the sheet that a run ends up with where `chosen` is the paper of the print manager: the one
+/// that the settings force, if the printer has that.
+ChosenPrinter ChooseForRun(const state::AppState& state, machine::Platform& platform, int index,
+                           std::int16_t chosen, std::int16_t orientation);
 
 } // namespace precheck

@@ -103,8 +103,7 @@ precheck::Findings Voorcontrole::Nakijken(const printmanager::Choice& choice) {
     intent.Orientation = choice.Orientation;
     std::optional<precheck::ChosenPrinter> printer;
     if (choice.Printer >= 0) {
-        printer = precheck::Choose(platform_, choice.Printer, precheck::PaperOf(state_, choice.Paper),
-                                   choice.Orientation);
+        printer = precheck::ChooseForRun(state_, platform_, choice.Printer, choice.Paper, choice.Orientation);
     }
     return precheck::CheckAll(state_, platform_, intent, printer);
 }

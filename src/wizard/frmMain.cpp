@@ -38,8 +38,9 @@ frmMain::frmMain(forms::Session& session, machine::Platform& platform, state::Ap
       UpDown(*this, "UpDown", UserText.Add(*this, "UserText", 0, &WizardPanel(3)), 1, 1000, &WizardPanel(3)),
       cmdPrinten(*this, "cmdPrinten", forms::Control::NoIndex, &WizardPanel(3)), platform_(platform),
       state_(state), printerSurface_(platform.Printer) {
-    LayOut();
+    // Before the texts: the access key of a text would lead to a button that is made after it.
     controle_ = std::make_unique<Voorcontrole>(*this, platform_, state_, printerSurface_);
+    LayOut();
 
     for (const auto& [index, box] : UserText) {
         box->OnGotFocus = [this, number = index] { BoxGotFocus(number); };

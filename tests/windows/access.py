@@ -46,7 +46,7 @@ ROUNDS = {
     ("frmMain", 0): ["UserText(70)", "UserText(71)", "UserText(72)", "UserText(73)", "UserText(74)", "Verder", "Cancel"],
     ("frmMain", 1): ["optProcedure(0)", "optProcedure(1)", "Terug", "Verder", "Cancel"],
     ("frmMain", 2): ["optTestpartij(0)", "optTestpartij(1)", "optTestpartij(2)", "Terug", "Verder", "Cancel"],
-    ("frmMain", 3): ["UserText(0)", "cmdPrinten", "Terug", "Cancel"],
+    ("frmMain", 3): ["UserText(0)", "cmdPrinten", "cmdVoorcontrole", "Terug", "Cancel"],
     ("frmPrintManager", 1): ["lstAfdrukken", "UserText(0)", "cboPrinterSelect(0)", "chkMatrixPrinter", "cmdDetails",
                              "cboPrinterSelect(3)", "cboPrinterSelect(1)", "cboPrinterSelect(2)", "cmdAnnuleren"],
 }

@@ -74,11 +74,13 @@ constexpr std::array<const char*, 4> ServiceNumbers = {"104628", "", "   7",
                                                        "9876543210987654321098765432109876543210"};
 constexpr std::array<const char*, 6> NoNumbers = {"1.5", "1,2,3", "twee", "-", "99999999999999", "1e3"};
 
+constexpr std::array<double, 2> Legal = {215.9, 355.6};
+
 /// Width and height in millimetres. The first is twice as likely as the others.
 constexpr std::array<std::array<double, 2>, 9> Sheets = {{{210, 304.8},
                                                           {210, 304.8},
                                                           {210, 297},
-                                                          {215.9, 355.6},
+                                                          Legal,
                                                           {215.9, 279.4},
                                                           {180, 304.8},
                                                           {148, 210},
@@ -107,21 +109,19 @@ std::string CalibrationText(Chance& chance, double largest, char mark) {
     return chance.OneIn(5) ? std::string() : DecimalText(chance.Between(-largest, largest), mark);
 }
 
-desktop::cups::Paper DrawSheet(Chance& chance) {
-    const std::array<double, 2>& size = chance.Pick(Sheets);
+desktop::cups::Paper DrawPaper(Chance& chance, std::int16_t id, const std::array<double, 2>& size) {
     const bool sameAllRound = chance.OneIn(2);
     const double margin = chance.OneIn(4) ? 0 : chance.Between(0.0, 10.0);
     const auto strip = [&] { return TwipsOf(sameAllRound ? margin : chance.Between(0.0, 10.0)); };
-    desktop::cups::Paper sheet;
-    sheet.Id = desktop::cups::FirstPrivateId;
-    sheet.Name = "Toevallig";
-    sheet.Width = TwipsOf(size[0]);
-    sheet.Height = TwipsOf(size[1]);
-    sheet.Left = strip();
-    sheet.Top = strip();
-    sheet.Right = strip();
-    sheet.Bottom = strip();
-    return sheet;
+    desktop::cups::Paper paper;
+    paper.Id = id;
+    paper.Width = TwipsOf(size[0]);
+    paper.Height = TwipsOf(size[1]);
+    paper.Left = strip();
+    paper.Top = strip();
+    paper.Right = strip();
+    paper.Bottom = strip();
+    return paper;
 }
 
 void DrawCalibration(Chance& chance, state::AppState& state, char mark) {
@@ -144,7 +144,10 @@ RandomSettings DrawSettings(std::uint64_t number) {
     RandomSettings settings;
     settings.DecimalMark = chance.OneIn(10) ? '.' : ',';
     settings.SizeOfNames = chance.Pick(SizesOfNames);
-    settings.Sheet = DrawSheet(chance);
+    settings.Papers = {DrawPaper(chance, desktop::cups::FirstPrivateId, chance.Pick(Sheets))};
+    if (chance.OneIn(2)) {
+        settings.Papers.push_back(DrawPaper(chance, machine::PaperLegal, Legal));
+    }
 
     state::AppState& state = settings.State;
     state.SettingsKey = SettingsPath;
@@ -163,6 +166,8 @@ RandomSettings DrawSettings(std::uint64_t number) {
     state.IncassantPostCode = chance.Pick(Postcodes);
     state.IncassantWoonplaats = chance.Pick(Towns);
     state.IncassantBankGiro = chance.Pick(Accounts);
+    state.OverrulePaperSize = chance.OneIn(8);
+    state.MatrixPrinter = chance.OneIn(8);
     DrawCalibration(chance, state, settings.DecimalMark);
 
     settings.Intent.Forms = chance.Between(3, 6);
@@ -170,6 +175,12 @@ RandomSettings DrawSettings(std::uint64_t number) {
     settings.Intent.Orientation = chance.OneIn(10) ? machine::Landscape : machine::Portrait;
     state.PrinterOrientation = settings.Intent.Orientation;
     return settings;
+}
+
+const desktop::cups::Paper& PrintedPaper(const RandomSettings& settings) {
+    const bool isForced = settings.State.OverrulePaperSize && !settings.State.MatrixPrinter;
+    return isForced ? settings.Papers.back()
+                    : settings.Papers.front(); // which is one where there is no Legal
 }
 
 void StoreSettings(memory::MemoryRegistry& registry, const RandomSettings& settings) {

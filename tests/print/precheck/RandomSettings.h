@@ -2,6 +2,7 @@
 
 #include <cstdint>
 #include <string>
+#include <vector>
 
 #include "desktop/cups/PrintQueue.h"
 #include "memory/MemoryRegistry.h"
@@ -15,12 +16,15 @@ struct RandomSettings {
     state::AppState State;
     std::string SizeOfNames; ///< AcceptFontSizeNAW2, which no record has
     char DecimalMark = ',';
-    desktop::cups::Paper Sheet;
+    std::vector<desktop::cups::Paper> Papers; ///< of the printer; the first is chosen
     precheck::Intent Intent;
 };
 
 /// The same settings for the same number, on every machine.
 RandomSettings DrawSettings(std::uint64_t number);
+
+/// The paper that a run ends up with.
+const desktop::cups::Paper& PrintedPaper(const RandomSettings& settings);
 
 /// Puts what a run reads anew where it reads it.
 void StoreSettings(memory::MemoryRegistry& registry, const RandomSettings& settings);

@@ -21,6 +21,7 @@
 #include <QJsonDocument>
 #include <QJsonObject>
 
+#include "base/Resume.h"
 #include "base/Units.h"
 #include "composition/DocumentRun.h"
 #include "composition/FormField.h"
@@ -30,6 +31,7 @@
 #include "desktop/qt/QtPrintFonts.h"
 #include "desktop/qt/QtPrinter.h"
 #include "desktop/qt/QtPrinters.h"
+#include "machine/Printer.h"
 #include "memory/MemoryPlatform.h"
 #include "precheck/Precheck.h"
 #include "precheck/SteadyChance.h"
@@ -71,9 +73,9 @@ class FileQueue final : public desktop::cups::FakeQueue {
   public:
     explicit FileQueue(QString path) : path_(std::move(path)) {}
 
-    void Lay(const desktop::cups::Paper& sheet) {
-        PaperList = {sheet};
-        Settings.PaperId = sheet.Id;
+    void Lay(const std::vector<desktop::cups::Paper>& papers) {
+        PaperList = papers;
+        Settings.PaperId = papers.front().Id;
     }
     std::unique_ptr<desktop::cups::PrintJob> BeginJob(const std::string&, const desktop::cups::Paper&,
                                                       const desktop::cups::Bin*) override {
@@ -175,13 +177,13 @@ class Batches {
         memory::MemoryRegistry registry;
         StoreSettings(registry, settings);
         memory_.locale.SetDecimalMark(settings.DecimalMark);
-        queue_->Lay(settings.Sheet);
+        queue_->Lay(settings.Papers);
 
         machine::Platform services = Services(registry);
-        const precheck::ChosenPrinter chosen =
-            precheck::Choose(services, 0, settings.Sheet.Id, settings.Intent.Orientation);
-        const precheck::Findings findings =
-            precheck::CheckDocument(settings.State, services, settings.Intent, chosen.Sheet);
+        const precheck::ChosenPrinter chosen = precheck::ChooseForRun(
+            settings.State, services, 0, settings.Papers.front().Id, settings.Intent.Orientation);
+        const precheck::Findings findings = precheck::CheckDocument(settings.State, services, settings.Intent,
+                                                                    chosen.Sheet, chosen.MeasuredSheet);
         return {{"number", static_cast<qint64>(number)},
                 {"type", settings.State.AcceptgiroType},
                 {"sheet", SheetOf(settings)},
@@ -203,14 +205,17 @@ class Batches {
     QJsonArray Run(const RandomSettings& settings, machine::Platform& services) {
         state::AppState state = settings.State;
         state::LaadInstellingen(state, services.Registry, false);
+        support::FakeRunHost host(state, services);
         printer_.Assign(0);
         composition::LeesPrinterMaten(state, services);
+        if (state.OverrulePaperSize && !state.MatrixPrinter) {
+            base::Resume([&] { host.printer.SetPaperSize(machine::PaperLegal); });
+        }
         if (begun_) {
             surface_.Newpage();
         }
         begun_ = true;
         surface_.Texts = {};
-        support::FakeRunHost host(state, services);
         composition::OpenPrinter(state, services, host.printer);
         state.Surface = &surface_;
         composition::DrawDocument(state, services, host, settings.Intent.Document, settings.Intent.Forms,
@@ -220,7 +225,7 @@ class Batches {
 
     static QJsonArray SheetOf(const RandomSettings& settings) {
         const desktop::cups::TurnedSheet sheet =
-            desktop::cups::Turned(settings.Sheet, settings.Intent.Orientation);
+            desktop::cups::Turned(PrintedPaper(settings), settings.Intent.Orientation);
         return {Millimetres(sheet.Width), Millimetres(sheet.Height), Millimetres(sheet.Left),
                 Millimetres(sheet.Top),   Millimetres(sheet.Right),  Millimetres(sheet.Bottom)};
     }

@@ -54,7 +54,7 @@ const std::map<std::string, Stops> Rounds{
      {"UserText(70)", "UserText(71)", "UserText(72)", "UserText(73)", "UserText(74)", "Verder", "Cancel"}},
     {"page 1", {"optProcedure(0)", "optProcedure(1)", "Terug", "Verder", "Cancel"}},
     {"page 2", {"optTestpartij(0)", "optTestpartij(1)", "optTestpartij(2)", "Terug", "Verder", "Cancel"}},
-    {"page 3", {"UserText(0)", "cmdPrinten", "Terug", "Cancel"}},
+    {"page 3", {"UserText(0)", "cmdPrinten", "cmdVoorcontrole", "Terug", "Cancel"}},
     {"manager",
      {"lstAfdrukken", "UserText(0)", "cboPrinterSelect(0)", "chkMatrixPrinter", "cmdDetails",
       "cmdAnnuleren"}},
