@@ -22,14 +22,19 @@ for size in "" --200; do
   # shellcheck disable=SC2086
   build/bin/drukkeuring-demo "$made/linux" $size >/dev/null
 done
-for dpi in 96 192; do
-  env -u DISPLAY /usr/bin/python3 tests/windows/show.py --build build/windows --settings examples/tarvik.reg \
-    --out "$made/shown" --dpi "$dpi" >/dev/null
-  for picture in "$made"/shown/*.png; do
-    name=$(basename "$picture" .png)
-    mv "$picture" "$made/windows/$name$([ "$dpi" = 192 ] && echo -200).png"
+# windows_pictures SETTINGS TOUR
+windows_pictures() {
+  for dpi in 96 192; do
+    env -u DISPLAY /usr/bin/python3 tests/windows/show.py --build build/windows --settings "$1" --tour "$2" \
+      --out "$made/shown" --dpi "$dpi" >/dev/null
+    for picture in "$made"/shown/*.png; do
+      name=$(basename "$picture" .png)
+      mv "$picture" "$made/windows/$name$([ "$dpi" = 192 ] && echo -200).png"
+    done
   done
-done
+}
+windows_pictures examples/tarvik.reg tests/stories/pictures/tour.scenario
+windows_pictures tests/support/settings/five_wrong.reg tests/stories/pictures/five_wrong.scenario
 
 for desktop in linux windows; do
   mkdir -p "docs/images/$desktop"

@@ -1,7 +1,7 @@
 #!/usr/bin/env python3
 """Starts the Windows program under Wine in a Windows of the user's own.
 
-    show.py --build FOLDER --settings FILE.reg --out FOLDER [--dpi 192] [--contrast]
+    show.py --build FOLDER --settings FILE.reg --out FOLDER [--tour FILE.scenario] [--dpi 192] [--contrast]
 
 On a display the program is there to be used. Without one it plays a demonstration on a screen that nobody sees: a picture of
 each window, and the three documents as PDF, are left in the folder.
@@ -113,7 +113,7 @@ class Photographer(Player):
         as_pdf(self.server.next_job().document, self.out / f"{name}.pdf")
 
 
-def demonstrate(prefix, build, out, dpi):
+def demonstrate(prefix, build, out, tour, dpi):
     shutil.rmtree(out, ignore_errors=True)
     out.mkdir(parents=True)
     with contextlib.ExitStack() as ends:
@@ -127,7 +127,7 @@ def demonstrate(prefix, build, out, dpi):
         agent.ask("pointer", *screen.corner)  # where it rests on nothing that has a tip
         program = prefix.windows_path(build / "bin" / "drukkeuring.exe")
         player = Photographer(agent, program, Ids.of(prefix, build), screen, server, out)
-        player.play(TOUR.read_text(encoding="utf-8").splitlines(), finish=False)
+        player.play(tour.read_text(encoding="utf-8").splitlines(), finish=False)
     print("\n".join(sorted(file.name for file in out.iterdir())))
 
 
@@ -136,6 +136,7 @@ def main():
     parser.add_argument("--build", type=pathlib.Path, required=True)
     parser.add_argument("--settings", type=pathlib.Path, required=True)
     parser.add_argument("--out", type=pathlib.Path, required=True)
+    parser.add_argument("--tour", type=pathlib.Path, default=TOUR)
     parser.add_argument("--dpi", type=int, default=96)
     parser.add_argument("--contrast", action="store_true", help="in a theme of high contrast")
     arguments = parser.parse_args()
@@ -145,7 +146,7 @@ def main():
             prefix.import_settings(arguments.settings)
             if arguments.contrast:
                 prefix.use_high_contrast()
-            demonstrate(prefix, arguments.build, arguments.out, arguments.dpi)
+            demonstrate(prefix, arguments.build, arguments.out, arguments.tour, arguments.dpi)
         return
     prefix = user_prefix(arguments.build)
     prefix.use_screen(display)
