@@ -2,6 +2,7 @@
 // windows: one line "FORM NAME", or "FORM NAME(INDEX)" for an element of a control array.
 #include <iostream>
 
+#include "composition/PrintSurface.h"
 #include "forms/Form.h"
 #include "forms/MenuBar.h"
 #include "forms/Session.h"
@@ -53,7 +54,9 @@ int main() {
     forms::Session session(memory.desktop);
     state::AppState state;
     Print(wizard::frmMain(session, memory.Services(), state));
-    Print(wizard::frmVoorcontrole(session, memory.Services(), state, [] { return precheck::Findings{}; }));
+    composition::PrinterSurface printer(memory.printer);
+    Print(wizard::frmVoorcontrole(session, memory.Services(), state, printer,
+                                  [] { return precheck::Findings{}; }));
     Print(printmanager::frmPrintManager(session, memory.Services(), state));
     Print(printmanager::frmPrintManagerSetup(session, memory.Services(), state));
     const Preview preview(session, memory.Services(), state);
