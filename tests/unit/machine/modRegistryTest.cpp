@@ -25,6 +25,7 @@ class ScriptedRegistry : public Registry {
     std::int32_t secondResult = RegSuccess;
     std::string written;
 
+    StoreCondition Condition(const std::string&) override { return {}; }
     std::int32_t RegOpenKeyA(RegistryKey, const std::string& path, RegistryKey& opened) override {
         calls.push_back("open " + path);
         opened = 77;
