@@ -197,6 +197,19 @@ TEST_F(DocumentCheckTest, APairOfFieldsIsToldOnce) {
     }
 }
 
+TEST_F(DocumentCheckTest, TheCornerGoesByTheSheetThatThePrinterWasMeasuredWith) {
+    const machine::SheetArea measured = Sheet(210, 297, 9.2);
+    EXPECT_THAT(Codes(Document()), IsEmpty());
+    EXPECT_THAT(Codes(CheckDocument(state, services, intent, measured, printer.Sheet)),
+                Contains("sheet.text-off"))
+        << "all is 5 mm further down, on a sheet that is shorter";
+    const Findings findings = CheckDocument(state, services, intent, printer.Sheet, measured);
+    EXPECT_THAT(findings, Each(Field(&Finding::Code, "sheet.text-off")));
+    // It is 8 mm from the top of the form, and the printer reaches to 4,2.
+    EXPECT_TRUE(Mentions(First(findings, "sheet.text-off"), "De omschrijving (bovenste formulier)"))
+        << First(findings, "sheet.text-off").Wrong;
+}
+
 TEST_F(DocumentCheckTest, TextsOfDifferentPagesDoNotMeet) {
     state.AcceptgiroType = 3; // one form on a page, at the same place each
     printer.Sheet = Sheet(210, 297);

@@ -12,6 +12,8 @@ using testing::IsEmpty;
 
 using CheckAllTest = PrecheckTest;
 
+constexpr std::int16_t A4 = 9;
+
 TEST_F(CheckAllTest, NothingIsWrong) {
     EXPECT_THAT(Codes(All()), IsEmpty());
 }
@@ -21,6 +23,33 @@ TEST_F(CheckAllTest, WithoutAPrinterThereIsNothingToSayOfOne) {
     intent.Forms = 29;
     EXPECT_THAT(Codes(CheckAll(state, memory.Services(), intent, std::nullopt)),
                 ElementsAre("count.too-few"));
+}
+
+using ChooseForRunTest = PrecheckTest;
+
+TEST_F(ChooseForRunTest, TakesTheForcedPaperAndMeasuresWithTheChosenOne) {
+    memory.InstallPrinter({.Name = "Laser"});
+    const machine::SheetArea chosen = *memory.printers.SheetOf(0, A4, machine::Portrait);
+    const machine::SheetArea forced = *memory.printers.SheetOf(0, machine::PaperLegal, machine::Portrait);
+    state.OverrulePaperSize = true;
+    printer = ChooseForRun(state, services, 0, A4, machine::Portrait);
+    EXPECT_EQ(printer.Condition.Name, "Laser");
+    EXPECT_EQ(printer.Sheet->Height, forced.Height);
+    EXPECT_EQ(printer.MeasuredSheet->Height, chosen.Height);
+
+    state.MatrixPrinter = true;
+    printer = ChooseForRun(state, services, 0, A4, machine::Portrait);
+    EXPECT_EQ(printer.Sheet->Height, chosen.Height);
+    EXPECT_FALSE(printer.MeasuredSheet);
+}
+
+TEST_F(ChooseForRunTest, APrinterWithoutTheForcedPaperKeepsTheChosenOne) {
+    memory.InstallPrinter({.Name = "Laser", .Papers = {{A4, 2100, 2970, "A4"}}});
+    state.OverrulePaperSize = true;
+    printer = ChooseForRun(state, services, 0, A4, machine::Portrait);
+    ASSERT_TRUE(printer.Sheet);
+    EXPECT_EQ(printer.Sheet->Height, memory.printers.SheetOf(0, A4, machine::Portrait)->Height);
+    EXPECT_FALSE(printer.MeasuredSheet);
 }
 
 TEST_F(CheckAllTest, TheWorstOfAllComeFirst) {
