@@ -1,6 +1,7 @@
 #include <algorithm>
 #include <cmath>
 #include <optional>
+#include <set>
 #include <string>
 #include <utility>
 #include <vector>
@@ -38,12 +39,17 @@ double Overshoot(const SheetPlace& ink, double left, double top, double right, d
     return std::max({left - ink.Left, top - ink.Top, ink.Right - right, ink.Bottom - bottom});
 }
 
+/// A form of a batch, by its page and its place there.
+using FormOnPage = std::pair<int, std::int16_t>;
+
 /// The same thing found on many forms: how often, and where it is worst.
 struct Worst {
     std::int32_t Count = 0;
     double Twips = 0;
     std::size_t Text = 0;
     std::size_t Other = 0;
+    /// Of what is found between two texts: where forms lie over each other these are fewer than the pairs.
+    std::set<FormOnPage> Forms{};
 
     void Add(double twips, std::size_t text, std::size_t other = 0) {
         if (++Count == 1 || twips > Twips) {
@@ -261,7 +267,8 @@ class DocumentCheck {
             Finding& finding =
                 Add(FindingKind::SheetTextsOverlap,
                     {Capital(FieldOn(one)), FieldOn(other), Millimetres(Across(one.Ink, other.Ink)),
-                     Millimetres(Down(one.Ink, other.Ink)), OnHowMany(worst.Count)});
+                     Millimetres(Down(one.Ink, other.Ink)),
+                     OnHowMany(static_cast<std::int32_t>(worst.Forms.size()))});
             finding.Sketch = SketchOf(one);
             finding.Sketch.Wrong.push_back(other.Ink);
         }
@@ -288,7 +295,9 @@ class DocumentCheck {
                 }
                 const double least = std::min(Across(upper.Ink, lower.Ink), Down(upper.Ink, lower.Ink));
                 if (least > OverlapTwips) {
-                    overlaps[std::minmax(upper.Field, lower.Field)].Add(least, page[i], page[j]);
+                    Worst& worst = overlaps[std::minmax(upper.Field, lower.Field)];
+                    worst.Add(least, page[i], page[j]);
+                    worst.Forms.insert({{upper.Page, upper.Place}, {lower.Page, lower.Place}});
                 }
             }
         }

@@ -136,8 +136,9 @@ class Measured:
     def add(self, length, *texts):
         self.found.append((length, texts))
 
-    def count(self, least):
-        return sum(length > least for length, _ in self.found)
+    def forms(self, least):
+        """The number of forms on which it is found."""
+        return len({(text.page, text.place) for length, texts in self.found if length > least for text in texts})
 
     def worst(self):
         return max(length for length, _ in self.found)
@@ -185,7 +186,7 @@ class Checker:
         self.check_length(batch, what, number(said), max(measured, SHOWN), SHOWN / 2 + tolerance)
 
     def check_count(self, batch, what, measured, said, limit, band):
-        least, most = measured.count(limit + band), measured.count(limit - band)
+        least, most = measured.forms(limit + band), measured.forms(limit - band)
         if not max(least, 1) <= said <= most:
             self.differ(batch, f"{what}: said of {said}, measured of {least} to {most}")
 

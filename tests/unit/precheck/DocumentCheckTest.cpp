@@ -197,6 +197,18 @@ TEST_F(DocumentCheckTest, APairOfFieldsIsToldOnce) {
     }
 }
 
+TEST_F(DocumentCheckTest, AFormCountsOnceHoweverOftenItsFieldsMeetThoseOfAnother) {
+    ClearCalibration();
+    intent.Forms = 2;
+    state.GMUFontSize = "12";
+    state.AcceptGiroTop[1] = state.OCRTop[1] = "-101,58"; // the second form lies on the first
+    const Findings findings = With(Document(), "sheet.texts-overlap");
+    EXPECT_THAT(findings, Not(IsEmpty()));
+    for (const Finding& finding : findings) {
+        EXPECT_TRUE(Mentions(finding, ", op 2 formulieren.")) << finding.Wrong;
+    }
+}
+
 TEST_F(DocumentCheckTest, TheCornerGoesByTheSheetThatThePrinterWasMeasuredWith) {
     const machine::SheetArea measured = Sheet(210, 297, 9.2);
     EXPECT_THAT(Codes(Document()), IsEmpty());
