@@ -86,17 +86,21 @@ char32_t LowerOf(char32_t c) {
     }
 }
 
+/// `map` gives ASCII for ASCII.
 template <class MapCharacter>
 std::string Mapped(std::string_view s, MapCharacter map) {
-    std::string result;
-    result.reserve(s.size());
+    std::string result(s.substr(0, AsciiRun(s)));
+    s.remove_prefix(result.size());
+    for (char& c : result) {
+        c = static_cast<char>(map(static_cast<std::uint8_t>(c)));
+    }
     while (!s.empty()) {
         const Decoded first = DecodeFirst(s);
         const char32_t mapped = map(first.Code);
-        if (mapped < 0x80) {
-            result.push_back(static_cast<char>(mapped));
-        } else if (mapped == first.Code) {
+        if (mapped == first.Code) {
             result.append(s.substr(0, first.Bytes)); // as it stands, bytes that are no UTF-8 included
+        } else if (mapped < 0x80) {
+            result.push_back(static_cast<char>(mapped));
         } else {
             result.append(Encode(mapped));
         }
@@ -213,8 +217,8 @@ std::string Encode(char32_t code) {
 }
 
 std::string ToCodePage(std::string_view utf8) {
-    std::string result;
-    result.reserve(utf8.size());
+    std::string result(utf8.substr(0, AsciiRun(utf8)));
+    utf8.remove_prefix(result.size());
     while (!utf8.empty()) {
         const Decoded first = DecodeFirst(utf8);
         result.push_back(CodePageByte(first.Code));
@@ -224,9 +228,8 @@ std::string ToCodePage(std::string_view utf8) {
 }
 
 std::string FromCodePage(std::string_view bytes) {
-    std::string result;
-    result.reserve(bytes.size());
-    for (std::size_t i = 0; i < bytes.size(); ++i) {
+    std::string result(bytes.substr(0, AsciiRun(bytes)));
+    for (std::size_t i = result.size(); i < bytes.size(); ++i) {
         const std::uint8_t byte = ByteAt(bytes, i);
         if (byte < 0x80) {
             result.push_back(bytes[i]);
