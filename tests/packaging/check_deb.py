@@ -67,7 +67,7 @@ def file_errors(package):
                     yield f"{name} leads to {entry.linkname}"
             elif not entry.isfile() or entry.size == 0:
                 yield f"{name} is no file with something in it"
-    pages = {name for name in found if re.fullmatch(rf"{HANDBOOK}/(index\.html|sections/[\w-]+\.html|images/[\w/-]+\.png)", name)}
+    pages = {name for name in found if re.fullmatch(rf"{HANDBOOK}/(index\.html|sections/[\w-]+\.html|images/[\w/-]+\.(?:png|svg))", name)}
     if len(pages) < 30:
         yield f"the handbook has {len(pages)} files"
     for name in sorted((found ^ FILES) - pages):
