@@ -18,9 +18,13 @@ trap 'rm -rf "$made"' EXIT
 # The example's settings hold Dutch numbers, whatever the language of this machine is.
 export QT_QPA_PLATFORM=offscreen LC_ALL=nl_NL.UTF-8
 mkdir "$made/linux" "$made/windows"
+five_wrong=tests/stories/pictures/five_wrong.scenario
+five_wrong_settings=tests/support/settings/five_wrong.reg
 for size in "" --200; do
   # shellcheck disable=SC2086
   build/bin/drukkeuring-demo "$made/linux" $size >/dev/null
+  # shellcheck disable=SC2086
+  build/bin/drukkeuring-demo "$made/linux" $size --story "$five_wrong" "$five_wrong_settings" >/dev/null
 done
 # windows_pictures SETTINGS TOUR
 windows_pictures() {
@@ -34,7 +38,7 @@ windows_pictures() {
   done
 }
 windows_pictures examples/tarvik.reg tests/stories/pictures/tour.scenario
-windows_pictures tests/support/settings/five_wrong.reg tests/stories/pictures/five_wrong.scenario
+windows_pictures "$five_wrong_settings" "$five_wrong"
 
 for desktop in linux windows; do
   mkdir -p "docs/images/$desktop"

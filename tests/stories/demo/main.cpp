@@ -2,6 +2,9 @@
 // documents as PDF files and a picture of every window. Standard output tells each step.
 //
 // drukkeuring-demo FOLDER [--125 | --150 | --200 | --300] [--dark | --mixed | --contrast] [--points N]
+//                  [--story FILE.scenario SETTINGS.reg]
+//
+// With --story it plays that one with those settings instead, and looks for no documents.
 #include <cmath>
 #include <cstdio>
 #include <cstdlib>
@@ -11,6 +14,7 @@
 #include <QApplication>
 #include <QDir>
 #include <QFile>
+#include <QFileInfo>
 #include <QStringList>
 #include <QTemporaryDir>
 
@@ -62,6 +66,23 @@ Desktop TakeDesktop(QStringList& arguments) {
     return desktop;
 }
 
+/// What is played, with which settings.
+struct Story {
+    QString Script = QStringLiteral(SCRIPT);
+    QString Settings = QStringLiteral(EXAMPLE_SETTINGS);
+    bool HasDocuments = true;
+};
+
+Story TakeStory(QStringList& arguments) {
+    Story story;
+    if (const auto at = arguments.indexOf(QStringLiteral("--story")); at >= 0 && at + 2 < arguments.size()) {
+        story = {QFileInfo(arguments[at + 1]).absoluteFilePath(),
+                 QFileInfo(arguments[at + 2]).absoluteFilePath(), false};
+        arguments.remove(at, 3);
+    }
+    return story;
+}
+
 void ShowAs(const Desktop& desktop) {
     if (!desktop.Palette.isEmpty()) {
         QApplication::setPalette(DesktopPalette(desktop.Palette));
@@ -94,8 +115,8 @@ bool IsWholePdf(const QString& name) {
     return content.startsWith("%PDF-") && content.trimmed().endsWith("%%EOF");
 }
 
-int Play(desktop::qt::QtPlatform& platform, const QString& suffix) {
-    std::ifstream script(SCRIPT);
+int Play(desktop::qt::QtPlatform& platform, const QString& file, const QString& suffix) {
+    std::ifstream script(file.toStdString());
     auto& desktop = dynamic_cast<desktop::qt::QtDesktop&>(platform.Services().Desktop);
     const auto makeStage = [&](memory::MemoryPlatform& memory) {
         return std::make_unique<scenario::QtStage>(memory, desktop, platform.Services(), suffix);
@@ -114,9 +135,10 @@ int main(int argc, char** argv) {
         arguments << QString::fromLocal8Bit(argv[i]);
     }
     const Desktop desktop = TakeDesktop(arguments);
+    const Story story = TakeStory(arguments);
     if (arguments.size() != 1 || !QDir().mkpath(arguments[0]) || !QDir::setCurrent(arguments[0])) {
         std::fprintf(stderr, "drukkeuring-demo FOLDER [--125 | --150 | --200 | --300] [--dark | --mixed | "
-                             "--contrast] [--points N]\n");
+                             "--contrast] [--points N] [--story FILE.scenario SETTINGS.reg]\n");
         return 2;
     }
 
@@ -125,7 +147,7 @@ int main(int argc, char** argv) {
     const QString screen = home.filePath(QStringLiteral("screen.json"));
     DescribeScreen(screen, desktop.Density);
     QDir(home.path()).mkpath(QStringLiteral("tarvik"));
-    QFile::copy(QStringLiteral(EXAMPLE_SETTINGS), home.filePath(QStringLiteral("tarvik/settings.reg")));
+    QFile::copy(story.Settings, home.filePath(QStringLiteral("tarvik/settings.reg")));
     qputenv("XDG_CONFIG_HOME", home.path().toLocal8Bit());
     qputenv("QT_QPA_PLATFORM", "offscreen:configfile=" + screen.toLocal8Bit());
     qputenv("CUPS_SERVER", "localhost:1");
@@ -134,10 +156,15 @@ int main(int argc, char** argv) {
     desktop::qt::QtPlatform platform(argc, argv);
     ShowAs(desktop);
     for (const char* document : Documents) {
-        QFile::remove(FileOf(document));
+        if (story.HasDocuments) {
+            QFile::remove(FileOf(document));
+        }
     }
-    if (const int status = Play(platform, desktop.Suffix); status != scenario::StatusDone) {
+    if (const int status = Play(platform, story.Script, desktop.Suffix); status != scenario::StatusDone) {
         return status;
+    }
+    if (!story.HasDocuments) {
+        return 0;
     }
     for (const char* document : Documents) {
         if (!IsWholePdf(FileOf(document))) {

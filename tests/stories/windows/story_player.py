@@ -12,7 +12,6 @@ from reader import Unknown
 from script import Unplayable, words_of
 from watcher import PATIENCE, SETTINGS
 
-TICK = 0.02  # seconds in which a timer comes round, though Windows makes it no faster than 10 milliseconds
 STATUS_DONE, STATUS_SCRIPT_ERROR, STATUS_EXPECTATION_FAILED = 0, 2, 3
 
 # Calls that only ask: nobody outside hears the answer.
@@ -128,9 +127,9 @@ class StoryPlayer(Player):
         if self.agent.ask("button", down) != "ok":
             raise TimeoutError("the program does not take the mouse's button")
 
-    def do_tick(self, _timer, count=1):
-        """Timers run by themselves, late on a machine with much to do: what is expected next may still come true."""
-        time.sleep(int(count) * TICK)
+    def do_tick(self, timer, count=1):
+        """What is expected next may still come true."""
+        super().do_tick(timer, count)
         self.ticked = True
 
     # Questions.
