@@ -11,7 +11,7 @@ linux() {
   tools/setup.sh build
   tools/setup.sh package
   cmake --preset release >/dev/null
-  cmake --build --preset release --target drukkeuring installed_files
+  cmake --build --preset release --target drukkeuring drukkeuring-voorcontrole installed_files
   cpack --config build/release/CPackConfig.cmake -B build/release/packages >/dev/null
   cmake --build --preset release --target archive
   cp build/release/packages/{drukkeuring_"$version"_amd64.deb,drukkeuring-"$version"-linux-x86_64.tar.gz} dist/

@@ -7,6 +7,7 @@
 #include <string>
 #include <string_view>
 #include <utility>
+#include <vector>
 
 #include "base/Resume.h"
 #include "base/Units.h"
@@ -36,7 +37,7 @@ constexpr std::int32_t Blue = 0xC06020;
 constexpr std::int32_t Red = 0x3030C0;
 
 constexpr double TitlePoints = 9;
-constexpr double NotePoints = 7;
+constexpr double NotePoints = 6;
 constexpr double NumberPoints = 5;
 
 // Everything below in millimetres from the corner of the paper.
@@ -49,25 +50,31 @@ constexpr double RulerRight = 205;
 constexpr double FirstNumber = 10;
 constexpr double NumberGap = 0.3;
 
+/// Between a box and the name to its right.
+constexpr double NameGap = 0.8;
+
 /// Of a ruler's mark: every fifth and every tenth is longer.
 constexpr double MarkLength(int millimetre) {
     return millimetre % 10 == 0 ? 2.2 : millimetre % 5 == 0 ? 1.6 : 1.0;
 }
 
-constexpr double TestLineLeft = 30;
 constexpr double TestLineLength = 150;
 constexpr double TestLineEnd = 1.5; ///< half of the strokes at its ends
 
-/// From the top of the first form, between the payer and the OCR line; on a letter, among its text.
-constexpr double NotesTop = 66;
-constexpr double NotesTopOnLetter = 60;
-constexpr double NoteHeight = 4;
-constexpr double TestLineBelowNotes = 12.5;
+/// Where the notes and the test line find room that no field takes.
+struct NotesPlace {
+    double Left, Top;
+    double LineLeft, LineTop;
+};
+constexpr NotesPlace NotesOnFirstForm = {146, 19, 42, 80.5}; ///< right of the payer; above the OCR line
+constexpr NotesPlace NotesOnLetter = {42, 40, 42, 70};
+constexpr double TitleHeight = 4.6;
+constexpr double NoteHeight = 3.2;
 
-constexpr std::array<std::string_view, 3> Notes = {
-    "Sjabloon voor het proefvel. Dit is niet het testsjabloon van het testinstituut.",
-    "Leg het proefvel hierop en houd beide tegen het licht. De blauwe vakken tonen waar de velden zonder",
-    "calibratie staan; de strook tussen de rode lijnen blijft wit, op de OCR-regel na.",
+constexpr std::array<std::string_view, 6> Notes = {
+    "Niet het testsjabloon van het testinstituut.", "Leg het proefvel erop, tegen het licht. De",
+    "blauwe vakken tonen waar de velden zonder",    "calibratie staan. Tussen twee rode lijnen",
+    "blijft het papier wit, op de OCR-regel na.",   "De linialen tellen vanaf de hoek van het vel.",
 };
 constexpr std::string_view TestLineNote =
     "Deze lijn is 150 mm lang. Is zij dat op papier niet, dan verkleint of vergroot de printer.";
@@ -165,12 +172,51 @@ void WithoutCalibration(state::AppState& state) {
     }
 }
 
+bool Overlap(const SheetPlace& a, const SheetPlace& b) {
+    return a.Left < b.Right && b.Left < a.Right && a.Top < b.Bottom && b.Top < a.Bottom;
+}
+
+/// Writes the name of each field beside its box, where it covers no other box and no other name; one that
+/// finds no such place is left out, for the boxes are what counts.
+class FieldNames {
+  public:
+    FieldNames(TemplatePage& page, const FieldPlaces& places) : page_(page), height_(page.LineHeight()) {
+        for (const auto& [key, field] : places) {
+            taken_.push_back(InMillimetres(field.Ink));
+        }
+    }
+
+    void Write(const FieldPlace& field) {
+        const SheetPlace box = InMillimetres(field.Ink);
+        const double width = page_.Width(field.Name);
+        const std::array<std::pair<double, double>, 3> corners = {{
+            {box.Left, box.Top - height_},
+            {box.Right + NameGap, (box.Top + box.Bottom - height_) / 2},
+            {box.Left, box.Bottom},
+        }};
+        for (const auto& [left, top] : corners) {
+            const SheetPlace name = {left, top, left + width, top + height_};
+            if (std::none_of(taken_.begin(), taken_.end(),
+                             [&](const SheetPlace& other) { return Overlap(name, other); })) {
+                page_.Text(left, top, field.Name);
+                taken_.push_back(name);
+                return;
+            }
+        }
+    }
+
+  private:
+    TemplatePage& page_;
+    double height_;
+    std::vector<SheetPlace> taken_;
+};
+
 void DrawFields(TemplatePage& page, const FieldPlaces& places) {
+    FieldNames names(page, places);
     for (const auto& [key, field] : places) {
-        const SheetPlace ink = InMillimetres(field.Ink);
-        page.Box(ink, Blue);
+        page.Box(InMillimetres(field.Ink), Blue);
         if (!field.IsOcr) {
-            page.Text(ink.Left, ink.Top - page.LineHeight(), field.Name);
+            names.Write(field);
         }
     }
 }
@@ -208,21 +254,22 @@ void DrawRulers(TemplatePage& page, double width, double height) {
     }
 }
 
-void DrawNotes(TemplatePage& page, const std::string& font, double top) {
-    double y = top;
+void DrawNotes(TemplatePage& page, const std::string& font, const NotesPlace& place) {
+    double y = place.Top;
     page.SetFont(font, TitlePoints);
+    page.Text(place.Left, y, TemplateTitle);
+    y += TitleHeight;
+    page.SetFont(font, NotePoints);
     for (const std::string_view note : Notes) {
-        page.Text(TestLineLeft, y, note);
-        page.SetFont(font, NotePoints);
+        page.Text(place.Left, y, note);
         y += NoteHeight;
     }
-    const double line = top + TestLineBelowNotes;
-    const double right = TestLineLeft + TestLineLength;
-    page.Line(TestLineLeft, line, right, line, Black);
-    for (const double end : {TestLineLeft, right}) {
-        page.Line(end, line - TestLineEnd, end, line + TestLineEnd, Black);
+    const double right = place.LineLeft + TestLineLength;
+    page.Line(place.LineLeft, place.LineTop, right, place.LineTop, Black);
+    for (const double end : {place.LineLeft, right}) {
+        page.Line(end, place.LineTop - TestLineEnd, end, place.LineTop + TestLineEnd, Black);
     }
-    page.Text(TestLineLeft + TestLineEnd, line, TestLineNote);
+    page.Text(place.LineLeft + TestLineEnd, place.LineTop, TestLineNote);
 }
 
 } // namespace
@@ -251,7 +298,7 @@ void DrawTemplate(const state::AppState& state, machine::Platform& platform) {
         DrawWhiteBands(page, places, width);
         DrawRulers(page, width, height);
         DrawNotes(page, state.ListFontName,
-                  state.AcceptgiroType == state::TypeUnderLetter ? NotesTopOnLetter : NotesTop);
+                  state.AcceptgiroType == state::TypeUnderLetter ? NotesOnLetter : NotesOnFirstForm);
     });
 }
 
