@@ -69,10 +69,10 @@ def choices(option, title, place, rows, default):
             f"*Default{option}: {default}", *entries, f"*CloseUI: *{option}"]
 
 
-def driver(papers, slots, paper=None, slot=None):
+def driver(papers, slots, paper=None, slot=None, edges=EDGES):
     """The text of a PPD. It starts with this paper and slot, by keyword, or the first ones."""
     paper, slot = paper or papers[0].keyword, slot or slots[0].keyword
-    left, bottom, right, top = EDGES
+    left, bottom, right, top = edges
     sizes = [(size.keyword, size.name, f"/PageSize[{size.width} {size.height}]") for size in papers]
     positions = [(each.keyword, each.name, f"/MediaPosition {each.position}") for each in slots]
     areas = [f'*ImageableArea {size.keyword}: "{left} {bottom} {size.width - right} {size.height - top}"' for size in papers]
