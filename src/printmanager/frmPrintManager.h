@@ -225,6 +225,7 @@ class frmPrintManager : public forms::Form {
     void ControleerKeuze();
     void tmrVoorcontrole_Timer();
     precheck::Findings NagekekenKeuze();
+    void TellFindings(const precheck::Findings& found);
 
     machine::Platform& platform_;
     state::AppState& state_;

@@ -2,9 +2,9 @@
 // form that prints, and neither the spooler nor the printer.
 
 #include "base/Numbers.h"
-#include "base/Resume.h"
 #include "forms/Desktop.h"
 #include "machine/Printer.h"
+#include "precheck/Quietly.h"
 #include "printmanager/FindingMark.h"
 #include "printmanager/PrintCaller.h"
 #include "printmanager/frmPrintManager.h"
@@ -42,9 +42,15 @@ void frmPrintManager::tmrVoorcontrole_Timer() {
     if (blnBusy || blnClosing) {
         return;
     }
+    precheck::Quietly([this] {
+        precheck::Findings found;
+        precheck::Quietly([&] { found = NagekekenKeuze(); });
+        TellFindings(found);
+    });
+}
+
+void frmPrintManager::TellFindings(const precheck::Findings& found) {
     using precheck::Spot;
-    precheck::Findings found;
-    base::Resume([&] { found = NagekekenKeuze(); });
     if (blnDetailsOpen) {
         TellAt(pictMelding(MarkPrinter), found, {Spot::Printer});
     } else { // the boxes of paper and bin are out of sight

@@ -5,19 +5,17 @@
 #include <string>
 
 #include "base/Numbers.h"
-#include "base/Resume.h"
 #include "machine/Printer.h"
 #include "payment/Accounts.h"
 #include "precheck/CurrentPrinter.h"
 #include "precheck/FindingsReport.h"
+#include "precheck/Quietly.h"
 #include "printmanager/FindingMark.h"
 #include "printmanager/frmPrintManager.h"
 #include "wizard/frmMain.h"
 #include "wizard/frmVoorcontrole.h"
 
 namespace wizard {
-
-using base::Resume;
 
 namespace {
 
@@ -57,10 +55,12 @@ Voorcontrole::Voorcontrole(frmMain& form, machine::Platform& platform, state::Ap
     cmdVoorcontrole.OnClick = [this] { ToonLijst(); };
     tmrVoorcontrole.OnTimer = [this] {
         tmrVoorcontrole.SetEnabled(false);
-        if (MagControleren()) {
-            gevonden_ = Nakijken();
-            ToonRegel();
-        }
+        precheck::Quietly([this] {
+            if (MagControleren()) {
+                gevonden_ = Nakijken();
+                ToonRegel();
+            }
+        });
     };
 }
 
@@ -69,8 +69,8 @@ void Voorcontrole::ControleerVelden() {
     form_.NeemIncassantOver(edited);
     edited.IncassantBankGiro = payment::Rekening2Text(form_.UserText(74).Text());
     precheck::Findings findings;
-    Resume([&] { findings = precheck::CheckSettings(edited, platform_, Voornemen()); });
-    Resume([&] {
+    precheck::Quietly([&] { findings = precheck::CheckSettings(edited, platform_, Voornemen()); });
+    precheck::Quietly([&] {
         precheck::Intent oneSheet = Voornemen();
         oneSheet.Forms = FormsOnSheet;
         const precheck::Findings composed =
@@ -85,7 +85,7 @@ void Voorcontrole::ControleerAlles() {
         return;
     }
     gevonden_.clear();
-    Resume([&] { gevonden_ = precheck::CheckSettings(state_, platform_, Voornemen()); });
+    precheck::Quietly([&] { gevonden_ = precheck::CheckSettings(state_, platform_, Voornemen()); });
     ToonRegel();
     tmrVoorcontrole.SetEnabled(true);
 }
@@ -118,7 +118,7 @@ precheck::Intent Voorcontrole::Voornemen() const {
 
 precheck::Findings Voorcontrole::Nakijken() {
     precheck::Findings findings;
-    Resume([&] {
+    precheck::Quietly([&] {
         findings =
             precheck::CheckAll(state_, platform_, Voornemen(), precheck::CurrentPrinter(state_, platform_));
     });

@@ -15,6 +15,8 @@ OUT_OF_MEMORY = 7  # as the program numbers it
 NO_MORE = 2**31 - 1  # calls that pass
 DISK_FULL, ACCESS_DENIED, NO_MEMORY = 112, 5, 8  # numbers of Windows' errors
 
+SETTLED = 50  # ticks of a timer of the program's
+
 LAST_LINES = 400  # bytes: the driver does not tell when its closing comments alone find no room
 
 REFUSED = "De printer neemt het document niet aan."
@@ -88,18 +90,29 @@ class Faults:
     def check_memory(self):
         """One request for memory fails, somewhere in a print: whatever comes of it, the program goes on."""
         for passes in (0, 3, 10, 30, 60, 100, 150, 200):
-            self.office.open_manager()
+            self.open_in_the_end()
             self.office.pick_document(NAME_LIST)
+            # The look at the choice asks its printer in a thread, and the compiler's library ends a process in which a
+            # thread finds no memory for its own beginning: that is over when the print begins.
+            self.office.play(f"tick frmPrintManager.tmrVoorcontrole {SETTLED}")
             self.refuse("malloc", passes, 0, NO_MEMORY, "once")
             self.office.play("click frmPrintManager.cmdPrint")
             self.heal("malloc")
             self.equal(self.office.user.program.exit_code(), None, f"without memory after {passes} requests it goes on")
             if "frmPrintManager" in self.office.user.shown:
                 self.office.play("close frmPrintManager")
-        self.print_in_new_manager(REPORT)
+        self.open_in_the_end()
+        self.office.print_document(REPORT)
         self.arrives_whole()
         self.equal({error["number"] for error in self.office.events("error")} <= {OUT_OF_MEMORY}, True, "it tells the reason")
         self.equal(self.office.user.shown, ["frmMain"], "and the wizard waits for the user")
+
+    def open_in_the_end(self):
+        """A box of what failed before may still stand before the wizard."""
+        tries = 0
+        while "frmPrintManager" not in self.office.user.shown and tries < 10:
+            self.office.open_manager()
+            tries += 1
 
     def arrives_whole(self):
         """All that comes out of the queue up to a report."""

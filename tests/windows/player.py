@@ -198,9 +198,15 @@ class Player(Reader):
                 command = getattr(self, "do_" + words[0].replace("-", "_"), None)
                 if command is None:
                     raise Unplayable(words[0])
+                self.answer_what_came_late()
                 command(*words[1:])
         if finish:
             self.finish()
+
+    def answer_what_came_late(self):
+        """A timer of the program may bring a box when nobody waits for one."""
+        if self.program is not None and self.program.ended is None:
+            self.answer_boxes()
 
     def finish(self):
         """Closes what is open, innermost first."""
