@@ -32,6 +32,11 @@ class NoHost final : public composition::RunHost {
 
 } // namespace
 
+bool IsComposedWhole(const Intent& intent) {
+    return intent.Document != composition::DocumentTestForms ||
+           std::int64_t{intent.Forms} * std::max<std::int64_t>(intent.Copies, 1) <= MostForms;
+}
+
 void ComposeOn(DrawnDocument& document, state::AppState& state, const machine::Platform& real,
                const Intent& intent, const machine::SheetArea& measured) {
     SheetPrinters printers;

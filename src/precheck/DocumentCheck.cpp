@@ -32,6 +32,8 @@ constexpr double OverlapTwips = ToTwips(0.1);
 
 constexpr std::string_view MendOff =
     "Kies het formaat van uw acceptgiropapier, of een printer die dichter bij de rand kan afdrukken.";
+constexpr std::string_view MendLong = "Kort de tekst af, of verklein in Tarvik de letters.";
+constexpr std::string_view MendList = "Kies een groter papier.";
 constexpr std::string_view MendMoved = "Verbeter de calibratie in Tarvik.";
 
 /// By how much ink stands out of an area, in the direction in which it stands out most.
@@ -88,7 +90,8 @@ class DocumentCheck {
     DocumentCheck(const state::AppState& state, machine::Platform& platform, const Intent& intent,
                   const machine::SheetArea& sheet, const DrawnDocument& document, Findings& findings)
         : state_(state), platform_(platform), isForms_(intent.Document == composition::DocumentTestForms),
-          sheet_(sheet), document_(document), findings_(findings), forms_(FormsOf(state)) {}
+          isWhole_(IsComposedWhole(intent)), sheet_(sheet), document_(document), findings_(findings),
+          forms_(FormsOf(state)) {}
 
     void Check() {
         if (isForms_) {
@@ -115,9 +118,9 @@ class DocumentCheck {
         return phrase;
     }
 
-    /// ", op 84 formulieren", where it is more than one.
+    /// ", op 84 formulieren", where it is more than one and all of the batch has been composed.
     std::string OnHowMany(std::int32_t count) const {
-        if (count == 1) {
+        if (count == 1 || !isWhole_) {
             return {};
         }
         return (isForms_ ? ", op " : ", in ") + std::to_string(count) +
@@ -147,6 +150,16 @@ class DocumentCheck {
         return findings_.back();
     }
 
+    std::string_view MendOfOff(const FieldAndPlace& key) const {
+        if (!isForms_) {
+            return MendList;
+        }
+        if (moved_.Has(key)) {
+            return MendMoved;
+        }
+        return ranOver_.Has(key) ? MendLong : MendOff;
+    }
+
     void CheckSheet() {
         WorstOf<FieldAndPlace> off;
         for (std::size_t i = 0; i < document_.Texts.size(); ++i) {
@@ -159,8 +172,8 @@ class DocumentCheck {
         }
         for (const auto& [key, worst] : off) {
             const InkedText& text = TextAt(worst.Text);
-            Add(FindingKind::SheetTextOff, {Capital(FieldOn(text)), Millimetres(worst.Twips),
-                                            OnHowMany(worst.Count), moved_.Has(key) ? MendMoved : MendOff})
+            Add(FindingKind::SheetTextOff,
+                {Capital(FieldOn(text)), Millimetres(worst.Twips), OnHowMany(worst.Count), MendOfOff(key)})
                 .Sketch = SketchOf(text);
         }
         // What is off the sheet has been told; what stays on it may still be on the next form.
@@ -342,6 +355,7 @@ class DocumentCheck {
     const state::AppState& state_;
     machine::Platform& platform_;
     bool isForms_;
+    bool isWhole_; ///< and not the first forms alone
     const machine::SheetArea& sheet_;
     const DrawnDocument& document_;
     Findings& findings_;

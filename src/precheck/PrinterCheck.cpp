@@ -119,7 +119,8 @@ Findings CheckPrinter(const state::AppState& state, machine::Platform& platform,
         if (printer.Sheet && IsKnownType(current.State)) {
             CheckSheet(current.State, *printer.Sheet, findings);
         }
-        if (PaperOf(state, 0) == machine::PaperLegal) {
+        // A printer without that paper keeps the one that was chosen.
+        if (printer.MeasuredSheet && PaperOf(state, 0) == machine::PaperLegal) {
             findings.push_back(
                 MakeFinding(FindingKind::SheetForced, {SettingIs("PrinterOverrulePaperSize", "1")}));
         }

@@ -23,6 +23,8 @@ constexpr double PanelFieldLeft = FieldLeft - ListLeft;
 constexpr double PanelFieldWidth = ListWidth - PanelFieldLeft;
 // A sign that something is wrong with a field stands before it.
 constexpr double SignLeft = FieldLeft - BoxHeight - 90;
+/// Of a mark before a box, with the gap behind it.
+constexpr double MarkRoom = 300;
 
 constexpr double FakeFormWidth = 5500;
 constexpr double FakeFormHeight = 1035;
@@ -70,7 +72,7 @@ void PlaceControls(frmPrintManager& form) {
         {form.pictMyOrientation, FieldLeft + 990, 1590, 480, 480},
         {form.pictOrientation(0), FieldLeft + 990, 1590, 480, 480},
         {form.pictOrientation(1), FieldLeft + 990, 1590, 480, 480},
-        {form.Label3, ListLeft, 2220, SignLeft - ListLeft, LabelHeight},
+        {form.Label3, ListLeft, 2220, SignLeft - MarkRoom - ListLeft, LabelHeight},
         {form.cboPrinterSelect(0), FieldLeft, 2175, PanelFieldWidth, BoxHeight},
         {form.pictError, SignLeft, 2175, BoxHeight, BoxHeight},
         {form.chkMatrixPrinter, ListLeft, 2610, ListWidth, 285},
@@ -301,11 +303,10 @@ void LayOutMarks(frmPrintManager& form) {
     };
     // Before their boxes, where the labels have ended; behind those of the copies, whose label is longer.
     constexpr double side = 240;
-    constexpr double before = 300;
     constexpr MarkPlace marks[] = {
-        {0, FieldLeft - before, 2175},
-        {1, PanelFieldLeft - before, 2280},
-        {2, PanelFieldLeft - before, 2700},
+        {0, SignLeft - MarkRoom, 2175},
+        {1, PanelFieldLeft - MarkRoom, 2280},
+        {2, PanelFieldLeft - MarkRoom, 2700},
         {3, 3900, 1665},
     };
     for (const MarkPlace& place : marks) {

@@ -72,7 +72,9 @@ Answer Check(machine::Platform& platform, const Request& request) {
     state::AppState state;
     wizard::SetConstants(state);
     state::LaadInstellingen(state, platform.Registry, true);
+    state::LaadLettertype(state, platform.Registry);
     state::LaadStartInstellingen(state, platform.Registry);
+    wizard::TakeAsShown(state);
     const precheck::Intent intent = {
         .Document = composition::DocumentTestForms, .Forms = LargestBatch, .FormsAskedFor = 0, .Copies = 1};
     const precheck::Findings findings =

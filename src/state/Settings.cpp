@@ -85,13 +85,15 @@ void LaadInstellingen(AppState& state, machine::Registry& registry, bool metInca
     state.GMUContractVorm = GetalInstelling(std::string(text::Trim(read("GMUContractVorm"))));
 }
 
+void LaadLettertype(AppState& state, machine::Registry& registry) {
+    state.GMUFontName = text::Trim(LeesInstelling(state, registry, "GMUFontName"));
+    state.GMUCode = text::Trim(LeesInstelling(state, registry, "GMUCode"));
+    state.GMUServiceNr = LeesInstelling(state, registry, "GMUServiceNr");
+}
+
 void LaadStartInstellingen(AppState& state, machine::Registry& registry) {
     const auto read = [&](std::string_view name) { return LeesInstelling(state, registry, name); };
-    const auto readTrimmed = [&](std::string_view name) { return std::string(text::Trim(read(name))); };
 
-    state.GMUFontName = readTrimmed("GMUFontName");
-    state.GMUCode = readTrimmed("GMUCode");
-    state.GMUServiceNr = read("GMUServiceNr");
     state.GMUFontSize = GMUFontSize(read(FontSizeSetting));
     state.GMUVerkeer = IsAan(read("GMUVerkeer"));
     state.OverrulePaperSize =
@@ -99,7 +101,7 @@ void LaadStartInstellingen(AppState& state, machine::Registry& registry) {
     if (state.GMUFontName.empty()) {
         state.GMUFontName = "Tahoma";
     }
-    state.GMUContractVorm = GetalInstelling(readTrimmed("GMUContractVorm"));
+    state.GMUContractVorm = GetalInstelling(std::string(text::Trim(read("GMUContractVorm"))));
     state.MatrixPrinter = IsAan(read("MatrixPrinter"));
 }
 

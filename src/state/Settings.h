@@ -25,8 +25,10 @@ inline constexpr const char* TarviksKey = "Software\\Ondor\\Tarvik\\CurrentVersi
 inline constexpr const char* FontSizeSetting = "GMUFontSize";
 inline constexpr const char* DefaultFontSize = "12";
 
-/// Reads what holds from the program's start to its end: the OCR font with its size, the service bureau,
-/// payment traffic, the paper that a run may force, the contract form and the kind of printer.
+/// What holds from the program's start to its end. First the OCR font and the service bureau.
+void LaadLettertype(AppState& state, machine::Registry& registry);
+/// Then the font's size, payment traffic, the paper that a run may force, the contract form and the kind of
+/// printer.
 void LaadStartInstellingen(AppState& state, machine::Registry& registry);
 
 /// Text of a value under the key of all settings; empty if it is missing.

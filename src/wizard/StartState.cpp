@@ -1,6 +1,13 @@
 #include "wizard/StartState.h"
 
+#include <cstddef>
+#include <string>
+#include <string_view>
+
+#include "base/Text.h"
 #include "machine/Printer.h"
+#include "payment/Accounts.h"
+#include "payment/TextRoutines.h"
 #include "state/AppState.h"
 #include "state/Settings.h"
 #include "testdata/Tables.h"
@@ -20,6 +27,20 @@ void SetConstants(state::AppState& state) {
     state.PersonTable = &testdata::PersonTable();
     state.AccountTable = &testdata::AccountTable();
     state.ListFontName = "Tahoma";
+}
+
+void TakeAsShown(state::AppState& state) {
+    namespace text = base::text;
+    const auto shown = [](std::string_view whole, int longest) {
+        return std::string(text::Left(whole, static_cast<std::size_t>(longest)));
+    };
+    state.IncassantBegunstigde = shown(state.IncassantBegunstigde, LongestText);
+    state.IncassantAdres = shown(state.IncassantAdres, LongestText);
+    state.IncassantPostCode = payment::VerwijderTeken(
+        std::string(text::Trim(text::Upper(shown(state.IncassantPostCode, LongestPostcode)))), " ");
+    state.IncassantWoonplaats = shown(state.IncassantWoonplaats, LongestText);
+    state.IncassantBankGiro =
+        payment::Rekening2Text(shown(payment::Text2Rekening(state.IncassantBankGiro), LongestAccount));
 }
 
 } // namespace wizard

@@ -16,8 +16,8 @@ struct MarkPlace {
     double LabelTop;
 };
 constexpr MarkPlace Marks[] = {
-    {Voorcontrole::FontField, 1605},
-    {Voorcontrole::ContractField, 1965},
+    {Voorcontrole::FontField, 1575},
+    {Voorcontrole::ContractField, 2145},
     {70, 2535},
     {71, 2940},
     {72, 3345},

@@ -99,6 +99,7 @@ void frmMain::VanIncassant() {
     if (!payment::BankGiroCheck(UserText(74).Text())) {
         Melding("Het ingegeven banknummer is niet correct.");
         UserText(74).SetText("");
+        controle_->ControleerVelden();
         UserText(74).SetFocus();
         return;
     }
@@ -142,6 +143,7 @@ void frmMain::TerugClick() {
     case 1:
         ToonPagina(0);
         Terug.SetEnabled(false);
+        controle_->ControleerVelden();
         break;
     case 2:
         ToonPagina(1);

@@ -1,5 +1,6 @@
 // What the wizard looks like: every text and place on its pages, in twips, in reading order.
 
+#include "wizard/StartState.h"
 #include "wizard/frmMain.h"
 
 namespace wizard {
@@ -165,11 +166,11 @@ struct Box {
     const char* AccessibleName;
 };
 constexpr Box Boxes[] = {
-    {70, FieldLeft, 2490, 4440, 60, "", 0, "Incassant"},
-    {71, FieldLeft, 2895, 4440, 60, "", 1, "Adres"},
-    {72, FieldLeft, 3300, 1320, 9, "", 2, "Postcode"},
-    {73, FieldLeft, 3705, 4440, 60, "", 3, "Woonplaats"},
-    {74, FieldLeft, 4110, 4440, 34, "", 4, "IBAN"},
+    {70, FieldLeft, 2490, 4440, LongestText, "", 0, "Incassant"},
+    {71, FieldLeft, 2895, 4440, LongestText, "", 1, "Adres"},
+    {72, FieldLeft, 3300, 1320, LongestPostcode, "", 2, "Postcode"},
+    {73, FieldLeft, 3705, 4440, LongestText, "", 3, "Woonplaats"},
+    {74, FieldLeft, 4110, 4440, LongestAccount, "", 4, "IBAN"},
     {0, BackLeft, 600, 720, 4, "numeriek", 40, "Aantal af te drukken IBAN-acceptgiroformulieren"},
 };
 

@@ -42,6 +42,7 @@ void frmMain::OnLoad() {
 
     Resume([&] { LeesLocale(); });
 
+    state::LaadLettertype(state_, registry);
     if (read(state::FontSizeSetting).empty()) {
         state::SchrijfInstelling(state_, registry, state::FontSizeSetting, state::DefaultFontSize);
     }

@@ -152,7 +152,10 @@ static const std::vector<FindingCase>& Cases() {
          [](SpoiledBatch& b) { b.Printer.Sheet->Height = ToTwips(297); },
          {"210 x 297 mm", "210 x 304,8 mm"}},
         {"sheet.forced",
-         [](SpoiledBatch& b) { b.State.OverrulePaperSize = true; },
+         [](SpoiledBatch& b) {
+             b.State.OverrulePaperSize = true;
+             b.Printer.MeasuredSheet = b.Printer.Sheet;
+         },
          {"Legal", "PrinterOverrulePaperSize"},
          Gravity::LookAt},
         {"sheet.text-off",
