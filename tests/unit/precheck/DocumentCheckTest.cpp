@@ -1,3 +1,5 @@
+#include <utility>
+
 #include "PrecheckTest.h"
 
 namespace precheck {
