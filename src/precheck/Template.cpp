@@ -19,6 +19,7 @@
 #include "precheck/DrawnDocument.h"
 #include "precheck/Lengths.h"
 #include "precheck/LetterMeasures.h"
+#include "precheck/Precheck.h"
 #include "precheck/Stationery.h"
 #include "state/AppState.h"
 #include "state/CalibrationBlocks.h"
