@@ -9,6 +9,7 @@
 #include "composition/DocumentRun.h"
 #include "forms/Desktop.h"
 #include "machine/Clock.h"
+#include "precheck/FindingsReport.h"
 #include "precheck/Template.h"
 #include "printmanager/frmPrintManager.h"
 #include "wizard/SheetSketch.h"
@@ -25,13 +26,9 @@ constexpr const char* NothingFound = "Er is niets gevonden dat uw drukkeuring ka
 /// Characters that a line of the list has room for.
 constexpr std::size_t LongestEntry = 108;
 
-const char* Word(precheck::Gravity gravity) {
-    return gravity == precheck::Gravity::Spoils ? "Fout" : "Let op";
-}
-
 /// A line of the list: its whole text stands below.
 std::string Entry(const precheck::Finding& finding) {
-    const std::string whole = std::string(Word(finding.Gravity)) + ": " + finding.Wrong;
+    const std::string whole = std::string(precheck::GravityText(finding.Gravity)) + ": " + finding.Wrong;
     if (base::text::Length(whole) <= LongestEntry) {
         return whole;
     }
@@ -144,7 +141,7 @@ std::string frmVoorcontrole::Verslag() const {
         return text + "\n" + NothingFound + "\n";
     }
     for (const precheck::Finding& finding : gevonden_) {
-        text += std::string("\n") + Word(finding.Gravity) + ": " + finding.Wrong +
+        text += "\n" + std::string(precheck::GravityText(finding.Gravity)) + ": " + finding.Wrong +
                 "\nHerstel: " + finding.Mend + "\n";
     }
     return text;

@@ -101,6 +101,11 @@ TEST_F(PrinterCheckTest, TheSettingsMayForceThePaper) {
     EXPECT_THAT(Codes(OfPrinter()), IsEmpty());
 }
 
+TEST_F(PrinterCheckTest, APrinterWithoutTheForcedPaperKeepsTheChosenOne) {
+    state.OverrulePaperSize = true;
+    EXPECT_THAT(Codes(OfPrinter()), testing::Not(testing::Contains("sheet.forced")));
+}
+
 TEST_F(PrinterCheckTest, AChosenPrinterIsTheOneOfThatNumber) {
     memory.InstallPrinter({.Name = "Eerste", .Status = 0x1});
     memory.InstallPrinter({.Name = "Tweede", .Reachable = false});

@@ -65,6 +65,25 @@ TEST_F(PrecheckTest, WhatIsQuickIsToldAtOnceAndTheRestSoon) {
     EXPECT_FALSE(Controle().tmrVoorcontrole.Enabled()) << "it ticks once";
 }
 
+// Enter moves no focus, so no box has been left on the way.
+TEST_F(PrecheckTest, WhoComesBackToTheFirstPageFindsTheMarksOfWhatStandsThere) {
+    Set("IncassantBegunstigde", "");
+    Start();
+    EXPECT_TRUE(Controle().pictMelding(70).Visible());
+    form->UserText(70).SetText("Jansen");
+    form->Verder.OnClick();
+    form->Terug.OnClick();
+    EXPECT_FALSE(Controle().pictMelding(70).Visible());
+}
+
+TEST_F(PrecheckTest, ARefusedAccountLeavesTheMarkOfAnEmptyOne) {
+    Start();
+    form->UserText(74).SetText("123456780");
+    form->Verder.OnClick();
+    EXPECT_EQ(form->UserText(74).Text(), "");
+    EXPECT_THAT(Controle().pictMelding(74).ToolTipText(), testing::HasSubstr("is leeg"));
+}
+
 TEST_F(PrecheckTest, TheFieldsFollowTheUserWhenTheFocusLeavesThem) {
     Set("IncassantWoonplaats", "");
     Start();
