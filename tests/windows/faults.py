@@ -15,8 +15,6 @@ OUT_OF_MEMORY = 7  # as the program numbers it
 NO_MORE = 2**31 - 1  # calls that pass
 DISK_FULL, ACCESS_DENIED, NO_MEMORY = 112, 5, 8  # numbers of Windows' errors
 
-SETTLED = 50  # ticks of a timer of the program's
-
 LAST_LINES = 400  # bytes: the driver does not tell when its closing comments alone find no room
 
 REFUSED = "De printer neemt het document niet aan."
@@ -89,12 +87,9 @@ class Faults:
 
     def check_memory(self):
         """One request for memory fails, somewhere in a print: whatever comes of it, the program goes on."""
-        for passes in (0, 3, 10, 30, 60, 100, 150, 200):
+        for passes in (0, 1, 2, 3, 6, 10, 20, 30, 45, 60, 80, 100, 150, 200):
             self.open_in_the_end()
             self.office.pick_document(NAME_LIST)
-            # The look at the choice asks its printer in a thread, and the compiler's library ends a process in which a
-            # thread finds no memory for its own beginning: that is over when the print begins.
-            self.office.play(f"tick frmPrintManager.tmrVoorcontrole {SETTLED}")
             self.refuse("malloc", passes, 0, NO_MEMORY, "once")
             self.office.play("click frmPrintManager.cmdPrint")
             self.heal("malloc")

@@ -35,6 +35,7 @@ constexpr std::size_t StubBytes = 0x40;
 struct StandIn {
     std::uint64_t Original;
     std::uint8_t* Place;
+    std::uint8_t* Slot; // where the program keeps the address of the call
 };
 // By process and name of the call.
 std::map<std::pair<DWORD, std::string>, StandIn> standIns;
@@ -106,7 +107,7 @@ const StandIn* StandInFor(const std::string& name) {
     std::memcpy(&stub[OriginalAt], &made.Original, sizeof made.Original);
     std::memcpy(&stub[PassesAt], &passAll, sizeof passAll);
     Put(made.Place, stub.data(), stub.size());
-    Put(base + slot, &made.Place, sizeof made.Place);
+    made.Slot = base + slot;
     return &standIns.emplace(key, made).first->second;
 }
 
@@ -133,9 +134,12 @@ std::string Refuse(std::istream& in) {
     } else if (times == "first") {
         jump = JumpIfNotNegative;
     }
+    // The program goes on meanwhile: it calls the system itself until all is written.
+    Put(standIn->Slot, &standIn->Original, sizeof standIn->Original);
     Put(standIn->Place + JumpAt, &jump, 1);
     Put(standIn->Place + ErrorAt, &error, sizeof error);
     Put(standIn->Place + ResultAt, &result, sizeof result);
     Put(standIn->Place + PassesAt, &count, sizeof count);
+    Put(standIn->Slot, &standIn->Place, sizeof standIn->Place);
     return "ok";
 }
