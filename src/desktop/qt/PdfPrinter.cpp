@@ -22,7 +22,7 @@ namespace desktop::qt {
 namespace {
 
 /// A document on its way into a file, which is there when it is complete, or stays as it was.
-class FileJob : public cups::PrintJob {
+class FileJob final : public cups::PrintJob {
   public:
     /// Without a path the document goes nowhere. RuntimeError(ErrorPrinter) if the file cannot be made.
     explicit FileJob(const std::optional<QString>& path);
