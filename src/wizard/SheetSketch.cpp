@@ -48,7 +48,8 @@ class Sketcher {
         precheck::SheetPlace drawn = Drawn(place);
         drawn.Right = std::max(drawn.Right, drawn.Left + LeastSide);
         drawn.Bottom = std::max(drawn.Bottom, drawn.Top + LeastSide);
-        for (double y = drawn.Top; y <= drawn.Bottom; y += LineGap) {
+        for (int line = 0; drawn.Top + line * LineGap <= drawn.Bottom; ++line) {
+            const double y = drawn.Top + line * LineGap;
             canvas_.DrawLine(drawn.Left, y, drawn.Right, y, WrongColour);
         }
         Box({drawn.Left - RingGap, drawn.Top - RingGap, drawn.Right + RingGap, drawn.Bottom + RingGap},

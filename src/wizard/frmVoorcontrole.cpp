@@ -28,7 +28,7 @@ constexpr std::size_t LongestEntry = 108;
 
 /// A line of the list: its whole text stands below.
 std::string Entry(const precheck::Finding& finding) {
-    const std::string whole = std::string(precheck::GravityText(finding.Gravity)) + ": " + finding.Wrong;
+    std::string whole = std::string(precheck::GravityText(finding.Gravity)) + ": " + finding.Wrong;
     if (base::text::Length(whole) <= LongestEntry) {
         return whole;
     }

@@ -100,7 +100,7 @@ void MemoryDesktop::MsgBox(const std::string& text, forms::MessageIcon icon, con
 }
 
 std::string MemoryDesktop::AskFileToSave(const std::string& proposal) {
-    const std::string file = std::exchange(NextFile, {});
+    std::string file = std::exchange(NextFile, {});
     recorder_.Record({"ask-file", {{"proposal", proposal}, {"file", file}}});
     return file;
 }

@@ -149,7 +149,7 @@ void TwinDesktop::MsgBox(const std::string& text, forms::MessageIcon icon, const
 
 std::string TwinDesktop::AskFileToSave(const std::string& proposal) {
     const QScopedValueRollback wait(waiting_, true);
-    const std::string file = qt_.AskFileToSave(proposal);
+    std::string file = qt_.AskFileToSave(proposal);
     memory_.desktop.NextFile = QFileInfo(QString::fromStdString(file)).fileName().toStdString();
     memory_.desktop.AskFileToSave(proposal);
     return file;
