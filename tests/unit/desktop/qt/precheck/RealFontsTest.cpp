@@ -4,7 +4,6 @@
 namespace precheck {
 
 using testing::AllOf;
-using testing::Contains;
 using testing::Each;
 using testing::ElementsAre;
 using testing::Field;
