@@ -167,6 +167,7 @@ class Walker:
         for page, option in enumerate([None, "optProcedure(0)", "optTestpartij(2)"]):
             self.check("frmMain", page)
             office.play(*[f"click frmMain.{option}"] * bool(option), "click frmMain.Verder")
+        office.wait_for_precheck()
         self.check("frmMain", 3)
         office.open_manager(details=True)
         self.check("frmPrintManager", 1)

@@ -70,8 +70,7 @@ def grow(office, what, once, times, keys):
 def count_handles(office):
     office.start_at_the_last_page()
     office.play("paste frmMain.UserText(0) 1")
-    # The line that tells what is wrong with the batch gets its windows a moment after the page.
-    office.user.wait_until(lambda: office.user.value("frmMain.cmdVoorcontrole.Visible") is True)
+    office.wait_for_precheck()
     grow(office, "prints", print_once, PRINTS, KEYS_OF_A_PRINT)
     office.open_manager()
     office.pick_document(FORMS)

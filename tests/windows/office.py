@@ -82,6 +82,10 @@ class Office:
         self.play("start", "click frmMain.Verder", "click frmMain.optProcedure(0)", "click frmMain.Verder",
                   f"click frmMain.optTestpartij({batch})", "click frmMain.Verder")
 
+    def wait_for_precheck(self):
+        """The line that tells what is wrong with the batch gets its windows a moment after the last page has come."""
+        self.user.wait_until(lambda: self.user.value("frmMain.cmdVoorcontrole.Visible") is True)
+
     def open_manager(self, details=False):
         self.play("click frmMain.cmdPrinten", *["click frmPrintManager.cmdDetails"] * details)
 
