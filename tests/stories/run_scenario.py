@@ -70,7 +70,7 @@ def main():
     with tempfile.TemporaryDirectory() as own:
         folder = pathlib.Path(wanted.get("folder", own))
         run = subprocess.run([program, scenario], cwd=folder, capture_output=True, text=True, encoding="utf-8",
-                             timeout=300, check=False, env={**os.environ, "TZ": "UTC", "XDG_RUNTIME_DIR": own})
+                             timeout=600, check=False, env={**os.environ, "TZ": "UTC", "XDG_RUNTIME_DIR": own})
         log = bytes_of(folder / "printrap.log")
     record = list(selected(run.stdout.splitlines(), wanted))
     expected = scenario.with_suffix(".jsonl")
