@@ -92,7 +92,7 @@ class Trial:
         return "C:\\" + str(path.relative_to(self.disk)).replace("/", "\\")
 
     def run(self, program, *arguments):
-        return self.office.prefix.run(program, *arguments, check=False, timeout=PATIENCE).returncode
+        return self.office.prefix.run(program, *arguments, check=False).returncode
 
     def keys(self):
         """The user's registry, a text for each key."""

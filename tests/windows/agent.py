@@ -1,6 +1,8 @@
 """The agent inside the Windows session, and the program that it works, as Python objects."""
 import subprocess
 
+END_PATIENCE = 60  # seconds
+
 WM_NULL = 0x0000
 WM_SETTEXT = 0x000C
 WM_CLOSE = 0x0010
@@ -39,7 +41,7 @@ class Agent:
     def close(self):
         self.process.stdin.close()
         try:
-            self.process.wait(20)
+            self.process.wait(END_PATIENCE)
         except subprocess.TimeoutExpired:
             self.process.kill()
 

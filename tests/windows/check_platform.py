@@ -33,7 +33,7 @@ POLISH_GROUPS = ("texts", "polish", "registry", "spooler", "printer")
 
 def run_groups(prefix, program, groups, failures):
     for group in groups:
-        done = prefix.run(program, group, timeout=120, check=False)
+        done = prefix.run(program, group, check=False)
         print(done.stdout, end="")
         lost = done.returncode not in range(0, 200)
         failures.check(not lost, f"{group} ran to its end")
@@ -130,7 +130,7 @@ def check_paper(output, job, sizes, failures):
 
 
 def check_samples(prefix, server, program, failures):
-    done = prefix.run(program, "samples", timeout=120, check=False)
+    done = prefix.run(program, "samples", check=False)
     failures.check(done.returncode == 0, "the samples are printed")
     job = server.next_job()
     failures.check(job.title == "Proefblad voor Zoë", f"the job has the document's title: {job.title}")
@@ -140,7 +140,7 @@ def check_samples(prefix, server, program, failures):
     failures.check(not server.has_job(), "documents that were given up have not been printed")
     check_paper(done.stdout, job, [(612, 1008)] * 2, failures)
 
-    done = prefix.run(program, "side", timeout=120, check=False)
+    done = prefix.run(program, "side", check=False)
     failures.check(done.returncode == 0, "a sheet on its side is printed")
     check_paper(done.stdout, server.next_job(), [(595, 842)], failures)
 

@@ -23,7 +23,7 @@ DEJAVU = pathlib.Path("/usr/share/fonts/truetype/dejavu")
 LOCALE_SOURCES = pathlib.Path("/usr/share/i18n/locales")
 
 SKIPPED = 77  # exit status of a test that cannot be made here
-START_PATIENCE = 120  # seconds
+START_PATIENCE, END_PATIENCE = 300, 60  # seconds for one program, and for all of them to be gone
 
 SETTINGS = r"""Windows Registry Editor Version 5.00
 
@@ -100,7 +100,7 @@ class WinePrefix:
         environment = self.environment()
         subprocess.run([str(SERVER), how], env=environment, check=False, capture_output=True)
         with contextlib.suppress(subprocess.TimeoutExpired):
-            subprocess.run([str(SERVER), "-w"], env=environment, check=False, capture_output=True, timeout=20)
+            subprocess.run([str(SERVER), "-w"], env=environment, check=False, capture_output=True, timeout=END_PATIENCE)
 
     def environment(self):
         kept = {name: value for name, value in os.environ.items()
@@ -120,7 +120,7 @@ class WinePrefix:
         dropped = [word for name in os.environ if name not in self.environment() for word in ("-u", name)]
         return ["env", *dropped, *(f"{name}={value}" for name, value in own.items()), str(LOADER)]
 
-    def run(self, program, *arguments, timeout=60, check=True):
+    def run(self, program, *arguments, timeout=START_PATIENCE, check=True):
         """Runs a program to its end; its output as text. subprocess.TimeoutExpired if it takes longer.
 
         The output goes through a file: the desktop that the first program starts inherits it, and would keep a pipe
@@ -232,7 +232,7 @@ def is_whole(prefix):
 def make_prefix(folder):
     folder.mkdir(parents=True)
     prefix = WinePrefix(folder)
-    prefix.run("wineboot", "-i", timeout=START_PATIENCE)
+    prefix.run("wineboot", "-i")
     fonts = fonts_of(folder)
     fonts.mkdir(parents=True, exist_ok=True)
     for file in FONTS.glob("*.ttf"):

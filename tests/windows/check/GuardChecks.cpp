@@ -14,7 +14,7 @@ using namespace desktop::windows;
 
 namespace {
 
-constexpr int Patience = 2000; // looks for a box
+constexpr int Patience = 12000; // looks for a box
 
 BOOL CALLBACK AddText(HWND window, LPARAM list) {
     wchar_t text[200]{};

@@ -30,7 +30,7 @@ int PlaceOf(WinPrinters& printers, const std::string& name) {
 /// What is asked in the background is known in a moment, or on a busy machine in some more.
 template <class Known>
 void WaitUntil(Known known) {
-    for (int looks = 0; looks < 500 && !known(); ++looks) {
+    for (int looks = 0; looks < 3000 && !known(); ++looks) {
         ::Sleep(20);
     }
 }

@@ -10,7 +10,7 @@
 // How texts and windows travel in the lines of commands and answers.
 
 /// For an answer of the program to a message.
-constexpr UINT PatienceMilliseconds = 10000;
+constexpr UINT PatienceMilliseconds = 60000;
 /// Characters that are fetched of a text.
 constexpr std::size_t LongestText = 4096;
 

@@ -22,7 +22,7 @@ namespace {
 using testing::ElementsAre;
 using testing::HasSubstr;
 
-constexpr int Patience = 5000; // milliseconds
+constexpr int Patience = 60000; // milliseconds
 
 /// A print server that gives each connection the next of its answers, byte for byte.
 class AnsweringServer {

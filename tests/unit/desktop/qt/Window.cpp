@@ -14,7 +14,7 @@ namespace window {
 
 namespace {
 
-constexpr int PatienceMs = 5000;
+constexpr int PatienceMs = 60000;
 
 } // namespace
 

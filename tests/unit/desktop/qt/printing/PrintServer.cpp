@@ -19,7 +19,7 @@ namespace {
 
 using namespace print_server;
 
-constexpr int Patience = 10000; // milliseconds
+constexpr int Patience = 60000; // milliseconds
 
 /// One for the whole process.
 QString ServerFolder() {
