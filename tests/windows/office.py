@@ -67,12 +67,15 @@ class Office:
 
     def limit_files(self, bytes_):
         """Nobody can make a longer file in what runs from now on, as on a disk that is full. None: there is no limit. Only
-        while the program does not run."""
-        self.agent.close()
+        while the program does not run. The agent before goes when the next one is there: a Windows in which nothing runs ends
+        soon, and the one that came in its place would have the limit as well."""
         command = self.prefix.command()
         if bytes_ is not None:
             command = ["sh", "-c", 'trap "" XFSZ; exec "$@"', "sh", "prlimit", f"--fsize={bytes_}", *command]
+        before = self.agent
         self._seat_user(command)
+        self.agent.nap()
+        before.close()
 
     def play(self, *lines):
         self.user.play(lines, finish=False)
