@@ -9,7 +9,7 @@ import time
 sys.path.insert(0, str(pathlib.Path(__file__).parent.with_name("windows")))
 from show import Screen  # noqa: E402
 
-PATIENCE = 60  # seconds
+PATIENCE = 300  # seconds
 WIDTH, HEIGHT = 1100, 800
 
 

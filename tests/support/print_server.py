@@ -12,7 +12,7 @@ import tempfile
 import time
 
 PROGRAMS = pathlib.Path("/usr/lib/cups")
-PATIENCE = 60  # seconds
+PATIENCE = 300  # seconds
 TOOLS = os.environ.get("PATH", "") + ":/usr/sbin:/sbin"
 
 # "@" is the server's folder, {more} what a test wants besides.

@@ -8,7 +8,7 @@ from messages import BOX, BUTTON, STATIC
 from script import Unplayable
 
 SETTINGS = r"Software\Ondor\Tarvik\CurrentVersion"
-PATIENCE = 60  # seconds for one thing that the user does
+PATIENCE = 300  # seconds for one thing that the user does
 # What the key closes looks for messages once more while it goes, the key's release among them.
 CLOSED_BY_KEY = {("frmPrintPreview", 27)}
 NAPS = 5, 10, 20, 40  # milliseconds between two looks at a program that is busy; the last for as long as it takes
