@@ -3,6 +3,7 @@
 #include <array>
 #include <cstdio>
 #include <cstring>
+#include <utility>
 
 #include <gtest/gtest.h>
 #include <poll.h>
@@ -54,6 +55,16 @@ SlowServer::~SlowServer() {
     EXPECT_EQ(std::rename(aside_.c_str(), socket_.c_str()), 0);
 }
 
+std::vector<std::chrono::steady_clock::time_point> SlowServer::Asked() const {
+    const std::lock_guard lock(noting_);
+    return asked_;
+}
+
+void SlowServer::NoteQuestion() {
+    const std::lock_guard lock(noting_);
+    asked_.push_back(std::chrono::steady_clock::now());
+}
+
 int SlowServer::Listen() {
     const int listener = socket(AF_UNIX, SOCK_STREAM | SOCK_CLOEXEC, 0);
     const sockaddr_un address = AddressOf(socket_);
@@ -85,6 +96,7 @@ void SlowServer::Serve(int client) {
     const int server = Connect();
     bool isAnswering = false; // the parts of one answer come together
     bool isDocument = false;
+    bool hasAsked = false;
     while (true) {
         std::array<pollfd, 3> waiting = {{{client, POLLIN, 0}, {server, POLLIN, 0}, {ended_[0], POLLIN, 0}}};
         poll(waiting.data(), waiting.size(), -1);
@@ -94,6 +106,9 @@ void SlowServer::Serve(int client) {
         if (waiting[0].revents != 0) {
             isAnswering = false;
             const std::string bytes = Receive(client);
+            if (!bytes.empty() && !std::exchange(hasAsked, true)) {
+                NoteQuestion();
+            }
             isDocument = isDocument || bytes.find("%PDF-") != std::string::npos;
             if ((isDocument && loss_ == Loss::Document) || !Pass(bytes, server)) {
                 break;

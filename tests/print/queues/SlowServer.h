@@ -2,6 +2,7 @@
 
 #include <atomic>
 #include <chrono>
+#include <mutex>
 #include <string>
 #include <thread>
 #include <vector>
@@ -24,18 +25,23 @@ class SlowServer {
     /// Has an answer been passed on, so that someone may have waited for it?
     bool HasAnswered() const { return answers_ > 0; }
     int Answers() const { return answers_; }
+    /// When each connection has asked its first.
+    std::vector<std::chrono::steady_clock::time_point> Asked() const;
 
   private:
     int Listen();
     int Connect() const;
     void Accept();
     void Serve(int client);
+    void NoteQuestion();
 
     std::string socket_;
     std::string aside_; ///< where the server's own socket is meanwhile
     std::chrono::milliseconds delay_;
     Loss loss_;
     std::atomic<int> answers_ = 0;
+    std::vector<std::chrono::steady_clock::time_point> asked_;
+    mutable std::mutex noting_;
     int listener_ = -1;
     int ended_[2] = {-1, -1}; ///< a pipe that can be read once it is over
     std::vector<std::thread> connections_;
