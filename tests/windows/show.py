@@ -34,15 +34,16 @@ PAUSE, PATIENCE = 0.3, 10  # seconds between two pictures of a window, and how o
 
 
 class Screen:
-    """An X display of our own, which nobody sees. Its pointer leaves no dots."""
+    """An X display of our own, which nobody sees. Its pointer leaves no dots, and it does not begin anew when its last client has
+    gone: one that comes in that moment would be sent away."""
 
     def __init__(self, width, height):
         self.corner = width - 1, height - 1
         self.folder = tempfile.TemporaryDirectory(prefix="screen-")
         number, self.ready = os.pipe()
         self.server = subprocess.Popen(["Xvfb", "-displayfd", str(self.ready), "-screen", "0", f"{width}x{height}x24",
-                                        "-fbdir", self.folder.name, "-nocursor", "-nolisten", "tcp"], pass_fds=[self.ready],
-                                       stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL)
+                                        "-fbdir", self.folder.name, "-nocursor", "-noreset", "-nolisten", "tcp"],
+                                       pass_fds=[self.ready], stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL)
         os.close(self.ready)
         with os.fdopen(number) as answer:
             self.display = ":" + answer.readline().strip()
