@@ -69,8 +69,9 @@ def main():
     wanted = directives(scenario)
     with tempfile.TemporaryDirectory() as own:
         folder = pathlib.Path(wanted.get("folder", own))
+        surroundings = {**os.environ, "TZ": "UTC", "XDG_RUNTIME_DIR": own, "TMPDIR": own}
         run = subprocess.run([program, scenario], cwd=folder, capture_output=True, text=True, encoding="utf-8",
-                             timeout=600, check=False, env={**os.environ, "TZ": "UTC", "XDG_RUNTIME_DIR": own})
+                             timeout=600, check=False, env=surroundings)
         log = bytes_of(folder / "printrap.log")
     record = list(selected(run.stdout.splitlines(), wanted))
     expected = scenario.with_suffix(".jsonl")
