@@ -1,6 +1,7 @@
 #include "unit/desktop/qt/printing/PrintServer.h"
 
 #include <csignal>
+#include <string_view>
 
 #include <QElapsedTimer>
 #include <QFile>
@@ -25,6 +26,16 @@ constexpr int Patience = 60000; // milliseconds
 QString ServerFolder() {
     static const QTemporaryDir folder;
     return folder.path();
+}
+
+/// Does the server say anything to a question that costs it nothing?
+bool Answers(int socket) {
+    constexpr std::string_view question =
+        "OPTIONS / HTTP/1.1\r\nHost: localhost\r\nConnection: close\r\n\r\n";
+    char first = 0;
+    return send(socket, question.data(), question.size(), MSG_NOSIGNAL) ==
+               static_cast<ssize_t>(question.size()) &&
+           recv(socket, &first, 1, 0) == 1;
 }
 
 QString EmptyFolder() {
@@ -80,7 +91,7 @@ void PrintServer::Start() {
     server_.setChildProcessModifier([] { prctl(PR_SET_PDEATHSIG, SIGTERM); }); // also where a test crashes
     server_.start("cupsd",
                   {"-f", "-c", folder_.filePath("cupsd.conf"), "-s", folder_.filePath("cups-files.conf")});
-    isUp_ = server_.waitForStarted() && WaitUntilItListens();
+    isUp_ = server_.waitForStarted() && WaitUntilItAnswers();
     for (const PrintQueueKind& each : others_) {
         if (!each.HasPpd) { // the server has read what it tells of the queue
             QFile::remove(folder_.filePath("ppd/" + each.Name + ".ppd"));
@@ -120,6 +131,12 @@ void PrintServer::Thaw() {
 }
 
 bool PrintServer::Run(const QString& program, const QStringList& arguments) const {
+    for (const unsigned long pause : {100UL, 500UL}) {
+        if (QProcess::execute(program, arguments) == 0) {
+            return true;
+        }
+        QThread::msleep(pause);
+    }
     return QProcess::execute(program, arguments) == 0;
 }
 
@@ -138,19 +155,20 @@ void PrintServer::Write(const QString& name, const QByteArray& text, bool execut
     }
 }
 
-bool PrintServer::WaitUntilItListens() const {
+bool PrintServer::WaitUntilItAnswers() const {
     sockaddr_un address = {};
     address.sun_family = AF_UNIX;
     const QByteArray name = folder_.filePath("cups.sock").toLocal8Bit();
     qstrncpy(address.sun_path, name.constData(), sizeof address.sun_path);
     QElapsedTimer timer;
     timer.start();
-    while (timer.elapsed() < Patience) { // the socket is there a moment before it takes anyone
+    while (timer.elapsed() < Patience) { // the socket is there before it takes anyone, and before it answers
         const int socket = ::socket(AF_UNIX, SOCK_STREAM, 0);
-        const bool listens =
-            connect(socket, reinterpret_cast<const sockaddr*>(&address), sizeof address) == 0;
+        const bool answers =
+            connect(socket, reinterpret_cast<const sockaddr*>(&address), sizeof address) == 0 &&
+            Answers(socket);
         close(socket);
-        if (listens) {
+        if (answers) {
             return true;
         }
         QThread::msleep(5);

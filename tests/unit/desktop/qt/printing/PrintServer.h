@@ -74,7 +74,8 @@ class PrintServer {
     QMap<QString, QString> LastOptions() const;
 
     QString Folder() const { return folder_.path(); }
-    /// Runs an administrator's tool against the server.
+    /// Runs an administrator's tool against the server. On a busy machine it may drop a connection: it is
+    /// asked again.
     bool Run(const QString& program, const QStringList& arguments) const;
 
     void Write(const QString& name, const QByteArray& text, bool executable = false) const;
@@ -84,7 +85,7 @@ class PrintServer {
   private:
     void WritePpd(const PrintQueueKind& queue) const;
     bool WaitFor(const QString& file) const;
-    bool WaitUntilItListens() const;
+    bool WaitUntilItAnswers() const;
 
     QList<PrintQueueKind> others_;
     QDir folder_;
