@@ -94,9 +94,10 @@ class Wizard:
         number = self.user.ids.number("frmPrintManager", "lstAfdrukken")
         errand = self.user.program.begin(self.user.mouse(self.user.handle("frmPrintManager", "cmdPrintVoorbeeld")))
         self.user.wait_until(lambda: any(top.kind == GHOST for top in self.user.program.tops()))
-        self.user.program.begin([(chosen, LB_SETCURSEL, NAME_LIST, 0),
-                                 (manager, WM_COMMAND, signed(number, LBN_SELCHANGE), chosen)])
+        click = self.user.program.begin([(chosen, LB_SETCURSEL, NAME_LIST, 0),
+                                         (manager, WM_COMMAND, signed(number, LBN_SELCHANGE), chosen)])
         self.user.settle(errand)
+        self.user.wait_until(lambda: self.user.program.is_done(click))
         self.equal(self.user.value("frmPrintManager.lstAfdrukken.ListIndex"), NAME_LIST, "the list has been clicked")
         self.check_wheel()
         self.office.play("menu frmPrintPreview ID_Afdrukken")
