@@ -8,6 +8,7 @@ FOLDER is the build folder of the Windows program. Exit status 77 where Wine or 
 """
 
 import argparse
+import contextlib
 import os
 import pathlib
 import sys
@@ -27,8 +28,9 @@ def files_in(folder):
     for place, _, names in os.walk(folder):
         for name in names if PRINTERS not in place else ():
             path = pathlib.Path(place, name)
-            status = path.lstat()
-            found[str(path)] = (status.st_mtime_ns, status.st_size, status.st_ino)
+            with contextlib.suppress(FileNotFoundError):  # it has gone meanwhile
+                status = path.lstat()
+                found[str(path)] = (status.st_mtime_ns, status.st_size, status.st_ino)
     return found
 
 
