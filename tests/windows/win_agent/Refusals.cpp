@@ -14,20 +14,20 @@
 namespace {
 
 // What stands in for a call: it passes the first calls on, and answers the others itself.
-constexpr std::array<std::uint8_t, 0x20> Code = {0xFF, 0x0D, 0x32, 0,    0,    0, // dec dword [Passes]
-                                                 0x78, 0x06,                      // js refuse
-                                                 0xFF, 0x25, 0x22, 0,    0,    0, // jmp [Original]
-                                                 0x65, 0xC7, 0x04, 0x25, 0x68, 0,
-                                                 0,    0,             // refuse: mov dword gs:[68h], error
-                                                 0,    0,    0,    0, //
-                                                 0xB8, 0,    0,    0,    0, // mov eax, result
-                                                 0xC3};                     // ret
-constexpr std::size_t JumpAt = 0x06;
+constexpr std::array<std::uint8_t, 0x21> Code = {
+    0xF0, 0xFF, 0x0D, 0x31, 0,    0, 0,    // lock dec dword [Passes]
+    0x78, 0x06,                            // js refuse
+    0xFF, 0x25, 0x21, 0,    0,    0,       // jmp [Original]
+    0x65, 0xC7, 0x04, 0x25, 0x68, 0, 0, 0, // refuse: mov dword gs:[68h], error
+    0,    0,    0,    0,                   //
+    0xB8, 0,    0,    0,    0,             // mov eax, result
+    0xC3};                                 // ret
+constexpr std::size_t JumpAt = 0x07;
 constexpr std::uint8_t JumpIfNegative = 0x78;
 constexpr std::uint8_t JumpIfZero = 0x74;
 constexpr std::uint8_t JumpIfNotNegative = 0x79;
-constexpr std::size_t ErrorAt = 0x16;
-constexpr std::size_t ResultAt = 0x1B;
+constexpr std::size_t ErrorAt = 0x17;
+constexpr std::size_t ResultAt = 0x1C;
 constexpr std::size_t OriginalAt = 0x30;
 constexpr std::size_t PassesAt = 0x38;
 constexpr std::size_t StubBytes = 0x40;
