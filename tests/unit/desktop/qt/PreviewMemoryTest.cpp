@@ -80,21 +80,23 @@ class PreviewMemoryTest : public PreviewTest {
         }
         EXPECT_LT(support::AllocatedBytes(), before + 100000);
     }
+};
 
-    /// Timers of the flat buttons that tick within this time.
-    static int ButtonTicks(int milliseconds) {
-        struct Watch : QObject {
-            bool eventFilter(QObject* watched, QEvent* event) override {
-                const auto* timer = qobject_cast<const QTimer*>(watched);
-                ticks += event->type() == QEvent::Timer && timer != nullptr && timer->interval() == 5 ? 1 : 0;
-                return false;
-            }
-            int ticks = 0;
-        } watch;
-        qApp->installEventFilter(&watch);
-        QTest::qWait(milliseconds);
-        return watch.ticks;
+/// Counts how often timers of the flat buttons tick as long as it lives.
+class ButtonTicks : public QObject {
+  public:
+    ButtonTicks() { qApp->installEventFilter(this); }
+
+    int Count() const { return count_; }
+
+    bool eventFilter(QObject* watched, QEvent* event) override {
+        const auto* timer = qobject_cast<const QTimer*>(watched);
+        count_ += event->type() == QEvent::Timer && timer != nullptr && timer->interval() == 5 ? 1 : 0;
+        return false;
     }
+
+  private:
+    int count_ = 0;
 };
 
 TEST_F(PreviewMemoryTest, FortyFullPagesCostAtMostEightMegabytesAndClosingGivesThemBack) {
@@ -178,7 +180,9 @@ TEST_F(PreviewMemoryTest, AThousandPreviewsLeaveNothingBehind) {
     EXPECT_EQ(desktop.Windows().Count(), procedures);
     EXPECT_EQ(forms::modMsgHookProc::SlotsInUse(), 0);
     EXPECT_TRUE(session.OpenForms().empty());
-    EXPECT_EQ(ButtonTicks(30), 0);
+    const ButtonTicks ticks;
+    QTest::qWait(30);
+    EXPECT_EQ(ticks.Count(), 0);
     EXPECT_LT(support::AllocatedBytes(), bytes + 50000) << "less than 60 bytes a preview";
     QPixmapCache::setCacheLimit(cacheLimit);
 }
@@ -186,7 +190,8 @@ TEST_F(PreviewMemoryTest, AThousandPreviewsLeaveNothingBehind) {
 TEST_F(PreviewMemoryTest, ATimerThatRunsIsNoticed) {
     QTimer timer;
     timer.start(5);
-    EXPECT_GT(ButtonTicks(100), 0);
+    const ButtonTicks ticks;
+    EXPECT_TRUE(window::WaitFor([&] { return ticks.Count() > 0; }));
 }
 
 } // namespace
