@@ -54,6 +54,12 @@ def texts():
     return {line for path in sources() for literal in literals(code(path)) for line in lines(literal)}
 
 
+def access_keys():
+    """Each letter that is pressed with Alt, and the caption in which it is underlined."""
+    return {(found[1].upper(), normal(literal).rstrip(":")) for path in sources() for literal in literals(code(path))
+            if (found := re.search("&([a-z])", literal, re.IGNORECASE))}
+
+
 def closed(text, start):
     """What stands between the bracket at `start` and the one that closes it."""
     pairs = {"(": ")", "{": "}", "[": "]"}

@@ -156,6 +156,13 @@ def opener_errors(root):
         yield f"drukkeuring-handleiding opens {opened.stdout}{opened.stderr}"
 
 
+def place_errors(root, source):
+    """What the handbook says of the places of the package's files is true."""
+    for place in re.findall(r"`/(usr/[^`]*)`", (source / "docs" / "handleiding.md").read_text("utf-8")):
+        if not (root / place).exists():
+            yield f"the handbook names /{place}, which the package has not"
+
+
 def screenshot_errors(root, source):
     """Each is one of the pictures of the documents, which the homepage has below the same path."""
     home = re.search(r'<url type="homepage">(.*?)</url>', (root / METAINFO).read_text("utf-8"))[1]
@@ -194,7 +201,7 @@ def main():
             root = pathlib.Path(folder) / "root"
             subprocess.run(["dpkg-deb", "--extract", str(package), str(root)], check=True)
             found = [*path_errors(root, (source, build)), *(error for name in PROGRAMS for error in program_errors(root / "usr/bin" / name)),
-                     *picture_errors(root), *opener_errors(root), *screenshot_errors(root, source),
+                     *picture_errors(root), *opener_errors(root), *place_errors(root, source), *screenshot_errors(root, source),
                      *description_errors(package, source), *sum_errors(package, root),
                      *validator_errors(package, root)]
         print("\n".join(found) or f"{package.name}: {package.stat().st_size} bytes, all as it should be.")

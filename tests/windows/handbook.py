@@ -1,5 +1,5 @@
 #!/usr/bin/env python3
-"""The handbook of the real Windows program: F1 opens it in the user's browser, where it tells of the window; a handbook that is not
+"""The handbook of the real Windows program: F1 opens it in the user's browser, where it tells of each window; a handbook that is not
 there is told.
 
     handbook.py --build FOLDER
@@ -61,8 +61,19 @@ class Reader:
                             and told.endswith(rf"\{self.folder.name}\handleiding\index.html"), f"what is not there is told: {told}")
 
     def run(self):
-        self.office.start_at_the_last_page()
+        self.office.play("start")
+        self.check_opens("frmMain", "bladzijde-1-uw-gegevens")
+        self.office.play("click frmMain.Verder")
+        self.check_opens("frmMain", "bladzijde-2-de-procedure")
+        self.office.play("click frmMain.optProcedure(0)", "click frmMain.Verder")
+        self.check_opens("frmMain", "bladzijde-3-de-omvang")
+        self.office.play("click frmMain.optTestpartij(0)", "click frmMain.Verder")
         self.check_opens("frmMain", "bladzijde-4-afdrukken")
+        self.office.play("clear frmMain.UserText(0)", "type frmMain.UserText(0) 3")  # a proof sheet: too few for a batch
+        self.office.user.wait_until(lambda: self.office.user.value("frmMain.cmdVoorcontrole.Visible") is True)
+        self.office.play("click frmMain.cmdVoorcontrole")
+        self.check_opens("frmVoorcontrole", "de-voorcontrole")
+        self.office.play("click frmVoorcontrole.cmdSluiten")
         self.office.open_manager()
         self.check_opens("frmPrintManager", "afdrukken-met-afdrukbeheer")
         self.office.pick_document(NAME_LIST)
