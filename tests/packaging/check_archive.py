@@ -1,6 +1,7 @@
 #!/usr/bin/env python3
 """The tar.gz for other distributions: what is in it, and the program out of it in a root that is laid out unlike Debian and has no
-fonts. It is unpacked in /opt and moved, started, F1 opens its handbook, and a batch is printed to a PDF with the keyboard alone.
+fonts. It is unpacked in /opt and moved, started, F1 opens its handbook in each window, and a batch is printed to a PDF with the
+keyboard alone.
 
     check_archive.py --build FOLDER [--pictures FOLDER]
 
@@ -58,28 +59,28 @@ def check_contents(archive, build, failures):
 
 class Trial(KeyboardUser):
     def __init__(self, root, desk, failures):
-        super().__init__(root, desk, PROGRAM, failures)
+        super().__init__(root, desk, PROGRAM, HANDBOOK, failures)
         settings = self.home / SETTINGS
         root.run("mkdir", "-p", f"/home/{USER}/{SETTINGS.rpartition('/')[0]}", user=USER)
         settings.write_bytes(EXAMPLE.read_bytes())
         os.chown(settings, settings.parent.stat().st_uid, -1)
 
-    def check_handbook(self):
-        self.desk.press("F1")
-        self.desk.wait(self.root.opened, "F1 opens nothing")
+    def check_command(self):
         self.root.run(f"/{FOLDER}/bin/drukkeuring-handleiding", user=USER)
-        opened = [os.path.normpath(name.removeprefix("file://")) for name in self.root.opened()]
-        self.failures.equal(opened, [f"/{HANDBOOK}/sections/bladzijde-1-uw-gegevens.html", f"/{HANDBOOK}/index.html"],
-                            "F1, and the command for it, open the handbook that came along")
+        self.check_opened("index.html")
 
     def run(self):
         month = this_month()  # the month is on the forms
         words = self.root.words([f"/{PROGRAM}"], USER)
-        with subprocess.Popen(words, env=self.root.environment(USER, DISPLAY=self.desk.display), stdin=subprocess.DEVNULL):
-            self.desk.wait_for_window("first-page")
-            self.check_handbook()
-            self.check_batch(self.print_batch(), month)
-            self.close()
+        with subprocess.Popen(words, env=self.root.environment(USER, DISPLAY=self.desk.display), stdin=subprocess.DEVNULL) as program:
+            try:
+                self.desk.wait_for_window("first-page")
+                self.check_command()
+                self.check_batch(self.print_batch(), month)
+                self.close()
+            except BaseException:
+                program.kill()
+                raise
 
 
 def main():

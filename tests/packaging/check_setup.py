@@ -1,6 +1,6 @@
 #!/usr/bin/env python3
 """The setup of the Windows program under Wine: it installs silently, the program is started from the start menu and prints a
-batch, the setup and the removal leave a running program alone, an older version is replaced, and after the removal disk and
+batch on the sheet of the forms, the setup and the removal leave a running program alone, an older version is replaced, and after the removal disk and
 registry are what they were. And the zip holds what the setup installs,
 and both exes tell the same of the product.
 
@@ -14,6 +14,7 @@ import hashlib
 import os
 import pathlib
 import re
+import subprocess
 import sys
 import tempfile
 import time
@@ -27,7 +28,8 @@ from check_windows_writes import files_in  # noqa: E402
 from failures import Failures  # noqa: E402
 from form_checker import FontMissing, FormChecker  # noqa: E402
 from office import FORMS, PAPER, STORED, Office  # noqa: E402
-from print_batch import DOTS, LEGAL, MARGIN, OFFSET, TOLERANCE_MM, this_month  # noqa: E402
+from print_batch import DOTS, MARGIN, OFFSET, TOLERANCE_MM, this_month  # noqa: E402
+from print_server import Paper, Slot, driver  # noqa: E402
 from printed import Batch, as_pdf, settings_of  # noqa: E402
 from watcher import PATIENCE, SETTINGS  # noqa: E402
 from wine_prefix import skip  # noqa: E402
@@ -39,6 +41,9 @@ PROGRAMS = {PROGRAM, "drukkeuring-voorcontrole.exe"}
 HANDBOOK = "handleiding"
 REMOVER = "verwijderen.exe"
 COUNT = 250
+SHEET = Paper("Acceptgiro", "Acceptgiro 210 x 304,8 mm", 595, 864)
+# It begins with A4, as most do, and reaches the lowest OCR line.
+PRINTER = driver([Paper("A4", "A4", 595, 842), SHEET], [Slot("Upper", "Lade boven", 0)], edges=(18, 12, 18, 18))
 REFUSED = 2  # exit status of a setup that ended without having done anything
 # What Windows notes itself, of its screen and its printers, and the settings, which are to stay.
 OTHERS_KEYS = re.compile(r"\[HKEY_CURRENT_USER\\Software\\(Wine|Ondor\\Tarvik|"
@@ -130,7 +135,7 @@ class Trial:
     def check_print(self):
         month = this_month()  # the month is on the forms
         self.office.open_manager(details=True)
-        self.office.choose(PAPER, LEGAL)  # three forms are longer than a sheet of A4
+        self.office.choose(PAPER, SHEET.name)
         self.office.print_document(FORMS)
         job = self.office.server.next_job()
         if month != this_month():
@@ -142,7 +147,9 @@ class Trial:
             self.failures.none_of(batch.errors(), "what was drawn by chance may be")
             checker = FormChecker(batch.record, pdf, TOLERANCE_MM, DOTS)
             checker.run()
+            told = subprocess.run(["pdfinfo", str(pdf)], check=True, capture_output=True, text=True).stdout
         self.failures.none_of(checker.errors, f"the installed program prints {COUNT} forms, every text at its place")
+        self.check(f"{SHEET.width} x {SHEET.height} pts" in told, "on sheets of 210 x 304.8 mm")
 
     def check_refusals(self):
         """While the program runs."""
@@ -236,7 +243,7 @@ def main():
     failures = Failures()
     check_zip(newest.with_name(f"drukkeuring-{version}-windows.zip"), build / "bin" / PROGRAM, failures)
     check_version_data(newest, build / "bin", version, failures)
-    with Office(build) as office:
+    with Office(build, PRINTER) as office:
         try:
             Trial(office, newest, build / "bin" / PROGRAM, version, failures).run_all()
         except FontMissing as missing:

@@ -9,6 +9,9 @@ import tempfile
 from debian_package import need, skip
 
 USER = "anna"
+OPENED = "/tmp/opened"
+# What opens a file for the user notes its name.
+XDG_OPEN = f"#!/bin/sh\necho \"$1\" >> {OPENED}\n"
 LOCALE = "nl_NL.UTF-8"
 # Settings of this machine's apt that the way to its mirror may need.
 WAY_TO_THE_MIRROR = re.compile(r'Acquire::(https?::\S+|Retries|Check-[\w-]+) "[^"]+";')
@@ -60,6 +63,16 @@ class Root:
         if done.returncode:
             raise RuntimeError(f"{' '.join(command)}: {text[-4000:]}")
         return text
+
+    def note_what_is_opened(self):
+        opener = self.folder / "bin/xdg-open"
+        opener.write_text(XDG_OPEN, encoding="ascii")
+        opener.chmod(0o755)
+
+    def opened(self):
+        """The files that have been opened for the user."""
+        file = self.folder / OPENED[1:]
+        return file.read_text("utf-8").splitlines() if file.exists() else []
 
     def processes(self, program):
         """Ids of the processes that run this program of the root."""

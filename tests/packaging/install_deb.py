@@ -1,6 +1,7 @@
 #!/usr/bin/env python3
 """The Debian package on a fresh machine: it is installed with what it asks for and no more, started from its entry in the
-menu, a batch is printed to a PDF with the keyboard alone, and after its removal the disk is what it was before.
+menu, F1 opens its handbook in each window, a batch is printed to a PDF with the keyboard alone, and after its removal the disk is
+what it was before.
 
     install_deb.py --build FOLDER [--pictures FOLDER]
 
@@ -15,7 +16,7 @@ import sys
 HERE = pathlib.Path(__file__).parent
 for place in ("print/pdf", "print/windows", "windows"):
     sys.path.insert(0, str(HERE.parent / place))
-from clean_root import USER, CleanRoot  # noqa: E402
+from clean_root import OPENED, USER, CleanRoot  # noqa: E402
 from debian_package import field, make  # noqa: E402
 from desk import Desk  # noqa: E402
 from failures import Failures  # noqa: E402
@@ -24,6 +25,7 @@ from print_batch import this_month  # noqa: E402
 
 ENTRY = "/usr/share/applications/drukkeuring.desktop"
 PROGRAM = "usr/bin/drukkeuring"
+HANDBOOK = "usr/share/doc/drukkeuring/handleiding"
 # What may be new in the user's home: the settings, and the toolkit's folders that its file window has shown.
 KEPT = re.compile(rf"home/{USER}/(\.config(/(tarvik(/settings\.reg)?|QtProject\.conf))?"
                   rf"|keuring\.pdf)")
@@ -36,7 +38,7 @@ class Trial(KeyboardUser):
     """One machine, from the installation to the removal."""
 
     def __init__(self, root, desk, package, failures):
-        super().__init__(root, desk, PROGRAM, failures)
+        super().__init__(root, desk, PROGRAM, HANDBOOK, failures)
         self.package = package
 
     def user_runs(self, *command):
@@ -81,6 +83,7 @@ class Trial(KeyboardUser):
     def run(self):
         self.root.add_user()
         self.root.install("libglib2.0-bin")  # the desktop's own starter of entries
+        self.root.note_what_is_opened()
         before, packages = self.root.files(), self.root.packages()
         files = self.install()
         brought = self.root.packages() - packages
@@ -89,6 +92,7 @@ class Trial(KeyboardUser):
         self.start()
         self.check_batch(self.print_batch(), month)
         self.close()
+        (self.root.folder / OPENED[1:]).unlink()
         self.remove()
         self.failures.none_of(sorted(self.root.packages() ^ packages), "the packages are those of before")
         self.compare(before, files)

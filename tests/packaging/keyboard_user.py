@@ -33,26 +33,70 @@ def trial_arguments(script):
 
 
 class KeyboardUser:
-    """`program` is the program's path in the root."""
+    """`program` and `handbook` are paths in the root."""
 
-    def __init__(self, root, desk, program, failures):
+    def __init__(self, root, desk, program, handbook, failures):
         self.root = root
         self.desk = desk
         self.program = program
+        self.handbook = handbook
+        self.opened = 0  # pages of the handbook so far
         self.failures = failures
         self.home = root.folder / "home" / USER
 
+    def check_opened(self, page):
+        self.desk.wait(lambda: len(self.root.opened()) > self.opened, f"{page} is not opened")
+        opened = [os.path.normpath(name.removeprefix("file://")) for name in self.root.opened()[self.opened:]]
+        self.opened += len(opened)
+        self.failures.equal(opened, [f"/{self.handbook}/{page}"], "the handbook that came along is opened")
+
+    def arrive(self, section):
+        """In a window, of which the handbook tells there."""
+        self.desk.press("F1")
+        self.check_opened(f"sections/{section}.html")
+
+    def come_to_the_list(self):
+        """The button comes once the count has been looked at."""
+        self.desk.press("alt+o")
+        return len(self.desk.windows()) > len(self.desk.known)
+
+    def look_around(self):
+        """The windows behind the last page."""
+        self.desk.type("3")  # of a proof sheet: too few for a batch
+        self.desk.wait(self.come_to_the_list, "the list of the precheck does not come")
+        self.desk.wait_for_window("precheck")
+        self.arrive("de-voorcontrole")
+        self.desk.press("Escape")
+        self.desk.wait_for_close()
+        self.desk.press("alt+d")
+        self.desk.wait_for_window("print-manager")
+        self.arrive("afdrukken-met-afdrukbeheer")
+        self.desk.press("space", "alt+v")
+        self.desk.wait_for_window("preview")
+        self.arrive("het-afdrukvoorbeeld")
+        self.desk.press("Escape")
+        self.desk.wait_for_close()
+        self.desk.press("alt+s")
+        self.desk.wait_for_close()
+        self.desk.press("alt+t", "alt+v")  # and back, to the count of the batch
+
     def print_batch(self):
         """From the first page to the file with keys alone: the general procedure, 250 forms."""
-        self.desk.press("Return", "Tab", "Up", "space", "Return")
+        self.arrive("bladzijde-1-uw-gegevens")
+        self.desk.press("Return")
+        self.arrive("bladzijde-2-de-procedure")
+        self.desk.press("Tab", "Up", "space", "Return")
+        self.arrive("bladzijde-3-de-omvang")
         self.desk.press("Tab", "space", "Return")
+        self.arrive("bladzijde-4-afdrukken")
+        self.look_around()
         self.desk.press("Return")
         self.desk.wait_for_window("print-manager")
         self.desk.press("space")
         size = self.desk.size()
         self.desk.press("alt+t")
         self.desk.wait(lambda: self.desk.size() != size, "the details are not shown")
-        self.desk.press("Tab", "Tab", "End")  # the last paper is Legal: three forms are longer than a sheet of A4
+        self.desk.press("Tab", "Tab", "Home")  # the first paper is the sheet of the forms
         self.desk.picture_of("paper")
         self.desk.press("alt+d")
         self.desk.wait_for_window("file")
@@ -71,6 +115,8 @@ class KeyboardUser:
         checker.run()
         self.failures.none_of(checker.errors, f"every text of {COUNT} forms stands at its place")
         print(f"{checker.page_count} pages, the worst text is {checker.worst:.3f} mm off.")
+        told = subprocess.run(["pdfinfo", str(pdf)], check=True, capture_output=True, text=True).stdout
+        self.failures.check("595 x 864 pts" in told, "on sheets of 210 x 304.8 mm")
         fonts = subprocess.run(["pdffonts", str(pdf)], check=True, capture_output=True, text=True).stdout
         self.failures.check("OCR" in fonts and "Tahoma" in fonts, "in the fonts of the forms")
 

@@ -14,13 +14,10 @@ USER_ID = 1000
 TOOLS = ("sh", "env", "dirname", "readlink", "cp", "mkdir")
 PLUGINS = ("platforms/libqxcb.so", "imageformats/libqsvg.so", "iconengines/libqsvgicon.so")
 PLUGIN_FOLDER = "/lib64/qt6-plugins"
-OPENED = "/tmp/opened"
 NO_FONTS = """<?xml version="1.0"?>
 <!DOCTYPE fontconfig SYSTEM "urn:fontconfig:fonts.dtd">
 <fontconfig><dir>/usr/share/fonts</dir><cachedir>/tmp/fontconfig</cachedir></fontconfig>
 """
-# What opens a file for the user notes its name.
-XDG_OPEN = f"#!/bin/sh\necho \"$1\" >> {OPENED}\n"
 
 
 def plugin_folder():
@@ -57,8 +54,7 @@ class OtherRoot(Root):
         (self.folder / "etc/passwd").write_text(f"{USER}:x:{USER_ID}:{USER_ID}::/home/{USER}:/bin/sh\n", encoding="ascii")
         (self.folder / "etc/nsswitch.conf").write_text("passwd: files\n", encoding="ascii")
         (self.folder / "etc/fonts/fonts.conf").write_text(NO_FONTS, encoding="ascii")
-        (self.folder / "bin/xdg-open").write_text(XDG_OPEN, encoding="ascii")
-        (self.folder / "bin/xdg-open").chmod(0o755)
+        self.note_what_is_opened()
         (self.folder / "tmp").chmod(0o1777)
         for name in (f"home/{USER}", "run/user-anna"):
             os.chown(self.folder / name, USER_ID, USER_ID)
@@ -67,8 +63,3 @@ class OtherRoot(Root):
 
     def environment(self, user=None, **variables):
         return super().environment(user, QT_PLUGIN_PATH=PLUGIN_FOLDER, **variables)
-
-    def opened(self):
-        """The files that have been opened for the user."""
-        file = self.folder / OPENED[1:]
-        return file.read_text("utf-8").splitlines() if file.exists() else []

@@ -7,7 +7,7 @@ from agent import Agent, Registry, text_of
 from control_ids import Ids
 from messages import CB_GETCOUNT, CB_GETLBTEXT
 from player import Player
-from print_server import PrintServer
+from print_server import PPD, PrintServer
 from wine_prefix import WinePrefix, skip
 
 # Every calibration is another, so that each can be told apart on paper.
@@ -19,15 +19,15 @@ TITLES = ("Acceptgiroformulieren voor de drukkeuring", "Namenlijst", "Instelling
 
 
 class Office:
-    """Close it, or use it with `with`."""
+    """Its printer is described by `ppd`. Close it, or use it with `with`."""
 
-    def __init__(self, build):
+    def __init__(self, build, ppd=PPD):
         for tool, package in (("ps2pdf", "Ghostscript"), ("pdftotext", "Poppler")):
             if not shutil.which(tool):
                 skip(f"{package} is not installed")
         with contextlib.ExitStack() as ends:
             self.prefix = ends.enter_context(WinePrefix.for_test(build))
-            self.server = ends.enter_context(PrintServer())
+            self.server = ends.enter_context(PrintServer(ppd=ppd))
             self.prefix.settings.update(self.server.settings)
             self.prefix.import_settings(STORED)
             self.ids = Ids.of(self.prefix, build)
