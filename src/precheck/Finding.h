@@ -50,6 +50,12 @@ struct SheetSketch {
     std::vector<SheetPlace> Wrong; ///< those that the finding is about
 };
 
+/// A text that stands wrong, or two that stand over each other, and by how much where it is worst.
+struct WrongPlace {
+    std::string Name; ///< "het bedrag in centen (onderste formulier)"
+    double Millimetres = 0;
+};
+
 struct Finding {
     /// A word that never changes, for machines: "calibration.no-number".
     std::string Code;
@@ -57,13 +63,14 @@ struct Finding {
     precheck::Subject Subject = Subject::Settings;
     precheck::Spot Spot = Spot::Tarvik;
     /// What is wrong, in a sentence or two with the actual values. UTF-8 without control characters; an "&"
-    /// is an
-    /// "&", so a caption has to double it.
+    /// is an "&", so a caption has to double it.
     std::string Wrong;
     /// How it is mended, in a sentence or two.
     std::string Mend;
     /// Of a finding about the sheet; no forms and no texts where there is nothing to show.
     SheetSketch Sketch;
+    /// Of a finding about texts at their places each of them, where the sentence has the worst alone.
+    std::vector<WrongPlace> Texts{};
 };
 
 /// Worst first; those that are equally bad in the order in which they were found.

@@ -2,8 +2,10 @@
 
 #include <algorithm>
 #include <array>
+#include <cmath>
 #include <utility>
 
+#include "base/Numbers.h"
 #include "base/Text.h"
 
 namespace precheck {
@@ -61,6 +63,16 @@ std::string JsonString(std::string_view value) {
     return quoted;
 }
 
+/// Lengths to a hundredth of a millimetre.
+std::string JsonTexts(const std::vector<WrongPlace>& texts) {
+    std::string list;
+    for (const WrongPlace& text : texts) {
+        list += (list.empty() ? "[" : ",") + std::string("{\"name\":") + JsonString(text.Name) +
+                ",\"mm\":" + base::NumberText(std::round(text.Millimetres * 100) / 100) + "}";
+    }
+    return list + "]";
+}
+
 std::string JsonObject(const Finding& finding) {
     const std::array<std::pair<std::string_view, std::string_view>, 5> members = {{
         {"code", finding.Code},
@@ -75,6 +87,9 @@ std::string JsonObject(const Finding& finding) {
             object += ",";
         }
         object.append(JsonString(name)).append(":").append(JsonString(value));
+    }
+    if (!finding.Texts.empty()) {
+        object += ",\"texts\":" + JsonTexts(finding.Texts);
     }
     return object + "}";
 }

@@ -19,7 +19,8 @@ std::string_view GravityText(Gravity gravity);
 std::string ReportText(const Findings& findings);
 
 /// The same for machines: one JSON object in UTF-8 with the list "findings", each with "code", "gravity"
-/// ("spoils" or "look-at"), "subject", "wrong" and "mend".
+/// ("spoils" or "look-at"), "subject", "wrong" and "mend"; where texts stand wrong "texts" as well, each with
+/// "name" and "mm".
 std::string ReportJson(const Findings& findings);
 
 /// The gravity of the worst as an exit status: 0 for no finding, 1 for one to look at, 2 for one that spoils

@@ -42,7 +42,12 @@ FORMS = {1: "(bovenste formulier)", 2: "(middelste formulier)", 3: "(onderste fo
          4: "(formulier onder de brief)"}
 COUNT = r"(?:, op (\d+) formulieren)?\."
 OFF = re.compile(rf"(.+? {FORM}) valt ([\d,]+) mm buiten wat de printer op dit vel kan afdrukken{COUNT}")
+OFFS = re.compile(rf"(\d+) teksten van het (.+ formulier|formulier .+) vallen buiten wat de printer op dit vel kan afdrukken"
+                  rf"{COUNT} Het verst: (.+), ([\d,]+) mm\.")
 OVER = re.compile(rf"(.+? {FORM}) en (.+? {FORM}) staan over elkaar, over ([\d,]+) mm bij ([\d,]+) mm{COUNT}")
+OVERS = re.compile(rf"(\d+) teksten van (hetzelfde formulier|het .+ formulier en het .+ formulier) staan over elkaar{COUNT}"
+                   rf" Het meest: (.+? {FORM}) en (.+? {FORM}), over ([\d,]+) mm bij ([\d,]+) mm\.")
+PAIR = re.compile(rf"(.+? {FORM}) en (.+? {FORM})")
 
 
 class Outlines:
@@ -127,6 +132,17 @@ def overlap(one, other):
     return min(one[2], other[2]) - max(one[0], other[0]), min(one[3], other[3]) - max(one[1], other[1])
 
 
+def one_form(pair):
+    return pair[0].place == pair[-1].place
+
+
+def key_of(*texts):
+    """What is told as the same: a text of one place, two of the same form whichever it is, or two of two places."""
+    if len(texts) == 2 and one_form(texts):
+        return tuple(sorted(text.field for text in texts))
+    return tuple(sorted(text.title() for text in texts))
+
+
 class Measured:
     """The same thing on one form or more."""
 
@@ -137,8 +153,8 @@ class Measured:
         self.found.append((length, texts))
 
     def forms(self, least):
-        """The number of forms on which it is found."""
-        return len({(text.page, text.place) for length, texts in self.found if length > least for text in texts})
+        """The forms on which it is found."""
+        return {(text.page, text.place) for length, texts in self.found if length > least for text in texts}
 
     def worst(self):
         return max(length for length, _ in self.found)
@@ -150,7 +166,7 @@ def measure(texts, sheet):
     for text in texts:
         length = overshoot(text.ink, sheet)
         if length > OFF_SHEET - OFF_SHEET_BAND:
-            off[text.title().lower()].add(length, text)
+            off[key_of(text)].add(length, text)
     pages = defaultdict(list)
     for text in texts:
         pages[text.page].append(text)
@@ -159,7 +175,7 @@ def measure(texts, sheet):
             for other in page[i + 1:]:
                 length = min(overlap(one.ink, other.ink))
                 if length > OVERLAP - OVERLAP_BAND:
-                    over[tuple(sorted((one.field, other.field)))].add(length, one, other)
+                    over[key_of(one, other)].add(length, one, other)
     return off, over
 
 
@@ -185,8 +201,10 @@ class Checker:
         """A length as it stands in a sentence."""
         self.check_length(batch, what, number(said), max(measured, SHOWN), SHOWN / 2 + tolerance)
 
-    def check_count(self, batch, what, measured, said, limit, band):
-        least, most = measured.forms(limit + band), measured.forms(limit - band)
+    def check_count(self, batch, what, told, said, limit, band):
+        """The number of forms on which any of what is told is found."""
+        least, most = (len(set().union(*(measured.forms(at) for measured in told)))
+                       for at in (limit + band, limit - band))
         if not max(least, 1) <= said <= most:
             self.differ(batch, f"{what}: said of {said}, measured of {least} to {most}")
 
@@ -199,46 +217,91 @@ class Checker:
             self.differ(batch, f"{what}: no text at {place}, nearest is {text.field} at {text.ink}")
         return text
 
+    def check_texts(self, batch, finding, measured, key, band):
+        """Each text that a finding is about, or pair of texts; what was measured of them."""
+        told = []
+        for name, length in finding["texts"]:
+            found = measured.pop(key(name), None)
+            if found is None:
+                self.differ(batch, f"not measured: {name} of {finding['sentence']}")
+                continue
+            told.append(found)
+            self.check_length(batch, f"{name}, worst", length, found.worst(), band)
+        texts = [text for found in told for _, both in found.found for text in both]
+        for place in finding["wrong"] if texts else ():
+            self.check_place(batch, finding["sentence"], place, texts)
+        return told
+
     def check_off(self, batch, finding, measured):
-        told = OFF.fullmatch(finding["sentence"])
+        sentence = finding["sentence"]
+        one, more = OFF.fullmatch(sentence), OFFS.fullmatch(sentence)
+        told = self.check_texts(batch, finding, measured, lambda name: (name,), OFF_SHEET_BAND)
         if not told:
-            self.differ(batch, f"not understood: {finding['sentence']}")
             return
-        title, length, count = told.groups()
-        found = measured.pop(title.lower(), None)
-        if found is None:
-            self.differ(batch, f"not measured: {finding['sentence']}")
+        names = [name for name, _ in finding["texts"]]
+        if one and len(names) == 1:
+            title, length, count = one.groups()
+            right = title[0].lower() + title[1:] == names[0]
+        elif more and len(names) == int(more[1]):
+            _, form, count, field, length = more.groups()
+            worst = max(length for _, length in finding["texts"])
+            right = (all(name.endswith(f"({form})") for name in names)
+                     and [f"{field} ({form})", worst] in finding["texts"])
+        else:
+            right = False
+        if not right:
+            self.differ(batch, f"not understood: {sentence}")
             return
         self.off_findings += 1
         self.off += int(count or 1)
-        self.check_count(batch, title, found, int(count or 1), OFF_SHEET, OFF_SHEET_BAND)
-        self.check_words(batch, title, length, found.worst(), OFF_SHEET_BAND)
-        place, = finding["wrong"]
-        self.check_place(batch, title, place, [text for _, (text,) in found.found])
-        self.check_length(batch, title + ", worst", overshoot(place, batch["sheet"]), found.worst(), OFF_SHEET_BAND)
+        self.check_count(batch, sentence, told, int(count or 1), OFF_SHEET, OFF_SHEET_BAND)
+        worst = max(found.worst() for found in told)
+        self.check_words(batch, sentence, length, worst, OFF_SHEET_BAND)
+        shown = max(overshoot(place, batch["sheet"]) for place in finding["wrong"])
+        self.check_length(batch, f"worst of {sentence}", shown, worst, OFF_SHEET_BAND)
+
+    @staticmethod
+    def key_of_pair(name):
+        one, other = PAIR.fullmatch(name).groups()
+        fields, places = zip(*(title.rsplit(" (", 1) for title in (one, other)))
+        return tuple(sorted(fields if places[0] == places[1] else (one, other)))
 
     def check_over(self, batch, finding, measured):
-        told = OVER.fullmatch(finding["sentence"])
+        sentence = finding["sentence"]
+        one, more = OVER.fullmatch(sentence), OVERS.fullmatch(sentence)
+        told = self.check_texts(batch, finding, measured, self.key_of_pair, OVERLAP_BAND)
         if not told:
-            self.differ(batch, f"not understood: {finding['sentence']}")
             return
-        one, other, across, down, count = told.groups()
-        fields = tuple(sorted((title[0].lower() + title[1:]).rsplit(" (", 1)[0] for title in (one, other)))
-        found = measured.pop(fields, None)
-        if found is None:
-            self.differ(batch, f"not measured: {finding['sentence']}")
+        keys = [self.key_of_pair(name) for name, _ in finding["texts"]]
+        if one and len(keys) == 1:
+            upper, lower, across, down, count = one.groups()
+            upper = upper[0].lower() + upper[1:]
+            right = True
+        elif more and len({name for key in keys for name in key}) == int(more[1]):
+            _, whose, count, upper, lower, across, down = more.groups()
+            forms = {f"het {text.title().rsplit('(', 1)[1][:-1]}" for found in told for _, both in found.found
+                     for text in both}
+            right = (all(one_form(both) for found in told for _, both in found.found)
+                     if whose == "hetzelfde formulier" else set(whose.split(" en ")) == forms)
+        else:
+            right = False
+        if not right or self.key_of_pair(f"{upper} en {lower}") not in keys:
+            self.differ(batch, f"not understood: {sentence}")
             return
         self.over_findings += 1
         self.over += int(count or 1)
-        self.check_count(batch, finding["sentence"], found, int(count or 1), OVERLAP, OVERLAP_BAND)
-        texts = [text for _, both in found.found for text in both]
-        first, second = (self.check_place(batch, finding["sentence"], place, texts) for place in finding["wrong"])
-        if [first.title().lower(), second.title().lower()] != [one.lower(), other.lower()]:
-            self.differ(batch, f"{first.title()} and {second.title()} are shown: {finding['sentence']}")
-        lengths = overlap(first.ink, second.ink)
-        self.check_length(batch, "worst of " + finding["sentence"], min(lengths), found.worst(), OVERLAP_BAND)
-        for said, length in zip((across, down), lengths):
-            self.check_words(batch, finding["sentence"], said, length, OVERLAP_BAND)
+        self.check_count(batch, sentence, told, int(count or 1), OVERLAP, OVERLAP_BAND)
+        # The two that are named have the most in common; where several do, those that the sentence tells of.
+        worst = max(found.worst() for found in told) - OVERLAP_BAND
+        pairs = [overlap(*(text.ink for text in both)) for found in told for length, both in found.found
+                 if length >= worst and {text.title() for text in both} == {upper, lower}]
+        if not pairs:
+            self.differ(batch, f"not the worst: {sentence}")
+            return
+        said = number(across), number(down)
+        lengths = min(pairs, key=lambda pair: max(abs(one - other) for one, other in zip(pair, said)))
+        for length, told_length in zip(lengths, (across, down)):
+            self.check_words(batch, sentence, told_length, length, OVERLAP_BAND)
 
     def check_pages(self, batch, texts):
         """All texts of the pages of which something is said, one by one."""

@@ -134,6 +134,14 @@ QJsonArray PlacesOf(const std::vector<precheck::SheetPlace>& places) {
     return list;
 }
 
+QJsonArray TextsOf(const precheck::Finding& finding) {
+    QJsonArray list;
+    for (const precheck::WrongPlace& text : finding.Texts) {
+        list.append(QJsonArray{TextOf(text.Name), text.Millimetres});
+    }
+    return list;
+}
+
 /// What is said of texts off the sheet and over each other, and all texts of each page that it is said of.
 QJsonObject SaidOf(const precheck::Findings& findings) {
     QJsonArray said;
@@ -146,6 +154,7 @@ QJsonObject SaidOf(const precheck::Findings& findings) {
             }
             said.append(QJsonObject{{"code", TextOf(finding.Code)},
                                     {"sentence", TextOf(finding.Wrong)},
+                                    {"texts", TextsOf(finding)},
                                     {"wrong", PlacesOf(finding.Sketch.Wrong)}});
         }
     }

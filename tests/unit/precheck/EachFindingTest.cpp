@@ -78,7 +78,8 @@ static const std::vector<FindingCase>& Cases() {
          {"AcceptGiroNAWLinks0", "\"999999999999\""}},
         {"calibration.off-form",
          [](SpoiledBatch& b) { b.State.OCRTop[0] = "9,00"; },
-         {"Het begin van de OCR-regel (bovenste formulier)", "OCRTop0 = \"9,00\"", "op 10 formulieren"}},
+         {"6 teksten van het bovenste formulier", "het begin van de OCR-regel, 0,5 mm", "OCRTop0 = \"9,00\"",
+          "op 10 formulieren"}},
         {"locale.no-comma",
          [](SpoiledBatch& b) { b.Memory.locale.SetDecimalMark('.'); },
          {"OCRLinks0 = \"0,20\"", "Alle 56 waarden"}},
@@ -163,7 +164,7 @@ static const std::vector<FindingCase>& Cases() {
          {"Het einde van de OCR-regel (bovenste formulier)", "op 10 formulieren"}},
         {"sheet.texts-overlap",
          [](SpoiledBatch& b) { b.State.GMUFontSize = "12"; },
-         {"Het betalingskenmerk in de OCR-regel", "het bedrag in de OCR-regel", "op 30 formulieren"}},
+         {"het betalingskenmerk in de OCR-regel", "het bedrag in de OCR-regel", "op 30 formulieren"}},
         {"sheet.text-cut",
          [](SpoiledBatch& b) {
              b.State.GMUVerkeer = false;

@@ -1,5 +1,6 @@
 #include "precheck/FindingsReport.h"
 
+#include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
 namespace precheck {
@@ -55,6 +56,16 @@ TEST(FindingsReportTest, JsonEscapesWhatAnyTextMayHold) {
                                  "\\u0001\xEF\xBF\xBD"
                                  R"(\" staat een teken.","mend":"Zonder."}]})"
                                  "\n");
+}
+
+TEST(FindingsReportTest, JsonHasEachTextThatStandsWrong) {
+    Findings findings = Two();
+    findings.pop_back();
+    findings[0].Texts = {{"het bedrag", 3.2549}, {"de \"BIC\"", 12}};
+    EXPECT_THAT(
+        ReportJson(findings),
+        testing::HasSubstr("\"mend\":\"Vul 250 in.\",\"texts\":[{\"name\":\"het bedrag\",\"mm\":3.25},"
+                           "{\"name\":\"de \\\"BIC\\\"\",\"mm\":12}]}"));
 }
 
 TEST(FindingsReportTest, TheStatusIsThatOfTheWorst) {
