@@ -9,7 +9,7 @@ build=(g++ cmake ninja-build ccache qt6-base-dev qt6-svg-dev libcups2-dev libfre
 # To run it: the fonts of the forms, one for the windows, the toolkit's Dutch texts.
 run=(fonts-wine fonts-ocr-b fonts-dejavu-core qt6-translations-l10n)
 # To test it.
-test=(libgtest-dev libgmock-dev qt6-base-private-dev libbenchmark-dev python3 python3-fitz python3-fonttools
+test=(fonts-ocr-a libgtest-dev libgmock-dev qt6-base-private-dev libbenchmark-dev python3 python3-fitz python3-fonttools
       poppler-utils cups-daemon cups-client strace at-spi2-core dbus-daemon libglib2.0-bin xvfb)
 # Tests that take minutes: a reader of print, a fresh machine, its screen and keyboard.
 slow=(tesseract-ocr tesseract-ocr-eng debootstrap xvfb xauth xdotool imagemagick)

@@ -12,7 +12,7 @@ using Kind = FindingKind;
 constexpr auto Spoils = Gravity::Spoils;
 constexpr auto LookAt = Gravity::LookAt;
 
-constexpr std::array<FindingWords, 47> Kinds = {{
+constexpr std::array<FindingWords, 48> Kinds = {{
     {Kind::SettingsNone, "settings.none", Spoils, Subject::Settings, Spot::Tarvik,
      "De instellingen van Tarvik zijn niet gevonden: %1 is er niet.",
      "Op Windows: werk onder de naam waaronder u Tarvik gebruikt. Op Linux: zet het bestand met de "
@@ -100,6 +100,12 @@ constexpr std::array<FindingWords, 47> Kinds = {{
     {Kind::FontPitch, "font.pitch", Spoils, Subject::OcrFont, Spot::OcrFont,
      "De tekens van lettertype %1 staan bij 10 punten %2 mm uit elkaar, en niet 2,54 mm zoals bij OCR-B.",
      "Installeer een OCR-B-lettertype, stel het in Tarvik in en start dit programma opnieuw."},
+    {Kind::FontDigits, "font.digits", LookAt, Subject::OcrFont, Spot::OcrFont,
+     "De cijfers van lettertype %1 lijken niet op die van OCR-B: de 1 is %2 mm breed en de 0 %3 mm. Bij "
+     "OCR-B "
+     "is de 1 veel smaller dan de 0; even breed zijn ze bij OCR-A.",
+     "Vergelijk de cijfers met die van OCR-B. Is het een ander lettertype, stel dan in Tarvik een "
+     "OCR-B-lettertype in en start dit programma opnieuw."},
     {Kind::FontSize, "font.size", Spoils, Subject::OcrFont, Spot::OcrFont,
      "Het OCR-B-lettertype wordt op %1 punten afgedrukt en niet op 10%2.",
      "Stel in Tarvik 10 punten in en start dit programma opnieuw."},

@@ -39,6 +39,7 @@ enum class FindingKind {
     FontReplaced,
     FontNotOcrB,
     FontPitch,
+    FontDigits,
     FontSize,
     FontLetters,
     SheetTooSmall,

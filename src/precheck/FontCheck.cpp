@@ -27,6 +27,9 @@ constexpr double OcrPoints = 10;
 constexpr double OcrPitchMillimetres = 2.54;
 constexpr double PitchToleranceMillimetres = 0.02;
 constexpr std::string_view OcrLetters = "0123456789+<>";
+/// How broad a "1" can be beside a "0". In OCR-B it has less than two thirds of it, in OCR-A nine tenths at
+/// least, and the two stand equally far apart in their lines.
+constexpr double BroadestOne = 0.8;
 
 /// By how much the fields of the line have to meet before it is told.
 constexpr double FieldToleranceTwips = 1;
@@ -88,6 +91,21 @@ std::string FieldsThatMeet(const state::AppState& state, LetterMeasures& measure
     return told;
 }
 
+double InkWidth(LetterMeasures& measures, const std::string& name, std::string_view letter) {
+    const machine::InkBox ink = measures.InkOf(letter, {name, OcrPoints, false}).Box;
+    return ink.Right - ink.Left;
+}
+
+std::optional<Finding> AboutDigits(LetterMeasures& measures, const std::string& name) {
+    const double one = InkWidth(measures, name, "1");
+    const double zero = InkWidth(measures, name, "0");
+    if (one <= BroadestOne * zero) {
+        return std::nullopt;
+    }
+    return MakeFinding(FindingKind::FontDigits,
+                       {Quoted(name), Decimal(ToMillimetres(one), 2), Decimal(ToMillimetres(zero), 2)});
+}
+
 bool IsOcrB(LetterMeasures& measures, const std::string& name) {
     const std::optional<double> pitch = PitchOf(measures, name);
     return pitch && std::abs(*pitch - OcrPitchMillimetres) <= PitchToleranceMillimetres;
@@ -110,7 +128,7 @@ std::optional<Finding> AboutFamily(const CurrentSettings& current, machine::Plat
     if (std::abs(*pitch - OcrPitchMillimetres) > PitchToleranceMillimetres) {
         return MakeFinding(FindingKind::FontPitch, {Quoted(name), Decimal(*pitch, 2)});
     }
-    return std::nullopt;
+    return AboutDigits(measures, name);
 }
 
 /// How bad it is if the OCR font is wrong: the readers take the OCR line alone. On the narrow form and in the
@@ -134,7 +152,7 @@ void CheckFont(const CurrentSettings& current, machine::Platform& platform, cons
         return;
     }
     const auto add = [&](Finding finding) {
-        finding.Gravity = *gravity;
+        finding.Gravity = std::max(finding.Gravity, *gravity); // the less bad
         findings.push_back(std::move(finding));
     };
     LetterMeasures measures(platform.Fonts);

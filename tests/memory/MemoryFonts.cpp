@@ -12,6 +12,8 @@ constexpr double LineHeightPerPoint = 24;
 
 constexpr double InkLeft = 0.1;
 constexpr double InkRight = 0.9;
+constexpr double SlimInkLeft = 0.3;
+constexpr double SlimInkRight = 0.7;
 constexpr double InkTop = 0.25;
 constexpr double InkBottom = 0.75;
 
@@ -63,9 +65,12 @@ machine::InkBox MemoryFonts::InkOf(char32_t letter, const machine::FontSpec& fon
     if (letter == U' ') {
         return {};
     }
-    const double width = WidthPerPoint(FontOf(font.Name), font.Bold, letter) * font.Size;
+    const MemoryFont& measures = FontOf(font.Name);
+    const bool slim = HasCode(measures.SlimLetters, letter);
+    const double width = WidthPerPoint(measures, font.Bold, letter) * font.Size;
     const double height = LineHeightPerPoint * font.Size;
-    return {InkLeft * width, InkTop * height, InkRight * width, InkBottom * height};
+    return {(slim ? SlimInkLeft : InkLeft) * width, InkTop * height, (slim ? SlimInkRight : InkRight) * width,
+            InkBottom * height};
 }
 
 } // namespace memory

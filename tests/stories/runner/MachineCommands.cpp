@@ -98,7 +98,7 @@ void WorkArea(World& world, CommandLine& line) {
 }
 
 /// A font that differs from the others: `width` twips of a letter for each point, letters that are twice as
-/// `wide`, those that it `lacks`, and the family that prints `instead`.
+/// `wide`, those that are `slim`, those that it `lacks`, and the family that prints `instead`.
 void Font(World& world, CommandLine& line) {
     const std::string name = line.Word("font");
     memory::MemoryFont font;
@@ -110,6 +110,8 @@ void Font(World& world, CommandLine& line) {
             font.WidthPerPoint = CommandLine(value).Number("width");
         } else if (what == "wide") {
             font.WideLetters = value;
+        } else if (what == "slim") {
+            font.SlimLetters = value;
         } else if (what == "lacks") {
             font.LacksLetters = value;
         } else if (what == "instead") {

@@ -239,9 +239,9 @@ TEST_F(DocumentCheckTest, TextsMayTouch) {
     // 5,11 cm.
     const double touching = (19.48 - 14.37) * 567 / 18.8;
     const double tolerance = ToTwips(0.1) / 18.8;
-    memory.fonts.Describe(OcrFont, {.WidthPerPoint = (touching + tolerance * 0.99) / 10});
+    memory.fonts.Describe(OcrFont, {.WidthPerPoint = (touching + tolerance * 0.99) / 10, .SlimLetters = ""});
     EXPECT_THAT(Codes(Document()), IsEmpty());
-    memory.fonts.Describe(OcrFont, {.WidthPerPoint = (touching + tolerance * 1.01) / 10});
+    memory.fonts.Describe(OcrFont, {.WidthPerPoint = (touching + tolerance * 1.01) / 10, .SlimLetters = ""});
     EXPECT_THAT(Codes(Document()), ElementsAre("sheet.texts-overlap"));
 }
 
@@ -262,7 +262,8 @@ TEST_F(DocumentCheckTest, TextsOfOneBlockThatMeetAreToldOnce) {
 
 TEST_F(DocumentCheckTest, APairOfTextsIsToldByItsNames) {
     const double touching = (19.48 - 14.37) * 567 / 18.8;
-    memory.fonts.Describe(OcrFont, {.WidthPerPoint = (touching + ToTwips(0.1) / 18.8 * 1.01) / 10});
+    memory.fonts.Describe(OcrFont,
+                          {.WidthPerPoint = (touching + ToTwips(0.1) / 18.8 * 1.01) / 10, .SlimLetters = ""});
     EXPECT_THAT(
         First(Document(), "sheet.texts-overlap").Wrong,
         AllOf(HasSubstr("De rekening in de OCR-regel (bovenste formulier) en het einde van de OCR-regel "

@@ -141,6 +141,12 @@ static const std::vector<FindingCase>& Cases() {
         {"font.pitch",
          [](SpoiledBatch& b) { b.Memory.fonts.Describe("OCR-B", {.WidthPerPoint = 12}); },
          {"\"OCR-B\"", "2,12 mm"}},
+        {"font.digits",
+         [](SpoiledBatch& b) {
+             b.Memory.fonts.Describe("OCR-B", {.WidthPerPoint = 14.4, .SlimLetters = ""});
+         },
+         {"\"OCR-B\"", "de 1 is 2,03 mm breed en de 0 2,03 mm"},
+         Gravity::LookAt},
         {"font.size",
          [](SpoiledBatch& b) { b.State.GMUFontSize = "9"; },
          {"op 9 punten afgedrukt en niet op 10."}},

@@ -35,6 +35,15 @@ TEST_F(FontCheckTest, EachFigureAndEachMarkCounts) {
     EXPECT_THAT(Codes(Settings()), IsEmpty());
 }
 
+TEST_F(FontCheckTest, DigitsAreJudgedOfAFontWithTheRightPitchAlone) {
+    memory.fonts.Describe(OcrFont, {.WidthPerPoint = 14.4, .SlimLetters = "0"});
+    EXPECT_THAT(Codes(Settings()), ElementsAre("font.digits"));
+    memory.fonts.Describe(OcrFont, {.WidthPerPoint = 14.4, .SlimLetters = "10"});
+    EXPECT_THAT(Codes(Settings()), ElementsAre("font.digits"));
+    memory.fonts.Describe(OcrFont, {.WidthPerPoint = 12, .SlimLetters = "10"});
+    EXPECT_THAT(Codes(Settings()), ElementsAre("font.pitch"));
+}
+
 TEST_F(FontCheckTest, OfAFontThatIsNotThereItsMeasuresAreNotTold) {
     memory.fonts.Describe(OcrFont, {.WidthPerPoint = 12, .LacksLetters = "0", .PrintsInstead = "Courier"});
     EXPECT_THAT(Codes(All()), ElementsAre("font.replaced"));

@@ -75,6 +75,8 @@ MATCHER_P(StandsAt, other, "") {
 }
 
 TEST_F(SameAsRunTest, EachTextStandsWhereARunDrawsIt) {
+    memory.fonts.Describe("Tahoma", {.SlimLetters = ""});
+    memory.fonts.Describe(OcrFont, {.WidthPerPoint = 14.4, .SlimLetters = ""});
     memory::PrintQueue& queue = memory.InstallPrinter({.Name = "Laser"});
     queue.Offset = {113, 87};
     intent = {.Forms = 5, .Copies = 2};

@@ -63,6 +63,30 @@ TEST_F(RealFontsTest, OtherFontsAreNoOcrB) {
     EXPECT_THAT(Codes(Settings()), ElementsAre("font.replaced"));
 }
 
+TEST_F(RealFontsTest, EveryOcrBIsTaken) {
+    for (const char* name : {"OCR B", "OCR-B", "OCR B S", "OCR B F"}) {
+        TakeFont(name);
+        EXPECT_THAT(Codes(Settings()), IsEmpty()) << name;
+    }
+}
+
+TEST_F(RealFontsTest, OcrAIsToldByItsDigits) {
+    for (const char* name : {"OCRA", "OCRABold", "OCRAItalic"}) {
+        TakeFont(name);
+        const std::vector<std::string> codes = Codes(Settings());
+        if (codes == std::vector<std::string>{"font.replaced"}) {
+            GTEST_SKIP() << name << " is not installed";
+        }
+        EXPECT_THAT(codes, ElementsAre("font.digits")) << name;
+    }
+    EXPECT_EQ(First(Settings(), "font.digits").Gravity, Gravity::LookAt);
+}
+
+TEST_F(RealFontsTest, WhiteOnBlackIsWorthALook) {
+    TakeFont("OCR B X");
+    EXPECT_THAT(Codes(Settings()), ElementsAre("font.digits"));
+}
+
 TEST_F(RealFontsTest, LettersThatTahomaLacksAreTold) {
     state.IncassantBegunstigde = "Café 漢字";
     EXPECT_THAT(First(Settings(), "creditor.letters").Wrong, HasSubstr("afgedrukt: 漢 字."));
