@@ -16,7 +16,7 @@ import sys
 import tempfile
 
 from failures import Failures
-from print_server import PrintServer
+from print_server import PPD_TWO_SIDED, PrintServer
 from wine_prefix import FONTS, OCR_FONT, WinePrefix, skip
 
 sys.path.insert(0, str(pathlib.Path(__file__).parents[1] / "print" / "pdf"))
@@ -137,6 +137,8 @@ def check_samples(prefix, server, program, failures):
     features = re.findall(rb"%%BeginFeature: \*(\w+) (\w+)", job.document)
     failures.check((b"PageSize", b"Legal") in features, "the chosen paper is in the job")
     failures.check((b"InputSlot", b"Manual") in features, "and the chosen bin")
+    failures.check([setting for feature, setting in features if feature == b"Duplex"] == [b"None"],
+                   f"and one side of the sheet, whatever the printer does by default: {features}")
     failures.check(not server.has_job(), "documents that were given up have not been printed")
     check_paper(done.stdout, job, [(612, 1008)] * 2, failures)
 
@@ -153,7 +155,7 @@ def main():
         skip("Ghostscript is not installed")
     program = build / "bin" / "win_platform_check.exe"
     failures = Failures()
-    with PrintServer(("Kantoor", "Büro")) as server:
+    with PrintServer(("Kantoor", "Büro"), ppd=PPD_TWO_SIDED) as server:
         for locale, groups in (("nl_NL", DUTCH_GROUPS), ("pl_PL", POLISH_GROUPS)):
             with WinePrefix.for_test(build, locale) as prefix:
                 prefix.settings.update(server.settings)

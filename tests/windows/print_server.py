@@ -52,6 +52,14 @@ PPD_BEGIN = """*PPD-Adobe: "4.3"
 *LandscapeOrientation: Plus90
 *cupsFilter: "application/postscript 0 -"
 """
+DUPLEX = """*OpenUI *Duplex/Dubbelzijdig: PickOne
+*OrderDependency: 30 AnySetup *Duplex
+*DefaultDuplex: DuplexNoTumble
+*Duplex None/Uit: "<</Duplex false>>setpagedevice"
+*Duplex DuplexNoTumble/Lange kant: "<</Duplex true/Tumble false>>setpagedevice"
+*Duplex DuplexTumble/Korte kant: "<</Duplex true/Tumble true>>setpagedevice"
+*CloseUI: *Duplex
+"""
 PPD_END = """*DefaultFont: Courier
 *Font Courier: Standard "(1.05)" Standard ROM
 """
@@ -85,6 +93,8 @@ def driver(papers, slots, paper=None, slot=None, edges=EDGES):
 
 PPD = driver([Paper("A4", "A4 blanco", 595, 842), Paper("Legal", "US Legal", 612, 1008), Paper("A5", "A5", 420, 595)],
              [Slot("Upper", "Lade boven", 0), Slot("Tray3", "Lade 3 met formulieren", 2), Slot("Manual", "Handinvoer", 3)])
+
+PPD_TWO_SIDED = PPD + DUPLEX  # by default
 
 Job = collections.namedtuple("Job", "title copies options document")
 

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <utility>
 
+#include "base/Resume.h"
 #include "base/RuntimeError.h"
 #include "desktop/windows/GdiObjects.h"
 #include "desktop/windows/PrintFailure.h"
@@ -14,6 +15,8 @@ namespace {
 
 constexpr LONG LargestSettings = machine::MostDriverBytes;
 constexpr int MostOffered = machine::MostDriverEntries;
+
+constexpr short FullScale = 100; ///< percent
 
 constexpr const char* NoSettings = "De printer geeft zijn instellingen niet.";
 
@@ -70,11 +73,15 @@ void DriverSettings::Set(DWORD field, short DEVMODEW::*member, short value) {
     if (field == DM_PAPERSIZE) { // else these would win over it
         mode->dmFields &= ~static_cast<DWORD>(DM_PAPERLENGTH | DM_PAPERWIDTH | DM_FORMNAME);
     }
+    bytes_ = MadeValid(changed);
+}
+
+std::vector<std::byte> DriverSettings::MadeValid(const std::vector<std::byte>& asked) const {
     const std::vector<std::byte> stored = Exchange(printer_, nullptr);
-    std::vector<std::byte> valid = Exchange(printer_, &changed);
+    std::vector<std::byte> valid = Exchange(printer_, &asked);
     // Some drivers take what they are asked to make valid for their own settings, which are not meant.
     Exchange(printer_, &stored);
-    bytes_ = std::move(valid);
+    return valid;
 }
 
 std::vector<short> DriverSettings::Offered(WORD capability) const {
@@ -95,7 +102,24 @@ std::vector<short> DriverSettings::Offered(WORD capability) const {
 
 std::vector<std::byte> DriverSettings::ForDocument() const {
     std::vector<std::byte> bytes = bytes_;
-    reinterpret_cast<DEVMODEW*>(bytes.data())->dmCopies = 1;
+    auto& mode = *reinterpret_cast<DEVMODEW*>(bytes.data());
+    mode.dmCopies = 1;
+    if ((mode.dmFields & DM_DUPLEX) != 0) {
+        mode.dmDuplex = DMDUP_SIMPLEX;
+    }
+    if ((mode.dmFields & DM_SCALE) != 0) {
+        mode.dmScale = FullScale;
+    }
+    return bytes;
+}
+
+std::vector<std::byte> DriverSettings::ForPrinting() const {
+    std::vector<std::byte> bytes = ForDocument();
+    const auto& asked = *reinterpret_cast<const DEVMODEW*>(bytes.data());
+    if (asked.dmDuplex != Mode().dmDuplex || asked.dmScale != Mode().dmScale) {
+        base::Resume([&] { bytes = MadeValid(bytes); }); // a driver that fails is given the record as it is
+        reinterpret_cast<DEVMODEW*>(bytes.data())->dmCopies = 1;
+    }
     return bytes;
 }
 

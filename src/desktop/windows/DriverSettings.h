@@ -25,10 +25,15 @@ class DriverSettings {
     /// What the driver offers, by a DC_... number. Empty if it does not tell.
     std::vector<short> Offered(WORD capability) const;
 
-    /// For a document: its copies are drawn one by one, so that the driver must not make more of them.
+    /// For a document: on one side and in full size, and once, for its copies are drawn one by one.
     std::vector<std::byte> ForDocument() const;
 
+    /// The same for one that is printed: the driver has made the data of its own agree.
+    std::vector<std::byte> ForPrinting() const;
+
   private:
+    std::vector<std::byte> MadeValid(const std::vector<std::byte>& asked) const;
+
     std::wstring printer_;
     std::vector<std::byte> bytes_;
 };

@@ -21,7 +21,6 @@ namespace {
 
 constexpr DWORD DescriptionLevel = 2;
 constexpr DWORD LargestDescription = machine::MostDriverBytes;
-constexpr short FullScale = 100;
 
 using Opened = Owned<HANDLE, ::ClosePrinter>;
 
@@ -101,27 +100,12 @@ bool IsOfSize(const machine::SheetArea& area, const POINT& tenths) {
 
 } // namespace
 
-std::vector<std::string> ImposedBy(const DEVMODEW& mode) {
-    std::vector<std::string> imposed;
-    if ((mode.dmFields & DM_SCALE) != 0 && mode.dmScale > 0 && mode.dmScale != FullScale) {
-        imposed.push_back("Schaal: " + std::to_string(mode.dmScale) + " %");
-    }
-    if ((mode.dmFields & DM_DUPLEX) != 0 && mode.dmDuplex == DMDUP_VERTICAL) {
-        imposed.emplace_back("Dubbelzijdig: over de lange kant");
-    }
-    if ((mode.dmFields & DM_DUPLEX) != 0 && mode.dmDuplex == DMDUP_HORIZONTAL) {
-        imposed.emplace_back("Dubbelzijdig: over de korte kant");
-    }
-    return imposed;
-}
-
 machine::PrinterCondition AskCondition(const std::string& printer) {
     machine::PrinterCondition condition{.Name = printer, .Reachable = false};
     base::Resume([&] {
         condition.Status = StatusOf(ToWide(printer));
         condition.Reachable = true;
         const DriverSettings settings(ToWide(printer));
-        condition.Imposed = ImposedBy(settings.Mode());
         const DeviceContext device = MeasuringContext(settings.Printer(), settings.ForDocument());
         condition.DotsPerInch =
             std::min(::GetDeviceCaps(device.Get(), LOGPIXELSX), ::GetDeviceCaps(device.Get(), LOGPIXELSY));

@@ -3,9 +3,6 @@
 #include <cstdint>
 #include <optional>
 #include <string>
-#include <vector>
-
-#include "desktop/windows/Win32.h"
 
 #include "machine/PrinterCondition.h"
 
@@ -15,10 +12,6 @@ namespace desktop::windows {
 
 /// One that cannot be opened is not reachable.
 machine::PrinterCondition AskCondition(const std::string& printer);
-
-/// Fields of a printer's stored settings that go with every document and change its pages. Drivers word them
-/// in windows of their own alone.
-std::vector<std::string> ImposedBy(const DEVMODEW& mode);
 
 /// The sheet of a paper (DMPAPER_...), Portrait or Landscape; nothing if the printer has no such paper, or
 /// cannot be asked.

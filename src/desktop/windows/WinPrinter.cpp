@@ -74,7 +74,7 @@ HDC WinPrinter::Device() {
         device_.Reset();
     }
     if (!device_) {
-        const std::vector<std::byte> mode = settings.ForDocument();
+        const std::vector<std::byte> mode = settings.ForPrinting();
         ::SetLastError(ERROR_SUCCESS); // a driver need not tell why
         device_.Reset(::CreateDCW(L"WINSPOOL", settings.Printer().c_str(), nullptr,
                                   reinterpret_cast<const DEVMODEW*>(mode.data())));
@@ -225,7 +225,7 @@ void WinPrinter::NewPage() {
     Run([this] {
         document_->EndPage();
         if (std::exchange(changed_, false)) {
-            const std::vector<std::byte> mode = Settings().ForDocument();
+            const std::vector<std::byte> mode = Settings().ForPrinting();
             document_->Change(*reinterpret_cast<const DEVMODEW*>(mode.data()));
         }
         document_->BeginPage();

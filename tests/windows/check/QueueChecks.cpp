@@ -91,28 +91,36 @@ void CheckConditions(WinPrinters& printers) {
     Check(condition.Reachable, "the printer can be reached");
     CheckEqual(condition.Status, 0, "nothing is wrong with it");
     CheckEqual(condition.DotsPerInch, 600, "it has its dots to the inch");
-    CheckEqual(static_cast<long long>(condition.Imposed.size()), 0, "its settings change no pages");
+    CheckEqual(static_cast<long long>(condition.Imposed.size()), 0,
+               "no document of the program is printed by its defaults");
     Check(!AskCondition("Zolder").Reachable, "a printer that is not there cannot be reached");
     CheckRaises(
         base::ErrorSubscriptOutOfRange, [&] { printers.Condition(-1); },
         "no printer of this number has a condition");
 }
 
-void CheckImposed() {
-    DEVMODEW mode{};
-    mode.dmScale = 80;
-    mode.dmDuplex = DMDUP_VERTICAL;
-    Check(ImposedBy(mode).empty(), "fields that the driver does not use impose nothing");
-    mode.dmFields = DM_SCALE | DM_DUPLEX;
-    const std::vector<std::string> both = ImposedBy(mode);
-    CheckEqual(static_cast<long long>(both.size()), 2, "a scale and both sides are imposed");
-    CheckEqual(both.front(), "Schaal: 80 %", "the scale with its number");
-    CheckEqual(both.back(), "Dubbelzijdig: over de lange kant", "both sides with the edge");
-    mode.dmDuplex = DMDUP_HORIZONTAL;
-    CheckEqual(ImposedBy(mode).back(), "Dubbelzijdig: over de korte kant", "or the other edge");
-    mode.dmScale = 100;
-    mode.dmDuplex = DMDUP_SIMPLEX;
-    Check(ImposedBy(mode).empty(), "full size on one side imposes nothing");
+/// The printer prints on both sides by default.
+void CheckDocumentSettings() {
+    DriverSettings settings(L"Kantoor");
+    const auto mode = [](const std::vector<std::byte>& bytes) {
+        return *reinterpret_cast<const DEVMODEW*>(bytes.data());
+    };
+    const auto checkOneSide = [&](const std::string& what) {
+        CheckEqual(mode(settings.ForDocument()).dmDuplex, DMDUP_SIMPLEX,
+                   "a document is measured on one side " + what);
+        CheckEqual(mode(settings.ForPrinting()).dmDuplex, DMDUP_SIMPLEX, "and printed so");
+    };
+    CheckEqual(settings.Mode().dmDuplex, DMDUP_VERTICAL, "what is stored is told as it is");
+    checkOneSide("whatever is stored");
+    settings.Set(DM_DUPLEX, &DEVMODEW::dmDuplex, DMDUP_HORIZONTAL);
+    CheckEqual(settings.Mode().dmDuplex, DMDUP_HORIZONTAL, "the sheet can be turned over its short edge");
+    checkOneSide("whatever the edge");
+    settings.Set(DM_SCALE, &DEVMODEW::dmScale, 80);
+    CheckEqual(settings.Mode().dmScale, 80, "a scale can be stored");
+    CheckEqual(mode(settings.ForDocument()).dmScale, 100, "a document is measured in full size");
+    CheckEqual(mode(settings.ForPrinting()).dmScale, 100, "and printed so");
+    CheckEqual(mode(settings.ForPrinting()).dmCopies, 1, "and once");
+    CheckEqual(DriverSettings(L"Kantoor").Mode().dmDuplex, DMDUP_VERTICAL, "none of it is stored");
 }
 
 /// A question that does not come back holds nobody up.
@@ -168,7 +176,7 @@ void CheckBackground() {
 void CheckQueues() {
     CheckInquiry();
     CheckBackground();
-    CheckImposed();
+    CheckDocumentSettings();
     WinPrinters printers;
     CheckSheets(printers);
     CheckConditions(printers);
