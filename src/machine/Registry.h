@@ -29,6 +29,7 @@ inline constexpr std::int32_t RegMoreData = 234;
 enum class StoreTrouble {
     None,
     Missing,         ///< no such key, or no file of settings
+    NoKey,           ///< the file is there, and has other keys
     Unreadable,      ///< it is there, and the machine does not give it
     UnknownEncoding, ///< it is in no encoding or form that can be read
     CutOff,          ///< only the beginning of it is there
@@ -39,6 +40,8 @@ struct StoreCondition {
     StoreTrouble Trouble = StoreTrouble::None;
     std::string Where{};  ///< the key, or the file that holds it, as the user finds it
     std::string Reason{}; ///< in the machine's own words; may be empty
+    /// It cannot be read now, and what was read before is given until it can.
+    bool EarlierHolds = false;
 };
 
 /// The four calls of the registry that the program makes, answered by the platform: the registry itself on

@@ -14,13 +14,10 @@ constexpr auto LookAt = Gravity::LookAt;
 
 constexpr std::array<FindingWords, 48> Kinds = {{
     {Kind::SettingsNone, "settings.none", Spoils, Subject::Settings, Spot::Tarvik,
-     "De instellingen van Tarvik zijn niet gevonden: %1 is er niet.",
-     "Op Windows: werk onder de naam waaronder u Tarvik gebruikt. Op Linux: zet het bestand met de "
-     "instellingen op "
-     "zijn plaats."},
+     "De instellingen van Tarvik zijn niet gevonden: %1.", "%2"},
     {Kind::SettingsUnreadable, "settings.unreadable", Spoils, Subject::Settings, Spot::Tarvik,
      "De instellingen van Tarvik kunnen niet worden gelezen: %1%2.",
-     "Zorg dat u het mag lezen, of vraag de beheerder. Tot dan wordt alles zonder calibratie afgedrukt."},
+     "Zorg dat u het mag lezen, of vraag de beheerder. %3"},
     {Kind::SettingsEncoding, "settings.encoding", Spoils, Subject::Settings, Spot::Tarvik,
      "De instellingen van Tarvik staan er, maar in een vorm die dit programma niet kent: %1%2.",
      "Haal de instellingen opnieuw op uit Tarvik en zet ze op hun plaats zonder ze te bewerken."},

@@ -2,6 +2,7 @@
 #include <array>
 #include <optional>
 #include <string>
+#include <utility>
 
 #include "base/Text.h"
 #include "composition/DocumentRun.h"
@@ -29,6 +30,7 @@ bool IsKnownContract(std::int16_t contractVorm) {
 std::optional<FindingKind> KindOf(machine::StoreTrouble trouble) {
     switch (trouble) {
     case machine::StoreTrouble::Missing:
+    case machine::StoreTrouble::NoKey:
         return FindingKind::SettingsNone;
     case machine::StoreTrouble::Unreadable:
         return FindingKind::SettingsUnreadable;
@@ -40,6 +42,35 @@ std::optional<FindingKind> KindOf(machine::StoreTrouble trouble) {
         break;
     }
     return std::nullopt;
+}
+
+std::optional<Finding> AboutStore(const machine::StoreCondition& store) {
+    const std::optional<FindingKind> kind = KindOf(store.Trouble);
+    if (!kind) {
+        return std::nullopt;
+    }
+    const std::string where = Shown(store.Where);
+    if (store.Trouble == machine::StoreTrouble::NoKey) {
+        return MakeFinding(*kind,
+                           {"in " + where + " staan ze niet",
+                            "Haal ze opnieuw op uit Tarvik (HKCU\\Software\\Ondor\\Tarvik) en zet ze op "
+                            "hun plaats."});
+    }
+    if (store.Trouble == machine::StoreTrouble::Missing) {
+        return MakeFinding(*kind,
+                           {where + " is er niet",
+                            "Op Windows: werk onder de naam waaronder u Tarvik gebruikt. Op Linux: zet het "
+                            "bestand met de instellingen op zijn plaats."});
+    }
+    const std::string reason = store.Reason.empty() ? std::string() : " (" + Shown(store.Reason) + ')';
+    Finding finding = MakeFinding(*kind, {where, reason,
+                                          store.EarlierHolds ? "Tot dan geldt wat eerder is gelezen."
+                                                             : "Tot dan wordt alles zonder calibratie "
+                                                               "afgedrukt."});
+    if (store.EarlierHolds) {
+        finding.Gravity = Gravity::LookAt;
+    }
+    return finding;
 }
 
 } // namespace
@@ -72,10 +103,8 @@ Findings CheckSettings(const state::AppState& state, machine::Platform& platform
         return findings;
     }
     const CurrentSettings current = ReadCurrentSettings(state, platform.Registry);
-    if (const std::optional<FindingKind> kind = KindOf(current.Store.Trouble)) {
-        const std::string& reason = current.Store.Reason;
-        findings.push_back(MakeFinding(*kind, {Shown(current.Store.Where),
-                                               reason.empty() ? std::string() : " (" + Shown(reason) + ')'}));
+    if (std::optional<Finding> finding = AboutStore(current.Store)) {
+        findings.push_back(std::move(*finding));
     }
     // All else that would be found wrong is mended as soon as there are settings.
     if (current.Readable()) {

@@ -268,12 +268,14 @@ machine::StoreTrouble RegFileStore::TroubleOf(const std::string& fullPath) const
     if (failure_ == EAGAIN || isCut_ || !RegFile::EndsWhole(file_.Bytes())) {
         return Trouble::CutOff;
     }
-    return file_.HasKey(fullPath) ? Trouble::None : Trouble::Missing;
+    return file_.HasKey(fullPath) ? Trouble::None : Trouble::NoKey;
 }
 
 machine::StoreCondition RegFileStore::Condition(const std::string& path) {
     Look();
-    machine::StoreCondition condition{TroubleOf("HKEY_CURRENT_USER\\" + path), path_};
+    const std::string fullPath = "HKEY_CURRENT_USER\\" + path;
+    machine::StoreCondition condition{TroubleOf(fullPath), path_};
+    condition.EarlierHolds = failure_ != 0 && isKnown_ && file_.HasKey(fullPath);
     switch (condition.Trouble) {
     case machine::StoreTrouble::Unreadable:
         condition.Reason = ReasonOf(failure_);
@@ -282,7 +284,7 @@ machine::StoreCondition RegFileStore::Condition(const std::string& path) {
         condition.Reason = ReasonOf(EAGAIN);
         break;
     case machine::StoreTrouble::Missing:
-        condition.Reason = isKnown_ ? "" : ReasonOf(ENOENT);
+        condition.Reason = ReasonOf(ENOENT);
         break;
     default:
         break;

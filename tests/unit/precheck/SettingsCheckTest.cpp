@@ -38,6 +38,24 @@ TEST_F(SettingsCheckTest, TheFileAndTheReasonAreToldWithoutBreakingTheSentence) 
                                          "b & \xEF\xBF\xBD%1)."));
 }
 
+TEST_F(SettingsCheckTest, WhatWasReadBeforeStillHolds) {
+    memory.registry.Present = {machine::StoreTrouble::Unreadable};
+    EXPECT_THAT(First(Settings(), "settings.unreadable").Mend, HasSubstr("zonder calibratie"));
+    memory.registry.Present.EarlierHolds = true;
+    const Finding finding = First(Settings(), "settings.unreadable");
+    EXPECT_EQ(finding.Mend,
+              "Zorg dat u het mag lezen, of vraag de beheerder. Tot dan geldt wat eerder is gelezen.");
+    EXPECT_EQ(finding.Gravity, Gravity::LookAt);
+}
+
+TEST_F(SettingsCheckTest, AFileWithoutTheKeyIsNoFileThatIsMissing) {
+    memory.registry.Present = {machine::StoreTrouble::NoKey};
+    const Finding finding = First(Settings(), "settings.none");
+    EXPECT_EQ(finding.Wrong, "De instellingen van Tarvik zijn niet gevonden: in " +
+                                 std::string(SettingsPath) + " staan ze niet.");
+    EXPECT_THAT(finding.Mend, HasSubstr("Haal ze opnieuw op uit Tarvik"));
+}
+
 TEST_F(SettingsCheckTest, OfHalfAFileTheHalfThatIsThereIsJudged) {
     memory.registry.Present.Trouble = machine::StoreTrouble::CutOff;
     state.GMUContractVorm = 0;

@@ -46,9 +46,9 @@ TEST_F(RegFileConditionTest, MissingIsTheFileOrTheKey) {
 
     PutOld("REGEDIT4\r\n\r\n[HKEY_CURRENT_USER\\Software\\Ander]\r\n\"a\"=\"1\"\r\n");
     RegFileStore other(file, SettingsBranch);
-    EXPECT_EQ(other.Condition(SettingsPath).Trouble, StoreTrouble::Missing);
+    EXPECT_EQ(other.Condition(SettingsPath).Trouble, StoreTrouble::NoKey);
     EXPECT_EQ(other.Condition(SettingsPath).Reason, "");
-    EXPECT_EQ(other.Condition("Software\\Ander").Trouble, StoreTrouble::Missing)
+    EXPECT_EQ(other.Condition("Software\\Ander").Trouble, StoreTrouble::NoKey)
         << "it is no matter of this store";
 
     RegFileStore homeless("");
@@ -72,6 +72,7 @@ TEST_F(RegFileConditionTest, UnreadableSaysWhyAndTellsNobody) {
     EXPECT_EQ(condition.Trouble, StoreTrouble::Unreadable);
     EXPECT_EQ(condition.Where, file);
     EXPECT_EQ(condition.Reason, "Dit is geen bestand.");
+    EXPECT_FALSE(condition.EarlierHolds);
     EXPECT_EQ(told, 0);
     EXPECT_EQ(Read(store, "a"), "");
     EXPECT_EQ(told, 1) << "who needs the settings is told as ever";
@@ -90,7 +91,7 @@ TEST_F(RegFileConditionTest, UnknownIsAFileOfAnotherKind) {
     EXPECT_EQ(TroubleOf("<html><body>Niet gevonden</body></html>\n"), StoreTrouble::UnknownEncoding);
     EXPECT_EQ(TroubleOf("Beste beheerder,\r\n"), StoreTrouble::UnknownEncoding);
     EXPECT_EQ(TroubleOf(std::string("regf\0\0\0\0", 8)), StoreTrouble::UnknownEncoding);
-    EXPECT_EQ(TroubleOf("REGEDIT4\r\n"), StoreTrouble::Missing) << "it has no keys, and is no other kind";
+    EXPECT_EQ(TroubleOf("REGEDIT4\r\n"), StoreTrouble::NoKey) << "it has no keys, and is no other kind";
     EXPECT_EQ(TroubleOf("[HKEY_CURRENT_USER\\" + SettingsPath + "]\r\n"), StoreTrouble::None);
 }
 
@@ -113,7 +114,13 @@ TEST_F(RegFileConditionTest, CutOffIsAlsoAFileThatIsLeftHalfBehindAWholeOne) {
     const machine::StoreCondition condition = store.Condition(SettingsPath);
     EXPECT_EQ(condition.Trouble, StoreTrouble::CutOff);
     EXPECT_EQ(condition.Reason, "Het bestand is leeg of afgebroken.");
+    EXPECT_TRUE(condition.EarlierHolds);
     EXPECT_EQ(Read(store, "b"), "2") << "what was read holds";
+    std::filesystem::remove(file);
+    std::filesystem::create_directory(file);
+    EXPECT_EQ(store.Condition(SettingsPath).Trouble, StoreTrouble::Unreadable);
+    EXPECT_TRUE(store.Condition(SettingsPath).EarlierHolds);
+    EXPECT_EQ(Read(store, "b"), "2");
 }
 
 } // namespace
