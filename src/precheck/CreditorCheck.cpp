@@ -91,12 +91,18 @@ void CheckCreditor(const CurrentSettings& current, machine::Platform& platform, 
     const bool printed = PrintsCreditor(state);
     const bool onlyAccount = state.GMUContractVorm == state::ContractCAccount;
     const bool ocrLine = composition::HasOcrRegel(state);
-    if (!state.IncassantAfdrukken && composition::ContractPrintsIncassant(state.GMUContractVorm) &&
-        IsKnownType(state)) {
+    if (!state.IncassantAfdrukken && IsKnownContract(state) &&
+        composition::ContractPrintsIncassant(state.GMUContractVorm) && IsKnownType(state)) {
+        const std::string stored = state::LeesInstelling(state, platform.Registry, "IncassantAfdrukken");
         findings.push_back(
-            MakeFinding(FindingKind::CreditorOff,
-                        {SettingIs("IncassantAfdrukken",
-                                   state::LeesInstelling(state, platform.Registry, "IncassantAfdrukken"))}));
+            state::IsAan(stored)
+                ? MakeFinding(
+                      FindingKind::CreditorOff,
+                      {std::string("het afdrukken van de incassant ") + SwitchedOnSince, MendSwitchedOn})
+                : MakeFinding(
+                      FindingKind::CreditorOff,
+                      {SettingIs("IncassantAfdrukken", stored),
+                       "Zet in Tarvik het afdrukken van de incassant aan en start dit programma opnieuw."}));
     }
     LetterMeasures measures(platform.Fonts);
     for (const CreditorText& creditor : Texts) {

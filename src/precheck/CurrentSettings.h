@@ -25,6 +25,9 @@ CurrentSettings ReadCurrentSettings(const state::AppState& state, machine::Regis
 /// Whether forms bear the creditor, all of it or the account alone.
 bool PrintsCreditor(const state::AppState& state);
 
+/// Whether the contract form is one of those that there are.
+bool IsKnownContract(const state::AppState& state);
+
 /// Whether the form type is one of those that there are.
 bool IsKnownType(const state::AppState& state);
 

@@ -164,7 +164,7 @@ void CheckFont(const CurrentSettings& current, machine::Platform& platform, cons
         const std::string meet = composition::HasOcrRegel(state)
                                      ? FieldsThatMeet(state, measures, {state.GMUFontName, points, false})
                                      : std::string();
-        add(MakeFinding(FindingKind::FontSize, {ShortDecimal(points), meet}));
+        add(MakeFinding(FindingKind::FontSize, {ExactDecimal(points), meet}));
     }
 }
 

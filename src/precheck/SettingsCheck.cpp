@@ -1,5 +1,4 @@
 #include <algorithm>
-#include <array>
 #include <optional>
 #include <string>
 #include <utility>
@@ -18,14 +17,6 @@
 namespace precheck {
 
 namespace {
-
-constexpr std::array<std::int16_t, 6> ContractForms = {state::ContractA,           state::ContractB,
-                                                       state::ContractCBlank,      state::ContractSBlank,
-                                                       state::ContractCPreprinted, state::ContractCAccount};
-
-bool IsKnownContract(std::int16_t contractVorm) {
-    return std::find(ContractForms.begin(), ContractForms.end(), contractVorm) != ContractForms.end();
-}
 
 std::optional<FindingKind> KindOf(machine::StoreTrouble trouble) {
     switch (trouble) {
@@ -81,11 +72,15 @@ void CheckContract(const CurrentSettings& current, machine::Platform& platform, 
     const auto settingIs = [&](std::string_view name) {
         return SettingIs(name, base::text::Trim(state::LeesInstelling(state, platform.Registry, name)));
     };
-    if (!IsKnownContract(state.GMUContractVorm)) {
+    if (!IsKnownContract(state)) {
         findings.push_back(MakeFinding(FindingKind::ContractNone, {settingIs("GMUContractVorm")}));
     }
     if (!IsKnownType(state)) {
-        findings.push_back(MakeFinding(FindingKind::FormTypeNone, {settingIs("AcceptgiroType")}));
+        findings.push_back(MakeFinding(FindingKind::FormTypeNone,
+                                       {settingIs("AcceptgiroType"),
+                                        composition::HasOcrRegel(state)
+                                            ? "Alleen de OCR-regel en het betalingskenmerk worden afgedrukt."
+                                            : "De formulieren blijven leeg."}));
     }
     if (intent.Document != composition::DocumentTestForms) {
         return;
@@ -93,7 +88,13 @@ void CheckContract(const CurrentSettings& current, machine::Platform& platform, 
     if (state.GMUContractVorm == state::ContractA) {
         findings.push_back(MakeFinding(FindingKind::OcrContractA));
     } else if (!state.GMUVerkeer) {
-        findings.push_back(MakeFinding(FindingKind::OcrOff, {settingIs("GMUVerkeer")}));
+        const std::string stored = state::LeesInstelling(state, platform.Registry, "GMUVerkeer");
+        findings.push_back(
+            state::IsAan(stored)
+                ? MakeFinding(FindingKind::OcrOff, {SwitchedOnSince, MendSwitchedOn})
+                : MakeFinding(FindingKind::OcrOff,
+                              {"staat uit (" + SettingIs("GMUVerkeer", stored) + ')',
+                               "Zet in Tarvik het betalingsverkeer aan en start dit programma opnieuw."}));
     }
 }
 

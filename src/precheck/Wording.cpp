@@ -21,6 +21,12 @@ constexpr char32_t LastOfC1 = 0x9F;
 constexpr char32_t NoCharacter = 0xFFFD;
 constexpr double LeastShownMillimetres = 0.1;
 
+std::string WithComma(const char* begin, const char* end) {
+    std::string number(begin, end);
+    std::replace(number.begin(), number.end(), '.', ',');
+    return number;
+}
+
 bool IsControl(char32_t code) {
     return code < FirstPrinting || (code >= FirstOfC1 && code <= LastOfC1);
 }
@@ -52,10 +58,14 @@ std::string SettingIs(std::string_view name, std::string_view value) {
 
 std::string Decimal(double value, int digits) {
     std::array<char, 400> room; // the longest double has some 310 figures
-    const auto written = std::to_chars(room.begin(), room.end(), value, std::chars_format::fixed, digits);
-    std::string number(room.begin(), written.ptr);
-    std::replace(number.begin(), number.end(), '.', ',');
-    return number;
+    return WithComma(room.begin(),
+                     std::to_chars(room.begin(), room.end(), value, std::chars_format::fixed, digits).ptr);
+}
+
+std::string ExactDecimal(double value) {
+    std::array<char, 1200> room; // and the smallest some 1080
+    return WithComma(room.begin(),
+                     std::to_chars(room.begin(), room.end(), value, std::chars_format::fixed).ptr);
 }
 
 std::string ShortDecimal(double value) {

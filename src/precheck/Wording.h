@@ -17,8 +17,15 @@ std::string Shown(std::string_view text);
 /// `GMUVerkeer is "0"`, or `GMUVerkeer is leeg`.
 std::string SettingIs(std::string_view name, std::string_view value);
 
+/// Of a setting that is read at the start of the program alone, and has been mended in the store since.
+inline constexpr const char* SwitchedOnSince = "stond uit toen dit programma startte";
+inline constexpr const char* MendSwitchedOn = "Het staat nu aan: start dit programma opnieuw.";
+
 /// A number with a decimal comma.
 std::string Decimal(double value, int digits);
+
+/// With as many decimals as it has: "10,04", "10".
+std::string ExactDecimal(double value);
 
 /// With one decimal, or none where that is 0: "304,8", "210".
 std::string ShortDecimal(double value);

@@ -109,4 +109,19 @@ TEST_F(CreditorCheckTest, ATextOfThirtyThousandCharactersIsTakenToo) {
     EXPECT_LT(First(findings, "creditor.name-cut").Wrong.size(), 300U);
 }
 
+TEST_F(CreditorCheckTest, WhatHasBeenSwitchedOnSinceTheStartAsksForAnotherStart) {
+    state.IncassantAfdrukken = false;
+    const Finding finding = First(Settings(), "creditor.off");
+    EXPECT_THAT(finding.Wrong,
+                HasSubstr("wel hoort: het afdrukken van de incassant stond uit toen dit programma "
+                          "startte."));
+    EXPECT_EQ(finding.Mend, "Het staat nu aan: start dit programma opnieuw.");
+}
+
+TEST_F(CreditorCheckTest, NobodyKnowsWhatBelongsToAnUnknownContract) {
+    state.IncassantAfdrukken = false;
+    state.GMUContractVorm = 30;
+    EXPECT_THAT(Codes(Settings()), ElementsAre("contract.none"));
+}
+
 } // namespace precheck

@@ -65,7 +65,8 @@ TEST_F(FontCheckTest, TheSizeIsTheNumberInFrontOfTheComma) {
         EXPECT_THAT(Codes(Settings()), IsEmpty()) << size;
     }
     for (const auto& [setting, size] :
-         {std::pair("9", "9"), std::pair("12,5", "12"), std::pair("10.5", "10,5")}) {
+         {std::pair("9", "9"), std::pair("12,5", "12"), std::pair("10.5", "10,5"),
+          std::pair("10.04", "10,04"), std::pair("9.96", "9,96")}) {
         state.GMUFontSize = setting;
         EXPECT_THAT(First(Settings(), "font.size").Wrong, HasSubstr("op " + std::string(size) + " punten"))
             << size;

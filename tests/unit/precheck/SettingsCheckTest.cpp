@@ -69,6 +69,28 @@ TEST_F(SettingsCheckTest, ContractAndTypeAreThoseOfTheStoreAndNotOfTheStart) {
     EXPECT_THAT(CheckSettings(state, memory.Services(), intent), IsEmpty());
 }
 
+TEST_F(SettingsCheckTest, WhatHasBeenMendedSinceTheStartAsksForAnotherStart) {
+    state.GMUVerkeer = false;
+    Set("GMUVerkeer", " 1"); // a blank is no "1"
+    EXPECT_THAT(First(Settings(), "ocr.off").Wrong, HasSubstr("staat uit (GMUVerkeer is \" 1\")."));
+    Set("GMUVerkeer", "1");
+    const Finding finding = First(Settings(), "ocr.off");
+    EXPECT_THAT(finding.Wrong, HasSubstr("het betalingsverkeer stond uit toen dit programma startte."));
+    EXPECT_EQ(finding.Mend, "Het staat nu aan: start dit programma opnieuw.");
+}
+
+TEST_F(SettingsCheckTest, OfAnUnknownTypeItIsToldWhatIsPrintedAllTheSame) {
+    state.AcceptgiroType = 0;
+    EXPECT_THAT(First(Settings(), "formtype.none").Wrong,
+                HasSubstr("Alleen de OCR-regel en het betalingskenmerk worden afgedrukt."));
+    state.GMUContractVorm = 1;
+    EXPECT_THAT(First(Settings(), "formtype.none").Wrong, HasSubstr("De formulieren blijven leeg."));
+    EXPECT_THAT(Document(), IsEmpty());
+    state.GMUContractVorm = 32;
+    state.GMUVerkeer = false;
+    EXPECT_THAT(First(Settings(), "formtype.none").Wrong, HasSubstr("De formulieren blijven leeg."));
+}
+
 TEST_F(SettingsCheckTest, EveryContractFormIsKnown) {
     for (const std::int16_t contract : Numbers{2, 31, 32, 33, 34}) {
         state.GMUContractVorm = contract;

@@ -58,4 +58,11 @@ TEST(WordingTest, PlacesHaveNames) {
     EXPECT_EQ(PlaceName(4), "formulier onder de brief");
 }
 
+TEST(WordingTest, AnExactNumberHasAllItsFigures) {
+    EXPECT_EQ(ExactDecimal(10), "10");
+    EXPECT_EQ(ExactDecimal(10.04), "10,04");
+    EXPECT_EQ(ExactDecimal(0.1), "0,1");
+    EXPECT_EQ(ExactDecimal(1e300).size(), 301U);
+}
+
 } // namespace precheck
