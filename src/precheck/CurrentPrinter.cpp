@@ -44,7 +44,8 @@ std::optional<ChosenPrinter> CurrentPrinter(const state::AppState& state, machin
         if (platform.Printers.Item(position).DeviceName == current) {
             Resume([&] { paper = platform.Printer.PaperSize(); });
         }
-        chosen = ChooseForRun(state, platform, position, paper, machine::Portrait);
+        constexpr std::int16_t noChoice = 0;
+        chosen = ChooseForRun(state, platform, position, paper, noChoice);
     });
     return chosen;
 }

@@ -13,8 +13,8 @@ struct AppState;
 
 namespace precheck {
 
-/// The printer that the next print manager will begin with, upright and with the paper that it has by itself,
-/// as far as that can be told without asking a driver. Nothing without printers.
+/// The printer that the next print manager will begin with, with the paper and the orientation that it has by
+/// itself, as far as that can be told without asking a driver. Nothing without printers.
 std::optional<ChosenPrinter> CurrentPrinter(const state::AppState& state, machine::Platform& platform);
 
 } // namespace precheck

@@ -4,7 +4,9 @@
 #include <optional>
 #include <utility>
 
+#include "base/Resume.h"
 #include "machine/Platform.h"
+#include "machine/Printer.h"
 #include "precheck/Checks.h"
 
 namespace precheck {
@@ -14,6 +16,16 @@ namespace {
 void Append(Findings& findings, Findings more) {
     findings.insert(findings.end(), std::make_move_iterator(more.begin()),
                     std::make_move_iterator(more.end()));
+}
+
+std::int16_t OwnOrientation(machine::Platform& platform, int index) {
+    std::int16_t orientation = machine::Portrait;
+    base::Resume([&] {
+        if (platform.Printer.DeviceName() == platform.Printers.Item(index).DeviceName) {
+            orientation = platform.Printer.Orientation();
+        }
+    });
+    return orientation;
 }
 
 } // namespace
@@ -30,13 +42,11 @@ Findings CheckAll(const state::AppState& state, machine::Platform& platform, con
     return findings;
 }
 
-ChosenPrinter Choose(machine::Platform& platform, int index, std::int16_t paper, std::int16_t orientation) {
-    return {platform.Printers.Condition(index), platform.Printers.SheetOf(index, paper, orientation)};
-}
-
 ChosenPrinter ChooseForRun(const state::AppState& state, machine::Platform& platform, int index,
-                           std::int16_t chosen, std::int16_t orientation) {
-    ChosenPrinter printer = Choose(platform, index, chosen, orientation);
+                           std::int16_t chosen, std::int16_t wanted) {
+    const std::int16_t orientation = wanted != 0 ? wanted : OwnOrientation(platform, index);
+    ChosenPrinter printer = {platform.Printers.Condition(index),
+                             platform.Printers.SheetOf(index, chosen, orientation)};
     const std::int16_t paper = PaperOf(state, chosen);
     if (paper == chosen) {
         return printer;

@@ -63,11 +63,10 @@ Findings CheckAll(const state::AppState& state, machine::Platform& platform, con
 /// can force another.
 std::int16_t PaperOf(const state::AppState& state, std::int16_t chosen);
 
-/// Printer `index` of the collection with a paper (DMPAPER_...) and an orientation.
-ChosenPrinter Choose(machine::Platform& platform, int index, std::int16_t paper, std::int16_t orientation);
-
-/// The same with the sheet that a run ends up with where `chosen` is the paper of the print manager: the one
-/// that the settings force, if the printer has that.
+/// Printer `index` of the collection with the sheet that a run ends up with. `chosen` is the paper
+/// (DMPAPER_...) of the print manager: the settings can force another, if the printer has that. Without a
+/// choice of the orientation (0) the sheet lies as it does by itself on the current printer, and upright on
+/// another, which nobody has asked yet.
 ChosenPrinter ChooseForRun(const state::AppState& state, machine::Platform& platform, int index,
                            std::int16_t chosen, std::int16_t orientation);
 

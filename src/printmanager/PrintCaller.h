@@ -12,7 +12,7 @@ struct Choice {
     std::int16_t num_copies = 1;
     int Printer = -1;             ///< position in the collection; -1 for none
     std::int16_t Paper = 0;       ///< the platform's paper code; 0 where no list of papers is loaded
-    std::int16_t Orientation = 1; ///< machine::Portrait or Landscape
+    std::int16_t Orientation = 1; ///< machine::Portrait or Landscape, 0 where nothing is chosen yet
 };
 
 /// What a form offers that has documents to print: the print manager finds it by its name among the open

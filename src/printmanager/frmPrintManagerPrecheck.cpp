@@ -73,9 +73,9 @@ precheck::Findings frmPrintManager::NagekekenKeuze() {
     if (const int paper = cboPrinterSelect(1).ListIndex(); paper != -1) {
         choice.Paper = iPaperIds[static_cast<std::size_t>(paper)];
     }
-    const bool lying =
-        cboPrinterSelect(3).ListIndex() == machine::Landscape - 1 || LiesDown(lstAfdrukken.Text());
-    choice.Orientation = lying ? machine::Landscape : machine::Portrait;
+    choice.Orientation = LiesDown(lstAfdrukken.Text())
+                             ? machine::Landscape
+                             : static_cast<std::int16_t>(cboPrinterSelect(3).ListIndex() + 1);
     ForEachCaller([&](forms::Form& form) {
         if (auto* const caller = dynamic_cast<PrintCaller*>(&form)) {
             found = caller->Nakijken(choice);

@@ -51,6 +51,24 @@ TEST_F(CurrentPrinterTest, OneThatIsGoneGivesWayToTheDefault) {
     EXPECT_EQ(Current()->Condition.Name, "Laser");
 }
 
+TEST_F(CurrentPrinterTest, TheSheetLiesAsItDoesByItself) {
+    memory::PrintQueue lying = Queue("Laser", 9);
+    lying.Defaults.Orientation = machine::Landscape;
+    memory.InstallPrinter(lying);
+    memory.InstallPrinter(Queue("Inkt", 9));
+    ASSERT_TRUE(Current() && Current()->Sheet);
+    EXPECT_GT(Current()->Sheet->Width, Current()->Sheet->Height);
+    const auto width = [&](int index, std::int16_t orientation) {
+        const auto sheet = ChooseForRun(state, memory.Services(), index, 9, orientation).Sheet;
+        return sheet ? ToMillimetres(sheet->Width) : 0;
+    };
+    EXPECT_NEAR(width(0, 0), 297, 0.5);
+    EXPECT_NEAR(width(0, machine::Portrait), 210, 0.5);
+    EXPECT_NEAR(width(1, 0), 210, 0.5) << "of another than the current one nobody has told it";
+    memory.recorder.Fail("ReadOrientation");
+    EXPECT_NEAR(width(0, 0), 210, 0.5);
+}
+
 TEST_F(CurrentPrinterTest, APrinterThatCannotTellItsPaperIsStillToldOf) {
     memory.InstallPrinter(Queue("Laser", 9));
     memory.recorder.Fail("ReadPaperSize");

@@ -109,13 +109,14 @@ TEST_F(PrinterCheckTest, APrinterWithoutTheForcedPaperKeepsTheChosenOne) {
 TEST_F(PrinterCheckTest, AChosenPrinterIsTheOneOfThatNumber) {
     memory.InstallPrinter({.Name = "Eerste", .Status = 0x1});
     memory.InstallPrinter({.Name = "Tweede", .Reachable = false});
-    const ChosenPrinter chosen = Choose(memory.Services(), 1, 9, machine::Landscape);
+    const ChosenPrinter chosen = ChooseForRun(state, memory.Services(), 1, 9, machine::Landscape);
     EXPECT_EQ(chosen.Condition.Name, "Tweede");
     EXPECT_FALSE(chosen.Condition.Reachable);
     ASSERT_TRUE(chosen.Sheet);
     EXPECT_NEAR(chosen.Sheet->Width, ToTwips(297), 0.01);
-    EXPECT_FALSE(Choose(memory.Services(), 0, 8, machine::Portrait).Sheet); // it has no such paper
-    EXPECT_THROW(Choose(memory.Services(), 2, 9, machine::Portrait), base::RuntimeError);
+    EXPECT_FALSE(
+        ChooseForRun(state, memory.Services(), 0, 8, machine::Portrait).Sheet); // it has no such paper
+    EXPECT_THROW(ChooseForRun(state, memory.Services(), 2, 9, machine::Portrait), base::RuntimeError);
 }
 
 } // namespace precheck
