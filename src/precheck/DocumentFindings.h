@@ -12,6 +12,9 @@
 #include "precheck/FindingKinds.h"
 #include "precheck/TextGroups.h"
 
+namespace machine {
+class Locale;
+}
 namespace state {
 struct AppState;
 }
