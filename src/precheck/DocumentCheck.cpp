@@ -1,5 +1,6 @@
 #include <optional>
 #include <string>
+#include <string_view>
 
 #include "base/Text.h"
 #include "machine/Platform.h"
@@ -21,12 +22,13 @@ void CheckCut(DocumentFindings& found) {
     for (const CutText& cut : found.Document.Cut) {
         const std::string whole = Quoted(cut.Whole);
         const std::string left = Quoted(cut.Left);
-        if (cut.Whole == found.State.IncassantBegunstigde) {
+        const std::string_view field = found.NameOf(cut.Field);
+        if (field.starts_with("de naam van de incassant")) {
             found.Add(FindingKind::CreditorNameCut, {whole, left});
-        } else if (cut.Whole == found.State.IncassantWoonplaats) {
+        } else if (field.starts_with("de plaats van de incassant")) {
             found.Add(FindingKind::CreditorTownCut, {whole, left});
         } else {
-            found.Add(FindingKind::SheetTextCut, {Capital(found.NameOf(cut.Field)), whole, left});
+            found.Add(FindingKind::SheetTextCut, {Capital(field), whole, left});
         }
     }
 }

@@ -2,6 +2,7 @@
 
 #include <cstdint>
 #include <cstdio>
+#include <optional>
 
 #include "composition/DocumentRun.h"
 #include "machine/Platform.h"
@@ -33,6 +34,9 @@ constexpr const char* Usage =
     "\n"
     "Eindigt met 0 als er niets is gevonden, 1 als iets uw aandacht vraagt, en 2 als iets de testpartij\n"
     "bederft of niet kon worden nagekeken.\n";
+
+constexpr const char* NoPrinter =
+    "drukkeuring-voorcontrole: er is geen printer; printer en vel zijn niet nagekeken\n";
 
 constexpr const char* Version = "drukkeuring-voorcontrole " DRUKKEURING_VERSION "\n";
 
@@ -77,11 +81,11 @@ Answer Check(machine::Platform& platform, const Request& request) {
     wizard::TakeAsShown(state);
     const precheck::Intent intent = {
         .Document = composition::DocumentTestForms, .Forms = LargestBatch, .FormsAskedFor = 0, .Copies = 1};
-    const precheck::Findings findings =
-        precheck::CheckAll(state, platform, intent, precheck::CurrentPrinter(state, platform));
+    const std::optional<precheck::ChosenPrinter> printer = precheck::CurrentPrinter(state, platform);
+    const precheck::Findings findings = precheck::CheckAll(state, platform, intent, printer);
     return {.Output = request.Json ? precheck::ReportJson(findings) : precheck::ReportText(findings),
-            .Complaint = {},
-            .Status = precheck::ReportStatus(findings)};
+            .Complaint = printer ? "" : NoPrinter,
+            .Status = printer ? precheck::ReportStatus(findings) : StatusSpoils};
 }
 
 int Tell(const Answer& answer) {

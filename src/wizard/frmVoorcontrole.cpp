@@ -136,15 +136,7 @@ void frmVoorcontrole::BewaarIn(const std::string& path) {
 
 /// What the list tells, as a text of lines.
 std::string frmVoorcontrole::Verslag() const {
-    std::string text = "Voorcontrole van de drukkeuring\n" + DayAndTime(platform_.Clock.Now()) + "\n";
-    if (gevonden_.empty()) {
-        return text + "\n" + NothingFound + "\n";
-    }
-    for (const precheck::Finding& finding : gevonden_) {
-        text += "\n" + std::string(precheck::GravityText(finding.Gravity)) + ": " + finding.Wrong +
-                "\nHerstel: " + finding.Mend + "\n";
-    }
-    return text;
+    return DayAndTime(platform_.Clock.Now()) + "\n" + precheck::ReportText(gevonden_);
 }
 
 } // namespace wizard

@@ -234,6 +234,11 @@ TEST_F(DocumentCheckTest, WhatTheCalibrationMovesOffTheSheetIsMendedThere) {
     }
 }
 
+TEST_F(DocumentCheckTest, ANameThatIsTheTownsAsWellIsToldOnceForEach) {
+    state.IncassantBegunstigde = state.IncassantWoonplaats = "Testdam aan de Zuidelijke Voorbeeldzijde";
+    EXPECT_THAT(Codes(Document()), testing::UnorderedElementsAre("creditor.name-cut", "creditor.town-cut"));
+}
+
 TEST_F(DocumentCheckTest, TextsMayTouch) {
     // Account and end of the line, where each letter has ink from one tenth to nine: 18,8 widths reach over
     // 5,11 cm.
