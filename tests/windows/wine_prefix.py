@@ -8,6 +8,7 @@ import fcntl
 import os
 import pathlib
 import shutil
+import signal
 import struct
 import subprocess
 import sys
@@ -94,6 +95,7 @@ class WinePrefix:
     def close(self):
         """Ends whatever still runs in the prefix and takes it away. Nothing of it is to be kept, so nothing is written first."""
         self.stop("-k9")
+        self._end_sleepers()
         shutil.rmtree(self.folder.parent, ignore_errors=True)
 
     def stop(self, how="-k"):
@@ -101,6 +103,14 @@ class WinePrefix:
         subprocess.run([str(SERVER), how], env=environment, check=False, capture_output=True)
         with contextlib.suppress(subprocess.TimeoutExpired):
             subprocess.run([str(SERVER), "-w"], env=environment, check=False, capture_output=True, timeout=END_PATIENCE)
+
+    def _end_sleepers(self):
+        """Kills what sleeps on when its server has been killed: some six processes of Wine's own."""
+        mark = f"WINEPREFIX={self.folder}\0".encode()
+        for environment in pathlib.Path("/proc").glob("[0-9]*/environ"):
+            with contextlib.suppress(OSError):  # one that has ended, or is not ours
+                if mark in environment.read_bytes():
+                    os.kill(int(environment.parent.name), signal.SIGKILL)
 
     def environment(self):
         kept = {name: value for name, value in os.environ.items()
