@@ -21,7 +21,7 @@ enum class Subject { Settings, Calibration, Creditor, OcrFont, Sheet, Printer, C
 enum class Spot {
     Tarvik, ///< in the main application alone
     OcrFont,
-    Contract,
+    Contract, ///< and the settings as a whole, of which it is the first that shows
     CreditorName,
     CreditorAddress,
     CreditorPostcode,
