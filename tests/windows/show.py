@@ -92,6 +92,11 @@ class Photographer(Player):
         super().__init__(agent, Registry(agent), command_line, ids)
         self.screen, self.server, self.out = screen, server, out
 
+    def do_start(self):
+        super().do_start()
+        # Where it rests on nothing that has a tip. Before there is a window, Wine may leave it in the middle.
+        self.agent.ask("pointer", *self.screen.corner)
+
     def take(self, handle, name):
         self.screen.picture(self.area(handle), self.out / f"{name}.png")
 
@@ -128,7 +133,6 @@ def demonstrate(prefix, build, out, tour, dpi):
         prefix.use_screen(screen.display, dpi)
         agent = Agent(prefix.command(), build / "bin" / "win_agent.exe")
         ends.callback(agent.close)
-        agent.ask("pointer", *screen.corner)  # where it rests on nothing that has a tip
         program = prefix.windows_path(build / "bin" / "drukkeuring.exe")
         player = Photographer(agent, program, Ids.of(prefix, build), screen, server, out)
         player.play(tour.read_text(encoding="utf-8").splitlines(), finish=False)
