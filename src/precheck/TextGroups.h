@@ -1,7 +1,6 @@
 #pragma once
 
 #include <algorithm>
-#include <compare>
 #include <cstddef>
 #include <cstdint>
 #include <set>
@@ -18,7 +17,10 @@ struct FieldOfForm {
     std::size_t Field = 0;
     std::int16_t Place = 0;
 
-    auto operator<=>(const FieldOfForm&) const = default;
+    bool operator==(const FieldOfForm&) const = default;
+    bool operator<(const FieldOfForm& other) const {
+        return std::pair(Field, Place) < std::pair(other.Field, other.Place);
+    }
 };
 
 /// A text that is wrong somewhere in a document, or two that are wrong together.

@@ -6,7 +6,6 @@ using testing::Contains;
 using testing::ElementsAre;
 using testing::HasSubstr;
 using testing::IsEmpty;
-using testing::Not;
 
 class SettingsCheckTest : public PrecheckTest {};
 

@@ -2,7 +2,6 @@
 
 namespace printmanager {
 
-using testing::ElementsAre;
 using testing::IsEmpty;
 
 namespace {
