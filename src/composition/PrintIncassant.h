@@ -17,6 +17,10 @@ namespace composition {
 /// Whether the contract form leaves the creditor to the program, all of it or the account alone.
 bool ContractPrintsIncassant(std::int16_t contractVorm);
 
+/// The fields that are cut where the stub ends, by FormField::Name.
+inline constexpr std::string_view NameOnStub = "de naam van de incassant op de souche";
+inline constexpr std::string_view TownOnStub = "de plaats van de incassant op de souche";
+
 /// The creditor as it stands on a form.
 struct IncassantTekst {
     std::string_view rekening;

@@ -3,6 +3,7 @@
 #include <string_view>
 
 #include "base/Text.h"
+#include "composition/PrintIncassant.h"
 #include "machine/Platform.h"
 #include "precheck/Checks.h"
 #include "precheck/ComposedDocument.h"
@@ -23,9 +24,9 @@ void CheckCut(DocumentFindings& found) {
         const std::string whole = Quoted(cut.Whole);
         const std::string left = Quoted(cut.Left);
         const std::string_view field = found.NameOf(cut.Field);
-        if (field.starts_with("de naam van de incassant")) {
+        if (field == composition::NameOnStub) {
             found.Add(FindingKind::CreditorNameCut, {whole, left});
-        } else if (field.starts_with("de plaats van de incassant")) {
+        } else if (field == composition::TownOnStub) {
             found.Add(FindingKind::CreditorTownCut, {whole, left});
         } else {
             found.Add(FindingKind::SheetTextCut, {Capital(field), whole, left});
